@@ -1,0 +1,17 @@
+# Every folder of the core is a library of its own, without Qt: what links shows what depends on what.
+
+add_library(tarnlog_options INTERFACE)
+target_compile_options(tarnlog_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(TARNLOG_SANITIZE)
+  target_compile_options(tarnlog_options INTERFACE -fsanitize=${TARNLOG_SANITIZE} -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(tarnlog_options INTERFACE -fsanitize=${TARNLOG_SANITIZE})
+endif()
+
+# tarnlog_layer(NAME sources... DEPENDS libraries... [PRIVATE_DEPENDS libraries...])
+function(tarnlog_layer name)
+  cmake_parse_arguments(PARSE_ARGV 1 LAYER "" "" "DEPENDS;PRIVATE_DEPENDS")
+  add_library(${name} STATIC ${LAYER_UNPARSED_ARGUMENTS})
+  target_include_directories(${name} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  target_link_libraries(${name} PUBLIC ${LAYER_DEPENDS} PRIVATE tarnlog_options ${LAYER_PRIVATE_DEPENDS})
+endfunction()

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarnlog::host {
+
+/// Whom a request is for: what a link needs to address an ECU.
+struct LinkTarget {
+  std::int32_t address = 0;  ///< the ECU's diagnostic address
+  std::string protocol;      ///< as the vehicle description names it, e.g. "KWP2000"
+};
+
+/// Bytes out, bytes in. One exchange at a time. Bytes are those of the diagnostic service, without addresses,
+/// lengths and checksums of the wire. Failures of the link itself (not of the ECU) are TarnErrors.
+class Link {
+ public:
+  using Bytes = std::vector<std::uint8_t>;
+  using IdleHook = std::function<void()>;
+
+  virtual ~Link() = default;
+  virtual void open() = 0;
+  virtual void close() = 0;
+  virtual void send(const LinkTarget& target, std::span<const std::uint8_t> request) = 0;
+  /// Waits for one response and puts it into `response` (its capacity is reused); false when none came in
+  /// time.
+  virtual bool receive(Bytes& response, std::chrono::milliseconds timeout) = 0;
+
+  /// Called at least every 20 ms while the link waits. It may do anything but use the link.
+  void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
+
+ protected:
+  void idle() const {
+    if (idleHook_) idleHook_();
+  }
+  const IdleHook& idleHook() const { return idleHook_; }
+
+ private:
+  IdleHook idleHook_;
+};
+
+}  // namespace tarnlog::host

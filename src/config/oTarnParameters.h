@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "config/oScenario.h"
+#include "config/oTarnScope.h"
+#include "config/oTarnTrigger.h"
+#include "platform/base/KeyedCollection.h"
+#include "platform/files/FileSystem.h"
+#include "platform/settings/SettingsStore.h"
+#include "platform/xml/ContentHandler.h"
+
+namespace tarnlog {
+
+class SessionDocument;
+
+/// The whole recording configuration: what to record, how often, when, what to send first, and where to
+/// write. Shared by every screen and by the acquisition, which reads it while recording.
+class oTarnParameters {
+ public:
+  /// The defaults of period, folder and format come from the settings; failures there leave the built-in
+  /// ones.
+  explicit oTarnParameters(const SettingsStore& settings);
+
+  std::string userDescription;
+  std::string fileFormat =
+      ".txt";  ///< ".xml" gives XML files, anything else tab-separated text of that extension
+  std::string filePrefix;
+  std::string fileFolder;
+  std::string startSession;          ///< bytes of a request sent to every ECU first; empty = none
+  std::int32_t recordingPeriod = 1;  ///< seconds between rows; 0 = every polling cycle
+  std::shared_ptr<oTarnTrigger> startTrigger;
+  std::shared_ptr<oTarnTrigger> stopTrigger;
+  std::shared_ptr<oScenario> initScenario;
+
+  oTarnScope& Add(const std::string& key);
+  /// Keyed by the item's DataKey. A key that is taken raises the collection's error.
+  oTarnScope& AddScope(std::unique_ptr<oTarnScope> scope);
+  /// By key or by 1-based position; null when absent.
+  oTarnScope* Item(std::string_view key) const { return scopes_.find(key); }
+  oTarnScope* Item(std::size_t position) const { return scopes_.find(position); }
+  /// The first item whose `index` is this, or null.
+  oTarnScope* ItemIndex(std::int32_t index) const;
+  std::int32_t Count() const { return static_cast<std::int32_t>(scopes_.Count()); }
+  /// These two remove entries and repair no references.
+  void Remove(std::string_view key) { scopes_.Remove(key); }
+  void Remove(std::size_t position) { scopes_.Remove(position); }
+  void RemoveAll();
+  auto begin() const { return scopes_.begin(); }
+  auto end() const { return scopes_.end(); }
+
+  /// Removes one item and repairs all references by position. Out of range: nothing.
+  void removeScope(std::int32_t position);
+  /// Moves the first item to the place of the second and repairs all references by position.
+  void changeScopeOrder(oTarnScope& moved, oTarnScope& target);
+  /// Turns items whose reference designates no Graph into Graphs of their own.
+  void CheckAndCorrect();
+
+  /// Creates or replaces the file, by renaming.
+  void SaveXmlConfiguration(FileSystem& files, const std::string& fileName,
+                            const std::string& stylesheetUrl) const;
+  void SaxWriteParameters(ContentHandler& handler) const;
+  /// Reads a version 2.0 or 1.0 file into this object; data and requests that the session does not offer are
+  /// dropped. Raises error 1, source "LoadXmlConfiguration load error", when the file is not one.
+  void LoadXmlConfiguration(const FileSystem& files, const std::string& fileName,
+                            const SessionDocument& session);
+
+ private:
+  friend class ConfigurationReader;
+
+  KeyedCollection<oTarnScope> scopes_;
+};
+
+}  // namespace tarnlog

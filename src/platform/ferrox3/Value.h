@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace tarnlog::ferrox3 {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// The current value of a data item. A double may be NaN (no value yet, or the ECU says "not available").
+using Value = std::variant<std::int32_t, double, std::string, Bytes>;
+
+/// Value-type codes.
+inline constexpr std::int32_t kInteger = 3;
+inline constexpr std::int32_t kDouble = 5;
+inline constexpr std::int32_t kString = 8;
+inline constexpr std::int32_t kByteArray = 8209;
+
+}  // namespace tarnlog::ferrox3

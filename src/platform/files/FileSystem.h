@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tarnlog {
+
+/// A text file open for appending. Lines go out in windows-1252 with CR LF, each line as one write to the
+/// system when `writeLine` ends it, so that a killed process loses no finished line. A write that fails is
+/// reported through the file system's write-failure handler and raised as a TarnError; the bytes of the
+/// failed line are dropped, and a half-written line is ended before the next one.
+class TextStream {
+ public:
+  virtual ~TextStream() = default;
+  /// Adds UTF-8 text to the current line.
+  virtual void write(std::string_view text) = 0;
+  /// Adds the text, ends the line and hands it to the system.
+  virtual void writeLine(std::string_view text = {}) = 0;
+};
+
+/// A file that takes bytes as they are, each `write` as one write to the system. Closing is destroying.
+class FileStream {
+ public:
+  virtual ~FileStream() = default;
+  virtual void write(std::string_view bytes) = 0;
+};
+
+/// Folders and files. Paths are UTF-8. Failures are TarnErrors whose description is the system's text.
+class FileSystem {
+ public:
+  using WriteFailure = std::function<void(const std::string& path, const std::string& description)>;
+
+  virtual ~FileSystem() = default;
+  virtual bool folderExists(const std::string& path) const = 0;
+  virtual bool fileExists(const std::string& path) const = 0;
+  virtual std::string currentFolder() const = 0;
+  /// Opens a text file for appending, creating it when missing; null when the system gives no stream.
+  virtual std::unique_ptr<TextStream> openForAppending(const std::string& path) = 0;
+  /// Creates a file that must not exist yet.
+  virtual std::unique_ptr<FileStream> create(const std::string& path) = 0;
+  /// Writes a whole file beside `path` and renames it into place.
+  virtual void replace(const std::string& path, std::string_view bytes) = 0;
+  virtual std::string readAll(const std::string& path) const = 0;
+
+  /// Called at each failed write of a stream that this file system opened; also for failures that nobody else
+  /// reports.
+  void setWriteFailureHandler(WriteFailure handler) { writeFailure_ = std::move(handler); }
+
+ protected:
+  void reportWriteFailure(const std::string& path, const std::string& description) const {
+    if (writeFailure_) writeFailure_(path, description);
+  }
+
+ private:
+  WriteFailure writeFailure_;
+};
+
+/// Folder and name with exactly one separator between them.
+std::string joinPath(std::string_view folder, std::string_view name);
+
+}  // namespace tarnlog

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/files/FileSystem.h"
+
+namespace tarnlog {
+
+/// The files of this machine (POSIX).
+class SystemFileSystem : public FileSystem {
+ public:
+  bool folderExists(const std::string& path) const override;
+  bool fileExists(const std::string& path) const override;
+  std::string currentFolder() const override;
+  std::unique_ptr<TextStream> openForAppending(const std::string& path) override;
+  std::unique_ptr<FileStream> create(const std::string& path) override;
+  void replace(const std::string& path, std::string_view bytes) override;
+  std::string readAll(const std::string& path) const override;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/time/Timer.h"
+
+namespace tarnlog {
+
+/// A loop for programs without a window: waits for its timers and for signals, one thread, no spinning.
+class RunLoop {
+ public:
+  RunLoop();
+  ~RunLoop();
+  RunLoop(const RunLoop&) = delete;
+  RunLoop& operator=(const RunLoop&) = delete;
+
+  /// A timer that ticks while `run` runs; it must not outlive the loop.
+  std::unique_ptr<Timer> createTimer();
+
+  /// Called after every wake-up, and after every tick.
+  void setWakeHandler(std::function<void()> handler) { wakeHandler_ = std::move(handler); }
+
+  /// Runs until `quit`. A signal handler that sets a flag interrupts the wait, so the wake handler sees it at
+  /// once.
+  void run();
+  void quit() { quit_ = true; }
+
+ private:
+  class LoopTimer;
+
+  void waitForNextTimer() const;
+  void fireDueTimers();
+
+  std::vector<LoopTimer*> timers_;
+  std::function<void()> wakeHandler_;
+  bool quit_ = false;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files/FileSystem.h"
+#include "platform/time/Clock.h"
+#include "platform/xml/ContentHandler.h"
+
+namespace tarnlog {
+
+/// A fixed-size circular table of time-stamped rows, one text cell per data item (columns from 1), and the
+/// only place where the rows of record and event files are made. Allocates at `Create` and for cells longer
+/// than ever before. While it is empty, reading gives nothing and writing writes nothing.
+class RollingBuffer {
+ public:
+  /// Relative times are written with this decimal separator.
+  explicit RollingBuffer(char decimalSeparator = '.') : decimalSeparator_(decimalSeparator) {}
+
+  /// Sizes and empties the table.
+  void Create(std::int32_t columns, std::int32_t rows);
+  /// Goes to the next row, the oldest one when the table is full. Its cells keep old texts until `SetData`.
+  void AddRow(Milliseconds time);
+  void SetData(std::int32_t column, std::string_view text);
+  /// The newest row's cell; `unchanged` tells whether the row before held the same text (false when there is
+  /// none).
+  const std::string& GetData(std::int32_t column, bool& unchanged) const;
+  void GetTime(Milliseconds& time) const;
+  bool empty() const { return current_ == 0; }
+  std::int32_t columns() const { return columns_; }
+
+  /// Every row, oldest first, or the newest one only; times relative to `t0`, the mark on the newest row.
+  void WriteBufferToFile(TextStream& stream, Milliseconds t0, std::string_view mark);
+  void WriteCurrentToFile(TextStream& stream, Milliseconds t0, std::string_view mark);
+  void WriteBufferToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark);
+  void WriteCurrentToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark);
+
+ private:
+  template <class WriteRow>
+  void forEachRowOldestFirst(WriteRow writeRow) const;
+  std::string& cell(std::int32_t row, std::int32_t column) { return cells_[cellIndex(row, column)]; }
+  const std::string& cell(std::int32_t row, std::int32_t column) const {
+    return cells_[cellIndex(row, column)];
+  }
+  std::size_t cellIndex(std::int32_t row, std::int32_t column) const {
+    return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(columns_) +
+           static_cast<std::size_t>(column - 1);
+  }
+  Milliseconds& timeOf(std::int32_t row) { return times_[static_cast<std::size_t>(row - 1)]; }
+  void writeTextRow(TextStream& stream, std::int32_t row, Milliseconds t0, std::string_view mark);
+  void writeSaxRow(ContentHandler& handler, std::int32_t row, Milliseconds t0, std::string_view mark);
+
+  char decimalSeparator_;
+  std::int32_t columns_ = 0;
+  std::int32_t rows_ = 0;
+  std::int32_t current_ = 0;   ///< newest row, 0 while empty
+  std::int32_t previous_ = 0;  ///< newest row before the last AddRow
+  bool full_ = false;
+  std::vector<std::string> cells_;
+  std::vector<Milliseconds> times_;
+  std::vector<std::string> columnNames_;  ///< C1, C2, ...
+  std::string line_;                      ///< scratch, kept for its capacity
+  SaxAttributes attributes_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,157 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "acquisition/AcqLog.h"
+#include "acquisition/AcqScreen.h"
+#include "acquisition/AcquisitionItems.h"
+#include "acquisition/EcuStartup.h"
+#include "acquisition/RecordFiles.h"
+#include "acquisition/Recorder.h"
+#include "acquisition/UserEvents.h"
+#include "acquisition/ValueList.h"
+#include "config/oTarnParameters.h"
+#include "display/ScopeItem.h"
+#include "platform/ferrox3/Session.h"
+#include "platform/files/FileSystem.h"
+#include "platform/text/UserLocale.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Timer.h"
+
+namespace tarnlog {
+
+/// What an acquisition needs from around it. All of it outlives the TarnAcq.
+struct AcqEnvironment {
+  AcqScreen& screen;
+  Clock& clock;
+  Timer& timer;
+  FileSystem& files;
+  UserLocale locale;
+  std::string stylesheetUrl;  ///< of an XSL stylesheet, written into XML files
+};
+
+/// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,
+/// start sessions, poll). The work itself is done by its parts. One thread; ticks never overlap. While a tick
+/// runs (host calls may let clicks in), a stop, a start, a new session and hiding are remembered and honoured
+/// when the tick ends.
+class TarnAcq {
+ public:
+  enum State : std::int32_t {
+    kIdle = 0,
+    kInitialise = 1,
+    kStartSessions = 2,
+    kCommunicate = 3,
+    kWaitAfterInit = 4,
+    kWaitBeforePolling = 5
+  };
+
+  explicit TarnAcq(AcqEnvironment environment);
+  ~TarnAcq();
+  TarnAcq(const TarnAcq&) = delete;
+  TarnAcq& operator=(const TarnAcq&) = delete;
+
+  /// An acquisition of another session is ended first, files closed, without AcqStopped.
+  void setSession(ferrox3::Session* session);
+  /// Keeps the configuration and, with a session present, starts acquiring.
+  void setParameters(std::shared_ptr<oTarnParameters> parameters);
+  const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
+
+  /// Starts an acquisition, with the kept configuration when none is given. Raises error 1, source
+  /// "TarnAcq.StartReadingData", without a session or configuration, or with times that overflow.
+  void StartReadingData(std::shared_ptr<oTarnParameters> parameters = nullptr);
+  /// Asks the acquisition to end. AcqStopped comes exactly once: at once when idle or between ticks with no
+  /// file open, else when the tick that honours it ends.
+  void AskStopAcqNow();
+  void addLog(const std::string& text) { log_.add(text); }
+
+  /// The start/stop button and the event button; both do nothing before the first polling cycle.
+  void ToggleRecording();
+  void RecordUserEvent();
+  /// Enter (13) is the start/stop button, space (32) the event button; true when the key was one of them.
+  bool HandleHotKey(int key);
+
+  /// The control that shows this was hidden, its graph area scrolled or resized.
+  void hidden();
+  void scrolled();
+  void resized();
+
+  void setAcqStoppedHandler(std::function<void()> handler) { acqStopped_ = std::move(handler); }
+  void setLogAddedHandler(AcqLog::LogAdded handler) { log_.setLogAdded(std::move(handler)); }
+  /// Called with the path of each record or event file that was closed.
+  void setFileFinishedHandler(RecordFiles::Finished handler) { files_.setFinished(std::move(handler)); }
+
+  State AcqState() const { return state_; }
+  bool Recording() const { return recorder_.recording(); }
+  /// Recordings that have ended since the acquisition started.
+  std::int32_t finishedRecordings() const { return recorder_.finishedRecordings(); }
+  /// A row has been read since the acquisition started, so that a start or an event would be honoured.
+  bool hasRow() const { return !currentBuffer_.empty(); }
+  std::uint64_t cycles() const { return cycles_; }
+  std::uint64_t rowsWritten() const { return recorder_.rowsWritten(); }
+  const std::string& RecordPath() const { return files_.recordPath(); }
+
+ private:
+  /// What arrived while a tick ran.
+  struct Deferred {
+    bool hide = false;
+    std::optional<ferrox3::Session*> session;
+    bool start = false;
+    bool any() const { return hide || session || start; }
+  };
+  enum class Ending { Announced, Quiet };
+
+  void refuseMissing() const;
+  void createBuffers(const RecordingPlan& plan);
+  void logPlan(const RecordingPlan& plan);
+  void buildDisplay();
+  void clearDisplay();
+
+  void onTick();
+  void runState();
+  void initialiseEcus();
+  void startSessions();
+  void waitFor(State next);
+  void enterWait(State wait);
+  void communicate();
+  bool sendRequests();
+  void endTick();
+
+  void SetAcqState(State state);
+  void EndAcquisition(Ending ending);
+  void releaseHostObjects();
+  void honourStop();
+  void takeSession(ferrox3::Session* session);
+  void hideNow();
+  void applyScroll();
+  bool acquiring() const { return state_ != kIdle || items_.held(); }
+
+  AcqEnvironment env_;
+  ferrox3::Session* session_ = nullptr;
+  std::shared_ptr<oTarnParameters> parameters_;
+
+  State state_ = kIdle;
+  bool stopAcqRequested_ = false;
+  bool busy_ = false;  ///< a tick, or an end of acquisition, is running
+  bool scrollPending_ = false;
+  Deferred deferred_;
+  Milliseconds stateSince_ = 0;
+  std::uint64_t cycles_ = 0;
+
+  AcqLog log_;
+  AcquisitionItems items_;
+  RollingBuffer currentBuffer_;
+  RollingBuffer preTriggerBuffer_;
+  ValueList values_;
+  RecordFiles files_;
+  UserEvents events_;
+  Recorder recorder_;
+  EcuStartup startup_;
+  std::unique_ptr<ScopeItem> display_;
+  std::function<void()> acqStopped_;
+};
+
+}  // namespace tarnlog

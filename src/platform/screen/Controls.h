@@ -40,26 +40,31 @@ class LabelControl : public Control {
   virtual void setThreeD(bool threeD) = 0;
   virtual void setLeftAligned() = 0;
   virtual void setFont(std::string_view family, int points, bool bold, bool italic) = 0;
+  /// Above its siblings, where controls overlap.
   virtual void bringToFront() = 0;
 };
 
 enum class Axis { X = 1, Y = 2 };
 
-/// A graph with several plots over one pair of axes: a time chart (x = rank of the point), or X-Y.
+/// A graph with several plots over one pair of axes: a time chart (x = rank of the point), or X-Y. A new
+/// graph is a time chart without plots whose axes have a fixed range.
 class GraphControl : public Control {
  public:
   virtual void setEnabled(bool enabled) = 0;
   /// The name shown by the graph's container, for tool tips and assistive technology.
   virtual void setTitle(std::string_view title) = 0;
-  /// Number of points that each plot keeps and the chart shows.
+  /// Above its siblings: a graph is one pixel higher than its band and overlaps the next block.
+  virtual void bringToFront() = 0;
+  /// Number of points that each plot keeps; a full plot drops its oldest point for each new one.
   virtual void setHistory(std::int32_t points) = 0;
   /// A plot of points (x, y) instead of a time chart.
   virtual void setXY(bool xy) = 0;
   virtual void setAxisRange(Axis axis, double minimum, double maximum) = 0;
+  /// The axis follows the points that are kept.
   virtual void setAxisAutoscale(Axis axis, bool on) = 0;
   virtual void setAxisCaption(Axis axis, std::string_view caption) = 0;
-  /// Tick labels and tick marks at the axis.
-  virtual void setAxisLabels(Axis axis, bool labels, bool ticks) = 0;
+  /// Values at the axis: a time chart shows none along X, since a rank says nothing to a reader.
+  virtual void setAxisLabels(Axis axis, bool labels) = 0;
   /// An axis for logical levels: a label at every whole value, no minor ticks.
   virtual void setAxisBinary(Axis axis) = 0;
   /// Adds a plot; plots are numbered from 1 in the order of adding.
@@ -67,6 +72,7 @@ class GraphControl : public Control {
   virtual void setPlotColour(int plot, Colour colour) = 0;
   /// Appends the next point of a time chart. NaN makes a gap.
   virtual void chartY(int plot, double y) = 0;
+  /// Appends a point. NaN in either coordinate makes a gap.
   virtual void plotXY(int plot, double x, double y) = 0;
   /// Forgets all points.
   virtual void clearData() = 0;
@@ -79,6 +85,7 @@ class SlideControl : public Control {
   virtual void setAxisRange(double minimum, double maximum) = 0;
   virtual double axisMinimum() const = 0;
   virtual double axisMaximum() const = 0;
+  /// The value shown by pointer 1. It may lie outside the axis, and be NaN (nothing to show).
   virtual void setValue(double value) = 0;
   virtual double pointerValue(int pointer) const = 0;
   virtual void setPointerValue(int pointer, double value) = 0;
@@ -87,8 +94,8 @@ class SlideControl : public Control {
 };
 
 /// The drawing surface and the maker of what is placed on it. A made control belongs to the frame until it is
-/// unloaded; `Load...` gives the element of that number (from 1; 0 is a hidden template), `Unload...` frees
-/// exactly the control that it is given, and null does nothing.
+/// unloaded; `Load...` gives the element of that number (from 1; 0 is a hidden template) or null when it
+/// cannot, `Unload...` frees exactly the control that it is given, and null does nothing. Neither raises.
 class GraphicFrame : public Control {
  public:
   virtual GraphControl* LoadGraph(std::int16_t index) = 0;

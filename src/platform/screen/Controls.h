@@ -55,7 +55,8 @@ class GraphControl : public Control {
   virtual void setTitle(std::string_view title) = 0;
   /// Above its siblings: a graph is one pixel higher than its band and overlaps the next block.
   virtual void bringToFront() = 0;
-  /// Number of points that each plot keeps; a full plot drops its oldest point for each new one.
+  /// Number of points that each plot keeps (below 1 counts as 1); a full plot drops its oldest for each new
+  /// one.
   virtual void setHistory(std::int32_t points) = 0;
   /// A plot of points (x, y) instead of a time chart.
   virtual void setXY(bool xy) = 0;
@@ -78,9 +79,13 @@ class GraphControl : public Control {
   virtual void clearData() = 0;
 };
 
-/// A bar with numbered pointers (1 = the value; 2 and 3 = markers).
+/// A bar with three pointers: the value, and markers of the lowest and the highest value seen.
 class SlideControl : public Control {
  public:
+  static constexpr int kValue = 1;
+  static constexpr int kLowest = 2;
+  static constexpr int kHighest = 3;
+
   virtual void setTitle(std::string_view title) = 0;
   virtual void setAxisRange(double minimum, double maximum) = 0;
   virtual double axisMinimum() const = 0;

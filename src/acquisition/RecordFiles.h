@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "acquisition/DataFile.h"
+#include "acquisition/TextDataFile.h"
+#include "config/oTarnParameters.h"
+#include "platform/files/FileSystem.h"
+#include "platform/text/UserLocale.h"
+#include "platform/time/Clock.h"
+
+namespace tarnlog {
+
+/// The record file and the event file of an acquisition: names, headers, opening and closing. At most one of
+/// each is open. Opening raises a TarnError when the file cannot be made.
+class RecordFiles {
+ public:
+  using Columns = TextDataFile::Columns;
+  using Finished = std::function<void(const std::string& path)>;
+
+  RecordFiles(FileSystem& files, const Clock& clock, UserLocale locale, std::string stylesheetUrl);
+  ~RecordFiles();
+
+  /// Starts an acquisition: whatever is left open is closed.
+  void begin(std::shared_ptr<oTarnParameters> parameters, const Columns& columns);
+
+  /// Opens the record file in the configured format, header written. A folder that does not exist changes the
+  /// configuration's folder to the current one. False when the system gave no stream.
+  bool openRecordFile();
+  /// Opens the file of event `number` of the open record file, or with 0 an event file that belongs to none.
+  void openEventFile(std::int32_t number);
+
+  DataFile* record() const { return record_.file.get(); }
+  DataFile* event() const { return event_.file.get(); }
+  const std::string& recordPath() const { return recordPath_; }
+
+  /// Closes the record file, and the event file when it is XML.
+  void CloseRecordFiles();
+  void closeEventFile();
+  void closeAll();
+
+  void setFinished(Finished finished) { finished_ = std::move(finished); }
+
+ private:
+  struct OpenFile {
+    std::unique_ptr<DataFile> file;
+    std::string path;
+    bool xml = false;
+  };
+
+  bool xmlWanted() const;
+  template <class WriteHeader>
+  OpenFile openText(const std::string& path, WriteHeader writeHeader) const;
+  OpenFile openXml(const std::string& path, const std::string& description, const LocalDateTime& now) const;
+  std::string freeName(const std::string& folder, const std::string& prefix, const std::string& name) const;
+  std::string eventDescription(std::int32_t number) const;
+  void close(OpenFile& open);
+
+  FileSystem& files_;
+  const Clock& clock_;
+  UserLocale locale_;
+  std::string stylesheetUrl_;
+  std::shared_ptr<oTarnParameters> parameters_;
+  Columns columns_;
+  std::string recordBaseName_;
+  std::string recordPath_;
+  OpenFile record_;
+  OpenFile event_;
+  Finished finished_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,225 @@
+#include "acquisition/Recorder.h"
+
+#include <utility>
+
+#include "acquisition/Indicators.h"
+#include "platform/base/TarnError.h"
+#include "platform/text/Numbers.h"
+
+namespace tarnlog {
+
+Recorder::Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
+                   RollingBuffer& current, RollingBuffer& preTrigger, char decimalSeparator)
+    : screen_(screen),
+      log_(log),
+      files_(files),
+      events_(events),
+      values_(values),
+      current_(current),
+      preTrigger_(preTrigger),
+      decimalSeparator_(decimalSeparator) {}
+
+void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
+                     std::shared_ptr<const oTarnTrigger> stopTrigger) {
+  plan_ = plan;
+  start_ = start;
+  stop_ = stop;
+  stopTrigger_ = std::move(stopTrigger);
+  recording_ = false;
+  forgetRequests();
+  stopMarkPending_ = false;
+  finishedRecordings_ = 0;
+  rowsWritten_ = 0;
+}
+
+void Recorder::toggle() {
+  if (current_.empty() || startPending_) return;
+  if (recording_)
+    armStop();
+  else if (!stopRequested_)
+    startPending_ = OpenRecordFile();
+  screen_.setRecordingColour(indicator::kRequested);
+}
+
+void Recorder::userEvent() {
+  if (current_.empty() || events_.active()) return;
+  screen_.beep();
+  try {
+    if (recording_) {
+      events_.recordWhileRecording(current_, recordStartTime_);
+      screen_.setEventCaption("Event " + std::to_string(events_.count()));
+    } else {
+      events_.recordWhileIdle(current_);
+    }
+  } catch (const TarnError& error) {
+    screen_.setPanelText(StatusPanel::Record, "Open error : " + error.description());
+    return;
+  }
+  log_.add("User event");
+}
+
+bool Recorder::OpenRecordFile() {
+  dropMarks();
+  try {
+    if (!files_.openRecordFile()) {
+      screen_.setPanelText(StatusPanel::Record, "Error : Unable to create file");
+      return false;
+    }
+  } catch (const TarnError& error) {
+    screen_.setPanelText(StatusPanel::Record, "Open error : " + error.description());
+    return false;
+  }
+  screen_.setPanelText(StatusPanel::Record, files_.recordPath());
+  writeFirstRows();
+  screen_.setRecordingColour(indicator::kOpened);
+  return true;
+}
+
+/// With history the newest history row is the start; without, it is the newest polling cycle, and the schedule of rows
+/// starts anew from there.
+void Recorder::writeFirstRows() {
+  if (plan_.preTriggerPoints != 0) {
+    preTrigger_.GetTime(recordStartTime_);
+    skipOnFailure([&] { files_.record()->writeBuffer(preTrigger_, recordStartTime_, "Start"); });
+  } else {
+    current_.GetTime(recordStartTime_);
+    nextSampleTime_ = recordStartTime_ + static_cast<Milliseconds>(plan_.samplePeriod);
+    skipOnFailure([&] { files_.record()->writeCurrent(current_, recordStartTime_, "Start"); });
+  }
+  ++rowsWritten_;
+}
+
+void Recorder::addToPreTrigger(Milliseconds pollTime) {
+  preTrigger_.AddRow(pollTime);
+  bool unchanged = false;
+  for (std::int32_t column = 1; column <= current_.columns(); ++column)
+    preTrigger_.SetData(column, current_.GetData(column, unchanged));
+}
+
+Recorder::Refresh Recorder::cycle(Milliseconds pollTime) {
+  events_.addRow(current_);
+  return recording_ ? cycleRecording(pollTime) : cycleIdle(pollTime);
+}
+
+Recorder::Refresh Recorder::cycleIdle(Milliseconds pollTime) {
+  if (rowDue(pollTime)) {
+    nextSampleTime_ += static_cast<Milliseconds>(plan_.samplePeriod);
+    addToPreTrigger(pollTime);
+  }
+  if (!startPending_ && start_.evaluate()) startPending_ = OpenRecordFile();
+  if (startPending_) {
+    startRecording();
+    return Refresh::Nothing;
+  }
+  values_.refresh();
+  return Refresh::Display;
+}
+
+void Recorder::startRecording() {
+  startPending_ = false;
+  log_.add("Start record");
+  screen_.setPanelText(StatusPanel::AcqTime, "0");
+  SetRecordingDisplay(true);
+  recording_ = true;
+}
+
+Recorder::Refresh Recorder::cycleRecording(Milliseconds pollTime) {
+  if (!stopRequested_ && stopFires(pollTime)) armStop();
+  if (!rowDue(pollTime)) return cycleWithoutRow(pollTime);
+  addToPreTrigger(pollTime);
+  // From the schedule, not from now: a late row does not shift the rows behind it.
+  nextSampleTime_ += static_cast<Milliseconds>(plan_.samplePeriod);
+  writeRow(pollTime);
+  values_.refresh();
+  if (stopRequested_) countDown();
+  return Refresh::Display;
+}
+
+Recorder::Refresh Recorder::cycleWithoutRow(Milliseconds pollTime) {
+  if (millisecondsBetween(pollTime, nextSampleTime_) <= kQuietBeforeRow) return Refresh::Display;
+  if (stopRequested_ && plan_.samplePeriod >= kLongPeriod) endRecording();
+  values_.refresh();
+  return Refresh::Display;
+}
+
+bool Recorder::stopFires(Milliseconds pollTime) {
+  switch (stopTrigger_->typeTrigger) {
+    case oTarnTrigger::kTime:
+      return millisecondsBetween(recordStartTime_, pollTime) > std::int64_t{stopTrigger_->timeSeconde} * 1000;
+    case oTarnTrigger::kChannel:
+      return stop_.evaluate();
+    default:
+      return false;
+  }
+}
+
+void Recorder::armStop() {
+  stopRequested_ = stopMarkPending_ = true;
+  postCountdown_ = plan_.postTriggerPoints;
+  screen_.setRecordingColour(indicator::kRequested);
+}
+
+void Recorder::writeRow(Milliseconds pollTime) {
+  elapsed_.clear();
+  appendSeconds1(elapsed_, millisecondsBetween(recordStartTime_, pollTime), decimalSeparator_);
+  screen_.setPanelText(StatusPanel::AcqTime, elapsed_);
+  const std::string& mark = takeMark();
+  if (DataFile* const file = files_.record())
+    if (skipOnFailure([&] { file->writeCurrent(current_, recordStartTime_, mark); })) ++rowsWritten_;
+}
+
+/// "Stop" goes before an event, whose mark then waits for the next row.
+const std::string& Recorder::takeMark() {
+  if (std::exchange(stopMarkPending_, false))
+    mark_ = "Stop";
+  else if (events_.takeMark())
+    mark_ = "event" + std::to_string(events_.count());
+  else
+    mark_.clear();
+  return mark_;
+}
+
+void Recorder::countDown() {
+  if (--postCountdown_ < 0) endRecording();
+}
+
+void Recorder::endRecording() {
+  stopRequested_ = recording_ = false;
+  dropMarks();
+  ++finishedRecordings_;
+  SetRecordingDisplay(false);
+  log_.add("Stop record");
+  files_.CloseRecordFiles();
+}
+
+void Recorder::endIfStopArmed() {
+  if (!std::exchange(stopRequested_, false)) return;
+  if (std::exchange(recording_, false)) ++finishedRecordings_;
+  dropMarks();
+  SetRecordingDisplay(false);
+  files_.CloseRecordFiles();
+}
+
+void Recorder::endWithAcquisition() {
+  if (std::exchange(recording_, false)) ++finishedRecordings_;
+  forgetRequests();
+  dropMarks();
+  events_.end();
+}
+
+void Recorder::suspend() {
+  startPending_ = false;
+  stopRequested_ = true;
+}
+
+void Recorder::dropMarks() {
+  stopMarkPending_ = false;
+  events_.dropMark();
+}
+
+void Recorder::SetRecordingDisplay(bool on) {
+  screen_.setRecordingColour(on ? indicator::kRecording : indicator::kIdle);
+  screen_.setStartStopCaption(on ? "Stop recording" : "Start recording");
+}
+
+}  // namespace tarnlog

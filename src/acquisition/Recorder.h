@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "acquisition/AcqLog.h"
+#include "acquisition/AcqScreen.h"
+#include "acquisition/LevelTrigger.h"
+#include "acquisition/RecordFiles.h"
+#include "acquisition/RecordingPlan.h"
+#include "acquisition/RollingBuffer.h"
+#include "acquisition/UserEvents.h"
+#include "acquisition/ValueList.h"
+#include "config/oTarnTrigger.h"
+
+namespace tarnlog {
+
+/// Decides what each polling cycle means for the recording: starts it, writes its rows on schedule, arms its stop and
+/// ends it. Start: pending for one cycle, then recording. Stop: armed, the next row carries "Stop", then the
+/// post-trigger rows follow.
+class Recorder {
+ public:
+  enum class Refresh { Nothing, Display };
+
+  /// Rows may be late by less than the list's time to refresh: so close to a due row the list is left alone.
+  static constexpr std::int32_t kQuietBeforeRow = 250;
+  /// From this sample period on, an armed stop does not wait for the next row.
+  static constexpr std::int32_t kLongPeriod = 10000;
+
+  Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
+           RollingBuffer& current, RollingBuffer& preTrigger, char decimalSeparator);
+
+  /// Starts an acquisition. The first row is due `now`.
+  void begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
+             std::shared_ptr<const oTarnTrigger> stopTrigger);
+  void setFirstRowDue(Milliseconds now) { nextSampleTime_ = now; }
+
+  /// The start/stop button. Ignored before the first polling cycle, and while a start is pending.
+  void toggle();
+  /// The event button. Ignored before the first polling cycle, and while an event file is open.
+  void userEvent();
+
+  /// One polling cycle whose row is the newest of the current buffer.
+  Refresh cycle(Milliseconds pollTime);
+
+  /// Ends a recording whose stop was armed before the ECUs had to be initialised again.
+  void endIfStopArmed();
+  /// Ends whatever runs, with the acquisition; files are closed by the caller.
+  void endWithAcquisition();
+  /// The control was hidden: nothing is pending any more, files stay open until the next start.
+  void suspend();
+  /// Forgets a pending start or stop.
+  void forgetRequests() { startPending_ = stopRequested_ = false; }
+
+  bool recording() const { return recording_; }
+  std::int32_t finishedRecordings() const { return finishedRecordings_; }
+  std::uint64_t rowsWritten() const { return rowsWritten_; }
+
+  void SetRecordingDisplay(bool on);
+
+ private:
+  bool OpenRecordFile();
+  void writeFirstRows();
+  void addToPreTrigger(Milliseconds pollTime);
+  bool rowDue(Milliseconds pollTime) const { return millisecondsBetween(nextSampleTime_, pollTime) >= 0; }
+
+  Refresh cycleIdle(Milliseconds pollTime);
+  Refresh cycleRecording(Milliseconds pollTime);
+  Refresh cycleWithoutRow(Milliseconds pollTime);
+  void startRecording();
+  bool stopFires(Milliseconds pollTime);
+  void armStop();
+  void writeRow(Milliseconds pollTime);
+  const std::string& takeMark();
+  void countDown();
+  void endRecording();
+  void dropMarks();
+
+  AcqScreen& screen_;
+  AcqLog& log_;
+  RecordFiles& files_;
+  UserEvents& events_;
+  ValueList& values_;
+  RollingBuffer& current_;
+  RollingBuffer& preTrigger_;
+  char decimalSeparator_;
+
+  RecordingPlan plan_;
+  LevelTrigger start_;
+  LevelTrigger stop_;
+  std::shared_ptr<const oTarnTrigger> stopTrigger_;
+
+  bool recording_ = false;
+  bool startPending_ = false;
+  bool stopRequested_ = false;
+  bool stopMarkPending_ = false;
+  std::int32_t postCountdown_ = 0;
+  Milliseconds nextSampleTime_ = 0;
+  Milliseconds recordStartTime_ = 0;
+  std::int32_t finishedRecordings_ = 0;
+  std::uint64_t rowsWritten_ = 0;
+  std::string mark_;     ///< scratch, kept for its capacity
+  std::string elapsed_;  ///< scratch, kept for its capacity
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "acquisition/AcqScreen.h"
+#include "acquisition/RollingBuffer.h"
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog {
+
+/// The live values as a list: a row is written when its value changed, at the next refresh after the change.
+class ValueList {
+ public:
+  explicit ValueList(AcqScreen& screen) : screen_(screen) {}
+
+  /// One row per item; the rows themselves are on the screen already.
+  void begin(std::vector<ferrox3::DataItem*> items);
+  void clear();
+
+  /// After each polling cycle: remembers which rows differ from the cycle before, refreshed or not.
+  void noteCycle(const RollingBuffer& current);
+  /// Writes the rows that are owed, with the host's value text.
+  void refresh();
+
+ private:
+  AcqScreen& screen_;
+  std::vector<ferrox3::DataItem*> items_;
+  std::vector<char> owed_;
+};
+
+}  // namespace tarnlog

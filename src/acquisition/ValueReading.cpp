@@ -1,0 +1,31 @@
+#include "acquisition/ValueReading.h"
+
+#include <cmath>
+#include <limits>
+
+#include "platform/text/Numbers.h"
+
+namespace tarnlog {
+
+double numericValue(const ferrox3::Value& value) {
+  if (const auto* number = std::get_if<double>(&value)) return *number;
+  if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
+  return std::numeric_limits<double>::quiet_NaN();
+}
+
+void appendCellText(std::string& out, const ferrox3::DataItem& item, char decimalSeparator) {
+  const ferrox3::Value& value = item.value();
+  const auto* real = std::get_if<double>(&value);
+  if (item.typeCode() == ferrox3::kByteArray || (real != nullptr && !std::isfinite(*real)))
+    out.append(item.valueText());
+  else if (real != nullptr)
+    appendNumber(out, *real, decimalSeparator);
+  else if (const auto* integer = std::get_if<std::int32_t>(&value))
+    appendNumber(out, *integer);
+  else if (const auto* text = std::get_if<std::string>(&value))
+    out.append(*text);
+  else
+    out.append(item.valueText());
+}
+
+}  // namespace tarnlog

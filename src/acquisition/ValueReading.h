@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog {
+
+/// The value as a number; NaN for texts and byte arrays.
+double numericValue(const ferrox3::Value& value);
+
+/// Appends what buffers and files show of an item: the value as text (numbers with the user's decimal
+/// separator, an enumerated item its number); for byte arrays, and numbers that are none, the host's value
+/// text.
+void appendCellText(std::string& out, const ferrox3::DataItem& item, char decimalSeparator);
+
+}  // namespace tarnlog

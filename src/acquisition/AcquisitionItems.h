@@ -4,25 +4,25 @@
 #include <memory>
 #include <vector>
 
-#include "acquisition/LevelTrigger.h"
 #include "acquisition/AcqScreen.h"
+#include "acquisition/LevelTrigger.h"
 #include "config/oTarnParameters.h"
 #include "display/GrapheItems.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog {
 
-/// What one acquisition reads: the data items that the session offers of those that are configured, in configuration
-/// order, the host's lists that poll them, and the items that the triggers watch. Item k is row k of the value list and
-/// column k of buffers and files.
+/// What one acquisition reads: the data items that the session offers of those that are configured, in
+/// configuration order, the host's lists that poll them, and the items that the triggers watch. Item k is row
+/// k of the value list and column k of buffers and files.
 class AcquisitionItems {
  public:
   ~AcquisitionItems();
 
-  /// Finds the items, fills the value list and the display model, and obtains the poll set. An item that the session
-  /// does not offer is skipped. Returns how many were found.
-  std::int32_t BuildAcquisitionList(ferrox3::Session& session, const oTarnParameters& parameters, AcqScreen& screen,
-                                    GrapheItems& display);
+  /// Finds the items, fills the value list and the display model, and obtains the poll set. An item that the
+  /// session does not offer is skipped. Returns how many were found.
+  std::int32_t BuildAcquisitionList(ferrox3::Session& session, const oTarnParameters& parameters,
+                                    AcqScreen& screen, GrapheItems& display);
 
   /// Tells the host's lists to finish and releases them.
   void release();

@@ -24,7 +24,8 @@ RecordFiles::OpenFile RecordFiles::openText(const std::string& path, WriteHeader
   std::unique_ptr<TextStream> stream = files_.openForAppending(path);
   if (stream == nullptr) return {};
   auto file = std::make_unique<TextDataFile>(std::move(stream));
-  // The file is open: like a row, a header that could not be written does not keep the rows behind it from coming.
+  // The file is open: like a row, a header that could not be written does not keep the rows behind it from
+  // coming.
   skipOnFailure([&] { writeHeader(*file); });
   return {std::move(file), path, false};
 }

@@ -75,8 +75,8 @@ bool Recorder::OpenRecordFile() {
   return true;
 }
 
-/// With history the newest history row is the start; without, it is the newest polling cycle, and the schedule of rows
-/// starts anew from there.
+/// With history the newest history row is the start; without, it is the newest polling cycle, and the
+/// schedule of rows starts anew from there.
 void Recorder::writeFirstRows() {
   if (plan_.preTriggerPoints != 0) {
     preTrigger_.GetTime(recordStartTime_);

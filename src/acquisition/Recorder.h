@@ -16,9 +16,9 @@
 
 namespace tarnlog {
 
-/// Decides what each polling cycle means for the recording: starts it, writes its rows on schedule, arms its stop and
-/// ends it. Start: pending for one cycle, then recording. Stop: armed, the next row carries "Stop", then the
-/// post-trigger rows follow.
+/// Decides what each polling cycle means for the recording: starts it, writes its rows on schedule, arms its
+/// stop and ends it. Start: pending for one cycle, then recording. Stop: armed, the next row carries "Stop",
+/// then the post-trigger rows follow.
 class Recorder {
  public:
   enum class Refresh { Nothing, Display };

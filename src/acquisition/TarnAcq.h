@@ -122,7 +122,6 @@ class TarnAcq {
 
   void SetAcqState(State state);
   void EndAcquisition(Ending ending);
-  void releaseHostObjects();
   void honourStop();
   void takeSession(ferrox3::Session* session);
   void hideNow();

@@ -1,0 +1,391 @@
+#include "acquisition/TarnAcq.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <limits>
+#include <utility>
+
+#include "acquisition/Indicators.h"
+#include "acquisition/ValueReading.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr std::int32_t kCurrentRows = 20;
+constexpr std::int32_t kStateWait = 100;  // ms
+constexpr std::int32_t kLeastGraphHeight = 40 * kTwipsPerPixel;
+constexpr int kEnter = 13;
+constexpr int kSpace = 32;
+
+std::int16_t scrollMaximum(Twips extraHeight) {
+  constexpr float most = std::numeric_limits<std::int16_t>::max();
+  return static_cast<std::int16_t>(std::clamp(extraHeight / kTwipsPerPixel, 0.0F, most));
+}
+
+}  // namespace
+
+TarnAcq::TarnAcq(AcqEnvironment environment)
+    : env_(std::move(environment)),
+      log_(env_.screen, env_.clock),
+      currentBuffer_(env_.locale.decimalSeparator),
+      preTriggerBuffer_(env_.locale.decimalSeparator),
+      values_(env_.screen),
+      files_(env_.files, env_.clock, env_.locale, env_.stylesheetUrl),
+      events_(files_),
+      recorder_(env_.screen, log_, files_, events_, values_, currentBuffer_, preTriggerBuffer_,
+                env_.locale.decimalSeparator),
+      startup_(log_, [this] { return stopAcqRequested_; }) {
+  env_.timer.setTickHandler([this] { onTick(); });
+}
+
+TarnAcq::~TarnAcq() {
+  env_.timer.setEnabled(false);
+  env_.timer.setTickHandler(nullptr);
+  skipOnFailure([&] { clearDisplay(); });
+}
+
+// --- what the host and the user ask for
+// ---------------------------------------------------------------------------
+
+void TarnAcq::setSession(ferrox3::Session* session) {
+  if (busy_) {
+    deferred_ = {.session = session};
+    stopAcqRequested_ = true;
+  } else {
+    takeSession(session);
+  }
+}
+
+void TarnAcq::takeSession(ferrox3::Session* session) {
+  if (acquiring()) EndAcquisition(Ending::Quiet);
+  session_ = session;
+  env_.screen.rebuildValueColumns();
+  env_.screen.setRecordingCaption("rec");
+  env_.screen.setRecordingColour(indicator::kIdle);
+  SetAcqState(kIdle);
+  recorder_.forgetRequests();
+}
+
+void TarnAcq::setParameters(std::shared_ptr<oTarnParameters> parameters) {
+  parameters_ = std::move(parameters);
+  if (session_ != nullptr) StartReadingData();
+}
+
+void TarnAcq::refuseMissing() const {
+  const auto refuse = [](const char* what) {
+    throw TarnError(1, "TarnAcq.StartReadingData",
+                    std::string(what) + " not defined, unable to acquire data");
+  };
+  if (session_ == nullptr) refuse("Session");
+  if (parameters_ == nullptr) refuse("Parameters");
+}
+
+void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
+  if (parameters != nullptr) parameters_ = std::move(parameters);
+  if (busy_) {
+    if (!deferred_.session) refuseMissing();
+    deferred_.start = true;
+    deferred_.hide = false;
+    stopAcqRequested_ = true;
+    return;
+  }
+  refuseMissing();
+  if (acquiring()) EndAcquisition(Ending::Quiet);
+
+  log_.clear();
+  clearDisplay();
+  display_ = std::make_unique<ScopeItem>();
+  const std::int32_t count =
+      items_.BuildAcquisitionList(*session_, *parameters_, env_.screen, display_->graphes());
+  values_.begin(items_.items());
+  if (count == 0) {
+    log_.add("No data to acquire");
+    return;
+  }
+  const RecordingPlan plan = planRecording(*parameters_, count);
+  createBuffers(plan);
+  logPlan(plan);
+  buildDisplay();
+
+  files_.begin(parameters_, items_.items());
+  events_.reset();
+  recorder_.begin(plan, items_.startTrigger(), items_.stopTrigger(), parameters_->stopTrigger);
+  env_.screen.setEventCaption("Event");
+  env_.screen.setPanelText(StatusPanel::Record, "no record file");
+  env_.screen.setPanelText(StatusPanel::AcqTime, "0");
+  SetAcqState(kInitialise);
+  recorder_.SetRecordingDisplay(false);
+  stopAcqRequested_ = false;
+  scrollPending_ = false;
+  cycles_ = 0;
+  env_.timer.setInterval(1);
+  env_.timer.setEnabled(true);
+  recorder_.setFirstRowDue(env_.clock.milliseconds());
+}
+
+void TarnAcq::createBuffers(const RecordingPlan& plan) {
+  const auto columns = static_cast<std::int32_t>(items_.items().size());
+  currentBuffer_.Create(columns, kCurrentRows);
+  preTriggerBuffer_.Create(columns, plan.preTriggerPoints + 1);
+}
+
+void TarnAcq::logPlan(const RecordingPlan& plan) {
+  const oTarnTrigger& start = *parameters_->startTrigger;
+  const oTarnTrigger& stop = *parameters_->stopTrigger;
+  const auto times = [&](const char* what, std::int32_t seconds, std::int32_t points) {
+    log_.add(what + std::to_string(seconds) + " s  = " + std::to_string(points) + " points");
+  };
+  if (start.typeTrigger == oTarnTrigger::kManual) log_.add("Start recording manually");
+  if (start.typeTrigger == oTarnTrigger::kChannel)
+    log_.add("Start recording automaticaly on channel trigger");
+  if (start.prepost < 0) times("Start Pre-trigger = ", start.prepost, plan.preTriggerPoints);
+  if (stop.typeTrigger == oTarnTrigger::kManual) log_.add("Stop recording manually");
+  if (stop.typeTrigger == oTarnTrigger::kChannel) log_.add("Stop recording automaticaly on channel trigger");
+  if (stop.typeTrigger == oTarnTrigger::kTime)
+    log_.add("Stop recording after : " + std::to_string(stop.timeSeconde) + " s");
+  times("Stop Post-trigger = ", stop.prepost, plan.postTriggerPoints);
+}
+
+void TarnAcq::AskStopAcqNow() {
+  env_.timer.setEnabled(false);
+  if (busy_) {
+    deferred_ = {};
+    stopAcqRequested_ = true;
+  } else if (files_.record() != nullptr || events_.active()) {
+    stopAcqRequested_ = true;
+    env_.timer.setInterval(1);
+    env_.timer.setEnabled(true);
+  } else if (acquiring()) {
+    EndAcquisition(Ending::Announced);
+  } else if (acqStopped_) {
+    acqStopped_();
+  }
+}
+
+void TarnAcq::ToggleRecording() {
+  if (state_ == kCommunicate) recorder_.toggle();
+}
+
+void TarnAcq::RecordUserEvent() {
+  if (state_ == kCommunicate) recorder_.userEvent();
+}
+
+bool TarnAcq::HandleHotKey(int key) {
+  if (key == kEnter)
+    ToggleRecording();
+  else if (key == kSpace)
+    RecordUserEvent();
+  else
+    return false;
+  return true;
+}
+
+void TarnAcq::hidden() {
+  if (busy_) {
+    deferred_.hide = true;
+    deferred_.start = false;
+    stopAcqRequested_ = true;
+  } else {
+    hideNow();
+  }
+}
+
+void TarnAcq::hideNow() {
+  env_.timer.setEnabled(false);
+  SetAcqState(kIdle);
+  recorder_.suspend();
+  skipOnFailure([&] { clearDisplay(); });
+}
+
+// --- the live display
+// ------------------------------------------------------------------------------------------------
+
+void TarnAcq::buildDisplay() {
+  GraphArea* const area = env_.screen.graphArea();
+  if (area == nullptr) return;
+  GraphicFrame& frame = area->frame();
+  frame.setLeft(0);
+  frame.setTop(0);
+  frame.setWidth(area->visibleWidth());
+  frame.setHeight(area->visibleHeight());
+  area->setScrollRange(0, 0);
+  Twips extraHeight = 0;
+  display_->BuildDisplay(frame, kLeastGraphHeight, extraHeight);
+  if (extraHeight <= 0) return;
+  frame.setHeight(area->visibleHeight() + extraHeight);
+  area->setScrollRange(scrollMaximum(extraHeight), 0);
+}
+
+void TarnAcq::clearDisplay() {
+  const std::unique_ptr<ScopeItem> display = std::move(display_);
+  if (GraphArea* const area = env_.screen.graphArea(); area != nullptr && display != nullptr)
+    display->ClearDisplay(area->frame());
+}
+
+void TarnAcq::resized() {
+  GraphArea* const area = env_.screen.graphArea();
+  if (area == nullptr) return;
+  GraphicFrame& frame = area->frame();
+  frame.setLeft(0);
+  frame.setTop(0);
+  frame.setWidth(area->visibleWidth());
+  if (display_ == nullptr) return;
+  Twips extraHeight = 0;
+  display_->ArrangeDisplay(frame, kLeastGraphHeight, extraHeight);
+  frame.setHeight(area->visibleHeight() + extraHeight);
+  area->setScrollRange(scrollMaximum(extraHeight), 0);
+}
+
+void TarnAcq::scrolled() {
+  if (session_ != nullptr && session_->communicating())
+    scrollPending_ = true;
+  else
+    applyScroll();
+}
+
+void TarnAcq::applyScroll() {
+  GraphArea* const area = env_.screen.graphArea();
+  if (area == nullptr) return;
+  area->frame().setTop(-static_cast<Twips>(area->scrollValue()) * kTwipsPerPixel);
+  skipOnFailure([&] { env_.screen.focusStartStop(); });
+}
+
+// --- the tick
+// ----------------------------------------------------------------------------------------------------------
+
+void TarnAcq::onTick() {
+  env_.timer.setEnabled(false);
+  if (busy_) return;
+  if (stopAcqRequested_) return honourStop();
+  if (state_ == kIdle) return;
+  busy_ = true;
+  skipOnFailure([&] { runState(); });
+  endTick();
+  busy_ = false;
+  if (stopAcqRequested_)
+    honourStop();
+  else
+    env_.timer.setEnabled(true);
+}
+
+void TarnAcq::runState() {
+  switch (state_) {
+    case kIdle:
+      return;
+    case kInitialise:
+      return initialiseEcus();
+    case kWaitAfterInit:
+      return waitFor(kStartSessions);
+    case kStartSessions:
+      return startSessions();
+    case kWaitBeforePolling:
+      return waitFor(kCommunicate);
+    case kCommunicate:
+      return communicate();
+  }
+}
+
+void TarnAcq::initialiseEcus() {
+  recorder_.endIfStopArmed();
+  if (startup_.initialise(items_.pollSet()) && !stopAcqRequested_) enterWait(kWaitAfterInit);
+}
+
+void TarnAcq::startSessions() {
+  if (startup_.startSessions(*session_, items_.pollSet(), *parameters_)) enterWait(kWaitBeforePolling);
+}
+
+void TarnAcq::enterWait(State wait) {
+  stateSince_ = env_.clock.milliseconds();
+  SetAcqState(wait);
+}
+
+void TarnAcq::waitFor(State next) {
+  if (millisecondsBetween(stateSince_, env_.clock.milliseconds()) > kStateWait) SetAcqState(next);
+}
+
+void TarnAcq::communicate() {
+  const Milliseconds pollTime = env_.clock.milliseconds();
+  if (!sendRequests()) return;
+  ++cycles_;
+  readValues(items_.items(), pollTime, currentBuffer_, env_.locale.decimalSeparator);
+  values_.noteCycle(currentBuffer_);
+  if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && env_.screen.graphArea() != nullptr)
+    skipOnFailure([&] { display_->RefreshDisplay(); });
+}
+
+/// False when the cycle is not complete: a stop was requested, or the ECUs must be initialised again.
+bool TarnAcq::sendRequests() {
+  const ferrox3::PollSet& pollSet = items_.pollSet();
+  for (std::size_t i = 0; i < pollSet.requestCount(); ++i) {
+    ferrox3::Request& request = pollSet.request(i);
+    try {
+      request.send();
+    } catch (const std::exception& error) {
+      log_.add(std::string("Send error : ") + error.what() + " UCE=" + request.ecu().name());
+      SetAcqState(kInitialise);
+      return false;
+    }
+    if (stopAcqRequested_) return false;
+  }
+  return true;
+}
+
+void TarnAcq::endTick() {
+  if (std::exchange(scrollPending_, false)) skipOnFailure([&] { applyScroll(); });
+}
+
+// --- states and the end
+// -------------------------------------------------------------------------------------------------
+
+void TarnAcq::SetAcqState(State state) {
+  state_ = state;
+  switch (state) {
+    case kIdle:
+      return env_.screen.setStateIndicator("", indicator::kIdle);
+    case kInitialise:
+      return env_.screen.setStateIndicator("init", indicator::kWhite);
+    case kWaitAfterInit:
+    case kWaitBeforePolling:
+      return env_.screen.setStateIndicator("Wait", indicator::kYellow);
+    case kStartSessions:
+      return env_.screen.setStateIndicator("Start", indicator::kRequested);
+    case kCommunicate:
+      return env_.screen.setStateIndicator("com", indicator::kOpened);
+  }
+}
+
+/// Ends the acquisition that runs; what was asked for while the tick ran comes next. Whoever starts anew,
+/// changes the session or hides the control does not wait for AcqStopped.
+void TarnAcq::honourStop() {
+  const Deferred next = std::exchange(deferred_, {});
+  EndAcquisition(next.any() ? Ending::Quiet : Ending::Announced);
+  if (next.session) takeSession(*next.session);
+  if (next.hide) hideNow();
+  if (!next.start) return;
+  try {
+    StartReadingData();
+  } catch (const TarnError& error) {
+    log_.add(error.description());
+    if (acqStopped_) acqStopped_();
+  }
+}
+
+void TarnAcq::EndAcquisition(Ending ending) {
+  busy_ = true;
+  env_.timer.setEnabled(false);
+  if (session_ != nullptr) skipOnFailure([&] { session_->endCommunication(); });
+  stopAcqRequested_ = false;
+  SetAcqState(kIdle);
+  recorder_.endWithAcquisition();
+  values_.clear();
+  items_.release();
+  skipOnFailure([&] { clearDisplay(); });
+  files_.closeAll();
+  busy_ = false;
+  if (ending == Ending::Announced && acqStopped_) acqStopped_();
+}
+
+}  // namespace tarnlog

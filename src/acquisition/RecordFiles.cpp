@@ -41,10 +41,10 @@ bool RecordFiles::openRecordFile() {
   if (xmlWanted()) {
     record_ = openXml(recordPath_, "Data file", now);
   } else {
-    record_ = openText(recordPath_);
-    skipOnFailure(
-        [&] { static_cast<TextDataFile&>(*record_.file).writeRecordHeader(columns_, now, locale_); });
+    record_ =
+        openText(recordPath_, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
   }
+  return record_.file != nullptr;
 }
 
 void RecordFiles::openEventFile(std::int32_t number) {

@@ -24,6 +24,12 @@ class RollingBuffer {
   /// Goes to the next row, the oldest one when the table is full. Its cells keep old texts until `SetData`.
   void AddRow(Milliseconds time);
   void SetData(std::int32_t column, std::string_view text);
+  /// The newest row's cell, emptied, to append to; needs a row.
+  std::string& clearedCell(std::int32_t column) {
+    std::string& text = cell(current_, column);
+    text.clear();
+    return text;
+  }
   /// The newest row's cell; `unchanged` tells whether the row before held the same text (false when there is
   /// none).
   const std::string& GetData(std::int32_t column, bool& unchanged) const;

@@ -30,14 +30,10 @@ void appendCellText(std::string& out, const ferrox3::DataItem& item, char decima
 
 void readValues(const std::vector<ferrox3::DataItem*>& items, Milliseconds time, RollingBuffer& buffer,
                 char decimalSeparator) {
-  static thread_local std::string text;
   buffer.AddRow(time);
   std::int32_t column = 0;
-  for (const ferrox3::DataItem* item : items) {
-    text.clear();
-    appendCellText(text, *item, decimalSeparator);
-    buffer.SetData(++column, text);
-  }
+  for (const ferrox3::DataItem* item : items)
+    appendCellText(buffer.clearedCell(++column), *item, decimalSeparator);
 }
 
 }  // namespace tarnlog

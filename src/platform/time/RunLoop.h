@@ -19,7 +19,7 @@ class RunLoop {
   /// A timer that ticks while `run` runs; it must not outlive the loop.
   std::unique_ptr<Timer> createTimer();
 
-  /// Called after every wake-up, and after every tick.
+  /// Called before every wait, that is after every tick and every signal.
   void setWakeHandler(std::function<void()> handler) { wakeHandler_ = std::move(handler); }
 
   /// Runs until `quit`. A signal handler that sets a flag interrupts the wait, so the wake handler sees it at

@@ -1,0 +1,153 @@
+#include "platform/files/SystemFileSystem.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+#include "platform/files/TextLineStream.h"
+
+namespace tarnlog {
+
+namespace {
+
+TarnError systemError(const std::string& path, int error) {
+  return {error, "FileSystem", path + ": " + std::strerror(error)};
+}
+
+/// An open file descriptor, closed at the end.
+class Descriptor {
+ public:
+  Descriptor(const std::string& path, int flags, mode_t mode = 0666)
+      : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
+    if (fd_ < 0) throw systemError(path, errno);
+  }
+  ~Descriptor() { ::close(fd_); }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  int get() const { return fd_; }
+
+ private:
+  int fd_;
+};
+
+/// Writes all bytes; returns how many got out, which is fewer when errno tells why.
+std::size_t writeAll(int fd, std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = ::write(fd, bytes.data() + done, bytes.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  return done;
+}
+
+/// A file whose writes are whole or taken back: what a failed write left behind is cut off again, so that the
+/// file holds finished rows only.
+class SystemFileStream : public FileStream {
+ public:
+  using Failure = std::function<void(const std::string& path, const std::string& description)>;
+
+  SystemFileStream(std::string path, int flags, Failure failure)
+      : path_(std::move(path)), file_(path_, flags), failure_(std::move(failure)) {}
+
+  void write(std::string_view bytes) override {
+    const std::size_t done = writeAll(file_.get(), bytes);
+    if (done < bytes.size()) fail(done, errno);
+    noticeRemoval();
+  }
+
+ private:
+  [[noreturn]] void fail(std::size_t done, int error) {
+    if (struct stat status{}; done > 0 && ::fstat(file_.get(), &status) == 0)
+      static_cast<void>(::ftruncate(file_.get(), status.st_size - static_cast<off_t>(done)) == 0);
+    failure_(path_, std::strerror(error));
+    throw systemError(path_, error);
+  }
+
+  /// Rows written to a file without a name are lost when it closes; nothing fails, so somebody must be told.
+  void noticeRemoval() {
+    if (removed_ || ++writesSinceCheck_ < kWritesPerCheck) return;
+    writesSinceCheck_ = 0;
+    struct stat status {};
+    removed_ = ::fstat(file_.get(), &status) == 0 && status.st_nlink == 0;
+    if (removed_) failure_(path_, "the file was removed while it was being written");
+  }
+
+  static constexpr int kWritesPerCheck = 8;
+
+  std::string path_;
+  Descriptor file_;
+  Failure failure_;
+  int writesSinceCheck_ = kWritesPerCheck - 1;
+  bool removed_ = false;
+};
+
+}  // namespace
+
+bool SystemFileSystem::folderExists(const std::string& path) const {
+  std::error_code error;
+  return std::filesystem::is_directory(path, error);
+}
+
+bool SystemFileSystem::fileExists(const std::string& path) const {
+  std::error_code error;
+  return std::filesystem::exists(std::filesystem::symlink_status(path, error));
+}
+
+std::string SystemFileSystem::currentFolder() const {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::current_path(error);
+  return error ? "." : folder.string();
+}
+
+std::unique_ptr<TextStream> SystemFileSystem::openForAppending(const std::string& path) {
+  return std::make_unique<TextLineStream>(std::make_unique<SystemFileStream>(
+      path, O_WRONLY | O_CREAT | O_APPEND,
+      [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); }));
+}
+
+std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {
+  return std::make_unique<SystemFileStream>(
+      path, O_WRONLY | O_CREAT | O_EXCL | O_APPEND,
+      [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); });
+}
+
+void SystemFileSystem::replace(const std::string& path, std::string_view bytes) {
+  const std::string beside = path + ".new-" + std::to_string(::getpid());
+  try {
+    {
+      const Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC);
+      if (writeAll(file.get(), bytes) < bytes.size() || ::fsync(file.get()) != 0)
+        throw systemError(path, errno);
+    }
+    if (::rename(beside.c_str(), path.c_str()) != 0) throw systemError(path, errno);
+  } catch (const TarnError& error) {
+    ::unlink(beside.c_str());
+    throw TarnError(error.number(), error.source(), path + ": " + std::strerror(error.number()));
+  }
+}
+
+std::string SystemFileSystem::readAll(const std::string& path) const {
+  const Descriptor file(path, O_RDONLY);
+  std::string bytes;
+  std::array<char, 65536> block{};
+  for (;;) {
+    const ssize_t count = ::read(file.get(), block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw systemError(path, errno);
+    if (count == 0) return bytes;
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace tarnlog

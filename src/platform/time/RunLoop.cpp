@@ -1,0 +1,97 @@
+#include "platform/time/RunLoop.h"
+
+#include <poll.h>
+#include <signal.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <optional>
+
+namespace tarnlog {
+
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+}  // namespace
+
+class RunLoop::LoopTimer : public Timer {
+ public:
+  explicit LoopTimer(RunLoop& loop) : loop_(loop) { loop_.timers_.push_back(this); }
+  ~LoopTimer() override {
+    std::replace(loop_.timers_.begin(), loop_.timers_.end(), this, static_cast<LoopTimer*>(nullptr));
+  }
+  LoopTimer(const LoopTimer&) = delete;
+  LoopTimer& operator=(const LoopTimer&) = delete;
+
+  void setInterval(int milliseconds) override { interval_ = std::chrono::milliseconds(milliseconds); }
+  void setEnabled(bool enabled) override {
+    if (enabled && !enabled_) due_ = std::max(SteadyClock::now(), lastTick_ + interval_);
+    enabled_ = enabled;
+  }
+  bool enabled() const override { return enabled_; }
+
+  std::optional<SteadyClock::time_point> due() const { return enabled_ ? std::optional(due_) : std::nullopt; }
+
+  void fireIfDue() {
+    const auto now = SteadyClock::now();
+    if (!enabled_ || now < due_) return;
+    lastTick_ = now;
+    due_ = now + interval_;
+    tick();
+  }
+
+ private:
+  RunLoop& loop_;
+  std::chrono::milliseconds interval_{1};
+  bool enabled_ = false;
+  SteadyClock::time_point lastTick_{};
+  SteadyClock::time_point due_{};
+};
+
+RunLoop::RunLoop() = default;
+RunLoop::~RunLoop() = default;
+
+std::unique_ptr<Timer> RunLoop::createTimer() { return std::make_unique<LoopTimer>(*this); }
+
+/// The wake handler looks at the flags that signal handlers set. Between that look and the wait, signals are
+/// kept back; the wait itself lets them in, so none is missed.
+void RunLoop::run() {
+  sigset_t keptBack;
+  sigset_t before;
+  sigemptyset(&keptBack);
+  for (const int signal : {SIGINT, SIGTERM, SIGUSR1}) sigaddset(&keptBack, signal);
+  quit_ = false;
+  while (!quit_) {
+    pthread_sigmask(SIG_BLOCK, &keptBack, &before);
+    if (wakeHandler_) wakeHandler_();
+    if (!quit_) waitForNextTimer();
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (!quit_) fireDueTimers();
+    std::erase(timers_, nullptr);
+  }
+}
+
+void RunLoop::waitForNextTimer() const {
+  std::optional<SteadyClock::time_point> next;
+  for (const LoopTimer* timer : timers_)
+    if (timer != nullptr && timer->due() && (!next || *timer->due() < *next)) next = timer->due();
+  timespec wait{};
+  if (next) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(*next - SteadyClock::now()).count();
+    wait.tv_sec = std::max<long>(left, 0) / 1'000'000'000;
+    wait.tv_nsec = std::max<long>(left, 0) % 1'000'000'000;
+  }
+  sigset_t none;
+  sigemptyset(&none);
+  ppoll(nullptr, 0, next ? &wait : nullptr, &none);
+}
+
+void RunLoop::fireDueTimers() {
+  for (std::size_t i = 0; i < timers_.size() && !quit_; ++i)
+    if (timers_[i] != nullptr) timers_[i]->fireIfDue();
+}
+
+}  // namespace tarnlog

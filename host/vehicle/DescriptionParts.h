@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/vehicle/JsonPlace.h"
+#include "host/vehicle/VehicleDescription.h"
+
+/// The parts that a description is read in.
+namespace tarnlog::host {
+
+inline constexpr std::int64_t kLongestWait = 3600000;  // milliseconds
+
+DataDescription readData(const JsonPlace& place);
+
+/// `vehicle` has its ECUs already.
+SimulationDescription readSimulation(const JsonPlace& place, const VehicleDescription& vehicle,
+                                     const CompanionFiles& files);
+
+}  // namespace tarnlog::host

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+/// Telling whether a response belongs to a request (ISO 14229-1, ISO 14230-3, ISO 15031-5).
+namespace tarnlog::host {
+
+inline constexpr std::uint8_t kNegativeResponse = 0x7F;
+inline constexpr std::uint8_t kResponsePending = 0x78;
+
+enum class ResponseClass : std::uint8_t {
+  positive,
+  negative,  ///< 7F, service, code
+  pending,   ///< 7F, service, 78: the answer comes later
+  foreign    ///< belongs to something else
+};
+
+constexpr std::uint8_t positiveService(std::uint8_t service) {
+  return static_cast<std::uint8_t>(service + 0x40);
+}
+
+/// Number of bytes that a positive response repeats from the request, the service id included: services 01
+/// (PID), 1A (option) and 21 (local identifier) repeat one byte of parameter, 22 (identifier) two. Never more
+/// than the request has; the request has at least one byte.
+std::size_t repeatedBytes(std::span<const std::uint8_t> request);
+
+/// The request has at least one byte.
+ResponseClass classifyResponse(std::span<const std::uint8_t> request, std::span<const std::uint8_t> response);
+
+/// What a negative response code means, in the words of the standards.
+std::string_view negativeResponseText(std::uint8_t code);
+
+}  // namespace tarnlog::host

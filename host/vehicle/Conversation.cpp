@@ -1,0 +1,88 @@
+#include "host/vehicle/Conversation.h"
+
+#include "host/vehicle/ResponseCheck.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+using std::chrono::ceil;
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+
+/// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
+/// is closed like after `end`.
+class Conversation::Busy {
+ public:
+  explicit Busy(Conversation& conversation) : conversation_(conversation) {
+    if (conversation_.busy_) throw TarnError(1, "Conversation", "another request is on its way");
+    conversation_.busy_ = true;
+  }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() {
+    conversation_.busy_ = false;
+    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.close(); });
+  }
+  void finish() { finished_ = true; }
+
+ private:
+  Conversation& conversation_;
+  bool finished_ = false;
+};
+
+Conversation::Conversation(Link& link, LinkClock& clock, milliseconds pendingTimeout)
+    : link_(link), clock_(clock), pendingTimeout_(pendingTimeout) {}
+
+Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                             milliseconds timeout, Link::Bytes& response) {
+  Busy busy(*this);
+  endRequested_ = false;
+  response.clear();
+  if (!open_) {
+    link_.open();
+    open_ = true;
+  }
+  link_.send(target, request);
+  const Outcome outcome = waitForResponse(request, timeout, response);
+  busy.finish();
+  return outcome;
+}
+
+Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t> request,
+                                                    milliseconds timeout, Link::Bytes& response) {
+  const microseconds start(clock_.microseconds());
+  microseconds deadline = start + timeout;
+  bool pending = false;
+  for (microseconds now = start; now <= deadline; now = microseconds(clock_.microseconds())) {
+    if (!link_.receive(response, ceil<milliseconds>(deadline - now))) break;
+    switch (classifyResponse(request, response)) {
+      case ResponseClass::positive:
+        return Outcome::answered;
+      case ResponseClass::negative:
+        return Outcome::refused;
+      case ResponseClass::pending:
+        pending = true;
+        deadline = start + pendingTimeout_;
+        break;
+      case ResponseClass::foreign:
+        break;
+    }
+  }
+  response.clear();
+  return pending ? Outcome::onlyPending : Outcome::silent;
+}
+
+void Conversation::end() {
+  if (busy_)
+    endRequested_ = true;
+  else
+    close();
+}
+
+void Conversation::close() {
+  if (!open_) return;
+  open_ = false;
+  link_.close();
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,66 @@
+#include "host/vehicle/Vehicle.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+#include "host/link/SimulatedLink.h"
+#include "host/vehicle/VehicleSimulator.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+/// A file's path relative to the folder of another file; absolute paths stay.
+std::string besides(const std::string& path, const std::string& name) {
+  const std::size_t slash = path.rfind('/');
+  return name.starts_with('/') || slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
+}
+
+class VehicleOverLink : public OpenedVehicle {
+ public:
+  VehicleOverLink(VehicleDescription description, UserLocale locale, LinkClock& clock,
+                  Link::IdleHook idleHook, std::unique_ptr<Link> link)
+      : description_(std::move(description)),
+        simulator_(description_),
+        link_(link ? std::move(link) : std::make_unique<SimulatedLink>(clock, simulator_)),
+        session_(description_, *link_, clock, std::move(locale)) {
+    link_->setIdleHook(std::move(idleHook));
+  }
+
+  const VehicleDescription& description() const override { return description_; }
+  VehicleSession& session() override { return session_; }
+
+ private:
+  VehicleDescription description_;
+  VehicleSimulator simulator_;
+  std::unique_ptr<Link> link_;
+  VehicleSession session_;
+};
+
+}  // namespace
+
+VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files) {
+  std::string text;
+  try {
+    text = files.readAll(path);
+  } catch (const TarnError& error) {
+    throw TarnError(1, "Vehicle description", fmt::format("{}: {}", path, error.description()));
+  }
+  return parseVehicleDescription(text, path,
+                                 [&](const std::string& name) { return files.readAll(besides(path, name)); });
+}
+
+std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
+                                           UserLocale locale, LinkClock& clock, Link::IdleHook idleHook) {
+  return openVehicle(path, files, std::move(locale), clock, std::move(idleHook), nullptr);
+}
+
+std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
+                                           UserLocale locale, LinkClock& clock, Link::IdleHook idleHook,
+                                           std::unique_ptr<Link> link) {
+  return std::make_unique<VehicleOverLink>(readVehicleDescription(path, files), std::move(locale), clock,
+                                           std::move(idleHook), std::move(link));
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/vehicle/Conversation.h"
+#include "host/vehicle/VehicleRequest.h"
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog::host {
+
+/// An ECU of a description.
+class VehicleEcu : public ferrox3::Ecu {
+ public:
+  VehicleEcu(const EcuDescription& description, Conversation& conversation,
+             const VehicleRequest::Devices& devices, const UserLocale& locale);
+
+  const std::string& name() const override { return description_.name; }
+  const std::string& functionName() const override { return description_.function; }
+  const std::string& protocolName() const override { return description_.protocol; }
+  std::int32_t address() const override { return description_.address; }
+  std::size_t requestCount() const override { return requests_.size(); }
+  ferrox3::Request& request(std::size_t position) const override { return *requests_[position]; }
+  ferrox3::Request* findRequest(std::string_view name) const override;
+  ferrox3::DataItem* findData(std::string_view name) const override;
+  ferrox3::Kwp2000* kwp2000() override { return kwp2000_ ? &*kwp2000_ : nullptr; }
+  /// Waits as long as the ECU's time-out. Both buffers must come from the session.
+  void exchange(const ferrox3::RawBuffer& request, ferrox3::RawBuffer& response) override;
+
+  /// Sends and waits for the positive response; anything else raises with a text like "Engine: request 21 80:
+  /// no answer within 200 ms". What was received last stays in `response`.
+  void ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout, Link::Bytes& response);
+
+  /// Finds out whether the ECU is there; raises when it does not answer. A refusal is an answer.
+  void initialise();
+
+ private:
+  class SessionStarter : public ferrox3::Kwp2000 {
+   public:
+    explicit SessionStarter(VehicleEcu& ecu) : ecu_(ecu) {}
+    void startDiagnosticSession(std::uint8_t mode) override;
+
+   private:
+    VehicleEcu& ecu_;
+  };
+
+  void collectData();
+  std::span<const std::uint8_t> firstFrame() const;
+  Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
+                                 Link::Bytes& response);
+
+  const EcuDescription& description_;
+  Conversation& conversation_;
+  LinkTarget target_;
+  std::vector<std::unique_ptr<VehicleRequest>> requests_;
+  std::unordered_map<std::string_view, VehicleRequest*> requestsByName_;
+  std::unordered_map<std::string_view, ferrox3::DataItem*> dataByName_;
+  std::optional<SessionStarter> kwp2000_;
+  Link::Bytes response_;
+};
+
+}  // namespace tarnlog::host

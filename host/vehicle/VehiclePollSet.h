@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "host/vehicle/VehicleEcu.h"
+#include "host/vehicle/VehicleProtocol.h"
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog::host {
+
+/// Requests and ECUs in the order in which their first data item was added.
+class VehiclePollSet : public ferrox3::PollSet {
+ public:
+  VehiclePollSet(std::vector<ferrox3::Request*> requests, std::vector<VehicleEcu*> ecus);
+  std::size_t requestCount() const override { return requests_.size(); }
+  ferrox3::Request& request(std::size_t position) const override { return *requests_[position]; }
+  std::size_t ecuCount() const override { return ecus_.size(); }
+  ferrox3::Ecu& ecu(std::size_t position) const override { return *ecus_[position]; }
+  ferrox3::Protocol& protocol() override { return protocol_; }
+  /// Empties the set.
+  void finish() override;
+
+ private:
+  std::vector<ferrox3::Request*> requests_;
+  std::vector<VehicleEcu*> ecus_;
+  VehicleProtocol protocol_;
+};
+
+}  // namespace tarnlog::host

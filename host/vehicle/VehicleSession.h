@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+#include "host/vehicle/Conversation.h"
+#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/VehicleEcu.h"
+#include "platform/ferrox3/Session.h"
+#include "platform/text/UserLocale.h"
+
+namespace tarnlog::host {
+
+/// The session of a described vehicle over a link. Description, link and clock must outlive it. The link is
+/// opened by the first exchange.
+class VehicleSession : public ferrox3::Session {
+ public:
+  /// `locale` is for the value texts.
+  VehicleSession(const VehicleDescription& description, Link& link, LinkClock& clock, UserLocale locale);
+  ~VehicleSession() override;
+  VehicleSession(const VehicleSession&) = delete;
+  VehicleSession& operator=(const VehicleSession&) = delete;
+
+  std::size_t ecuCount() const override { return ecus_.size(); }
+  ferrox3::Ecu& ecu(std::size_t position) const override { return *ecus_[position]; }
+  ferrox3::Ecu* findEcuByFunction(std::string_view functionName) const override;
+  std::unique_ptr<ferrox3::AcquisitionList> createAcquisitionList() override;
+  std::unique_ptr<ferrox3::RawBuffer> createRawBuffer() override;
+  bool communicating() const override { return conversation_.busy(); }
+  /// Closes the link; a request sent later opens it again.
+  void endCommunication() override { conversation_.end(); }
+
+ private:
+  const VehicleDevice* deviceOf(const std::string& name);
+
+  UserLocale locale_;
+  Conversation conversation_;
+  std::unordered_map<std::string, std::unique_ptr<VehicleDevice>> devices_;
+  std::vector<std::unique_ptr<VehicleEcu>> ecus_;
+  std::unordered_map<std::string_view, VehicleEcu*> byFunction_;
+};
+
+}  // namespace tarnlog::host

@@ -16,6 +16,7 @@
 namespace tarnlog {
 
 class SessionDocument;
+struct LoadReport;
 
 /// The whole recording configuration: what to record, how often, when, what to send first, and where to
 /// write. Shared by every screen and by the acquisition, which reads it while recording.
@@ -69,7 +70,8 @@ class oTarnParameters {
                             const SessionDocument& session);
 
  private:
-  friend class ConfigurationReader;
+  void referToNewOrder(oTarnScope& dependent, const oTarnScope& moved, const oTarnScope& target,
+                       std::int32_t from, std::int32_t to, std::int32_t position);
 
   KeyedCollection<oTarnScope> scopes_;
 };

@@ -52,10 +52,10 @@ class oTarnScope {
                 const DisplayPosition& position = {});
   void SetGraph(const std::string& caption, bool AxeYAuto, double AxeYmini, double AxeYmaxi,
                 std::int32_t points, std::int32_t color, const DisplayPosition& position = {});
-  /// `index` is rounded to the nearest integer, halves to even.
-  void SetGraphIndex(std::int32_t color, float index);
+  /// `graphIndex` is rounded to the nearest integer, halves to even.
+  void SetGraphIndex(std::int32_t color, float graphIndex);
   void SetGraphAxeX(const std::string& caption, bool axeXAuto, double axeXmini, double axeXmaxi,
-                    std::int32_t index);
+                    std::int32_t graphIndex);
   /// Releases the settings and forgets key and address.
   void Clear();
 
@@ -72,6 +72,8 @@ class oTarnScope {
  private:
   bool graphic() const;
   void releaseSettings();
+  void readDisplay(XmlElement scope);
+  void writeDisplay(ContentHandler& handler) const;
 
   std::int32_t scopeType_ = kNone;
 };

@@ -1,0 +1,43 @@
+#include "config/CatalogueMatch.h"
+
+#include <utility>
+
+#include "platform/text/Numbers.h"
+
+namespace tarnlog {
+
+bool takeFromCatalogue(oTarnScope& scope, const SessionDocument& session) {
+  const XmlElement data =
+      FindSessionData(session, scope.EcuName, scope.RequestName, scope.DataName, scope.FunctionAddress);
+  if (!data) return false;
+  const XmlElement ecu = data.parent().parent();
+  scope.DataKey = data.attributeOrEmpty("c");
+  scope.varType = leadingInteger(data.attributeOrEmpty("type"));
+  scope.Unit = data.attributeOrEmpty("unit");
+  scope.DeviceName = data.attributeOrEmpty("device");
+  scope.EcuName = ecu.attributeOrEmpty("name");
+  scope.FunctionAddress = leadingInteger(ecu.attributeOrEmpty("address"));
+  return true;
+}
+
+namespace {
+
+void note(const oTarnScope& scope, bool duplicate, LoadReport* report) {
+  if (report != nullptr)
+    report->data.push_back({scope.EcuName, scope.RequestName, scope.DataName, duplicate});
+}
+
+}  // namespace
+
+void reportUnknown(const oTarnScope& scope, LoadReport* report) { note(scope, false, report); }
+
+bool addOnce(oTarnParameters& parameters, std::unique_ptr<oTarnScope> scope, LoadReport* report) {
+  if (parameters.Item(scope->DataKey) != nullptr) {
+    note(*scope, true, report);
+    return false;
+  }
+  parameters.AddScope(std::move(scope));
+  return true;
+}
+
+}  // namespace tarnlog

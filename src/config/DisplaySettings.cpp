@@ -1,0 +1,148 @@
+#include "config/DisplaySettings.h"
+
+#include <string_view>
+
+#include "platform/text/Numbers.h"
+
+namespace tarnlog {
+
+namespace {
+
+void read(XmlElement element, const char* name, std::string& value) {
+  if (const auto text = element.attribute(name)) value = *text;
+}
+void read(XmlElement element, const char* name, double& value) {
+  if (const auto text = element.attribute(name)) value = leadingNumber(*text);
+}
+void read(XmlElement element, const char* name, float& value) {
+  if (const auto text = element.attribute(name)) value = static_cast<float>(leadingNumber(*text));
+}
+void read(XmlElement element, const char* name, std::int32_t& value) {
+  if (const auto text = element.attribute(name)) value = leadingInteger(*text);
+}
+void read(XmlElement element, const char* name, bool& value) {
+  if (const auto text = element.attribute(name)) value = *text == "1";
+}
+void read(XmlElement element, DisplayPosition& position) {
+  if (const XmlElement pos = element.firstChild("Pos")) position = ReadXmlPos(pos);
+}
+
+/// One empty element with its attributes in the order of adding.
+class SettingsElement {
+ public:
+  SettingsElement& add(const char* name, std::string_view value) {
+    attributes_.addAttribute(name, value);
+    return *this;
+  }
+  SettingsElement& add(const char* name, double value) { return add(name, exactNumberText(value)); }
+  SettingsElement& add(const char* name, std::int32_t value) { return add(name, std::to_string(value)); }
+  SettingsElement& addFlag(const char* name, bool value) {
+    return add(name, std::string_view(value ? "1" : "0"));
+  }
+  void write(ContentHandler& handler, const char* element) const {
+    handler.startElement(element, attributes_);
+    handler.endElement(element);
+  }
+
+ private:
+  SaxAttributes attributes_;
+};
+
+}  // namespace
+
+void DisplayPosition::assignSet(const DisplayPosition& other) {
+  if (other.left >= 0) left = other.left;
+  if (other.top >= 0) top = other.top;
+  if (other.width >= 0) width = other.width;
+  if (other.height >= 0) height = other.height;
+}
+
+DisplayPosition ReadXmlPos(XmlElement pos) {
+  DisplayPosition position;
+  read(pos, "left", position.left);
+  read(pos, "top", position.top);
+  read(pos, "Width", position.width);
+  read(pos, "Height", position.height);
+  return position;
+}
+
+void oTarnNumeric::SetXml(XmlElement element) {
+  read(element, "caption", Caption);
+  read(element, position);
+}
+
+void oTarnNumeric::SaxWrite(ContentHandler& handler) const {
+  SettingsElement().add("caption", std::string_view(Caption)).write(handler, "Digital");
+}
+
+void oTarnSlide::SetXml(XmlElement element) {
+  read(element, "caption", Caption);
+  read(element, "color", Color);
+  read(element, "mini", mini);
+  read(element, "maxi", maxi);
+  read(element, position);
+}
+
+void oTarnSlide::SaxWrite(ContentHandler& handler) const {
+  SettingsElement()
+      .add("caption", std::string_view(Caption))
+      .add("color", Color)
+      .add("mini", mini)
+      .add("maxi", maxi)
+      .write(handler, "BarGraph");
+}
+
+void oTarnGraph::SetXml(XmlElement element) {
+  read(element, "caption", Caption);
+  read(element, "axeYmini", AxeYmini);
+  read(element, "axeYmaxi", AxeYmaxi);
+  read(element, "axeYauto", AxeYAuto);
+  read(element, "points", points);
+  read(element, "color", Color);
+  read(element, position);
+}
+
+void oTarnGraph::SaxWrite(ContentHandler& handler) const {
+  SettingsElement()
+      .add("caption", std::string_view(Caption))
+      .add("axeYmini", AxeYmini)
+      .add("axeYmaxi", AxeYmaxi)
+      .addFlag("axeYauto", AxeYAuto)
+      .add("points", points)
+      .add("color", Color)
+      .write(handler, "Graph");
+}
+
+void oTarnGraphIndex::SetXml(XmlElement element) {
+  read(element, "caption", Caption);
+  read(element, "index", index);
+  read(element, "color", Color);
+}
+
+void oTarnGraphIndex::SaxWrite(ContentHandler& handler) const {
+  SettingsElement()
+      .add("caption", std::string_view(Caption))
+      .add("index", index)
+      .add("color", Color)
+      .write(handler, "GraphIndex");
+}
+
+void oTarnGraphAxeX::SetXml(XmlElement element) {
+  read(element, "caption", Caption);
+  read(element, "axeXmini", axeXmini);
+  read(element, "axeXmaxi", axeXmaxi);
+  read(element, "axeXauto", axeXAuto);
+  read(element, "index", index);
+}
+
+void oTarnGraphAxeX::SaxWrite(ContentHandler& handler) const {
+  SettingsElement()
+      .add("caption", std::string_view(Caption))
+      .add("axeXmini", axeXmini)
+      .add("axeXmaxi", axeXmaxi)
+      .addFlag("axeXauto", axeXAuto)
+      .add("index", index)
+      .write(handler, "GraphAxeX");
+}
+
+}  // namespace tarnlog

@@ -65,9 +65,10 @@ class oTarnParameters {
                             const std::string& stylesheetUrl) const;
   void SaxWriteParameters(ContentHandler& handler) const;
   /// Reads a version 2.0 or 1.0 file into this object; data and requests that the session does not offer are
-  /// dropped. Raises error 1, source "LoadXmlConfiguration load error", when the file is not one.
+  /// dropped, which `report`, when given, learns by name. Raises error 1, source "LoadXmlConfiguration load
+  /// error", when the file is not one; nothing was read then.
   void LoadXmlConfiguration(const FileSystem& files, const std::string& fileName,
-                            const SessionDocument& session);
+                            const SessionDocument& session, LoadReport* report = nullptr);
 
  private:
   void referToNewOrder(oTarnScope& dependent, const oTarnScope& moved, const oTarnScope& target,

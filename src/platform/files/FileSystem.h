@@ -10,8 +10,8 @@ namespace tarnlog {
 
 /// A text file open for appending. Lines go out in windows-1252 with CR LF, each line as one write to the
 /// system when `writeLine` ends it, so that a killed process loses no finished line. A write that fails is
-/// reported through the file system's write-failure handler and raised as a TarnError; the bytes of the
-/// failed line are dropped, and a half-written line is ended before the next one.
+/// reported through the file system's write-failure handler and raised as a TarnError; the failed line is
+/// dropped, and what got out of it is cut off again.
 class TextStream {
  public:
   virtual ~TextStream() = default;
@@ -22,13 +22,15 @@ class TextStream {
 };
 
 /// A file that takes bytes as they are, each `write` as one write to the system. Closing is destroying.
+/// Failures as with TextStream: a write is in the file whole or not at all.
 class FileStream {
  public:
   virtual ~FileStream() = default;
   virtual void write(std::string_view bytes) = 0;
 };
 
-/// Folders and files. Paths are UTF-8. Failures are TarnErrors whose description is the system's text.
+/// Folders and files. Paths are UTF-8. Failures are TarnErrors whose description is the path and the system's
+/// text. It must outlive the streams that it opened.
 class FileSystem {
  public:
   using WriteFailure = std::function<void(const std::string& path, const std::string& description)>;
@@ -45,8 +47,8 @@ class FileSystem {
   virtual void replace(const std::string& path, std::string_view bytes) = 0;
   virtual std::string readAll(const std::string& path) const = 0;
 
-  /// Called at each failed write of a stream that this file system opened; also for failures that nobody else
-  /// reports.
+  /// Called with the system's text at each failed write of a stream that this file system opened; also, once,
+  /// when the file was removed meanwhile, which fails no write.
   void setWriteFailureHandler(WriteFailure handler) { writeFailure_ = std::move(handler); }
 
  protected:

@@ -51,6 +51,13 @@ std::size_t writeAll(int fd, std::string_view bytes) {
   return done;
 }
 
+/// The file that a symbolic link leads to, so that replacing a linked file keeps the link.
+std::string linkTarget(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(path, error);
+  return error ? path : target.string();
+}
+
 /// A file whose writes are whole or taken back: what a failed write left behind is cut off again, so that the
 /// file holds finished rows only.
 class SystemFileStream : public FileStream {
@@ -122,15 +129,19 @@ std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {
       [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); });
 }
 
+/// What has been replaced must be whole after a power cut: the bytes reach the disk before the name does.
 void SystemFileSystem::replace(const std::string& path, std::string_view bytes) {
-  const std::string beside = path + ".new-" + std::to_string(::getpid());
+  const std::string target = linkTarget(path);
+  const std::string beside = target + ".new-" + std::to_string(::getpid());
   try {
     {
       const Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC);
+      if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
+        throw systemError(path, errno);
       if (writeAll(file.get(), bytes) < bytes.size() || ::fsync(file.get()) != 0)
         throw systemError(path, errno);
     }
-    if (::rename(beside.c_str(), path.c_str()) != 0) throw systemError(path, errno);
+    if (::rename(beside.c_str(), target.c_str()) != 0) throw systemError(path, errno);
   } catch (const TarnError& error) {
     ::unlink(beside.c_str());
     throw TarnError(error.number(), error.source(), path + ": " + std::strerror(error.number()));

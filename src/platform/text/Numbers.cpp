@@ -139,23 +139,29 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
   return start == std::string_view::npos ? std::string_view() : text.substr(start);
 }
 
+/// Whether a number that does not fit a double is too small rather than too large.
+bool isTiny(std::string_view number) {
+  const std::size_t exponent = number.find_first_of("eE");
+  if (exponent != std::string_view::npos) return number.substr(exponent + 1, 1) == "-";
+  return number.find_first_of("123456789") > number.find('.');
+}
+
 /// Parses the number that the text starts with; `rest` is what follows it. False when there is none. A number
 /// too large or too small for a double is the nearest that there is.
 bool parseNumber(std::string_view text, double& value, std::string_view& rest) {
   text = withoutLeadingBlanks(text);
-  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-  const std::size_t first = text.empty() || text.front() != '-' ? 0 : 1;
-  if (text.size() <= first || (text[first] != '.' && (text[first] < '0' || text[first] > '9'))) return false;
+  bool negative = false;
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+    negative = text.front() == '-';
+    text.remove_prefix(1);
+  }
+  if (text.empty() || (text.front() != '.' && (text.front() < '0' || text.front() > '9'))) return false;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error == std::errc::invalid_argument) return false;
   rest = text.substr(static_cast<std::size_t>(end - text.data()));
-  if (error == std::errc::result_out_of_range) {
-    const std::string_view number = text.substr(0, text.size() - rest.size());
-    const bool tiny =
-        number.find("e-") != std::string_view::npos || number.find("E-") != std::string_view::npos;
-    value = tiny ? 0 : std::numeric_limits<double>::max();
-    if (first == 1) value = -value;
-  }
+  if (error == std::errc::result_out_of_range)
+    value = isTiny(text.substr(0, text.size() - rest.size())) ? 0 : std::numeric_limits<double>::max();
+  if (negative) value = -value;
   return true;
 }
 

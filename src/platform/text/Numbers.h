@@ -17,8 +17,7 @@ void appendNumber(std::string& out, double value, char decimalSeparator);
 void appendNumber(std::string& out, std::int32_t value);
 std::string numberText(double value, const UserLocale& locale);
 
-/// The shortest text with "." that reads back as the same double; no exponent for what `leadingNumber` would
-/// stop at.
+/// The shortest text with "." and without an exponent that reads back as the same double.
 std::string exactNumberText(double value);
 
 /// The leading decimal number of a text with "." as decimal point (blanks before it are skipped, an exponent

@@ -13,7 +13,7 @@ namespace {
 /// The environment's locale for as long as it is asked; the global locale stays as it is.
 class EnvironmentLocale {
  public:
-  EnvironmentLocale() : locale_(newlocale(LC_ALL_MASK, "", nullptr)) {}
+  EnvironmentLocale() : locale_(newlocale(LC_NUMERIC_MASK | LC_TIME_MASK, "", nullptr)) {}
   ~EnvironmentLocale() {
     if (locale_ != nullptr) freelocale(locale_);
   }

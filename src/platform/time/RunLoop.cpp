@@ -6,13 +6,43 @@
 #include <algorithm>
 #include <chrono>
 #include <cstddef>
-#include <optional>
 
 namespace tarnlog {
 
 namespace {
 
 using SteadyClock = std::chrono::steady_clock;
+
+/// Keeps back the signals that ask a program to stop or to do something. Raised meanwhile, they arrive in a
+/// wait that is given `before`, or at the end.
+class SignalsKeptBack {
+ public:
+  SignalsKeptBack() {
+    sigset_t keptBack;
+    sigemptyset(&keptBack);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGUSR1, SIGUSR2}) sigaddset(&keptBack, signal);
+    pthread_sigmask(SIG_BLOCK, &keptBack, &before_);
+  }
+  ~SignalsKeptBack() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+  SignalsKeptBack(const SignalsKeptBack&) = delete;
+  SignalsKeptBack& operator=(const SignalsKeptBack&) = delete;
+  const sigset_t& before() const { return before_; }
+
+ private:
+  sigset_t before_{};
+};
+
+/// Waits for a signal that the mask lets in, or for the time, if any.
+void waitUntil(std::optional<SteadyClock::time_point> time, const sigset_t& mask) {
+  timespec wait{};
+  if (time) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(*time - SteadyClock::now()).count();
+    wait.tv_sec = std::max<long>(left, 0) / 1'000'000'000;
+    wait.tv_nsec = std::max<long>(left, 0) % 1'000'000'000;
+  }
+  ppoll(nullptr, 0, time ? &wait : nullptr, &mask);
+}
 
 }  // namespace
 
@@ -56,37 +86,26 @@ RunLoop::~RunLoop() = default;
 std::unique_ptr<Timer> RunLoop::createTimer() { return std::make_unique<LoopTimer>(*this); }
 
 /// The wake handler looks at the flags that signal handlers set. Between that look and the wait, signals are
-/// kept back; the wait itself lets them in, so none is missed.
+/// kept back; the wait itself lets them in, so none is missed. During a tick they arrive as ever, so that
+/// whoever waits for the vehicle can see them.
 void RunLoop::run() {
-  sigset_t keptBack;
-  sigset_t before;
-  sigemptyset(&keptBack);
-  for (const int signal : {SIGINT, SIGTERM, SIGUSR1}) sigaddset(&keptBack, signal);
-  quit_ = false;
   while (!quit_) {
-    pthread_sigmask(SIG_BLOCK, &keptBack, &before);
-    if (wakeHandler_) wakeHandler_();
-    if (!quit_) waitForNextTimer();
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    {
+      const SignalsKeptBack signals;
+      if (wakeHandler_) wakeHandler_();
+      if (!quit_) waitUntil(nextTick(), signals.before());
+    }
     if (!quit_) fireDueTimers();
     std::erase(timers_, nullptr);
   }
+  quit_ = false;
 }
 
-void RunLoop::waitForNextTimer() const {
+std::optional<std::chrono::steady_clock::time_point> RunLoop::nextTick() const {
   std::optional<SteadyClock::time_point> next;
   for (const LoopTimer* timer : timers_)
     if (timer != nullptr && timer->due() && (!next || *timer->due() < *next)) next = timer->due();
-  timespec wait{};
-  if (next) {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::nanoseconds>(*next - SteadyClock::now()).count();
-    wait.tv_sec = std::max<long>(left, 0) / 1'000'000'000;
-    wait.tv_nsec = std::max<long>(left, 0) % 1'000'000'000;
-  }
-  sigset_t none;
-  sigemptyset(&none);
-  ppoll(nullptr, 0, next ? &wait : nullptr, &none);
+  return next;
 }
 
 void RunLoop::fireDueTimers() {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/time/Timer.h"
@@ -22,15 +24,15 @@ class RunLoop {
   /// Called before every wait, that is after every tick and every signal.
   void setWakeHandler(std::function<void()> handler) { wakeHandler_ = std::move(handler); }
 
-  /// Runs until `quit`. A signal handler that sets a flag interrupts the wait, so the wake handler sees it at
-  /// once.
+  /// Runs until `quit`; a `quit` before it ends it at once. A signal handler that sets a flag interrupts the
+  /// wait, so the wake handler sees it at once.
   void run();
   void quit() { quit_ = true; }
 
  private:
   class LoopTimer;
 
-  void waitForNextTimer() const;
+  std::optional<std::chrono::steady_clock::time_point> nextTick() const;
   void fireDueTimers();
 
   std::vector<LoopTimer*> timers_;

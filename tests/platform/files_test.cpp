@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <vector>
+
+#include "platform/base/TarnError.h"
+#include "platform/files/SystemFileSystem.h"
+#include "tests/support/TempFolder.h"
+
+namespace tarnlog {
+namespace {
+
+using test::TempFolder;
+
+struct Files : SystemFileSystem {
+  std::vector<std::string> failures;
+  Files() {
+    setWriteFailureHandler(
+        [this](const std::string&, const std::string& description) { failures.push_back(description); });
+  }
+};
+
+template <class Step>
+std::string failureOf(Step step) {
+  try {
+    step();
+  } catch (const TarnError& error) {
+    return error.description();
+  }
+  return "no failure";
+}
+
+/// No file may grow beyond this size: a disk that fills up in the middle of a row.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*handler_)(int);
+  rlimit before_{};
+};
+
+TEST(Files, PathsHaveOneSeparator) {
+  EXPECT_EQ(joinPath("/rec", "a.txt"), "/rec/a.txt");
+  EXPECT_EQ(joinPath("/rec/", "a.txt"), "/rec/a.txt");
+  EXPECT_EQ(joinPath("", "a.txt"), "a.txt");
+}
+
+TEST(Files, TextIsAppendedLineByLineInWindows1252) {
+  const TempFolder folder;
+  Files files;
+  files.openForAppending(folder / "a.txt")->writeLine("first");
+  const auto stream = files.openForAppending(folder / "a.txt");
+  stream->write("12 \u00B0C\t");
+  EXPECT_EQ(files.readAll(folder / "a.txt"), "first\r\n") << "a line goes out when it is whole";
+  stream->writeLine("\u20AC");
+  EXPECT_EQ(files.readAll(folder / "a.txt"),
+            "first\r\n12 \xB0"
+            "C\t\x80\r\n");
+}
+
+TEST(Files, WhatCannotBeOpenedSaysWhyAndWhere) {
+  const TempFolder folder;
+  Files files;
+  files.create(folder / "taken.xml");
+  EXPECT_EQ(failureOf([&] { files.create(folder / "taken.xml"); }), folder / "taken.xml: File exists");
+  EXPECT_EQ(failureOf([&] { files.readAll(folder / "none"); }), folder / "none: No such file or directory");
+  EXPECT_EQ(failureOf([&] { files.openForAppending(folder.path()); }), folder.path() + ": Is a directory");
+}
+
+TEST(Files, FullDiskIsToldWithTheSystemsText) {
+  Files files;
+  const auto stream = files.openForAppending("/dev/full");
+  EXPECT_EQ(failureOf([&] { stream->writeLine("row"); }), "/dev/full: No space left on device");
+  EXPECT_EQ(files.failures, std::vector<std::string>{"No space left on device"});
+}
+
+TEST(Files, RowsStayWholeWhenTheDiskFillsUpAndIsFreedAgain) {
+  const TempFolder folder;
+  Files files;
+  const auto stream = files.openForAppending(folder / "a.txt");
+  stream->writeLine("first row");
+  {
+    const FullDisk full(15);
+    EXPECT_NE(failureOf([&] { stream->writeLine("second row"); }), "no failure");
+  }
+  stream->writeLine("third row");
+  EXPECT_EQ(files.readAll(folder / "a.txt"), "first row\r\nthird row\r\n");
+  EXPECT_EQ(files.failures.size(), 1U);
+}
+
+TEST(Files, FileThatIsRemovedWhileWrittenIsToldOnce) {
+  const TempFolder folder;
+  Files files;
+  const auto stream = files.openForAppending(folder / "a.txt");
+  std::filesystem::remove(folder / "a.txt");
+  for (int i = 0; i < 30; ++i) stream->writeLine("row");
+  EXPECT_EQ(files.failures.size(), 1U);
+}
+
+TEST(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {
+  const TempFolder folder;
+  Files files;
+  files.replace(folder / "real", "old");
+  chmod((folder / "real").c_str(), 0640);
+  std::filesystem::create_symlink("real", folder / "link");
+  files.replace(folder / "link", "new");
+  EXPECT_EQ(files.readAll(folder / "real"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+  struct stat status {};
+  ASSERT_EQ(stat((folder / "real").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0640U);
+  {
+    const FullDisk full(2);
+    EXPECT_NE(failureOf([&] { files.replace(folder / "real", "newer"); }), "no failure");
+  }
+  EXPECT_EQ(files.readAll(folder / "real"), "new") << "a failed replacement leaves the old file";
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+}
+
+}  // namespace
+}  // namespace tarnlog

@@ -1,0 +1,75 @@
+#include "platform/time/RunLoop.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include "platform/time/Clock.h"
+
+namespace tarnlog {
+namespace {
+
+volatile std::sig_atomic_t stopAsked = 0;
+
+TEST(RunLoop, TicksUntilQuit) {
+  RunLoop loop;
+  const auto timer = loop.createTimer();
+  int ticks = 0;
+  int wakes = 0;
+  loop.setWakeHandler([&] { ++wakes; });
+  timer->setInterval(1);
+  timer->setTickHandler([&] {
+    timer->setEnabled(false);
+    timer->setEnabled(++ticks < 3);
+    if (ticks == 3) loop.quit();
+  });
+  timer->setEnabled(true);
+  loop.run();
+  EXPECT_EQ(ticks, 3);
+  EXPECT_GE(wakes, 3);
+}
+
+TEST(RunLoop, QuitBeforeRunEndsItAtOnce) {
+  RunLoop loop;
+  loop.quit();
+  loop.run();
+}
+
+TEST(RunLoop, SignalBetweenTheLookAndTheWaitIsNotLost) {
+  const auto before = std::signal(SIGUSR1, [](int) { stopAsked = 1; });
+  RunLoop loop;
+  bool raised = false;
+  loop.setWakeHandler([&] {
+    if (stopAsked != 0) return loop.quit();
+    if (!raised) std::raise(SIGUSR1);
+    raised = true;
+  });
+  loop.run();  // without a timer it waits for ever, unless the signal gets through
+  std::signal(SIGUSR1, before);
+  EXPECT_TRUE(raised);
+}
+
+TEST(RunLoop, TimerMayBeMadeAndReleasedInATick) {
+  RunLoop loop;
+  auto first = loop.createTimer();
+  auto second = loop.createTimer();
+  std::unique_ptr<Timer> third;
+  first->setTickHandler([&] {
+    second.reset();
+    third = loop.createTimer();
+    third->setTickHandler([&] { loop.quit(); });
+    third->setEnabled(true);
+    first->setEnabled(false);
+  });
+  second->setTickHandler([] { FAIL() << "a released timer ticked"; });
+  first->setEnabled(true);
+  loop.run();
+}
+
+TEST(Clock, DifferencesPassTheWrap) {
+  EXPECT_EQ(millisecondsBetween(0xFFFFFFF0U, 0x10U), 32);
+  EXPECT_EQ(millisecondsBetween(0x10U, 0xFFFFFFF0U), -32);
+}
+
+}  // namespace
+}  // namespace tarnlog

@@ -1,0 +1,165 @@
+#pragma once
+
+#include <deque>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/ferrox3/Session.h"
+#include "platform/text/Numbers.h"
+#include "tests/support/Script.h"
+
+namespace tarnlog::test {
+
+class ScriptedDevice : public ferrox3::Device {
+ public:
+  explicit ScriptedDevice(std::string name) : name_(std::move(name)) {}
+  const std::string& name() const override { return name_; }
+
+ private:
+  std::string name_;
+};
+
+class ScriptedEnumeration : public ferrox3::Enumeration {
+ public:
+  using Entry = std::pair<std::string, std::int32_t>;
+  explicit ScriptedEnumeration(std::vector<Entry> entries) : entries_(std::move(entries)) {}
+
+  std::int32_t Count() const override { return static_cast<std::int32_t>(entries_.size()); }
+  std::string label(std::int32_t position) const override {
+    return entries_.at(static_cast<std::size_t>(position) - 1).first;
+  }
+  std::int32_t value(std::string_view label) const override {
+    for (const auto& [text, value] : entries_)
+      if (text == label) return value;
+    throw TarnError(1, "Scripted", "no such label");
+  }
+  const std::string* labelOf(std::int32_t wanted) const {
+    for (const auto& [text, value] : entries_)
+      if (value == wanted) return &text;
+    return nullptr;
+  }
+
+ private:
+  std::vector<Entry> entries_;
+};
+
+/// A data item whose values the test decides. The `with...` operations give the item back for chaining.
+class ScriptedData : public ferrox3::DataItem {
+ public:
+  ScriptedData(ferrox3::Request& request, std::string name, std::int32_t typeCode, std::string unit,
+               double minimum, double maximum)
+      : request_(request),
+        name_(std::move(name)),
+        unit_(std::move(unit)),
+        typeCode_(typeCode),
+        minimum_(minimum),
+        maximum_(maximum) {
+    if (typeCode == ferrox3::kInteger)
+      setValue(std::int32_t{0});
+    else if (typeCode == ferrox3::kString)
+      setValue(std::string());
+    else if (typeCode == ferrox3::kByteArray)
+      setValue(ferrox3::Bytes());
+    else
+      setValue(0.0);
+  }
+
+  ScriptedData& unreadable() {
+    readable_ = false;
+    return *this;
+  }
+  ScriptedData& withDevice(std::string name, bool failure = false) {
+    device_ = std::make_unique<ScriptedDevice>(std::move(name));
+    failure_ = failure;
+    return *this;
+  }
+  ScriptedData& withLabels(std::vector<ScriptedEnumeration::Entry> labels) {
+    enumeration_ = std::make_unique<ScriptedEnumeration>(std::move(labels));
+    return *this;
+  }
+  /// Reading this property ("name", "unit", "minimum", "maximum", "typeCode", "device", "enumeration",
+  /// "readable") raises from now on.
+  ScriptedData& raisingAt(std::string property) {
+    raisingAt_ = std::move(property);
+    return *this;
+  }
+
+  /// The value from now on; without a text, the text is the label of an integer or the value written out.
+  void setValue(ferrox3::Value value, std::optional<std::string> text = std::nullopt) {
+    value_ = std::move(value);
+    text_ = text ? *std::move(text) : textOf(value_);
+  }
+  /// One of these at each send of the request; the last one stays.
+  void queue(std::initializer_list<ferrox3::Value> values) {
+    for (const ferrox3::Value& value : values) queue_.push_back(value);
+  }
+  void takeQueued() {
+    if (queue_.empty()) return;
+    setValue(std::move(queue_.front()));
+    queue_.pop_front();
+  }
+
+  const std::string& name() const override { return checked("name", name_); }
+  bool readable() const override { return checked("readable", readable_); }
+  std::int32_t typeCode() const override { return checked("typeCode", typeCode_); }
+  double minimum() const override { return checked("minimum", minimum_); }
+  double maximum() const override { return checked("maximum", maximum_); }
+  const std::string& unit() const override { return checked("unit", unit_); }
+  const ferrox3::Device* device() const override { return checked("device", device_).get(); }
+  const ferrox3::Enumeration* enumeration() const override {
+    return checked("enumeration", enumeration_).get();
+  }
+  bool failure() const override { return failure_; }
+  ferrox3::Request& request() const override { return request_; }
+  const ferrox3::Value& value() const override { return value_; }
+  const std::string& valueText() const override { return text_; }
+
+ private:
+  template <class T>
+  const T& checked(const char* property, const T& value) const {
+    if (!raisingAt_.empty() && raisingAt_ == property)
+      throw TarnError(1, "Scripted", std::string("no ") + property);
+    return value;
+  }
+
+  std::string textOf(const ferrox3::Value& value) const {
+    std::string text;
+    if (const auto* integer = std::get_if<std::int32_t>(&value)) {
+      const std::string* const label = enumeration_ ? enumeration_->labelOf(*integer) : nullptr;
+      text = label ? *label : std::to_string(*integer);
+    } else if (const auto* number = std::get_if<double>(&value)) {
+      appendNumber(text, *number, '.');
+    } else if (const auto* string = std::get_if<std::string>(&value)) {
+      text = *string;
+    } else {
+      static const char* const kDigits = "0123456789ABCDEF";
+      for (const std::uint8_t byte : std::get<ferrox3::Bytes>(value)) {
+        if (!text.empty()) text += ' ';
+        text += kDigits[byte >> 4];
+        text += kDigits[byte & 15];
+      }
+    }
+    return text;
+  }
+
+  ferrox3::Request& request_;
+  std::string name_;
+  std::string unit_;
+  std::int32_t typeCode_;
+  bool readable_ = true;
+  bool failure_ = false;
+  double minimum_;
+  double maximum_;
+  std::unique_ptr<ScriptedDevice> device_;
+  std::unique_ptr<ScriptedEnumeration> enumeration_;
+  std::string raisingAt_;
+  ferrox3::Value value_;
+  std::string text_;
+  std::deque<ferrox3::Value> queue_;
+};
+
+}  // namespace tarnlog::test

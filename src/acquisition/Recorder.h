@@ -54,6 +54,7 @@ class Recorder {
   void forgetRequests() { startPending_ = stopRequested_ = false; }
 
   bool recording() const { return recording_; }
+  bool startPending() const { return startPending_; }
   std::int32_t finishedRecordings() const { return finishedRecordings_; }
   std::uint64_t rowsWritten() const { return rowsWritten_; }
 

@@ -86,6 +86,8 @@ class TarnAcq {
 
   State AcqState() const { return state_; }
   bool Recording() const { return recorder_.recording(); }
+  /// A record file has been opened; recording begins with the next cycle.
+  bool startPending() const { return recorder_.startPending(); }
   /// Recordings that have ended since the acquisition started.
   std::int32_t finishedRecordings() const { return recorder_.finishedRecordings(); }
   /// A row has been read since the acquisition started, so that a start or an event would be honoured.

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <stdexcept>
+
+namespace tarnlog::record {
+
+/// What a command ends with.
+enum ExitCode { kDone = 0, kFailed = 1, kBadInput = 2 };
+
+/// The user gave something that cannot be used; the text says what and what was expected.
+class BadInput : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace tarnlog::record

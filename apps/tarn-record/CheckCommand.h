@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "apps/tarn-record/LoadedConfiguration.h"
+
+namespace tarnlog::record {
+
+/// What loads, and what this vehicle does not offer, by name.
+std::string checkReport(const LoadedConfiguration& configuration);
+
+}  // namespace tarnlog::record

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "catalogue/SessionDocument.h"
+#include "config/LoadReport.h"
+#include "config/oTarnParameters.h"
+#include "platform/files/FileSystem.h"
+#include "platform/settings/SettingsStore.h"
+
+namespace tarnlog::record {
+
+/// A configuration as this vehicle can run it, and what it lacks.
+struct LoadedConfiguration {
+  std::shared_ptr<oTarnParameters> parameters;
+  LoadReport report;
+  bool startTriggerLost = false;  ///< it watched an item that is not offered; it is manual now
+  bool stopTriggerLost = false;
+};
+
+/// Raises the loader's TarnError when the file is not a configuration.
+LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
+                                      const std::string& file, const SessionDocument& session);
+
+/// One line for each thing that this vehicle does not offer.
+std::vector<std::string> lackingLines(const LoadedConfiguration& configuration);
+
+}  // namespace tarnlog::record

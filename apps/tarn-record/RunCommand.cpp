@@ -1,0 +1,134 @@
+#include "apps/tarn-record/RunCommand.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "acquisition/TarnAcq.h"
+#include "apps/tarn-record/BadInput.h"
+#include "apps/tarn-record/ConsoleScreen.h"
+#include "apps/tarn-record/LoadedConfiguration.h"
+#include "apps/tarn-record/ProgressLine.h"
+#include "apps/tarn-record/RunDirector.h"
+#include "apps/tarn-record/Signals.h"
+#include "apps/tarn-record/Stylesheet.h"
+#include "host/link/SystemLinkClock.h"
+#include "host/vehicle/Vehicle.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/settings/FileSettingsStore.h"
+#include "platform/time/RunLoop.h"
+#include "platform/time/SystemClock.h"
+
+namespace tarnlog::record {
+
+namespace {
+
+/// A folder named on the command line is made when missing: whoever names it wants the files there.
+void useFolder(oTarnParameters& parameters, const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw BadInput("--folder " + folder + ": " + error.message());
+  parameters.fileFolder = folder;
+}
+
+void applyOptions(oTarnParameters& parameters, const RunOptions& options) {
+  if (options.folder) useFolder(parameters, *options.folder);
+  if (options.format) parameters.fileFormat = *options.format;
+  if (options.period) parameters.recordingPeriod = *options.period;
+  if (options.prefix) parameters.filePrefix = *options.prefix;
+}
+
+RunLimits limitsOf(const RunOptions& options, const oTarnParameters& parameters) {
+  RunLimits limits;
+  limits.startManually = parameters.startTrigger->typeTrigger != oTarnTrigger::kChannel;
+  limits.duration = options.duration;
+  limits.recordings = options.recordings;
+  if (limits.startManually && !limits.recordings) limits.recordings = 1;
+  return limits;
+}
+
+/// One run: the recorder, what it stands on, and who presses its buttons.
+class Run {
+ public:
+  explicit Run(const RunOptions& options)
+      : options_(options),
+        progress_(clock_, ::isatty(STDERR_FILENO) != 0),
+        screen_([this](std::string_view line) { progress_.print(line); }),
+        timer_(loop_.createTimer()),
+        vehicle_(host::openVehicle(options.vehicle, files_, systemLocale(), linkClock_,
+                                   [this] { progress_.show(*acq_, screen_); })) {
+    acq_ = std::make_unique<TarnAcq>(
+        AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
+    files_.setWriteFailureHandler(
+        [this](const std::string& path, const std::string& why) { noteFailure(path, why); });
+    acq_->setAcqStoppedHandler([this] { loop_.quit(); });
+    acq_->setFileFinishedHandler([](const std::string& path) {
+      std::printf("%s\n", path.c_str());
+      std::fflush(stdout);
+    });
+  }
+
+  int run() {
+    const LoadedConfiguration configuration = load();
+    acq_->setSession(&vehicle_->session());
+    acq_->StartReadingData(configuration.parameters);
+    RunDirector director(*acq_, clock_, limitsOf(options_, *configuration.parameters));
+    loop_.setWakeHandler([&] {
+      director.step(Signals::stopRequested(), Signals::takeEvent());
+      progress_.show(*acq_, screen_);
+    });
+    loop_.run();
+    loop_.setWakeHandler(nullptr);
+    progress_.clear();
+    return conclude(director);
+  }
+
+ private:
+  LoadedConfiguration load() {
+    const SessionDocument session = BuildSessionDocument(vehicle_->session());
+    const FileSettingsStore settings(files_, FileSettingsStore::defaultPath());
+    LoadedConfiguration configuration = loadConfiguration(files_, settings, options_.config, session);
+    for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
+    if (configuration.parameters->Count() == 0)
+      throw BadInput(options_.config + ": no data to acquire, this vehicle offers none of the data");
+    applyOptions(*configuration.parameters, options_);
+    return configuration;
+  }
+
+  /// Said at once, and again only for another file: the recorder goes on polling meanwhile.
+  void noteFailure(const std::string& path, const std::string& why) {
+    if (path == failedPath_) return;
+    failedPath_ = path;
+    progress_.print("tarn-record: write failed: " + path + ": " + why);
+  }
+
+  int conclude(const RunDirector& director) {
+    if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
+    if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
+      progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");
+    return !failedPath_.empty() || screen_.openFailed() || director.nothingArrived() ? kFailed : kDone;
+  }
+
+  const RunOptions& options_;
+  SystemClock clock_;
+  host::SystemLinkClock linkClock_;
+  SystemFileSystem files_;
+  ProgressLine progress_;
+  ConsoleScreen screen_;
+  RunLoop loop_;
+  std::unique_ptr<Timer> timer_;
+  std::unique_ptr<host::OpenedVehicle> vehicle_;
+  std::unique_ptr<TarnAcq> acq_;
+  std::string failedPath_;
+};
+
+}  // namespace
+
+int run(const RunOptions& options) {
+  Signals::install();
+  return Run(options).run();
+}
+
+}  // namespace tarnlog::record

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tarnlog::record {
+
+struct RunOptions {
+  std::string vehicle;
+  std::string config;
+  std::optional<std::string> folder;
+  std::optional<std::string> format;
+  std::optional<std::int32_t> period;
+  std::optional<std::string> prefix;
+  std::optional<std::int32_t> duration;
+  std::optional<std::int32_t> recordings;
+};
+
+/// Records until a limit, a signal or the configuration's stop ends it. Log lines and errors go to standard
+/// error, the path of each finished file to standard output. Returns the exit code; raises BadInput and
+/// TarnErrors before it starts.
+int run(const RunOptions& options);
+
+}  // namespace tarnlog::record

@@ -1,0 +1,191 @@
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "apps/tarn-record/BadInput.h"
+#include "apps/tarn-record/CheckCommand.h"
+#include "apps/tarn-record/ListCommand.h"
+#include "apps/tarn-record/LoadedConfiguration.h"
+#include "apps/tarn-record/NewCommand.h"
+#include "apps/tarn-record/RepairCommand.h"
+#include "apps/tarn-record/RunCommand.h"
+#include "apps/tarn-record/Stylesheet.h"
+#include "host/link/SystemLinkClock.h"
+#include "host/vehicle/Vehicle.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/settings/FileSettingsStore.h"
+
+namespace {
+
+using namespace tarnlog;
+using namespace tarnlog::record;
+
+/// The session of a vehicle description, without sending anything.
+class OfflineVehicle {
+ public:
+  explicit OfflineVehicle(const std::string& path)
+      : vehicle_(host::openVehicle(path, files_, systemLocale(), clock_, {})),
+        session_(BuildSessionDocument(vehicle_->session())) {}
+
+  SystemFileSystem& files() { return files_; }
+  const SessionDocument& session() const { return session_; }
+
+ private:
+  SystemFileSystem files_;
+  host::SystemLinkClock clock_;
+  std::unique_ptr<host::OpenedVehicle> vehicle_;
+  SessionDocument session_;
+};
+
+void print(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+void addVehicle(CLI::App& command, std::string& vehicle) {
+  command.add_option("--vehicle", vehicle, "Vehicle description (JSON)")->required()->type_name("FILE");
+}
+
+std::function<int()> addRun(CLI::App& app, RunOptions& options) {
+  CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
+  addVehicle(command, options.vehicle);
+  command.add_option("--config", options.config, "Recording configuration (XML)")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--folder", options.folder, "Write the files here; made when missing")->type_name("DIR");
+  command.add_option("--format", options.format, "File format")->check(CLI::IsMember({".txt", ".xml"}));
+  command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
+      ->check(CLI::Range(0, 2147483))
+      ->type_name("S");
+  command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
+  command.add_option("--duration", options.duration, "End the run S seconds after the first data")
+      ->check(CLI::Range(1, 2147483))
+      ->type_name("S");
+  command
+      .add_option("--recordings", options.recordings,
+                  "End the run after N recordings (default: 1 when the start is manual, else no limit)")
+      ->check(CLI::Range(1, 1000000000))
+      ->type_name("N");
+  command.footer(
+      "Signals: INT and TERM stop like the stop button, a second one leaves at once; USR1 is the event "
+      "button.\n"
+      "Example:\n"
+      "  tarn-record run --vehicle examples/road-car.vehicle.json --config examples/road-car.xml \\\n"
+      "      --folder recordings --duration 60");
+  return [&options] { return run(options); };
+}
+
+struct ListOptions {
+  std::string vehicle;
+  std::string filter;
+  bool json = false;
+};
+
+std::function<int()> addList(CLI::App& app, ListOptions& options) {
+  CLI::App& command = *app.add_subcommand("list", "Show the data that a vehicle offers");
+  addVehicle(command, options.vehicle);
+  command.add_option("--filter", options.filter, "Only where name, request, ECU or unit contains this")
+      ->type_name("TEXT");
+  command.add_flag("--json", options.json, "As JSON");
+  command.footer("Example:\n  tarn-record list --vehicle examples/road-car.vehicle.json --filter temp");
+  return [&options] {
+    print(catalogueList(OfflineVehicle(options.vehicle).session(), options.filter, options.json));
+    return kDone;
+  };
+}
+
+struct CheckOptions {
+  std::string vehicle;
+  std::string config;
+};
+
+std::function<int()> addCheck(CLI::App& app, CheckOptions& options) {
+  CLI::App& command = *app.add_subcommand("check", "Show what of a configuration a vehicle can record");
+  addVehicle(command, options.vehicle);
+  command.add_option("--config", options.config, "Recording configuration (XML)")
+      ->required()
+      ->type_name("FILE");
+  command.footer(
+      "Example:\n"
+      "  tarn-record check --vehicle examples/road-car.vehicle.json --config examples/road-car.xml");
+  return [&options] {
+    OfflineVehicle vehicle(options.vehicle);
+    const FileSettingsStore settings(vehicle.files(), FileSettingsStore::defaultPath());
+    print(checkReport(loadConfiguration(vehicle.files(), settings, options.config, vehicle.session())));
+    return kDone;
+  };
+}
+
+struct NewOptions {
+  std::string vehicle;
+  std::vector<std::string> data;
+  std::string output;
+};
+
+std::function<int()> addNew(CLI::App& app, NewOptions& options) {
+  CLI::App& command = *app.add_subcommand("new", "Write a configuration that records the named data");
+  addVehicle(command, options.vehicle);
+  command.add_option("--data", options.data, "Data to record, as `list` names them")
+      ->required()
+      ->type_name("ECU/REQUEST/DATA");
+  command.add_option("--output", options.output, "Configuration file to write (replaced when it exists)")
+      ->required()
+      ->type_name("FILE");
+  command.footer(
+      "Example:\n"
+      "  tarn-record new --vehicle car.vehicle.json --data \"Engine/Engine speed/Engine speed\" --output "
+      "car.xml");
+  return [&options] {
+    OfflineVehicle vehicle(options.vehicle);
+    oTarnParameters parameters(FileSettingsStore(vehicle.files(), FileSettingsStore::defaultPath()));
+    addNamedData(parameters, vehicle.session(), options.data);
+    parameters.SaveXmlConfiguration(vehicle.files(), options.output, kStylesheetUrl);
+    return kDone;
+  };
+}
+
+std::function<int()> addRepair(CLI::App& app, std::string& file) {
+  CLI::App& command = *app.add_subcommand("repair", "Close an XML record file whose recording was killed");
+  command.add_option("FILE", file, "XML record or event file")->required();
+  command.footer("Example:\n  tarn-record repair recordings/16-11-26_19h05mn07.xml");
+  return [&file] {
+    SystemFileSystem files;
+    print(repairFile(files, file));
+    return kDone;
+  };
+}
+
+int runChosen(CLI::App& app, const std::vector<std::function<int()>>& actions) {
+  try {
+    for (std::size_t i = 0; i < actions.size(); ++i)
+      if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
+    return kBadInput;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "tarn-record: %s\n", error.what());
+    return kBadInput;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app("Records the diagnostic data of a vehicle's control units");
+  app.require_subcommand(1);
+  app.set_version_flag("--version", TARNLOG_VERSION);
+  app.footer(
+      "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input. `man tarn-record` tells more.");
+  RunOptions runOptions;
+  ListOptions listOptions;
+  CheckOptions checkOptions;
+  NewOptions newOptions;
+  std::string repairFileName;
+  const std::vector<std::function<int()>> actions = {addRun(app, runOptions), addList(app, listOptions),
+                                                     addCheck(app, checkOptions), addNew(app, newOptions),
+                                                     addRepair(app, repairFileName)};
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kBadInput;
+  }
+  return runChosen(app, actions);
+}

@@ -27,7 +27,7 @@ std::vector<std::string> lackingLines(const LoadedConfiguration& configuration) 
   std::vector<std::string> lines;
   for (const LoadReport::Dropped& data : configuration.report.data)
     lines.push_back(fmt::format(
-        data.duplicate ? "configured twice, taken once: {}/{}/{}" : "not offered by this vehicle: {}/{}/{}",
+        "{}: {}/{}/{}", data.duplicate ? "configured twice, taken once" : "not offered by this vehicle",
         data.ecu, data.request, data.data));
   for (const LoadReport::Dropped& request : configuration.report.scenarioRequests)
     lines.push_back(fmt::format("init scenario request not offered by this vehicle: {}/{}", request.ecu,

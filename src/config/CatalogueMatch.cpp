@@ -6,6 +6,15 @@
 
 namespace tarnlog {
 
+namespace {
+
+void note(const oTarnScope& scope, bool duplicate, LoadReport* report) {
+  if (report != nullptr)
+    report->data.push_back({scope.EcuName, scope.RequestName, scope.DataName, duplicate});
+}
+
+}  // namespace
+
 bool takeFromCatalogue(oTarnScope& scope, const SessionDocument& session) {
   const XmlElement data =
       FindSessionData(session, scope.EcuName, scope.RequestName, scope.DataName, scope.FunctionAddress);
@@ -19,15 +28,6 @@ bool takeFromCatalogue(oTarnScope& scope, const SessionDocument& session) {
   scope.FunctionAddress = leadingInteger(ecu.attributeOrEmpty("address"));
   return true;
 }
-
-namespace {
-
-void note(const oTarnScope& scope, bool duplicate, LoadReport* report) {
-  if (report != nullptr)
-    report->data.push_back({scope.EcuName, scope.RequestName, scope.DataName, duplicate});
-}
-
-}  // namespace
 
 void reportUnknown(const oTarnScope& scope, LoadReport* report) { note(scope, false, report); }
 

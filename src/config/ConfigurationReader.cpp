@@ -1,50 +1,68 @@
 #include "config/ConfigurationReader.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "config/CatalogueMatch.h"
-#include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
 
 namespace {
 
-constexpr const char* kLoadError = "LoadXmlConfiguration load error";
-
-std::optional<std::int16_t> shortAddress(XmlElement request) {
-  const auto text = request.attribute("Address");
-  const auto number = text ? wholeInteger(*text) : std::nullopt;
-  using Limits = std::numeric_limits<std::int16_t>;
-  if (!number || *number < Limits::min() || *number > Limits::max()) return std::nullopt;
-  return static_cast<std::int16_t>(*number);
+void readChildText(XmlElement element, const char* name, std::string& text) {
+  if (const XmlElement child = element.firstChild(name)) text = child.text();
 }
 
-void readScenarioRequest(oScenario& scenario, XmlElement request, const SessionDocument& session,
+void readText(XmlElement element, const char* name, std::string& text) {
+  if (const auto value = element.attribute(name)) text = *value;
+}
+
+/// None when it is no number, or does not fit: an address that is cut off would reach another ECU.
+std::optional<std::int16_t> scenarioAddress(XmlElement request) {
+  const auto value = wholeInteger(request.attributeOrEmpty("Address"));
+  using Limits = std::numeric_limits<std::int16_t>;
+  if (!value || *value < Limits::min() || *value > Limits::max()) return std::nullopt;
+  return static_cast<std::int16_t>(*value);
+}
+
+void readScenarioRequest(oScenario& scenario, XmlElement element, const SessionDocument& session,
                          LoadReport* report) {
-  const std::string name(request.attributeOrEmpty("Name"));
-  const std::string ecuName(request.attributeOrEmpty("EcuName"));
-  const auto address = shortAddress(request);
-  const XmlElement known = name.empty() || ecuName.empty() || !address
+  const std::string name(element.attributeOrEmpty("Name"));
+  const std::string ecuName(element.attributeOrEmpty("EcuName"));
+  const auto address = scenarioAddress(element);
+  const XmlElement found = name.empty() || ecuName.empty() || !address
                                ? XmlElement()
                                : FindSessionRequest(session, ecuName, name, *address);
-  if (known)
-    scenario.Add(name, std::string(known.parent().attributeOrEmpty("name")), *address);
+  if (found)
+    scenario.Add(name, std::string(found.parent().attributeOrEmpty("name")), *address);
   else if (report != nullptr)
     report->scenarioRequests.push_back({ecuName, name, "", false});
 }
 
-void readRecording(oTarnParameters& parameters, XmlElement recording) {
-  if (const auto period = recording.attribute("period"))
-    if (const auto seconds = wholeInteger(*period); seconds && *seconds >= 0)
-      parameters.recordingPeriod = *seconds;
-  const XmlElement file = recording.firstChild("File");
-  if (const auto prefix = file.attribute("prefix")) parameters.filePrefix = *prefix;
-  if (const auto folder = file.attribute("folder")) parameters.fileFolder = *folder;
-  if (const auto format = file.attribute("format")) parameters.fileFormat = *format;
+}  // namespace
+
+void ReadXmlParameters(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
+                       LoadReport* report) {
+  const XmlElement element = root.firstChild("Parameters");
+  if (!element) return;
+  readChildText(element, "Comment", parameters.userDescription);
+  readChildText(element, "StartSession", parameters.startSession);
+  parameters.initScenario = std::make_shared<oScenario>();
+  for (const XmlElement request : element.selectNodes("InitScenario/Request"))
+    skipOnFailure([&] { readScenarioRequest(*parameters.initScenario, request, session, report); });
+  parameters.setRecordingPeriod(element.firstChild("Recording").attributeOrEmpty("period"));
+  const XmlElement file = element.selectSingleNode("Recording/File");
+  readText(file, "prefix", parameters.filePrefix);
+  readText(file, "folder", parameters.fileFolder);
+  readText(file, "format", parameters.fileFormat);
+  parameters.startTrigger->ReadTriggerStart(element);
+  parameters.stopTrigger->ReadTriggerStop(element);
+  ReadXmlDatas(parameters, root, session, report);
 }
 
 void ReadXmlDatas(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
@@ -57,56 +75,6 @@ void ReadXmlDatas(oTarnParameters& parameters, XmlElement root, const SessionDoc
     else
       reportUnknown(*scope, report);
   }
-}
-
-XmlDocument parsed(const FileSystem& files, const std::string& fileName) {
-  std::string bytes;
-  try {
-    bytes = files.readAll(fileName);
-  } catch (const TarnError& error) {
-    throw TarnError(1, kLoadError, "File : " + fileName + ", Reason : " + error.description());
-  }
-  XmlDocument document;
-  if (const auto error = document.parse(bytes)) {
-    std::string description = "File : " + fileName;
-    if (error->line != 0)
-      description +=
-          ", Line : " + std::to_string(error->line) + ", LinePos : " + std::to_string(error->position);
-    throw TarnError(1, kLoadError, description + ", Reason : " + error->reason);
-  }
-  return document;
-}
-
-}  // namespace
-
-void ReadXmlParameters(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
-                       LoadReport* report) {
-  const XmlElement element = root.firstChild("Parameters");
-  if (!element) return;
-  if (const XmlElement comment = element.firstChild("Comment")) parameters.userDescription = comment.text();
-  if (const XmlElement start = element.firstChild("StartSession")) parameters.startSession = start.text();
-  parameters.initScenario = std::make_shared<oScenario>();
-  for (const XmlElement request : element.selectNodes("InitScenario/Request"))
-    readScenarioRequest(*parameters.initScenario, request, session, report);
-  readRecording(parameters, element.firstChild("Recording"));
-  parameters.startTrigger->ReadTriggerStart(element);
-  parameters.stopTrigger->ReadTriggerStop(element);
-  ReadXmlDatas(parameters, root, session, report);
-}
-
-void oTarnParameters::LoadXmlConfiguration(const FileSystem& files, const std::string& fileName,
-                                           const SessionDocument& session, LoadReport* report) {
-  const XmlDocument document = parsed(files, fileName);
-  const XmlElement root = document.selectSingleNode("Tarnlog2000");
-  if (!root) throw TarnError(1, kLoadError, "the file " + fileName + " is not a Tarnlog file");
-  std::string version(root.attributeOrEmpty("Version"));
-  std::replace(version.begin(), version.end(), ',', '.');
-  if (version == "2.0")
-    ReadXmlParameters(*this, root, session, report);
-  else if (version == "1.0")
-    ReadXmlConfigV1(*this, root, session, report);
-  else
-    throw TarnError(1, kLoadError, "File " + fileName + " : Unknown Tarnlog version (" + version + ")");
 }
 
 }  // namespace tarnlog

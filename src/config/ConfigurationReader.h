@@ -5,15 +5,17 @@
 #include "config/oTarnParameters.h"
 #include "platform/xml/XmlDocument.h"
 
+/// Reads a configuration file of version 2.0 into a configuration. `root` is the file's root element. A value
+/// that is absent or cannot be read leaves the old one; nothing stops the reading. `report` may be null.
 namespace tarnlog {
 
-/// Version 2.0: reads the root element into the configuration. What is missing leaves what was there;
-/// `report` may be null.
+/// Everything that the file holds, data items included; nothing at all when it has no "Parameters".
 void ReadXmlParameters(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
                        LoadReport* report);
 
-/// Version 1.0, which only drew graphs: every known item becomes a Graph with the file's colour and points.
-void ReadXmlConfigV1(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
-                     LoadReport* report);
+/// Appends the data items that the session offers. They keep the `index` of the file, so a dropped one leaves
+/// a gap.
+void ReadXmlDatas(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
+                  LoadReport* report);
 
 }  // namespace tarnlog

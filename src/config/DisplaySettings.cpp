@@ -1,5 +1,7 @@
 #include "config/DisplaySettings.h"
 
+#include <algorithm>
+#include <limits>
 #include <string_view>
 
 #include "platform/text/Numbers.h"
@@ -14,8 +16,11 @@ void read(XmlElement element, const char* name, std::string& value) {
 void read(XmlElement element, const char* name, double& value) {
   if (const auto text = element.attribute(name)) value = leadingNumber(*text);
 }
+/// A number beyond the range of the type becomes the nearest that there is.
 void read(XmlElement element, const char* name, float& value) {
-  if (const auto text = element.attribute(name)) value = static_cast<float>(leadingNumber(*text));
+  constexpr double largest = std::numeric_limits<float>::max();
+  if (const auto text = element.attribute(name))
+    value = static_cast<float>(std::clamp(leadingNumber(*text), -largest, largest));
 }
 void read(XmlElement element, const char* name, std::int32_t& value) {
   if (const auto text = element.attribute(name)) value = leadingInteger(*text);

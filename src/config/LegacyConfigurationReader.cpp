@@ -1,42 +1,45 @@
+#include "config/LegacyConfigurationReader.h"
+
+#include <cstdint>
 #include <memory>
-#include <optional>
+#include <string>
 #include <utility>
 
 #include "config/CatalogueMatch.h"
-#include "config/ConfigurationReader.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
 
 namespace {
 
-std::optional<std::int32_t> integerOf(XmlElement root, const char* name) {
-  const XmlElement element = root.firstChild(name);
-  return element ? wholeInteger(element.text()) : std::nullopt;
+std::string childText(XmlElement element, const char* name) { return element.firstChild(name).text(); }
+
+std::unique_ptr<oTarnScope> readIdentity(XmlElement element) {
+  auto scope = std::make_unique<oTarnScope>();
+  scope->DataName = childText(element, "Name");
+  scope->RequestName = childText(element, "Requete");
+  scope->EcuName = childText(element, "UCE");
+  scope->FunctionName = childText(element, "Fonction");
+  return scope;
 }
 
 }  // namespace
 
 void ReadXmlConfigV1(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
                      LoadReport* report) {
-  if (const auto period = integerOf(root, "Interval"); period && *period >= 0)
-    parameters.recordingPeriod = *period;
-  const std::int32_t colour = integerOf(root, "PlotColor").value_or(0);
-  const std::int32_t points = integerOf(root, "PointsToDisplay").value_or(0);
-  std::int32_t next = 1;
-  for (const XmlElement data : root.selectNodes("Datas/Data")) {
-    auto scope = std::make_unique<oTarnScope>();
-    scope->DataName = data.firstChild("Name").text();
-    scope->RequestName = data.firstChild("Requete").text();
-    scope->EcuName = data.firstChild("UCE").text();
-    scope->FunctionName = data.firstChild("Fonction").text();
+  parameters.setRecordingPeriod(childText(root, "Interval"));
+  const std::int32_t color = wholeInteger(childText(root, "PlotColor")).value_or(0);
+  const std::int32_t points = wholeInteger(childText(root, "PointsToDisplay")).value_or(0);
+  std::int32_t index = 1;
+  for (const XmlElement element : root.selectNodes("Datas/Data")) {
+    auto scope = readIdentity(element);
     if (!takeFromCatalogue(*scope, session)) {
       reportUnknown(*scope, report);
       continue;
     }
-    scope->index = next;
-    scope->SetGraph("", true, 0, 100, points, colour);
-    if (addOnce(parameters, std::move(scope), report)) ++next;
+    scope->index = index;
+    scope->SetGraph("", true, 0, 100, points, color);
+    if (addOnce(parameters, std::move(scope), report)) ++index;
   }
 }
 

@@ -7,44 +7,50 @@ namespace tarnlog {
 
 namespace {
 
-/// Where a stored index is shared by several items, triggers watch the last one and curves go to the first.
-struct PositionsByIndex {
-  std::unordered_map<std::int32_t, std::int32_t> first;
-  std::unordered_map<std::int32_t, std::int32_t> last;
+/// From numbers of the file to positions; 0 for a number that no item has.
+class Positions {
+ public:
+  /// A later item replaces an earlier one of the same number only when `replace` says so.
+  void note(std::int32_t stored, std::int32_t position, bool replace) {
+    const bool added = positions_.emplace(stored, position).second;
+    if (!added && replace) positions_[stored] = position;
+  }
+  std::int32_t of(std::int32_t stored) const {
+    const auto found = positions_.find(stored);
+    return found == positions_.end() ? 0 : found->second;
+  }
+
+ private:
+  std::unordered_map<std::int32_t, std::int32_t> positions_;
 };
 
-std::int32_t lookUp(const std::unordered_map<std::int32_t, std::int32_t>& positions, std::int32_t index) {
-  const auto found = positions.find(index);
-  return found == positions.end() ? 0 : found->second;
-}
-
-void mapTrigger(oTarnTrigger& trigger, const PositionsByIndex& positions) {
+void mapTrigger(oTarnTrigger& trigger, const Positions& watched) {
   if (trigger.typeTrigger != oTarnTrigger::kChannel) return;
-  const std::int32_t position = lookUp(positions.last, trigger.DataIndex);
-  if (position == 0) trigger.typeTrigger = oTarnTrigger::kManual;
-  trigger.DataIndex = position;
+  const std::int32_t position = watched.of(trigger.DataIndex);
+  if (position == 0)
+    trigger.typeTrigger = oTarnTrigger::kManual;
+  else
+    trigger.DataIndex = position;
 }
 
 }  // namespace
 
 void mapStoredReferences(oTarnParameters& parameters) {
-  PositionsByIndex positions;
+  // Files may give several items the same number: a trigger then watches the last of them, a curve is drawn
+  // on the first that is a Graph.
+  Positions watched, graphs;
   std::int32_t position = 0;
-  for (oTarnScope& scope : parameters) {
-    ++position;
-    positions.first.emplace(scope.index, position);
-    positions.last[scope.index] = position;
+  for (const oTarnScope& scope : parameters) {
+    watched.note(scope.index, ++position, true);
+    if (scope.ScopeType() == oTarnScope::kGraph) graphs.note(scope.index, position, false);
   }
+  mapTrigger(*parameters.startTrigger, watched);
+  mapTrigger(*parameters.stopTrigger, watched);
   position = 0;
   for (oTarnScope& scope : parameters) {
+    if (std::int32_t* const reference = scope.graphReference()) *reference = graphs.of(*reference);
     scope.index = ++position;
-    if (scope.ScopeType() == oTarnScope::kGraphIndex)
-      scope.oTarnGraphIndex->index = lookUp(positions.first, scope.oTarnGraphIndex->index);
-    if (scope.ScopeType() == oTarnScope::kGraphAxeX)
-      scope.oTarnGraphAxeX->index = lookUp(positions.first, scope.oTarnGraphAxeX->index);
   }
-  mapTrigger(*parameters.startTrigger, positions);
-  mapTrigger(*parameters.stopTrigger, positions);
 }
 
 }  // namespace tarnlog

@@ -4,9 +4,11 @@
 
 namespace tarnlog {
 
-/// A loaded configuration keeps the indexes of its file, with gaps where items were dropped. This numbers the
-/// items by their positions and maps what refers to them along: a trigger on an item that is gone becomes
-/// manual, a curve on a graph that is gone keeps a reference to no item, which CheckAndCorrect repairs.
+/// After a load, items still have the numbers of the file, with gaps where items were dropped. This numbers
+/// them by position and maps what refers to them: channel triggers and the references of GraphIndex and
+/// GraphAxeX items go on meaning the same data. A trigger whose item was dropped becomes manual. A reference
+/// to a dropped item becomes 0, which designates nothing, so that it cannot end at whatever moved to that
+/// place; `CheckAndCorrect` then turns the item into a Graph.
 void mapStoredReferences(oTarnParameters& parameters);
 
 }  // namespace tarnlog

@@ -1,11 +1,15 @@
 #include "config/oScenario.h"
 
+#include <limits>
 #include <memory>
 #include <utility>
+
+#include "platform/base/TarnError.h"
 
 namespace tarnlog {
 
 oScenarioRequest& oScenario::Add(std::string RequestName, std::string EcuName, std::int16_t Address) {
+  if (Count() == std::numeric_limits<std::int16_t>::max()) throw TarnError(6, "oScenario.Add", "Overflow");
   auto request = std::make_unique<oScenarioRequest>();
   request->RequestName = std::move(RequestName);
   request->EcuName = std::move(EcuName);

@@ -19,6 +19,7 @@ class oScenarioRequest {
 /// The ordered list of initialisation requests. `Order` equals the position after every operation.
 class oScenario {
  public:
+  /// Raises an error when `Order` cannot count one more.
   oScenarioRequest& Add(std::string RequestName, std::string EcuName, std::int16_t Address);
   /// Raises the collection's error when there is no such position (1-based).
   oScenarioRequest& Item(std::size_t position) const { return requests_.Item(position); }

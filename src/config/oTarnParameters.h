@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -37,6 +38,9 @@ class oTarnParameters {
   std::shared_ptr<oTarnTrigger> stopTrigger;
   std::shared_ptr<oScenario> initScenario;
 
+  /// Takes a text of a file or the settings; what is no number, or below 0, leaves the period as it is.
+  void setRecordingPeriod(std::string_view text);
+
   oTarnScope& Add(const std::string& key);
   /// Keyed by the item's DataKey. A key that is taken raises the collection's error.
   oTarnScope& AddScope(std::unique_ptr<oTarnScope> scope);
@@ -53,9 +57,11 @@ class oTarnParameters {
   auto begin() const { return scopes_.begin(); }
   auto end() const { return scopes_.end(); }
 
-  /// Removes one item and repairs all references by position. Out of range: nothing.
+  /// Removes one item and repairs references by position; curves of a removed Graph become Graphs, X-axis
+  /// references are left to CheckAndCorrect. Out of range: nothing.
   void removeScope(std::int32_t position);
-  /// Moves the first item to the place of the second and repairs all references by position.
+  /// Moves the first item to the place of the second and repairs references by position; what would refer to
+  /// an item at or behind its own place becomes a Graph. Both items' `index` must be their position.
   void changeScopeOrder(oTarnScope& moved, oTarnScope& target);
   /// Turns items whose reference designates no Graph into Graphs of their own.
   void CheckAndCorrect();
@@ -63,16 +69,17 @@ class oTarnParameters {
   /// Creates or replaces the file, by renaming.
   void SaveXmlConfiguration(FileSystem& files, const std::string& fileName,
                             const std::string& stylesheetUrl) const;
+  /// Writes the "Parameters" and "Datas" elements.
   void SaxWriteParameters(ContentHandler& handler) const;
-  /// Reads a version 2.0 or 1.0 file into this object; data and requests that the session does not offer are
-  /// dropped, which `report`, when given, learns by name. Raises error 1, source "LoadXmlConfiguration load
-  /// error", when the file is not one; nothing was read then.
+  /// Reads a version 2.0 or 1.0 file into this object, whose data items the caller removes before; data and
+  /// requests that the session does not offer are dropped, and noted in `report` when there is one. Items
+  /// keep the `index` of the file: see mapStoredReferences. Raises error 1, source "LoadXmlConfiguration load
+  /// error", when the file cannot be read or is not a configuration; nothing has changed then.
   void LoadXmlConfiguration(const FileSystem& files, const std::string& fileName,
                             const SessionDocument& session, LoadReport* report = nullptr);
 
  private:
-  void referToNewOrder(oTarnScope& dependent, const oTarnScope& moved, const oTarnScope& target,
-                       std::int32_t from, std::int32_t to, std::int32_t position);
+  void renumber();
 
   KeyedCollection<oTarnScope> scopes_;
 };

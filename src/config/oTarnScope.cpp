@@ -163,6 +163,12 @@ void oTarnScope::ChangeColor(std::int32_t color) {
   if (scopeType_ == kGraphIndex) oTarnGraphIndex->Color = color;
 }
 
+std::int32_t* oTarnScope::graphReference() {
+  if (scopeType_ == kGraphIndex) return &oTarnGraphIndex->index;
+  if (scopeType_ == kGraphAxeX) return &oTarnGraphAxeX->index;
+  return nullptr;
+}
+
 void oTarnScope::SetXml(XmlElement element) {
   const auto readText = [](XmlElement from, const char* name, std::string& value) {
     if (const auto text = from.attribute(name)) value = *text;

@@ -65,6 +65,10 @@ class oTarnScope {
   void ChangeAxeY(bool automatic, double mini, double maxi);
   void ChangeColor(std::int32_t color);
 
+  /// The position of the Graph item that this one is drawn on or drives the X axis of; null for types without
+  /// such a reference.
+  std::int32_t* graphReference();
+
   /// Reads what the "Data" element holds; never fails, unreadable attributes leave defaults.
   void SetXml(XmlElement element);
   void SaxWrite(ContentHandler& handler) const;

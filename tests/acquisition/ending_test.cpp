@@ -1,0 +1,136 @@
+#include <gmock/gmock.h>
+
+#include "tests/support/AcqRig.h"
+
+namespace tarnlog {
+namespace {
+
+using test::AcqRig;
+
+void expectReleased(const AcqRig& rig) {
+  EXPECT_EQ(rig.session.unfinishedLists, 0);
+  EXPECT_EQ(rig.session.unfinishedPollSets, 0);
+  EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kIdle);
+  EXPECT_FALSE(rig.timer.enabled());
+}
+
+TEST(Ending, idleOnlyAnswers) {
+  AcqRig rig;
+  rig.acq.AskStopAcqNow();
+  EXPECT_EQ(rig.stopped, 1);
+}
+
+TEST(Ending, betweenTicksItEndsAtOnceInEveryState) {
+  for (const auto state : {TarnAcq::kInitialise, TarnAcq::kWaitAfterInit, TarnAcq::kStartSessions,
+                           TarnAcq::kWaitBeforePolling, TarnAcq::kCommunicate}) {
+    AcqRig rig;
+    rig.acq.StartReadingData(rig.parameters);
+    rig.tickUntil(state);
+    rig.acq.AskStopAcqNow();
+    EXPECT_EQ(rig.stopped, 1) << state;
+    expectReleased(rig);
+    EXPECT_TRUE(rig.screen.rows.empty());
+    rig.acq.StartReadingData();
+    EXPECT_TRUE(rig.timer.enabled());
+  }
+}
+
+TEST(Ending, withAFileOpenOneMoreTickEndsIt) {
+  AcqRig rig;
+  rig.start();
+  rig.run("1000:0");
+  rig.acq.ToggleRecording();
+  rig.acq.AskStopAcqNow();
+  EXPECT_EQ(rig.stopped, 0);
+  rig.timer.fire();
+  EXPECT_EQ(rig.stopped, 1);
+  EXPECT_EQ(rig.finished.size(), 1U);
+  expectReleased(rig);
+}
+
+TEST(Ending, insideATickItWaitsForTheTick) {
+  for (const char* call : {"init Engine", "session Engine A0", "send Engine Status"}) {
+    AcqRig rig;
+    rig.session.script.whileWaiting = [&] {
+      if (rig.session.script.calls.back() != call) return;
+      rig.acq.AskStopAcqNow();
+      rig.acq.AskStopAcqNow();
+      EXPECT_EQ(rig.stopped, 0);
+      EXPECT_EQ(rig.session.unfinishedPollSets, 1);
+    };
+    rig.acq.StartReadingData(rig.parameters);
+    for (int i = 0; i < 20; ++i) {
+      rig.timer.fire();
+      rig.clock.step(51);
+    }
+    EXPECT_EQ(rig.stopped, 1) << call;
+    expectReleased(rig);
+  }
+}
+
+TEST(Ending, aStartInsideATickReplacesTheAcquisitionAfterIt) {
+  AcqRig rig;
+  auto other = std::make_shared<oTarnParameters>(rig.settings);
+  rig.start();
+  rig.run("1000:0");
+  bool asked = false;
+  rig.session.script.whileWaiting = [&] {
+    if (std::exchange(asked, true)) return;
+    rig.acq.AskStopAcqNow();
+    rig.acq.StartReadingData(rig.parameters);
+    EXPECT_EQ(rig.session.unfinishedPollSets, 1);
+  };
+  rig.run("1100:1");
+  EXPECT_EQ(rig.stopped, 0);
+  EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kInitialise);
+  EXPECT_TRUE(rig.timer.enabled());
+  EXPECT_EQ(rig.session.unfinishedPollSets, 1);
+}
+
+TEST(Ending, anotherSessionEndsTheAcquisitionOfTheFirst) {
+  for (const bool inTick : {false, true}) {
+    AcqRig rig;
+    test::ScriptedSession second;
+    rig.triggerStart(1, 50);
+    rig.start();
+    rig.run("1000:0 1100:60");
+    if (inTick) rig.session.script.whileWaiting = [&] { rig.acq.setSession(&second); };
+    if (!inTick) rig.acq.setSession(&second);
+    rig.run("1200:1");
+    EXPECT_EQ(rig.finished.size(), 1U);
+    EXPECT_EQ(rig.stopped, 0);
+    expectReleased(rig);
+  }
+}
+
+TEST(Hiding, betweenTicksLeavesTheFileToTheNextStart) {
+  AcqRig rig;
+  rig.triggerStart(1, 50);
+  rig.start();
+  rig.run("1000:0 1100:60");
+  rig.acq.hidden();
+  EXPECT_FALSE(rig.timer.enabled());
+  EXPECT_EQ(rig.stopped, 0);
+  EXPECT_TRUE(rig.finished.empty());
+  rig.start();
+  EXPECT_EQ(rig.finished.size(), 1U);
+  rig.run("3000:0");
+  rig.acq.ToggleRecording();
+  rig.run("3100:1 3200:2");
+  EXPECT_THAT(rig.recordRows(), testing::ElementsAre("0|\"Start\"|0", "0.2|\"\"|2"));
+}
+
+TEST(Hiding, insideATickEndsTheAcquisitionWithIt) {
+  AcqRig rig;
+  rig.triggerStart(1, 50);
+  rig.start();
+  rig.run("1000:0 1100:60");
+  rig.session.script.whileWaiting = [&] { rig.acq.hidden(); };
+  rig.run("1200:61");
+  EXPECT_EQ(rig.finished.size(), 1U);
+  EXPECT_EQ(rig.stopped, 0);
+  expectReleased(rig);
+}
+
+}  // namespace
+}  // namespace tarnlog

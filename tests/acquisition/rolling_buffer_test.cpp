@@ -1,0 +1,84 @@
+#include "acquisition/RollingBuffer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "platform/xml/XmlWriter.h"
+#include "tests/support/MemoryFileSystem.h"
+
+namespace tarnlog {
+namespace {
+
+std::string textOf(RollingBuffer& buffer, Milliseconds t0, const char* mark) {
+  test::MemoryFileSystem files;
+  buffer.WriteBufferToFile(*files.openForAppending("f"), t0, mark);
+  return files.files["f"];
+}
+
+RollingBuffer filled(std::int32_t rows, std::initializer_list<Milliseconds> times) {
+  RollingBuffer buffer(',');
+  buffer.Create(2, rows);
+  for (const Milliseconds time : times) {
+    buffer.AddRow(time);
+    buffer.SetData(1, std::to_string(time));
+    buffer.SetData(2, "x");
+  }
+  return buffer;
+}
+
+TEST(RollingBuffer, writesTheNewestRowsOldestFirstWithTheMarkOnTheLast) {
+  RollingBuffer buffer = filled(3, {10, 20, 30, 40, 50});
+  EXPECT_EQ(textOf(buffer, 50, "Start"),
+            "-0,02\t\"\"\t30\tx\r\n"
+            "-0,01\t\"\"\t40\tx\r\n"
+            "0\t\"Start\"\t50\tx\r\n");
+  RollingBuffer exactlyFull = filled(3, {10, 20, 30});
+  EXPECT_EQ(textOf(exactlyFull, 30, ""), "-0,02\t\"\"\t10\tx\r\n-0,01\t\"\"\t20\tx\r\n0\t\"\"\t30\tx\r\n");
+  RollingBuffer single = filled(1, {10, 20});
+  EXPECT_EQ(textOf(single, 20, "m"), "0\t\"m\"\t20\tx\r\n");
+}
+
+TEST(RollingBuffer, comparesWithTheRowBefore) {
+  RollingBuffer buffer = filled(20, {10});
+  bool unchanged = true;
+  EXPECT_EQ(buffer.GetData(2, unchanged), "x");
+  EXPECT_FALSE(unchanged);
+  buffer.AddRow(20);
+  buffer.SetData(1, "10.0");
+  buffer.SetData(2, "x");
+  buffer.GetData(2, unchanged);
+  EXPECT_TRUE(unchanged);
+  buffer.GetData(1, unchanged);
+  EXPECT_FALSE(unchanged);
+}
+
+TEST(RollingBuffer, emptyGivesAndWritesNothing) {
+  RollingBuffer buffer;
+  buffer.Create(2, 3);
+  bool unchanged = true;
+  EXPECT_EQ(buffer.GetData(1, unchanged), "");
+  EXPECT_FALSE(unchanged);
+  EXPECT_EQ(textOf(buffer, 0, "Start"), "");
+}
+
+TEST(RollingBuffer, noCellBreaksARow) {
+  RollingBuffer buffer;
+  buffer.Create(1, 1);
+  buffer.AddRow(5);
+  buffer.SetData(1, "a\tb\r\nc");
+  EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\ta b  c\r\n");
+}
+
+TEST(RollingBuffer, writesXmlRows) {
+  RollingBuffer buffer = filled(2, {10, 25, 40});
+  std::string xml;
+  XmlWriter writer([&](std::string_view bytes) { xml.append(bytes); });
+  writer.startElement("root");
+  buffer.WriteBufferToSaxFile(writer, 25, "Start");
+  EXPECT_NE(xml.find("<row Time=\"0\" Event=\"\" C1=\"25\" C2=\"x\"/>"), std::string::npos) << xml;
+  EXPECT_NE(xml.find("<row Time=\"0,02\" Event=\"Start\" C1=\"40\" C2=\"x\"/>"), std::string::npos) << xml;
+}
+
+}  // namespace
+}  // namespace tarnlog

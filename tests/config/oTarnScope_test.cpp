@@ -1,0 +1,91 @@
+#include "config/oTarnScope.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/ferrox3/Value.h"
+
+using namespace tarnlog;
+
+namespace {
+
+oTarnScope scopeOf(std::int32_t varType) {
+  oTarnScope scope;
+  scope.varType = varType;
+  scope.DataKey = "c7";
+  scope.FunctionAddress = 16;
+  return scope;
+}
+
+}  // namespace
+
+TEST(Scope, textsAndBytesAreShownAsDigitsOnly) {
+  for (const std::int32_t type : {ferrox3::kString, ferrox3::kByteArray, 11}) {
+    oTarnScope scope = scopeOf(type);
+    for (std::int32_t display = oTarnScope::kBarGraph; display <= oTarnScope::kGraphAxeX; ++display) {
+      scope.setScopeType(display);
+      EXPECT_EQ(scope.ScopeType(), oTarnScope::kNone);
+    }
+    scope.setScopeType(oTarnScope::kDigital);
+    EXPECT_EQ(scope.ScopeType(), oTarnScope::kDigital);
+  }
+}
+
+TEST(Scope, aBarStaysAsItIsAndOtherDisplaysStartAnew) {
+  oTarnScope scope = scopeOf(ferrox3::kDouble);
+  scope.SetSlide("first", 1, 2, 3);
+  scope.SetSlide("second", 4, 5, 6);
+  EXPECT_EQ(scope.oTarnSlide->Caption, "first");
+  scope.SetGraph("first", false, 1, 2, 3, 4);
+  scope.setScopeType(oTarnScope::kGraph);
+  EXPECT_EQ(scope.oTarnGraph->Caption, "");
+  EXPECT_TRUE(scope.oTarnGraph->AxeYAuto);
+}
+
+TEST(Scope, onlyPositionsFromZeroUpAreTaken) {
+  oTarnScope scope = scopeOf(ferrox3::kInteger);
+  scope.SetNumeric("", {-1, 20, 0, -7});
+  const DisplayPosition& position = scope.oTarnNumeric->position;
+  EXPECT_EQ(position.left, -1);
+  EXPECT_EQ(position.top, 20);
+  EXPECT_EQ(position.width, 0);
+  EXPECT_EQ(position.height, -1);
+}
+
+TEST(Scope, curveReferencesRoundHalvesToEven) {
+  oTarnScope scope = scopeOf(ferrox3::kDouble);
+  scope.SetGraphIndex(0, 2.5F);
+  EXPECT_EQ(*scope.graphReference(), 2);
+  scope.SetGraphIndex(0, 3.5F);
+  EXPECT_EQ(*scope.graphReference(), 4);
+}
+
+TEST(Scope, noDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
+  oTarnScope scope = scopeOf(ferrox3::kDouble);
+  scope.setScopeType(oTarnScope::kGraph);
+  scope.SetNone();
+  EXPECT_EQ(scope.DataKey, "c7");
+  EXPECT_EQ(scope.FunctionAddress, 16);
+  EXPECT_EQ(scope.oTarnGraph, nullptr);
+  scope.setScopeType(0);
+  EXPECT_EQ(scope.DataKey, "");
+  EXPECT_EQ(scope.FunctionAddress, oTarnScope::kNoAddress);
+}
+
+TEST(Scope, changesActOnTheCurrentDisplayOnly) {
+  oTarnScope scope = scopeOf(ferrox3::kDouble);
+  scope.setScopeType(oTarnScope::kGraph);
+  scope.setScopeType(oTarnScope::kBarGraph);
+  scope.ChangeAxeY(false, -5, 5);
+  scope.ChangeColor(1);
+  scope.ChangeAxeXNbPoints(9);
+  EXPECT_EQ(scope.oTarnSlide->mini, -5);
+  EXPECT_EQ(scope.oTarnSlide->Color, 1);
+  EXPECT_TRUE(scope.oTarnGraph->AxeYAuto);
+  EXPECT_EQ(scope.oTarnGraph->points, 500);
+  scope.setScopeType(oTarnScope::kGraphAxeX);
+  scope.ChangeAxeY(false, -5, 5);
+  scope.ChangeColor(2);
+  EXPECT_FALSE(scope.oTarnGraphAxeX->axeXAuto);
+  EXPECT_EQ(scope.oTarnGraphAxeX->axeXmaxi, 5);
+  EXPECT_EQ(scope.oTarnSlide->Color, 1);
+}

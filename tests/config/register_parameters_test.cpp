@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include "config/RegisterParameters.h"
+#include "config/oTarnParameters.h"
+#include "platform/base/TarnError.h"
+
+using namespace tarnlog;
+
+namespace {
+
+class FailingStore : public SettingsStore {
+ public:
+  std::optional<std::string> read(const std::string&) const override {
+    throw TarnError(5, "store", "broken");
+  }
+  void write(const std::string&, const std::string&) override { throw TarnError(5, "store", "broken"); }
+};
+
+}  // namespace
+
+TEST(RegisterParameters, defaultStandsWhereNothingUsefulIsStored) {
+  MemorySettingsStore store;
+  EXPECT_EQ(GetRegisterParameter(store, 1, ".txt"), ".txt");
+  SetRegisterParameter(store, 0, "");
+  EXPECT_EQ(GetRegisterParameter(store, 0, "home"), "home");
+  EXPECT_EQ(GetRegisterParameter(store, 7, "none"), "none");
+  EXPECT_EQ(GetRegisterParameter(FailingStore(), 2, "1"), "1");
+}
+
+TEST(RegisterParameters, keepThreeNamedValues) {
+  MemorySettingsStore store;
+  SetRegisterParameter(store, 0, "/rec");
+  SetRegisterParameter(store, 1, ".xml");
+  SetRegisterParameter(store, 2, "5");
+  EXPECT_EQ(store.read("PathName"), "/rec");
+  const oTarnParameters parameters(store);
+  EXPECT_EQ(parameters.fileFolder, "/rec");
+  EXPECT_EQ(parameters.fileFormat, ".xml");
+  EXPECT_EQ(parameters.recordingPeriod, 5);
+}
+
+TEST(RegisterParameters, unknownIdsAndFailingStoresAreErrors) {
+  MemorySettingsStore store;
+  try {
+    SetRegisterParameter(store, 7, "x");
+    FAIL();
+  } catch (const TarnError& error) {
+    EXPECT_EQ(error.number(), 1);
+    EXPECT_EQ(error.source(), "SetRegisterParameter");
+    EXPECT_EQ(error.description(), "Unknown parameter");
+  }
+  FailingStore failing;
+  EXPECT_THROW(SetRegisterParameter(failing, 2, "5"), TarnError);
+}
+
+TEST(RegisterParameters, aConfigurationStartsWithBuiltInValuesWhenTheStoreHasNone) {
+  const oTarnParameters parameters{FailingStore()};
+  EXPECT_EQ(parameters.fileFormat, ".txt");
+  EXPECT_EQ(parameters.recordingPeriod, 1);
+  EXPECT_EQ(parameters.startTrigger->modeTrigger, 0);
+  EXPECT_EQ(parameters.stopTrigger->modeTrigger, 1);
+  for (const char* period : {"soon", "-3", "99999999999"}) {
+    MemorySettingsStore store;
+    SetRegisterParameter(store, 2, period);
+    EXPECT_EQ(oTarnParameters(store).recordingPeriod, 1) << period;
+  }
+}

@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include "tests/config/ScopeList.h"
+
+using namespace tarnlog;
+using namespace tarnlog::test;
+
+TEST(RemoveScope, repairsReferencesByPosition) {
+  EXPECT_EQ(ScopeList("a:G b:I1 c:G d:I3 e:X3 f:I1").removed(1).text(), "b:G c:G d:I2 e:X3 f:G");
+  EXPECT_EQ(ScopeList("a:D b:G c:I2 d:N").removed(4).text(), "a:D b:G c:I2");
+  EXPECT_EQ(ScopeList("a:D b:D").removed(3).removed(0).removed(-1).text(), "a:D b:D");
+}
+
+TEST(RemoveScope, leavesXAxesToCheckAndCorrect) {
+  EXPECT_EQ(ScopeList("a:G b:I1 c:G d:I3 e:X3").removed(1).corrected().text(), "b:G c:G d:I2 e:G");
+}
+
+TEST(RemoveScope, triggersFollowTheirItemOrBecomeManual) {
+  ScopeList list("a:D b:D c:D");
+  watch(*list.startTrigger, 2);
+  watch(*list.stopTrigger, 3);
+  list.removed(1);
+  EXPECT_EQ(list.startTrigger->DataIndex, 1);
+  EXPECT_EQ(list.stopTrigger->DataIndex, 2);
+  list.removed(1);
+  EXPECT_EQ(list.startTrigger->typeTrigger, oTarnTrigger::kManual);
+  EXPECT_EQ(list.stopTrigger->DataIndex, 1);
+}
+
+TEST(ChangeScopeOrder, movesBeforeWhenUpAndBehindWhenDown) {
+  EXPECT_EQ(ScopeList("a:D b:D c:D d:D e:D").moved("e", "b").text(), "a:D e:D b:D c:D d:D");
+  EXPECT_EQ(ScopeList("a:D b:D c:D d:D e:D").moved("b", "e").text(), "a:D c:D d:D e:D b:D");
+  EXPECT_EQ(ScopeList("a:G b:I1 c:X1").moved("b", "b").text(), "a:G b:I1 c:X1");
+}
+
+TEST(ChangeScopeOrder, referencesFollowTheMovedItemAndTheOneItPassed) {
+  EXPECT_EQ(ScopeList("a:G b:D c:I1 d:X1").moved("a", "b").text(), "b:D a:G c:I2 d:X2");
+  EXPECT_EQ(ScopeList("a:D b:G c:I2 d:X2").moved("a", "b").text(), "b:G a:D c:I1 d:X1");
+  EXPECT_EQ(ScopeList("a:G b:D c:I1").moved("b", "a").text(), "b:D a:G c:I2");
+  EXPECT_EQ(ScopeList("a:D b:D c:G d:I3").moved("c", "a").text(), "c:G a:D b:D d:I1");
+}
+
+TEST(ChangeScopeOrder, whatWouldReferBehindItselfBecomesAGraph) {
+  EXPECT_EQ(ScopeList("a:G b:I1").moved("b", "a").text(), "b:G a:G");
+  EXPECT_EQ(ScopeList("a:G b:X1").moved("a", "b").text(), "b:G a:G");
+  EXPECT_EQ(ScopeList("a:D b:G c:I2 d:I2 e:D").moved("b", "c").text(), "a:D c:G b:G d:I3 e:D");
+}
+
+// Items between the two places are still to be numbered when a reference to the moved item is looked at: c
+// keeps a reference to place 1, where b stands now. Renumbering first would make c a Graph right away.
+TEST(ChangeScopeOrder, isOneWalkWithTheNumbersOfTheMoment) {
+  ScopeList list("a:G b:D c:I1 d:D");
+  EXPECT_EQ(list.moved("a", "d").text(), "b:D c:I1 d:D a:G");
+  EXPECT_EQ(list.corrected().text(), "b:D c:G d:D a:G");
+}
+
+TEST(ChangeScopeOrder, convertedItemsKeepTheirLooks) {
+  ScopeList list("a:G b:I1 c:X1");
+  list.Item("b")->ChangeCaption("Load");
+  list.Item("b")->ChangeColor(0x123456);
+  list.Item("c")->ChangeCaption("Axis");
+  list.moved("a", "c");
+  ASSERT_EQ(list.text(), "b:G c:X1 a:G");
+  const oTarnGraph& curve = *list.Item("b")->oTarnGraph;
+  EXPECT_EQ(curve.Caption, "Load");
+  EXPECT_EQ(curve.Color, 0x123456);
+  EXPECT_TRUE(curve.AxeYAuto);
+
+  ScopeList axis("a:G b:X1");
+  axis.Item("b")->ChangeCaption("Axis");
+  axis.moved("b", "a");
+  EXPECT_EQ(axis.Item("b")->oTarnGraph->Caption, "Axis");
+  EXPECT_EQ(axis.Item("b")->oTarnGraph->Color, 0xFF0000);
+}
+
+TEST(ChangeScopeOrder, triggersGoOnWatchingTheSameItem) {
+  ScopeList list("a:D b:D c:D d:D");
+  watch(*list.startTrigger, 4);
+  watch(*list.stopTrigger, 1);
+  list.moved("d", "a");
+  EXPECT_EQ(list.startTrigger->DataIndex, 1);
+  EXPECT_EQ(list.stopTrigger->DataIndex, 2);
+  watch(*list.stopTrigger, 9);
+  list.moved("d", "b");
+  EXPECT_EQ(list.stopTrigger->DataIndex, 9);
+}
+
+TEST(CheckAndCorrect, turnsWhatRefersToNoGraphIntoAGraph) {
+  ScopeList list("a:D b:I1 c:X9 d:G e:I4 f:X4 g:I0 h:X-1");
+  list.Item("b")->ChangeCaption("lost");
+  EXPECT_EQ(list.corrected().text(), "a:D b:G c:G d:G e:I4 f:X4 g:G h:G");
+  EXPECT_EQ(list.Item("b")->oTarnGraph->Caption, "");
+  EXPECT_EQ(list.Item("b")->oTarnGraph->Color, 0xFF0000);
+}
+
+TEST(Parameters, findItemsByKeyPositionAndIndex) {
+  ScopeList list("a:D b:D");
+  list.Item("b")->index = 7;
+  EXPECT_EQ(list.ItemIndex(7), list.Item("b"));
+  EXPECT_EQ(list.ItemIndex(2), nullptr);
+  EXPECT_EQ(list.Item("c"), nullptr);
+  EXPECT_EQ(list.Item(std::size_t{3}), nullptr);
+  EXPECT_THROW(list.Add("a"), TarnError);
+  list.RemoveAll();
+  EXPECT_EQ(list.Count(), 0);
+}

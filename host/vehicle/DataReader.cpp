@@ -18,8 +18,9 @@ std::pair<double, double> valueRange(const DataLayout& layout) {
   const auto scaled = [&](std::int64_t raw) {
     return static_cast<double>(raw) * layout.factor / layout.divisor + layout.offset;
   };
-  const auto range = std::minmax(scaled(layout.field.lowest()), scaled(layout.field.highest()));
-  return {range.first, range.second};
+  const double first = scaled(layout.field.lowest());
+  const double last = scaled(layout.field.highest());
+  return {std::min(first, last), std::max(first, last)};
 }
 
 bool fitsInteger(const std::pair<double, double>& range) {

@@ -198,10 +198,15 @@ std::string numberText(double value, const UserLocale& locale) {
 }
 
 std::string exactNumberText(double value) {
-  char text[400];
-  const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed).ptr;
-  const std::string plain(text, end);
-  return plain == "-0" ? "0" : plain;
+  constexpr double kLongestPlain = 1e21;
+  constexpr double kShortestPlain = 1e-7;
+  const double size = std::fabs(value);
+  const bool plain = value == 0 || (size < kLongestPlain && size >= kShortestPlain);
+  char text[64];
+  const auto end = std::to_chars(text, text + sizeof text, value == 0 ? 0.0 : value,
+                                 plain ? std::chars_format::fixed : std::chars_format::scientific)
+                       .ptr;
+  return {text, end};
 }
 
 double leadingNumber(std::string_view text) {

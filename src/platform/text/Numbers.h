@@ -17,7 +17,8 @@ void appendNumber(std::string& out, double value, char decimalSeparator);
 void appendNumber(std::string& out, std::int32_t value);
 std::string numberText(double value, const UserLocale& locale);
 
-/// The shortest text with "." and without an exponent that reads back as the same double.
+/// The shortest text with "." that reads back as the same double; an exponent only from 1e21 on and below
+/// 1e-7.
 std::string exactNumberText(double value);
 
 /// The leading decimal number of a text with "." as decimal point (blanks before it are skipped, an exponent

@@ -1,47 +1,23 @@
 #include <malloc.h>
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "bench/support/Goals.h"
+#include "bench/support/LeanSession.h"
 #include "catalogue/SessionDocument.h"
 #include "platform/text/Numbers.h"
-#include "tests/support/ScriptedSession.h"
 
 namespace {
 
 using namespace tarnlog;
 
-constexpr int kEcus = 40;
-constexpr int kRequests = 100;
-constexpr int kData = 50;
-
-/// A big vehicle: 200,000 data; half have a unit, some a device, some named values.
-const test::ScriptedSession& session() {
-  static const auto built = [] {
-    auto session = std::make_unique<test::ScriptedSession>();
-    for (int e = 0; e < kEcus; ++e) {
-      auto& ecu =
-          session->addEcu("Control unit " + std::to_string(e), "Function " + std::to_string(e), e + 16);
-      for (int r = 0; r < kRequests; ++r) {
-        auto& request = ecu.addRequest("Read data by identifier " + std::to_string(r), "22 01");
-        for (int d = 0; d < kData; ++d) {
-          auto& item =
-              request.addData("Measured quantity " + std::to_string(r % 97) + "." + std::to_string(d),
-                              d % 4 == 0 ? ferrox3::kInteger : ferrox3::kDouble, d % 2 == 0 ? "km/h" : "",
-                              d % 3 == 0 ? -40.5 : 0, d % 5 == 0 ? 1 : 215.25);
-          if (d % 5 == 0) item.withDevice("Device " + std::to_string(d), d % 10 == 0);
-          if (d % 12 == 0) item.withLabels({{"Released", 0}, {"Pressed", 1}, {"Not available", 255}});
-        }
-      }
-    }
-    return session;
-  }();
-  return *built;
+const bench::LeanSession& session() {
+  static const bench::LeanSession built(40, 100, 50);
+  return built;
 }
 
 /// The texts of one element, ready to be put into a document.
@@ -155,10 +131,10 @@ const std::vector<Wanted>& wantedItems() {
     std::mt19937 random(1);
     std::vector<Wanted> wanted;
     for (int i = 0; i < 1000; ++i) {
-      const auto& ecu = session().ecu(random() % kEcus);
-      const auto& request = ecu.request(random() % kRequests);
+      const auto& ecu = session().ecu(random() % 40);
+      const auto& request = ecu.request(random() % 100);
       wanted.push_back({i % 10 == 0 ? "renamed" : ecu.name(), request.name(),
-                        request.data(random() % kData).name(), ecu.address()});
+                        request.data(random() % 50).name(), ecu.address()});
     }
     return wanted;
   }();

@@ -25,14 +25,12 @@ SessionDocument BuildSessionDocument(const ferrox3::Session& session) {
 
 XmlElement FindSessionRequest(const SessionDocument& document, std::string_view ecuName,
                               std::string_view requestName, std::int32_t address) {
-  const SessionIndex& index = document.content_->index;
-  return index.findChild(index.findEcu(ecuName, address), requestName);
+  return document.content_->index.findRequest(ecuName, address, requestName);
 }
 
 XmlElement FindSessionData(const SessionDocument& document, std::string_view ecuName,
                            std::string_view requestName, std::string_view dataName, std::int32_t address) {
-  return document.content_->index.findChild(FindSessionRequest(document, ecuName, requestName, address),
-                                            dataName);
+  return document.content_->index.findData(ecuName, address, requestName, dataName);
 }
 
 }  // namespace tarnlog

@@ -13,7 +13,8 @@ namespace tarnlog {
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
-const std::string kNone;
+/// Stands for a name that the host failed to give.
+const std::string kUnknown;
 
 /// The decimal text of an integer behind a prefix, null-terminated, on the stack: there are hundreds of
 /// thousands of them.
@@ -45,18 +46,21 @@ void SessionDocumentBuilder::build(const ferrox3::Session& session) {
 }
 
 void SessionDocumentBuilder::addEcu(const ferrox3::Ecu& ecu) {
-  const std::string* const name = read(&kNone, [&] { return &ecu.name(); });
+  const std::string* const name = read(&kUnknown, [&] { return &ecu.name(); });
   if (name->empty()) return;
   XmlElement root = document_.documentNode().firstChild("Tarnlog2000");
   XmlElement uce = root.appendElement("uce");
   uce.appendAttribute("name", name->c_str());
   step([&] { uce.appendAttribute("function", ecu.functionName().c_str()); });
-  step([&] { uce.appendAttribute("address", IntegerText(ecu.address()).c_str()); });
+  std::optional<std::int32_t> address;
+  step([&] { address = ecu.address(); });
+  if (address) uce.appendAttribute("address", IntegerText(*address).c_str());
   addKey(uce);
   uce.appendText(kLineEnd);
-  index_.addEcu(uce);
+  requestsOfEcu_.clear();
   const auto count = read(std::size_t{0}, [&] { return ecu.requestCount(); });
   for (std::size_t i = 0; i < count; ++i) step([&] { addRequest(ecu, ecu.request(i), uce); });
+  index_.addEcu(uce, address, index_.store(requestsOfEcu_));
   root.appendText(kLineEnd);
 }
 
@@ -64,7 +68,8 @@ void SessionDocumentBuilder::addRequest(const ferrox3::Ecu& ecu, const ferrox3::
                                         XmlElement uce) {
   if (!read(false, [&] { return request.available() && !request.frameText(true).empty(); })) return;
   XmlElement element = uce.appendElement("request");
-  step([&] { element.appendAttribute("name", request.name().c_str()); });
+  const std::string* const name = read(&kUnknown, [&] { return &request.name(); });
+  if (name != &kUnknown) element.appendAttribute("name", name->c_str());
   addKey(element);
   element.appendText(kLineEnd);
   dataOfRequest_.clear();
@@ -76,21 +81,21 @@ void SessionDocumentBuilder::addRequest(const ferrox3::Ecu& ecu, const ferrox3::
     uce.removeChild(element);
     return;
   }
-  index_.addChild(uce, element);
-  for (const XmlElement data : dataOfRequest_) index_.addChild(element, data);
+  const SessionIndex::Children data = index_.store(dataOfRequest_);
+  if (name != &kUnknown) requestsOfEcu_.add(element, *name, data);
   uce.appendText(kLineEnd);
 }
 
 bool SessionDocumentBuilder::addData(const ferrox3::Ecu& ecu, const ferrox3::Request& request,
                                      const ferrox3::DataItem& item, XmlElement requestElement) {
-  const std::string* const name = read(&kNone, [&] { return &item.name(); });
+  const std::string* const name = read(&kUnknown, [&] { return &item.name(); });
   if (*name == "ExtraBytes") return true;
   if (!read(false, [&] { return item.readable(); })) {
     requestElement.appendText(kLineEnd);
     return false;
   }
   XmlElement data = requestElement.appendElement("data");
-  if (name != &kNone) data.appendAttribute("name", name->c_str());
+  if (name != &kUnknown) data.appendAttribute("name", name->c_str());
   addKey(data);
   addValueKind(item, data);
   step([&] {
@@ -100,7 +105,7 @@ bool SessionDocumentBuilder::addData(const ferrox3::Ecu& ecu, const ferrox3::Req
   addReference(ecu, request, *name, data);
   addEnumeration(item, data);
   requestElement.appendText(kLineEnd);
-  dataOfRequest_.push_back(data);
+  if (name != &kUnknown) dataOfRequest_.add(data, *name);
   return true;
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 #include "catalogue/SessionIndex.h"
 #include "platform/base/TarnError.h"
@@ -48,7 +47,8 @@ class SessionDocumentBuilder {
 
   XmlDocument& document_;
   SessionIndex& index_;
-  std::vector<XmlElement> dataOfRequest_;  ///< of the request being built
+  SessionIndex::ChildList requestsOfEcu_;  ///< of the ECU being built
+  SessionIndex::ChildList dataOfRequest_;  ///< of the request being built
   std::int32_t counter_ = 0;
   bool skipping_ = false;
 };

@@ -2,72 +2,76 @@
 
 #include <algorithm>
 #include <functional>
-#include <utility>
-
-#include "platform/text/Numbers.h"
 
 namespace tarnlog {
 namespace {
 
-std::size_t hashOf(XmlElement parent, std::string_view name) {
-  const auto parentBits = reinterpret_cast<std::uintptr_t>(parent.node());
-  return std::hash<std::string_view>{}(name) ^ parentBits * 0x9E3779B97F4A7C15u;
+std::uint32_t hashOf(std::string_view name) {
+  return static_cast<std::uint32_t>(std::hash<std::string_view>{}(name));
 }
 
 }  // namespace
 
-void SessionIndex::addEcu(XmlElement ecu) {
-  const std::size_t position = ecus_.size();
-  ecus_.push_back(ecu);
-  if (const auto name = ecu.attribute("name")) ecuByName_.emplace(*name, position);
-  if (const auto address = wholeInteger(ecu.attributeOrEmpty("address")))
-    ecuByAddress_.emplace(*address, position);
+void SessionIndex::ChildList::add(XmlElement element, std::string_view name, Children children) {
+  entries_.push_back({element, hashOf(name), children});
 }
 
-void SessionIndex::addChild(XmlElement parent, XmlElement child) {
-  const auto name = child.attribute("name");
-  if (!name) return;
-  if (4 * (count_ + 1) > 3 * slots_.size()) grow();
-  const std::size_t hash = hashOf(parent, *name);
-  Slot& slot = slots_[slotFor(hash, parent, *name)];
-  if (slot.child) return;
-  slot = {child, hash};
-  ++count_;
+SessionIndex::Children SessionIndex::store(const ChildList& list) {
+  if (list.entries_.empty()) return 0;
+  const std::size_t count = list.entries_.size();
+  const Table table{slots_.size(), static_cast<std::uint32_t>(count + count / 2 + 1)};
+  slots_.resize(table.start + table.size);
+  for (const Slot& entry : list.entries_) {
+    Slot& slot = slots_[slotFor(table, entry.hash, entry.element.attributeOrEmpty("name"))];
+    if (!slot.element) slot = entry;
+  }
+  tables_.push_back(table);
+  return static_cast<Children>(tables_.size() - 1);
 }
 
-XmlElement SessionIndex::findEcu(std::string_view name, std::int32_t address) const {
-  std::size_t position = ecus_.size();
-  if (const auto found = ecuByName_.find(name); found != ecuByName_.end()) position = found->second;
+void SessionIndex::addEcu(XmlElement ecu, std::optional<std::int32_t> address, Children requests) {
+  const std::size_t position = requestsOfEcu_.size();
+  requestsOfEcu_.push_back(requests);
+  ecuByName_.emplace(ecu.attributeOrEmpty("name"), position);
+  if (address) ecuByAddress_.emplace(*address, position);
+}
+
+XmlElement SessionIndex::findRequest(std::string_view ecuName, std::int32_t address,
+                                     std::string_view requestName) const {
+  const Slot* const request = find(requestsOf(ecuName, address), requestName);
+  return request == nullptr ? XmlElement() : request->element;
+}
+
+XmlElement SessionIndex::findData(std::string_view ecuName, std::int32_t address,
+                                  std::string_view requestName, std::string_view dataName) const {
+  const Slot* const request = find(requestsOf(ecuName, address), requestName);
+  const Slot* const data = request == nullptr ? nullptr : find(request->children, dataName);
+  return data == nullptr ? XmlElement() : data->element;
+}
+
+SessionIndex::Children SessionIndex::requestsOf(std::string_view ecuName, std::int32_t address) const {
+  std::size_t position = requestsOfEcu_.size();
+  if (const auto found = ecuByName_.find(ecuName); found != ecuByName_.end()) position = found->second;
   if (const auto found = ecuByAddress_.find(address); found != ecuByAddress_.end())
     position = std::min(position, found->second);
-  return position == ecus_.size() ? XmlElement() : ecus_[position];
+  return position == requestsOfEcu_.size() ? 0 : requestsOfEcu_[position];
 }
 
-XmlElement SessionIndex::findChild(XmlElement parent, std::string_view name) const {
-  if (!parent || slots_.empty()) return {};
-  return slots_[slotFor(hashOf(parent, name), parent, name)].child;
+const SessionIndex::Slot* SessionIndex::find(Children children, std::string_view name) const {
+  const Table& table = tables_[children];
+  if (table.size == 0) return nullptr;
+  const Slot& slot = slots_[slotFor(table, hashOf(name), name)];
+  return slot.element ? &slot : nullptr;
 }
 
-/// The slot that holds this child, or the free one where it belongs.
-std::size_t SessionIndex::slotFor(std::size_t hash, XmlElement parent, std::string_view name) const {
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t at = hash & mask;
-  while (const XmlElement child = slots_[at].child) {
-    if (slots_[at].hash == hash && child.parent() == parent && child.attributeOrEmpty("name") == name) break;
-    at = (at + 1) & mask;
-  }
-  return at;
-}
-
-void SessionIndex::grow() {
-  std::vector<Slot> old =
-      std::exchange(slots_, std::vector<Slot>(std::max<std::size_t>(64, 2 * slots_.size())));
-  const std::size_t mask = slots_.size() - 1;
-  for (const Slot& slot : old) {
-    if (!slot.child) continue;
-    std::size_t at = slot.hash & mask;
-    while (slots_[at].child) at = (at + 1) & mask;
-    slots_[at] = slot;
+/// The slot that holds the child of this name, or the free one where it belongs; a third of a table is free.
+std::size_t SessionIndex::slotFor(const Table& table, std::uint32_t hash, std::string_view name) const {
+  std::size_t at = std::uint64_t{hash} * table.size >> 32;
+  while (true) {
+    const Slot& slot = slots_[table.start + at];
+    if (!slot.element || (slot.hash == hash && slot.element.attributeOrEmpty("name") == name))
+      return table.start + at;
+    if (++at == table.size) at = 0;
   }
 }
 

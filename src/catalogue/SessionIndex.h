@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -11,33 +12,58 @@
 namespace tarnlog {
 
 /// Answers "the first of that name" for the elements of a session document as a walk in document order
-/// would: elements are added in document order, and the first of a name stays. Holds handles, no texts; the
-/// names are those in the document, which must live as long and not change.
+/// would. Holds handles, no texts; the names are the `name` attributes in the document, which must live as
+/// long and not change.
+///
+/// The children of one element lie together in one small hash table, all tables behind one another in one
+/// block: building goes through memory in order, however many hundred thousand data there are.
 class SessionIndex {
  public:
-  /// Makes an ECU known by the `name` and `address` that it has.
-  void addEcu(XmlElement ecu);
-  /// Makes a child known under its parent; without a `name` it is not found.
-  void addChild(XmlElement parent, XmlElement child);
+  /// Names a stored list of children; 0 is the empty one.
+  using Children = std::uint32_t;
 
-  /// The first ECU whose name or address matches; none otherwise.
-  XmlElement findEcu(std::string_view name, std::int32_t address) const;
-  /// The parent's first child of that name; none otherwise.
-  XmlElement findChild(XmlElement parent, std::string_view name) const;
+  /// The children of one element in document order, while they are collected.
+  class ChildList {
+   public:
+    void clear() { entries_.clear(); }
+    /// `name` is the element's own.
+    void add(XmlElement element, std::string_view name, Children children = 0);
 
- private:
-  /// Open addressing with linear probing: hundreds of thousands of children cost one block of memory.
-  struct Slot {
-    XmlElement child;  ///< none in a free slot
-    std::size_t hash = 0;
+   private:
+    friend class SessionIndex;
+    struct Entry {
+      XmlElement element;
+      std::uint32_t hash = 0;
+      Children children = 0;
+    };
+    std::vector<Entry> entries_;
   };
 
-  std::size_t slotFor(std::size_t hash, XmlElement parent, std::string_view name) const;
-  void grow();
+  /// Keeps the children that were collected; the first of a name wins.
+  Children store(const ChildList& list);
+  /// ECUs are added in document order; one without an address is found by name only.
+  void addEcu(XmlElement ecu, std::optional<std::int32_t> address, Children requests);
 
-  std::vector<Slot> slots_;  ///< none, or a power of two
-  std::size_t count_ = 0;
-  std::vector<XmlElement> ecus_;
+  /// The first ECU whose name or address matches, then its first request of that name; none otherwise.
+  XmlElement findRequest(std::string_view ecuName, std::int32_t address, std::string_view requestName) const;
+  /// The same, then the request's first data of that name.
+  XmlElement findData(std::string_view ecuName, std::int32_t address, std::string_view requestName,
+                      std::string_view dataName) const;
+
+ private:
+  using Slot = ChildList::Entry;  ///< without an element when free
+  struct Table {
+    std::size_t start = 0;
+    std::uint32_t size = 0;
+  };
+
+  Children requestsOf(std::string_view ecuName, std::int32_t address) const;
+  const Slot* find(Children children, std::string_view name) const;
+  std::size_t slotFor(const Table& table, std::uint32_t hash, std::string_view name) const;
+
+  std::vector<Slot> slots_;
+  std::vector<Table> tables_{Table{}};
+  std::vector<Children> requestsOfEcu_;
   std::unordered_map<std::string_view, std::size_t> ecuByName_;
   std::unordered_map<std::int32_t, std::size_t> ecuByAddress_;
 };

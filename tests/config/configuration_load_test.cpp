@@ -1,0 +1,195 @@
+#include <sstream>
+
+#include "tests/config/ConfigurationFixture.h"
+
+using namespace tarnlog;
+using namespace tarnlog::test;
+
+namespace {
+
+class ConfigurationLoad : public ConfigurationFixture {
+ protected:
+  std::string loadError(const std::string& bytes) {
+    try {
+      load(bytes);
+    } catch (const TarnError& error) {
+      EXPECT_EQ(error.number(), 1);
+      EXPECT_EQ(error.source(), "LoadXmlConfiguration load error");
+      return error.description();
+    }
+    return "none";
+  }
+
+  /// The start trigger as read from its element: "type edge level index prepost restart".
+  std::string startFrom(const std::string& element) {
+    loadParts("<Recording><Trigger>" + element + "</Trigger></Recording>");
+    const oTarnTrigger& trigger = *parameters.startTrigger;
+    return values(trigger) + (trigger.restart ? " restart" : "");
+  }
+  /// "type edge level index prepost seconds"
+  std::string stopFrom(const std::string& element) {
+    loadParts("<Recording><Trigger>" + element + "</Trigger></Recording>");
+    return values(*parameters.stopTrigger) + " " + std::to_string(parameters.stopTrigger->timeSeconde);
+  }
+
+  static std::string values(const oTarnTrigger& trigger) {
+    std::ostringstream text;
+    text << trigger.typeTrigger << ' ' << trigger.edge << ' ' << trigger.level << ' ' << trigger.DataIndex
+         << ' ' << trigger.prepost;
+    return text.str();
+  }
+};
+
+}  // namespace
+
+TEST_F(ConfigurationLoad, whatIsNoConfigurationIsRefusedWithItsPlace) {
+  EXPECT_EQ(loadError("<Other/>"), "the file /rec/braking.xml is not a Tarnlog file");
+  EXPECT_EQ(loadError("<Tarnlog2000 Version=\"3.0\"/>"),
+            "File /rec/braking.xml : Unknown Tarnlog version (3.0)");
+  EXPECT_EQ(loadError("<Tarnlog2000/>"), "File /rec/braking.xml : Unknown Tarnlog version ()");
+  const std::string cut = loadError("<Tarnlog2000 Version=\"2.0\">\n<Parameters>");
+  EXPECT_EQ(cut.rfind("File : /rec/braking.xml, Line : 2, LinePos : ", 0), 0U) << cut;
+  EXPECT_NE(cut.find(", Reason : "), std::string::npos);
+  const std::string empty = loadError("");
+  EXPECT_EQ(empty.rfind("File : /rec/braking.xml, Reason : ", 0), 0U) << empty;
+}
+
+TEST_F(ConfigurationLoad, aFileThatCannotBeReadIsALoadError) {
+  try {
+    parameters.LoadXmlConfiguration(files, "/rec/none.xml", vehicle.catalogue);
+    FAIL();
+  } catch (const TarnError& error) {
+    EXPECT_EQ(error.number(), 1);
+    EXPECT_EQ(error.source(), "LoadXmlConfiguration load error");
+    EXPECT_EQ(error.description(), "File : /rec/none.xml, Reason : /rec/none.xml: No such file or directory");
+  }
+}
+
+TEST_F(ConfigurationLoad, absentKeepsAndEmptyEmpties) {
+  parameters.userDescription = "before";
+  parameters.startSession = "10 C0";
+  parameters.filePrefix = "p";
+  parameters.recordingPeriod = 7;
+  loadParts("<Recording><File folder=\"/rec\"/></Recording>");
+  EXPECT_EQ(parameters.userDescription, "before");
+  EXPECT_EQ(parameters.startSession, "10 C0");
+  EXPECT_EQ(parameters.filePrefix, "p");
+  EXPECT_EQ(parameters.fileFolder, "/rec");
+  loadParts(
+      "<Comment/><StartSession></StartSession><Recording period=\"-1\"><File prefix=\"\"/></Recording>");
+  EXPECT_EQ(parameters.userDescription, "");
+  EXPECT_EQ(parameters.startSession, "");
+  EXPECT_EQ(parameters.filePrefix, "");
+  EXPECT_EQ(parameters.recordingPeriod, 7);
+  loadParts("<Comment>one<![CDATA[ & ]]><!-- not this -->two</Comment><Recording period=\"0\"/>");
+  EXPECT_EQ(parameters.userDescription, "one & two");
+  EXPECT_EQ(parameters.recordingPeriod, 0);
+}
+
+TEST_F(ConfigurationLoad, aFileWithoutParametersChangesNothing) {
+  *parameters.startTrigger = {0, oTarnTrigger::kChannel, -5, true, 60, -1, 0.1, 3};
+  load("<Tarnlog2000 Version=\"2,0\"><Datas>" + data("1", "Engine/Status/Speed") + "</Datas></Tarnlog2000>");
+  EXPECT_EQ(parameters.Count(), 0);
+  EXPECT_EQ(parameters.startTrigger->typeTrigger, oTarnTrigger::kChannel);
+}
+
+TEST_F(ConfigurationLoad, startTriggers) {
+  EXPECT_EQ(startFrom("<Start prepost=\"-5\" restart=\"1\" type=\"Channel\">"
+                      "<Channel edge=\"-1\" level=\"1.5 bar\" index=\"2\"/></Start>"),
+            "1 -1 1.5 2 -5 restart");
+  EXPECT_EQ(startFrom("<Start restart=\"true\" type=\"Channel\"/>"), "0 1 0 2 0");
+  EXPECT_EQ(startFrom("<Start type=\"Channel\"><Channel edge=\"-1\" level=\"3\" index=\"first\"/></Start>"),
+            "0 -1 3 2 0");
+  EXPECT_EQ(startFrom("<Start prepost=\"5 s\" type=\"Channel\"><Channel edge=\"up\" index=\" 4 \"/></Start>"),
+            "1 1 0 4 0");
+  EXPECT_EQ(startFrom("<Start type=\"Time\"/>"), "0 1 0 4 0");
+  EXPECT_EQ(startFrom(""), "0 1 0 4 0");
+}
+
+TEST_F(ConfigurationLoad, stopTriggers) {
+  EXPECT_EQ(stopFrom("<Stop prepost=\"3\" type=\"Time\"><Time seconde=\"30\"/></Stop>"), "2 1 0 0 3 30");
+  EXPECT_EQ(stopFrom("<Stop type=\"Time\"><Time seconde=\"soon\"/></Stop>"), "2 1 0 0 0 0");
+  EXPECT_EQ(stopFrom("<Stop type=\"Channel\"><Channel edge=\"1\" level=\"-2\" index=\"9\"/></Stop>"),
+            "1 1 -2 9 0 0");
+  EXPECT_EQ(stopFrom(""), "0 1 0 0 0 0");
+}
+
+TEST_F(ConfigurationLoad, displaySettingsTakeLeadingNumbersAndTheirOwnDefaults) {
+  loadParts("",
+            data("1", "Engine/Status/Speed", "Graph", "points=\"2.5 points\" axeYmaxi=\"1,5\" color=\"x\"") +
+                data("2", "Engine/Status/Load", "GraphAxeX", "index=\"3\"") +
+                data("3", "Engine/Status/Key", "BarGraph", "mini=\"-1e3\"") +
+                data("4", "Engine/Status/Mode", "Gauge"));
+  const oTarnGraph& graph = *parameters.Item("c2")->oTarnGraph;
+  EXPECT_EQ(graph.points, 2);
+  EXPECT_EQ(graph.AxeYmaxi, 1);
+  EXPECT_EQ(graph.Color, 0);
+  EXPECT_FALSE(graph.AxeYAuto);
+  EXPECT_TRUE(parameters.Item("c3")->oTarnGraphAxeX->axeXAuto);
+  EXPECT_EQ(parameters.Item("c4")->oTarnSlide->mini, -1000);
+  EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N");
+}
+
+TEST_F(ConfigurationLoad, positionsAreReadWithinTheRangeOfTheirType) {
+  std::string text = data("1", "Engine/Status/Speed", "Digital");
+  text.replace(text.find("<Digital />"), 11, "<Digital><Pos left=\"12.5\" Width=\"1e300\"/></Digital>");
+  loadParts("", text);
+  const DisplayPosition& position = parameters.Item("c2")->oTarnNumeric->position;
+  EXPECT_EQ(position.left, 12.5F);
+  EXPECT_EQ(position.top, -1);
+  EXPECT_GT(position.width, 1e38F);
+}
+
+TEST_F(ConfigurationLoad, dropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
+  loadParts(
+      "<InitScenario><Request Name=\"Reset\" EcuName=\"Engine\" Address=\"16\"/>"
+      "<Request Name=\"Reset\" Address=\"16\"/><Request Name=\"Reset\" EcuName=\"Engine\"/>"
+      "<Request Name=\"Reset\" EcuName=\"Engine\" Address=\"65552\"/>"
+      "<Request Name=\"Launch\" EcuName=\"Engine\" Address=\"16\"/>"
+      "<Request Name=\"Bleed\" EcuName=\"old name\" Address=\"40\"/></InitScenario>",
+      data("1", "Engine/Status/Torque") + data("2", "Engine/Status/Speed", "Graph") +
+          data("3", "Engine/Status/Speed") + data("4", "Gearbox/Status/Speed") +
+          data("7", "Brakes/Wheels/Rear", "GraphIndex", "index=\"2\""));
+  EXPECT_EQ(items(), "2 Speed G, 7 Rear I2");
+  EXPECT_EQ(dropped(), "Engine/Status/Torque Engine/Status/Speed= Gearbox/Status/Speed");
+  EXPECT_EQ(droppedRequests(), "/Reset Engine/Reset Engine/Reset Engine/Launch");
+  ASSERT_EQ(parameters.initScenario->Count(), 2);
+  EXPECT_EQ(parameters.initScenario->Item(2).EcuName, "Brakes");
+  const oTarnScope& rear = *parameters.Item(std::size_t{2});
+  EXPECT_EQ(rear.FunctionAddress, 40);
+  EXPECT_EQ(rear.Unit, "bar");
+}
+
+TEST_F(ConfigurationLoad, windows1252FilesAreReadDeclaredOrNot) {
+  for (const std::string head : {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>", ""}) {
+    load(head +
+         "<Tarnlog2000 Version=\"2.0\"><Parameters><Comment>d\xE9"
+         "part \x80</Comment></Parameters>"
+         "</Tarnlog2000>");
+    EXPECT_EQ(parameters.userDescription, "d\xC3\xA9part \xE2\x82\xAC");
+  }
+}
+
+TEST_F(ConfigurationLoad, oldVersionBecomesGraphsNumberedWithoutGaps) {
+  const auto old = [](const std::string& name) {
+    return "<Data><Name>" + name +
+           "</Name><Requete>Status</Requete><UCE>Engine</UCE>"
+           "<Fonction>Injection</Fonction></Data>";
+  };
+  parameters.recordingPeriod = 9;
+  parameters.filePrefix = "kept";
+  load(
+      "<Tarnlog2000 Version=\"1,0\"><PlotColor>255</PlotColor><PointsToDisplay>200</PointsToDisplay><Datas>" +
+      old("Speed") + old("Torque") + old("Speed") + old("Mode") + old("Load") +
+      "<Data/></Datas></Tarnlog2000>");
+  EXPECT_EQ(items(), "1 Speed G, 2 Mode N, 3 Load G");
+  EXPECT_EQ(dropped(), "Engine/Status/Torque Engine/Status/Speed= /");
+  EXPECT_EQ(parameters.recordingPeriod, 9);
+  EXPECT_EQ(parameters.filePrefix, "kept");
+  const oTarnScope& load = *parameters.Item(std::size_t{3});
+  EXPECT_EQ(load.oTarnGraph->Color, 255);
+  EXPECT_EQ(load.oTarnGraph->points, 200);
+  EXPECT_TRUE(load.oTarnGraph->AxeYAuto);
+  EXPECT_EQ(load.FunctionName, "Injection");
+  EXPECT_EQ(load.FunctionAddress, 16);
+}

@@ -1,0 +1,7 @@
+#include "tests/support/FuzzSeeds.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+
+TEST(ConfigurationSeeds, areRefusedOrUsable) {
+  tarnlog::test::runFuzzSeeds("configuration_fuzzer", LLVMFuzzerTestOneInput);
+}

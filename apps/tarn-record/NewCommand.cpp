@@ -39,7 +39,7 @@ std::string nearNames(const std::vector<CatalogueRow>& rows, const std::string& 
   for (const CatalogueRow& row : rows) {
     const bool contained = containsText(row.path(), path) || containsText(path, row.data);
     const std::size_t far = contained ? 0 : distance(path, row.path());
-    if (contained || far <= path.size() / 3) near.emplace_back(far, row.path());
+    if (contained || far <= path.size() / 5) near.emplace_back(far, row.path());
   }
   std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::string text;

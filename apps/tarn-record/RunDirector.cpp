@@ -16,13 +16,12 @@ void RunDirector::step(bool stopRequested, bool eventRequested) {
     pressStart();
 }
 
-/// Once per recording: a file that cannot be opened is not tried again with every tick.
+/// Where the file of a manual start cannot be opened, nothing can come of the run any more.
 void RunDirector::pressStart() {
   if (!acq_.hasRow() || acq_.AcqState() != TarnAcq::kCommunicate || acq_.Recording()) return;
-  if (startPressed_ && acq_.finishedRecordings() == recordingsAtPress_) return;
-  startPressed_ = true;
-  recordingsAtPress_ = acq_.finishedRecordings();
+  if (acq_.startPending()) return;
   acq_.ToggleRecording();
+  if (!acq_.startPending()) stopping_ = true;
 }
 
 bool RunDirector::timeOver() {

@@ -35,8 +35,6 @@ class RunDirector {
   RunLimits limits_;
   Milliseconds countedFrom_;
   bool dataSeen_ = false;
-  bool startPressed_ = false;
-  std::int32_t recordingsAtPress_ = 0;
   bool stopping_ = false;
   bool stopPressed_ = false;
   bool ended_ = false;

@@ -87,9 +87,8 @@ std::optional<XmlRepair> repairXml(std::string_view text) {
   if (!walk.isRecord()) return std::nullopt;
   if (walk.rootClosed()) return XmlRepair{true, 0, std::string(text)};
   std::string closed(text.substr(0, walk.keep()));
-  const std::size_t dropped = text.substr(walk.keep()).find_first_not_of(" \t\r\n") == std::string_view::npos
-                                  ? 0
-                                  : text.size() - walk.keep();
+  const std::size_t unfinished = text.find_first_not_of(" \t\r\n", walk.keep());
+  const std::size_t dropped = unfinished == std::string_view::npos ? 0 : text.size() - unfinished;
   return XmlRepair{false, dropped, closed + "\r\n</Tarnlog2000>\r\n"};
 }
 

@@ -16,8 +16,8 @@ struct Signal {
   double delay = 0;   ///< sine and square start this much later
   bool repeats = true;
   bool interpolates = false;
-  std::vector<double> times;  ///< table: ascending; empty: one value every `interval`
-  std::vector<double> values;
+  std::vector<double> times{};  ///< table: ascending; empty: one value every `interval`
+  std::vector<double> values{};
   double interval = 1;  ///< table without times: seconds per value
 
   double valueAt(double seconds) const;

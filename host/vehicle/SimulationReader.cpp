@@ -277,7 +277,7 @@ class SimulationReader {
     try {
       table = std::make_unique<CsvTable>(files_(file.text()));
     } catch (const TarnError& error) {
-      file.fail(fmt::format("expected a readable file, found \"{}\": {}", file.text(), error.description()));
+      file.fail(fmt::format("expected a readable file; {}", error.description()));
     }
     return *table;
   }

@@ -1,12 +1,9 @@
 #include "host/vehicle/Vehicle.h"
 
-#include <fmt/format.h>
-
 #include <utility>
 
 #include "host/link/SimulatedLink.h"
 #include "host/vehicle/VehicleSimulator.h"
-#include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
@@ -41,13 +38,7 @@ class VehicleOverLink : public OpenedVehicle {
 }  // namespace
 
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files) {
-  std::string text;
-  try {
-    text = files.readAll(path);
-  } catch (const TarnError& error) {
-    throw TarnError(1, "Vehicle description", fmt::format("{}: {}", path, error.description()));
-  }
-  return parseVehicleDescription(text, path,
+  return parseVehicleDescription(files.readAll(path), path,
                                  [&](const std::string& name) { return files.readAll(besides(path, name)); });
 }
 

@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include "host/link/SimulatedLink.h"
+#include "host/vehicle/VehicleSession.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/ScriptedPeer.h"
+
+namespace tarnlog::host {
+namespace {
+
+using test::ManualLinkClock;
+using test::ScriptedPeer;
+
+constexpr char kCar[] = R"({
+  "name": "car", "pendingTimeout": 1000,
+  "ecus": [
+    { "name": "Engine", "function": "INJ", "address": 16, "protocol": "KWP2000", "initialisation": "10 81",
+      "requests": [
+        { "name": "Speeds", "frame": "21 80", "data": [
+          { "name": "Speed", "byte": 2, "bytes": 2, "factor": 0.25, "unit": "rpm", "decimals": 1 },
+          { "name": "Pedal", "byte": 4, "bit": 0, "bits": 1, "device": "Pedals",
+            "enumeration": [{ "value": 0, "label": "Released" }, { "value": 1, "label": "Pressed" }] },
+          { "name": "Gear", "byte": 5, "signed": true, "notAvailable": "0xFF" } ] },
+        { "name": "Identity", "frame": "1A 80", "timeout": 50, "data": [
+          { "name": "Number", "byte": 2, "bytes": 3, "type": "text" },
+          { "name": "Raw", "byte": 2, "type": "bytes" },
+          { "name": "Speed", "byte": 4, "reference": true } ] } ] },
+    { "name": "Brakes", "address": 40, "protocol": "UDS", "requests": [
+        { "name": "Off", "frame": "22 00 01", "available": false },
+        { "name": "Wheels", "frame": "22 00 02", "data": [{ "name": "Wheel", "byte": 3 }] } ] } ] })";
+
+/// A described car whose ECUs follow a script.
+struct Car {
+  VehicleDescription description =
+      parseVehicleDescription(kCar, "car.json", [](const std::string&) { return std::string(); });
+  ManualLinkClock clock;
+  ScriptedPeer peer;
+  SimulatedLink link{clock, peer};
+  VehicleSession session{description, link, clock, UserLocale{','}};
+
+  ferrox3::Request& request(const char* name) { return *session.ecu(0).findRequest(name); }
+  std::string text(const char* name) { return request("Speeds").findData(name)->valueText(); }
+  std::string sendError(const char* name) {
+    try {
+      request(name).send();
+    } catch (const TarnError& error) {
+      return error.description();
+    }
+    return "sent";
+  }
+};
+
+TEST(VehicleSession, ValuesFollowTheResponse) {
+  Car car;
+  ferrox3::Request& speeds = car.request("Speeds");
+  EXPECT_EQ(car.text("Speed"), "---");
+  EXPECT_TRUE(std::isnan(std::get<double>(speeds.findData("Gear")->value())));
+  EXPECT_EQ(speeds.sentText(), "");
+
+  car.peer.script["21 80"] = {"61 80 13 5F 01 FE"};
+  speeds.send();
+  EXPECT_EQ(std::get<double>(speeds.findData("Speed")->value()), 1239.75);
+  EXPECT_EQ(car.text("Speed"), "1239,8");
+  EXPECT_EQ(std::get<std::int32_t>(speeds.findData("Pedal")->value()), 1);
+  EXPECT_EQ(car.text("Pedal"), "Pressed");
+  EXPECT_EQ(std::get<std::int32_t>(speeds.findData("Gear")->value()), -2);
+  EXPECT_EQ(speeds.sentText() + " / " + speeds.receivedText(), "21 80 / 61 80 13 5F 01 FE");
+
+  car.peer.script["21 80"] = {"61 80 00 00 00 FF"};
+  speeds.send();
+  EXPECT_EQ(car.text("Pedal") + car.text("Gear"), "Released---");
+  car.peer.script["21 80"] = {"61 80 00 04 02 00"};
+  speeds.send();
+  EXPECT_EQ(car.text("Pedal") + car.text("Gear"), "Released0");
+}
+
+TEST(VehicleSession, AShortAnswerFillsWhatItHolds) {
+  Car car;
+  car.peer.script["21 80"] = {"61 80 00 04 01 05"};
+  car.request("Speeds").send();
+  car.peer.script["21 80"] = {"61 80 00 08"};
+  car.request("Speeds").send();
+  EXPECT_EQ(car.text("Speed") + " " + car.text("Pedal") + " " + car.text("Gear"), "2,0 --- ---");
+}
+
+TEST(VehicleSession, TextsAndBytesAreTakenAsTheyAre) {
+  Car car;
+  car.peer.script["1A 80"] = {"5A 80 41 42 20 0F"};
+  ferrox3::Request& identity = car.request("Identity");
+  identity.send();
+  EXPECT_EQ(identity.findData("Number")->valueText(), "AB");
+  EXPECT_EQ(identity.findData("Raw")->valueText(), "41 42 20 0F");
+  car.peer.script["1A 80"] = {"5A 80 41"};
+  identity.send();
+  EXPECT_EQ(identity.findData("Number")->valueText(), "---");
+  EXPECT_EQ(std::get<std::string>(identity.findData("Number")->value()), "");
+  EXPECT_EQ(std::get<ferrox3::Bytes>(identity.findData("Raw")->value()), ferrox3::Bytes{0x41});
+}
+
+TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
+  Car car;
+  car.peer.script["21 80"] = {"61 80 00 04 01 05"};
+  car.request("Speeds").send();
+  car.peer.script["21 80"] = {"7F 21 31"};
+  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80 refused: 7F 21 31 request out of range");
+  EXPECT_EQ(car.request("Speeds").receivedText(), "7F 21 31");
+  EXPECT_EQ(car.text("Speed"), "1,0") << "the old value stays";
+
+  // Answers to other requests are passed over, and do not prolong the wait.
+  car.peer.script["21 80"] = {"61 81 00", "7F 22 31", "", "61 80 00 08"};
+  EXPECT_EQ(car.sendError("Speeds"), "sent");
+  car.peer.script["21 80"] = std::vector<std::string>(100, "61 81");
+  const auto before = car.clock.microseconds();
+  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: no answer within 200 ms");
+  EXPECT_EQ(car.clock.microseconds() - before, 200000);
+  EXPECT_EQ(car.request("Speeds").receivedText(), "");
+  EXPECT_EQ(car.sendError("Identity"), "Engine: request 1A 80: no answer within 50 ms");
+
+  // "Pending" prolongs it, up to the limit.
+  std::vector<std::string> answers(60, "7F 21 78");
+  answers.push_back("61 80 00 0C");
+  car.peer.script["21 80"] = answers;
+  EXPECT_EQ(car.sendError("Speeds"), "sent");
+  EXPECT_EQ(car.text("Speed"), "3,0");
+  car.peer.script["21 80"] = std::vector<std::string>(200, "7F 21 78");
+  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: still pending after 1000 ms");
+}
+
+TEST(VehicleSession, TheIdleHookSeesARequestOnItsWayAndCannotSend) {
+  Car car;
+  int calls = 0;
+  std::string second;
+  car.link.setIdleHook([&] {
+    ++calls;
+    EXPECT_TRUE(car.session.communicating());
+    second = car.sendError("Identity");
+    car.session.endCommunication();
+  });
+  EXPECT_FALSE(car.session.communicating());
+  EXPECT_NE(car.sendError("Speeds"), "sent");
+  EXPECT_EQ(calls, 10) << "every 20 of 200 ms";
+  EXPECT_EQ(second, "another request is on its way");
+  EXPECT_FALSE(car.session.communicating());
+
+  car.link.setIdleHook({});
+  EXPECT_EQ(car.peer.starts, 1);
+  car.sendError("Speeds");
+  EXPECT_EQ(car.peer.starts, 2) << "ended during the request, so opened again";
+  car.session.endCommunication();
+  car.sendError("Speeds");
+  car.sendError("Speeds");
+  EXPECT_EQ(car.peer.starts, 3);
+}
+
+TEST(VehicleSession, TheAcquisitionListSendsEachRequestOnce) {
+  Car car;
+  const auto list = car.session.createAcquisitionList();
+  ferrox3::Request& wheels = car.session.ecu(1).request(1);
+  for (ferrox3::DataItem* const item : {wheels.findData("Wheel"), car.request("Speeds").findData("Gear"),
+                                        car.request("Identity").findData("Raw"),
+                                        car.request("Speeds").findData("Speed"), wheels.findData("Wheel")})
+    list->add(*item);
+  const auto set = list->pollSet();
+  ASSERT_EQ(set->requestCount(), 3U);
+  EXPECT_EQ(set->request(0).name() + set->request(1).name() + set->request(2).name(), "WheelsSpeedsIdentity");
+  ASSERT_EQ(set->ecuCount(), 2U);
+  EXPECT_EQ(set->ecu(0).name(), "Brakes");
+
+  std::string report;
+  set->protocol().setInitReport(
+      [&](const ferrox3::Ecu& ecu, bool failed, const std::string&, const std::string& error) {
+        report += ecu.name() + (failed ? " failed " + error + ". " : " ok. ");
+      });
+  car.peer.script["10 81"] = {"7F 10 11"};
+  set->protocol().initialiseAll();
+  EXPECT_EQ(report, "Brakes failed no answer to 22 00 02 within 200 ms. Engine ok. ");
+  EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"40: 22 00 02", "16: 10 81"}));
+  set->finish();
+  list->finish();
+  EXPECT_EQ(set->requestCount(), 0U);
+  EXPECT_EQ(list->pollSet()->requestCount(), 0U);
+}
+
+TEST(VehicleSession, LooksUpByName) {
+  Car car;
+  EXPECT_EQ(car.session.findEcuByFunction("INJ"), &car.session.ecu(0));
+  EXPECT_EQ(car.session.findEcuByFunction("Engine"), nullptr);
+  EXPECT_EQ(car.session.ecu(0).findRequest("speeds"), nullptr);
+  EXPECT_EQ(car.session.ecu(0).findData("Speed")->request().name(), "Identity") << "marked as reference";
+  EXPECT_EQ(car.session.ecu(0).findData("Gear")->request().name(), "Speeds");
+  const ferrox3::DataItem& pedal = *car.request("Speeds").findData("Pedal");
+  EXPECT_EQ(pedal.device()->name(), "Pedals");
+  EXPECT_EQ(pedal.enumeration()->Count(), 2);
+  EXPECT_EQ(pedal.enumeration()->label(2), "Pressed");
+  EXPECT_EQ(pedal.enumeration()->value("Pressed"), 1);
+  EXPECT_THROW(pedal.enumeration()->label(3), TarnError);
+  EXPECT_THROW(pedal.enumeration()->value("?"), TarnError);
+  EXPECT_EQ(car.request("Speeds").findData("Gear")->enumeration(), nullptr);
+}
+
+TEST(VehicleSession, ExchangesRawFramesAndStartsSessions) {
+  Car car;
+  ferrox3::Ecu& engine = car.session.ecu(0);
+  car.peer.script["10 A0"] = {"50 A0"};
+  engine.kwp2000()->startDiagnosticSession(0xA0);
+  EXPECT_EQ(car.session.ecu(1).kwp2000(), nullptr);
+
+  const auto request = car.session.createRawBuffer();
+  const auto response = car.session.createRawBuffer();
+  EXPECT_THROW(engine.exchange(*request, *response), TarnError) << "nothing to send";
+  EXPECT_THROW(request->fill("31 0"), TarnError);
+  request->fill("31 01");
+  response->setLength(0);
+  car.peer.script["31 01"] = {"71 01 02 03"};
+  engine.exchange(*request, *response);
+  EXPECT_EQ(response->text(), "71 01 02 03");
+  response->setLength(2);
+  engine.exchange(*request, *response);
+  EXPECT_EQ(response->text(), "71 01");
+}
+
+}  // namespace
+}  // namespace tarnlog::host

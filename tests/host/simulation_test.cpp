@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/vehicle/HexText.h"
+#include "host/vehicle/Vehicle.h"
+#include "host/vehicle/VehicleSimulator.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/MemoryFileSystem.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr char kCar[] = R"({
+  "name": "car",
+  "ecus": [
+    { "name": "Engine", "address": 16, "protocol": "KWP2000", "requests": [
+        { "name": "Speeds", "frame": "21 80", "data": [
+          { "name": "Speed", "byte": 2, "factor": 0.5 },
+          { "name": "Mode", "byte": 3, "bit": 4, "bits": 2,
+            "enumeration": [{ "value": 2, "label": "sport" }] },
+          { "name": "Text", "byte": 4, "bytes": 3, "type": "text" } ] },
+        { "name": "Plain", "frame": "22 12 34", "data": [{ "name": "Plain", "byte": 4 }] } ] } ],
+  "simulation": { "latency": 7, "requests": [
+      { "ecu": "Engine", "request": "Speeds", "latency": 2, "response": "61 80 00 0F",
+        "signals": {
+          "Speed": { "kind": "table", "file": "drive.csv", "column": "v", "interval": 0.5 },
+          "Mode": { "kind": "constant", "value": "sport" },
+          "Text": { "kind": "constant", "value": "AB" } } } ],
+    "faults": [ FAULT ] } })";
+
+/// A simulated car whose time is stepped.
+struct Car {
+  explicit Car(const std::string& fault = "") {
+    std::string json = kCar;
+    json.replace(json.find("FAULT"), 5, fault);
+    files.files["/cars/road.json"] = json;
+    files.files["/cars/drive.csv"] = "t,v\n0,10\n1,20\n2,100\n";
+    vehicle = openVehicle("/cars/road.json", files, {}, clock, {});
+    request = &vehicle->session().ecu(0).request(0);
+  }
+
+  /// The answer to the request, or what is wrong with it, `seconds` after the first one.
+  std::string sendAt(double seconds) {
+    if (!started) start = clock.microseconds();
+    started = true;
+    clock.step(start + static_cast<std::int64_t>(seconds * 1e6) - clock.microseconds());
+    try {
+      request->send();
+    } catch (const TarnError& error) {
+      return error.description().substr(error.description().find("21 80") + 5);
+    }
+    return request->receivedText();
+  }
+
+  std::string exchange(const char* frame) {
+    const auto out = vehicle->session().createRawBuffer();
+    const auto in = vehicle->session().createRawBuffer();
+    out->fill(frame);
+    try {
+      vehicle->session().ecu(0).exchange(*out, *in);
+    } catch (const TarnError& error) {
+      return error.description();
+    }
+    return in->text();
+  }
+
+  test::MemoryFileSystem files;
+  test::ManualLinkClock clock;
+  std::unique_ptr<OpenedVehicle> vehicle;
+  ferrox3::Request* request = nullptr;
+  std::int64_t start = 0;
+  bool started = false;
+};
+
+TEST(Simulation, SignalsAndTemplateMakeTheAnswer) {
+  Car car;
+  EXPECT_EQ(car.sendAt(0), "61 80 14 2F 41 42 00");
+  EXPECT_EQ(car.clock.microseconds(), 2000) << "latency";
+  EXPECT_EQ(car.sendAt(0.6), "61 80 28 2F 41 42 00");
+  EXPECT_EQ(car.request->findData("Speed")->valueText(), "20");
+  EXPECT_EQ(car.request->findData("Text")->valueText(), "AB");
+  EXPECT_EQ(car.sendAt(1.4), "61 80 C8 2F 41 42 00");
+  EXPECT_EQ(car.sendAt(1.5), "61 80 14 2F 41 42 00") << "the table begins again";
+  car.vehicle->session().endCommunication();
+  EXPECT_EQ(car.sendAt(2.1), "61 80 14 2F 41 42 00") << "a link opened again begins at time 0";
+}
+
+TEST(Simulation, AnswersWhatIsNoRequestOfTheDescription) {
+  Car car;
+  EXPECT_EQ(car.exchange("22 12 34"), "62 12 34 00 00");
+  EXPECT_EQ(car.exchange("10 A0"), "50 A0");
+  EXPECT_EQ(car.exchange("3E"), "7E");
+  EXPECT_EQ(car.exchange("21 81"), "Engine: request 21 81 refused: 7F 21 12 sub-function not supported");
+  EXPECT_EQ(car.exchange("31 01"), "Engine: request 31 01 refused: 7F 31 11 service not supported");
+}
+
+TEST(Simulation, FaultsHappenWhenTheyShould) {
+  {
+    Car car(R"({ "ecu": "Engine", "kind": "noAnswer", "from": 1, "to": 2 })");
+    EXPECT_NE(car.sendAt(0), ": no answer within 200 ms");
+    EXPECT_NE(car.sendAt(0.9), ": no answer within 200 ms");
+    EXPECT_EQ(car.sendAt(1), ": no answer within 200 ms");
+    EXPECT_NE(car.sendAt(2), ": no answer within 200 ms");
+  }
+  {
+    Car car(
+        R"({ "ecu": "Engine", "request": "Speeds", "kind": "negativeResponse", "code": "0x22", "every": 3 })");
+    EXPECT_TRUE(car.sendAt(0).starts_with("61"));
+    EXPECT_EQ(car.exchange("10 81"), "50 81") << "another request is not concerned, and not counted";
+    EXPECT_TRUE(car.sendAt(0.1).starts_with("61"));
+    EXPECT_EQ(car.sendAt(0.2), " refused: 7F 21 22 conditions not correct");
+    EXPECT_TRUE(car.sendAt(0.3).starts_with("61"));
+  }
+  {
+    Car car(R"({ "ecu": "Engine", "kind": "shortAnswer", "bytes": 3 })");
+    EXPECT_EQ(car.sendAt(0), "61 80 14");
+    EXPECT_EQ(car.request->findData("Mode")->valueText(), "---");
+  }
+  {
+    Car car(R"({ "ecu": "Engine", "kind": "pending", "delay": 300 })");
+    EXPECT_TRUE(car.sendAt(0).starts_with("61"));
+    EXPECT_EQ(car.clock.microseconds(), 302000);
+  }
+  for (const char* const kind : {"wrongService", "garbage"}) {
+    Car car(std::string(R"({ "ecu": "Engine", "kind": ")") + kind + R"(" })");
+    EXPECT_EQ(car.sendAt(0), ": no answer within 200 ms");
+  }
+}
+
+TEST(Simulation, TheSameSeedGivesTheSameRun) {
+  const auto run = [](Car& car) {
+    std::string failures;
+    for (int i = 0; i < 100; ++i) failures += car.sendAt(i).starts_with("61") ? '.' : 'x';
+    return failures;
+  };
+  const char* const fault = R"({ "ecu": "Engine", "kind": "noAnswer", "probability": 0.3 })";
+  Car first(fault);
+  Car second(fault);
+  const std::string failures = run(first);
+  EXPECT_EQ(run(second), failures);
+  const auto count = std::count(failures.begin(), failures.end(), 'x');
+  EXPECT_GT(count, 15);
+  EXPECT_LT(count, 45);
+}
+
+TEST(Signal, IsAFunctionOfTime) {
+  Signal ramp{Signal::Kind::ramp, 20, 90, 10};
+  EXPECT_DOUBLE_EQ(ramp.valueAt(5), 55);
+  EXPECT_DOUBLE_EQ(ramp.valueAt(15), 55);
+  ramp.repeats = false;
+  EXPECT_DOUBLE_EQ(ramp.valueAt(15), 90);
+  const Signal sine{Signal::Kind::sine, 50, 10, 4, 1};
+  EXPECT_NEAR(sine.valueAt(0), 40, 1e-9);
+  EXPECT_NEAR(sine.valueAt(2), 60, 1e-9);
+  const Signal square{Signal::Kind::square, 0, 1, 2, 0.5};
+  EXPECT_EQ(square.valueAt(0), 1);
+  EXPECT_EQ(square.valueAt(0.5), 0);
+  EXPECT_EQ(square.valueAt(1.5), 1);
+  Signal table{Signal::Kind::table, 0, 0, 6, 0, false, true, {1, 2, 4}, {10, 20, 40}};
+  EXPECT_EQ(table.valueAt(0), 10);
+  EXPECT_DOUBLE_EQ(table.valueAt(3), 30);
+  EXPECT_EQ(table.valueAt(100), 40);
+  table.repeats = true;
+  EXPECT_DOUBLE_EQ(table.valueAt(9), 30);
+}
+
+TEST(Simulation, AMissingDescriptionIsNamed) {
+  test::MemoryFileSystem files;
+  try {
+    readVehicleDescription("/cars/none.json", files);
+    FAIL();
+  } catch (const TarnError& error) {
+    EXPECT_EQ(error.description(), "/cars/none.json: No such file or directory");
+  }
+}
+
+}  // namespace
+}  // namespace tarnlog::host

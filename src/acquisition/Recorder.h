@@ -64,7 +64,10 @@ class Recorder {
   bool OpenRecordFile();
   void writeFirstRows();
   void addToPreTrigger(Milliseconds pollTime);
-  bool rowDue(Milliseconds pollTime) const { return millisecondsBetween(nextSampleTime_, pollTime) >= 0; }
+  /// With period 0 the schedule stands still, and after half a turn of the clock it would lie ahead.
+  bool rowDue(Milliseconds pollTime) const {
+    return plan_.samplePeriod == 0 || millisecondsBetween(nextSampleTime_, pollTime) >= 0;
+  }
 
   Refresh cycleIdle(Milliseconds pollTime);
   Refresh cycleRecording(Milliseconds pollTime);

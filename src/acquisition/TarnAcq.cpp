@@ -52,7 +52,8 @@ TarnAcq::~TarnAcq() {
 
 void TarnAcq::setSession(ferrox3::Session* session) {
   if (busy_) {
-    deferred_ = {.session = session};
+    deferred_.session = session;
+    deferred_.start = false;
     stopAcqRequested_ = true;
   } else {
     takeSession(session);
@@ -60,7 +61,7 @@ void TarnAcq::setSession(ferrox3::Session* session) {
 }
 
 void TarnAcq::takeSession(ferrox3::Session* session) {
-  if (acquiring()) EndAcquisition(Ending::Quiet);
+  if (acquiring()) EndAcquisition();
   session_ = session;
   env_.screen.rebuildValueColumns();
   env_.screen.setRecordingCaption("rec");
@@ -89,11 +90,13 @@ void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
     if (!deferred_.session) refuseMissing();
     deferred_.start = true;
     deferred_.hide = false;
+    stopAsked_ = false;
     stopAcqRequested_ = true;
     return;
   }
   refuseMissing();
-  if (acquiring()) EndAcquisition(Ending::Quiet);
+  stopAsked_ = false;
+  if (acquiring()) EndAcquisition();
 
   log_.clear();
   clearDisplay();
@@ -151,17 +154,18 @@ void TarnAcq::logPlan(const RecordingPlan& plan) {
 
 void TarnAcq::AskStopAcqNow() {
   env_.timer.setEnabled(false);
+  stopAsked_ = true;
   if (busy_) {
-    deferred_ = {};
+    deferred_.hide = deferred_.start = false;
     stopAcqRequested_ = true;
   } else if (files_.record() != nullptr || events_.active()) {
     stopAcqRequested_ = true;
     env_.timer.setInterval(1);
     env_.timer.setEnabled(true);
   } else if (acquiring()) {
-    EndAcquisition(Ending::Announced);
-  } else if (acqStopped_) {
-    acqStopped_();
+    EndAcquisition();
+  } else {
+    announceStop();
   }
 }
 
@@ -188,7 +192,7 @@ void TarnAcq::hidden() {
     deferred_.hide = true;
     deferred_.start = false;
     stopAcqRequested_ = true;
-  } else {
+  } else if (!stopAcqRequested_) {  // else the tick to come ends everything
     hideNow();
   }
 }
@@ -357,11 +361,10 @@ void TarnAcq::SetAcqState(State state) {
   }
 }
 
-/// Ends the acquisition that runs; what was asked for while the tick ran comes next. Whoever starts anew,
-/// changes the session or hides the control does not wait for AcqStopped.
+/// Ends the acquisition that runs; what was asked for while the tick ran comes next.
 void TarnAcq::honourStop() {
   const Deferred next = std::exchange(deferred_, {});
-  EndAcquisition(next.any() ? Ending::Quiet : Ending::Announced);
+  EndAcquisition();
   if (next.session) takeSession(*next.session);
   if (next.hide) hideNow();
   if (!next.start) return;
@@ -369,11 +372,14 @@ void TarnAcq::honourStop() {
     StartReadingData();
   } catch (const TarnError& error) {
     log_.add(error.description());
-    if (acqStopped_) acqStopped_();
+    stopAsked_ = true;
+    announceStop();
   }
 }
 
-void TarnAcq::EndAcquisition(Ending ending) {
+/// Only whoever asked for the stop waits for AcqStopped: starting anew, changing the session and hiding do
+/// not.
+void TarnAcq::EndAcquisition() {
   busy_ = true;
   env_.timer.setEnabled(false);
   if (session_ != nullptr) skipOnFailure([&] { session_->endCommunication(); });
@@ -385,7 +391,11 @@ void TarnAcq::EndAcquisition(Ending ending) {
   skipOnFailure([&] { clearDisplay(); });
   files_.closeAll();
   busy_ = false;
-  if (ending == Ending::Announced && acqStopped_) acqStopped_();
+  announceStop();
+}
+
+void TarnAcq::announceStop() {
+  if (std::exchange(stopAsked_, false) && acqStopped_) acqStopped_();
 }
 
 }  // namespace tarnlog

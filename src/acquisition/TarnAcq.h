@@ -54,7 +54,8 @@ class TarnAcq {
   TarnAcq(const TarnAcq&) = delete;
   TarnAcq& operator=(const TarnAcq&) = delete;
 
-  /// An acquisition of another session is ended first, files closed, without AcqStopped.
+  /// An acquisition of another session is ended first, files closed, without AcqStopped unless it was asked
+  /// to stop before.
   void setSession(ferrox3::Session* session);
   /// Keeps the configuration and, with a session present, starts acquiring.
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
@@ -102,9 +103,7 @@ class TarnAcq {
     bool hide = false;
     std::optional<ferrox3::Session*> session;
     bool start = false;
-    bool any() const { return hide || session || start; }
   };
-  enum class Ending { Announced, Quiet };
 
   void refuseMissing() const;
   void createBuffers(const RecordingPlan& plan);
@@ -123,7 +122,8 @@ class TarnAcq {
   void endTick();
 
   void SetAcqState(State state);
-  void EndAcquisition(Ending ending);
+  void EndAcquisition();
+  void announceStop();
   void honourStop();
   void takeSession(ferrox3::Session* session);
   void hideNow();
@@ -136,7 +136,8 @@ class TarnAcq {
 
   State state_ = kIdle;
   bool stopAcqRequested_ = false;
-  bool busy_ = false;  ///< a tick, or an end of acquisition, is running
+  bool stopAsked_ = false;  ///< AcqStopped is owed to whoever asked; a start after that pays it
+  bool busy_ = false;       ///< a tick, or an end of acquisition, is running
   bool scrollPending_ = false;
   Deferred deferred_;
   Milliseconds stateSince_ = 0;

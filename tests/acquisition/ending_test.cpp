@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "tests/support/AcqRig.h"
 
 namespace tarnlog {
@@ -66,6 +68,31 @@ TEST(Ending, insideATickItWaitsForTheTick) {
     EXPECT_EQ(rig.stopped, 1) << call;
     expectReleased(rig);
   }
+}
+
+// Hiding after a stop once swallowed the answer, and stopping after a new session the session.
+TEST(Ending, isAnsweredWhateverElseHappensBeforeTheTickEnds) {
+  test::ScriptedSession second;
+  struct Case {
+    std::function<void(TarnAcq&)> calls;
+    int sessions;
+  };
+  for (const Case& wanted : {Case{[](TarnAcq& acq) { acq.AskStopAcqNow(), acq.hidden(); }, 1},
+                             Case{[&](TarnAcq& acq) { acq.AskStopAcqNow(), acq.setSession(&second); }, 2},
+                             Case{[&](TarnAcq& acq) { acq.setSession(&second), acq.AskStopAcqNow(); }, 2}})
+    for (const bool inTick : {false, true}) {
+      AcqRig rig;
+      rig.triggerStart(1, 50);
+      rig.start();
+      rig.run("1000:0 1100:60");
+      if (inTick) rig.session.script.whileWaiting = [&] { wanted.calls(rig.acq); };
+      if (!inTick) wanted.calls(rig.acq);
+      rig.run("1200:61 1300:62");
+      EXPECT_EQ(rig.stopped, 1);
+      EXPECT_EQ(rig.finished.size(), 1U);
+      EXPECT_EQ(rig.screen.columnRebuilds, wanted.sessions);
+      expectReleased(rig);
+    }
 }
 
 TEST(Ending, aStartInsideATickReplacesTheAcquisitionAfterIt) {

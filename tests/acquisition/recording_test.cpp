@@ -158,6 +158,16 @@ TEST(Recording, survivesTheWrapOfTheClock) {
   EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|60", "1|\"\"|61", "2|\"\"|62"));
 }
 
+// The schedule of period 0 stands still: half a turn of the clock later it once seemed to lie ahead.
+TEST(Recording, everyCycleIsARowAlsoAfterWeeks) {
+  AcqRig rig;
+  rig.start();
+  rig.run("1000:0");
+  rig.acq.ToggleRecording();
+  rig.run("1100:1 1200:2 2200000000:3");
+  EXPECT_EQ(rig.recordRows().size(), 3U);
+}
+
 TEST(Recording, cellsHoldValuesWhereTheListShowsTexts) {
   AcqRig rig;
   auto& pedal = rig.status.addData("Pedal", ferrox3::kInteger).withLabels({{"Released", 0}, {"Pressed", 1}});

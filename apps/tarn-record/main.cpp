@@ -155,20 +155,13 @@ std::function<int()> addRepair(CLI::App& app, std::string& file) {
   };
 }
 
-int runChosen(CLI::App& app, const std::vector<std::function<int()>>& actions) {
-  try {
-    for (std::size_t i = 0; i < actions.size(); ++i)
-      if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
-    return kBadInput;
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "tarn-record: %s\n", error.what());
-    return kBadInput;
-  }
+int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
+  for (std::size_t i = 0; i < actions.size(); ++i)
+    if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
+  return kBadInput;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int program(int argc, char** argv) {
   CLI::App app("Records the diagnostic data of a vehicle's control units");
   app.require_subcommand(1);
   app.set_version_flag("--version", TARNLOG_VERSION);
@@ -188,4 +181,15 @@ int main(int argc, char** argv) {
     return app.exit(error) == 0 ? kDone : kBadInput;
   }
   return runChosen(app, actions);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return program(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "tarn-record: %s\n", error.what());
+    return kBadInput;
+  }
 }

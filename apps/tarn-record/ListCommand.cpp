@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "apps/tarn-record/CatalogueTable.h"
+#include "platform/text/Numbers.h"
 
 namespace tarnlog::record {
 
@@ -17,10 +18,11 @@ namespace {
 
 using Cells = std::array<std::string, 7>;
 
+bool isNumber(const CatalogueRow& row) { return row.type != "text" && row.type != "bytes"; }
+
 Cells cellsOf(const CatalogueRow& row) {
-  const bool numeric = row.type != "text" && row.type != "bytes";
   const std::string device = row.device.empty() || !row.failure ? row.device : row.device + " (failure)";
-  return {row.ecu,  row.request, row.data, row.unit, numeric ? row.minimum + " to " + row.maximum : "",
+  return {row.ecu,  row.request, row.data, row.unit, isNumber(row) ? row.minimum + " to " + row.maximum : "",
           row.type, device};
 }
 
@@ -50,9 +52,13 @@ std::string table(const std::vector<CatalogueRow>& rows) {
 std::string jsonArray(const std::vector<CatalogueRow>& rows) {
   nlohmann::ordered_json array = nlohmann::ordered_json::array();
   for (const CatalogueRow& row : rows) {
-    nlohmann::ordered_json item{{"ecu", row.ecu},   {"request", row.request}, {"data", row.data},
-                                {"unit", row.unit}, {"min", row.minimum},     {"max", row.maximum},
+    nlohmann::ordered_json item{{"ecu", row.ecu},
+                                {"request", row.request},
+                                {"data", row.data},
+                                {"unit", row.unit},
                                 {"type", row.type}};
+    if (isNumber(row)) item["min"] = leadingNumber(row.minimum);
+    if (isNumber(row)) item["max"] = leadingNumber(row.maximum);
     if (!row.device.empty()) item["device"] = row.device;
     if (!row.device.empty()) item["failure"] = row.failure;
     if (!row.labels.empty()) item["enumeration"] = row.labels;

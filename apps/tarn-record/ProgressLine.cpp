@@ -1,13 +1,25 @@
 #include "apps/tarn-record/ProgressLine.h"
 
 #include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 namespace tarnlog::record {
 
 namespace {
 
-constexpr std::int32_t kRedraw = 250;  // ms
+constexpr std::int32_t kRedraw = 250;     // ms
+constexpr std::int32_t kRateSpan = 1000;  // ms; over less, a few cycles more or less make the rate jump
 constexpr const char* kEraseLine = "\r\033[K";
+constexpr std::size_t kUsualWidth = 80;
+
+std::size_t terminalWidth() {
+  winsize size{};
+  const bool known = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : kUsualWidth;
+}
+
+bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 }  // namespace
 
@@ -15,6 +27,13 @@ std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double
   const std::string recording = acq.Recording() ? "recording " + screen.elapsed() + " s" : "not recording";
   return fmt::format("{:5} {}  rows {}  {:.1f} cycles/s  {}", screen.state(), recording, acq.rowsWritten(),
                      cyclesPerSecond, acq.RecordPath());
+}
+
+std::string firstCharacters(const std::string& text, std::size_t count) {
+  std::size_t at = 0;
+  for (; at < text.size(); ++at)
+    if (startsCharacter(text[at]) && count-- == 0) break;
+  return text.substr(0, at);
 }
 
 void ProgressLine::print(std::string_view line) {
@@ -27,14 +46,21 @@ void ProgressLine::show(const TarnAcq& acq, const ConsoleScreen& screen) {
   const Milliseconds now = clock_.milliseconds();
   const std::int32_t since = millisecondsBetween(lastShown_, now);
   if (shown_ && since < kRedraw) return;
-  const double rate = shown_ && acq.cycles() >= lastCycles_
-                          ? 1000.0 * static_cast<double>(acq.cycles() - lastCycles_) / since
-                          : 0;
-  std::fprintf(stderr, "%s%.200s", kEraseLine, progressText(acq, screen, rate).c_str());
+  measureRate(acq.cycles(), now);
+  // A line that wraps could not be erased.
+  const std::string line = firstCharacters(progressText(acq, screen, rate_), terminalWidth() - 1);
+  std::fprintf(stderr, "%s%s", kEraseLine, line.c_str());
   std::fflush(stderr);
   shown_ = true;
   lastShown_ = now;
-  lastCycles_ = acq.cycles();
+}
+
+void ProgressLine::measureRate(std::uint64_t cycles, Milliseconds now) {
+  const std::int32_t span = millisecondsBetween(rateSince_, now);
+  if (shown_ && span < kRateSpan) return;
+  rate_ = shown_ && cycles >= rateCycles_ ? 1000.0 * static_cast<double>(cycles - rateCycles_) / span : 0;
+  rateSince_ = now;
+  rateCycles_ = cycles;
 }
 
 void ProgressLine::clear() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -22,12 +23,19 @@ class ProgressLine {
   void clear();
 
  private:
+  void measureRate(std::uint64_t cycles, Milliseconds now);
+
   const Clock& clock_;
   bool terminal_;
   bool shown_ = false;
   Milliseconds lastShown_ = 0;
-  std::uint64_t lastCycles_ = 0;
+  Milliseconds rateSince_ = 0;
+  std::uint64_t rateCycles_ = 0;
+  double rate_ = 0;  ///< polling cycles a second
 };
+
+/// The first characters of a UTF-8 text.
+std::string firstCharacters(const std::string& text, std::size_t count);
 
 /// "com  recording 12.3 s  rows 123  35.2 cycles/s  /rec/16-11-26_19h05mn07.txt"
 std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond);

@@ -27,14 +27,23 @@ void handle(int signal, void (*handler)(int)) {
   sigaction(signal, &action, nullptr);
 }
 
+/// As under nohup.
+bool ignored(int signal) {
+  struct sigaction action {};
+  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 }  // namespace
 
 void Signals::install() {
   handle(SIGINT, onStop);
   handle(SIGTERM, onStop);
   handle(SIGUSR1, onEvent);
-  // A reader of standard output that goes away must not end the recording.
+  if (!ignored(SIGHUP)) handle(SIGHUP, onStop);
+  // A reader of standard output that goes away must not end the recording, nor a limit on the size of files:
+  // both are failed writes.
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool Signals::stopRequested() { return stops != 0; }

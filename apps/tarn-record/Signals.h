@@ -2,8 +2,9 @@
 
 namespace tarnlog::record {
 
-/// What the system asked of this process, collected by signal handlers: SIGINT and SIGTERM ask to stop,
-/// SIGUSR1 is the event button. A second request to stop leaves at once, whatever runs.
+/// What the system asked of this process, collected by signal handlers: SIGINT, SIGTERM and a
+/// closed terminal (SIGHUP) ask to stop, SIGUSR1 is the event button. A second request to stop leaves at
+/// once, whatever runs.
 class Signals {
  public:
   static void install();

@@ -67,7 +67,7 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
       ->check(CLI::Range(1, 1000000000))
       ->type_name("N");
   command.footer(
-      "Signals: INT and TERM stop like the stop button, a second one leaves at once; USR1 is the event "
+      "Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is the event "
       "button.\n"
       "Example:\n"
       "  tarn-record run --vehicle examples/road-car.vehicle.json --config examples/road-car.xml \\\n"
@@ -133,8 +133,9 @@ std::function<int()> addNew(CLI::App& app, NewOptions& options) {
       ->type_name("FILE");
   command.footer(
       "Example:\n"
-      "  tarn-record new --vehicle car.vehicle.json --data \"Engine/Engine speed/Engine speed\" --output "
-      "car.xml");
+      "  tarn-record new --vehicle examples/road-car.vehicle.json \\\n"
+      "      --data \"Engine/PID 0C/Engine speed\" --data \"Engine/PID 05/Coolant temperature\" \\\n"
+      "      --output warm-up.xml");
   return [&options] {
     OfflineVehicle vehicle(options.vehicle);
     oTarnParameters parameters(FileSettingsStore(vehicle.files(), FileSettingsStore::defaultPath()));

@@ -45,6 +45,7 @@ TEST_F(Commands, listShowsAFilteredTableOrJson) {
   const auto json = nlohmann::json::parse(catalogueList(document, "PED", true));
   ASSERT_EQ(json.size(), 1U);
   EXPECT_EQ(json[0]["enumeration"][1], "1=Pressed");
+  EXPECT_EQ(json[0]["max"], 1.0);
   EXPECT_EQ(nlohmann::json::parse(catalogueList(document, "KM/H", true)).size(), 1U);
   EXPECT_EQ(nlohmann::json::parse(catalogueList(document, "nothing", true)).size(), 0U);
 }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "apps/tarn-record/ProgressLine.h"
 #include "tests/support/AcqRig.h"
 
 namespace tarnlog::record {
@@ -86,6 +87,13 @@ TEST(RunDirector, endsWhenTheFileOfAManualStartCannotBeOpened) {
   drive(rig, director, 3);
   EXPECT_EQ(rig.screen.recordPanel, "Open error : Permission denied");
   EXPECT_EQ(rig.stopped, 1) << "nothing can come of this run any more";
+}
+
+// A line as wide as the terminal and cut inside a character could neither be erased nor read.
+TEST(ProgressLine, isCutBetweenCharacters) {
+  EXPECT_EQ(firstCharacters("été.txt", 2), "ét");
+  EXPECT_EQ(firstCharacters("été", 3), "été");
+  EXPECT_EQ(firstCharacters("ab", 80), "ab");
 }
 
 }  // namespace

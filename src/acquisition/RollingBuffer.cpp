@@ -11,12 +11,25 @@ namespace {
 /// Nothing in a cell may end the cell or the line.
 bool breaksCell(char c) { return c == '\t' || c == '\r' || c == '\n'; }
 
-void appendCell(std::string& line, const std::string& text) {
-  line.push_back('\t');
-  const std::size_t start = line.size();
-  line.append(text);
-  if (std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }))
-    std::replace_if(line.begin() + static_cast<std::ptrdiff_t>(start), line.end(), breaksCell, ' ');
+/// A cell with what breaks it made blank.
+void appendCleanCell(ByteBuffer& line, std::string_view text) {
+  char* const cell = line.room(text.size() + 1);
+  *cell = '\t';
+  line.end(std::replace_copy_if(text.begin(), text.end(), cell + 1, breaksCell, ' '));
+}
+
+/// Control characters in a text, counted in blocks that fit the narrow counters of vector instructions.
+std::size_t countControls(std::string_view text) {
+  std::size_t count = 0;
+  while (!text.empty()) {
+    const std::string_view block = text.substr(0, 255);
+    std::uint8_t inBlock = 0;
+    for (const char c : block)
+      inBlock = static_cast<std::uint8_t>(inBlock + (static_cast<unsigned char>(c) < ' ' ? 1 : 0));
+    count += inBlock;
+    text.remove_prefix(block.size());
+  }
+  return count;
 }
 
 }  // namespace
@@ -26,7 +39,8 @@ void RollingBuffer::Create(std::int32_t columns, std::int32_t rows) {
   rows_ = rows;
   current_ = previous_ = 0;
   full_ = false;
-  cells_.assign(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows), std::string());
+  cells_.clear();
+  for (std::int32_t row = 1; row <= rows; ++row) cells_.emplace_back(columns);
   times_.assign(static_cast<std::size_t>(rows), 0);
   columnNames_.clear();
   for (std::int32_t column = 1; column <= columns; ++column)
@@ -41,18 +55,14 @@ void RollingBuffer::AddRow(Milliseconds time) {
     full_ = true;
   }
   timeOf(current_) = time;
+  row(current_).startFilling();
 }
 
-void RollingBuffer::SetData(std::int32_t column, std::string_view text) {
-  if (!empty()) cell(current_, column).assign(text);
-}
-
-const std::string& RollingBuffer::GetData(std::int32_t column, bool& unchanged) const {
-  static const std::string nothing;
+std::string_view RollingBuffer::GetData(std::int32_t column, bool& unchanged) const {
   unchanged = false;
-  if (empty()) return nothing;
-  const std::string& text = cell(current_, column);
-  unchanged = previous_ != 0 && cell(previous_, column) == text;
+  if (empty()) return {};
+  const std::string_view text = row(current_).cell(column);
+  unchanged = previous_ != 0 && row(previous_).cell(column) == text;
   return text;
 }
 
@@ -88,24 +98,35 @@ void RollingBuffer::WriteCurrentToSaxFile(ContentHandler& handler, Milliseconds 
   if (!empty()) writeSaxRow(handler, current_, t0, mark);
 }
 
-void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t row, Milliseconds t0,
+void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, Milliseconds t0,
                                  std::string_view mark) {
+  time_.clear();
+  appendSeconds2(time_, millisecondsBetween(t0, timeOf(number)), decimalSeparator_);
   line_.clear();
-  appendSeconds2(line_, millisecondsBetween(t0, timeOf(row)), decimalSeparator_);
-  line_.append("\t\"").append(mark).push_back('"');
-  for (std::int32_t column = 1; column <= columns_; ++column) appendCell(line_, cell(row, column));
-  stream.writeLine(line_);
+  line_.append(time_);
+  line_.append("\t\"");
+  line_.append(mark);
+  line_.append("\"");
+  const std::string_view cells = row(number).text();
+  if (countControls(cells) == static_cast<std::size_t>(columns_)) {
+    line_.append(cells);
+  } else {
+    for (std::int32_t column = 1; column <= columns_; ++column)
+      appendCleanCell(line_, row(number).cell(column));
+  }
+  stream.writeLine(line_.view());
 }
 
-void RollingBuffer::writeSaxRow(ContentHandler& handler, std::int32_t row, Milliseconds t0,
+void RollingBuffer::writeSaxRow(ContentHandler& handler, std::int32_t number, Milliseconds t0,
                                 std::string_view mark) {
-  line_.clear();
-  appendSeconds2(line_, millisecondsBetween(t0, timeOf(row)), decimalSeparator_);
+  time_.clear();
+  appendSeconds2(time_, millisecondsBetween(t0, timeOf(number)), decimalSeparator_);
   attributes_.clear();
-  attributes_.addAttribute("Time", line_);
-  attributes_.addAttribute("Event", mark);
+  attributes_.addBorrowed("Time", time_);
+  attributes_.addBorrowed("Event", mark);
+  const CellRow& cells = row(number);
   for (std::int32_t column = 1; column <= columns_; ++column)
-    attributes_.addAttribute(columnNames_[static_cast<std::size_t>(column - 1)], cell(row, column));
+    attributes_.addBorrowed(columnNames_[static_cast<std::size_t>(column - 1)], cells.cell(column));
   handler.startElement("row", attributes_);
   handler.endElement("row");
 }

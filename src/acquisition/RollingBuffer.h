@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "acquisition/CellRow.h"
+#include "platform/base/ByteBuffer.h"
 #include "platform/files/FileSystem.h"
 #include "platform/time/Clock.h"
 #include "platform/xml/ContentHandler.h"
@@ -23,16 +25,12 @@ class RollingBuffer {
   void Create(std::int32_t columns, std::int32_t rows);
   /// Goes to the next row, the oldest one when the table is full. Its cells keep old texts until `SetData`.
   void AddRow(Milliseconds time);
-  void SetData(std::int32_t column, std::string_view text);
-  /// The newest row's cell, emptied, to append to; needs a row.
-  std::string& clearedCell(std::int32_t column) {
-    std::string& text = cell(current_, column);
-    text.clear();
-    return text;
+  void SetData(std::int32_t column, std::string_view text) {
+    if (!empty()) row(current_).set(column, text);
   }
   /// The newest row's cell; `unchanged` tells whether the row before held the same text (false when there is
-  /// none).
-  const std::string& GetData(std::int32_t column, bool& unchanged) const;
+  /// none). Valid until the buffer is changed.
+  std::string_view GetData(std::int32_t column, bool& unchanged) const;
   void GetTime(Milliseconds& time) const;
   bool empty() const { return current_ == 0; }
   std::int32_t columns() const { return columns_; }
@@ -46,17 +44,11 @@ class RollingBuffer {
  private:
   template <class WriteRow>
   void forEachRowOldestFirst(WriteRow writeRow) const;
-  std::string& cell(std::int32_t row, std::int32_t column) { return cells_[cellIndex(row, column)]; }
-  const std::string& cell(std::int32_t row, std::int32_t column) const {
-    return cells_[cellIndex(row, column)];
-  }
-  std::size_t cellIndex(std::int32_t row, std::int32_t column) const {
-    return static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(columns_) +
-           static_cast<std::size_t>(column - 1);
-  }
-  Milliseconds& timeOf(std::int32_t row) { return times_[static_cast<std::size_t>(row - 1)]; }
-  void writeTextRow(TextStream& stream, std::int32_t row, Milliseconds t0, std::string_view mark);
-  void writeSaxRow(ContentHandler& handler, std::int32_t row, Milliseconds t0, std::string_view mark);
+  CellRow& row(std::int32_t number) { return cells_[static_cast<std::size_t>(number - 1)]; }
+  const CellRow& row(std::int32_t number) const { return cells_[static_cast<std::size_t>(number - 1)]; }
+  Milliseconds& timeOf(std::int32_t number) { return times_[static_cast<std::size_t>(number - 1)]; }
+  void writeTextRow(TextStream& stream, std::int32_t number, Milliseconds t0, std::string_view mark);
+  void writeSaxRow(ContentHandler& handler, std::int32_t number, Milliseconds t0, std::string_view mark);
 
   char decimalSeparator_;
   std::int32_t columns_ = 0;
@@ -64,10 +56,11 @@ class RollingBuffer {
   std::int32_t current_ = 0;   ///< newest row, 0 while empty
   std::int32_t previous_ = 0;  ///< newest row before the last AddRow
   bool full_ = false;
-  std::vector<std::string> cells_;
+  std::vector<CellRow> cells_;
   std::vector<Milliseconds> times_;
   std::vector<std::string> columnNames_;  ///< C1, C2, ...
-  std::string line_;                      ///< scratch, kept for its capacity
+  std::string time_;                      ///< scratch, kept for its capacity
+  ByteBuffer line_;                       ///< the same
   SaxAttributes attributes_;
 };
 

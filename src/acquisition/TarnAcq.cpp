@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "acquisition/Indicators.h"
-#include "acquisition/ValueReading.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog {
@@ -30,6 +29,7 @@ std::int16_t scrollMaximum(Twips extraHeight) {
 TarnAcq::TarnAcq(AcqEnvironment environment)
     : env_(std::move(environment)),
       log_(env_.screen, env_.clock),
+      reader_(env_.locale.decimalSeparator),
       currentBuffer_(env_.locale.decimalSeparator),
       preTriggerBuffer_(env_.locale.decimalSeparator),
       values_(env_.screen),
@@ -314,7 +314,7 @@ void TarnAcq::communicate() {
   const Milliseconds pollTime = env_.clock.milliseconds();
   if (!sendRequests()) return;
   ++cycles_;
-  readValues(items_.items(), pollTime, currentBuffer_, env_.locale.decimalSeparator);
+  reader_.read(items_.items(), pollTime, currentBuffer_);
   values_.noteCycle(currentBuffer_);
   if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && env_.screen.graphArea() != nullptr)
     skipOnFailure([&] { display_->RefreshDisplay(); });

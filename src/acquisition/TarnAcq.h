@@ -14,6 +14,7 @@
 #include "acquisition/Recorder.h"
 #include "acquisition/UserEvents.h"
 #include "acquisition/ValueList.h"
+#include "acquisition/ValueReading.h"
 #include "config/oTarnParameters.h"
 #include "display/ScopeItem.h"
 #include "platform/ferrox3/Session.h"
@@ -145,6 +146,7 @@ class TarnAcq {
 
   AcqLog log_;
   AcquisitionItems items_;
+  ValueReader reader_;
   RollingBuffer currentBuffer_;
   RollingBuffer preTriggerBuffer_;
   ValueList values_;

@@ -28,12 +28,15 @@ void appendCellText(std::string& out, const ferrox3::DataItem& item, char decima
     out.append(item.valueText());
 }
 
-void readValues(const std::vector<ferrox3::DataItem*>& items, Milliseconds time, RollingBuffer& buffer,
-                char decimalSeparator) {
+void ValueReader::read(const std::vector<ferrox3::DataItem*>& items, Milliseconds time,
+                       RollingBuffer& buffer) {
   buffer.AddRow(time);
   std::int32_t column = 0;
-  for (const ferrox3::DataItem* item : items)
-    appendCellText(buffer.clearedCell(++column), *item, decimalSeparator);
+  for (const ferrox3::DataItem* item : items) {
+    text_.clear();
+    appendCellText(text_, *item, decimalSeparator_);
+    buffer.SetData(++column, text_);
+  }
 }
 
 }  // namespace tarnlog

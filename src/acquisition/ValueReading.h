@@ -17,8 +17,17 @@ double numericValue(const ferrox3::Value& value);
 /// text.
 void appendCellText(std::string& out, const ferrox3::DataItem& item, char decimalSeparator);
 
-/// Appends a row to the buffer: the items' current values, in their order.
-void readValues(const std::vector<ferrox3::DataItem*>& items, Milliseconds time, RollingBuffer& buffer,
-                char decimalSeparator);
+/// Reads the current values of items into rows of a buffer.
+class ValueReader {
+ public:
+  explicit ValueReader(char decimalSeparator) : decimalSeparator_(decimalSeparator) {}
+
+  /// Appends a row: one cell for each item, in their order.
+  void read(const std::vector<ferrox3::DataItem*>& items, Milliseconds time, RollingBuffer& buffer);
+
+ private:
+  char decimalSeparator_;
+  std::string text_;  ///< scratch, kept for its capacity
+};
 
 }  // namespace tarnlog

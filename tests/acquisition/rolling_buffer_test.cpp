@@ -53,6 +53,25 @@ TEST(RollingBuffer, comparesWithTheRowBefore) {
   EXPECT_FALSE(unchanged);
 }
 
+TEST(RollingBuffer, cellsAreSetInAnyOrderAndKeepTheirTextsUntilThen) {
+  RollingBuffer buffer;
+  buffer.Create(3, 1);
+  buffer.AddRow(0);
+  buffer.SetData(3, "c");
+  buffer.SetData(1, "a");
+  EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\ta\t\tc\r\n");
+  buffer.SetData(2, "longer");
+  buffer.AddRow(0);
+  buffer.SetData(2, "b");
+  buffer.AddRow(0);
+  bool unchanged = false;
+  EXPECT_EQ(buffer.GetData(3, unchanged), "c");
+  buffer.SetData(1, "A");
+  EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\tA\tb\tc\r\n");
+  buffer.SetData(1, "");
+  EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\t\tb\tc\r\n");
+}
+
 TEST(RollingBuffer, emptyGivesAndWritesNothing) {
   RollingBuffer buffer;
   buffer.Create(2, 3);

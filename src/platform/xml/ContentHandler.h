@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,62 +9,45 @@
 namespace tarnlog {
 
 /// The attributes of one element, in order. Made to be cleared and filled again: once warm it allocates
-/// nothing. The texts lie behind one another in one string, as a row of a hundred cells is read in one go.
+/// nothing.
 class SaxAttributes {
  public:
-  /// Valid until the attributes are changed.
   struct Attribute {
     std::string_view name;
     std::string_view value;
   };
 
   void clear() {
-    text_.clear();
-    ends_.clear();
+    attributes_.clear();
+    textSize_ = 0;
+    copies_ = 0;
   }
   void addAttribute(std::string_view name, std::string_view value) {
-    text_.append(name);
-    const std::size_t nameEnd = text_.size();
-    text_.append(value);
-    ends_.push_back({nameEnd, text_.size()});
+    addBorrowed(copyOf(name), copyOf(value));
+  }
+  /// Without copying: the texts must outlive the use of these attributes.
+  void addBorrowed(std::string_view name, std::string_view value) {
+    attributes_.push_back({name, value});
+    textSize_ += name.size() + value.size();
   }
 
-  std::size_t size() const { return ends_.size(); }
+  std::size_t size() const { return attributes_.size(); }
   /// Bytes of all names and values together.
-  std::size_t textSize() const { return text_.size(); }
+  std::size_t textSize() const { return textSize_; }
 
-  class Iterator {
-   public:
-    Iterator(const SaxAttributes& attributes, std::size_t position)
-        : attributes_(&attributes), position_(position) {}
-    Attribute operator*() const {
-      const Ends& ends = attributes_->ends_[position_];
-      const std::string_view text = attributes_->text_;
-      return {text.substr(start_, ends.name - start_), text.substr(ends.name, ends.value - ends.name)};
-    }
-    Iterator& operator++() {
-      start_ = attributes_->ends_[position_].value;
-      ++position_;
-      return *this;
-    }
-    bool operator==(const Iterator& other) const { return position_ == other.position_; }
-
-   private:
-    const SaxAttributes* attributes_;
-    std::size_t position_;
-    std::size_t start_ = 0;  ///< of the attribute in the text
-  };
-  Iterator begin() const { return {*this, 0}; }
-  Iterator end() const { return {*this, ends_.size()}; }
+  auto begin() const { return attributes_.begin(); }
+  auto end() const { return attributes_.end(); }
 
  private:
-  struct Ends {
-    std::size_t name;
-    std::size_t value;
-  };
+  std::string_view copyOf(std::string_view text) {
+    if (copies_ == texts_.size()) texts_.push_back(std::make_unique<std::string>());
+    return texts_[copies_++]->assign(text);
+  }
 
-  std::string text_;
-  std::vector<Ends> ends_;
+  std::vector<Attribute> attributes_;
+  std::size_t textSize_ = 0;
+  std::vector<std::unique_ptr<std::string>> texts_;  ///< kept for their capacity; they stay where they are
+  std::size_t copies_ = 0;
 };
 
 /// Takes an XML document as a stream of events. Texts are UTF-8 and unescaped.

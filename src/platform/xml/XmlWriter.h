@@ -4,7 +4,7 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/xml/ByteBuffer.h"
+#include "platform/base/ByteBuffer.h"
 #include "platform/xml/ContentHandler.h"
 
 namespace tarnlog {

@@ -23,6 +23,7 @@ class ByteBuffer {
   void append(std::size_t count, char c) { end(std::fill_n(room(count), count, c)); }
   void clear() { size_ = 0; }
   bool empty() const { return size_ == 0; }
+  std::size_t size() const { return size_; }
   std::string_view view() const { return {bytes_.get(), size_}; }
 
  private:

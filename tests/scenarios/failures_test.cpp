@@ -39,6 +39,7 @@ TEST(Failures, endARecordingWhoseStopIsArmed) {
   car.press();
   car.run("2100");
   EXPECT_EQ(car.rows().back(), "1|\"Stop\"|60");
+  car.acq.RecordUserEvent();
   car.run(kSilenceAndReturn);
   EXPECT_FALSE(car.acq.Recording());
   EXPECT_EQ(car.finished.size(), 1U);

@@ -65,13 +65,14 @@ TEST(Timing, aLongPeriodIsNotWaitedForUnlessItsRowIsNear) {
   EXPECT_EQ(car.screen.log.back(), "19:05:20 Stop record");
 
   car.press();
-  car.run("14000");
+  car.run("14000 23000 32700");
   car.press();
-  car.run("22750");
+  car.run("32750");
   EXPECT_TRUE(car.acq.Recording()) << "250 ms before the row it is near";
-  car.run("23000 23100 33000");
-  EXPECT_THAT(car.rows("/rec/16-11-26_19h05mn20.txt"), ElementsAre("0|\"Start\"|0", "10|\"Stop\"|0"));
-  EXPECT_EQ(car.screen.log.back(), "19:05:30 Stop record");
+  car.run("33000 33100 43000");
+  EXPECT_THAT(car.rows("/rec/16-11-26_19h05mn20.txt"),
+              ElementsAre("0|\"Start\"|0", "10|\"\"|0", "20|\"Stop\"|0"));
+  EXPECT_EQ(car.screen.log.back(), "19:05:40 Stop record");
 }
 
 TEST(Timing, theWrapOfTheClockPassesUnnoticed) {

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QColor>
+#include <QWidget>
+
+#include "platform/controls/PaintPacer.h"
+#include "platform/plotting/AxisTicks.h"
+
+namespace tarnlog {
+
+/// A bar along an axis, with three pointers: the value (1, a filled bar) and two markers of a range (2 and 3,
+/// triangles). Values may lie outside of the axis or be NaN; pointers are drawn at its ends or not at all.
+class CWSlide : public QWidget {
+  Q_OBJECT
+  Q_PROPERTY(QString title READ accessibleName WRITE setTitle)
+  Q_PROPERTY(double value READ value WRITE setValue)
+  Q_PROPERTY(double minimum READ minimum)
+  Q_PROPERTY(double maximum READ maximum)
+
+ public:
+  explicit CWSlide(QWidget* parent = nullptr) : QWidget(parent) {}
+  void setTitle(const QString& title);
+  void setAxisRange(double minimum, double maximum);
+  double minimum() const { return axis_.minimum; }
+  double maximum() const { return axis_.maximum; }
+  double value() const { return pointers_[0].value; }
+  void setValue(double value) { setPointerValue(1, value); }
+  /// NaN for a pointer that there is not.
+  double pointerValue(int pointer) const;
+  void setPointerValue(int pointer, double value);
+  /// Of pointer 1's bar.
+  void setPointerFillColour(int pointer, const QColor& colour);
+  /// Of the markers; an invalid colour takes the palette's.
+  void setPointerColour(int pointer, const QColor& colour);
+
+  QSize sizeHint() const override { return {240, 32}; }
+  QSize minimumSizeHint() const override { return {1, 1}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  struct Pointer {
+    double value = 0;
+    QColor colour;
+    QColor fill;
+  };
+  Pointer* pointer(int number);
+  double place(double value) const;
+  void paintMarker(QPainter& painter, const Pointer& marker, const QRectF& track) const;
+
+  AxisRange axis_;
+  Pointer pointers_[3];
+  PaintPacer pacer_{this};
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,32 @@
+#include "platform/plotting/Autoscale.h"
+
+#include <cmath>
+
+namespace tarnlog {
+namespace {
+
+AxisRange roundedAround(double lowest, double highest) {
+  const AxisRange range = saneRange(lowest, highest);
+  const double step = ticksFor(range, 5).step;
+  return saneRange(std::floor(range.minimum / step + 1e-9) * step,
+                   std::ceil(range.maximum / step - 1e-9) * step);
+}
+
+}  // namespace
+
+bool Autoscale::follow(double lowest, double highest) {
+  if (!std::isfinite(lowest) || !std::isfinite(highest) || lowest > highest) return false;
+  const AxisRange wanted = roundedAround(lowest, highest);
+  const bool outside = lowest < range_.minimum || highest > range_.maximum;
+  roomy_ = wanted.span() <= range_.span() / 2 ? roomy_ + 1 : 0;
+  if (settled_ && !outside && roomy_ < kPatience) return false;
+  const bool changed = !settled_ || wanted != range_;
+  settled_ = true;
+  roomy_ = 0;
+  range_ = wanted;
+  return changed;
+}
+
+void Autoscale::reset() { *this = Autoscale(); }
+
+}  // namespace tarnlog

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/plotting/AxisTicks.h"
+
+namespace tarnlog {
+
+/// The range of an axis that follows its points without jitter: it grows at once, to ends on round values,
+/// and shrinks only when the points have needed much less for a while.
+class Autoscale {
+ public:
+  /// Takes the lowest and the highest value kept; says whether the range has changed. Values that are not
+  /// finite, or lowest > highest (no points), leave the range as it is.
+  bool follow(double lowest, double highest);
+  const AxisRange& range() const { return range_; }
+  void reset();
+
+ private:
+  static constexpr int kPatience = 60;  ///< calls; two seconds at 30 pictures a second
+
+  AxisRange range_;
+  bool settled_ = false;
+  int roomy_ = 0;  ///< consecutive calls in which the range was too wide
+};
+
+}  // namespace tarnlog

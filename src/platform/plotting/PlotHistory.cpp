@@ -1,0 +1,65 @@
+#include "platform/plotting/PlotHistory.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarnlog {
+
+void Extremes::add(double value) {
+  if (!std::isfinite(value)) return;
+  lowest = std::min(lowest, value);
+  highest = std::max(highest, value);
+}
+
+void Extremes::add(const Extremes& other) {
+  lowest = std::min(lowest, other.lowest);
+  highest = std::max(highest, other.highest);
+}
+
+void PlotHistory::setCapacity(std::int32_t points) {
+  const auto size = static_cast<std::size_t>(std::clamp(points, 1, kMostPoints));
+  y_.assign(size, 0);
+  if (!x_.empty()) x_.assign(size, 0);
+  blocks_.assign(size / kBlock + 3, {});  // both ends may stand in a block that is only partly kept
+  end_ = 0;
+}
+
+void PlotHistory::setKeepsX(bool x) {
+  x_.assign(x ? y_.size() : 0, 0);
+  clear();
+}
+
+void PlotHistory::append(double x, double y) {
+  Extremes& extremes = block(end_);
+  if (end_ % kBlock == 0) extremes = {};
+  extremes.add(y);
+  y_[slot(end_)] = y;
+  if (!x_.empty()) x_[slot(end_)] = x;
+  ++end_;
+}
+
+void PlotHistory::clear() { setCapacity(capacity()); }
+
+Extremes PlotHistory::extremes(std::int64_t first, std::int64_t last) const {
+  first = std::max(first, begin());
+  last = std::min(last, end_);
+  Extremes result;
+  while (first < last) {
+    if (first % kBlock == 0 && first + kBlock <= last) {
+      result.add(blocks_[static_cast<std::size_t>(first / kBlock) % blocks_.size()]);
+      first += kBlock;
+    } else {
+      result.add(y(first++));
+    }
+  }
+  return result;
+}
+
+Extremes PlotHistory::extremesOfX() const {
+  Extremes result;
+  if (x_.empty()) return result;
+  for (std::int64_t index = begin(); index < end_; ++index) result.add(x(index));
+  return result;
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "platform/plotting/Autoscale.h"
+#include "platform/plotting/AxisTicks.h"
+#include "platform/plotting/PlotHistory.h"
+#include "platform/plotting/ScrollingCanvas.h"
+
+namespace tarnlog {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+TEST(AxisTicks, StandAtOneTwoFive) {
+  EXPECT_DOUBLE_EQ(ticksFor({0, 100}, 6).step, 20);
+  EXPECT_EQ(ticksFor({0, 100}, 6).count, 6);
+  EXPECT_DOUBLE_EQ(ticksFor({-0.05, 1.05}, 5).step, 0.5);
+  EXPECT_EQ(ticksFor({-0.3, 0.3}, 7).at(3), 0);
+  EXPECT_EQ(wholeTicksFor({-0.05, 1.05}, 1).count, 2);
+}
+
+TEST(AxisTicks, AnyRangeCanBeDrawn) {
+  const double ends[] = {0, 5, -5, 1e308, -1e308, 1e-300, 1e15, kInfinity, -kInfinity, kNaN};
+  for (const double from : ends) {
+    for (const double to : ends) {
+      const AxisRange range = saneRange(from, to);
+      EXPECT_LT(range.minimum, range.maximum) << from << ' ' << to;
+      EXPECT_TRUE(std::isfinite(range.span()));
+      for (const int atMost : {0, 5}) EXPECT_LE(ticksFor(range, atMost).count, 6);
+    }
+  }
+}
+
+TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
+  Autoscale scale;
+  EXPECT_FALSE(scale.follow(kInfinity, -kInfinity));
+  EXPECT_TRUE(scale.follow(0, 93));
+  EXPECT_EQ(scale.range(), (AxisRange{0, 100}));
+  EXPECT_FALSE(scale.follow(0, 99));
+  EXPECT_TRUE(scale.follow(0, 101));
+  const AxisRange wide = scale.range();
+  for (int i = 0; i < 59; ++i) EXPECT_FALSE(scale.follow(0, 10));
+  EXPECT_EQ(scale.range(), wide);
+  EXPECT_TRUE(scale.follow(0, 10));
+  EXPECT_EQ(scale.range(), (AxisRange{0, 10}));
+}
+
+TEST(PlotHistory, ExtremesAgreeWithAWalkWhileOldPointsAreDropped) {
+  PlotHistory history;
+  history.setCapacity(300);
+  for (int i = 0; i < 1500; ++i) {
+    history.append(0, i % 97 == 0 ? kNaN : (i * 7919 % 1009) - 500);
+    if (i % 11 != 0) continue;
+    const std::int64_t first = history.begin() + i % 130;
+    Extremes walked;
+    for (std::int64_t k = first; k < history.end(); ++k) walked.add(history.y(k));
+    const Extremes asked = history.extremes(first, history.end());
+    ASSERT_EQ(asked.lowest, walked.lowest) << i;
+    ASSERT_EQ(asked.highest, walked.highest) << i;
+  }
+  EXPECT_EQ(history.begin(), 1200);
+}
+
+TEST(ScrollingCanvas, ScrollsWithoutMovingPixelsAndCutsOffWhatIsOutside) {
+  ScrollingCanvas canvas;
+  canvas.resize(10, 10);
+  canvas.line(-5, 4, 20, 4, 7);
+  EXPECT_EQ(canvas.at(0, 4), 7U);
+  canvas.setFirstColumn(3);
+  canvas.fillColumns(10, 13, 1);
+  EXPECT_EQ(canvas.at(12, 4), 1U);
+  EXPECT_EQ(canvas.at(3, 4), 7U);
+  EXPECT_EQ(canvas.seam(), 3);
+  canvas.line(5, -1e7, 6, 1e7, 9);
+  EXPECT_EQ(canvas.at(5, 0), 9U);
+  canvas.span(50, 0, 9, 2);
+  canvas.span(5, 20, 30, 2);
+  canvas.resize(1, 1);
+  canvas.line(3, 0, 3, 0, 5);
+  EXPECT_EQ(canvas.at(3, 0), 5U);
+}
+
+}  // namespace
+}  // namespace tarnlog

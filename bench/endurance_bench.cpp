@@ -1,0 +1,63 @@
+// Does a long recording grow? Eight hours at ten rows a second on a stepped clock; resident memory at the end
+// against that after the first minute.
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "acquisition/TarnAcq.h"
+#include "bench/support/NullScreen.h"
+#include "bench/support/PreparedCar.h"
+#include "platform/files/SystemFileSystem.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/ManualTimer.h"
+#include "tests/support/SteppedClock.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+double residentMebibytes() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);)
+    if (line.starts_with("VmRSS:")) return std::strtod(line.c_str() + 6, nullptr) / 1024;
+  return 0;
+}
+
+}  // namespace
+
+int main() {
+  using namespace tarnlog;
+  constexpr int kRowsPerMinute = 600;
+  constexpr int kMinutes = 8 * 60;
+  const test::TempFolder folder;
+  test::MemoryFileSystem descriptions;
+  descriptions.files["car.json"] = bench::carDescription(4, 10, 0);
+  test::SteppedClock clock;
+  test::ManualLinkClock linkClock;
+  const auto vehicle = host::openVehicle("car.json", descriptions, {}, linkClock, {},
+                                         std::make_unique<bench::PreparedLink>(10));
+  bench::NullScreen screen;
+  test::ManualTimer timer;
+  SystemFileSystem files;
+  TarnAcq acq({screen, clock, timer, files, {}, ""});
+  acq.setSession(&vehicle->session());
+  acq.StartReadingData(bench::everything(4, 10, folder.path()));
+  const auto minute = [&] {
+    for (int i = 0; i < kRowsPerMinute; ++i) {
+      clock.step(100);
+      linkClock.step(100'000);
+      timer.fire();
+      if (acq.hasRow() && !acq.Recording() && !acq.startPending()) acq.ToggleRecording();
+    }
+    acq.RecordUserEvent();
+  };
+  minute();
+  const double first = residentMebibytes();
+  for (int i = 1; i < kMinutes; ++i) minute();
+  const double grown = residentMebibytes() - first;
+  std::printf("%llu rows, resident memory %.2f MiB after the first minute, %.2f MiB at the end\n",
+              static_cast<unsigned long long>(acq.rowsWritten()), first, first + grown);
+  std::printf("GOAL eight_hours_memory_growth_mib %.4g <=1 %s\n", grown, grown <= 1 ? "ok" : "missed");
+  return grown <= 1 ? 0 : 1;
+}

@@ -1,0 +1,99 @@
+// Does the recorder keep the link busy? Ten requests over a link of 2 ms: polling cycles in real time, with
+// the run loop of the programs, against a loop that only sends and waits on the same link.
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "acquisition/TarnAcq.h"
+#include "bench/support/Goals.h"
+#include "bench/support/NullScreen.h"
+#include "bench/support/PreparedCar.h"
+#include "host/link/SystemLinkClock.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/time/RunLoop.h"
+#include "platform/time/SystemClock.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+using namespace tarnlog;
+using Time = std::chrono::steady_clock;
+
+constexpr std::size_t kRequests = 10;
+constexpr int kLatency = 2;  // ms
+constexpr std::chrono::milliseconds kSpan{1000};
+
+double perSecond(std::uint64_t cycles, Time::duration time) {
+  return static_cast<double>(cycles) / std::chrono::duration<double>(time).count();
+}
+
+std::unique_ptr<host::OpenedVehicle> openCar(test::MemoryFileSystem& descriptions, host::LinkClock& clock) {
+  descriptions.files["car.json"] = bench::carDescription(kRequests, 10, kLatency);
+  return host::openVehicle("car.json", descriptions, {}, clock, {});
+}
+
+void sendAndWait(benchmark::State& state) {
+  test::MemoryFileSystem descriptions;
+  host::SystemLinkClock linkClock;
+  const auto vehicle = openCar(descriptions, linkClock);
+  const ferrox3::Ecu& ecu = vehicle->session().ecu(0);
+  double rate = 0;
+  for (auto _ : state) {
+    std::uint64_t cycles = 0;
+    const auto start = Time::now();
+    for (; Time::now() - start < kSpan; ++cycles)
+      for (std::size_t r = 0; r < kRequests; ++r) ecu.request(r).send();
+    rate = perSecond(cycles, Time::now() - start);
+  }
+  state.counters["cycles"] = rate;
+}
+
+void record(benchmark::State& state) {
+  const test::TempFolder folder;
+  test::MemoryFileSystem descriptions;
+  host::SystemLinkClock linkClock;
+  const auto vehicle = openCar(descriptions, linkClock);
+  bench::NullScreen screen;
+  SystemClock clock;
+  RunLoop loop;
+  const auto timer = loop.createTimer();
+  SystemFileSystem files;
+  TarnAcq acq({screen, clock, *timer, files, {}, ""});
+  acq.setSession(&vehicle->session());
+  acq.StartReadingData(bench::everything(kRequests, 10, folder.path()));
+  double rate = 0;
+  for (auto _ : state) {
+    Time::time_point start;
+    std::uint64_t before = 0;
+    loop.setWakeHandler([&] {
+      if (!acq.Recording()) {
+        if (acq.hasRow() && !acq.startPending()) acq.ToggleRecording();
+        return;
+      }
+      if (before == 0) {
+        before = acq.cycles();
+        start = Time::now();
+      } else if (Time::now() - start >= kSpan) {
+        rate = perSecond(acq.cycles() - before, Time::now() - start);
+        loop.quit();
+      }
+    });
+    loop.run();
+  }
+  state.counters["cycles"] = rate;
+}
+
+BENCHMARK(sendAndWait)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(record)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  tarnlog::bench::Goals goals;
+  goals.ratio("cycles_of_what_the_link_allows", "record/iterations:1", "sendAndWait/iterations:1",
+              tarnlog::bench::atLeast(0.9), "cycles");
+  return goals.run(argc, argv);
+}

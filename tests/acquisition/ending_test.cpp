@@ -22,54 +22,6 @@ TEST(Ending, idleOnlyAnswers) {
   EXPECT_EQ(rig.stopped, 1);
 }
 
-TEST(Ending, betweenTicksItEndsAtOnceInEveryState) {
-  for (const auto state : {TarnAcq::kInitialise, TarnAcq::kWaitAfterInit, TarnAcq::kStartSessions,
-                           TarnAcq::kWaitBeforePolling, TarnAcq::kCommunicate}) {
-    AcqRig rig;
-    rig.acq.StartReadingData(rig.parameters);
-    rig.tickUntil(state);
-    rig.acq.AskStopAcqNow();
-    EXPECT_EQ(rig.stopped, 1) << state;
-    expectReleased(rig);
-    EXPECT_TRUE(rig.screen.rows.empty());
-    rig.acq.StartReadingData();
-    EXPECT_TRUE(rig.timer.enabled());
-  }
-}
-
-TEST(Ending, withAFileOpenOneMoreTickEndsIt) {
-  AcqRig rig;
-  rig.start();
-  rig.run("1000:0");
-  rig.acq.ToggleRecording();
-  rig.acq.AskStopAcqNow();
-  EXPECT_EQ(rig.stopped, 0);
-  rig.timer.fire();
-  EXPECT_EQ(rig.stopped, 1);
-  EXPECT_EQ(rig.finished.size(), 1U);
-  expectReleased(rig);
-}
-
-TEST(Ending, insideATickItWaitsForTheTick) {
-  for (const char* call : {"init Engine", "session Engine A0", "send Engine Status"}) {
-    AcqRig rig;
-    rig.session.script.whileWaiting = [&] {
-      if (rig.session.script.calls.back() != call) return;
-      rig.acq.AskStopAcqNow();
-      rig.acq.AskStopAcqNow();
-      EXPECT_EQ(rig.stopped, 0);
-      EXPECT_EQ(rig.session.unfinishedPollSets, 1);
-    };
-    rig.acq.StartReadingData(rig.parameters);
-    for (int i = 0; i < 20; ++i) {
-      rig.timer.fire();
-      rig.clock.step(51);
-    }
-    EXPECT_EQ(rig.stopped, 1) << call;
-    expectReleased(rig);
-  }
-}
-
 // Hiding after a stop once swallowed the answer, and stopping after a new session the session.
 TEST(Ending, isAnsweredWhateverElseHappensBeforeTheTickEnds) {
   test::ScriptedSession second;

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "platform/xml/XmlDocument.h"
 #include "tests/support/AcqRig.h"
 
 namespace tarnlog {
@@ -29,47 +28,6 @@ TEST(UserEvent, hasTheCyclesBeforeAndTwentyAfter) {
   EXPECT_EQ(rows.back(), "0.2|\"\"|45");
   EXPECT_THAT(rig.finished, ElementsAre(path));
   EXPECT_EQ(rig.screen.eventCaption, "Event");
-}
-
-TEST(UserEvent, marksTheRecordAndIsNamedAfterIt) {
-  AcqRig rig;
-  rig.parameters->filePrefix = "p_";
-  rig.triggerStart(1, 50);
-  rig.start();
-  rig.run("1000:0 1100:60 1200:61");
-  rig.acq.RecordUserEvent();
-  EXPECT_EQ(rig.screen.eventCaption, "Event 1");
-  for (int i = 1; i <= 20; ++i) rig.cycleAt(static_cast<Milliseconds>(1200 + 10 * i), i);
-  rig.acq.RecordUserEvent();
-  rig.acq.ToggleRecording();
-  rig.run("1500:62 1600:63");
-  const auto rows = rig.recordRows();
-  EXPECT_EQ(rows[2], "0.11|\"event1\"|1");
-  EXPECT_EQ(rows.back(), "0.4|\"Stop\"|62") << "the stop goes first, the event mark ends with the recording";
-  EXPECT_EQ(rig.rowsOf("/rec/p_event1_16-11-26_19h05mn08.txt", 1).front(), "-0.1|\"\"|0");
-  EXPECT_EQ(rig.files.files.count("/rec/p_event2_16-11-26_19h05mn08.txt"), 1U);
-}
-
-TEST(UserEvent, xmlEndsWithItsRecordingWhileTheTextFileGoesOn) {
-  for (const std::string format : {".xml", ".txt"}) {
-    AcqRig rig;
-    rig.parameters->fileFormat = format;
-    rig.triggerStart(1, 50);
-    rig.start();
-    rig.run("1000:0 1100:60 1200:61");
-    rig.acq.RecordUserEvent();
-    rig.acq.ToggleRecording();
-    rig.run("1300:62 1400:63 1500:64");
-    EXPECT_EQ(rig.finished.size(), format == ".xml" ? 2U : 1U);
-    rig.acq.AskStopAcqNow();
-    rig.timer.fire();
-    EXPECT_EQ(rig.finished.size(), 2U);
-    if (format == ".txt") continue;
-    XmlDocument document;
-    ASSERT_FALSE(document.parse(rig.files.files.at("/rec/event1_16-11-26_19h05mn08.xml")));
-    EXPECT_EQ(document.selectSingleNode("Tarnlog2000/Description").text(),
-              "Event 1 for file : 16-11-26_19h05mn08.xml");
-  }
 }
 
 TEST(UserEvent, thatCannotBeOpenedActivatesNothing) {

@@ -4,7 +4,7 @@ add_library(tarnlog_options INTERFACE)
 target_compile_options(tarnlog_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # This compiler sees overlapping copies in plain string concatenation when it optimises.
-  target_compile_options(tarnlog_options INTERFACE -Wno-restrict)
+  target_compile_options(tarnlog_options INTERFACE $<$<CONFIG:Release>:-Wno-restrict>)
 endif()
 if(TARNLOG_SANITIZE)
   target_compile_options(tarnlog_options INTERFACE -fsanitize=${TARNLOG_SANITIZE} -fno-sanitize-recover=all

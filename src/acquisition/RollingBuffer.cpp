@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/base/CountBytes.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
@@ -18,19 +19,7 @@ void appendCleanCell(ByteBuffer& line, std::string_view text) {
   line.end(std::replace_copy_if(text.begin(), text.end(), cell + 1, breaksCell, ' '));
 }
 
-/// Control characters in a text, counted in blocks that fit the narrow counters of vector instructions.
-std::size_t countControls(std::string_view text) {
-  std::size_t count = 0;
-  while (!text.empty()) {
-    const std::string_view block = text.substr(0, 255);
-    std::uint8_t inBlock = 0;
-    for (const char c : block)
-      inBlock = static_cast<std::uint8_t>(inBlock + (static_cast<unsigned char>(c) < ' ' ? 1 : 0));
-    count += inBlock;
-    text.remove_prefix(block.size());
-  }
-  return count;
-}
+bool isControl(char c) { return static_cast<unsigned char>(c) < ' '; }
 
 }  // namespace
 
@@ -108,7 +97,7 @@ void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, Millis
   line_.append(mark);
   line_.append("\"");
   const std::string_view cells = row(number).text();
-  if (countControls(cells) == static_cast<std::size_t>(columns_)) {
+  if (countBytes(cells, isControl) == static_cast<std::size_t>(columns_)) {
     line_.append(cells);
   } else {
     for (std::int32_t column = 1; column <= columns_; ++column)

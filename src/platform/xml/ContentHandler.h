@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/base/TextArena.h"
 
 namespace tarnlog {
 
@@ -20,10 +21,10 @@ class SaxAttributes {
   void clear() {
     attributes_.clear();
     textSize_ = 0;
-    copies_ = 0;
+    copies_.clear();
   }
   void addAttribute(std::string_view name, std::string_view value) {
-    addBorrowed(copyOf(name), copyOf(value));
+    addBorrowed(copies_.copy(name), copies_.copy(value));
   }
   /// Without copying: the texts must outlive the use of these attributes.
   void addBorrowed(std::string_view name, std::string_view value) {
@@ -39,15 +40,9 @@ class SaxAttributes {
   auto end() const { return attributes_.end(); }
 
  private:
-  std::string_view copyOf(std::string_view text) {
-    if (copies_ == texts_.size()) texts_.push_back(std::make_unique<std::string>());
-    return texts_[copies_++]->assign(text);
-  }
-
   std::vector<Attribute> attributes_;
   std::size_t textSize_ = 0;
-  std::vector<std::unique_ptr<std::string>> texts_;  ///< kept for their capacity; they stay where they are
-  std::size_t copies_ = 0;
+  TextArena copies_;
 };
 
 /// Takes an XML document as a stream of events. Texts are UTF-8 and unescaped.

@@ -16,4 +16,10 @@ char* writeXmlText(char* out, std::string_view text);
 /// The same for an attribute value between double quotes: quotes, TAB and LF are references too.
 char* writeXmlAttributeValue(char* out, std::string_view value);
 
+/// A byte that `writeXmlAttributeValue` may not copy as it is. Without jumps, for vector instructions.
+inline bool mayNeedXmlEscape(char c) {
+  // As signed numbers, bytes of multibyte characters are below the control characters.
+  return ((static_cast<signed char>(c) < ' ') | (c == '"') | (c == '&') | (c == '<') | (c == '>')) != 0;
+}
+
 }  // namespace tarnlog

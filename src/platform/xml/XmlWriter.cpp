@@ -3,12 +3,26 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/base/CountBytes.h"
 #include "platform/xml/XmlEscape.h"
 
 namespace tarnlog {
 namespace {
 
 char* put(char* out, std::string_view text) { return std::copy(text.begin(), text.end(), out); }
+
+template <class PutValue>
+char* putAttributes(char* out, const SaxAttributes& attributes, PutValue putValue) {
+  for (const auto [name, value] : attributes) {
+    *out++ = ' ';
+    out = put(out, name);
+    *out++ = '=';
+    *out++ = '"';
+    out = putValue(out, value);
+    *out++ = '"';
+  }
+  return out;
+}
 
 }  // namespace
 
@@ -36,15 +50,12 @@ void XmlWriter::startElement(std::string_view name, const SaxAttributes& attribu
   char* out = pending_.room(1 + name.size() + kLongestXmlEscape * attributes.textSize() +
                             kAroundAttribute * attributes.size());
   *out++ = '<';
-  out = put(out, name);
-  for (const auto [attributeName, value] : attributes) {
-    *out++ = ' ';
-    out = put(out, attributeName);
-    *out++ = '=';
-    *out++ = '"';
-    out = writeXmlAttributeValue(out, value);
-    *out++ = '"';
-  }
+  char* const start = put(out, name);
+  out = putAttributes(start, attributes, put);
+  // Hardly a row has anything to escape: one look at the whole tag finds only the quotes around the values.
+  const std::string_view written(start, static_cast<std::size_t>(out - start));
+  if (countBytes(written, mayNeedXmlEscape) != 2 * attributes.size())
+    out = putAttributes(start, attributes, writeXmlAttributeValue);
   pending_.end(out);
   ++depth_;
   startTagOpen_ = true;

@@ -6,6 +6,23 @@
 
 namespace tarnlog::record {
 
+namespace {
+
+/// Acquisition finds an ECU by its function, which the loader takes from the file unchecked.
+std::vector<std::string> dataWithWrongFunction(const oTarnParameters& parameters,
+                                               const SessionDocument& session) {
+  std::vector<std::string> paths;
+  for (const oTarnScope& scope : parameters) {
+    const XmlElement data =
+        FindSessionData(session, scope.EcuName, scope.RequestName, scope.DataName, oTarnScope::kNoAddress);
+    if (data.parent().parent().attributeOrEmpty("function") != scope.FunctionName)
+      paths.push_back(scope.EcuName + "/" + scope.RequestName + "/" + scope.DataName);
+  }
+  return paths;
+}
+
+}  // namespace
+
 LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
                                       const std::string& file, const SessionDocument& session) {
   LoadedConfiguration loaded;
@@ -20,6 +37,7 @@ LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsSto
   loaded.startTriggerLost = lost(start, *loaded.parameters->startTrigger);
   loaded.stopTriggerLost = lost(stop, *loaded.parameters->stopTrigger);
   loaded.parameters->CheckAndCorrect();
+  loaded.wrongFunction = dataWithWrongFunction(*loaded.parameters, session);
   return loaded;
 }
 
@@ -29,6 +47,8 @@ std::vector<std::string> lackingLines(const LoadedConfiguration& configuration) 
     lines.push_back(fmt::format(
         "{}: {}/{}/{}", data.duplicate ? "configured twice, taken once" : "not offered by this vehicle",
         data.ecu, data.request, data.data));
+  for (const std::string& path : configuration.wrongFunction)
+    lines.push_back("not acquired, the ECU element's function is not the one in the vehicle: " + path);
   for (const LoadReport::Dropped& request : configuration.report.scenarioRequests)
     lines.push_back(fmt::format("init scenario request not offered by this vehicle: {}/{}", request.ecu,
                                 request.request));

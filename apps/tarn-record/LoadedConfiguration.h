@@ -16,7 +16,8 @@ namespace tarnlog::record {
 struct LoadedConfiguration {
   std::shared_ptr<oTarnParameters> parameters;
   LoadReport report;
-  bool startTriggerLost = false;  ///< it watched an item that is not offered; it is manual now
+  std::vector<std::string> wrongFunction;  ///< "ECU/REQUEST/DATA" that loads, but cannot be acquired
+  bool startTriggerLost = false;           ///< it watched an item that is not offered; it is manual now
   bool stopTriggerLost = false;
 };
 

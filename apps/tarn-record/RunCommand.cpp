@@ -74,6 +74,8 @@ class Run {
     const LoadedConfiguration configuration = load();
     acq_->setSession(&vehicle_->session());
     acq_->StartReadingData(configuration.parameters);
+    // Idle now, nothing would ever end the run.
+    if (acq_->AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");
     RunDirector director(*acq_, clock_, limitsOf(options_, *configuration.parameters));
     loop_.setWakeHandler([&] {
       director.step(Signals::stopRequested(), Signals::takeEvent());

@@ -1,7 +1,10 @@
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -12,9 +15,11 @@
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
+#include "apps/tarn-record/StandardStreams.h"
 #include "apps/tarn-record/Stylesheet.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
+#include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 
@@ -40,7 +45,10 @@ class OfflineVehicle {
   SessionDocument session_;
 };
 
-void print(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+void print(const std::string& text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) < text.size() || std::fflush(stdout) != 0)
+    throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
+}
 
 void addVehicle(CLI::App& command, std::string& vehicle) {
   command.add_option("--vehicle", vehicle, "Vehicle description (JSON)")->required()->type_name("FILE");
@@ -162,6 +170,11 @@ int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& acti
   return kBadInput;
 }
 
+int complain(const std::exception& error, int exitCode) {
+  std::fprintf(stderr, "tarn-record: %s\n", error.what());
+  return exitCode;
+}
+
 int program(int argc, char** argv) {
   CLI::App app("Records the diagnostic data of a vehicle's control units");
   app.require_subcommand(1);
@@ -188,9 +201,13 @@ int program(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
+    openClosedStandardStreams();
     return program(argc, argv);
+  } catch (const BadInput& error) {
+    return complain(error, kBadInput);
+  } catch (const TarnError& error) {
+    return complain(error, kBadInput);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "tarn-record: %s\n", error.what());
-    return kBadInput;
+    return complain(error, kFailed);
   }
 }

@@ -27,7 +27,10 @@ std::string bytesOf(const FileSystem& files, const std::string& fileName) {
   try {
     return files.readAll(fileName);
   } catch (const TarnError& error) {
-    throw notReadable(fileName, {0, 0, error.description()});
+    // The file system's text begins with the file, which stands in this one already.
+    const std::string prefix = fileName + ": ";
+    const std::string& text = error.description();
+    throw notReadable(fileName, {0, 0, text.rfind(prefix, 0) == 0 ? text.substr(prefix.size()) : text});
   }
 }
 

@@ -61,7 +61,7 @@ TEST_F(ConfigurationLoad, aFileThatCannotBeReadIsALoadError) {
   } catch (const TarnError& error) {
     EXPECT_EQ(error.number(), 1);
     EXPECT_EQ(error.source(), "LoadXmlConfiguration load error");
-    EXPECT_EQ(error.description(), "File : /rec/none.xml, Reason : /rec/none.xml: No such file or directory");
+    EXPECT_EQ(error.description(), "File : /rec/none.xml, Reason : No such file or directory");
   }
 }
 

@@ -1,0 +1,14 @@
+#include "apps/tarn-record/StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarnlog::record {
+
+void openClosedStandardStreams() {
+  int fd = 0;
+  while (fd >= 0 && fd <= STDERR_FILENO) fd = ::open("/dev/null", O_RDWR);
+  if (fd >= 0) ::close(fd);
+}
+
+}  // namespace tarnlog::record

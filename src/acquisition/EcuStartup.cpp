@@ -57,17 +57,21 @@ void EcuStartup::reportInit(const ferrox3::Ecu& ecu, bool failed, const std::str
   }
 }
 
+/// While the vehicle is awaited, clicks may change the configuration: what is sent is what it was at the
+/// start.
 bool EcuStartup::startSessions(ferrox3::Session& session, ferrox3::PollSet& pollSet,
                                const oTarnParameters& parameters) {
+  const std::string startSession = parameters.startSession;
+  const Scenario scenario(parameters.initScenario->begin(), parameters.initScenario->end());
   for (std::size_t i = 0; i < pollSet.ecuCount(); ++i) {
     ferrox3::Ecu& ecu = pollSet.ecu(i);
-    if (parameters.startSession.empty())
+    if (startSession.empty())
       startDiagnosticSession(ecu);
-    else if (!sendGlobalInit(session, ecu, parameters.startSession))
+    else if (!sendGlobalInit(session, ecu, startSession))
       return false;
     if (stopRequested_()) return false;
   }
-  return parameters.initScenario->Count() < 1 || runScenario(pollSet, *parameters.initScenario);
+  return scenario.empty() || runScenario(pollSet, scenario);
 }
 
 void EcuStartup::startDiagnosticSession(ferrox3::Ecu& ecu) {
@@ -98,7 +102,7 @@ bool EcuStartup::sendGlobalInit(ferrox3::Session& session, ferrox3::Ecu& ecu,
   return true;
 }
 
-bool EcuStartup::runScenario(ferrox3::PollSet& pollSet, const oScenario& scenario) {
+bool EcuStartup::runScenario(ferrox3::PollSet& pollSet, const Scenario& scenario) {
   log_.add("Init scenario start");
   for (const oScenarioRequest& wanted : scenario) {
     ferrox3::Request* const request = findScenarioRequest(pollSet, wanted);

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "acquisition/AcqLog.h"
 #include "config/oTarnParameters.h"
@@ -25,10 +26,12 @@ class EcuStartup {
   bool startSessions(ferrox3::Session& session, ferrox3::PollSet& pollSet, const oTarnParameters& parameters);
 
  private:
+  using Scenario = std::vector<oScenarioRequest>;
+
   void reportInit(const ferrox3::Ecu& ecu, bool failed, const std::string& error);
   void startDiagnosticSession(ferrox3::Ecu& ecu);
   bool sendGlobalInit(ferrox3::Session& session, ferrox3::Ecu& ecu, const std::string& startSession);
-  bool runScenario(ferrox3::PollSet& pollSet, const oScenario& scenario);
+  bool runScenario(ferrox3::PollSet& pollSet, const Scenario& scenario);
   void sendScenarioRequest(ferrox3::Request& request);
 
   AcqLog& log_;

@@ -82,6 +82,21 @@ TEST(Startup, goesThroughItsStatesAndTellsWhatItSends) {
   EXPECT_THAT(rig.session.script.calls, ElementsAre("init Engine", "session Engine A0", "send Engine Clear"));
 }
 
+// The scenario was walked while a click could empty it: the walk read freed memory.
+TEST(Startup, sendsTheScenarioAsItWasWhenAnotherConfigurationIsLoadedMeanwhile) {
+  AcqRig rig;
+  rig.engine.addRequest("Clear", "14 FF");
+  rig.parameters->initScenario->Add("Clear", "Engine", 0x10);
+  rig.parameters->initScenario->Add("Clear", "Engine", 0x10);
+  rig.session.script.whileWaiting = [&] {
+    if (rig.session.script.calls.back() == "send Engine Clear")
+      rig.parameters->initScenario = std::make_shared<oScenario>();
+  };
+  rig.start();
+  EXPECT_THAT(rig.session.script.calls,
+              ElementsAre("init Engine", "session Engine A0", "send Engine Clear", "send Engine Clear"));
+}
+
 TEST(Startup, repeatsAnInitialisationThatFails) {
   AcqRig rig;
   rig.engine.failingInit.next("no answer");

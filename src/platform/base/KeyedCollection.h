@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -95,6 +96,9 @@ class KeyedCollection {
    public:
     using difference_type = std::ptrdiff_t;
     using value_type = T;
+    using pointer = T*;
+    using reference = T&;
+    using iterator_category = std::forward_iterator_tag;
     explicit Iterator(const Entry* at = nullptr) : at_(at) {}
     T& operator*() const { return *at_->item; }
     T* operator->() const { return at_->item.get(); }
@@ -102,6 +106,7 @@ class KeyedCollection {
       ++at_;
       return *this;
     }
+    Iterator operator++(int) { return Iterator(at_++); }
     bool operator==(const Iterator&) const = default;
 
    private:

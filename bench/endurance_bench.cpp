@@ -6,8 +6,8 @@
 #include <fstream>
 #include <string>
 
+#include "acquisition/SilentAcqScreen.h"
 #include "acquisition/TarnAcq.h"
-#include "bench/support/NullScreen.h"
 #include "bench/support/PreparedCar.h"
 #include "platform/files/SystemFileSystem.h"
 #include "tests/support/ManualLinkClock.h"
@@ -37,7 +37,7 @@ int main() {
   test::ManualLinkClock linkClock;
   const auto vehicle = host::openVehicle("car.json", descriptions, {}, linkClock, {},
                                          std::make_unique<bench::PreparedLink>(10));
-  bench::NullScreen screen;
+  SilentAcqScreen screen;
   test::ManualTimer timer;
   SystemFileSystem files;
   TarnAcq acq({screen, clock, timer, files, {}, ""});

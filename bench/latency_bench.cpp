@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "acquisition/SilentAcqScreen.h"
 #include "acquisition/TarnAcq.h"
 #include "bench/support/Goals.h"
-#include "bench/support/NullScreen.h"
 #include "bench/support/PreparedCar.h"
 #include "host/link/SystemLinkClock.h"
 #include "platform/files/SystemFileSystem.h"
@@ -56,7 +56,7 @@ void record(benchmark::State& state) {
   test::MemoryFileSystem descriptions;
   host::SystemLinkClock linkClock;
   const auto vehicle = openCar(descriptions, linkClock);
-  bench::NullScreen screen;
+  SilentAcqScreen screen;
   SystemClock clock;
   RunLoop loop;
   const auto timer = loop.createTimer();

@@ -11,10 +11,10 @@
 #include <string>
 #include <utility>
 
+#include "acquisition/SilentAcqScreen.h"
 #include "acquisition/TarnAcq.h"
 #include "bench/support/CountedAllocations.h"
 #include "bench/support/Goals.h"
-#include "bench/support/NullScreen.h"
 #include "bench/support/PreparedCar.h"
 #include "host/link/SystemLinkClock.h"
 #include "platform/files/SystemFileSystem.h"
@@ -59,7 +59,7 @@ void recordedCycle(benchmark::State& state) {
   host::SystemLinkClock linkClock;
   const auto vehicle = host::openVehicle("car.json", descriptions, {}, linkClock, {},
                                          std::make_unique<bench::PreparedLink>(kDataPerRequest));
-  bench::NullScreen screen;
+  SilentAcqScreen screen;
   test::SteppedClock clock;
   test::ManualTimer timer;
   SystemFileSystem files;

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "acquisition/AcqScreen.h"
+#include "acquisition/SilentAcqScreen.h"
 
 namespace tarnlog::record {
 
 /// The acquisition's screen without a window: log lines and errors go to `print`, the state is kept for the
 /// progress line, nothing is drawn.
-class ConsoleScreen : public AcqScreen {
+class ConsoleScreen : public SilentAcqScreen {
  public:
   using Print = std::function<void(std::string_view line)>;
 
@@ -21,22 +21,9 @@ class ConsoleScreen : public AcqScreen {
   /// A record or event file could not be opened since the start.
   bool openFailed() const { return openFailed_; }
 
-  void setRecordingCaption(std::string_view) override {}
-  void setRecordingColour(Colour) override {}
   void setStateIndicator(std::string_view caption, Colour) override { state_ = caption; }
-  void setStartStopCaption(std::string_view) override {}
-  void setEventCaption(std::string_view) override {}
   void setPanelText(StatusPanel panel, std::string_view text) override;
-  void clearLog() override {}
-  void removeLogLine(int) override {}
   void appendLogLine(std::string_view line) override { print_(line); }
-  void rebuildValueColumns() override {}
-  void clearValueRows() override {}
-  void addValueRow(std::string_view, std::string_view) override {}
-  void setValueText(int, std::string_view) override {}
-  GraphArea* graphArea() override { return nullptr; }
-  void focusStartStop() override {}
-  void beep() override {}
 
  private:
   Print print_;

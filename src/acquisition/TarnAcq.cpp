@@ -24,6 +24,18 @@ std::int16_t scrollMaximum(Twips extraHeight) {
   return static_cast<std::int16_t>(std::clamp(extraHeight / kTwipsPerPixel, 0.0F, most));
 }
 
+void placeFrame(GraphArea& area) {
+  area.frame().setLeft(0);
+  area.frame().setTop(0);
+  area.frame().setWidth(area.visibleWidth());
+}
+
+/// Makes room for a display that is higher than what is seen of it.
+void extendFrame(GraphArea& area, Twips extraHeight) {
+  area.frame().setHeight(area.visibleHeight() + extraHeight);
+  area.setScrollRange(scrollMaximum(extraHeight), 0);
+}
+
 }  // namespace
 
 TarnAcq::TarnAcq(AcqEnvironment environment)
@@ -48,7 +60,6 @@ TarnAcq::~TarnAcq() {
 }
 
 // --- what the host and the user ask for
-// ---------------------------------------------------------------------------
 
 void TarnAcq::setSession(ferrox3::Session* session) {
   if (busy_) {
@@ -205,22 +216,16 @@ void TarnAcq::hideNow() {
 }
 
 // --- the live display
-// ------------------------------------------------------------------------------------------------
 
 void TarnAcq::buildDisplay() {
   GraphArea* const area = env_.screen.graphArea();
   if (area == nullptr) return;
-  GraphicFrame& frame = area->frame();
-  frame.setLeft(0);
-  frame.setTop(0);
-  frame.setWidth(area->visibleWidth());
-  frame.setHeight(area->visibleHeight());
+  placeFrame(*area);
+  area->frame().setHeight(area->visibleHeight());
   area->setScrollRange(0, 0);
   Twips extraHeight = 0;
-  display_->BuildDisplay(frame, kLeastGraphHeight, extraHeight);
-  if (extraHeight <= 0) return;
-  frame.setHeight(area->visibleHeight() + extraHeight);
-  area->setScrollRange(scrollMaximum(extraHeight), 0);
+  display_->BuildDisplay(area->frame(), kLeastGraphHeight, extraHeight);
+  if (extraHeight > 0) extendFrame(*area, extraHeight);
 }
 
 void TarnAcq::clearDisplay() {
@@ -232,15 +237,11 @@ void TarnAcq::clearDisplay() {
 void TarnAcq::resized() {
   GraphArea* const area = env_.screen.graphArea();
   if (area == nullptr) return;
-  GraphicFrame& frame = area->frame();
-  frame.setLeft(0);
-  frame.setTop(0);
-  frame.setWidth(area->visibleWidth());
+  placeFrame(*area);
   if (display_ == nullptr) return;
   Twips extraHeight = 0;
-  display_->ArrangeDisplay(frame, kLeastGraphHeight, extraHeight);
-  frame.setHeight(area->visibleHeight() + extraHeight);
-  area->setScrollRange(scrollMaximum(extraHeight), 0);
+  display_->ArrangeDisplay(area->frame(), kLeastGraphHeight, extraHeight);
+  extendFrame(*area, extraHeight);
 }
 
 void TarnAcq::scrolled() {
@@ -258,7 +259,6 @@ void TarnAcq::applyScroll() {
 }
 
 // --- the tick
-// ----------------------------------------------------------------------------------------------------------
 
 void TarnAcq::onTick() {
   env_.timer.setEnabled(false);
@@ -342,7 +342,6 @@ void TarnAcq::endTick() {
 }
 
 // --- states and the end
-// -------------------------------------------------------------------------------------------------
 
 void TarnAcq::SetAcqState(State state) {
   state_ = state;

@@ -7,8 +7,8 @@ namespace {
 
 TEST(DisplayModel, physicalGraphsAreThoseWithACurveThatIsNotBinary) {
   Display d;
-  ShownData threeLevels("Levels", ferrox3::kInteger, 0, 2);
-  ShownData fraction("Fraction", ferrox3::kDouble, 0, 1);
+  ScriptedData& threeLevels = d.request.addData("Levels", ferrox3::kInteger, "", 0, 2);
+  ScriptedData& fraction = d.request.addData("Fraction", ferrox3::kDouble, "", 0, 1);
   d.add(d.brake, oTarnScope::kGraph);
   EXPECT_EQ(d.scope.graphes().Item(1).grapheType(), 0);
   EXPECT_EQ(d.scope.graphes().CountScopePhysical(), 0);

@@ -21,9 +21,9 @@ TEST(DisplayUpdate, eachPlotGetsOnePointInCurveOrder) {
   d.addCurve(d.gear, 1);
   d.add(d.gear, oTarnScope::kDigital);
   d.build();
-  d.speed.set(12.5, "12.50 km/h");
-  d.brake.set(1, "Pressed");
-  d.gear.set(std::string("R"), "R");
+  d.speed.setValue(12.5, "12.50 km/h");
+  d.brake.setValue(std::int32_t{1}, "Pressed");
+  d.gear.setValue(std::string("R"), "R");
   EXPECT_EQ(refresh(d), (Lines{"GT1.chart 1 12.5", "VT1.caption 12.50 km/h", "GT1.chart 2 1",
                                "VT2.caption Pressed", "GT1.chart 3 nan", "VT3.caption R", "VT4.caption R"}));
 }
@@ -34,9 +34,9 @@ TEST(DisplayUpdate, curvesOfAnXYGraphShareTheirX) {
   d.addCurve(d.brake, 1);
   d.add(d.load, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX->index = 1; });
   d.build();
-  d.speed.set(12.5, "");
-  d.brake.set(1, "");
-  d.load.set(30.0, "");
+  d.speed.setValue(12.5, "");
+  d.brake.setValue(std::int32_t{1}, "");
+  d.load.setValue(30.0, "");
   EXPECT_EQ(refresh(d), (Lines{"GT1.plot 1 30 12.5", "VT1.caption ", "GT1.plot 2 30 1", "VT2.caption "}));
 }
 
@@ -45,7 +45,7 @@ TEST(DisplayUpdate, markersCloseInOnTheRangeSeenAndTurnRedBeyondTheAxis) {
   d.add(d.speed, oTarnScope::kBarGraph);
   d.build();
   const auto feed = [&](double value) {
-    d.speed.set(value, "");
+    d.speed.setValue(value, "");
     refresh(d);
     return d.frame.callsTo("SL1");
   };

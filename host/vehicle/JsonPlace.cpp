@@ -7,7 +7,7 @@
 #include <cmath>
 #include <numeric>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {

@@ -7,9 +7,9 @@
 #include <unordered_set>
 #include <utility>
 
+#include "host/link/HexText.h"
 #include "host/vehicle/CsvTable.h"
 #include "host/vehicle/DescriptionParts.h"
-#include "host/vehicle/HexText.h"
 #include "host/vehicle/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 

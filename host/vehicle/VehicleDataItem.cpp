@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "host/vehicle/ValueText.h"
 #include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "host/vehicle/ResponseCheck.h"
 #include "host/vehicle/VehicleRawBuffer.h"
 #include "platform/base/TarnError.h"

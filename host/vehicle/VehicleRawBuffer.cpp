@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {

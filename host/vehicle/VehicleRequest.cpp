@@ -1,6 +1,6 @@
 #include "host/vehicle/VehicleRequest.h"
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "host/vehicle/VehicleEcu.h"
 
 namespace tarnlog::host {

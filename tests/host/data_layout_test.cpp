@@ -3,8 +3,8 @@
 #include <cmath>
 #include <limits>
 
+#include "host/link/HexText.h"
 #include "host/vehicle/DataLayout.h"
-#include "host/vehicle/HexText.h"
 #include "host/vehicle/ResponseCheck.h"
 #include "host/vehicle/ValueText.h"
 

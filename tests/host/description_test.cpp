@@ -4,7 +4,7 @@
 #include <sstream>
 #include <string>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "host/vehicle/VehicleDescription.h"
 #include "platform/base/TarnError.h"
 

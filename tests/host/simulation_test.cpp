@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 #include "host/vehicle/Vehicle.h"
 #include "host/vehicle/VehicleSimulator.h"
 #include "platform/base/TarnError.h"

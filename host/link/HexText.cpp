@@ -1,4 +1,4 @@
-#include "host/vehicle/HexText.h"
+#include "host/link/HexText.h"
 
 namespace tarnlog::host {
 namespace {

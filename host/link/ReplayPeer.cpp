@@ -1,0 +1,42 @@
+#include "host/link/ReplayPeer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+using Kind = TraceEntry::Kind;
+
+ReplayPeer::ReplayPeer(std::vector<TraceEntry> entries, std::string file)
+    : entries_(std::move(entries)), file_(std::move(file)) {}
+
+std::size_t ReplayPeer::find(const LinkTarget& target, std::span<const std::uint8_t> request) const {
+  for (std::size_t i = next_; i < entries_.size(); ++i) {
+    const TraceEntry& entry = entries_[i];
+    if (entry.kind == Kind::request && entry.target.address == target.address &&
+        std::ranges::equal(entry.bytes, request))
+      return i;
+  }
+  return entries_.size();
+}
+
+void ReplayPeer::answer(const LinkTarget& target, std::span<const std::uint8_t> request,
+                        std::chrono::microseconds /*sinceStart*/, SimulatedAnswers& answers) {
+  if (next_ >= entries_.size()) throw TarnError(1, "ReplayPeer", file_ + ": the trace has ended");
+  const std::size_t found = find(target, request);
+  if (found == entries_.size()) return;
+  const std::chrono::microseconds asked = entries_[found].time;
+  for (next_ = found + 1; next_ < entries_.size() && entries_[next_].kind != Kind::request; ++next_) {
+    const TraceEntry& entry = entries_[next_];
+    if (entry.kind == Kind::failure) {
+      if (answers.count() > 0) continue;
+      ++next_;
+      throw TarnError(1, "ReplayPeer", entry.text);
+    }
+    answers.add(std::max(entry.time - asked, std::chrono::microseconds(0))) = entry.bytes;
+  }
+}
+
+}  // namespace tarnlog::host

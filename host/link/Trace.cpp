@@ -1,0 +1,111 @@
+#include "host/link/Trace.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <optional>
+
+#include "host/link/HexText.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+using Kind = TraceEntry::Kind;
+
+/// The text up to the next blank; `rest` begins behind it.
+std::string_view nextWord(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find(' '), rest.size());
+  const std::string_view word = rest.substr(0, end);
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return word;
+}
+
+template <class Number>
+std::optional<Number> number(std::string_view text) {
+  Number value{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return {};
+  return value;
+}
+
+std::optional<std::chrono::microseconds> timeOf(std::string_view word) {
+  const auto seconds = number<double>(word);
+  if (!seconds || !(*seconds >= 0 && *seconds < 1e9)) return {};
+  return std::chrono::microseconds(static_cast<std::int64_t>(*seconds * 1e6 + 0.5));
+}
+
+/// None when it was read, else what was expected.
+std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& entry) {
+  const auto time = timeOf(nextWord(line));
+  if (!time) return "seconds";
+  entry.time = *time;
+  const std::string_view sign = nextWord(line);
+  if (sign == "!") {
+    entry.kind = Kind::failure;
+    entry.text = line;
+    return {};
+  }
+  if (sign != ">" && sign != "<") return "one of the signs > < !";
+  entry.kind = sign == ">" ? Kind::request : Kind::response;
+  if (entry.kind == Kind::request) {
+    const auto address = number<std::int32_t>(nextWord(line));
+    if (!address) return "the ECU's address, a decimal number";
+    const std::string_view protocol = nextWord(line);
+    entry.target = {*address, protocol == "-" ? std::string() : std::string(protocol)};
+  }
+  auto bytes = bytesFromHex(line);
+  if (!bytes) return "bytes as two hexadecimal digits each";
+  entry.bytes = std::move(*bytes);
+  return {};
+}
+
+std::string withoutBlanks(std::string text) {
+  for (char& c : text)
+    if (c == ' ') c = '_';
+  return text.empty() ? "-" : text;
+}
+
+std::string onOneLine(std::string text) {
+  for (char& c : text)
+    if (c == '\n' || c == '\r') c = ' ';
+  return text;
+}
+
+}  // namespace
+
+std::string traceLine(const TraceEntry& entry) {
+  const auto micros = entry.time.count();
+  std::string line = fmt::format("{}.{:06} ", micros / 1000000, micros % 1000000);
+  switch (entry.kind) {
+    case Kind::request:
+      line += fmt::format("> {} {} ", entry.target.address, withoutBlanks(entry.target.protocol));
+      break;
+    case Kind::response:
+      line += "< ";
+      break;
+    case Kind::failure:
+      return line + "! " + onOneLine(entry.text);
+  }
+  appendHex(line, entry.bytes);
+  return line;
+}
+
+std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file) {
+  std::vector<TraceEntry> entries;
+  int lineNumber = 0;
+  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(end + 1);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    ++lineNumber;
+    if (line.empty() || line.starts_with('#')) continue;
+    TraceEntry entry;
+    if (const auto expected = readEntry(line, entry))
+      throw TarnError(1, "parseTrace", fmt::format("{}, line {}: expected {}", file, lineNumber, *expected));
+    entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/link/Link.h"
+
+/// What went over a link, as a text file that people can read and a replay can answer from.
+///
+///     # tarnlog trace 1
+///     0.000000 > 18 KWP2000 21 80
+///     0.021344 < 61 80 00 12
+///     5.400021 ! the adapter is gone
+///
+/// Each line: seconds since the link was opened first, a sign, and what it says: ">" a request with the ECU's
+/// address (decimal), its protocol ("-" for none) and bytes, "<" a response, "!" a failure of the link. Lines
+/// that begin with "#" are remarks.
+namespace tarnlog::host {
+
+struct TraceEntry {
+  enum class Kind : std::uint8_t { request, response, failure };
+
+  std::chrono::microseconds time{};
+  Kind kind = Kind::request;
+  LinkTarget target;  ///< of a request
+  Link::Bytes bytes;  ///< of a request or response
+  std::string text;   ///< of a failure
+};
+
+inline constexpr std::string_view kTraceHeading = "# tarnlog trace 1";
+
+/// One line, without its end.
+std::string traceLine(const TraceEntry& entry);
+
+/// Reads a whole file. A line that ends where the file ends, without a line end, was cut off and is left out.
+/// TarnError with file, line and what was expected there.
+std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file);
+
+}  // namespace tarnlog::host

@@ -1,0 +1,64 @@
+#include "host/link/TraceLink.h"
+
+#include <string>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+using Kind = TraceEntry::Kind;
+
+TraceLink::TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_ptr<FileStream> file)
+    : link_(std::move(link)), clock_(clock), file_(std::move(file)) {
+  link_->setIdleHook([this] { idle(); });
+  skipOnFailure([this] { file_->write(std::string(kTraceHeading) + "\n"); });
+}
+
+void TraceLink::write(TraceEntry& entry) {
+  if (!file_) return;
+  entry.time = std::chrono::microseconds(clock_.microseconds() - start_);
+  if (!skipOnFailure([&] { file_->write(traceLine(entry) + "\n"); })) file_.reset();
+}
+
+/// Runs a step of the link; its failure is written down and passed on.
+template <class Step>
+auto TraceLink::watched(Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const TarnError& error) {
+    TraceEntry entry;
+    entry.kind = Kind::failure;
+    entry.text = error.description();
+    write(entry);
+    throw;
+  }
+}
+
+void TraceLink::open() {
+  if (start_ < 0) start_ = clock_.microseconds();
+  watched([this] { link_->open(); });
+}
+
+void TraceLink::close() { link_->close(); }
+
+void TraceLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  TraceEntry entry;
+  entry.target = target;
+  entry.bytes.assign(request.begin(), request.end());
+  write(entry);
+  watched([&] { link_->send(target, request); });
+}
+
+bool TraceLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
+  const bool came = watched([&] { return link_->receive(response, timeout); });
+  if (came) {
+    TraceEntry entry;
+    entry.kind = Kind::response;
+    entry.bytes = response;
+    write(entry);
+  }
+  return came;
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <utility>
+
+namespace tarnlog::host {
+
+/// A connection that carries bytes both ways: a socket, a serial port. Its failures are TarnErrors whose
+/// description names the connection and tells what happened; after one it can be closed and opened again.
+class ByteStream {
+ public:
+  virtual ~ByteStream() = default;
+  /// Waits a few seconds at most.
+  virtual void open() = 0;
+  virtual void close() = 0;
+  /// Hands all bytes over, waiting a few seconds at most.
+  virtual void write(std::span<const std::uint8_t> bytes) = 0;
+  /// Waits until something came and gives how many bytes of `into` were filled; 0 when nothing came before
+  /// `deadline`, in microseconds of the link clock. What is there already is taken even when it is over.
+  virtual std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) = 0;
+
+  /// Called at least every 20 ms while the connection waits. It may do anything but use the connection.
+  void setIdleHook(std::function<void()> hook) { idleHook_ = std::move(hook); }
+
+ protected:
+  void idle() const {
+    if (idleHook_) idleHook_();
+  }
+
+ private:
+  std::function<void()> idleHook_;
+};
+
+}  // namespace tarnlog::host

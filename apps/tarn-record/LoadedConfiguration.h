@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "catalogue/SessionDocument.h"
-#include "config/LoadReport.h"
+#include "config/SessionLoad.h"
 #include "config/oTarnParameters.h"
 #include "platform/files/FileSystem.h"
 #include "platform/settings/SettingsStore.h"
@@ -15,10 +15,7 @@ namespace tarnlog::record {
 /// A configuration as this vehicle can run it, and what it lacks.
 struct LoadedConfiguration {
   std::shared_ptr<oTarnParameters> parameters;
-  LoadReport report;
-  std::vector<std::string> wrongFunction;  ///< "ECU/REQUEST/DATA" that loads, but cannot be acquired
-  bool startTriggerLost = false;           ///< it watched an item that is not offered; it is manual now
-  bool stopTriggerLost = false;
+  std::vector<Lack> lacks;
 };
 
 /// Raises the loader's TarnError when the file is not a configuration.

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "host/link/LinkClock.h"
+
+namespace tarnlog::host {
+
+/// A vehicle or gateway that answered to "who is there?".
+struct DoipEntity {
+  std::string host;           ///< its address in numbers
+  std::string vin;            ///< vehicle identification number
+  std::uint16_t address = 0;  ///< its logical address
+};
+
+/// Asks one host, or with "*" everybody on the local networks, for a vehicle, and waits half a second. None
+/// when nobody answered.
+std::optional<DoipEntity> findDoipEntity(const std::string& host, std::uint16_t port, LinkClock& clock,
+                                         const std::function<void()>& idleHook);
+
+}  // namespace tarnlog::host

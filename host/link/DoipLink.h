@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/link/ByteStream.h"
+#include "host/link/DoipMessage.h"
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+
+namespace tarnlog::host {
+
+struct DoipSettings {
+  std::string host;  ///< name or address; "*" looks for a vehicle on the local networks
+  std::uint16_t port = kDoipPort;
+  std::uint16_t tester = 0x0E00;     ///< our own logical address
+  std::optional<std::uint16_t> ecu;  ///< logical address of the ECU for every request; else the request's own
+};
+
+/// Diagnostics over IP (ISO 13400-2): one TCP connection to the vehicle's gateway, over which all of its ECUs
+/// are reached.
+class DoipLink : public Link {
+ public:
+  using Connect = std::function<std::unique_ptr<ByteStream>(const std::string& host, std::uint16_t port)>;
+
+  /// `connect` makes a stream that is not open yet. The clock must outlive the link.
+  DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+
+ private:
+  std::string findHost();
+  void activateRouting();
+  bool isGranted(std::span<const std::uint8_t> activation) const;
+  std::optional<DoipMessage> nextMessage(std::int64_t deadline);
+  void handle(const DoipMessage& message);
+  bool isAnswer(const DoipMessage& message) const;
+  [[noreturn]] void fail(const std::string& text) const;
+
+  DoipSettings settings_;
+  Connect connect_;
+  LinkClock& clock_;
+  std::unique_ptr<ByteStream> stream_;
+  DoipStream messages_;
+  std::uint16_t gateway_ = 0;  ///< as found or as it answered the activation
+  std::uint16_t target_ = 0;   ///< of the request that was sent last
+  Bytes frame_;                ///< kept for its capacity
+};
+
+}  // namespace tarnlog::host

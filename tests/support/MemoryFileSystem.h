@@ -17,12 +17,16 @@ class MemoryFileSystem : public FileSystem {
  public:
   std::map<std::string, std::string> files;
   std::set<std::string> folders{"/rec", "/cwd"};
+  std::set<std::string> readOnlyFolders;
   std::string openError;   ///< opening fails with this text
   std::string writeError;  ///< writing fails with this text
   bool noStream = false;   ///< opening for appending gives nothing
   int writes = 0;
 
   bool folderExists(const std::string& path) const override { return folders.count(path) != 0; }
+  bool folderWritable(const std::string& path) const override {
+    return folderExists(path) && readOnlyFolders.count(path) == 0;
+  }
   bool fileExists(const std::string& path) const override { return files.count(path) != 0; }
   std::string currentFolder() const override { return "/cwd"; }
 

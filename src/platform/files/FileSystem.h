@@ -37,6 +37,8 @@ class FileSystem {
 
   virtual ~FileSystem() = default;
   virtual bool folderExists(const std::string& path) const = 0;
+  /// Whether new files can be made in this folder; false when there is none.
+  virtual bool folderWritable(const std::string& path) const = 0;
   virtual bool fileExists(const std::string& path) const = 0;
   virtual std::string currentFolder() const = 0;
   /// Opens a text file for appending, creating it when missing; null when the system gives no stream.

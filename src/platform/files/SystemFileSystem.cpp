@@ -106,6 +106,10 @@ bool SystemFileSystem::folderExists(const std::string& path) const {
   return std::filesystem::is_directory(path, error);
 }
 
+bool SystemFileSystem::folderWritable(const std::string& path) const {
+  return folderExists(path) && ::access(path.c_str(), W_OK | X_OK) == 0;
+}
+
 bool SystemFileSystem::fileExists(const std::string& path) const {
   std::error_code error;
   return std::filesystem::exists(std::filesystem::symlink_status(path, error));

@@ -8,6 +8,7 @@ namespace tarnlog {
 class SystemFileSystem : public FileSystem {
  public:
   bool folderExists(const std::string& path) const override;
+  bool folderWritable(const std::string& path) const override;
   bool fileExists(const std::string& path) const override;
   std::string currentFolder() const override;
   std::unique_ptr<TextStream> openForAppending(const std::string& path) override;

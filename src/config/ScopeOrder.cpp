@@ -1,5 +1,6 @@
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "config/oTarnParameters.h"
 
@@ -68,9 +69,9 @@ void oTarnParameters::renumber() {
   for (oTarnScope& scope : scopes_) scope.index = ++position;
 }
 
-void oTarnParameters::removeScope(std::int32_t position) {
+std::unique_ptr<oTarnScope> oTarnParameters::removeScope(std::int32_t position) {
   const oTarnScope* const removed = itemAt(*this, position);
-  if (removed == nullptr) return;
+  if (removed == nullptr) return nullptr;
   unwatch(*startTrigger, position);
   unwatch(*stopTrigger, position);
   if (removed->ScopeType() == oTarnScope::kGraph)
@@ -82,8 +83,26 @@ void oTarnParameters::removeScope(std::int32_t position) {
     if (scope.ScopeType() == oTarnScope::kGraphIndex && scope.oTarnGraphIndex->index > position)
       --scope.oTarnGraphIndex->index;
   }
-  Remove(static_cast<std::size_t>(position));
+  auto item = scopes_.take(static_cast<std::size_t>(position));
   renumber();
+  return item;
+}
+
+oTarnScope& oTarnParameters::insertScope(std::unique_ptr<oTarnScope> scope, std::int32_t position) {
+  if (position < 1 || position > Count()) position = Count() + 1;
+  std::string key = scope->DataKey;
+  oTarnScope& inserted =
+      scopes_.insertAt(static_cast<std::size_t>(position), std::move(scope), std::move(key));
+  const auto makeRoom = [position](std::int32_t& reference) {
+    if (reference >= position) ++reference;
+  };
+  for (oTarnScope& other : scopes_)
+    if (std::int32_t* const reference = other.graphReference(); reference != nullptr && &other != &inserted)
+      makeRoom(*reference);
+  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
+    if (trigger->typeTrigger == oTarnTrigger::kChannel) makeRoom(trigger->DataIndex);
+  renumber();
+  return inserted;
 }
 
 void oTarnParameters::changeScopeOrder(oTarnScope& moved, oTarnScope& target) {
@@ -104,6 +123,37 @@ void oTarnParameters::changeScopeOrder(oTarnScope& moved, oTarnScope& target) {
   }
   if (startItem != nullptr) startTrigger->DataIndex = startItem->index;
   if (stopItem != nullptr) stopTrigger->DataIndex = stopItem->index;
+}
+
+void oTarnParameters::moveScopes(const std::vector<oTarnScope*>& moved, const oTarnScope* before) {
+  renumber();
+  const auto place = [](const oTarnScope& scope) { return static_cast<std::size_t>(scope.index); };
+  std::vector<bool> moves(scopes_.Count() + 1);
+  for (const oTarnScope* const scope : moved) moves[place(*scope)] = true;
+  std::vector<std::size_t> order;
+  const auto appendMoved = [&] {
+    for (const oTarnScope* const scope : moved) order.push_back(place(*scope));
+  };
+  for (const oTarnScope& scope : scopes_) {
+    if (&scope == before) appendMoved();
+    if (!moves[place(scope)]) order.push_back(place(scope));
+  }
+  if (before == nullptr) appendMoved();
+  scopes_.arrange(order);
+
+  std::vector<std::int32_t> newPlace(order.size() + 1);
+  for (std::size_t at = 0; at < order.size(); ++at) newPlace[order[at]] = static_cast<std::int32_t>(at) + 1;
+  const auto known = [this](std::int32_t reference) { return reference >= 1 && reference <= Count(); };
+  renumber();
+  for (oTarnScope& scope : scopes_) {
+    std::int32_t* const reference = scope.graphReference();
+    if (reference == nullptr || !known(*reference)) continue;
+    *reference = newPlace[static_cast<std::size_t>(*reference)];
+    if (*reference >= scope.index) makeGraphKeepingLooks(scope);
+  }
+  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
+    if (trigger->typeTrigger == oTarnTrigger::kChannel && known(trigger->DataIndex))
+      trigger->DataIndex = newPlace[static_cast<std::size_t>(trigger->DataIndex)];
 }
 
 void oTarnParameters::CheckAndCorrect() {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "config/oScenario.h"
 #include "config/oTarnScope.h"
@@ -57,12 +58,19 @@ class oTarnParameters {
   auto begin() const { return scopes_.begin(); }
   auto end() const { return scopes_.end(); }
 
-  /// Removes one item and repairs references by position; curves of a removed Graph become Graphs, X-axis
-  /// references are left to CheckAndCorrect. Out of range: nothing.
-  void removeScope(std::int32_t position);
+  /// Removes one item and hands it over; repairs references by position: curves of a removed Graph become
+  /// Graphs, X-axis references are left to CheckAndCorrect. Out of range: nothing, and null.
+  std::unique_ptr<oTarnScope> removeScope(std::int32_t position);
+  /// Inserts an item so that it has this position (1 to Count + 1, otherwise the end). References by position
+  /// follow the items that they refer to.
+  oTarnScope& insertScope(std::unique_ptr<oTarnScope> scope, std::int32_t position);
   /// Moves the first item to the place of the second and repairs references by position; what would refer to
   /// an item at or behind its own place becomes a Graph. Both items' `index` must be their position.
   void changeScopeOrder(oTarnScope& moved, oTarnScope& target);
+  /// Moves items any distance, in the order in which they are given, to stand together before another item
+  /// that is not one of them (null: at the end). References follow the items that they refer to; what would
+  /// refer to an item at or behind its own place becomes a Graph.
+  void moveScopes(const std::vector<oTarnScope*>& moved, const oTarnScope* before);
   /// Turns items whose reference designates no Graph into Graphs of their own.
   void CheckAndCorrect();
 

@@ -85,6 +85,28 @@ TEST(ChangeScopeOrder, triggersGoOnWatchingTheSameItem) {
   EXPECT_EQ(list.stopTrigger->DataIndex, 9);
 }
 
+TEST(MoveScopes, referencesAndTriggersFollowOverAnyDistance) {
+  ScopeList list("a:G b:D c:I1 d:D e:G f:X5");
+  watch(*list.startTrigger, 5);
+  list.moveScopes({list.Item("e"), list.Item("b")}, list.Item("a"));
+  EXPECT_EQ(list.text(), "e:G b:D a:G c:I3 d:D f:X1");
+  EXPECT_EQ(list.startTrigger->DataIndex, 1);
+  list.moveScopes({list.Item("e")}, nullptr);
+  EXPECT_EQ(list.text(), "b:D a:G c:I2 d:D f:G e:G") << "f would refer behind itself";
+  EXPECT_EQ(list.startTrigger->DataIndex, 6);
+}
+
+TEST(InsertScope, undoesARemovalThatNothingReferredTo) {
+  ScopeList list("a:D b:G c:I2 d:X2");
+  watch(*list.stopTrigger, 3);
+  auto removed = list.removeScope(1);
+  list.Item("d")->oTarnGraphAxeX->index = 1;
+  list.insertScope(std::move(removed), 1);
+  EXPECT_EQ(list.text(), "a:D b:G c:I2 d:X2");
+  EXPECT_EQ(list.stopTrigger->DataIndex, 3);
+  EXPECT_EQ(list.removeScope(5), nullptr);
+}
+
 TEST(CheckAndCorrect, turnsWhatRefersToNoGraphIntoAGraph) {
   ScopeList list("a:D b:I1 c:X9 d:G e:I4 f:X4 g:I0 h:X-1");
   list.Item("b")->ChangeCaption("lost");

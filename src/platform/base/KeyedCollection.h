@@ -77,6 +77,14 @@ class KeyedCollection {
     return item;
   }
 
+  /// Puts the items into another order: the positions of now, each once, as they are to follow.
+  void arrange(const std::vector<std::size_t>& positions) {
+    std::vector<Entry> arranged;
+    arranged.reserve(entries_.size());
+    for (const std::size_t position : positions) arranged.push_back(std::move(entries_[position - 1]));
+    entries_ = std::move(arranged);
+  }
+
   void RemoveAll() {
     byKey_.clear();
     entries_.clear();

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+
+#include "platform/screen/Controls.h"
+#include "ui/acquisition/ControlArray.h"
+#include "ui/acquisition/GraphBlock.h"
+#include "ui/acquisition/LabelBlock.h"
+#include "ui/acquisition/SlideBlock.h"
+
+namespace tarnlog {
+
+/// The controls on a surface, as the live display makes and frees them. Their widgets are named after their
+/// array and number: GT1, SL1, etiquette1, VT1.
+class FrameControls : public GraphicFrame {
+ public:
+  explicit FrameControls(QWidget& surface) : surface_(surface) {}
+
+  Twips left() const override { return toTwips(surface_.x()); }
+  Twips top() const override { return toTwips(surface_.y()); }
+  Twips width() const override { return toTwips(surface_.width()); }
+  Twips height() const override { return toTwips(surface_.height()); }
+  void setLeft(Twips left) override { surface_.move(toPixels(left), surface_.y()); }
+  void setTop(Twips top) override { surface_.move(surface_.x(), toPixels(top)); }
+  void setWidth(Twips width) override { surface_.resize(toPixels(width), surface_.height()); }
+  void setHeight(Twips height) override { surface_.resize(surface_.width(), toPixels(height)); }
+  void setVisible(bool visible) override { surface_.setVisible(visible); }
+
+  GraphControl* LoadGraph(std::int16_t index) override;
+  void UnloadGraph(GraphControl* control) override { graphs_.unload(control); }
+  SlideControl* LoadSlide(std::int16_t index) override;
+  void UnloadSlide(SlideControl* control) override { slides_.unload(control); }
+  LabelControl* LoadCaption(std::int16_t index) override;
+  void UnloadCaption(LabelControl* control) override { linkLabels(captions_.unload(control)); }
+  LabelControl* LoadValueText(std::int16_t index) override;
+  void UnloadValueText(LabelControl* control) override { linkLabels(values_.unload(control)); }
+
+  /// Palette or font of the desktop have changed.
+  void restyle();
+
+ private:
+  void linkLabels(std::int16_t index);
+
+  QWidget& surface_;
+  ControlArray<GraphBlock> graphs_;
+  ControlArray<SlideBlock> slides_;
+  ControlArray<LabelBlock> captions_;
+  ControlArray<LabelBlock> values_;
+};
+
+}  // namespace tarnlog

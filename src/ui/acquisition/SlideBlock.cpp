@@ -1,0 +1,27 @@
+#include "ui/acquisition/SlideBlock.h"
+
+#include "ui/acquisition/LabelStyle.h"
+#include "ui/acquisition/Readable.h"
+
+namespace tarnlog {
+
+SlideBlock::SlideBlock(QWidget* frame) : Placed(std::make_unique<CWSlide>(frame)) { restyle(); }
+
+void SlideBlock::setPointerFillColour(int pointer, Colour colour) {
+  if (pointer == kValue) fill_ = colour;
+  const QPalette palette = shown().palette();
+  shown().setPointerFillColour(pointer,
+                               readableCurve(toQColor(colour, palette), palette.color(QPalette::Base)));
+}
+
+void SlideBlock::setPointerColour(int pointer, Colour colour) {
+  const bool palette = colour == kButtonFace;
+  shown().setPointerColour(pointer, palette ? QColor() : toQColor(colour, shown().palette()));
+}
+
+void SlideBlock::restyle() {
+  shown().setFont(fittedFont(shown().parentWidget()->font(), kLineHeight));
+  setPointerFillColour(kValue, fill_);
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,169 @@
+#include "ui/acquisition/TextLabel.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QTextLayout>
+#include <QToolTip>
+#include <algorithm>
+
+#include "ui/acquisition/LabelStyle.h"
+#include "ui/acquisition/Readable.h"
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+namespace {
+
+constexpr int kPadding = 3;
+constexpr int kLeastStrip = 7;  ///< pixels; lower texts cannot be read
+
+/// Whole lines only; the last one that fits ends in an ellipsis when there is more.
+void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
+  const int line = painter.fontMetrics().height();
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  QTextLayout layout(text, painter.font());
+  layout.setTextOption(option);
+  layout.beginLayout();
+  for (int top = room.top(); top + line <= room.bottom() + 1; top += line) {
+    QTextLine part = layout.createLine();
+    if (!part.isValid()) break;
+    part.setLineWidth(room.width());
+    const bool last = top + 2 * line > room.bottom() + 1;
+    const QString shown =
+        last ? painter.fontMetrics().elidedText(text.mid(part.textStart()), Qt::ElideRight, room.width())
+             : text.mid(part.textStart(), part.textLength()).trimmed();
+    painter.drawText(room.left(), top, room.width(), line, Qt::AlignLeft | Qt::AlignVCenter, shown);
+  }
+  layout.endLayout();
+}
+
+}  // namespace
+
+TextLabel::TextLabel(Role role, QWidget* parent) : QWidget(parent), role_(role) { restyle(); }
+
+void TextLabel::setText(std::string_view text) {
+  if (text_ == text) return;
+  text_ = text;
+  if (!frozen_) pacer_.request(rect());
+}
+
+QString TextLabel::text() const { return frozen_ ? *frozen_ : toQString(text_); }
+
+void TextLabel::setTip(std::string_view tip) { tip_ = toQString(tip); }
+
+void TextLabel::setTextColour(Colour colour) {
+  textColour_ = colour;
+  restyle();
+}
+
+void TextLabel::setBackColour(Colour colour) {
+  backColour_ = colour;
+  restyle();
+}
+
+void TextLabel::setBorder(bool border) {
+  border_ = border;
+  update();
+}
+
+void TextLabel::setLabelFont(const QFont& font) {
+  font_ = font;
+  restyle();
+}
+
+void TextLabel::setFrozen(bool frozen) {
+  frozen_ = frozen ? std::optional(text()) : std::nullopt;
+  update();
+}
+
+void TextLabel::restyle() {
+  if (!font_) setFont(fittedFont(parentWidget()->font(), kLineHeight));
+  if (font_) setFont(*font_);
+  update();
+}
+
+int TextLabel::naturalHeight(int width) const {
+  const int line = fontMetrics().height();
+  if (role_ == Role::Value) return line;
+  const QRect room(0, 0, std::max(width - 2 * kPadding, 1), QWIDGETSIZE_MAX);
+  return std::max(fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height(), line);
+}
+
+bool TextLabel::covers(const TextLabel* other) const {
+  return other != nullptr && other->isVisibleTo(parentWidget()) && other->x() < x() + width() &&
+         x() < other->x() + other->width();
+}
+
+/// Height that a caption has for itself.
+int TextLabel::captionRoom() const { return covers(partner_) ? partner_->y() - y() : height(); }
+
+/// No line of this caption is left above its value.
+bool TextLabel::squeezed() const { return covers(partner_) && captionRoom() < fontMetrics().height(); }
+
+/// Where several values share a small height, each has what is below the one before it.
+QRect TextLabel::valueStrip() const {
+  if (!covers(above_)) return rect();
+  return rect().adjusted(0, std::clamp(above_->geometry().bottom() + 1 - y(), 0, height()), 0, 0);
+}
+
+QColor TextLabel::background() const {
+  const QColor window = palette().color(QPalette::Window);
+  return backColour_ ? backgroundOn(palette(), toQColor(*backColour_, palette())) : window;
+}
+
+void TextLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (backColour_) painter.fillRect(rect(), background());
+  const QColor text = textColour_ ? toQColor(*textColour_, palette()) : palette().color(QPalette::WindowText);
+  painter.setPen(readable(text, background(), kTextContrast));
+  if (role_ == Role::Caption)
+    paintCaption(painter);
+  else
+    paintValue(painter);
+  if (!border_) return;
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void TextLabel::paintCaption(QPainter& painter) const {
+  if (squeezed()) return;
+  QRect room = rect().adjusted(kPadding, 0, -kPadding, 0);
+  room.setHeight(std::min(height(), captionRoom()));
+  painter.setFont(fittedFont(font(), room.height()));
+  const int line = painter.fontMetrics().height();
+  if (backColour_ && room.height() < 2 * line) room.adjust(0, (room.height() - line) / 2, 0, 0);
+  drawWrapped(painter, room, text());
+}
+
+void TextLabel::paintValue(QPainter& painter) const {
+  QRect room = valueStrip().adjusted(kPadding, 0, -kPadding, 0);
+  if (room.height() < kLeastStrip) return;
+  painter.setFont(fittedFont(font(), room.height()));
+  const QFontMetrics metrics = painter.fontMetrics();
+  if (partner_ != nullptr && partner_->squeezed()) {
+    const QString value = metrics.elidedText(text(), Qt::ElideRight, room.width());
+    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, value);
+    room.setRight(room.right() - metrics.horizontalAdvance(value) - 2 * kPadding);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                     metrics.elidedText(partner_->text(), Qt::ElideRight, room.width()));
+    return;
+  }
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                   metrics.elidedText(text(), Qt::ElideRight, room.width()));
+}
+
+/// The tip that was set, else the texts that are shown here: they may be elided.
+QString TextLabel::tip() const {
+  if (!tip_.trimmed().isEmpty()) return tip_;
+  if (role_ == Role::Value && partner_ != nullptr && partner_->squeezed())
+    return partner_->text() + QStringLiteral(": ") + text();
+  return text();
+}
+
+bool TextLabel::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip().toHtmlEscaped(), this);
+  return true;
+}
+
+}  // namespace tarnlog

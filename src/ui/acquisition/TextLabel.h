@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QWidget>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/controls/PaintPacer.h"
+#include "platform/screen/Controls.h"
+
+namespace tarnlog {
+
+/// A label of the live display. A caption wraps and a value stands on one line; what does not fit is elided
+/// and shown by the tool tip. The two labels of a curve may lie upon one another: the caption keeps clear of
+/// its value, and where no line of it is left the value's line shows both.
+class TextLabel : public QWidget {
+  Q_OBJECT
+ public:
+  enum class Role { Caption, Value };
+
+  TextLabel(Role role, QWidget* parent);
+
+  /// Allocates nothing once it has shown a text of that length.
+  void setText(std::string_view text);
+  /// What is shown; while frozen not what was set last.
+  QString text() const;
+  void setTip(std::string_view tip);
+  void setTextColour(Colour colour);
+  void setBackColour(Colour colour);
+  void setBorder(bool border);
+  /// Without one the label takes the desktop's font at the size of its lines.
+  void setLabelFont(const QFont& font);
+  void setFrozen(bool frozen);
+  void restyle();
+
+  /// Of the text in the label's width: a caption's lines, or one.
+  int naturalHeight(int width) const;
+
+  /// The other label of the same curve or block, and the value label before this one; null when there is
+  /// none.
+  void setPartner(const TextLabel* partner) { partner_ = partner; }
+  void setAbove(const TextLabel* above) { above_ = above; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  bool covers(const TextLabel* other) const;
+  int captionRoom() const;
+  bool squeezed() const;
+  QRect valueStrip() const;
+  void paintCaption(QPainter& painter) const;
+  void paintValue(QPainter& painter) const;
+  QColor background() const;
+  QString tip() const;
+
+  Role role_;
+  std::string text_;
+  std::optional<QString> frozen_;
+  QString tip_;
+  std::optional<Colour> textColour_;
+  std::optional<Colour> backColour_;
+  bool border_ = false;
+  std::optional<QFont> font_;
+  const TextLabel* partner_ = nullptr;
+  const TextLabel* above_ = nullptr;
+  PaintPacer pacer_{this};
+};
+
+}  // namespace tarnlog

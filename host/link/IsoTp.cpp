@@ -13,15 +13,13 @@ constexpr int kFlowControl = 3;
 
 constexpr std::uint8_t kContinue = 0x30;
 constexpr std::uint8_t kOverflow = 0x32;
-/// Causes the fewest stuff bits on the wire.
-constexpr std::uint8_t kPadding = 0xCC;
 
 int kindOf(std::span<const std::uint8_t> frame) { return frame.empty() ? -1 : frame[0] >> 4; }
 
 CanPayload flowControlFrame(std::uint8_t status) {
   CanPayload frame;
   for (const std::uint8_t byte : {status, std::uint8_t{0}, std::uint8_t{0}}) frame.append(byte);
-  frame.padTo8(kPadding);
+  frame.pad();
   return frame;
 }
 
@@ -146,7 +144,7 @@ std::optional<CanPayload> IsoTpSender::next(std::int64_t now) {
     due_ = now + separation_;
     blocked_ = !finished() && leftInBlock_ > 0 && --leftInBlock_ == 0;
   }
-  frame.padTo8(kPadding);
+  frame.pad();
   return frame;
 }
 

@@ -12,6 +12,9 @@
 /// Messages over CAN frames (ISO 15765-2, normal addressing, classic CAN): what is said, without a bus.
 namespace tarnlog::host {
 
+/// Fills the frames up; causes the fewest stuff bits on the wire.
+inline constexpr std::uint8_t kIsoTpPadding = 0xCC;
+
 /// The up to 8 bytes of a classic CAN frame.
 class CanPayload {
  public:
@@ -25,8 +28,8 @@ class CanPayload {
     size_ += count;
   }
   void append(std::uint8_t byte) { append(std::span(&byte, 1)); }
-  void padTo8(std::uint8_t padding) {
-    while (size_ < bytes_.size()) append(padding);
+  void pad() {
+    while (size_ < bytes_.size()) append(kIsoTpPadding);
   }
   std::span<const std::uint8_t> bytes() const { return {bytes_.data(), size_}; }
 

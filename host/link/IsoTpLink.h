@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "host/link/CanPort.h"
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+
+namespace tarnlog::host {
+
+/// ECUs on a CAN bus (ISO 15765-2 and -4).
+class IsoTpLink : public Link {
+ public:
+  /// Makes a message stream of a pair, not open yet.
+  using Connect = std::function<std::unique_ptr<ByteStream>(CanPair)>;
+
+  /// `pair` is for every request; without one, each ECU's address gives its own. The clock must outlive the
+  /// link.
+  IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock);
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+
+ private:
+  ByteStream& streamOf(CanPair pair);
+
+  std::optional<CanPair> pair_;
+  Connect connect_;
+  LinkClock& clock_;
+  std::vector<std::pair<CanPair, std::unique_ptr<ByteStream>>> streams_;
+  ByteStream* current_ = nullptr;  ///< of the request that was sent last
+};
+
+}  // namespace tarnlog::host

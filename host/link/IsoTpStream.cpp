@@ -1,0 +1,83 @@
+#include "host/link/IsoTpStream.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kFlowControlTime = 1'000'000;  ///< microseconds, N_Bs of ISO 15765-2
+constexpr int kMostWaits = 20;                        ///< flow controls that say "wait"
+
+bool isWait(std::span<const std::uint8_t> frame) { return !frame.empty() && frame[0] == 0x31; }
+
+}  // namespace
+
+CanPair CanPair::ofEcu(std::int32_t address) {
+  const auto id = static_cast<std::uint32_t>(address);
+  if (id >= 0x700 && id <= 0x7F7) return {id, id + 8};
+  if (id <= 0xFF) return {0x18DA00F1 | id << 8, 0x18DAF100 | id};
+  throw TarnError(1, "CanPair",
+                  "an ECU on CAN needs an address of 0 to 255 or 1792 to 2039 (700 to 7F7), not " +
+                      std::to_string(address));
+}
+
+IsoTpStream::IsoTpStream(std::unique_ptr<CanPort> port, LinkClock& clock)
+    : port_(std::move(port)), clock_(clock) {
+  port_->setIdleHook([this] { idle(); });
+}
+
+void IsoTpStream::open() {
+  receiver_.reset();
+  port_->open();
+}
+
+void IsoTpStream::close() { port_->close(); }
+
+void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
+  receiver_.reset();
+  sender_.start(bytes);
+  while (!sender_.finished()) {
+    if (sender_.awaitsFlowControl()) awaitFlowControl();
+    // What arrives meanwhile answers an earlier request.
+    for (CanPayload old; clock_.microseconds() < sender_.due() && port_->receive(old, sender_.due());) {
+    }
+    if (const auto frame = sender_.next(clock_.microseconds())) port_->send(*frame);
+  }
+}
+
+void IsoTpStream::awaitFlowControl() {
+  std::int64_t deadline = clock_.microseconds() + kFlowControlTime;
+  for (int waits = 0; waits <= kMostWaits && clock_.microseconds() < deadline;) {
+    CanPayload frame;
+    if (!port_->receive(frame, deadline)) break;
+    const std::int64_t now = clock_.microseconds();
+    sender_.flowControl(frame.bytes(), now);
+    if (!sender_.awaitsFlowControl()) return;
+    if (!isWait(frame.bytes())) continue;
+    ++waits;
+    deadline = now + kFlowControlTime;
+  }
+  throw TarnError(1, "IsoTpStream", "the ECU does not take the rest of a long request (no flow control)");
+}
+
+std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
+  // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
+  CanPayload frame;
+  do {
+    if (!port_->receive(frame, deadline)) return 0;
+    const IsoTpReceiver::Result result = receiver_.accept(frame.bytes());
+    if (result.reply) port_->send(*result.reply);
+    if (result.complete) {
+      const auto& message = receiver_.message();
+      const std::size_t count = std::min(message.size(), into.size());
+      std::copy_n(message.begin(), count, into.begin());
+      return count;
+    }
+  } while (clock_.microseconds() < deadline);
+  return 0;
+}
+
+}  // namespace tarnlog::host

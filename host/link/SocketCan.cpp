@@ -1,0 +1,145 @@
+#include "host/link/SocketCan.h"
+
+#include <linux/can.h>
+#include <linux/can/isotp.h>
+#include <linux/can/raw.h>
+#include <net/if.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "host/link/DescriptorStream.h"
+#include "host/link/IsoTpStream.h"
+
+namespace tarnlog::host {
+namespace {
+
+canid_t identifier(std::uint32_t id) { return id > CAN_SFF_MASK ? id | CAN_EFF_FLAG : id; }
+
+/// Any CAN socket of an interface.
+class CanSocket : public DescriptorStream {
+ public:
+  CanSocket(std::string interface, CanPair pair, LinkClock& clock)
+      : DescriptorStream(interface, clock), interface_(std::move(interface)), pair_(pair) {}
+
+ protected:
+  const CanPair& pair() const { return pair_; }
+  /// False when the kernel lacks the protocol.
+  bool openSocket(int type, int protocol) {
+    Descriptor socket(::socket(PF_CAN, type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol));
+    if (socket) {
+      setDescriptor(std::move(socket));
+      return true;
+    }
+    if (errno == EAFNOSUPPORT) fail("this system has no CAN (the kernel lacks SocketCAN)");
+    if (errno != EPROTONOSUPPORT) failWith(errno);
+    return false;
+  }
+  void bindTo(sockaddr_can address) {
+    address.can_family = AF_CAN;
+    address.can_ifindex = static_cast<int>(::if_nametoindex(interface_.c_str()));
+    if (address.can_ifindex == 0) fail("there is no such CAN interface; \"ip link\" lists them");
+    if (::bind(descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+      if (errno == ENETDOWN) fail("the CAN interface is down; \"ip link set ... up\" starts it");
+      failWith(errno);
+    }
+  }
+
+ private:
+  std::string interface_;
+  CanPair pair_;
+};
+
+class RawPort : public CanPort, private CanSocket {
+ public:
+  using CanSocket::CanSocket;
+
+  void open() override {
+    if (!openSocket(SOCK_RAW, CAN_RAW)) fail("the kernel lacks CAN_RAW");
+    const can_filter filter{identifier(pair().receive), CAN_EFF_FLAG | CAN_RTR_FLAG | CAN_EFF_MASK};
+    ::setsockopt(descriptor(), SOL_CAN_RAW, CAN_RAW_FILTER, &filter, sizeof filter);
+    bindTo({});
+  }
+  void close() override { CanSocket::close(); }
+  void setIdleHook(std::function<void()> hook) override { CanSocket::setIdleHook(std::move(hook)); }
+
+  void send(const CanPayload& payload) override {
+    can_frame frame{};
+    frame.can_id = identifier(pair().transmit);
+    frame.len = static_cast<std::uint8_t>(payload.bytes().size());
+    std::memcpy(frame.data, payload.bytes().data(), payload.bytes().size());
+    write(std::span(reinterpret_cast<const std::uint8_t*>(&frame), sizeof frame));
+  }
+  bool receive(CanPayload& payload, std::int64_t deadline) override {
+    can_frame frame{};
+    if (read(std::span(reinterpret_cast<std::uint8_t*>(&frame), sizeof frame), deadline) == 0) return false;
+    payload = CanPayload(std::span<const std::uint8_t>(frame.data, std::min<std::size_t>(frame.len, 8)));
+    return true;
+  }
+};
+
+class KernelStream : public CanSocket {
+ public:
+  using CanSocket::CanSocket;
+
+  void open() override {
+    if (!tryOpen()) fail("the kernel lacks CAN_ISOTP");
+  }
+  /// False when the kernel lacks the protocol.
+  bool tryOpen() {
+    if (!openSocket(SOCK_DGRAM, CAN_ISOTP)) return false;
+    can_isotp_options options{};
+    options.flags = CAN_ISOTP_TX_PADDING;
+    options.txpad_content = kIsoTpPadding;
+    ::setsockopt(descriptor(), SOL_CAN_ISOTP, CAN_ISOTP_OPTS, &options, sizeof options);
+    sockaddr_can address{};
+    address.can_addr.tp.tx_id = identifier(pair().transmit);
+    address.can_addr.tp.rx_id = identifier(pair().receive);
+    bindTo(address);
+    return true;
+  }
+};
+
+/// Decides when it is opened who cuts the messages.
+class SocketCanStream : public ByteStream {
+ public:
+  SocketCanStream(std::string interface, CanPair pair, LinkClock& clock)
+      : interface_(std::move(interface)), pair_(pair), clock_(clock) {}
+
+  void open() override {
+    auto kernel = std::make_unique<KernelStream>(interface_, pair_, clock_);
+    if (kernel->tryOpen()) {
+      stream_ = std::move(kernel);
+    } else {
+      stream_ = std::make_unique<IsoTpStream>(makeSocketCanPort(interface_, pair_, clock_), clock_);
+      stream_->open();
+    }
+    stream_->setIdleHook([this] { idle(); });
+  }
+  void close() override { stream_.reset(); }
+  void write(std::span<const std::uint8_t> bytes) override { stream_->write(bytes); }
+  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override {
+    return stream_->read(into, deadline);
+  }
+
+ private:
+  std::string interface_;
+  CanPair pair_;
+  LinkClock& clock_;
+  std::unique_ptr<ByteStream> stream_;
+};
+
+}  // namespace
+
+std::unique_ptr<CanPort> makeSocketCanPort(const std::string& interface, CanPair pair, LinkClock& clock) {
+  return std::make_unique<RawPort>(interface, pair, clock);
+}
+
+std::unique_ptr<ByteStream> makeSocketCanStream(const std::string& interface, CanPair pair,
+                                                LinkClock& clock) {
+  return std::make_unique<SocketCanStream>(interface, pair, clock);
+}
+
+}  // namespace tarnlog::host

@@ -31,6 +31,16 @@ class Link {
   /// time.
   virtual bool receive(Bytes& response, std::chrono::milliseconds timeout) = 0;
 
+  /// The ECUs that answer an OBD request (service 01, ISO 15031-5) sent to all of them at once, as targets
+  /// for `send`. Empty where the link has no way to ask all.
+  virtual std::vector<LinkTarget> findEcus() { return {}; }
+  /// Whether a service 01 request may ask this ECU for several PIDs at once, as ISO 15765-4 allows on CAN.
+  /// Known after the first request to it.
+  virtual bool takesSeveralPids(const LinkTarget& target) const {
+    static_cast<void>(target);
+    return false;
+  }
+
   /// Called at least every 20 ms while the link waits. It may do anything but use the link.
   void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
 

@@ -61,4 +61,8 @@ bool TraceLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   return came;
 }
 
+std::vector<LinkTarget> TraceLink::findEcus() {
+  return watched([this] { return link_->findEcus(); });
+}
+
 }  // namespace tarnlog::host

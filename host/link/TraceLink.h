@@ -21,6 +21,9 @@ class TraceLink : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The search itself is not written down: what the ECUs found are asked then is.
+  std::vector<LinkTarget> findEcus() override;
+  bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
 
  private:
   void write(TraceEntry& entry);

@@ -1,0 +1,61 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+
+#include "host/link/SerialStream.h"
+#include "host/link/SystemLinkClock.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string text(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
+
+TEST(SerialStream, CarriesEveryByteAndNoticesAnAdapterThatIsGone) {
+  Descriptor adapter(::posix_openpt(O_RDWR | O_NOCTTY));
+  if (!adapter || ::grantpt(adapter.number()) != 0 || ::unlockpt(adapter.number()) != 0)
+    GTEST_SKIP() << "this machine gives no pseudo-terminal";
+  SystemLinkClock clock;
+  SerialStream port(::ptsname(adapter.number()), 38400, clock);
+  port.open();
+
+  const std::array<std::uint8_t, 4> question{'A', 'T', 'I', '\r'};
+  port.write(question);
+  std::array<std::uint8_t, 16> bytes{};
+  ASSERT_EQ(::read(adapter.number(), bytes.data(), bytes.size()), 4);
+  EXPECT_EQ(text(std::span(bytes).first(4)), "ATI\r");
+
+  int idled = 0;
+  port.setIdleHook([&] { ++idled; });
+  EXPECT_EQ(port.read(bytes, clock.microseconds() + 30'000), 0U);
+  EXPECT_GE(idled, 1);
+
+  // Bytes that a terminal would act on: end of file, interrupt, start and stop, carriage return.
+  ASSERT_EQ(::write(adapter.number(), "\x04\x03\x11\x13\r\n>", 7), 7);
+  EXPECT_EQ(port.read(bytes, clock.microseconds() + 1'000'000), 7U);
+  EXPECT_EQ(text(std::span(bytes).first(7)), "\x04\x03\x11\x13\r\n>");
+
+  adapter = Descriptor();
+  EXPECT_THROW(port.read(bytes, clock.microseconds() + 1'000'000), TarnError);
+}
+
+TEST(SerialStream, SaysWhatIsWrongWithAPort) {
+  SystemLinkClock clock;
+  SerialStream missing("/dev/no-such-adapter", 38400, clock);
+  try {
+    missing.open();
+    ADD_FAILURE() << "opened";
+  } catch (const TarnError& error) {
+    EXPECT_EQ(error.description(), "/dev/no-such-adapter: No such file or directory");
+  }
+  EXPECT_TRUE(SerialStream::isBaudRate(115200));
+  EXPECT_FALSE(SerialStream::isBaudRate(12345));
+}
+
+}  // namespace
+}  // namespace tarnlog::host

@@ -169,6 +169,10 @@ std::int32_t* oTarnScope::graphReference() {
   return nullptr;
 }
 
+const std::int32_t* oTarnScope::graphReference() const {
+  return const_cast<oTarnScope*>(this)->graphReference();
+}
+
 void oTarnScope::SetXml(XmlElement element) {
   const auto readText = [](XmlElement from, const char* name, std::string& value) {
     if (const auto text = from.attribute(name)) value = *text;

@@ -68,6 +68,7 @@ class oTarnScope {
   /// The position of the Graph item that this one is drawn on or drives the X axis of; null for types without
   /// such a reference.
   std::int32_t* graphReference();
+  const std::int32_t* graphReference() const;
 
   /// Reads what the "Data" element holds; never fails, unreadable attributes leave defaults.
   void SetXml(XmlElement element);

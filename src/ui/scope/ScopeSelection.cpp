@@ -1,0 +1,51 @@
+#include "ui/scope/ScopeSelection.h"
+
+#include "ui/scope/ScopePalette.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr double kMini = 0;
+constexpr double kMaxi = 100;
+constexpr std::int32_t kPoints = 500;
+
+void makeGraph(oTarnScope& scope) { scope.SetGraph("", true, kMini, kMaxi, kPoints, paletteColour(0)); }
+
+void oneGraph(const std::vector<oTarnScope*>& items) {
+  makeGraph(*items.front());
+  for (std::size_t k = 1; k < items.size(); ++k)
+    items[k]->SetGraphIndex(paletteColour(k), static_cast<float>(items.front()->index));
+}
+
+void lastGivesXAxis(const std::vector<oTarnScope*>& items) {
+  oTarnScope& last = *items.back();
+  if (last.ScopeType() == oTarnScope::kGraphIndex)
+    last.SetGraphAxeX("", true, kMini, kMaxi, last.oTarnGraphIndex->index);
+}
+
+void unifyPoints(const std::vector<oTarnScope*>& items) {
+  const oTarnScope* first = nullptr;
+  for (const oTarnScope* const scope : items)
+    if (first == nullptr && scope->ScopeType() == oTarnScope::kGraph) first = scope;
+  if (first == nullptr) return;
+  for (oTarnScope* const scope : items) scope->ChangeAxeXNbPoints(first->oTarnGraph->points);
+}
+
+}  // namespace
+
+void applyAction(ScopeAction action, oTarnParameters& parameters, const std::vector<oTarnScope*>& items) {
+  if (items.empty()) return;
+  if (action == ScopeAction::Unify) return unifyPoints(items);
+  if (action == ScopeAction::Single || action == ScopeAction::XY) oneGraph(items);
+  if (action == ScopeAction::XY) lastGivesXAxis(items);
+  for (oTarnScope* const scope : items) {
+    if (action == ScopeAction::None) scope->SetNone();
+    if (action == ScopeAction::Numeric) scope->SetNumeric("");
+    if (action == ScopeAction::BarGraph) scope->SetSlide("", kMini, kMaxi, paletteColour(0));
+    if (action == ScopeAction::Graph) makeGraph(*scope);
+  }
+  parameters.CheckAndCorrect();
+}
+
+}  // namespace tarnlog

@@ -239,6 +239,8 @@ void TarnAcq::resized() {
   if (area == nullptr) return;
   placeFrame(*area);
   if (display_ == nullptr) return;
+  // What a display gained beyond the visible height at an earlier resize is not room that graphs may share.
+  area->frame().setHeight(area->visibleHeight());
   Twips extraHeight = 0;
   display_->ArrangeDisplay(area->frame(), kLeastGraphHeight, extraHeight);
   extendFrame(*area, extraHeight);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "apps/tarn-record/LoadedConfiguration.h"
+#include "apps/common/LoadedConfiguration.h"
 
 namespace tarnlog::record {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "apps/tarn-record/BadInput.h"
+#include "apps/common/BadInput.h"
 #include "apps/tarn-record/CatalogueTable.h"
 #include "config/CatalogueMatch.h"
 #include "platform/ferrox3/Value.h"

@@ -3,35 +3,26 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 
 #include "acquisition/TarnAcq.h"
-#include "apps/tarn-record/BadInput.h"
+#include "apps/common/BadInput.h"
+#include "apps/common/LoadedConfiguration.h"
+#include "apps/common/RecordFolder.h"
+#include "apps/common/Signals.h"
+#include "apps/common/Stylesheet.h"
 #include "apps/tarn-record/ConsoleScreen.h"
-#include "apps/tarn-record/LoadedConfiguration.h"
 #include "apps/tarn-record/ProgressLine.h"
 #include "apps/tarn-record/RunDirector.h"
-#include "apps/tarn-record/Signals.h"
-#include "apps/tarn-record/Stylesheet.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
-#include "platform/settings/FileSettingsStore.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
 
 namespace tarnlog::record {
 
 namespace {
-
-/// A folder named on the command line is made when missing: whoever names it wants the files there.
-void useFolder(oTarnParameters& parameters, const std::string& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw BadInput("--folder " + folder + ": " + error.message());
-  parameters.fileFolder = folder;
-}
 
 void applyOptions(oTarnParameters& parameters, const RunOptions& options) {
   if (options.folder) useFolder(parameters, *options.folder);
@@ -89,12 +80,8 @@ class Run {
 
  private:
   LoadedConfiguration load() {
-    const SessionDocument session = BuildSessionDocument(vehicle_->session());
-    const FileSettingsStore settings(files_, FileSettingsStore::defaultPath());
-    LoadedConfiguration configuration = loadConfiguration(files_, settings, options_.config, session);
+    LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
-    if (configuration.parameters->Count() == 0)
-      throw BadInput(options_.config + ": no data to acquire, this vehicle offers none of the data");
     applyOptions(*configuration.parameters, options_);
     return configuration;
   }

@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
-#include "apps/tarn-record/BadInput.h"
+#include "apps/common/BadInput.h"
+#include "apps/common/LoadedConfiguration.h"
+#include "apps/common/StandardStreams.h"
+#include "apps/common/Stylesheet.h"
 #include "apps/tarn-record/CheckCommand.h"
 #include "apps/tarn-record/ListCommand.h"
-#include "apps/tarn-record/LoadedConfiguration.h"
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
-#include "apps/tarn-record/StandardStreams.h"
-#include "apps/tarn-record/Stylesheet.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/base/TarnError.h"

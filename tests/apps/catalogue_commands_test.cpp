@@ -2,10 +2,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "apps/tarn-record/BadInput.h"
+#include "apps/common/BadInput.h"
+#include "apps/common/LoadedConfiguration.h"
 #include "apps/tarn-record/CheckCommand.h"
 #include "apps/tarn-record/ListCommand.h"
-#include "apps/tarn-record/LoadedConfiguration.h"
 #include "apps/tarn-record/NewCommand.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/ScriptedSession.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "apps/tarn-record/BadInput.h"
+#include "apps/common/BadInput.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/XmlRepair.h"
 #include "platform/xml/XmlDocument.h"

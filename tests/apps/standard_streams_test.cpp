@@ -1,4 +1,4 @@
-#include "apps/tarn-record/StandardStreams.h"
+#include "apps/common/StandardStreams.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

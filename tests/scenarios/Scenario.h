@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "acquisition/TarnAcq.h"
-#include "apps/tarn-record/LoadedConfiguration.h"
+#include "apps/common/LoadedConfiguration.h"
 #include "catalogue/SessionDocument.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/settings/SettingsStore.h"
@@ -143,8 +143,7 @@ class Scenario {
   }
 
   std::shared_ptr<oTarnParameters> load(const std::string& path) {
-    return record::loadConfiguration(files, settings, path, BuildSessionDocument(vehicle->session()))
-        .parameters;
+    return loadConfiguration(files, settings, path, BuildSessionDocument(vehicle->session())).parameters;
   }
 
   /// Starts and brings the ECU up, which takes some 300 ms.

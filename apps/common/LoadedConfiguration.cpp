@@ -1,6 +1,9 @@
-#include "apps/tarn-record/LoadedConfiguration.h"
+#include "apps/common/LoadedConfiguration.h"
 
-namespace tarnlog::record {
+#include "apps/common/BadInput.h"
+#include "platform/settings/FileSettingsStore.h"
+
+namespace tarnlog {
 
 namespace {
 
@@ -32,10 +35,20 @@ LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsSto
   return loaded;
 }
 
+LoadedConfiguration loadToRecord(FileSystem& files, const std::string& file,
+                                 const ferrox3::Session& session) {
+  const FileSettingsStore settings(files, FileSettingsStore::defaultPath());
+  LoadedConfiguration loaded = loadConfiguration(files, settings, file, BuildSessionDocument(session));
+  if (loaded.parameters->Count() != 0) return loaded;
+  std::string lacking;
+  for (const std::string& line : lackingLines(loaded)) lacking += "\n  " + line;
+  throw BadInput(file + ": no data to acquire, this vehicle offers none of the data" + lacking);
+}
+
 std::vector<std::string> lackingLines(const LoadedConfiguration& configuration) {
   std::vector<std::string> lines;
   for (const Lack& lack : configuration.lacks) lines.push_back(lineOf(lack));
   return lines;
 }
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

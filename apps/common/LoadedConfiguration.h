@@ -10,7 +10,7 @@
 #include "platform/files/FileSystem.h"
 #include "platform/settings/SettingsStore.h"
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 /// A configuration as this vehicle can run it, and what it lacks.
 struct LoadedConfiguration {
@@ -22,7 +22,11 @@ struct LoadedConfiguration {
 LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
                                       const std::string& file, const SessionDocument& session);
 
+/// The same with the user's defaults, for a program that is to record it. Raises BadInput when the vehicle
+/// offers none of the data.
+LoadedConfiguration loadToRecord(FileSystem& files, const std::string& file, const ferrox3::Session& session);
+
 /// One line for each thing that this vehicle does not offer.
 std::vector<std::string> lackingLines(const LoadedConfiguration& configuration);
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 /// What the system asked of this process, collected by signal handlers: SIGINT, SIGTERM and a
 /// closed terminal (SIGHUP) ask to stop, SIGUSR1 is the event button. A second request to stop leaves at
@@ -11,6 +11,12 @@ class Signals {
   static bool stopRequested();
   /// True once per SIGUSR1.
   static bool takeEvent();
+
+  /// For a program whose loop a signal does not wake: a descriptor that can be read from as soon as a signal
+  /// has come. To be made after `install`, once. Raises a std::system_error.
+  static int wakeDescriptor();
+  /// Empties it.
+  static void clearWake();
 };
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

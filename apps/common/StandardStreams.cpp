@@ -1,9 +1,9 @@
-#include "apps/tarn-record/StandardStreams.h"
+#include "apps/common/StandardStreams.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 void openClosedStandardStreams() {
   int fd = 0;
@@ -11,4 +11,4 @@ void openClosedStandardStreams() {
   if (fd >= 0) ::close(fd);
 }
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

@@ -1,24 +1,43 @@
-#include "apps/tarn-record/Signals.h"
+#include "apps/common/Signals.h"
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
 
-#include "apps/tarn-record/BadInput.h"
+#include <array>
+#include <cerrno>
+#include <system_error>
 
-namespace tarnlog::record {
+#include "apps/common/BadInput.h"
+
+namespace tarnlog {
 
 namespace {
 
 volatile std::sig_atomic_t stops = 0;
 volatile std::sig_atomic_t events = 0;
 
+volatile std::sig_atomic_t wakeEnd = -1;  ///< written to by handlers; -1 when nobody waits there
+int readEnd = -1;
+
+void wake() {
+  if (wakeEnd < 0) return;
+  const int before = errno;
+  [[maybe_unused]] const ssize_t written = write(wakeEnd, "", 1);  // a full pipe wakes as well
+  errno = before;
+}
+
 void onStop(int) {
   if (stops != 0) _exit(kFailed);
   stops = 1;
+  wake();
 }
 
-void onEvent(int) { events = 1; }
+void onEvent(int) {
+  events = 1;
+  wake();
+}
 
 void handle(int signal, void (*handler)(int)) {
   struct sigaction action {};
@@ -54,4 +73,19 @@ bool Signals::takeEvent() {
   return true;
 }
 
-}  // namespace tarnlog::record
+int Signals::wakeDescriptor() {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    throw std::system_error(errno, std::generic_category(), "pipe");
+  readEnd = ends[0];
+  wakeEnd = ends[1];
+  return readEnd;
+}
+
+void Signals::clearWake() {
+  std::array<char, 64> bytes{};
+  while (read(readEnd, bytes.data(), bytes.size()) > 0) {
+  }
+}
+
+}  // namespace tarnlog

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 /// What a command ends with.
 enum ExitCode { kDone = 0, kFailed = 1, kBadInput = 2 };
@@ -13,4 +13,4 @@ class BadInput : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

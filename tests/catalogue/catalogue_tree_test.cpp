@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "catalogue/CatalogueSearch.h"
+#include "catalogue/FoldedText.h"
+#include "catalogue/FonctionsSelection.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/SmallVehicle.h"
+#include "tests/support/TreeText.h"
+
+namespace tarnlog::test {
+namespace {
+
+/// A tree over a small vehicle: ECUs "Engine" and "Brakes", in document order.
+class FilledTree : public testing::Test {
+ protected:
+  void fill(char mode, std::int16_t depth = kLazyDepth) {
+    tree.mode = mode;
+    FillCatalogueTree(vehicle.catalogue, tree, chosen, depth);
+  }
+  std::string expand(const std::string& node) {
+    ExpandCatalogueNode(tree, nodeNamed(tree, node), chosen, -1);
+    return treeText(tree);
+  }
+  XmlElement data(const char* request, const char* name) {
+    const XmlElement inEngine = FindSessionData(vehicle.catalogue, "Engine", request, name, 0);
+    return inEngine ? inEngine : FindSessionData(vehicle.catalogue, "Brakes", request, name, 0);
+  }
+  void choose(const char* request, const char* name) { chosen.add(keyNumber(data(request, name))); }
+  CatalogueImage imageOf(const std::string& node) { return tree.content(nodeNamed(tree, node)).image; }
+  std::string find(const std::string& text) {
+    CatalogueSearch::Found found;
+    CatalogueSearch(vehicle.catalogue).find(text, chosen, found);
+    tree.shown = &found.elements;
+    fill('R', kFullDepth);
+    tree.shown = nullptr;
+    return treeText(tree);
+  }
+
+  SmallVehicle vehicle;
+  CatalogueTree tree;
+  CatalogueKeys chosen;
+};
+
+TEST_F(FilledTree, ecusComeFirstAndAreBuiltOnce) {
+  fill('R');
+  EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]");
+  choose("Status", "Load");
+  EXPECT_EQ(expand("Engine"), "Brakes[...] Engine[Status[Key Mode Raw Speed]]");
+  chosen.clear();
+  EXPECT_EQ(expand("Engine"), "Brakes[...] Engine[Status[Key Mode Raw Speed]]");
+  EXPECT_EQ(imageOf("Status"), CatalogueImage::request);
+  EXPECT_EQ(imageOf("Engine"), CatalogueImage::ecu);
+  FillCatalogueTree(SessionDocument(), tree, chosen, kLazyDepth);
+  EXPECT_EQ(treeText(tree), "");
+}
+
+TEST_F(FilledTree, aRequestStaysWhenAllOfItIsChosen) {
+  choose("Wheels", "Front");
+  choose("Wheels", "Rear");
+  fill('R', kFullDepth);
+  EXPECT_EQ(treeText(tree), "Brakes[Wheels] Engine[Status[Key Load Mode Raw Speed]]");
+}
+
+TEST_F(FilledTree, inShapeDDataNameTheirRequest) {
+  choose("Status", "Key");
+  fill('D', kFullDepth);
+  EXPECT_EQ(treeText(tree),
+            "Brakes[Front (Wheels) Rear (Wheels)] "
+            "Engine[Load (Status) Mode (Status) Raw (Status) Speed (Status)]");
+  fill('?', kFullDepth);
+  EXPECT_EQ(treeText(tree), "Brakes Engine");
+}
+
+TEST_F(FilledTree, imagesTellReferenceDefinitions) {
+  ScriptedSession session;
+  auto& ecu = session.addEcu("E", "F", 1);
+  ecu.addRequest("A").addData("Twice");
+  auto& second = ecu.addRequest("B").addData("Twice");
+  ecu.pointTableTo(second);
+  vehicle.catalogue = BuildSessionDocument(session);
+  fill('D', kFullDepth);
+  EXPECT_EQ(imageOf("Twice (A)"), CatalogueImage::data);
+  EXPECT_EQ(imageOf("Twice (B)"), CatalogueImage::reference);
+}
+
+TEST_F(FilledTree, inShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
+  ScriptedSession session;
+  auto& request = session.addEcu("E1", "F", 1).addRequest("R");
+  request.addData("z").withDevice("Pump");
+  request.addData("a").withDevice("Pump", true);
+  request.addData("b").withDevice("Lamp");
+  request.addData("none");
+  session.addEcu("E2", "G", 2).addRequest("S").addData("m").withDevice("Pump");
+  vehicle.catalogue = BuildSessionDocument(session);
+  chosen.add(keyNumber(FindSessionData(vehicle.catalogue, "E1", "R", "b", 0)));
+  fill('O');
+  EXPECT_EQ(expand("E1"), "E1[Lamp Pump[a (R)! z (R)]] E2[...]");
+  EXPECT_EQ(expand("E2"), "E1[Lamp Pump[a (R)! m (S) z (R)]] E2");
+  EXPECT_EQ(imageOf("m (S)"), CatalogueImage::reference);
+  EXPECT_FALSE(tree.content(nodeNamed(tree, "Pump")).tag);
+  EXPECT_EQ(tree.find("KPump"), nodeNamed(tree, "Pump"));
+}
+
+TEST_F(FilledTree, givesDataBackWhereTheyStood) {
+  for (const char mode : {'R', 'D', 'O'}) {
+    chosen.clear();
+    fill(mode, kFullDepth);
+    const std::string before = treeText(tree);
+    for (const char* name : {"Speed", "Mode"}) {
+      const CatalogueNode node = tree.find(data("Status", name).attributeOrEmpty("c"));
+      if (node != CatalogueTree::kNone) tree.remove(node);
+    }
+    EXPECT_NE(treeText(tree), before);
+    for (const char* name : {"Mode", "Speed", "Mode"}) GiveDataNodeBack(tree, data("Status", name));
+    EXPECT_EQ(treeText(tree), before) << mode;
+  }
+  fill('R');
+  GiveDataNodeBack(tree, data("Status", "Speed"));
+  EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]") << "it comes when the ECU is built";
+}
+
+TEST_F(FilledTree, makesMissingParentsWhenDataAreGivenBack) {
+  fill('R', kFullDepth);
+  tree.remove(nodeNamed(tree, "Engine"));
+  GiveDataNodeBack(tree, data("Status", "Speed"));
+  EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]");
+  tree.mode = 'O';
+  GiveDataNodeBack(tree, data("Status", "Load"));
+  EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]") << "no device, no place";
+}
+
+TEST_F(FilledTree, keysAreUnique) {
+  const CatalogueNode node = tree.add(CatalogueTree::kRoot, {"Kx", "X"});
+  EXPECT_THROW(tree.add(node, {"Kx", "Y"}), TarnError);
+  tree.remove(node);
+  EXPECT_EQ(tree.find("Kx"), CatalogueTree::kNone);
+  tree.add(CatalogueTree::kRoot, {"Kx", "Y"});
+}
+
+TEST_F(FilledTree, searchFindsEveryWordInNameUnitRequestOrEcu) {
+  EXPECT_EQ(find("speed"), "Engine[Status[Speed]]");
+  EXPECT_EQ(find("BAR"), "Brakes[Wheels[Front Rear]]");
+  EXPECT_EQ(find("wheel re"), "Brakes[Wheels[Rear]]");
+  EXPECT_EQ(find(" status  engine o "), "Engine[Status[Load Mode]]");
+  EXPECT_EQ(find("dsp"), "") << "not across two texts";
+  EXPECT_EQ(find("engine bar"), "");
+  choose("Status", "Load");
+  choose("Wheels", "Front");
+  EXPECT_EQ(find("o"), "Engine[Status[Mode]]") << "chosen data are not found, nor what is above them alone";
+  EXPECT_TRUE(CatalogueSearch::matches(data("Status", "Load"), "eng LOA %"));
+  EXPECT_FALSE(CatalogueSearch::matches(data("Status", "Load"), "eng bar"));
+}
+
+TEST(FoldedText, leavesOutCaseAndAccents) {
+  EXPECT_EQ(folded("DÉBIT d'air Ç ÿ Æ 20 °C"), "debit d'air c y Æ 20 °c");
+  EXPECT_LT(compareFolded("débit", "Decrease"), 0);
+  EXPECT_EQ(compareFolded("Über", "uber"), 0);
+  EXPECT_LT(compareFolded("ab", "abc"), 0);
+}
+
+}  // namespace
+}  // namespace tarnlog::test

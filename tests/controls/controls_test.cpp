@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QTest>
 #include <cmath>
 #include <limits>
@@ -67,6 +68,62 @@ TEST(CWGraph, ReadsValuesUnderTheMouse) {
   EXPECT_TRUE(std::isnan(graph.valueAt(9, 0)));
 }
 
+TEST(CWGraph, PlacesPointsWhereItDrawsAndFindsThem) {
+  for (const int points : {4, 10, 27}) {
+    CWGraph graph;
+    prepare(graph, 10);
+    for (int i = 0; i < points; ++i) graph.chartY(1, i == points - 2 ? 90 : 10, i * 0.5);
+    const QImage picture = pictureOf(graph);
+    EXPECT_EQ(graph.endPoint(), points);
+    EXPECT_EQ(graph.firstPoint(), std::max(points - 10, 0));
+    for (std::int64_t point = graph.firstPoint(); point < points; ++point) {
+      const QPoint place = graph.placeOf(1, point).toPoint();
+      EXPECT_EQ(graph.pointAt(place), point);
+      EXPECT_EQ(graph.momentOf(point), static_cast<double>(point) * 0.5);
+      const QImage around = picture.copy(place.x() - 1, place.y() - 1, 3, 3);
+      int red = 0;
+      for (int i = 0; i < 9; ++i) red += around.pixelColor(i % 3, i / 3) == QColor(Qt::red);
+      EXPECT_GT(red, 0) << point << " of " << points;
+    }
+  }
+  CWGraph graph;
+  graph.resize(300, 200);
+  graph.setXY(true);
+  graph.addPlot();
+  graph.setAxisRange(CWGraph::XAxis, 0, 10);
+  EXPECT_EQ(graph.pointAt(graph.plotArea().center()), -1);
+  for (const double x : {9.0, kNaN, 2.0, 5.0}) graph.plotXY(1, x, 0.5);
+  EXPECT_EQ(graph.pointAt(graph.plotArea().center()), 3);
+  EXPECT_EQ(graph.pointAt(graph.plotArea().topRight()), 0);
+  EXPECT_EQ(graph.xValueOf(1, 3), 5);
+}
+
+TEST(CWGraph, FrozenShowsTheMomentAndLosesNothing) {
+  for (const bool xy : {false, true}) {
+    CWGraph frozen;
+    CWGraph free;
+    for (CWGraph* const graph : {&frozen, &free}) {
+      graph->setXY(xy);
+      prepare(*graph, 100);
+      graph->setAxisAutoscale(CWGraph::XAxis, true);
+      fill(*graph, 0, 50);
+    }
+    const QImage before = pictureOf(frozen);
+    frozen.setFrozen(true);
+    fill(frozen, 50, 270);
+    fill(free, 50, 270);
+    EXPECT_EQ(pictureOf(frozen), before);
+    EXPECT_EQ(frozen.endPoint(), 50);
+    EXPECT_NE(pictureOf(free), before);
+    frozen.resize(500, 150);
+    frozen.resize(400, 150);
+    EXPECT_EQ(pictureOf(frozen), before) << "drawn anew, still of that moment";
+    frozen.setFrozen(false);
+    EXPECT_LT(differences(pictureOf(frozen), pictureOf(free)), 300);
+    EXPECT_EQ(frozen.endPoint(), 270);
+  }
+}
+
 TEST(CWGraph, DrawsSomethingSensibleFromAnything) {
   for (const bool xy : {false, true}) {
     for (const QSize size : {QSize(1, 1), QSize(300, 1), QSize(1, 300), QSize(300, 200)}) {
@@ -106,6 +163,25 @@ TEST(CWSlide, KeepsValuesOutsideTheAxisAndShowsTheBarInside) {
   slide.setPointerValue(4, 1);
   slide.resize(1, 1);
   slide.grab();
+}
+
+TEST(CWSlide, FreezesAndIsSpoken) {
+  CWSlide slide;
+  slide.setLocale(QLocale(QLocale::French));
+  slide.resize(216, 30);
+  slide.setAxisRange(0, 100);
+  slide.setValue(12.5);
+  const QImage before = pictureOf(slide);
+  slide.setFrozen(true);
+  slide.setValue(80);
+  EXPECT_EQ(pictureOf(slide), before);
+  QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(&slide);
+  ASSERT_NE(access->valueInterface(), nullptr);
+  EXPECT_EQ(access->text(QAccessible::Value), QStringLiteral("12,5"));
+  EXPECT_EQ(access->valueInterface()->maximumValue().toDouble(), 100);
+  slide.setFrozen(false);
+  EXPECT_NE(pictureOf(slide), before);
+  EXPECT_EQ(access->valueInterface()->currentValue().toDouble(), 80);
 }
 
 TEST(CWNumEdit, StepsByKeysWithinLimitsInTheUsersLocale) {

@@ -14,6 +14,7 @@ namespace tarnlog {
 namespace {
 
 constexpr double kFarAway = 1e7;  ///< pixels; beyond, slopes no longer matter
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 std::uint32_t rgb(const QColor& colour) { return colour.rgb() | 0xff000000U; }
 
@@ -34,13 +35,12 @@ void CWGraph::setTitle(const QString& title) {
 void CWGraph::setHistory(int points) {
   history_ = std::clamp(points, 1, static_cast<int>(PlotHistory::kMostPoints));
   for (Plot& plot : plots_) plot.points.setCapacity(history_);
-  redrawAll();
+  clearData();
 }
 
 void CWGraph::setXY(bool xy) {
   xy_ = xy;
-  for (Plot& plot : plots_) plot.points.setKeepsX(xy);
-  redrawAll();
+  clearData();
 }
 
 void CWGraph::setAxisRange(AxisId axis, double minimum, double maximum) {
@@ -78,7 +78,7 @@ void CWGraph::setAxisBinary(AxisId axis, bool binary) {
 int CWGraph::addPlot() {
   plots_.emplace_back();
   plots_.back().points.setCapacity(history_);
-  plots_.back().points.setKeepsX(xy_);
+  plots_.back().points.setKeepsX(xy_ || plotCount() == 1);  // the moments of all points, in the first plot
   plots_.back().colour = palette().color(QPalette::Text);
   return plotCount();
 }
@@ -89,20 +89,33 @@ void CWGraph::setPlotColour(int plot, const QColor& colour) {
   redrawAll();
 }
 
-void CWGraph::chartY(int plot, double y) { append(plot, 0, y); }
+void CWGraph::chartY(int plot, double y, double moment) { append(plot, moment, y); }
 
 void CWGraph::plotXY(int plot, double x, double y) { append(plot, x, y); }
 
 void CWGraph::append(int plot, double x, double y) {
   if (plot < 1 || plot > plotCount()) return;
   plots_[static_cast<std::size_t>(plot - 1)].points.append(x, y);
+  if (frozen_) return;
   if (xy_) stale_ = true;
   pacer_.request(plotArea());
 }
 
 void CWGraph::clearData() {
-  for (Plot& plot : plots_) plot.points.clear();
+  frozen_ = false;
+  for (std::size_t i = 0; i < plots_.size(); ++i) {
+    plots_[i].held.reset();
+    plots_[i].points.setKeepsX(xy_ || i == 0);
+  }
   for (AxisSettings& axis : axes_) axis.automatic.reset();
+  redrawAll();
+}
+
+void CWGraph::setFrozen(bool frozen) {
+  if (frozen_ == frozen) return;
+  if (frozen) followPoints();
+  frozen_ = frozen;
+  for (Plot& plot : plots_) plot.held = frozen ? std::optional(plot.points) : std::nullopt;
   redrawAll();
 }
 
@@ -111,16 +124,99 @@ void CWGraph::redrawAll() {
   update();
 }
 
+const PlotHistory* CWGraph::shown(int plot) const {
+  return plot < 1 || plot > plotCount() ? nullptr : &plots_[static_cast<std::size_t>(plot - 1)].shown();
+}
+
+std::int64_t CWGraph::endPoint() const {
+  std::int64_t end = 0;
+  for (const Plot& plot : plots_) end = std::max(end, plot.shown().end());
+  return end;
+}
+
+std::int64_t CWGraph::firstPoint() const {
+  std::int64_t first = endPoint();
+  for (const Plot& plot : plots_)
+    if (plot.shown().begin() < plot.shown().end()) first = std::min(first, plot.shown().begin());
+  return first;
+}
+
+double CWGraph::valueOf(int plot, std::int64_t point) const {
+  const PlotHistory* const points = shown(plot);
+  const bool kept = points != nullptr && point >= points->begin() && point < points->end();
+  return kept ? points->y(point) : kNone;
+}
+
+double CWGraph::xValueOf(int plot, std::int64_t point) const {
+  const PlotHistory* const points = shown(plot);
+  const bool kept = xy_ && points != nullptr && point >= points->begin() && point < points->end();
+  return kept ? points->x(point) : kNone;
+}
+
+double CWGraph::momentOf(std::int64_t point) const {
+  const PlotHistory* const points = shown(1);
+  const bool kept = !xy_ && points != nullptr && point >= points->begin() && point < points->end();
+  return kept ? points->x(point) : 0;
+}
+
 double CWGraph::valueAt(int plot, int x) const {
-  const double none = std::numeric_limits<double>::quiet_NaN();
+  const std::int64_t point = xy_ ? -1 : pointAt(QPoint(x, plotArea().top()));
+  return point < 0 ? kNone : valueOf(plot, point);
+}
+
+/// Of a time chart, from the left edge of the plot area; as the curves are drawn.
+double CWGraph::chartX(std::int64_t point) const {
+  const double wide = plotArea().width();
+  const std::int64_t end = endPoint();
+  if (end <= history_) return static_cast<double>(point) * wide / history_;
+  return wide - 1 - static_cast<double>(end - 1 - point) * wide / history_;
+}
+
+QPointF CWGraph::placeOf(int plot, std::int64_t point) const {
+  const QRectF area = plotArea();
+  const auto inside = [](double part, double length) {
+    const double most = std::max(length - 1, 0.0);
+    return std::isnan(part) ? 0.0 : std::clamp(part * most, 0.0, most);
+  };
+  const double x =
+      xy_ ? inside((xValueOf(plot, point) - range(XAxis).minimum) / range(XAxis).span(), area.width())
+          : std::clamp(chartX(point), 0.0, area.width() - 1);
+  const double y = (range(YAxis).maximum - valueOf(plot, point)) / range(YAxis).span();
+  return {area.left() + x, area.top() + inside(y, area.height())};
+}
+
+double CWGraph::distanceTo(const QPoint& position, int plot, std::int64_t point) const {
+  if (!std::isfinite(valueOf(plot, point)) || !std::isfinite(xValueOf(plot, point))) return kNone;
+  const QPointF way = placeOf(plot, point) - position;
+  return QPointF::dotProduct(way, way);
+}
+
+std::int64_t CWGraph::pointAt(const QPoint& position) const {
   const QRect area = plotArea();
-  if (xy_ || plot < 1 || plot > plotCount() || x < area.left() || x > area.right()) return none;
-  const PlotHistory& points = plots_[static_cast<std::size_t>(plot - 1)].points;
-  std::int64_t newest = 0;
-  for (const Plot& each : plots_) newest = std::max(newest, each.points.end());
-  const std::int64_t oldest = std::max<std::int64_t>(newest - history_, 0);
-  const std::int64_t point = oldest + std::int64_t{x - area.left()} * history_ / std::max(area.width(), 1);
-  return point >= points.begin() && point < points.end() ? points.y(point) : none;
+  if (endPoint() == 0 || position.x() < area.left() || position.x() > area.right()) return -1;
+  return xy_ ? nearestPoint(position) : chartPoint(position.x() - area.left());
+}
+
+std::int64_t CWGraph::chartPoint(int x) const {
+  const std::int64_t end = endPoint();
+  const double spacing = static_cast<double>(plotArea().width()) / history_;
+  const std::int64_t point = std::llround((x - chartX(0)) / spacing);
+  if (end <= history_ && point >= end) return -1;
+  return std::clamp(point, firstPoint(), end - 1);
+}
+
+std::int64_t CWGraph::nearestPoint(const QPoint& position) const {
+  std::int64_t found = -1;
+  double least = std::numeric_limits<double>::infinity();
+  for (int plot = 1; plot <= plotCount(); ++plot) {
+    for (std::int64_t point = firstPoint(); point < endPoint(); ++point) {
+      const double distance = distanceTo(position, plot, point);
+      if (!(distance < least)) continue;
+      least = distance;
+      found = point;
+    }
+  }
+  return found;
 }
 
 AxisRange CWGraph::range(AxisId axis) const {
@@ -152,8 +248,7 @@ std::int64_t CWGraph::columnOf(std::int64_t point) const { return point * canvas
 
 std::int64_t CWGraph::firstColumn() const {
   if (xy_) return 0;
-  std::int64_t newest = 0;
-  for (const Plot& plot : plots_) newest = std::max(newest, plot.points.end());
+  const std::int64_t newest = endPoint();
   if (newest <= history_) return 0;
   return columnOf(newest - 1) - canvas_.width() + 1;
 }
@@ -174,14 +269,14 @@ bool CWGraph::followPoints() {
     if (!settings(axis).autoscale || (axis == XAxis && !xy_)) continue;
     Extremes all;
     for (const Plot& plot : plots_)
-      all.add(axis == XAxis ? plot.points.extremesOfX() : plot.points.extremes());
+      all.add(axis == XAxis ? plot.shown().extremesOfX() : plot.shown().extremes());
     changed |= settings(axis).automatic.follow(all.lowest, all.highest);
   }
   return changed;
 }
 
 void CWGraph::prepareCanvas() {
-  if (followPoints()) redrawAll();  // the labels may lie outside of what is painted now
+  if (!frozen_ && followPoints()) redrawAll();  // the labels may lie outside of what is painted now
   const QSize size = plotArea().size() * devicePixelRatio();
   if (size.width() != canvas_.width() || size.height() != canvas_.height()) stale_ = true;
   if (!stale_) return drawNewColumns();
@@ -196,8 +291,8 @@ void CWGraph::prepareCanvas() {
     else if (history_ > 4 * canvas_.width())
       drawColumns(plot);
     else
-      drawTimePoints(plot, plot.points.begin());
-    plot.drawn = plot.points.end();
+      drawTimePoints(plot, plot.shown().begin());
+    plot.drawn = plot.shown().end();
   }
   stale_ = false;
 }
@@ -208,18 +303,19 @@ void CWGraph::drawNewColumns() {
   if (end > drawnTo_) drawGrid(std::max(drawnTo_, canvas_.firstColumn()), end);
   drawnTo_ = end;
   for (Plot& plot : plots_) {
-    if (plot.drawn < plot.points.end()) drawTimePoints(plot, std::max(plot.drawn - 1, plot.points.begin()));
-    plot.drawn = plot.points.end();
+    if (plot.drawn < plot.shown().end()) drawTimePoints(plot, std::max(plot.drawn - 1, plot.shown().begin()));
+    plot.drawn = plot.shown().end();
   }
 }
 
 /// Each point with a line from the one before it; the point `from` is where the line starts.
-void CWGraph::drawTimePoints(Plot& plot, std::int64_t from) {
+void CWGraph::drawTimePoints(const Plot& plot, std::int64_t from) {
+  const PlotHistory& points = plot.shown();
   const std::uint32_t colour = rgb(plot.colour);
   double lastX = 0;
   double lastY = std::numeric_limits<double>::quiet_NaN();
-  for (std::int64_t point = from; point < plot.points.end(); ++point) {
-    const double value = plot.points.y(point);
+  for (std::int64_t point = from; point < points.end(); ++point) {
+    const double value = points.y(point);
     if (!std::isfinite(value)) {
       lastY = value;
       continue;
@@ -236,19 +332,20 @@ void CWGraph::drawTimePoints(Plot& plot, std::int64_t from) {
 }
 
 /// Many points in a column: one span from the lowest to the highest, and a line from the column before.
-void CWGraph::drawColumns(Plot& plot) {
+void CWGraph::drawColumns(const Plot& plot) {
+  const PlotHistory& points = plot.shown();
   const std::uint32_t colour = rgb(plot.colour);
-  const std::int64_t end = plot.points.end();
-  std::int64_t first = plot.points.begin();
+  const std::int64_t end = points.end();
+  std::int64_t first = points.begin();
   while (first < end) {
     const std::int64_t column = columnOf(first);
     const std::int64_t next =
         std::min(((column + 1) * history_ + canvas_.width() - 1) / canvas_.width(), end);
-    const Extremes extremes = plot.points.extremes(first, next);
+    const Extremes extremes = points.extremes(first, next);
     if (extremes.any()) canvas_.span(column, rowOf(extremes.lowest), rowOf(extremes.highest), colour);
-    if (first > plot.points.begin()) {
-      const double before = plot.points.y(first - 1);
-      const double after = plot.points.y(first);
+    if (first > points.begin()) {
+      const double before = points.y(first - 1);
+      const double after = points.y(first);
       const auto x = static_cast<double>(column);
       if (std::isfinite(before) && std::isfinite(after))
         canvas_.line(x - 1, rowOf(before), x, rowOf(after), colour);
@@ -257,14 +354,15 @@ void CWGraph::drawColumns(Plot& plot) {
   }
 }
 
-void CWGraph::drawXY(Plot& plot) {
+void CWGraph::drawXY(const Plot& plot) {
+  const PlotHistory& points = plot.shown();
   const std::uint32_t colour = rgb(plot.colour);
   bool joined = false;
   double lastX = 0;
   double lastY = 0;
-  for (std::int64_t point = plot.points.begin(); point < plot.points.end(); ++point) {
-    const double valueX = plot.points.x(point);
-    const double valueY = plot.points.y(point);
+  for (std::int64_t point = points.begin(); point < points.end(); ++point) {
+    const double valueX = points.x(point);
+    const double valueY = points.y(point);
     const bool finite = std::isfinite(valueX) && std::isfinite(valueY);
     if (finite) {
       const double x = xyColumnOf(valueX);

@@ -4,6 +4,7 @@
 #include <QPixmap>
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "platform/controls/PaintPacer.h"
@@ -57,10 +58,32 @@ class CWGraph : public QWidget {
   int addPlot();
   int plotCount() const { return static_cast<int>(plots_.size()); }
   void setPlotColour(int plot, const QColor& colour);
-  void chartY(int plot, double y);
+  /// `moment` is kept with the point, for whoever asks `momentOf`; it places nothing.
+  void chartY(int plot, double y, double moment = 0);
   void plotXY(int plot, double x, double y);
-  /// Forgets all points; plots and axes stay.
+  /// Forgets all points, and releases a frozen picture; plots and axes stay.
   void clearData();
+  /// A frozen graph goes on showing, and answering for, the points of this moment. Those that come are kept
+  /// and shown when it is released.
+  void setFrozen(bool frozen);
+  bool isFrozen() const { return frozen_; }
+
+  // Points are numbered from 0 in the order of arrival; those of several plots with one number belong
+  // together. What follows is about the points that are shown.
+  /// The numbers that any plot has: first to before end.
+  std::int64_t firstPoint() const;
+  std::int64_t endPoint() const;
+  /// Of a point of a plot; NaN where there is none.
+  double valueOf(int plot, std::int64_t point) const;
+  double xValueOf(int plot, std::int64_t point) const;
+  /// The moment given with the first plot's point of a time chart; 0 where there is none.
+  double momentOf(std::int64_t point) const;
+  /// The point under this position of the widget: of a time chart the one at its x, of an X-Y graph the
+  /// nearest. -1 where there is none.
+  std::int64_t pointAt(const QPoint& position) const;
+  /// Where a plot shows a point, limited to the plot area. A time chart has a place for values that are not
+  /// finite, at its bottom.
+  QPointF placeOf(int plot, std::int64_t point) const;
   /// Value of a time chart's plot under this x of the widget; NaN where there is none.
   double valueAt(int plot, int x) const;
   /// The area inside the axes.
@@ -85,13 +108,20 @@ class CWGraph : public QWidget {
     bool binary = false;
   };
   struct Plot {
+    const PlotHistory& shown() const { return held ? *held : points; }
     PlotHistory points;
+    std::optional<PlotHistory> held;  ///< what a frozen picture shows
     QColor colour;
     std::int64_t drawn = 0;  ///< points before this one are in the canvas
   };
 
   AxisSettings& settings(AxisId axis) { return axes_[axis == YAxis ? 1 : 0]; }
   const AxisSettings& settings(AxisId axis) const { return axes_[axis == YAxis ? 1 : 0]; }
+  const PlotHistory* shown(int plot) const;
+  double chartX(std::int64_t point) const;
+  std::int64_t chartPoint(int x) const;
+  std::int64_t nearestPoint(const QPoint& position) const;
+  double distanceTo(const QPoint& position, int plot, std::int64_t point) const;
   AxisRange range(AxisId axis) const;
   AxisTicks ticks(AxisId axis, const QRect& area) const;
   void redrawAll();
@@ -100,9 +130,9 @@ class CWGraph : public QWidget {
   bool followPoints();
   void prepareCanvas();
   void drawNewColumns();
-  void drawTimePoints(Plot& plot, std::int64_t from);
-  void drawColumns(Plot& plot);
-  void drawXY(Plot& plot);
+  void drawTimePoints(const Plot& plot, std::int64_t from);
+  void drawColumns(const Plot& plot);
+  void drawXY(const Plot& plot);
   void drawGrid(std::int64_t from, std::int64_t to);
   std::int64_t columnOf(std::int64_t point) const;
   std::int64_t firstColumn() const;
@@ -116,6 +146,7 @@ class CWGraph : public QWidget {
   AxisSettings axes_[2];
   int history_ = 100;
   bool xy_ = false;
+  bool frozen_ = false;
   bool stale_ = true;         ///< the canvas is to be drawn from the start
   bool frameStale_ = true;    ///< so are axes and labels
   std::int64_t drawnTo_ = 0;  ///< columns before this one are in the canvas

@@ -1,5 +1,6 @@
 #include "platform/controls/CWSlide.h"
 
+#include <QAccessible>
 #include <QLocale>
 #include <QPainter>
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <limits>
 
 #include "platform/controls/Blend.h"
+#include "platform/controls/SlideAccess.h"
 
 namespace tarnlog {
 namespace {
@@ -14,6 +16,8 @@ namespace {
 constexpr int kMargin = 8;  ///< room for a marker at either end
 
 }  // namespace
+
+CWSlide::CWSlide(QWidget* parent) : QWidget(parent) { installSlideAccess(); }
 
 void CWSlide::setTitle(const QString& title) {
   setAccessibleName(title);
@@ -26,18 +30,34 @@ void CWSlide::setAxisRange(double minimum, double maximum) {
 }
 
 CWSlide::Pointer* CWSlide::pointer(int number) {
-  return number >= 1 && number <= 3 ? &pointers_[number - 1] : nullptr;
+  return number >= 1 && number <= 3 ? &pointers_[static_cast<std::size_t>(number - 1)] : nullptr;
 }
 
 double CWSlide::pointerValue(int number) const {
-  return number >= 1 && number <= 3 ? pointers_[number - 1].value : std::numeric_limits<double>::quiet_NaN();
+  if (number < 1 || number > 3) return std::numeric_limits<double>::quiet_NaN();
+  return pointers_[static_cast<std::size_t>(number - 1)].value;
 }
 
 void CWSlide::setPointerValue(int number, double value) {
   Pointer* const changed = pointer(number);
   if (!changed || changed->value == value) return;
   changed->value = value;
+  if (held_) return;
   pacer_.request(rect());
+  if (number != 1 || !QAccessible::isActive()) return;
+  QAccessibleValueChangeEvent spoken(this, value);
+  QAccessible::updateAccessibility(&spoken);
+}
+
+void CWSlide::setFrozen(bool frozen) {
+  if (frozen == isFrozen()) return;
+  held_ = frozen ? std::optional(pointers_) : std::nullopt;
+  update();
+}
+
+QString CWSlide::valueText() const {
+  const double value = shown()[0].value;
+  return std::isnan(value) ? QString() : locale().toString(value, 'g', 7);
 }
 
 void CWSlide::setPointerFillColour(int number, const QColor& colour) {
@@ -76,14 +96,14 @@ void CWSlide::paintEvent(QPaintEvent*) {
   painter.setPen(blend(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.45F));
   painter.setBrush(palette().base());
   painter.drawRect(track);
-  const Pointer& value = pointers_[0];
+  const Pointer& value = shown()[0];
   if (!std::isnan(value.value)) {
     QRectF bar = track.adjusted(1, 1, 0, -1);
     bar.setRight(std::max(place(value.value), bar.left()));
     painter.fillRect(bar, value.fill.isValid() ? value.fill : palette().color(QPalette::Highlight));
   }
-  paintMarker(painter, pointers_[1], track);
-  paintMarker(painter, pointers_[2], track);
+  paintMarker(painter, shown()[1], track);
+  paintMarker(painter, shown()[2], track);
   if (!labels) return;
   painter.setPen(palette().color(QPalette::WindowText));
   const AxisTicks ticks = ticksFor(axis_, std::clamp(width() / (line * 5), 1, 11));

@@ -2,6 +2,8 @@
 
 #include <QColor>
 #include <QWidget>
+#include <array>
+#include <optional>
 
 #include "platform/controls/PaintPacer.h"
 #include "platform/plotting/AxisTicks.h"
@@ -18,7 +20,7 @@ class CWSlide : public QWidget {
   Q_PROPERTY(double maximum READ maximum)
 
  public:
-  explicit CWSlide(QWidget* parent = nullptr) : QWidget(parent) {}
+  explicit CWSlide(QWidget* parent = nullptr);
   void setTitle(const QString& title);
   void setAxisRange(double minimum, double maximum);
   double minimum() const { return axis_.minimum; }
@@ -32,6 +34,11 @@ class CWSlide : public QWidget {
   void setPointerFillColour(int pointer, const QColor& colour);
   /// Of the markers; an invalid colour takes the palette's.
   void setPointerColour(int pointer, const QColor& colour);
+  /// A frozen bar goes on showing this moment's pointers; those that are set are shown when it is released.
+  void setFrozen(bool frozen);
+  bool isFrozen() const { return held_.has_value(); }
+  /// The value that is shown, in the widget's locale: what assistive technology reads.
+  QString valueText() const;
 
   QSize sizeHint() const override { return {240, 32}; }
   QSize minimumSizeHint() const override { return {1, 1}; }
@@ -50,7 +57,11 @@ class CWSlide : public QWidget {
   void paintMarker(QPainter& painter, const Pointer& marker, const QRectF& track) const;
 
   AxisRange axis_;
-  Pointer pointers_[3];
+  using Pointers = std::array<Pointer, 3>;
+  const Pointers& shown() const { return held_ ? *held_ : pointers_; }
+
+  Pointers pointers_;
+  std::optional<Pointers> held_;
   PaintPacer pacer_{this};
 };
 

@@ -21,8 +21,6 @@ using Frame = std::vector<std::uint8_t>;
 struct EnumerationEntry {
   std::int32_t value = 0;
   std::string label;
-
-  bool operator==(const EnumerationEntry&) const = default;
 };
 
 struct DataDescription {
@@ -37,8 +35,6 @@ struct DataDescription {
   bool failure = false;
   bool readable = true;
   bool reference = false;
-
-  bool operator==(const DataDescription&) const = default;
 };
 
 struct RequestDescription {
@@ -47,8 +43,6 @@ struct RequestDescription {
   bool available = true;
   std::chrono::milliseconds timeout{};
   std::vector<DataDescription> data;
-
-  bool operator==(const RequestDescription&) const = default;
 };
 
 struct EcuDescription {
@@ -59,8 +53,6 @@ struct EcuDescription {
   Frame initialisation;  ///< empty: none
   std::chrono::milliseconds timeout{};
   std::vector<RequestDescription> requests;
-
-  bool operator==(const EcuDescription&) const = default;
 };
 
 /// A signal for one number of a response.

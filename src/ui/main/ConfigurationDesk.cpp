@@ -18,13 +18,13 @@ void ConfigurationDesk::setParameters(std::shared_ptr<oTarnParameters> parameter
   become({}, false, {});
 }
 
-oTarnParameters& ConfigurationDesk::required(const char* operation) const {
-  if (parameters_ == nullptr) throw TarnError(1, operation, "Parameters not defined");
-  return *parameters_;
+oTarnParameters& ConfigurationDesk::required(oTarnParameters* parameters, const char* operation) {
+  if (parameters == nullptr) throw TarnError(1, operation, "Parameters not defined");
+  return *parameters;
 }
 
 void ConfigurationDesk::load(const std::string& fileName) {
-  oTarnParameters& parameters = required("Tarn2001.OpenConfigFile");
+  oTarnParameters& parameters = required(parameters_.get(), "Tarn2001.OpenConfigFile");
   try {
     std::vector<Lack> lacks = loadForSession(parameters, files_, fileName, *session_);
     become(fileName, false, std::move(lacks));
@@ -35,7 +35,8 @@ void ConfigurationDesk::load(const std::string& fileName) {
 }
 
 void ConfigurationDesk::save(const std::string& fileName) {
-  required("Tarn2001.SaveXmlConfiguration").SaveXmlConfiguration(files_, fileName, stylesheetUrl_);
+  required(known_.lock().get(), "Tarn2001.OuvrirSelecteurFichier")
+      .SaveXmlConfiguration(files_, fileName, stylesheetUrl_);
   become(fileName, false, std::move(lacks_));
 }
 

@@ -31,7 +31,8 @@ class ConfigurationDesk {
   /// the configuration is then without data and without a file, so that saving it overwrites nothing. Raises
   /// error 1, "Parameters not defined", without an object; nothing has changed then.
   void load(const std::string& fileName);
-  /// Raises what the file system raises; file and `changed` are as before then.
+  /// Also while the object is put away. Raises what the file system raises; file and `changed` are as before
+  /// then.
   void save(const std::string& fileName);
   /// The user changed something.
   void noteEdit();
@@ -47,7 +48,7 @@ class ConfigurationDesk {
 
  private:
   void become(std::string fileName, bool changed, std::vector<Lack> lacks);
-  oTarnParameters& required(const char* operation) const;
+  static oTarnParameters& required(oTarnParameters* parameters, const char* operation);
 
   FileSystem& files_;
   std::string stylesheetUrl_;

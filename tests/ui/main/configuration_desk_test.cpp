@@ -84,6 +84,9 @@ TEST_F(ConfigurationDeskTest, IsPutAwayAndTakenUpAgain) {
   desk.noteEdit();
   desk.setParameters(nullptr);
   EXPECT_EQ(failureOf("/c.xml"), "Parameters not defined");
+  EXPECT_TRUE(desk.changed());
+  desk.save("/c.xml");
+  desk.noteEdit();
   desk.setParameters(parameters);
   EXPECT_TRUE(desk.changed()) << "the same configuration";
   EXPECT_EQ(desk.fileName(), "/c.xml");

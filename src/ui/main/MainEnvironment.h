@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files/FileSystem.h"
+#include "platform/settings/SettingsStore.h"
+#include "platform/text/UserLocale.h"
+#include "platform/time/Clock.h"
+#include "platform/time/Timer.h"
+#include "ui/main/Dialogs.h"
+
+namespace tarnlog {
+
+/// What the recorder control needs from around it. All of it outlives the control.
+struct MainEnvironment {
+  Clock& clock;
+  Timer& timer;  ///< of the acquisition, for it alone
+  FileSystem& files;
+  SettingsStore& settings;  ///< defaults of new configurations
+  Dialogs& dialogs;
+  UserLocale locale;
+  /// Of an XSL stylesheet, written into configurations and XML records: it shows them in a browser.
+  std::string stylesheetUrl = "tarnlog.xsl";
+};
+
+}  // namespace tarnlog

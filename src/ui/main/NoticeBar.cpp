@@ -1,0 +1,127 @@
+#include "ui/main/NoticeBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kMostLines = 6;
+
+}  // namespace
+
+/// One message: icon, text, the way to its details, and a cross.
+class NoticeBar::Notice : public QWidget {
+ public:
+  Notice(const QString& text, const QStringList& details, QWidget* parent)
+      : QWidget(parent), text_(text), details_(details) {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    auto* const row = new QHBoxLayout;
+    row->setContentsMargins(8, 4, 4, 4);
+    row->addWidget(icon(), 0, Qt::AlignTop);
+    row->addWidget(label(), 1);
+    if (details.size() > 1) row->addWidget(detailsButton(), 0, Qt::AlignTop);
+    closer_ = new QToolButton(this);
+    closer_->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    closer_->setAutoRaise(true);
+    closer_->setToolTip(NoticeBar::tr("Close this message"));
+    closer_->setAccessibleName(closer_->toolTip());
+    row->addWidget(closer_, 0, Qt::AlignTop);
+    column->addLayout(row);
+    if (details.size() > 1) column->addWidget(list());
+  }
+
+  const QString& text() const { return text_; }
+  const QStringList& details() const { return details_; }
+  QToolButton* closer() const { return closer_; }
+
+ private:
+  QLabel* icon() {
+    auto* const label = new QLabel(this);
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    label->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
+    return label;
+  }
+
+  QLabel* label() {
+    auto* const label = new QLabel(text_, this);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+  }
+
+  QToolButton* detailsButton() {
+    auto* const button = new QToolButton(this);
+    button->setText(NoticeBar::tr("Details"));
+    button->setToolTip(NoticeBar::tr("Show all"));
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    connect(button, &QToolButton::toggled, this, [this](bool open) { list_->setVisible(open); });
+    return button;
+  }
+
+  QPlainTextEdit* list() {
+    list_ = new QPlainTextEdit(details_.join('\n'), this);
+    list_->setAccessibleName(NoticeBar::tr("Details"));
+    list_->setReadOnly(true);
+    list_->setTabChangesFocus(true);
+    list_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    const int lines = std::min(kMostLines, static_cast<int>(details_.size()));
+    list_->setFixedHeight(lines * list_->fontMetrics().lineSpacing() + 3 * list_->frameWidth() + 16);
+    list_->hide();
+    return list_;
+  }
+
+  QString text_;
+  QStringList details_;
+  QToolButton* closer_ = nullptr;
+  QPlainTextEdit* list_ = nullptr;
+};
+
+NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(this)) {
+  rows_->setContentsMargins(0, 0, 0, 0);
+  rows_->setSpacing(0);
+  setFrameShape(QFrame::StyledPanel);
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::AlternateBase);
+  setAccessibleName(tr("Messages"));
+  hide();
+}
+
+void NoticeBar::showNotice(const QString& subject, const QString& text, const QStringList& details) {
+  removeNotice(subject);
+  auto* const notice = new Notice(text, details, this);
+  notices_.insert(subject, notice);
+  rows_->addWidget(notice);
+  connect(notice->closer(), &QToolButton::clicked, this, [this, subject] { removeNotice(subject); });
+  show();
+}
+
+void NoticeBar::removeNotice(const QString& subject) {
+  if (Notice* const notice = notices_.take(subject)) {
+    rows_->removeWidget(notice);
+    notice->hide();
+    notice->deleteLater();
+  }
+  setVisible(!notices_.isEmpty());
+}
+
+QString NoticeBar::notice(const QString& subject) const {
+  const Notice* const notice = notices_.value(subject);
+  return notice == nullptr ? QString() : notice->text();
+}
+
+QStringList NoticeBar::details(const QString& subject) const {
+  const Notice* const notice = notices_.value(subject);
+  return notice == nullptr ? QStringList() : notice->details();
+}
+
+}  // namespace tarnlog

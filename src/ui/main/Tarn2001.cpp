@@ -1,0 +1,261 @@
+#include "ui/main/Tarn2001.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHideEvent>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "catalogue/SessionDocument.h"
+#include "platform/base/TarnError.h"
+#include "ui/common/Convert.h"
+#include "ui/common/Icons.h"
+#include "ui/main/LackText.h"
+#include "ui/main/NoticeBar.h"
+#include "ui/main/StandInScreens.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr std::int16_t kLoad = 0;
+constexpr std::int16_t kSave = 1;
+
+/// The hourglass pointer for as long as it lives.
+class BusyPointer {
+ public:
+  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+FileQuestion configurationQuestion(const QString& title, const std::string& fileName) {
+  return {title, toQString(fileName), "Tarnlog (*.xml)|*.xml|All files|*.*", ".xml", "ChooseFileName"};
+}
+
+QString shownName(const std::string& fileName) { return QFileInfo(toQString(fileName)).fileName(); }
+
+}  // namespace
+
+Tarn2001::Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidget* parent)
+    : QWidget(parent),
+      desk_(environment.files, environment.stylesheetUrl),
+      dialogs_(environment.dialogs),
+      notices_(notices),
+      open_(new QAction(tr("&Open configuration..."), this)),
+      save_(new QAction(tr("&Save configuration"), this)),
+      saveAs_(new QAction(tr("Save configuration &as..."), this)),
+      tabStrip_(new QTabBar(this)),
+      screens_(new QStackedWidget(this)) {
+  tabStrip_->setObjectName("TabStripMain");
+  tabStrip_->setAccessibleName(tr("Configuration screens"));
+  tabStrip_->setExpanding(false);
+  createActions();
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(createToolBar());
+  column->addWidget(tabStrip_);
+  column->addWidget(screens_, 1);
+  createScreens(environment);
+  setAutoFillBackground(true);  // the acquisition may still be shown behind it
+  connect(tabStrip_, &QTabBar::currentChanged, this, &Tarn2001::showScreen);
+  desk_.setStateHandler([this] { showState(); });
+  showState();
+}
+
+void Tarn2001::createActions() {
+  open_->setShortcut(QKeySequence::Open);
+  save_->setShortcut(QKeySequence::Save);
+  saveAs_->setShortcut(QKeySequence::SaveAs);
+  connect(open_, &QAction::triggered, this, [this] { OuvrirSelecteurFichier(kLoad); });
+  connect(save_, &QAction::triggered, this, [this] { save(); });
+  connect(saveAs_, &QAction::triggered, this, [this] { OuvrirSelecteurFichier(kSave); });
+}
+
+QToolBar* Tarn2001::createToolBar() {
+  auto* const bar = new QToolBar(tr("Configuration file"), this);
+  bar->setObjectName("TbConfig");
+  const auto add = [&](const char* key, const QString& toolTip, std::int16_t mode) {
+    QAction* const button = bar->addAction(tarnIcon(key), toolTip);
+    button->setObjectName(key);
+    connect(button, &QAction::triggered, this, [this, mode] { OuvrirSelecteurFichier(mode); });
+  };
+  add("load", tr("Load configuration"), kLoad);
+  add("save", tr("Save configuration"), kSave);
+  return bar;
+}
+
+void Tarn2001::createScreens(const MainEnvironment& environment) {
+  select_ = new TarnSelect;
+  param_ = new TarnParam(environment.settings, environment.files);
+  paramScope_ = new TarnPaSc;
+  paramInit_ = new TarnInit;
+  select_->setObjectName("ctlTarnSelect");
+  param_->setObjectName("ctlTarnParam");
+  paramScope_->setObjectName("ctlTarnParamScope");
+  paramInit_->setObjectName("ctlTarnParamInit");
+  addScreen(select_, tr("Data selection"), "data");
+  addScreen(param_, tr("Recording parameters"), "param");
+  addScreen(paramScope_, tr("Display parameters"), "scope");
+  addScreen(paramInit_, tr("Init Scenario"), "initsce");
+  const auto noteEdit = [this] { desk_.noteEdit(); };
+  connect(select_, &TarnSelect::edited, this, noteEdit);
+  connect(param_, &TarnParam::edited, this, noteEdit);
+  connect(paramScope_, &TarnPaSc::edited, this, noteEdit);
+  connect(paramInit_, &TarnInit::edited, this, noteEdit);
+}
+
+void Tarn2001::addScreen(QWidget* screen, const QString& caption, const char* key) {
+  screens_->addWidget(screen);
+  tabStrip_->setTabData(tabStrip_->addTab(caption), key);
+}
+
+void Tarn2001::setParameters(std::shared_ptr<oTarnParameters> parameters) {
+  desk_.setParameters(std::move(parameters));
+  giveParameters();
+  if (desk_.lacks().empty()) showLacks();
+  showState();
+}
+
+/// The scenario screen takes the configuration when its tab is chosen.
+void Tarn2001::giveParameters() {
+  param_->setParameters(desk_.Parameters());
+  select_->setParameters(desk_.Parameters());
+  paramScope_->setParameters(desk_.Parameters());
+  if (screens_->currentWidget() == paramInit_) paramInit_->setParameters(desk_.Parameters());
+}
+
+void Tarn2001::setSession(ferrox3::Session* session) {
+  session_ = session;
+  const BusyPointer busy;
+  auto xmlSession = std::make_shared<const SessionDocument>(
+      session == nullptr ? SessionDocument() : BuildSessionDocument(*session));
+  desk_.setSession(xmlSession);
+  select_->setXmlSession(xmlSession);
+  paramInit_->setSession(session);
+}
+
+void Tarn2001::showScreen(int tab) {
+  if (tab < 0) return;
+  screens_->setCurrentIndex(tab);
+  const QString key = tabStrip_->tabData(tab).toString();
+  if (key == "data") select_->setParameters(desk_.Parameters());
+  if (key == "param") param_->setParameters(desk_.Parameters());
+  if (key == "scope") paramScope_->setParameters(desk_.Parameters());
+  if (key == "initsce") paramInit_->setParameters(desk_.Parameters());
+}
+
+// --- files
+
+void Tarn2001::OpenConfigFile(const std::string& fileName) {
+  const BusyPointer busy;
+  desk_.load(fileName);
+  showLacks();
+  giveParameters();
+}
+
+bool Tarn2001::load(const std::string& fileName) {
+  QString failure;
+  {
+    const BusyPointer busy;
+    try {
+      desk_.load(fileName);
+    } catch (const TarnError& error) {
+      failure = toQString(error.description());
+    }
+  }
+  if (!failure.isEmpty())
+    dialogs_.error(this, tr("Load error"), tr("Error when loading configuration file") + "\r\n" + failure);
+  showLacks();
+  giveParameters();
+  return failure.isEmpty();
+}
+
+bool Tarn2001::save() { return desk_.fileName().empty() ? chooseAndSave() : saveTo(desk_.fileName()); }
+
+bool Tarn2001::mayBeLost() {
+  if (!desk_.changed()) return true;
+  const QString name = desk_.fileName().empty() ? tr("The configuration") : shownName(desk_.fileName());
+  switch (dialogs_.changedWork(this, name)) {
+    case Dialogs::Changed::Save:
+      return save();
+    case Dialogs::Changed::Discard:
+      return true;
+    case Dialogs::Changed::Cancel:
+      break;
+  }
+  return false;
+}
+
+void Tarn2001::OuvrirSelecteurFichier(std::int16_t mode) {
+  if (mode == kSave)
+    chooseAndSave();
+  else
+    chooseAndLoad();
+}
+
+void Tarn2001::chooseAndLoad() {
+  if (!mayBeLost()) return;
+  const auto chosen =
+      dialogs_.fileToOpen(this, configurationQuestion(tr("Load configuration"), desk_.fileName()));
+  if (chosen) load(fromQString(*chosen));
+}
+
+bool Tarn2001::chooseAndSave() {
+  const auto chosen =
+      dialogs_.fileToSave(this, configurationQuestion(tr("Save configuration"), desk_.fileName()));
+  return chosen && saveTo(fromQString(*chosen));
+}
+
+/// A failure opens no box: the mark of the changed work stays, and the bar tells why.
+bool Tarn2001::saveTo(const std::string& fileName) {
+  const BusyPointer busy;
+  try {
+    desk_.save(fileName);
+  } catch (const TarnError& error) {
+    notices_.showNotice("save", tr("Not saved: %1").arg(toQString(error.description())));
+    return false;
+  }
+  notices_.removeNotice("save");
+  return true;
+}
+
+// --- states
+
+void Tarn2001::setVisible(bool visible) {
+  QWidget::setVisible(visible);
+  if (!visible) putAway();
+}
+
+/// Minimising the window hides nothing that the user wants to be rid of.
+void Tarn2001::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (!event->spontaneous()) putAway();
+}
+
+void Tarn2001::putAway() {
+  desk_.setParameters(nullptr);
+  showState();
+}
+
+void Tarn2001::showState() {
+  const bool held = desk_.Parameters() != nullptr;
+  for (QAction* const action : fileActions()) action->setEnabled(held);
+  emit stateChanged();
+}
+
+/// Once after a load: who closes the message has read it.
+void Tarn2001::showLacks() {
+  if (desk_.lacks().empty())
+    notices_.removeNotice("lacks");
+  else
+    notices_.showNotice("lacks", LackText::summary(desk_.lacks(), shownName(desk_.fileName())),
+                        LackText::lines(desk_.lacks()));
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/ferrox3/Session.h"
+#include "ui/main/ConfigurationDesk.h"
+#include "ui/main/MainEnvironment.h"
+
+class QAction;
+class QStackedWidget;
+class QTabBar;
+class QToolBar;
+
+namespace tarnlog {
+
+class NoticeBar;
+class TarnInit;
+class TarnPaSc;
+class TarnParam;
+class TarnSelect;
+
+/// The configuration view: four screens under one tab strip, all editing one configuration, and the loading
+/// and saving of configuration files. It holds the configuration while it is shown: hiding it puts the
+/// configuration away, minimising the window does not. Messages go to the notice bar.
+class Tarn2001 : public QWidget {
+  Q_OBJECT
+ public:
+  Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidget* parent = nullptr);
+
+  void setParameters(std::shared_ptr<oTarnParameters> parameters);
+  const std::shared_ptr<oTarnParameters>& Parameters() const { return desk_.Parameters(); }
+  /// Reads the whole catalogue of the session, which the host keeps alive. What the session raises is raised.
+  void setSession(ferrox3::Session* session);
+  /// Raises what the loader raises, and error 1, "Parameters not defined", while the configuration is put
+  /// away.
+  void OpenConfigFile(const std::string& fileName);
+  /// Asks for a file and saves (1) or loads (any other) the configuration.
+  void OuvrirSelecteurFichier(std::int16_t mode);
+
+  /// Loads as the "load" button does once a file is chosen: failures go into a box, and the screens show what
+  /// is left. False when it failed.
+  bool load(const std::string& fileName);
+  /// Saves into the configuration's own file, or asks for one. False when that failed or was cancelled.
+  bool save();
+  /// Asks what to do with changed work that would be lost, and does it. False when the user keeps it.
+  bool mayBeLost();
+
+  const ConfigurationDesk& desk() const { return desk_; }
+  /// Open, save, save as: for the menus of whoever shows this. Disabled while the configuration is put away.
+  QList<QAction*> fileActions() const { return {open_, save_, saveAs_}; }
+
+  void setVisible(bool visible) override;
+
+ signals:
+  /// The configuration's file, or whether it was changed, may be another.
+  void stateChanged();
+
+ protected:
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  void createActions();
+  QToolBar* createToolBar();
+  void createScreens(const MainEnvironment& environment);
+  void addScreen(QWidget* screen, const QString& caption, const char* key);
+  void showScreen(int tab);
+  void giveParameters();
+  void putAway();
+  void showState();
+  void showLacks();
+  bool saveTo(const std::string& fileName);
+  bool chooseAndSave();
+  void chooseAndLoad();
+
+  ConfigurationDesk desk_;
+  Dialogs& dialogs_;
+  NoticeBar& notices_;
+  ferrox3::Session* session_ = nullptr;
+  QAction* open_;
+  QAction* save_;
+  QAction* saveAs_;
+  QTabBar* tabStrip_;
+  QStackedWidget* screens_;
+  TarnSelect* select_ = nullptr;
+  TarnParam* param_ = nullptr;
+  TarnPaSc* paramScope_ = nullptr;
+  TarnInit* paramInit_ = nullptr;
+};
+
+}  // namespace tarnlog

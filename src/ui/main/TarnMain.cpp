@@ -1,0 +1,206 @@
+#include "ui/main/TarnMain.h"
+
+#include <QGridLayout>
+#include <QShowEvent>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "config/oTarnParameters.h"
+#include "platform/base/TarnError.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/settings/FileSettingsStore.h"
+#include "platform/time/SystemClock.h"
+#include "ui/common/DesktopLocale.h"
+#include "ui/common/QtTimer.h"
+#include "ui/main/LogView.h"
+#include "ui/main/MainEnvironment.h"
+#include "ui/main/NoticeBar.h"
+#include "ui/main/StandInScreens.h"
+#include "ui/main/Tarn2001.h"
+
+namespace tarnlog {
+
+/// What this system gives.
+class TarnMain::OwnEnvironment {
+ public:
+  MainEnvironment environment{clock_, timer_, files_, settings_, dialogs_, desktopLocale()};
+
+ private:
+  SystemClock clock_;
+  QtTimer timer_;
+  SystemFileSystem files_;
+  FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
+  QtDialogs dialogs_;
+};
+
+TarnMain::TarnMain(QWidget* parent) : TarnMain(std::make_unique<OwnEnvironment>(), parent) {}
+
+TarnMain::TarnMain(std::unique_ptr<OwnEnvironment> own, QWidget* parent)
+    : QWidget(parent), own_(std::move(own)) {
+  create(own_->environment);
+}
+
+TarnMain::TarnMain(const MainEnvironment& environment, QWidget* parent) : QWidget(parent) {
+  create(environment);
+}
+
+/// The views go before what they stand on.
+TarnMain::~TarnMain() {
+  configure_->disconnect(this);
+  delete acq_;
+  delete configure_;
+}
+
+void TarnMain::create(const MainEnvironment& environment) {
+  settings_ = &environment.settings;
+  notices_ = new NoticeBar(this);
+  configure_ = new Tarn2001(environment, *notices_, this);
+  acq_ = new AcqView(environment, this);
+  log_ = new LogView(this);
+  configure_->setObjectName("ctlTarnConfigure");
+  acq_->setObjectName("ctlTarnAcq");
+  log_->setObjectName("logText");
+  createTabs();
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(notices_);
+  column->addWidget(tabs_);
+  // The views share one place: an acquisition that is ending stays behind the view that was chosen.
+  auto* const place = new QGridLayout;
+  for (QWidget* const view :
+       {static_cast<QWidget*>(acq_), static_cast<QWidget*>(log_), static_cast<QWidget*>(configure_)})
+    place->addWidget(view, 0, 0);
+  column->addLayout(place, 1);
+
+  acq_->hide();
+  log_->hide();
+  acq_->acq().setAcqStoppedHandler([this] {
+    acq_->hide();
+    emit acquisitionStopped();
+  });
+  acq_->acq().setLogAddedHandler([this](std::string_view line) { log_->add(line); });
+  connect(configure_, &Tarn2001::stateChanged, this, &TarnMain::configurationStateChanged);
+  parameters_ = std::make_shared<oTarnParameters>(*settings_);
+  configure_->setParameters(parameters_);
+}
+
+void TarnMain::createTabs() {
+  tabs_ = new QTabBar(this);
+  tabs_->setObjectName("TabSmain");
+  tabs_->setAccessibleName(tr("Views"));
+  tabs_->setExpanding(false);
+  const auto add = [this](const QString& caption, const char* key) {
+    tabs_->setTabData(tabs_->addTab(caption), key);
+  };
+  add(tr("Configure"), "CONF");
+  add(tr("Acquire"), "ACQ");
+  add(tr("Log"), "log");
+  connect(tabs_, &QTabBar::currentChanged, this, &TarnMain::onTab);
+}
+
+// --- the host
+
+void TarnMain::setSession(ferrox3::Session* session) {
+  selectTab("CONF");
+  configure_->show();
+  acq_->hide();
+  log_->hide();
+  parameters_ = std::make_shared<oTarnParameters>(*settings_);
+  configure_->setParameters(parameters_);
+  configure_->setSession(session);
+  acq_->acq().setSession(session);
+}
+
+void TarnMain::OpenConfigFile(const std::string& filename) {
+  log_->clearLines();
+  try {
+    configure_->OpenConfigFile(filename);
+  } catch (const TarnError& error) {
+    acq_->acq().AskStopAcqNow();
+    showConfiguration();
+    throw TarnError(error.number(), "Tarnlog2001", "Open file error : " + error.description());
+  }
+  configure_->hide();
+  log_->hide();
+  try {
+    acq_->acq().StartReadingData(parameters_);
+  } catch (const TarnError&) {
+    showConfiguration();
+    throw;
+  }
+  acq_->show();
+  acq_->setFocus();
+  selectTab("ACQ");
+}
+
+std::string TarnMain::configurationFile() const { return configure_->desk().fileName(); }
+bool TarnMain::configurationChanged() const { return configure_->desk().changed(); }
+bool TarnMain::configurationMayBeLost() { return configure_->mayBeLost(); }
+void TarnMain::stopAcquisition() { acq_->acq().AskStopAcqNow(); }
+TarnAcq& TarnMain::ctlTarnAcq() { return acq_->acq(); }
+
+// --- the views
+
+void TarnMain::onTab(int tab) {
+  const QString key = tabs_->tabData(tab).toString();
+  if (key == "CONF") enterConfiguration();
+  if (key == "ACQ") enterAcquisition();
+  if (key == "log") enterLog();
+}
+
+/// The acquisition view is hidden when the acquisition has ended: hiding it now would end it without closing
+/// its files.
+void TarnMain::enterConfiguration() {
+  acq_->acq().AskStopAcqNow();
+  showConfiguration();
+}
+
+void TarnMain::enterAcquisition() {
+  log_->clearLines();
+  log_->hide();
+  configure_->hide();
+  acq_->show();
+  acq_->setFocus();
+  try {
+    acq_->acq().StartReadingData(parameters_);
+  } catch (const TarnError& error) {
+    acq_->acq().addLog(error.description());
+  }
+}
+
+void TarnMain::enterLog() {
+  acq_->acq().AskStopAcqNow();
+  configure_->hide();
+  log_->show();
+  log_->raise();
+}
+
+void TarnMain::showConfiguration() {
+  selectTab("CONF");
+  log_->hide();
+  configure_->show();
+  configure_->raise();
+  configure_->setParameters(parameters_);
+}
+
+/// Without the click that would start or stop something.
+void TarnMain::selectTab(const char* key) {
+  const QSignalBlocker silent(tabs_);
+  for (int tab = 0; tab < tabs_->count(); ++tab)
+    if (tabs_->tabData(tab) == QString(key)) tabs_->setCurrentIndex(tab);
+}
+
+bool TarnMain::current(const char* key) const {
+  return tabs_->tabData(tabs_->currentIndex()) == QString(key);
+}
+
+/// A host that hid the control and shows it again: the configuration view has put its configuration away.
+void TarnMain::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous() && current("CONF")) configure_->setParameters(parameters_);
+}
+
+}  // namespace tarnlog

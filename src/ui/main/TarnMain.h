@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <string>
+
+#include "platform/ferrox3/Session.h"
+
+class QTabBar;
+
+namespace tarnlog {
+
+class AcqView;
+class LogView;
+class NoticeBar;
+class Tarn2001;
+class TarnAcq;
+class SettingsStore;
+class oTarnParameters;
+struct MainEnvironment;
+
+/// The recorder, whole, for a place on a host's window: configuring, acquiring and the log of the latest
+/// acquisition. One thread, the user interface's.
+class TarnMain : public QWidget {
+  Q_OBJECT
+ public:
+  /// With the clock, files, settings, dialogs and locale of this system.
+  explicit TarnMain(QWidget* parent = nullptr);
+  /// With those that it is given, which outlive it.
+  explicit TarnMain(const MainEnvironment& environment, QWidget* parent = nullptr);
+  ~TarnMain() override;
+
+  /// The diagnostic session to record from; the host owns it and keeps it until it has given another (or
+  /// null) and no request of the old one is under way. Every assignment begins anew with an empty
+  /// configuration and ends an acquisition. What the session raises while its catalogue is read is raised.
+  void setSession(ferrox3::Session* session);
+  /// Loads a configuration file (UTF-8 path) and starts acquiring at once. Raises a TarnError with source
+  /// "Tarnlog2001" and a description that begins with "Open file error : " when the file cannot be loaded, or
+  /// while the configuration view is not the one shown; and the error of an acquisition that cannot start.
+  /// The configuration view is shown then.
+  void OpenConfigFile(const std::string& filename);
+
+  /// Path of the configuration's file, empty when it has none yet; and whether it was changed since.
+  std::string configurationFile() const;
+  bool configurationChanged() const;
+  /// Asks the user what to do with changed work before it would be lost. False when it must be kept.
+  bool configurationMayBeLost();
+  /// Asks the acquisition to end, files closed; `acquisitionStopped` comes exactly once, maybe before this
+  /// returns.
+  void stopAcquisition();
+
+  Tarn2001& ctlTarnConfigure() { return *configure_; }
+  TarnAcq& ctlTarnAcq();
+  NoticeBar& notices() { return *notices_; }
+
+ signals:
+  /// The configuration's file, or whether it was changed, may be another.
+  void configurationStateChanged();
+  void acquisitionStopped();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  class OwnEnvironment;
+  TarnMain(std::unique_ptr<OwnEnvironment> own, QWidget* parent);
+
+  void create(const MainEnvironment& environment);
+  void createTabs();
+  void onTab(int tab);
+  void enterConfiguration();
+  void enterAcquisition();
+  void enterLog();
+  void showConfiguration();
+  void selectTab(const char* key);
+  bool current(const char* key) const;
+
+  std::unique_ptr<OwnEnvironment> own_;
+  const SettingsStore* settings_ = nullptr;  ///< defaults of new configurations
+  std::shared_ptr<oTarnParameters> parameters_;
+  NoticeBar* notices_ = nullptr;
+  QTabBar* tabs_ = nullptr;
+  Tarn2001* configure_ = nullptr;
+  AcqView* acq_ = nullptr;
+  LogView* log_ = nullptr;
+};
+
+}  // namespace tarnlog

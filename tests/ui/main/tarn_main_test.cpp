@@ -1,0 +1,221 @@
+#include "ui/main/TarnMain.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+
+#include "platform/base/TarnError.h"
+#include "tests/ui/main/MainRig.h"
+#include "ui/main/StandInScreens.h"
+
+namespace tarnlog {
+namespace {
+
+using test::MainRig;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+std::string failureOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const TarnError& error) {
+    return error.source() + ": " + error.description();
+  }
+  return "";
+}
+
+TEST(TarnMain, OpensAConfigurationAndAcquiresAtOnce) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  EXPECT_EQ(rig.currentView(), "ACQ");
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnAcq");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kCommunicate);
+  EXPECT_EQ(rig.log().front(), "Start recording manually");
+  const auto lines = rig.log().size();
+
+  // The configuration is put away now: the next one cannot be opened, and nothing goes on behind.
+  const std::string failure = failureOf([&] { rig.main.OpenConfigFile("/c.xml"); });
+  EXPECT_EQ(failure, "Tarnlog2001: Open file error : Parameters not defined");
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  EXPECT_EQ(rig.currentView(), "CONF");
+  EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kIdle);
+
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  EXPECT_THAT(rig.log(), SizeIs(lines)) << "the log is of the latest acquisition";
+}
+
+TEST(TarnMain, LeavesTheConfigurationViewWhenAFileCannotBeOpened) {
+  MainRig rig;
+  rig.files.files["/bad.xml"] = "<Other/>";
+  EXPECT_EQ(failureOf([&] { rig.main.OpenConfigFile("/c.xml"); }),
+            "TarnAcq.StartReadingData: Session not defined, unable to acquire data");
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  rig.main.setSession(&rig.vehicle->session());
+  EXPECT_EQ(failureOf([&] { rig.main.OpenConfigFile("/bad.xml"); }),
+            "Tarnlog2001: Open file error : the file /bad.xml is not a Tarnlog file");
+  EXPECT_THAT(failureOf([&] { rig.main.OpenConfigFile("/none.xml"); }),
+              StartsWith("Tarnlog2001: Open file error : File : /none.xml"));
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  EXPECT_FALSE(rig.timer.enabled());
+  rig.main.OpenConfigFile("/c.xml");
+  EXPECT_EQ(rig.currentView(), "ACQ");
+}
+
+/// Clicks arrive while a request waits for its answer. The acquisition view goes when the acquisition has
+/// ended, not at the click.
+TEST(TarnMain, SwitchesViewsWhileTheLinkWaits) {
+  test::Recipe slow;
+  slow.latency = 60;
+  MainRig rig(slow);
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.ticks(1);
+  rig.child<QAbstractButton>("CommandStartStop").click();
+  rig.ticks(2);
+  std::string views;
+  rig.whileWaiting = [&] {
+    rig.view("CONF");
+    views = rig.visibleViews();
+  };
+  rig.ticks(1);
+  EXPECT_EQ(views, "ctlTarnConfigure ctlTarnAcq");
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  EXPECT_EQ(rig.stopped, 1);
+  ASSERT_THAT(rig.recordFiles(), SizeIs(1));
+
+  // There and back during one answer: one acquisition ends, the next begins, the view stays.
+  rig.view("ACQ");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.whileWaiting = [&] {
+    rig.view("log");
+    rig.view("ACQ");
+  };
+  rig.ticks(1);
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnAcq");
+  EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kInitialise);
+  rig.view("log");
+  EXPECT_EQ(rig.visibleViews(), "logText");
+}
+
+TEST(TarnMain, BeginsAnewWithASecondSession) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  const auto second = rig.openVehicle();
+  rig.main.setSession(&second->session());
+  rig.vehicle.reset();
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  EXPECT_EQ(rig.main.configurationFile(), "");
+  EXPECT_EQ(rig.main.ctlTarnConfigure().Parameters()->Count(), 0);
+  EXPECT_FALSE(rig.timer.enabled());
+  rig.view("ACQ");
+  EXPECT_THAT(rig.log(), ElementsAre("No data to acquire"));
+  rig.view("CONF");
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kCommunicate);
+}
+
+TEST(TarnMain, SaysInTheLogWhyItDoesNotStart) {
+  MainRig rig;
+  rig.view("ACQ");
+  EXPECT_THAT(rig.log(), ElementsAre("Session not defined, unable to acquire data"));
+}
+
+/// Minimising sends the same event as hiding, but the user comes back to what he was doing.
+TEST(TarnMain, KeepsItsConfigurationWhenMinimisedAndTakesItUpAgainWhenShown) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  QHideEvent minimised;
+  QSpontaneKeyEvent::setSpontaneous(&minimised);
+  qApp->notify(&rig.main.ctlTarnConfigure(), &minimised);
+  EXPECT_NE(rig.main.ctlTarnConfigure().Parameters(), nullptr);
+  rig.main.hide();
+  EXPECT_EQ(rig.main.ctlTarnConfigure().Parameters(), nullptr);
+  rig.main.show();
+  EXPECT_NE(rig.main.ctlTarnConfigure().Parameters(), nullptr);
+}
+
+// --- files
+
+TEST(Tarn2001, LoadsAndSavesThroughItsToolBar) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  auto& configure = rig.main.ctlTarnConfigure();
+  auto& parameters = *configure.Parameters();
+  auto& load = rig.child<QAction>("load");
+  auto& save = rig.child<QAction>("save");
+  rig.dialogs.filesToOpen = {"/c.xml"};
+  load.trigger();
+  EXPECT_EQ(parameters.Count(), 1);
+  EXPECT_FALSE(rig.main.configurationChanged());
+  load.trigger();
+  EXPECT_EQ(parameters.Count(), 1) << "cancelled";
+  EXPECT_EQ(rig.dialogs.asked.back(), "open Tarnlog (*.xml)|*.xml|All files|*.*");
+
+  rig.dialogs.filesToSave = {"/saved.xml"};
+  save.trigger();
+  EXPECT_THAT(rig.files.files["/saved.xml"], HasSubstr(R"(href="tarnlog.xsl")"));
+  EXPECT_EQ(rig.main.configurationFile(), "/saved.xml");
+
+  rig.files.files["/bad.xml"] = "<Other/>";
+  rig.dialogs.filesToOpen = {"/bad.xml"};
+  load.trigger();
+  EXPECT_EQ(rig.dialogs.asked.back(),
+            "Load error: Error when loading configuration file\r\nthe file /bad.xml is not a Tarnlog file");
+  EXPECT_EQ(parameters.Count(), 0);
+}
+
+TEST(Tarn2001, KeepsChangedWorkUntilTheUserGivesItUp) {
+  using Changed = Dialogs::Changed;
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  auto& configure = rig.main.ctlTarnConfigure();
+  configure.load("/c.xml");
+  emit rig.child<TarnInit>("ctlTarnParamInit").edited();
+  EXPECT_TRUE(rig.main.configurationChanged());
+  rig.child<QAction>("load").trigger();
+  EXPECT_THAT(rig.dialogs.asked, ElementsAre("changed c.xml"));
+
+  rig.files.openError = "/c.xml: No space left on device";
+  rig.dialogs.decisions = {Changed::Save};
+  rig.view("log");
+  EXPECT_FALSE(rig.main.configurationMayBeLost());
+  EXPECT_TRUE(rig.main.configurationChanged());
+  EXPECT_EQ(rig.main.notices().notice("save"), "Not saved: /c.xml: No space left on device");
+  rig.files.openError.clear();
+  rig.dialogs.decisions = {Changed::Discard, Changed::Save};
+  EXPECT_TRUE(rig.main.configurationMayBeLost());
+  EXPECT_TRUE(rig.main.configurationMayBeLost());
+  EXPECT_FALSE(rig.main.configurationChanged());
+  EXPECT_EQ(rig.main.notices().notice("save"), "");
+  EXPECT_THAT(rig.dialogs.asked, SizeIs(4)) << "no box for the failure";
+}
+
+TEST(Tarn2001, NamesWhatTheVehicleDoesNotOffer) {
+  test::Recipe recipe;
+  recipe.data = {"Status/Speed", "Status/Boost", "Status/Torque"};
+  MainRig rig(recipe);
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  EXPECT_EQ(rig.main.notices().notice("lacks"), "c.xml: 2 parts do not fit this vehicle: Boost, Torque");
+  EXPECT_EQ(rig.main.notices().details("lacks").front(), "Not offered by this vehicle: Engine/Status/Boost");
+  EXPECT_TRUE(rig.main.notices().isVisible());
+  rig.main.setSession(&rig.vehicle->session());
+  EXPECT_FALSE(rig.main.notices().isVisible());
+}
+
+}  // namespace
+}  // namespace tarnlog

@@ -9,6 +9,7 @@
 #include "platform/controls/CWGraph.h"
 #include "platform/controls/CWNumEdit.h"
 #include "platform/controls/CWSlide.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog {
 namespace {
@@ -145,6 +146,21 @@ TEST(CWGraph, DrawsSomethingSensibleFromAnything) {
       graph.grab();
     }
   }
+}
+
+TEST(Readable, DarkCurvesAreSeenOnADarkDesktopInTheirHue) {
+  const QColor night(30, 30, 34);
+  for (const QColor colour : {QColor(Qt::blue), QColor(Qt::black), QColor(Qt::darkRed)})
+    EXPECT_GE(contrastOf(readableCurve(colour, night), night), 3) << colour.name().toStdString();
+  EXPECT_EQ(readableCurve(Qt::blue, night).hue(), QColor(Qt::blue).hue());
+  EXPECT_EQ(readableCurve(Qt::blue, Qt::white), QColor(Qt::blue));
+  CWGraph graph;
+  QPalette palette;
+  palette.setColor(QPalette::Base, night);
+  graph.setPalette(palette);
+  prepare(graph, 10);
+  for (int i = 0; i < 10; ++i) graph.chartY(2, 50);
+  EXPECT_EQ(pictureOf(graph).pixel(graph.placeOf(2, 5).toPoint()), readableCurve(Qt::blue, night).rgb());
 }
 
 TEST(CWSlide, KeepsValuesOutsideTheAxisAndShowsTheBarInside) {

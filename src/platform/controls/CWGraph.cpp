@@ -8,7 +8,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog {
 namespace {
@@ -311,7 +311,7 @@ void CWGraph::drawNewColumns() {
 /// Each point with a line from the one before it; the point `from` is where the line starts.
 void CWGraph::drawTimePoints(const Plot& plot, std::int64_t from) {
   const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(plot.colour);
+  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
   double lastX = 0;
   double lastY = std::numeric_limits<double>::quiet_NaN();
   for (std::int64_t point = from; point < points.end(); ++point) {
@@ -334,7 +334,7 @@ void CWGraph::drawTimePoints(const Plot& plot, std::int64_t from) {
 /// Many points in a column: one span from the lowest to the highest, and a line from the column before.
 void CWGraph::drawColumns(const Plot& plot) {
   const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(plot.colour);
+  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
   const std::int64_t end = points.end();
   std::int64_t first = points.begin();
   while (first < end) {
@@ -356,7 +356,7 @@ void CWGraph::drawColumns(const Plot& plot) {
 
 void CWGraph::drawXY(const Plot& plot) {
   const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(plot.colour);
+  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
   bool joined = false;
   double lastX = 0;
   double lastY = 0;

@@ -57,6 +57,7 @@ class CWGraph : public QWidget {
   /// Plots are numbered from 1; a number without a plot does nothing.
   int addPlot();
   int plotCount() const { return static_cast<int>(plots_.size()); }
+  /// A colour that the background would swallow is painted in a near one that can be seen.
   void setPlotColour(int plot, const QColor& colour);
   /// `moment` is kept with the point, for whoever asks `momentOf`; it places nothing.
   void chartY(int plot, double y, double moment = 0);

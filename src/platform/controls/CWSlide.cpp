@@ -7,7 +7,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 #include "platform/controls/SlideAccess.h"
 
 namespace tarnlog {
@@ -100,7 +100,8 @@ void CWSlide::paintEvent(QPaintEvent*) {
   if (!std::isnan(value.value)) {
     QRectF bar = track.adjusted(1, 1, 0, -1);
     bar.setRight(std::max(place(value.value), bar.left()));
-    painter.fillRect(bar, value.fill.isValid() ? value.fill : palette().color(QPalette::Highlight));
+    const QColor fill = value.fill.isValid() ? value.fill : palette().color(QPalette::Highlight);
+    painter.fillRect(bar, readableCurve(fill, palette().color(QPalette::Base)));
   }
   paintMarker(painter, shown()[1], track);
   paintMarker(painter, shown()[2], track);

@@ -30,7 +30,7 @@ class CWSlide : public QWidget {
   /// NaN for a pointer that there is not.
   double pointerValue(int pointer) const;
   void setPointerValue(int pointer, double value);
-  /// Of pointer 1's bar.
+  /// Of pointer 1's bar. A colour that the background would swallow is painted in a near one.
   void setPointerFillColour(int pointer, const QColor& colour);
   /// Of the markers; an invalid colour takes the palette's.
   void setPointerColour(int pointer, const QColor& colour);

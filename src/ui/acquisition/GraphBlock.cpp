@@ -1,7 +1,6 @@
 #include "ui/acquisition/GraphBlock.h"
 
 #include "ui/acquisition/LabelStyle.h"
-#include "ui/acquisition/Readable.h"
 
 namespace tarnlog {
 namespace {
@@ -28,22 +27,10 @@ void GraphBlock::setAxisLabels(Axis axis, bool labels) { shown().setAxisLabels(i
 
 void GraphBlock::setAxisBinary(Axis axis) { shown().setAxisBinary(idOf(axis)); }
 
-void GraphBlock::addPlot() {
-  shown().addPlot();
-  colours_.push_back(0);
-}
-
 void GraphBlock::setPlotColour(int plot, Colour colour) {
-  if (plot < 1 || plot > shown().plotCount()) return;
-  colours_[static_cast<std::size_t>(plot - 1)] = colour;
-  const QPalette palette = shown().palette();
-  shown().setPlotColour(plot, readableCurve(toQColor(colour, palette), palette.color(QPalette::Base)));
+  shown().setPlotColour(plot, toQColor(colour, shown().palette()));
 }
 
-void GraphBlock::restyle() {
-  shown().setFont(fittedFont(shown().parentWidget()->font(), kLineHeight));
-  int plot = 1;
-  for (const Colour colour : colours_) setPlotColour(plot++, colour);
-}
+void GraphBlock::restyle() { shown().setFont(fittedFont(shown().parentWidget()->font(), kLineHeight)); }
 
 }  // namespace tarnlog

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "platform/controls/CWGraph.h"
 #include "ui/acquisition/Placed.h"
 
@@ -22,17 +20,14 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   void setAxisCaption(Axis axis, std::string_view caption) override;
   void setAxisLabels(Axis axis, bool labels) override;
   void setAxisBinary(Axis axis) override;
-  void addPlot() override;
+  void addPlot() override { shown().addPlot(); }
   void setPlotColour(int plot, Colour colour) override;
   void chartY(int plot, double y) override { shown().chartY(plot, y); }
   void plotXY(int plot, double x, double y) override { shown().plotXY(plot, x, y); }
   void clearData() override { shown().clearData(); }
 
-  /// Palette or font of the desktop have changed.
+  /// The font of the desktop has changed.
   void restyle();
-
- private:
-  std::vector<Colour> colours_;
 };
 
 }  // namespace tarnlog

@@ -1,7 +1,6 @@
 #include "ui/acquisition/SlideBlock.h"
 
 #include "ui/acquisition/LabelStyle.h"
-#include "ui/acquisition/Readable.h"
 
 namespace tarnlog {
 
@@ -9,9 +8,7 @@ SlideBlock::SlideBlock(QWidget* frame) : Placed(std::make_unique<CWSlide>(frame)
 
 void SlideBlock::setPointerFillColour(int pointer, Colour colour) {
   if (pointer == kValue) fill_ = colour;
-  const QPalette palette = shown().palette();
-  shown().setPointerFillColour(pointer,
-                               readableCurve(toQColor(colour, palette), palette.color(QPalette::Base)));
+  shown().setPointerFillColour(pointer, toQColor(colour, shown().palette()));
 }
 
 void SlideBlock::setPointerColour(int pointer, Colour colour) {

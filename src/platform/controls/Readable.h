@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QColor>
+
+/// Colours as they can be read on a background. For painting only: what was chosen stays as it is.
+namespace tarnlog {
+
+/// A thin line is seen by its hue as well; on paper only the palest colours are lost.
+inline constexpr double kCurveContrast = 1.3;
+inline constexpr double kCurveContrastOnDark = 3.0;
+
+/// `part` (0 to 1) of the second colour over the first.
+QColor blend(const QColor& below, const QColor& above, float part);
+bool isDark(const QColor& background);
+/// Ratio of luminances, 1 (none) to 21 (black on white), as WCAG 2 defines it.
+double contrastOf(const QColor& a, const QColor& b);
+/// The colour itself, or the nearest lighter or darker one that stands out of this background.
+QColor readable(const QColor& colour, const QColor& background, double contrast);
+/// For curves and bars.
+QColor readableCurve(const QColor& colour, const QColor& background);
+
+}  // namespace tarnlog

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "config/oTarnParameters.h"
+
+namespace tarnlog {
+
+/// What one removal takes out of a configuration and what goes with it (curves that lose their graph,
+/// triggers that lose their channel), so that it can be put back. Items may be added and moved in between;
+/// displays and triggers must not be edited.
+class RemovedItems {
+ public:
+  /// Notes, before the removal, which items refer to which.
+  explicit RemovedItems(const oTarnParameters& parameters);
+
+  bool empty() const { return removed_.empty(); }
+  /// Removes one item; false when there is none at that position.
+  bool remove(oTarnParameters& parameters, std::int32_t position);
+  /// Puts everything back, except items that are in the configuration again; returns those put back, in the
+  /// order of their positions.
+  std::vector<oTarnScope*> putBack(oTarnParameters& parameters);
+
+ private:
+  struct Removed {
+    std::unique_ptr<oTarnScope> scope;
+    std::int32_t position;
+  };
+  /// An item that is drawn on, or drives the X axis of, another one's graph.
+  struct Reference {
+    std::string from;
+    std::string to;  ///< empty: to nothing
+    std::int32_t type;
+    oTarnGraphIndex curve;  ///< as it was, when it is one
+  };
+
+  void restore(const Reference& reference, oTarnParameters& parameters) const;
+  bool wasRemoved(const std::string& key) const;
+
+  std::vector<Removed> removed_;   ///< in the order of removal
+  std::vector<std::string> keys_;  ///< of all that was removed, sorted by putBack
+  std::vector<Reference> references_;
+  std::string startChannel_;  ///< keys of what the triggers watched; empty: none
+  std::string stopChannel_;
+};
+
+}  // namespace tarnlog

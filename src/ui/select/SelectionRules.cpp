@@ -1,0 +1,253 @@
+#include "ui/select/SelectionRules.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+#include "catalogue/FonctionsSelection.h"
+#include "ui/select/NewScope.h"
+
+namespace tarnlog {
+
+namespace {
+
+bool isData(const CatalogueTree::Content& content) {
+  return content.image == CatalogueImage::data || content.image == CatalogueImage::reference;
+}
+
+}  // namespace
+
+void SelectionRules::setXmlSession(std::shared_ptr<const SessionDocument> document) {
+  forgetRows();
+  removals_.clear();
+  tree_.clear();
+  document_ = std::move(document);
+  search_ = document_ == nullptr ? CatalogueSearch() : CatalogueSearch(*document_);
+  tree_.mode = 'R';
+  search();
+  fillTree();
+}
+
+void SelectionRules::setParameters(std::shared_ptr<oTarnParameters> parameters) {
+  removals_.clear();
+  parameters_ = std::move(parameters);
+  DisplayDataList();
+}
+
+std::int32_t SelectionRules::DisplayDataList(const oTarnScope* selectScope) {
+  if (buildRows(selectScope)) {
+    search();
+    fillTree();
+  }
+  return static_cast<std::int32_t>(rows_.size());
+}
+
+/// True when other data are chosen than before.
+bool SelectionRules::buildRows(const oTarnScope* selectScope) {
+  const CatalogueKeys before = chosen_;
+  const std::size_t rowsBefore = rows_.size();
+  forgetRows();
+  bool otherData = false;
+  if (ready()) {
+    for (oTarnScope& scope : *parameters_) {
+      const XmlElement element = elementOf(scope);
+      if (!element) continue;
+      scope.DataKey = element.attributeOrEmpty("c");
+      otherData |= !before.has(keyNumber(scope.DataKey));
+      AddDataRow(scope, element);
+      if (&scope == selectScope) selectedRow_ = rows_.size() - 1;
+    }
+  }
+  if (selectScope == nullptr && !rows_.empty()) selectedRow_ = rows_.size() - 1;
+  return otherData || rows_.size() != rowsBefore;
+}
+
+void SelectionRules::Clear() {
+  forgetRows();
+  search();
+  fillTree();
+}
+
+void SelectionRules::setShape(char key) {
+  if (key == tree_.mode) return;
+  tree_.mode = key;
+  fillTree();
+}
+
+void SelectionRules::expand(CatalogueNode node) { ExpandCatalogueNode(tree_, node, chosen_, kFullDepth); }
+
+void SelectionRules::setFilter(std::string_view text) {
+  filter_ = text;
+  search();
+  fillTree();
+}
+
+/// Finds again what the filter lets through.
+void SelectionRules::search() {
+  const bool blank = filter_.find_first_not_of(" \t") == std::string::npos;
+  if (!blank) search_.find(filter_, chosen_, found_);
+  if (blank) found_.ecus.clear();
+  tree_.shown = blank ? nullptr : &found_.elements;
+}
+
+void SelectionRules::fillTree() {
+  if (document_ != nullptr) FillCatalogueTree(*document_, tree_, chosen_, kLazyDepth);
+}
+
+std::vector<CatalogueNode> SelectionRules::dataNodes(const std::vector<CatalogueNode>& nodes) const {
+  std::vector<CatalogueNode> found;
+  CatalogueKeys known;
+  const auto addOnce = [&](CatalogueNode node) {
+    const KeyNumber key = keyNumber(tree_.content(node).key);
+    if (!known.has(key)) found.push_back(node);
+    known.add(key);
+  };
+  for (const CatalogueNode node : nodes) {
+    const auto& content = tree_.content(node);
+    if (isData(content)) addOnce(node);
+    if (content.image == CatalogueImage::request || content.image == CatalogueImage::device)
+      for (const CatalogueNode child : tree_.children(node)) addOnce(child);
+  }
+  return found;
+}
+
+bool SelectionRules::addsOnDoubleClick(CatalogueNode node) const {
+  const auto& content = tree_.content(node);
+  return content.image == CatalogueImage::request || isData(content);
+}
+
+bool SelectionRules::addData(const std::vector<CatalogueNode>& nodes, std::size_t before) {
+  if (!ready()) return false;
+  std::vector<oTarnScope*> added;
+  std::vector<CatalogueNode> moved;
+  const std::size_t firstNew = rows_.size();
+  for (const CatalogueNode node : dataNodes(nodes)) {
+    if (oTarnScope* const scope = MoveNodeToRecord(node)) {
+      added.push_back(scope);
+      moved.push_back(node);
+    }
+  }
+  if (added.empty()) return false;
+  tree_.remove(std::move(moved));
+  selectedRow_ = rows_.size() - 1;
+  if (before < firstNew) {
+    parameters_->moveScopes(added, rows_[before].scope);
+    const auto at = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
+    std::rotate(at(before), at(firstNew), rows_.end());
+    selectedRow_ = before + added.size() - 1;
+    std::int32_t position = 0;
+    for (const SelectedRow& row : rows_) row.scope->index = ++position;
+  }
+  return true;
+}
+
+/// Null when the configuration has the data already. The node stays in the tree, for the caller to remove.
+oTarnScope* SelectionRules::MoveNodeToRecord(CatalogueNode node) {
+  const auto& content = tree_.content(node);
+  if (parameters_->Item(content.key) != nullptr) return nullptr;
+  oTarnScope& scope = parameters_->AddScope(newScope(content.tag));
+  AddDataRow(scope, content.tag);
+  return &scope;
+}
+
+/// Appends the row and numbers its item; the rows before it have their numbers.
+void SelectionRules::AddDataRow(oTarnScope& scope, XmlElement element) {
+  rows_.push_back({&scope, element, scope.DataName, scope.RequestName, scope.EcuName, scope.DeviceName});
+  scope.index = static_cast<std::int32_t>(rows_.size());
+  chosen_.add(keyNumber(scope.DataKey));
+}
+
+SelectionRules::Removal SelectionRules::removeData(std::vector<std::size_t> rows, std::size_t focusedRow) {
+  Removal removal;
+  if (!ready() || rows.empty()) return removal;
+  std::sort(rows.begin(), rows.end(), std::greater<>());
+  if (rows.front() >= rows_.size()) return removal;
+  if (focusedRow == kNoRow) focusedRow = rows.back();
+  numberByPosition();
+  RemovedItems removed(*parameters_);
+  for (const std::size_t row : rows)
+    if (!RemoveDataRow(row, removed)) removal.notFound.push_back(rows_[row].data);
+  selectedRow_ = rows_.empty() ? kNoRow : std::min(focusedRow, rows_.size() - 1);
+  removal.changed = !removed.empty();
+  if (removal.changed) removals_.push_back(std::move(removed));
+  return removal;
+}
+
+/// False, and nothing done, when the document does not have the data.
+bool SelectionRules::RemoveDataRow(std::size_t row, RemovedItems& removed) {
+  oTarnScope& scope = *rows_[row].scope;
+  const XmlElement element = elementOf(scope);
+  if (!element) return false;
+  const KeyNumber key = keyNumber(scope.DataKey);
+  removed.remove(*parameters_, scope.index);
+  chosen_.remove(key);
+  if (filtering() && CatalogueSearch::matches(element, filter_))
+    for (XmlElement above = element; above.attribute("c"); above = above.parent())
+      found_.elements.add(keyNumber(above));
+  GiveDataNodeBack(tree_, element);
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+  return true;
+}
+
+bool SelectionRules::undoRemoval() {
+  if (!ready() || removals_.empty()) return false;
+  numberByPosition();
+  const auto back = removals_.back().putBack(*parameters_);
+  removals_.pop_back();
+  std::vector<CatalogueNode> nodes;
+  for (const oTarnScope* const scope : back) {
+    const CatalogueNode node = tree_.find(scope->DataKey);
+    if (node != CatalogueTree::kNone) nodes.push_back(node);
+  }
+  tree_.remove(std::move(nodes));
+  buildRows(back.empty() ? nullptr : back.back());
+  return !back.empty();
+}
+
+bool SelectionRules::moveUp(std::size_t row) {
+  return row != kNoRow && row > 0 && changePlaces(row, row - 1);
+}
+
+bool SelectionRules::moveDown(std::size_t row) { return row != kNoRow && changePlaces(row, row + 1); }
+
+bool SelectionRules::changePlaces(std::size_t row, std::size_t neighbour) {
+  if (!ready() || row >= rows_.size() || neighbour >= rows_.size()) return false;
+  oTarnScope& moved = *rows_[row].scope;
+  numberByPosition();
+  parameters_->changeScopeOrder(moved, *rows_[neighbour].scope);
+  DisplayDataList(&moved);
+  return true;
+}
+
+bool SelectionRules::moveRows(std::vector<std::size_t> rows, std::size_t before) {
+  if (!ready() || rows.empty()) return false;
+  std::sort(rows.begin(), rows.end());
+  if (rows.back() >= rows_.size()) return false;
+  const bool together = rows.back() - rows.front() + 1 == rows.size();
+  const std::size_t end = std::min(before, rows_.size());
+  if (together && end >= rows.front() && end <= rows.back() + 1) return false;
+  while (before < rows_.size() && std::binary_search(rows.begin(), rows.end(), before)) ++before;
+  std::vector<oTarnScope*> moved;
+  for (const std::size_t row : rows) moved.push_back(rows_[row].scope);
+  parameters_->moveScopes(moved, before < rows_.size() ? rows_[before].scope : nullptr);
+  DisplayDataList(moved.front());
+  return true;
+}
+
+XmlElement SelectionRules::elementOf(const oTarnScope& scope) const {
+  return FindSessionData(*document_, scope.EcuName, scope.RequestName, scope.DataName, scope.FunctionAddress);
+}
+
+void SelectionRules::forgetRows() {
+  rows_.clear();
+  chosen_.clear();
+  selectedRow_ = kNoRow;
+}
+
+/// Items without a row have a place in the configuration too, by which it removes and moves.
+void SelectionRules::numberByPosition() {
+  std::int32_t position = 0;
+  for (oTarnScope& scope : *parameters_) scope.index = ++position;
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/CatalogueKeys.h"
+#include "catalogue/CatalogueSearch.h"
+#include "catalogue/CatalogueTree.h"
+#include "catalogue/SessionDocument.h"
+#include "config/oTarnParameters.h"
+#include "platform/xml/XmlDocument.h"
+#include "ui/select/RemovedItems.h"
+
+namespace tarnlog {
+
+/// A row of the list of data to record. Its texts are its own: they can be shown while the configuration is
+/// being replaced.
+struct SelectedRow {
+  oTarnScope* scope;
+  XmlElement element;  ///< the data in the session document
+  std::string data, request, ecu, device;
+};
+
+/// What the data selection screen shows, and what clicks on it do to the configuration: the tree of available
+/// data on the left, the data to record on the right. Rows count from 0. Operations that tell whether the
+/// configuration changed do nothing without a session document or parameters.
+class SelectionRules {
+ public:
+  static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
+
+  /// Shows another session's catalogue, by request; the list is empty until the parameters come, or are
+  /// displayed, again.
+  void setXmlSession(std::shared_ptr<const SessionDocument> document);
+  const std::shared_ptr<const SessionDocument>& xmlSession() const { return document_; }
+  /// Shows a configuration. What was removed from the list before can no longer be put back: the
+  /// configuration may be another one.
+  void setParameters(std::shared_ptr<oTarnParameters> parameters);
+  const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
+
+  /// Builds the rows from the configuration, renews the items' keys and numbers them; selects that item's
+  /// row, or the last one. Items that the session does not offer stay in the configuration, without a row.
+  /// Fills the tree again when other data are chosen than before. Returns the number of rows.
+  std::int32_t DisplayDataList(const oTarnScope* selectScope = nullptr);
+  /// Empties the list and fills the tree again.
+  void Clear();
+
+  CatalogueTree& tree() { return tree_; }
+  const CatalogueTree& tree() const { return tree_; }
+  /// "R", "D" or "O"; the tree is filled again unless it has this shape.
+  void setShape(char key);
+  /// Builds the children of an ECU node, if that is still to be done.
+  void expand(CatalogueNode node);
+  /// Leaves in the tree only data in which every word of the text is found; blanks only: all data.
+  void setFilter(std::string_view text);
+  bool filtering() const { return tree_.shown != nullptr; }
+  /// What the filter found, by ECU; chosen data are not counted.
+  const std::vector<CatalogueSearch::Found::EcuCount>& found() const { return found_.ecus; }
+
+  const std::vector<SelectedRow>& rows() const { return rows_; }
+  /// The row that the last operation leaves selected, or kNoRow.
+  std::size_t selectedRow() const { return selectedRow_; }
+
+  /// The data nodes that these nodes stand for, each once: a request or a device stands for all below it, an
+  /// ECU for none.
+  std::vector<CatalogueNode> dataNodes(const std::vector<CatalogueNode>& nodes) const;
+  /// Moves the data of these nodes to the list, before that row or to the end. True when some were added.
+  bool addData(const std::vector<CatalogueNode>& nodes, std::size_t before = kNoRow);
+  /// A double click adds requests and data only. True when it is one of these, added or not.
+  bool addsOnDoubleClick(CatalogueNode node) const;
+
+  struct Removal {
+    bool changed = false;
+    std::vector<std::string> notFound;  ///< data that are not in the document; they stay in the list
+  };
+  /// Gives these rows back to the tree.
+  Removal removeData(std::vector<std::size_t> rows, std::size_t focusedRow);
+  /// Takes back the last removal that was not taken back yet.
+  bool undoRemoval();
+
+  /// By one place, past the neighbour.
+  bool moveUp(std::size_t row);
+  bool moveDown(std::size_t row);
+  /// Moves rows together before that row (kNoRow: to the end); the first of them is selected.
+  bool moveRows(std::vector<std::size_t> rows, std::size_t before);
+
+ private:
+  oTarnScope* MoveNodeToRecord(CatalogueNode node);
+  void AddDataRow(oTarnScope& scope, XmlElement element);
+  bool RemoveDataRow(std::size_t row, RemovedItems& removed);
+  bool changePlaces(std::size_t row, std::size_t neighbour);
+  bool buildRows(const oTarnScope* selectScope);
+
+  void fillTree();
+  void search();
+  XmlElement elementOf(const oTarnScope& scope) const;
+  void forgetRows();
+  void numberByPosition();
+  bool ready() const { return document_ != nullptr && parameters_ != nullptr; }
+
+  std::shared_ptr<const SessionDocument> document_;
+  std::shared_ptr<oTarnParameters> parameters_;
+  CatalogueTree tree_;
+  CatalogueSearch search_;
+  CatalogueSearch::Found found_;
+  std::string filter_;
+  std::vector<SelectedRow> rows_;
+  CatalogueKeys chosen_;  ///< the keys of the rows
+  std::size_t selectedRow_ = kNoRow;
+  std::vector<RemovedItems> removals_;
+};
+
+}  // namespace tarnlog

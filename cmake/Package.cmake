@@ -33,8 +33,8 @@ tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platf
 tarnlog_package_part(Vehicle tarnlog_vehicle)
 tarnlog_package_headers("" host)
 if(TARNLOG_UI)
-  tarnlog_package_part(Ui tarnlog_controls)
-  tarnlog_package_headers(src/ platform/controls platform/plotting)
+  tarnlog_package_part(Ui tarnlog_ui_main tarnlog_controls)
+  tarnlog_package_headers(src/ platform/controls platform/plotting ui/main)
 endif()
 
 configure_package_config_file(cmake/Tarnlog2001Config.cmake.in ${PROJECT_BINARY_DIR}/Tarnlog2001Config.cmake

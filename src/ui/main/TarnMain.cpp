@@ -45,9 +45,10 @@ TarnMain::TarnMain(const MainEnvironment& environment, QWidget* parent) : QWidge
   create(environment);
 }
 
-/// The views go before what they stand on.
+/// An acquisition ends in order, files closed. The views go before what they stand on.
 TarnMain::~TarnMain() {
   configure_->disconnect(this);
+  skipOnFailure([&] { acq_->acq().setSession(nullptr); });
   delete acq_;
   delete configure_;
 }

@@ -20,7 +20,8 @@ class oTarnParameters;
 struct MainEnvironment;
 
 /// The recorder, whole, for a place on a host's window: configuring, acquiring and the log of the latest
-/// acquisition. One thread, the user interface's.
+/// acquisition. One thread, the user interface's. Deleting it ends an acquisition in order; nobody may do so
+/// from inside a request, that is while the session lets events run.
 class TarnMain : public QWidget {
   Q_OBJECT
  public:

@@ -1,0 +1,118 @@
+#include "host/odx/OdxComputation.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <set>
+
+#include "host/odx/LeftOut.h"
+#include "host/odx/OdxLayer.h"
+
+namespace tarnlog::host {
+namespace {
+
+/// A limit of a text table may name a range; longer ones would only fill lists.
+constexpr std::int64_t kLongestRange = 16;
+
+std::optional<double> number(const std::string& text) {
+  double value = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data() + (text.starts_with('+') ? 1 : 0), end, value);
+  if (error != std::errc() || stop != end || !std::isfinite(value)) return {};
+  return value;
+}
+
+void readLinear(XmlElement scale, DataLayout& layout) {
+  const auto numerators = scale.selectNodes("COMPU-RATIONAL-COEFFS/COMPU-NUMERATOR/V");
+  const auto denominators = scale.selectNodes("COMPU-RATIONAL-COEFFS/COMPU-DENOMINATOR/V");
+  const auto valueOf = [](const std::vector<XmlElement>& list, std::size_t i, double otherwise) {
+    if (i >= list.size()) return otherwise;
+    const auto value = number(list[i].text());
+    if (!value) throw LeftOut("has a linear computation that is not made of numbers");
+    return *value;
+  };
+  layout.divisor = valueOf(denominators, 0, 1);
+  layout.factor = valueOf(numerators, 1, 1);
+  if (layout.divisor == 0 || layout.factor == 0 || numerators.size() > 2 || denominators.size() > 1)
+    throw LeftOut("has a computation that is not linear");
+  layout.offset = valueOf(numerators, 0, 0) / layout.divisor;
+}
+
+void readTexts(const std::vector<XmlElement>& scales, DataDescription& data) {
+  std::set<std::string> labels;
+  std::set<std::int64_t> values;
+  for (const XmlElement scale : scales) {
+    const std::string label = childText(scale.firstChild("COMPU-CONST"), "VT");
+    const auto from = odxInteger(childText(scale, "LOWER-LIMIT"));
+    const auto to = scale.firstChild("UPPER-LIMIT") ? odxInteger(childText(scale, "UPPER-LIMIT")) : from;
+    if (label.empty() || !from || !to || *to - *from >= kLongestRange) continue;
+    for (std::int64_t value = *from; value <= *to; ++value) {
+      if (value > std::numeric_limits<std::int32_t>::max() || !values.insert(value).second) continue;
+      std::string own = labels.contains(label) ? fmt::format("{} ({})", label, value) : label;
+      if (!labels.insert(own).second) continue;
+      data.enumeration.push_back({static_cast<std::int32_t>(value), std::move(own)});
+    }
+  }
+}
+
+bool isWhole(double value) { return std::trunc(value) == value; }
+
+double scaled(const DataLayout& layout, double raw) {
+  return raw * layout.factor / layout.divisor + layout.offset;
+}
+
+/// What the bits can express, or less where the data object says so.
+void setRange(XmlElement dataObject, const std::vector<XmlElement>& scales, DataDescription& data) {
+  auto lowest = static_cast<double>(data.layout.field.lowest());
+  auto highest = static_cast<double>(data.layout.field.highest());
+  const auto narrow = [&](XmlElement limits) {
+    if (const auto value = number(childText(limits, "LOWER-LIMIT"))) lowest = std::max(lowest, *value);
+    if (const auto value = number(childText(limits, "UPPER-LIMIT"))) highest = std::min(highest, *value);
+  };
+  narrow(dataObject.firstChild("INTERNAL-CONSTR"));
+  if (data.enumeration.empty() && scales.size() == 1) narrow(scales[0]);
+  if (lowest > highest) std::swap(lowest, highest);
+  const double first = scaled(data.layout, lowest);
+  const double last = scaled(data.layout, highest);
+  data.minimum = std::min(first, last);
+  data.maximum = std::max(first, last);
+}
+
+/// Integers where every value that the bits can express is one of 32 bits.
+DataKind kindOf(const DataLayout& layout) {
+  const double ends[] = {scaled(layout, static_cast<double>(layout.field.lowest())),
+                         scaled(layout, static_cast<double>(layout.field.highest()))};
+  const bool fits = std::ranges::all_of(ends, [](double value) {
+    return value >= std::numeric_limits<std::int32_t>::min() &&
+           value <= std::numeric_limits<std::int32_t>::max();
+  });
+  const bool whole = layout.divisor == 1 && isWhole(layout.factor) && isWhole(layout.offset);
+  return whole && fits ? DataKind::integer : DataKind::real;
+}
+
+}  // namespace
+
+void readOdxComputation(XmlElement dataObject, DataDescription& data) {
+  const XmlElement method = dataObject.firstChild("COMPU-METHOD");
+  const std::string category = childText(method, "CATEGORY");
+  const auto scales = method.selectNodes("COMPU-INTERNAL-TO-PHYS/COMPU-SCALES/COMPU-SCALE");
+  const bool linear = category == "LINEAR" || (category == "SCALE-LINEAR" && scales.size() == 1);
+  if (linear && !scales.empty())
+    readLinear(scales[0], data.layout);
+  else if (category == "TEXTTABLE")
+    readTexts(scales, data);
+  else if (category != "IDENTICAL")
+    throw LeftOut("is computed by " + (category.empty() ? "no named method" : category));
+  data.layout.kind = kindOf(data.layout);
+  if (data.layout.kind != DataKind::integer) data.enumeration.clear();
+  setRange(dataObject, scales, data);
+  const auto precision = odxInteger(childText(dataObject.firstChild("PHYSICAL-TYPE"), "PRECISION"));
+  if (precision && *precision >= 0 && *precision <= 15 && data.layout.kind == DataKind::real)
+    data.decimals = static_cast<int>(*precision);
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "host/odx/OdxLibrary.h"
+#include "host/vehicle/VehicleDescription.h"
+
+namespace tarnlog::host {
+
+/// Takes over the computation (COMPU-METHOD) of a data object: identical, linear and text table. `data` has
+/// its field already. LeftOut for any other: a wrong number is worse than none.
+void readOdxComputation(XmlElement dataObject, DataDescription& data);
+
+}  // namespace tarnlog::host

@@ -1,0 +1,132 @@
+#include "host/odx/OdxImport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <utility>
+
+#include "host/odx/LeftOut.h"
+#include "host/odx/OdxFrame.h"
+#include "host/odx/OdxLayer.h"
+#include "host/odx/OdxResponse.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::array<std::uint8_t, 5> kReadServices{0x01, 0x09, 0x1A, 0x21, 0x22};
+constexpr std::chrono::milliseconds kTimeout{200};
+constexpr std::chrono::milliseconds kPendingTimeout{5000};
+
+std::string uniqueIn(std::set<std::string>& names, const std::string& name, const std::string& otherwise) {
+  std::string own = name.empty() ? otherwise : name;
+  if (names.contains(own) && !otherwise.empty()) own = fmt::format("{} ({})", own, otherwise);
+  const std::string wanted = own;
+  for (int i = 2; !names.insert(own).second; ++i) own = fmt::format("{} {}", wanted, i);
+  return own;
+}
+
+class Importer {
+ public:
+  explicit Importer(const std::vector<PdxEntry>& entries) : library_(entries) {}
+
+  OdxImport run(const std::string& name) {
+    import_.vehicle.name = name;
+    import_.vehicle.pendingTimeout = kPendingTimeout;
+    for (const XmlElement variant : variants()) addEcu(OdxLayer(library_, variant));
+    if (import_.vehicle.ecus.empty())
+      throw TarnError(1, "importOdx", "expected ECU variants with read services, found none");
+    return std::move(import_);
+  }
+
+ private:
+  /// ECU variants, and base variants that no ECU variant refines.
+  std::vector<XmlElement> variants() const {
+    std::vector<XmlElement> all = library_.layers("ECU-VARIANT");
+    std::set<std::string_view> refined;
+    for (const XmlElement variant : all)
+      for (const XmlElement parent : variant.selectNodes("PARENT-REFS/PARENT-REF"))
+        refined.insert(parent.attributeOrEmpty("ID-REF"));
+    for (const XmlElement base : library_.layers("BASE-VARIANT"))
+      if (!refined.contains(base.attributeOrEmpty("ID"))) all.push_back(base);
+    return all;
+  }
+
+  void addEcu(const OdxLayer& layer) {
+    EcuDescription ecu;
+    const std::string shortName = childText(layer.variant(), "SHORT-NAME");
+    ecu.name = displayName(layer.variant());
+    if (ecu.name.empty()) ecu.name = "ECU";
+    ecu.timeout = kTimeout;
+    std::set<std::string> names;
+    for (const XmlElement service : layer.services()) addRequest(layer, service, ecu, names);
+    if (ecu.requests.empty()) {
+      import_.leftOut.push_back(ecu.name + ": has no service that reads data");
+      return;
+    }
+    ecu.function = uniqueIn(functions_, ecu.name, shortName);
+    ecu.protocol = usesKwp(ecu) ? "KWP2000" : "UDS";
+    ecu.address = addressOf(layer, ecu);
+    import_.vehicle.ecus.push_back(std::move(ecu));
+  }
+
+  void addRequest(const OdxLayer& layer, XmlElement service, EcuDescription& ecu,
+                  std::set<std::string>& names) {
+    const std::string place = ecu.name + " / " + displayName(service);
+    try {
+      RequestDescription request;
+      request.timeout = kTimeout;
+      request.frame = readOdxFrame(layer, library_.follow(service, "REQUEST-REF"));
+      if (std::ranges::find(kReadServices, request.frame[0]) == kReadServices.end())
+        throw LeftOut(fmt::format("is not a service that reads data ({:02X})", request.frame[0]));
+      const XmlElement response = library_.find(
+          service.selectSingleNode("POS-RESPONSE-REFS/POS-RESPONSE-REF").attributeOrEmpty("ID-REF"));
+      request.data =
+          readOdxResponse(layer, response, [&](const std::string& data, const std::string& reason) {
+            import_.leftOut.push_back(fmt::format("{} / {}: {}", place, data, reason));
+          });
+      if (request.data.empty()) throw LeftOut("has no data that can be read");
+      request.name = uniqueIn(names, displayName(service), childText(service, "SHORT-NAME"));
+      ecu.requests.push_back(std::move(request));
+    } catch (const LeftOut& reason) {
+      import_.leftOut.push_back(place + ": " + reason.what());
+    }
+  }
+
+  static bool usesKwp(const EcuDescription& ecu) {
+    return std::ranges::any_of(ecu.requests, [](const RequestDescription& request) {
+      return request.frame[0] == 0x21 || request.frame[0] == 0x1A;
+    });
+  }
+
+  std::int32_t addressOf(const OdxLayer& layer, const EcuDescription& ecu) {
+    for (const char* name : {"CP_CanPhysReqId", "CP_DoIPLogicalEcuAddress", "CP_EcuAddress"})
+      if (const auto address = layer.communicationParameter(name)) {
+        if (!addresses_.insert(*address).second)
+          import_.notes.push_back(fmt::format(
+              "{}: another ECU has the address 0x{:X} too; if they are variants of one, keep the one "
+              "that your car has",
+              ecu.function, *address));
+        return *address;
+      }
+    const auto address = static_cast<std::int32_t>(import_.vehicle.ecus.size()) + 1;
+    import_.notes.push_back(fmt::format("{}: the container does not tell its address; {} stands in for it",
+                                        ecu.function, address));
+    return address;
+  }
+
+  OdxLibrary library_;
+  OdxImport import_;
+  std::set<std::string> functions_;
+  std::set<std::int32_t> addresses_;
+};
+
+}  // namespace
+
+OdxImport importOdx(const std::vector<PdxEntry>& entries, const std::string& vehicleName) {
+  return Importer(entries).run(vehicleName);
+}
+
+}  // namespace tarnlog::host

@@ -13,6 +13,7 @@
 #include "apps/common/StandardStreams.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/tarn-record/CheckCommand.h"
+#include "apps/tarn-record/ImportCommand.h"
 #include "apps/tarn-record/ListCommand.h"
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/RepairCommand.h"
@@ -164,6 +165,24 @@ std::function<int()> addRepair(CLI::App& app, std::string& file) {
   };
 }
 
+std::function<int()> addImport(CLI::App& app, ImportOptions& options) {
+  CLI::App& command = *app.add_subcommand("import", "Make a vehicle description of an ODX container");
+  command.add_option("--odx", options.odx, "ODX 2.2 container (.pdx), or one of its documents")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--output", options.output, "Vehicle description to write (replaced when it exists)")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--name", options.name, "Name of the vehicle (default: the container's)")
+      ->type_name("TEXT");
+  command.footer("Example:\n  tarn-record import --odx car.pdx --output car.vehicle.json");
+  return [&options] {
+    SystemFileSystem files;
+    print(importOdxFile(files, options));
+    return kDone;
+  };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -186,9 +205,10 @@ int program(int argc, char** argv) {
   CheckOptions checkOptions;
   NewOptions newOptions;
   std::string repairFileName;
-  const std::vector<std::function<int()>> actions = {addRun(app, runOptions), addList(app, listOptions),
-                                                     addCheck(app, checkOptions), addNew(app, newOptions),
-                                                     addRepair(app, repairFileName)};
+  ImportOptions importOptions;
+  const std::vector<std::function<int()>> actions = {
+      addRun(app, runOptions), addList(app, listOptions),      addCheck(app, checkOptions),
+      addNew(app, newOptions), addRepair(app, repairFileName), addImport(app, importOptions)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

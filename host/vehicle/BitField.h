@@ -27,6 +27,8 @@ struct BitField {
   constexpr unsigned shiftOf(unsigned index) const {
     return 8U * (order == ByteOrder::big ? bytes - 1U - index : index);
   }
+
+  bool operator==(const BitField&) const = default;
 };
 
 /// The bits as an unsigned number. The field must lie within the response.

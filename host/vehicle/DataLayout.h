@@ -36,6 +36,8 @@ struct DataLayout {
     return isNumber() ? std::size_t{field.byte} + field.bytes : std::size_t{firstByte} + byteCount;
   }
   std::int32_t typeCode() const;
+
+  bool operator==(const DataLayout&) const = default;
 };
 
 bool meansNotAvailable(const DataLayout& layout, std::uint32_t pattern);

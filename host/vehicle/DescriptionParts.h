@@ -7,6 +7,8 @@
 namespace tarnlog::host {
 
 inline constexpr std::int64_t kLongestWait = 3600000;  // milliseconds
+inline constexpr std::int64_t kUsualTimeout = 200;
+inline constexpr std::int64_t kUsualPendingTimeout = 5000;
 
 DataDescription readData(const JsonPlace& place);
 

@@ -12,9 +12,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::int64_t kTimeout = 200;
-constexpr std::int64_t kPendingTimeout = 5000;
-
 /// Names that may occur once in their scope. The texts belong to the parsed document.
 class UniqueNames {
  public:
@@ -102,8 +99,8 @@ VehicleDescription parseVehicleDescription(std::string_view json, const std::str
   VehicleDescription vehicle;
   vehicle.name = object.require("name").name();
   if (const auto description = object.find("description")) description->text();
-  const milliseconds timeout = readTimeout(object, "timeout", kTimeout);
-  vehicle.pendingTimeout = readTimeout(object, "pendingTimeout", kPendingTimeout);
+  const milliseconds timeout = readTimeout(object, "timeout", kUsualTimeout);
+  vehicle.pendingTimeout = readTimeout(object, "pendingTimeout", kUsualPendingTimeout);
   const JsonPlace ecus = object.require("ecus");
   UniqueNames functions("as an ECU's function");
   vehicle.ecus.reserve(ecus.size());

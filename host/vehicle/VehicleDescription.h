@@ -21,6 +21,8 @@ using Frame = std::vector<std::uint8_t>;
 struct EnumerationEntry {
   std::int32_t value = 0;
   std::string label;
+
+  bool operator==(const EnumerationEntry&) const = default;
 };
 
 struct DataDescription {
@@ -35,6 +37,8 @@ struct DataDescription {
   bool failure = false;
   bool readable = true;
   bool reference = false;
+
+  bool operator==(const DataDescription&) const = default;
 };
 
 struct RequestDescription {
@@ -43,6 +47,8 @@ struct RequestDescription {
   bool available = true;
   std::chrono::milliseconds timeout{};
   std::vector<DataDescription> data;
+
+  bool operator==(const RequestDescription&) const = default;
 };
 
 struct EcuDescription {
@@ -53,6 +59,8 @@ struct EcuDescription {
   Frame initialisation;  ///< empty: none
   std::chrono::milliseconds timeout{};
   std::vector<RequestDescription> requests;
+
+  bool operator==(const EcuDescription&) const = default;
 };
 
 /// A signal for one number of a response.

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/link/HexText.h"
-#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/DescriptionWriter.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -181,6 +181,21 @@ TEST(Description, WhatIsWrongIsRefusedWithItsPlace) {
     EXPECT_TRUE(text.starts_with("road.json: ")) << text;
     EXPECT_NE(text.find(test.says), std::string::npos)
         << test.json << "\n  says  " << text << "\n  not   " << test.says;
+  }
+}
+
+TEST(Description, IsWrittenAsItIsRead) {
+  for (const char* example : {"road-car", "kwp2000-car"}) {
+    std::ifstream file(std::string(TARNLOG_SOURCE_DIR "/examples/") + example + ".vehicle.json");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const VehicleDescription read = parseVehicleDescription(text, example, [](const std::string& path) {
+      std::ifstream table(TARNLOG_SOURCE_DIR "/examples/" + path);
+      return std::string{std::istreambuf_iterator<char>(table), {}};
+    });
+    const VehicleDescription again = parse(writeVehicleDescription(read));
+    EXPECT_EQ(again.name, read.name);
+    EXPECT_EQ(again.pendingTimeout, read.pendingTimeout);
+    EXPECT_TRUE(again.ecus == read.ecus) << writeVehicleDescription(read);
   }
 }
 

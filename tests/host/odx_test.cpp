@@ -1,0 +1,68 @@
+#include <gmock/gmock.h>
+#include <zip.h>
+
+#include <fstream>
+#include <functional>
+
+#include "host/odx/OdxImport.h"
+#include "host/vehicle/DescriptionWriter.h"
+#include "platform/base/TarnError.h"
+#include "platform/files/SystemFileSystem.h"
+#include "tests/support/TempFolder.h"
+
+namespace tarnlog::host {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+const char* const kDocument = TARNLOG_SOURCE_DIR "/tests/data/small.odx-d";
+
+std::string failureOf(const std::function<void()>& step) {
+  try {
+    step();
+  } catch (const TarnError& error) {
+    return error.description();
+  }
+  return "none";
+}
+
+TEST(OdxImport, TakesOverWhatCanBeReadAndSaysWhatCannot) {
+  const OdxImport import = importOdx(readPdx(kDocument), "Small car");
+  EXPECT_THAT(import.notes, ElementsAre());
+  EXPECT_THAT(import.leftOut,
+              ElementsAre("Engine, second series / Live data / Curve: is computed by TAB-INTP",
+                          "Engine, second series / Vin / Behind: stands behind data of variable length",
+                          "Engine, second series / Reset: is not a service that reads data (11)"));
+  EXPECT_EQ(writeVehicleDescription(import.vehicle),
+            SystemFileSystem().readAll(TARNLOG_SOURCE_DIR "/tests/data/small.vehicle.json"));
+}
+
+TEST(OdxImport, ReadsContainersAndRefusesWhatIsNone) {
+  const test::TempFolder folder;
+  const std::string path = folder.path() + "/small.pdx";
+  zip_t* const archive = zip_open(path.c_str(), ZIP_CREATE, nullptr);
+  zip_file_add(archive, "docs/small.odx-d", zip_source_file(archive, kDocument, 0, -1), 0);
+  zip_file_add(archive, "index.xml", zip_source_buffer(archive, "<x/>", 4, 0), 0);
+  ASSERT_EQ(zip_close(archive), 0);
+  EXPECT_EQ(importOdx(readPdx(path), "x").vehicle.ecus.size(), 1u);
+
+  std::ofstream(folder.path() + "/broken.pdx") << "PK\3\4 and then nothing";
+  EXPECT_THAT(failureOf([&] { readPdx(folder.path() + "/broken.pdx"); }),
+              HasSubstr("expected a PDX container"));
+  EXPECT_THAT(failureOf([] {
+                importOdx({{"a.odx-d", "<ODX>\n<a></b></ODX>"}}, "x");
+              }),
+              HasSubstr("a.odx-d, line 2"));
+  EXPECT_EQ(failureOf([] {
+              importOdx({{"a.odx-d", "<x/>"}}, "x");
+            }),
+            "a.odx-d: expected an ODX document (root element ODX)");
+  EXPECT_EQ(failureOf([] {
+              importOdx({{"a.odx-d", "<ODX/>"}}, "x");
+            }),
+            "expected ECU variants with read services, found none");
+}
+
+}  // namespace
+}  // namespace tarnlog::host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+
+#include "ui/scope/ScopeOffers.h"
+#include "ui/scope/ScopeRow.h"
+
+/// What the display parameters screen says, in the user's language.
+namespace tarnlog {
+
+/// A display type in the list of types.
+QString typeName(std::int32_t type);
+/// One sentence on what it shows.
+QString typeHint(std::int32_t type);
+/// How an item is shown, in its row.
+QString typeText(const ScopeRow& row);
+/// Which types are missing from the offer and why; empty when none is.
+QString whyNotOffered(const TypeOffer& offer);
+
+}  // namespace tarnlog

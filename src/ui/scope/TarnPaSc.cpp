@@ -1,0 +1,167 @@
+#include "ui/scope/TarnPaSc.h"
+
+#include <QColorDialog>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "ui/common/Convert.h"
+#include "ui/common/Icons.h"
+#include "ui/scope/ScopeListModel.h"
+#include "ui/scope/ScopeListView.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kBetweenButtons = 10;
+
+std::optional<QColor> askPlatform(QWidget* parent, const QColor& initial) {
+  for (std::size_t i = 0; i < kScopePalette.size(); ++i)
+    QColorDialog::setCustomColor(static_cast<int>(i), toQColor(static_cast<Colour>(paletteColour(i)), {}));
+  const QColor chosen = QColorDialog::getColor(initial, parent);
+  return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+}
+
+}  // namespace
+
+TarnPaSc::TarnPaSc(QWidget* parent) : QWidget(parent) {
+  model_ = new ScopeListModel(this);
+  listViewScope_ = new ScopeListView;
+  listViewScope_->setObjectName("ListViewScope");
+  listViewScope_->setAccessibleName(tr("Data and how they are shown"));
+  listViewScope_->setAccessibleDescription(
+      tr("Up and Down move the data; with Ctrl they go from row to row; Shift+F10 opens the menu"));
+  listViewScope_->setModel(model_);
+  panel_ = new ScopePanel(editor_);
+  panel_->setAskColour(askPlatform);
+  dataUp_ = makeButton("dataUp", "up", tr("Move up"), tr("Move the data up (Up arrow in the list)"));
+  dataDown_ =
+      makeButton("dataDown", "down", tr("Move down"), tr("Move the data down (Down arrow in the list)"));
+
+  auto* const buttons = new QHBoxLayout;
+  buttons->setSpacing(kBetweenButtons);
+  buttons->addWidget(dataUp_);
+  buttons->addWidget(dataDown_);
+  buttons->addStretch();
+  auto* const column = new QVBoxLayout;
+  column->setSpacing(0);
+  column->addLayout(buttons);
+  column->addWidget(panel_, 1);
+  auto* const screen = new QHBoxLayout(this);
+  screen->setContentsMargins({});
+  screen->setSpacing(0);
+  screen->addWidget(listViewScope_, 1);
+  screen->addLayout(column);
+  setTabOrder(listViewScope_, dataUp_);
+  setTabOrder(dataUp_, dataDown_);
+  setFocusProxy(listViewScope_);
+  makeMenu();
+  connectParts();
+  fillList();
+}
+
+QToolButton* TarnPaSc::makeButton(const char* name, const char* icon, const QString& accessibleName,
+                                  const QString& toolTip) {
+  auto* const button = new QToolButton;
+  button->setObjectName(name);
+  button->setIcon(tarnIcon(icon));
+  button->setAccessibleName(accessibleName);
+  button->setToolTip(toolTip);
+  button->setFocusPolicy(Qt::StrongFocus);
+  return button;
+}
+
+void TarnPaSc::makeMenu() {
+  menuPopup_ = new QMenu(this);
+  menuPopup_->setObjectName("MenuPopup");
+  menuPopup_->setToolTipsVisible(true);
+  const auto add = [this](const char* name, ScopeAction action, const QString& text, const QString& toolTip) {
+    QAction* const entry = menuPopup_->addAction(text, this, [this, action] { apply(action); });
+    entry->setObjectName(name);
+    entry->setToolTip(toolTip);
+  };
+  add("MenuPopupNone", ScopeAction::None, tr("&None"), tr("Record the selected data without showing them"));
+  add("MenuPopupNumeric", ScopeAction::Numeric, tr("&Digital"), tr("Show each as digits or text"));
+  add("MenuPopupBarGraph", ScopeAction::BarGraph, tr("&BarGraph"), tr("Show each as a bar from 0 to 100"));
+  add("MenuPopupGraph", ScopeAction::Graph, tr("&Graph"), tr("A graph for each"));
+  add("MenuPopupSingle", ScopeAction::Single, tr("&Single graph"), tr("All on the graph of the first one"));
+  add("MenuPopupXY", ScopeAction::XY, tr("&X-Y graph"),
+      tr("All on the graph of the first one, the last as its X axis"));
+  menuPopup_->addSeparator();
+  add("MenuPopupUnify", ScopeAction::Unify, tr("&Unify number of points"),
+      tr("Give all selected graphs the number of points of the first one"));
+}
+
+void TarnPaSc::connectParts() {
+  connect(listViewScope_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          [this](const QModelIndex& current) { showRow(current.row()); });
+  connect(listViewScope_, &ScopeListView::moveUpRequested, this, [this] { move(true); });
+  connect(listViewScope_, &ScopeListView::moveDownRequested, this, [this] { move(false); });
+  connect(listViewScope_, &ScopeListView::menuRequested, this, &TarnPaSc::popUpMenu);
+  connect(dataUp_, &QToolButton::clicked, this, [this] { move(true); });
+  connect(dataDown_, &QToolButton::clicked, this, [this] { move(false); });
+  connect(panel_, &ScopePanel::typeEdited, this, [this] {
+    fillList();
+    emit edited();
+  });
+  connect(panel_, &ScopePanel::colourEdited, this, [this] {
+    refreshRow();
+    emit edited();
+  });
+  connect(panel_, &ScopePanel::valueEdited, this, &TarnPaSc::edited);
+}
+
+void TarnPaSc::setParameters(std::shared_ptr<oTarnParameters> parameters) {
+  editor_.setParameters(std::move(parameters));
+  fillList();
+}
+
+void TarnPaSc::showRow(int row) {
+  if (filling_ || row < 0) return;
+  editor_.show(static_cast<std::size_t>(row) + 1);
+  panel_->load();
+}
+
+void TarnPaSc::fillList() {
+  const QScopedValueRollback filling(filling_, true);
+  model_->setRows(Parameters() == nullptr ? std::vector<ScopeRow>() : scopeRows(*Parameters()));
+  if (editor_.current() == nullptr) editor_.show(1);
+  const int row = static_cast<int>(editor_.currentPosition()) - 1;
+  const bool kept =
+      row == listViewScope_->currentIndex().row() && listViewScope_->selectionModel()->hasSelection();
+  if (row >= 0 && !kept) listViewScope_->selectRow(row);
+  panel_->load();
+  dataUp_->setEnabled(row >= 0);
+  dataDown_->setEnabled(row >= 0);
+}
+
+void TarnPaSc::refreshRow() {
+  if (const oTarnScope* const scope = editor_.current())
+    model_->setRow(static_cast<int>(editor_.currentPosition()) - 1, scopeRow(*Parameters(), *scope));
+}
+
+void TarnPaSc::move(bool up) {
+  if (!(up ? editor_.moveUp() : editor_.moveDown())) return;
+  fillList();
+  emit edited();
+}
+
+void TarnPaSc::apply(ScopeAction action) {
+  std::vector<std::size_t> positions = listViewScope_->selectedRows();
+  for (std::size_t& position : positions) ++position;
+  if (!editor_.apply(action, positions)) return;
+  fillList();
+  emit edited();
+}
+
+void TarnPaSc::popUpMenu(const QPoint& globalPosition) {
+  // Some platforms report the menu key twice, as a key and as a wish for the menu.
+  if (menuPopup_->isVisible() || listViewScope_->selectedRows().empty()) return;
+  menuPopup_->popup(globalPosition);
+}
+
+}  // namespace tarnlog

@@ -1,6 +1,7 @@
 #include "platform/controls/CWNumEdit.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace tarnlog {
 
@@ -23,9 +24,21 @@ QString CWNumEdit::textFromValue(double value) const {
 void CWNumEdit::keyPressEvent(QKeyEvent* event) {
   const bool up = event->key() == Qt::Key_PageUp;
   if (!up && event->key() != Qt::Key_PageDown) return QDoubleSpinBox::keyPressEvent(event);
-  if (isReadOnly()) return;
+  if (!isReadOnly()) moveBy(up ? fastStep_ : -fastStep_);
+}
+
+void CWNumEdit::setStepRange(double lowest, double highest) {
+  lowestStep_ = lowest;
+  highestStep_ = highest;
+}
+
+void CWNumEdit::stepBy(int steps) { moveBy(steps * singleStep()); }
+
+void CWNumEdit::moveBy(double difference) {
   interpretText();
-  setValue(value() + (up ? fastStep_ : -fastStep_));
+  const bool inside = value() >= lowestStep_ && value() <= highestStep_;
+  const double moved = value() + difference;
+  setValue(inside ? std::clamp(moved, lowestStep_, highestStep_) : moved);
   selectAll();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDoubleSpinBox>
+#include <limits>
 
 namespace tarnlog {
 
@@ -14,6 +15,9 @@ class CWNumEdit : public QDoubleSpinBox {
   explicit CWNumEdit(QWidget* parent = nullptr);
   double fastStep() const { return fastStep_; }
   void setFastStep(double step) { fastStep_ = step; }
+  /// Limits for stepping only: a step from between them stays there, and any value of the range can be typed.
+  void setStepRange(double lowest, double highest);
+  void stepBy(int steps) override;
   /// Without trailing zeros.
   QString textFromValue(double value) const override;
 
@@ -21,7 +25,11 @@ class CWNumEdit : public QDoubleSpinBox {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void moveBy(double difference);
+
   double fastStep_ = 10;
+  double lowestStep_ = -std::numeric_limits<double>::infinity();
+  double highestStep_ = std::numeric_limits<double>::infinity();
 };
 
 }  // namespace tarnlog

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/base/TarnError.h"
 #include "ui/init/StartSessionText.h"
 
 namespace tarnlog {
@@ -36,7 +37,9 @@ InitRules::Added InitRules::add(std::size_t ecu, std::size_t request) {
     return Added::nothing;
   const OfferedEcu& from = offered_[ecu];
   if (!fits16Bits(from.address)) return Added::addressTooLarge;
-  parameters_->initScenario->Add(from.requests[request], from.name, static_cast<std::int16_t>(from.address));
+  const auto address = static_cast<std::int16_t>(from.address);
+  if (!skipOnFailure([&] { parameters_->initScenario->Add(from.requests[request], from.name, address); }))
+    return Added::full;
   selection_ = {1};
   return Added::yes;
 }

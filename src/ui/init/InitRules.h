@@ -21,6 +21,7 @@ class InitRules {
     yes,
     nothing,          ///< no request at this place
     addressTooLarge,  ///< the scenario holds 16-bit addresses; nothing was added
+    full,             ///< the scenario cannot count one more
   };
 
   /// Kept for the next `setParameters`; the host owns it. May be null.
@@ -35,8 +36,7 @@ class InitRules {
   /// The rows that are to be selected after the last action.
   const Rows& selection() const { return selection_; }
 
-  /// Appends a request of the tree (positions from 0) and selects the first row. Raises when the scenario is
-  /// full.
+  /// Appends a request of the tree (positions from 0) and selects the first row.
   Added add(std::size_t ecu, std::size_t request);
   /// These three take the selected rows and tell whether the scenario changed.
   bool remove(const Rows& rows);

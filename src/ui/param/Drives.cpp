@@ -38,6 +38,7 @@ std::vector<std::string> driveFolders(const std::vector<MountedFileSystem>& moun
     if (folder.empty() || each.folder.size() < folder.size()) folder = each.folder;
   }
   std::vector<std::string> folders;
+  folders.reserve(folderOfDevice.size());
   for (const auto& [device, folder] : folderOfDevice) folders.push_back(folder);
   std::sort(folders.begin(), folders.end());
   return folders;

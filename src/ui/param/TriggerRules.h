@@ -27,6 +27,7 @@ class TriggerRules {
   bool restart() const { return restart_; }
   /// A channel can be chosen: there are data items.
   bool channelOffered() const { return dataItems_ > 0; }
+  Kind kind() const { return kind_; }
   int channelOption() const { return kind_ == Kind::start ? 1 : 2; }
 
   bool chooseOption(int option);

@@ -48,8 +48,9 @@ class Run {
         progress_(clock_, ::isatty(STDERR_FILENO) != 0),
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()),
-        vehicle_(host::openVehicle(options.vehicle, files_, systemLocale(), linkClock_,
-                                   [this] { progress_.show(*acq_, screen_); })) {
+        vehicle_(host::openVehicle(
+            options.vehicle, files_, systemLocale(), linkClock_, [this] { progress_.show(*acq_, screen_); },
+            options.link)) {
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteFailureHandler(

@@ -4,10 +4,13 @@
 #include <optional>
 #include <string>
 
+#include "host/vehicle/Vehicle.h"
+
 namespace tarnlog::record {
 
 struct RunOptions {
   std::string vehicle;
+  host::LinkOptions link;
   std::string config;
   std::optional<std::string> folder;
   std::optional<std::string> format;

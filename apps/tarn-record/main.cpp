@@ -58,6 +58,12 @@ void addVehicle(CLI::App& command, std::string& vehicle) {
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
   addVehicle(command, options.vehicle);
+  command
+      .add_option("--link", options.link.url,
+                  "How the car is reached (default: the description's simulation)")
+      ->type_name("URL");
+  command.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
+      ->type_name("FILE");
   command.add_option("--config", options.config, "Recording configuration (XML)")
       ->required()
       ->type_name("FILE");

@@ -30,12 +30,19 @@ class OpenedVehicle {
 /// wrong, where, and what was expected there.
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files);
 
-/// Opens the described vehicle over its own simulation. `idleHook` runs at least every 20 ms while an answer
-/// is awaited; it may be empty, and it may do anything but send requests. `clock` must outlive the result.
-std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
-                                           UserLocale locale, LinkClock& clock, Link::IdleHook idleHook);
+/// How the vehicle is reached.
+struct LinkOptions {
+  std::string url;    ///< as `openLink` takes it; empty: the description's own simulation
+  std::string trace;  ///< a file, not there yet, that takes what goes over the link; empty: none
+};
 
-/// The same over a link to a real vehicle.
+/// Opens the described vehicle. `idleHook` runs at least every 20 ms while an answer is awaited; it may be
+/// empty, and it may do anything but send requests. `clock` and `files` must outlive the result.
+std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& files, UserLocale locale,
+                                           LinkClock& clock, Link::IdleHook idleHook,
+                                           const LinkOptions& link = {});
+
+/// The same over a link of the caller's own.
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
                                            UserLocale locale, LinkClock& clock, Link::IdleHook idleHook,
                                            std::unique_ptr<Link> link);

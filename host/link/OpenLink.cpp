@@ -1,0 +1,88 @@
+#include "host/link/OpenLink.h"
+
+#include <charconv>
+#include <utility>
+
+#include "host/link/DoipLink.h"
+#include "host/link/IsoTpLink.h"
+#include "host/link/LinkUrl.h"
+#include "host/link/PatientLink.h"
+#include "host/link/ReplayPeer.h"
+#include "host/link/SimulatedLink.h"
+#include "host/link/SocketCan.h"
+#include "host/link/TcpStream.h"
+#include "host/link/Trace.h"
+
+namespace tarnlog::host {
+namespace {
+
+class ReplayLink : private ReplayPeer, public SimulatedLink {
+ public:
+  ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock)
+      : ReplayPeer(std::move(entries), file), SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
+};
+
+std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files) {
+  url.allowOptions({});
+  const std::string& file = url.path();
+  if (file.empty()) url.expected("path", "the file of a trace", file);
+  return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock);
+}
+
+std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
+  constexpr std::int64_t kHighestAddress = 0xFFFF;
+  url.allowOptions({"ecu", "tester"});
+  if (url.host().empty()) url.expected("host", "a name, an address, or * to look for a car", url.host());
+  DoipSettings settings;
+  settings.host = url.host();
+  settings.port = url.port().value_or(kDoipPort);
+  if (const auto tester = url.numberOption("tester", 1, kHighestAddress))
+    settings.tester = static_cast<std::uint16_t>(*tester);
+  if (const auto ecu = url.numberOption("ecu", 1, kHighestAddress))
+    settings.ecu = static_cast<std::uint16_t>(*ecu);
+  const auto connect = [&clock](const std::string& host, std::uint16_t port) {
+    return std::make_unique<TcpStream>(host, port, clock);
+  };
+  return std::make_unique<PatientLink>(std::make_unique<DoipLink>(std::move(settings), connect, clock),
+                                       clock);
+}
+
+/// CAN identifiers are written in hexadecimal, with or without 0x.
+std::optional<std::uint32_t> identifier(const LinkUrl& url, const char* name) {
+  constexpr std::uint32_t kHighest = 0x1FFFFFFF;
+  const std::string* const text = url.option(name);
+  if (text == nullptr) return {};
+  const std::string_view digits = std::string_view(*text).substr(text->starts_with("0x") ? 2 : 0);
+  std::uint32_t id = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), id, 16);
+  if (error != std::errc() || end != digits.data() + digits.size() || id > kHighest)
+    url.expected(name, "a CAN identifier in hexadecimal, up to 1FFFFFFF", *text);
+  return id;
+}
+
+std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
+  url.allowOptions({"tx", "rx"});
+  const std::string interface = url.host();
+  if (interface.empty()) url.expected("interface", "a CAN interface like can0", interface);
+  const auto transmit = identifier(url, "tx");
+  const auto receive = identifier(url, "rx");
+  if (transmit.has_value() != receive.has_value())
+    url.expected(transmit ? "rx" : "tx", "both tx and rx, or none of them", "");
+  const auto pair = transmit ? std::optional(CanPair{*transmit, *receive}) : std::nullopt;
+  const auto connect = [interface, &clock](CanPair ids) {
+    return makeSocketCanStream(interface, ids, clock);
+  };
+  return std::make_unique<PatientLink>(std::make_unique<IsoTpLink>(pair, connect, clock), clock);
+}
+
+}  // namespace
+
+std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files) {
+  const LinkUrl link(url);
+  if (link.scheme() == "doip") return doip(link, clock);
+  if (link.scheme() == "isotp") return isoTp(link, clock);
+  if (link.scheme() == "replay") return replay(link, clock, files);
+  link.expected("kind", "doip, isotp or replay", link.scheme());
+}
+
+}  // namespace tarnlog::host

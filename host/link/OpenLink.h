@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+#include "platform/files/FileSystem.h"
+
+namespace tarnlog::host {
+
+/// Makes the link that a URL names, not open yet:
+///
+///     doip://192.168.1.10?ecu=0x1001&tester=0x0E00   a car on Ethernet; "doip://*" looks for one
+///     isotp://can0?tx=7E0&rx=7E8                     a CAN interface of Linux; without tx and rx each ECU's
+///                                                    address gives its identifiers
+///     replay:drive.trace                             the answers of a trace
+///
+/// After a failure the links keep further attempts to open them apart. A TarnError names the URL, the place
+/// and what was expected there. The clock must outlive the link.
+std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files);
+
+}  // namespace tarnlog::host

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "host/link/BackOff.h"
+#include "host/link/Link.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+/// Another link that is not opened again at once after it failed.
+class PatientLink : public Link {
+  /// Runs a step of the link; after a failure the next opening has to wait.
+  template <class Step>
+  auto watched(Step&& step) {
+    try {
+      return std::forward<Step>(step)();
+    } catch (const TarnError&) {
+      backOff_.failed();
+      throw;
+    }
+  }
+
+ public:
+  PatientLink(std::unique_ptr<Link> link, LinkClock& clock) : link_(std::move(link)), backOff_(clock) {
+    link_->setIdleHook([this] { idle(); });
+  }
+
+  void open() override {
+    backOff_.wait(idleHook());
+    watched([this] { link_->open(); });
+  }
+  void close() override { link_->close(); }
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override {
+    watched([&] { link_->send(target, request); });
+  }
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override {
+    const bool came = watched([&] { return link_->receive(response, timeout); });
+    if (came) backOff_.succeeded();
+    return came;
+  }
+
+ private:
+  std::unique_ptr<Link> link_;
+  BackOff backOff_;
+};
+
+}  // namespace tarnlog::host

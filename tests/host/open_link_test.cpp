@@ -1,0 +1,73 @@
+#include <gmock/gmock.h>
+
+#include "host/link/OpenLink.h"
+#include "host/link/PatientLink.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/MemoryFileSystem.h"
+
+namespace tarnlog::host {
+namespace {
+
+class BrokenLink : public Link {
+ public:
+  bool works = false;
+  void open() override {
+    if (!works) throw TarnError(1, "BrokenLink", "gone");
+  }
+  void close() override {}
+  void send(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {}
+  bool receive(Bytes& /*response*/, std::chrono::milliseconds /*timeout*/) override { return true; }
+};
+
+TEST(PatientLink, KeepsAttemptsApart) {
+  test::ManualLinkClock clock;
+  auto broken = std::make_unique<BrokenLink>();
+  BrokenLink& car = *broken;
+  PatientLink link(std::move(broken), clock);
+  int idle = 0;
+  link.setIdleHook([&] { ++idle; });
+  const auto attempt = [&] {
+    const std::int64_t before = clock.microseconds();
+    skipOnFailure([&] { link.open(); });
+    return (clock.microseconds() - before) / 1000;
+  };
+  EXPECT_EQ(attempt(), 0);
+  EXPECT_EQ(attempt(), 250);
+  EXPECT_EQ(attempt(), 500);
+  EXPECT_EQ(attempt(), 1000);
+  EXPECT_EQ(attempt(), 2000);
+  EXPECT_EQ(attempt(), 2000);
+  EXPECT_GE(idle, 5750 / 20);
+  car.works = true;
+  EXPECT_EQ(attempt(), 2000);
+  Link::Bytes response;
+  link.receive(response, std::chrono::milliseconds(1));
+  EXPECT_EQ(attempt(), 0);
+}
+
+TEST(OpenLink, RefusesWhatNamesNoLink) {
+  test::ManualLinkClock clock;
+  test::MemoryFileSystem files;
+  files.files["t.trace"] = "# tarnlog trace 1\n0.0 > 1 - 3E\n";
+  const auto refusal = [&](const std::string& url) -> std::string {
+    try {
+      openLink(url, clock, files);
+      return "";
+    } catch (const TarnError& error) {
+      return error.description();
+    }
+  };
+  for (const char* url :
+       {"doip://*", "doip://car.local:13401?ecu=0x1001&tester=0x0E80", "isotp://can0",
+        "isotp://can0?tx=7E0&rx=0x7E8", "isotp://can1?tx=18DA10F1&rx=18DAF110", "replay:t.trace"})
+    EXPECT_EQ(refusal(url), "") << url;
+  for (const char* url : {"doip://", "doip://car?ecu=0x10001", "isotp://", "isotp://can0?tx=7E0",
+                          "isotp://can0?tx=xyz&rx=1", "isotp://can0?baud=1", "replay:", "smoke://signals"})
+    EXPECT_THAT(refusal(url), testing::AllOf(testing::StartsWith("link " + std::string(url)),
+                                             testing::HasSubstr("expected")));
+  EXPECT_THAT(refusal("replay:none.trace"), testing::HasSubstr("none.trace"));
+}
+
+}  // namespace
+}  // namespace tarnlog::host

@@ -34,20 +34,6 @@ class TarnSelect : public StandInScreen {
   using StandInScreen::StandInScreen;
   void setXmlSession(std::shared_ptr<const SessionDocument>) {}
 };
-class TarnParam : public StandInScreen {
-  Q_OBJECT
- public:
-  TarnParam(SettingsStore&, FileSystem&) {}
-};
-class TarnPaSc : public StandInScreen {
-  Q_OBJECT
-};
-class TarnInit : public StandInScreen {
-  Q_OBJECT
- public:
-  void setSession(ferrox3::Session*) {}
-};
-
 class AcqView : public QWidget {
   Q_OBJECT
  public:

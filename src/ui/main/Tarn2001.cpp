@@ -13,9 +13,13 @@
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
+#include "ui/init/TarnInit.h"
 #include "ui/main/LackText.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/StandInScreens.h"
+#include "ui/main/WhenIdle.h"
+#include "ui/param/TarnParam.h"
+#include "ui/scope/TarnPaSc.h"
 
 namespace tarnlog {
 
@@ -46,6 +50,7 @@ Tarn2001::Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidg
       desk_(environment.files, environment.stylesheetUrl),
       dialogs_(environment.dialogs),
       notices_(notices),
+      whenIdle_(new WhenIdle([this] { return session_ != nullptr && session_->communicating(); }, this)),
       open_(new QAction(tr("&Open configuration..."), this)),
       save_(new QAction(tr("&Save configuration"), this)),
       saveAs_(new QAction(tr("Save configuration &as..."), this)),
@@ -72,9 +77,14 @@ void Tarn2001::createActions() {
   open_->setShortcut(QKeySequence::Open);
   save_->setShortcut(QKeySequence::Save);
   saveAs_->setShortcut(QKeySequence::SaveAs);
-  connect(open_, &QAction::triggered, this, [this] { OuvrirSelecteurFichier(kLoad); });
-  connect(save_, &QAction::triggered, this, [this] { save(); });
-  connect(saveAs_, &QAction::triggered, this, [this] { OuvrirSelecteurFichier(kSave); });
+  atClick(open_, [this] { OuvrirSelecteurFichier(kLoad); });
+  atClick(save_, [this] { save(); });
+  atClick(saveAs_, [this] { OuvrirSelecteurFichier(kSave); });
+  for (QAction* const action : fileActions()) action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+}
+
+void Tarn2001::atClick(QAction* button, const std::function<void()>& action) {
+  connect(button, &QAction::triggered, this, [this, action] { whenIdle_->run(action); });
 }
 
 QToolBar* Tarn2001::createToolBar() {
@@ -83,7 +93,7 @@ QToolBar* Tarn2001::createToolBar() {
   const auto add = [&](const char* key, const QString& toolTip, std::int16_t mode) {
     QAction* const button = bar->addAction(tarnIcon(key), toolTip);
     button->setObjectName(key);
-    connect(button, &QAction::triggered, this, [this, mode] { OuvrirSelecteurFichier(mode); });
+    atClick(button, [this, mode] { OuvrirSelecteurFichier(mode); });
   };
   add("load", tr("Load configuration"), kLoad);
   add("save", tr("Save configuration"), kSave);
@@ -138,6 +148,7 @@ void Tarn2001::setSession(ferrox3::Session* session) {
   desk_.setSession(xmlSession);
   select_->setXmlSession(xmlSession);
   paramInit_->setSession(session);
+  if (screens_->currentWidget() == paramInit_) paramInit_->setParameters(desk_.Parameters());
 }
 
 void Tarn2001::showScreen(int tab) {

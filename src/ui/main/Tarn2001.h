@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -21,6 +22,7 @@ class TarnInit;
 class TarnPaSc;
 class TarnParam;
 class TarnSelect;
+class WhenIdle;
 
 /// The configuration view: four screens under one tab strip, all editing one configuration, and the loading
 /// and saving of configuration files. It holds the configuration while it is shown: hiding it puts the
@@ -48,6 +50,9 @@ class Tarn2001 : public QWidget {
   /// Asks what to do with changed work that would be lost, and does it. False when the user keeps it.
   bool mayBeLost();
 
+  /// Somebody else than the screens changed the configuration.
+  void noteEdit() { desk_.noteEdit(); }
+
   const ConfigurationDesk& desk() const { return desk_; }
   /// Open, save, save as: for the menus of whoever shows this. Disabled while the configuration is put away.
   QList<QAction*> fileActions() const { return {open_, save_, saveAs_}; }
@@ -63,6 +68,7 @@ class Tarn2001 : public QWidget {
 
  private:
   void createActions();
+  void atClick(QAction* button, const std::function<void()>& action);
   QToolBar* createToolBar();
   void createScreens(const MainEnvironment& environment);
   void addScreen(QWidget* screen, const QString& caption, const char* key);
@@ -78,6 +84,7 @@ class Tarn2001 : public QWidget {
   ConfigurationDesk desk_;
   Dialogs& dialogs_;
   NoticeBar& notices_;
+  WhenIdle* whenIdle_;
   ferrox3::Session* session_ = nullptr;
   QAction* open_;
   QAction* save_;

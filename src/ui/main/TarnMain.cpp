@@ -63,6 +63,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   acq_->setObjectName("ctlTarnAcq");
   log_->setObjectName("logText");
   createTabs();
+  addActions(configure_->fileActions());
 
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

@@ -5,7 +5,7 @@
 #include <QStyle>
 #include <QStyleOption>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog {
 

@@ -4,7 +4,7 @@
 #include <QPainterPath>
 #include <cmath>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog {
 

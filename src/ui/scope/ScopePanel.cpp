@@ -11,9 +11,9 @@
 
 #include "platform/controls/CWNumEdit.h"
 #include "ui/common/Convert.h"
+#include "ui/common/ElidedLabel.h"
 #include "ui/scope/ColourBox.h"
 #include "ui/scope/CurvePreview.h"
-#include "ui/scope/ElidedLabel.h"
 #include "ui/scope/ScopeOffers.h"
 #include "ui/scope/ScopeTexts.h"
 

@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-#include "platform/controls/Blend.h"
+#include "platform/controls/Readable.h"
 #include "ui/scope/ReadableColour.h"
 
 namespace tarnlog {

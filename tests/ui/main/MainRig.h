@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QTabBar>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -12,6 +11,7 @@
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScriptedDialogs.h"
 #include "tests/support/SteppedClock.h"
 #include "ui/common/Convert.h"
 #include "ui/main/LogView.h"
@@ -21,38 +21,6 @@
 #include "ui/main/TarnMain.h"
 
 namespace tarnlog::test {
-
-/// A user whose answers are known beforehand; an unexpected question is cancelled.
-class ScriptedDialogs : public Dialogs {
- public:
-  std::deque<QString> filesToOpen;
-  std::deque<QString> filesToSave;
-  std::deque<Changed> decisions;
-  std::vector<std::string> asked;  ///< every question and message in turn
-
-  std::optional<QString> fileToOpen(QWidget*, const FileQuestion& question) override {
-    return answer(filesToOpen, "open " + question.filter);
-  }
-  std::optional<QString> fileToSave(QWidget*, const FileQuestion& question) override {
-    return answer(filesToSave, "save " + question.proposed);
-  }
-  void error(QWidget*, const QString& title, const QString& text) override {
-    asked.push_back(fromQString(title + ": " + text));
-  }
-  Changed changedWork(QWidget*, const QString& what) override {
-    return answer(decisions, "changed " + what).value_or(Changed::Cancel);
-  }
-
- private:
-  template <class T>
-  std::optional<T> answer(std::deque<T>& answers, const QString& question) {
-    asked.push_back(fromQString(question));
-    if (answers.empty()) return std::nullopt;
-    T given = answers.front();
-    answers.pop_front();
-    return given;
-  }
-};
 
 /// The recorder control in a shown window, on a simulated car with one ECU, "Engine", whose speed is
 /// `recipe.speed`. Time is stepped; files are in memory: /c.xml records the speed into /rec.

@@ -10,7 +10,7 @@
 
 #include "platform/base/TarnError.h"
 #include "tests/ui/main/MainRig.h"
-#include "ui/main/StandInScreens.h"
+#include "ui/init/TarnInit.h"
 
 namespace tarnlog {
 namespace {

@@ -25,6 +25,16 @@ std::string displayName(const std::string& caption, const ferrox3::DataItem& dat
   return (caption.empty() ? data.name() : caption) + unitSuffix(data);
 }
 
+ValueDescription describe(const std::string& caption, const ferrox3::DataItem& data) {
+  ValueDescription description{displayName(caption, data), data.unit(), {}};
+  const ferrox3::Enumeration* const texts = data.enumeration();
+  for (std::int32_t i = 1; texts != nullptr && i <= texts->Count(); ++i) {
+    const std::string label = texts->label(i);
+    description.labels.emplace_back(texts->value(label), label);
+  }
+  return description;
+}
+
 }  // namespace
 
 void DisplayBuilder::add(GrapheItem& graphe) {
@@ -48,6 +58,7 @@ void DisplayBuilder::addGraph(GrapheItem& graphe) {
   setXAxis(graphe.grapheControl, graphe);
   setYAxis(graphe.grapheControl, graphe);
   addPlots(graphe.grapheControl, *graphe.courbes);
+  describeValues(graphe);
   steps_.set(graphe.courbes->Item(graphe.courbes->Count()).ValeurControl, &LabelControl::bringToFront);
   layout_.advance(height);
   ++graphNumber_;
@@ -197,6 +208,19 @@ void DisplayBuilder::addPlots(GraphControl* graph, const CourbeItems& courbes) {
     steps_.set(graph, &GraphControl::addPlot);
     steps_.set(graph, &GraphControl::setPlotColour, plot++, courbe.Color);
   }
+}
+
+/// A plot whose data cannot be described is shown all the same.
+void DisplayBuilder::describeValues(const GrapheItem& graphe) {
+  GraphControl* const graph = graphe.grapheControl;
+  if (graph == nullptr) return;
+  int plot = 1;
+  for (const CourbeItem& courbe : *graphe.courbes) {
+    skipOnFailure([&] { graph->describePlot(plot, describe(courbe.Caption, *courbe.Data)); });
+    ++plot;
+  }
+  if (graphe.xData != nullptr)
+    skipOnFailure([&] { graph->describeX(describe(graphe.xcaption, *graphe.xData)); });
 }
 
 void DisplayBuilder::loadSlideControl(GrapheItem& graphe, std::int32_t height) {

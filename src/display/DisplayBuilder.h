@@ -42,6 +42,7 @@ class DisplayBuilder {
   void setXAxis(GraphControl* graph, const GrapheItem& graphe);
   void setYAxis(GraphControl* graph, const GrapheItem& graphe);
   void addPlots(GraphControl* graph, const CourbeItems& courbes);
+  static void describeValues(const GrapheItem& graphe);
   void loadSlideControl(GrapheItem& graphe, std::int32_t height);
   void setPointers(SlideControl* slide, const GrapheItem& graphe);
 

@@ -89,6 +89,11 @@ void CWGraph::setPlotColour(int plot, const QColor& colour) {
   redrawAll();
 }
 
+QColor CWGraph::plotColour(int plot) const {
+  if (plot < 1 || plot > plotCount()) return {};
+  return readableCurve(plots_[static_cast<std::size_t>(plot - 1)].colour, palette().color(QPalette::Base));
+}
+
 void CWGraph::chartY(int plot, double y, double moment) { append(plot, moment, y); }
 
 void CWGraph::plotXY(int plot, double x, double y) { append(plot, x, y); }

@@ -59,6 +59,8 @@ class CWGraph : public QWidget {
   int plotCount() const { return static_cast<int>(plots_.size()); }
   /// A colour that the background would swallow is painted in a near one that can be seen.
   void setPlotColour(int plot, const QColor& colour);
+  /// As it is painted.
+  QColor plotColour(int plot) const;
   /// `moment` is kept with the point, for whoever asks `momentOf`; it places nothing.
   void chartY(int plot, double y, double moment = 0);
   void plotXY(int plot, double x, double y);

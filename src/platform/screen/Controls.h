@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 /// The controls that the live display draws with, as it sees them. Geometry is in twips relative to the
 /// frame, colours are 0x00BBGGRR. Whoever draws (or does not) implements them; any call may raise.
@@ -44,6 +46,13 @@ class LabelControl : public Control {
   virtual void bringToFront() = 0;
 };
 
+/// What a reader calls the values of a plot, for read-outs and copies.
+struct ValueDescription {
+  std::string name;  ///< as the caption label shows it
+  std::string unit;
+  std::vector<std::pair<std::int32_t, std::string>> labels;  ///< texts of values that have one
+};
+
 enum class Axis { X = 1, Y = 2 };
 
 /// A graph with several plots over one pair of axes: a time chart (x = rank of the point), or X-Y. A new
@@ -71,6 +80,9 @@ class GraphControl : public Control {
   /// Adds a plot; plots are numbered from 1 in the order of adding.
   virtual void addPlot() = 0;
   virtual void setPlotColour(int plot, Colour colour) = 0;
+  /// What the plot's values are called, and the X axis' of an X-Y graph. Who reads nothing out ignores it.
+  virtual void describePlot(int /*plot*/, const ValueDescription& /*description*/) {}
+  virtual void describeX(const ValueDescription& /*description*/) {}
   /// Appends the next point of a time chart. NaN makes a gap.
   virtual void chartY(int plot, double y) = 0;
   /// Appends a point. NaN in either coordinate makes a gap.

@@ -14,7 +14,11 @@ TextLabel* labelOf(LabelBlock* block) { return block == nullptr ? nullptr : &blo
 }  // namespace
 
 GraphControl* FrameControls::LoadGraph(std::int16_t index) {
-  return graphs_.load(index, [&] { return named(std::make_unique<GraphBlock>(&surface_), "GT", index); });
+  return graphs_.load(index, [&] {
+    auto made = named(std::make_unique<GraphBlock>(&surface_, clock_), "GT", index);
+    if (graphMade_) graphMade_(*made);
+    return made;
+  });
 }
 
 SlideControl* FrameControls::LoadSlide(std::int16_t index) {
@@ -50,12 +54,30 @@ void FrameControls::linkLabels(std::int16_t index) {
   if (next != nullptr) next->setAbove(value);
 }
 
+void FrameControls::unloaded(std::int16_t index) {
+  if (index == 0) return;
+  linkLabels(index);
+  if (empty() && emptied_) emptied_();
+}
+
+bool FrameControls::empty() const {
+  return graphs_.empty() && slides_.empty() && captions_.empty() && values_.empty();
+}
+
+template <class Action>
+void FrameControls::each(Action action) const {
+  graphs_.each(action);
+  slides_.each(action);
+  captions_.each(action);
+  values_.each(action);
+}
+
+void FrameControls::setFrozen(bool frozen) {
+  each([frozen](auto& block) { block.setFrozen(frozen); });
+}
+
 void FrameControls::restyle() {
-  const auto each = [](auto& block) { block.restyle(); };
-  graphs_.each(each);
-  slides_.each(each);
-  captions_.each(each);
-  values_.each(each);
+  each([](auto& block) { block.restyle(); });
 }
 
 }  // namespace tarnlog

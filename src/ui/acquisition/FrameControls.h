@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
+#include <utility>
 
 #include "platform/screen/Controls.h"
 #include "ui/acquisition/ControlArray.h"
@@ -27,21 +29,34 @@ class FrameControls : public GraphicFrame {
   void setVisible(bool visible) override { surface_.setVisible(visible); }
 
   GraphControl* LoadGraph(std::int16_t index) override;
-  void UnloadGraph(GraphControl* control) override { graphs_.unload(control); }
+  void UnloadGraph(GraphControl* control) override { unloaded(graphs_.unload(control)); }
   SlideControl* LoadSlide(std::int16_t index) override;
-  void UnloadSlide(SlideControl* control) override { slides_.unload(control); }
+  void UnloadSlide(SlideControl* control) override { unloaded(slides_.unload(control)); }
   LabelControl* LoadCaption(std::int16_t index) override;
-  void UnloadCaption(LabelControl* control) override { linkLabels(captions_.unload(control)); }
+  void UnloadCaption(LabelControl* control) override { unloaded(captions_.unload(control)); }
   LabelControl* LoadValueText(std::int16_t index) override;
-  void UnloadValueText(LabelControl* control) override { linkLabels(values_.unload(control)); }
+  void UnloadValueText(LabelControl* control) override { unloaded(values_.unload(control)); }
 
+  void setClock(const Clock* clock) { clock_ = clock; }
+  /// Called with each graph that was made, and when the last control has gone.
+  void setGraphMade(std::function<void(GraphBlock&)> made) { graphMade_ = std::move(made); }
+  void setEmptied(std::function<void()> emptied) { emptied_ = std::move(emptied); }
+
+  bool empty() const;
+  void setFrozen(bool frozen);
   /// Palette or font of the desktop have changed.
   void restyle();
 
  private:
+  template <class Action>
+  void each(Action action) const;
+  void unloaded(std::int16_t index);
   void linkLabels(std::int16_t index);
 
   QWidget& surface_;
+  const Clock* clock_ = nullptr;
+  std::function<void(GraphBlock&)> graphMade_;
+  std::function<void()> emptied_;
   ControlArray<GraphBlock> graphs_;
   ControlArray<SlideBlock> slides_;
   ControlArray<LabelBlock> captions_;

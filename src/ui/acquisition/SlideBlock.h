@@ -20,6 +20,7 @@ class SlideBlock : public Placed<SlideControl, CWSlide> {
   void setPointerFillColour(int pointer, Colour colour) override;
   void setPointerColour(int pointer, Colour colour) override;
 
+  void setFrozen(bool frozen) { shown().setFrozen(frozen); }
   /// Palette or font of the desktop have changed.
   void restyle();
 

@@ -8,27 +8,25 @@
 namespace tarnlog {
 namespace {
 
-QString words(const char* text, int count = -1) {
-  return QCoreApplication::translate("GraphReading", text, nullptr, count);
-}
+QString words(const char* text) { return QCoreApplication::translate("GraphReading", text); }
 
 std::int32_t age(const GraphBlock& block, std::int64_t point, Milliseconds now) {
   return millisecondsBetween(static_cast<Milliseconds>(block.shown().momentOf(point)), now);
 }
 
+/// The clock tells whole seconds: with half a second more, the time is right on the average.
 QString timeOfDay(const GraphBlock& block, std::int64_t point) {
+  constexpr int kHalf = 500;
   const LocalDateTime now = block.clock()->now();
-  const QTime time(now.hour, now.minute, now.second);
-  return time.addMSecs(-age(block, point, block.clock()->milliseconds()))
-      .toString(QStringLiteral("HH:mm:ss"));
+  const std::int32_t past = age(block, point, block.clock()->milliseconds());
+  return QTime(now.hour, now.minute, now.second).addMSecs(kHalf - past).toString(QStringLiteral("HH:mm:ss"));
 }
 
 QString whenOf(const GraphBlock& block, std::int64_t point) {
   const CWGraph& graph = block.shown();
   const std::int64_t newest = graph.endPoint() - 1;
-  if (!block.knowsMoments())
-    return point == newest ? words("newest point")
-                           : words("%n point(s) ago", static_cast<int>(newest - point));
+  const std::int64_t back = newest - point;
+  if (!block.knowsMoments()) return back == 1 ? words("1 point ago") : words("%1 points ago").arg(back);
   const auto last = static_cast<Milliseconds>(graph.momentOf(newest));
   const QString seconds = graph.locale().toString(age(block, point, last) / 1000.0, 'f', 2);
   return words("%1 s ago (%2)").arg(seconds, timeOfDay(block, point));

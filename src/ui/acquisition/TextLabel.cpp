@@ -14,7 +14,8 @@ namespace tarnlog {
 namespace {
 
 constexpr int kPadding = 3;
-constexpr int kLeastStrip = 7;  ///< pixels; lower texts cannot be read
+constexpr int kCellPoints = 10;
+constexpr int kLeastStrip = 6;  ///< pixels; lower texts cannot be read
 
 /// Whole lines only; the last one that fits ends in an ellipsis when there is more.
 void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
@@ -76,9 +77,17 @@ void TextLabel::setFrozen(bool frozen) {
   update();
 }
 
+/// Values are what a passenger looks for: bold beside a graph or bar, large in a cell of their own.
+QFont TextLabel::usualFont() const {
+  const QFont desktop = parentWidget()->font();
+  if (backColour_) return screenFont(desktop, "MS Sans Serif", kCellPoints, false, false);
+  QFont font = fittedFont(desktop, kLineHeight);
+  font.setBold(role_ == Role::Value);
+  return font;
+}
+
 void TextLabel::restyle() {
-  if (!font_) setFont(fittedFont(parentWidget()->font(), kLineHeight));
-  if (font_) setFont(*font_);
+  setFont(font_ ? *font_ : usualFont());
   update();
 }
 
@@ -107,15 +116,20 @@ QRect TextLabel::valueStrip() const {
 }
 
 QColor TextLabel::background() const {
-  const QColor window = palette().color(QPalette::Window);
-  return backColour_ ? backgroundOn(palette(), toQColor(*backColour_, palette())) : window;
+  return backColour_ ? cellColour(palette(), toQColor(*backColour_, palette()))
+                     : palette().color(QPalette::Window);
+}
+
+QColor TextLabel::textColour() const {
+  if (!textColour_) return palette().color(QPalette::WindowText);
+  const QColor colour = toQColor(*textColour_, palette());
+  return readable(backColour_ ? cellColour(palette(), colour) : colour, background(), kTextContrast);
 }
 
 void TextLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (backColour_) painter.fillRect(rect(), background());
-  const QColor text = textColour_ ? toQColor(*textColour_, palette()) : palette().color(QPalette::WindowText);
-  painter.setPen(readable(text, background(), kTextContrast));
+  painter.setPen(textColour());
   if (role_ == Role::Caption)
     paintCaption(painter);
   else
@@ -139,17 +153,14 @@ void TextLabel::paintValue(QPainter& painter) const {
   QRect room = valueStrip().adjusted(kPadding, 0, -kPadding, 0);
   if (room.height() < kLeastStrip) return;
   painter.setFont(fittedFont(font(), room.height()));
-  const QFontMetrics metrics = painter.fontMetrics();
-  if (partner_ != nullptr && partner_->squeezed()) {
-    const QString value = metrics.elidedText(text(), Qt::ElideRight, room.width());
-    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, value);
-    room.setRight(room.right() - metrics.horizontalAdvance(value) - 2 * kPadding);
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-                     metrics.elidedText(partner_->text(), Qt::ElideRight, room.width()));
-    return;
-  }
+  const QString value = painter.fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+  const bool both = partner_ != nullptr && partner_->squeezed();
+  painter.drawText(room, (both ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, value);
+  if (!both) return;
+  room.setRight(room.right() - painter.fontMetrics().horizontalAdvance(value) - 2 * kPadding);
+  painter.setFont(fittedFont(partner_->font(), room.height()));
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-                   metrics.elidedText(text(), Qt::ElideRight, room.width()));
+                   painter.fontMetrics().elidedText(partner_->text(), Qt::ElideRight, room.width()));
 }
 
 /// The tip that was set, else the texts that are shown here: they may be elided.

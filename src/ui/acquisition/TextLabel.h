@@ -54,7 +54,9 @@ class TextLabel : public QWidget {
   QRect valueStrip() const;
   void paintCaption(QPainter& painter) const;
   void paintValue(QPainter& painter) const;
+  QFont usualFont() const;
   QColor background() const;
+  QColor textColour() const;
   QString tip() const;
 
   Role role_;

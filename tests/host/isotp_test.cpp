@@ -1,12 +1,11 @@
 #include <gmock/gmock.h>
 
-#include <deque>
-
 #include "host/link/HexText.h"
 #include "host/link/IsoTpLink.h"
 #include "host/link/IsoTpStream.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
+#include "tests/support/ScriptedBus.h"
 
 namespace tarnlog::host {
 namespace {
@@ -76,43 +75,9 @@ TEST(IsoTpSender, FollowsTheReceiversFlowControl) {
   EXPECT_THROW(sender.start({}), TarnError);
 }
 
-/// An ECU on a bus: what it sends after each of our frames.
-class ScriptedBus : public CanPort {
- public:
-  struct Log {
-    std::vector<std::string> heard;
-    std::map<std::string, std::vector<std::string>> script;  ///< frame heard, frames sent
-    std::string always;                                      ///< a frame that never ends coming
-  };
-  ScriptedBus(Log& log, test::ManualLinkClock& clock) : log_(log), clock_(clock) {}
-
-  void open() override {}
-  void close() override {}
-  void setIdleHook(std::function<void()> /*hook*/) override {}
-  void send(const CanPayload& payload) override {
-    log_.heard.push_back(hexText(payload.bytes()));
-    for (const std::string& frame : log_.script[log_.heard.back()]) coming_.push_back(frame);
-  }
-  bool receive(CanPayload& payload, std::int64_t deadline) override {
-    clock_.step(100);
-    if (coming_.empty() && log_.always.empty()) {
-      clock_.step(std::max<std::int64_t>(0, deadline - clock_.microseconds()));
-      return false;
-    }
-    payload = CanPayload(bytes(coming_.empty() ? log_.always : coming_.front()));
-    if (!coming_.empty()) coming_.pop_front();
-    return true;
-  }
-
- private:
-  Log& log_;
-  test::ManualLinkClock& clock_;
-  std::deque<std::string> coming_;
-};
-
 TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   test::ManualLinkClock clock;
-  ScriptedBus::Log bus;
+  test::ScriptedBus::Log bus;
   bus.script["02 09 02 CC CC CC CC CC"] = {"06 7F 09 78", "03 7F 09 78", "10 0A 49 02 01 31 44 34"};
   bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30"};
   bus.script["10 08 2E F1 90 01 02 03"] = {"31 00 00", "30 00 00"};
@@ -127,7 +92,7 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
             static_cast<std::uint8_t>(pair.receive >> 24),  static_cast<std::uint8_t>(pair.receive >> 16),
             static_cast<std::uint8_t>(pair.receive >> 8),   static_cast<std::uint8_t>(pair.receive)};
         pairs.push_back(hexText(ids));
-        return std::make_unique<IsoTpStream>(std::make_unique<ScriptedBus>(bus, clock), clock);
+        return std::make_unique<IsoTpStream>(std::make_unique<test::ScriptedBus>(bus, clock), clock);
       },
       clock);
   link.open();

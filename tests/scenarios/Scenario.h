@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -41,6 +42,11 @@ struct Recipe {
   std::string format = ".txt";
   std::string prefix = {};
   std::string folder = "/rec";
+
+  host::LinkOptions link = {};  ///< none: the simulation that the rest describes
+  std::function<std::unique_ptr<host::Link>(ManualLinkClock&)> makeLink = {};  ///< a link of the test's own
+
+  std::map<std::string, std::string> inputs = {};  ///< further files
 
   UserLocale locale = {};
   Milliseconds clock = 1'000'000;  ///< the system's clock at the start
@@ -131,11 +137,16 @@ class Scenario {
       : clock(recipe.clock),
         origin_(recipe.clock),
         acq({screen, clock, timer, disk == nullptr ? files : *disk, recipe.locale, "tarnlog.xsl"}) {
+    files.files = recipe.inputs;
     files.files["/in/car.json"] = vehicleDescription(recipe);
     files.files["/in/configuration.xml"] = configuration(recipe);
-    vehicle = host::openVehicle("/in/car.json", files, recipe.locale, linkClock, [this] {
+    const auto idle = [this] {
       if (whileWaiting) whileWaiting();
-    });
+    };
+    vehicle = recipe.makeLink
+                  ? host::openVehicle("/in/car.json", files, recipe.locale, linkClock, idle,
+                                      recipe.makeLink(linkClock))
+                  : host::openVehicle("/in/car.json", files, recipe.locale, linkClock, idle, recipe.link);
     parameters = load("/in/configuration.xml");
     acq.setAcqStoppedHandler([this] { ++stopped; });
     acq.setFileFinishedHandler([this](const std::string& path) { finished.push_back(path); });

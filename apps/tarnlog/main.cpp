@@ -1,0 +1,79 @@
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+
+#include "apps/common/BadInput.h"
+#include "apps/common/Signals.h"
+#include "apps/common/StandardStreams.h"
+#include "apps/tarnlog/Display.h"
+#include "apps/tarnlog/LiveRecorder.h"
+#include "platform/base/TarnError.h"
+
+namespace {
+
+using namespace tarnlog;
+
+/// The exit code, when the command line itself is what ends the program.
+std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
+  CLI::App app("Shows the data of a vehicle's control units live, and records them");
+  app.set_version_flag("--version", TARNLOG_VERSION);
+  app.add_option("--vehicle", options.vehicle, "Vehicle description (JSON)")->required()->type_name("FILE");
+  app.add_option("--config", options.config, "Recording configuration (XML)")->required()->type_name("FILE");
+  app.add_option("--folder", options.folder, "Write the files here; made when missing")->type_name("DIR");
+  app.footer(
+      "F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at "
+      "once;\nUSR1 is the event button.\n"
+      "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there "
+      "is\ntarn-record.\n"
+      "Example:\n"
+      "  tarnlog --vehicle examples/road-car.vehicle.json --config examples/road-car.xml --folder "
+      "recordings");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kBadInput;
+  }
+  return std::nullopt;
+}
+
+int program(int argc, char** argv) {
+  LiveOptions options;
+  if (const auto code = parse(argc, argv, options)) return *code;
+  LiveRecorder recorder(options);
+  if (!displayUsable()) {
+    std::fputs("tarnlog: there is no display to show a window on; tarn-record records without one\n", stderr);
+    return kNoDisplay;
+  }
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName("tarnlog");
+  Signals::install();
+  return recorder.run();
+}
+
+/// On standard error, and in a box for those who see none.
+int complain(int argc, char** argv, const std::exception& error, int exitCode) {
+  std::fprintf(stderr, "tarnlog: %s\n", error.what());
+  if (!displayUsable()) return exitCode;
+  const QApplication application(argc, argv);
+  QMessageBox::critical(nullptr, "Tarnlog", QString::fromUtf8(error.what()));
+  return exitCode;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    openClosedStandardStreams();
+    return program(argc, argv);
+  } catch (const BadInput& error) {
+    return complain(argc, argv, error, kBadInput);
+  } catch (const TarnError& error) {
+    return complain(argc, argv, error, kBadInput);
+  } catch (const std::exception& error) {
+    return complain(argc, argv, error, kFailed);
+  }
+}

@@ -1,0 +1,123 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <memory>
+#include <string>
+
+#include "acquisition/AcqScreen.h"
+#include "acquisition/TarnAcq.h"
+
+class QLabel;
+class QPushButton;
+class QShortcut;
+class QStatusBar;
+class QToolButton;
+
+namespace tarnlog {
+
+class ElidedLabel;
+class HotKeys;
+class Indicator;
+class KeyboardHelp;
+class LogList;
+class ScrolledGraphs;
+class TabStrip;
+class ValueListModel;
+class ValueListView;
+
+/// The acquisition as its user sees it: indicators, buttons, log, status bar, and the values as a list or as
+/// graphs. Owns the `TarnAcq` that it shows.
+///
+/// Hiding the view ends the acquisition (a minimised window does not hide it); destroying it ends it and
+/// closes its files. It must not be destroyed while a tick runs, that is from within an event that the host
+/// lets in while it waits for the vehicle, and nothing on it may wait there in a loop of its own.
+class AcqView : public QWidget, public AcqScreen {
+  Q_OBJECT
+ public:
+  /// What an acquisition needs besides its screen. All of it, and the session, outlives the view.
+  struct Environment {
+    Clock& clock;
+    Timer& timer;
+    FileSystem& files;
+    UserLocale locale;
+    std::string stylesheetUrl;
+  };
+
+  explicit AcqView(Environment environment, QWidget* parent = nullptr);
+  ~AcqView() override;
+
+  TarnAcq& acq() { return *acq_; }
+
+  /// Shows the values of this moment until further notice; the recorder goes on.
+  void setPaused(bool paused);
+  bool paused() const { return paused_; }
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+  void setRecordingCaption(std::string_view caption) override;
+  void setRecordingColour(Colour colour) override;
+  void setStateIndicator(std::string_view caption, Colour colour) override;
+  void setStartStopCaption(std::string_view caption) override;
+  void setEventCaption(std::string_view caption) override;
+  void setPanelText(StatusPanel panel, std::string_view text) override;
+  void clearLog() override;
+  void removeLogLine(int position) override;
+  void appendLogLine(std::string_view line) override;
+  void rebuildValueColumns() override;
+  void clearValueRows() override;
+  void addValueRow(std::string_view text, std::string_view unit) override;
+  void setValueText(int row, std::string_view text) override;
+  GraphArea* graphArea() override;
+  void focusStartStop() override;
+  void beep() override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void makeHeader();
+  void makeStatusBar();
+  void makeValues();
+  void makePauseControls();
+  void orderTabs();
+  void connectControls();
+  void addShortcuts();
+  QShortcut* addShortcut(int key);
+
+  void layOut();
+  int placeHeader(const QRect& inner);
+  void placeCorner();
+  void showTab(const QString& key);
+  void toggleFullScreen();
+  void toggleHelp();
+
+  std::unique_ptr<TarnAcq> acq_;
+  HotKeys* keys_ = nullptr;
+
+  Indicator* lblRec_ = nullptr;
+  Indicator* lblDiag_ = nullptr;
+  QPushButton* commandStartStop_ = nullptr;
+  QPushButton* eventBouton_ = nullptr;
+  LogList* log_ = nullptr;
+  QStatusBar* statusBar_ = nullptr;
+  ElidedLabel* recordPanel_ = nullptr;
+  QLabel* acqTimePanel_ = nullptr;
+  TabStrip* tabs_ = nullptr;
+  ValueListModel* values_ = nullptr;
+  ValueListView* valueList_ = nullptr;
+  ScrolledGraphs* graphs_ = nullptr;
+  QLabel* pausedMark_ = nullptr;
+  QToolButton* pauseButton_ = nullptr;
+  QToolButton* helpButton_ = nullptr;
+  KeyboardHelp* help_ = nullptr;
+  QShortcut* leaveFullScreen_ = nullptr;
+  std::array<QShortcut*, 2> pageKeys_{};
+  bool paused_ = false;
+};
+
+}  // namespace tarnlog

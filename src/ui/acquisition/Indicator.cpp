@@ -1,0 +1,83 @@
+#include "ui/acquisition/Indicator.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/acquisition/Readable.h"
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kPadding = 6;
+constexpr qreal kCorner = 3;
+constexpr int kCharacters = 9;  ///< as wide as the longest caption and its sign
+
+}  // namespace
+
+Indicator::Indicator(const QString& name, QWidget* parent) : QWidget(parent) {
+  setAccessibleName(name);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  QFont bold;
+  bold.setBold(true);
+  setFont(bold);
+}
+
+void Indicator::setCaption(const QString& caption) {
+  if (caption_ == caption) return;
+  caption_ = caption;
+  update();
+}
+
+void Indicator::setColour(Colour colour) {
+  if (colour_ == colour) return;
+  colour_ = colour;
+  update();
+}
+
+void Indicator::setMeaning(Sign sign, const QString& words) {
+  sign_ = sign;
+  setToolTip(words);
+  setAccessibleDescription(words);
+  update();
+}
+
+QSize Indicator::sizeHint() const {
+  const QFontMetrics metrics = fontMetrics();
+  return {metrics.averageCharWidth() * kCharacters + 2 * kPadding, metrics.height() + 2 * kPadding};
+}
+
+int Indicator::signSize() const { return sign_ == Sign::None ? 0 : fontMetrics().ascent(); }
+
+void Indicator::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor face = toQColor(colour_, palette());
+  painter.setBrush(face);
+  painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+
+  const QColor ink = colour_ == kButtonFace ? palette().color(QPalette::ButtonText)
+                                            : readable(Qt::black, face, kTextContrast);
+  painter.setPen(QPen(ink, 1.5));
+  const int sign = signSize();
+  const int gap = sign > 0 && !caption_.isEmpty() ? kPadding : 0;
+  const int text = fontMetrics().horizontalAdvance(caption_);
+  const int left = std::max((width() - sign - gap - text) / 2, kPadding);
+  if (sign > 0) paintSign(painter, QRectF(left, (height() - sign) / 2.0, sign, sign));
+  painter.drawText(rect().adjusted(left + sign + gap, 0, -kPadding, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                   caption_);
+}
+
+void Indicator::paintSign(QPainter& painter, const QRectF& square) const {
+  const QRectF ring = square.adjusted(1, 1, -1, -1);
+  const QColor ink = painter.pen().color();
+  painter.setBrush(sign_ == Sign::Disc ? QBrush(ink) : QBrush(Qt::NoBrush));
+  painter.drawEllipse(ring);
+  painter.setBrush(ink);
+  if (sign_ == Sign::HalfDisc) painter.drawPie(ring, 90 * 16, 180 * 16);
+  if (sign_ == Sign::RingWithDot) painter.drawEllipse(ring.center(), ring.width() / 8, ring.height() / 8);
+}
+
+}  // namespace tarnlog

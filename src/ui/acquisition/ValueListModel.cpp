@@ -1,0 +1,78 @@
+#include "ui/acquisition/ValueListModel.h"
+
+#include <cstddef>
+
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+
+void ValueListModel::addRow(std::string_view text, std::string_view unit) {
+  const int row = rowCount();
+  beginInsertRows({}, row, row);
+  rows_.push_back({std::string(text), {}, std::string(unit)});
+  if (frozen_) frozen_->push_back(rows_.back());
+  endInsertRows();
+}
+
+void ValueListModel::setValue(int row, std::string_view text) {
+  if (row < 0 || row >= rowCount()) return;
+  rows_[static_cast<std::size_t>(row)].value = text;
+  const QModelIndex cell = index(row, kValue);
+  if (!frozen_) emit dataChanged(cell, cell, {Qt::DisplayRole});
+}
+
+void ValueListModel::clear() {
+  beginResetModel();
+  rows_.clear();
+  frozen_.reset();
+  endResetModel();
+}
+
+void ValueListModel::setFrozen(bool frozen) {
+  if (frozen == frozen_.has_value()) return;
+  if (frozen) {
+    frozen_ = rows_;
+    return;
+  }
+  frozen_.reset();
+  if (rowCount() > 0) emit dataChanged(index(0, kValue), index(rowCount() - 1, kValue), {Qt::DisplayRole});
+}
+
+int ValueListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int ValueListModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
+
+QVariant ValueListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  if (role == Qt::TextAlignmentRole && index.column() == kValue)
+    return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+  const Row& row = (frozen_ ? *frozen_ : rows_)[static_cast<std::size_t>(index.row())];
+  switch (index.column()) {
+    case kData:
+      return toQString(row.text);
+    case kValue:
+      return toQString(row.value);
+    default:
+      return toQString(row.unit);
+  }
+}
+
+QVariant ValueListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::TextAlignmentRole)
+    return QVariant::fromValue((section == kValue ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole) return {};
+  switch (section) {
+    case kData:
+      return tr("Data");
+    case kValue:
+      return tr("Value");
+    default:
+      return tr("Unit");
+  }
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,68 @@
+#include "ui/acquisition/ValueListView.h"
+
+#include <QHeaderView>
+#include <QStyledItemDelegate>
+#include <cmath>
+
+#include "ui/acquisition/ValueListModel.h"
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kRowPadding = 3;  ///< pixels above and below the text, so that eyes find the row
+
+class RoomyRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * kRowPadding);
+  }
+};
+
+}  // namespace
+
+ValueListView::ValueListView(QWidget* parent) : QTreeView(parent) {
+  setObjectName("LVvisuText");
+  setAccessibleName(tr("Live values"));
+  setRootIsDecorated(false);
+  setItemsExpandable(false);
+  setUniformRowHeights(true);
+  setItemDelegate(new RoomyRows(this));
+  setAlternatingRowColors(true);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(ExtendedSelection);
+  header()->setSectionsMovable(false);
+  header()->setMinimumSectionSize(8);
+  connect(header(), &QHeaderView::sectionResized, this, [this] { dragged_ = dragged_ || !applying_; });
+}
+
+void ValueListView::rebuildColumns() {
+  dragged_ = false;
+  applyWidths();
+}
+
+void ValueListView::applyWidths() {
+  const Twips seventh = std::floor(toTwips(viewport()->width()) / 7);
+  applying_ = true;
+  setColumnWidth(ValueListModel::kData, toPixels(seventh * 4 - 6));
+  setColumnWidth(ValueListModel::kValue, toPixels(seventh * 2));
+  applying_ = false;
+}
+
+void ValueListView::resizeEvent(QResizeEvent* event) {
+  applying_ = true;  // the last column takes what is left
+  QTreeView::resizeEvent(event);
+  applying_ = false;
+  if (!dragged_) applyWidths();
+}
+
+void ValueListView::dataChanged(const QModelIndex& first, const QModelIndex& last,
+                                const QList<int>& /*roles*/) {
+  if (!isVisible()) return;
+  const QRect changed = visualRect(first).united(visualRect(last));
+  if (changed.intersects(viewport()->rect())) pacer_.request(changed);
+}
+
+}  // namespace tarnlog

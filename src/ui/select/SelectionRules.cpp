@@ -1,6 +1,7 @@
 #include "ui/select/SelectionRules.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <utility>
 
@@ -10,6 +11,16 @@
 namespace tarnlog {
 
 namespace {
+
+/// Where a data node stands: the rows of the ECU, of what is between, and its own.
+using Place = std::array<std::size_t, 3>;
+
+Place placeOf(const CatalogueTree& tree, CatalogueNode data) {
+  const CatalogueNode parent = tree.parent(data);
+  const CatalogueNode above = tree.parent(parent);
+  if (above == CatalogueTree::kRoot) return {tree.row(parent), tree.row(data), 0};
+  return {tree.row(above), tree.row(parent), tree.row(data)};
+}
 
 bool isData(const CatalogueTree::Content& content) {
   return content.image == CatalogueImage::data || content.image == CatalogueImage::reference;
@@ -95,19 +106,19 @@ void SelectionRules::fillTree() {
 }
 
 std::vector<CatalogueNode> SelectionRules::dataNodes(const std::vector<CatalogueNode>& nodes) const {
-  std::vector<CatalogueNode> found;
-  CatalogueKeys known;
-  const auto addOnce = [&](CatalogueNode node) {
-    const KeyNumber key = keyNumber(tree_.content(node).key);
-    if (!known.has(key)) found.push_back(node);
-    known.add(key);
-  };
+  std::vector<std::pair<Place, CatalogueNode>> placed;
+  const auto addNode = [&](CatalogueNode node) { placed.emplace_back(placeOf(tree_, node), node); };
   for (const CatalogueNode node : nodes) {
     const auto& content = tree_.content(node);
-    if (isData(content)) addOnce(node);
+    if (isData(content)) addNode(node);
     if (content.image == CatalogueImage::request || content.image == CatalogueImage::device)
-      for (const CatalogueNode child : tree_.children(node)) addOnce(child);
+      for (const CatalogueNode child : tree_.children(node)) addNode(child);
   }
+  std::sort(placed.begin(), placed.end());
+  placed.erase(std::unique(placed.begin(), placed.end()), placed.end());
+  std::vector<CatalogueNode> found;
+  found.reserve(placed.size());
+  for (const auto& [place, node] : placed) found.push_back(node);
   return found;
 }
 
@@ -228,6 +239,7 @@ bool SelectionRules::moveRows(std::vector<std::size_t> rows, std::size_t before)
   if (together && end >= rows.front() && end <= rows.back() + 1) return false;
   while (before < rows_.size() && std::binary_search(rows.begin(), rows.end(), before)) ++before;
   std::vector<oTarnScope*> moved;
+  moved.reserve(rows.size());
   for (const std::size_t row : rows) moved.push_back(rows_[row].scope);
   parameters_->moveScopes(moved, before < rows_.size() ? rows_[before].scope : nullptr);
   DisplayDataList(moved.front());

@@ -64,8 +64,8 @@ class SelectionRules {
   /// The row that the last operation leaves selected, or kNoRow.
   std::size_t selectedRow() const { return selectedRow_; }
 
-  /// The data nodes that these nodes stand for, each once: a request or a device stands for all below it, an
-  /// ECU for none.
+  /// The data nodes that these nodes stand for, each once and in the order of the tree: a request or a device
+  /// stands for all below it, an ECU for none.
   std::vector<CatalogueNode> dataNodes(const std::vector<CatalogueNode>& nodes) const;
   /// Moves the data of these nodes to the list, before that row or to the end. True when some were added.
   bool addData(const std::vector<CatalogueNode>& nodes, std::size_t before = kNoRow);

@@ -17,10 +17,16 @@ class Selection : public testing::Test, protected SmallSelection {
     for (const CatalogueNode ecu : ecus) rules.expand(ecu);
   }
   CatalogueNode node(const std::string& text) { return nodeNamed(rules.tree(), text); }
-  bool add(const std::vector<std::string>& names, std::size_t before = SelectionRules::kNoRow) {
+  bool addTogether(const std::vector<std::string>& names, std::size_t before = SelectionRules::kNoRow) {
     std::vector<CatalogueNode> nodes;
     for (const std::string& name : names) nodes.push_back(node(name));
     return rules.addData(nodes, before);
+  }
+  /// One after the other.
+  bool add(const std::vector<std::string>& names) {
+    bool added = false;
+    for (const std::string& name : names) added |= addTogether({name});
+    return added;
   }
   void watch(std::int32_t position) {
     parameters->startTrigger->typeTrigger = oTarnTrigger::kChannel;
@@ -42,9 +48,9 @@ class Selection : public testing::Test, protected SmallSelection {
 
 TEST_F(Selection, addingMakesItemsWithIdentityAndDefaultDisplay) {
   expandAll();
-  EXPECT_TRUE(add({"Speed", "Key", "Mode"}));
-  EXPECT_EQ(items(), "Speed:G Key:G Mode:D");
-  EXPECT_EQ(list(), "Speed Key [Mode]");
+  EXPECT_TRUE(addTogether({"Speed", "Key", "Mode"}));
+  EXPECT_EQ(items(), "Key:G Mode:D Speed:G") << "as they stand in the tree";
+  EXPECT_EQ(list(), "Key Mode [Speed]");
   EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status[Load Raw]]");
   const oTarnScope& speed = item("Speed");
   EXPECT_EQ(speed.EcuName + speed.FunctionName + speed.RequestName + speed.DeviceName + speed.Unit,
@@ -61,7 +67,7 @@ TEST_F(Selection, aRequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) 
   expandAll();
   EXPECT_FALSE(add({"Engine"}));
   add({"Load"});
-  EXPECT_TRUE(add({"Status", "Speed", "Engine"}));
+  EXPECT_TRUE(addTogether({"Status", "Speed", "Engine"}));
   EXPECT_EQ(items(), "Load:G Key:G Mode:D Raw:D Speed:G");
   EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status]");
   EXPECT_FALSE(add({"Status"}));
@@ -87,7 +93,7 @@ TEST_F(Selection, addingAtARowMovesTheRestDown) {
   add({"Speed", "Load"});
   item("Load").SetGraphIndex(0, 1);
   watch(2);
-  EXPECT_TRUE(add({"Front", "Rear"}, 0));
+  EXPECT_TRUE(addTogether({"Front", "Rear"}, 0));
   EXPECT_EQ(items(), "Front:G Rear:G Speed:G Load:I3");
   EXPECT_EQ(list(), "Front [Rear] Speed Load");
   EXPECT_EQ(parameters->startTrigger->DataIndex, 4);

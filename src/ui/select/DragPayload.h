@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QMimeData>
+#include <QString>
+#include <QStringList>
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+/// What is dragged inside one selection screen. Other screens and programs are refused: keys and rows mean
+/// nothing there.
+namespace tarnlog {
+
+inline constexpr const char* kDraggedNodes = "application/x-tarnlog-nodes";
+inline constexpr const char* kDraggedRows = "application/x-tarnlog-rows";
+
+QMimeData* dragPayload(const char* format, const void* screen, const QStringList& entries);
+/// None when it is of another format or comes from elsewhere.
+std::optional<QStringList> draggedEntries(const QMimeData* data, const char* format, const void* screen);
+/// The same for rows of the list.
+std::optional<std::vector<std::size_t>> draggedRows(const QMimeData* data, const void* screen);
+
+}  // namespace tarnlog

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QWidget>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "catalogue/SessionDocument.h"
+#include "config/oTarnParameters.h"
+#include "ui/select/SelectionRules.h"
+
+class QAbstractButton;
+class QToolBar;
+
+namespace tarnlog {
+
+class CatalogueModel;
+class FilterBox;
+class HintedTreeView;
+class SelectedDataModel;
+class TreeExpansion;
+
+/// The data selection screen: on the left the data that the session offers, on the right those to record.
+class TarnSelect : public QWidget {
+  Q_OBJECT
+ public:
+  explicit TarnSelect(QWidget* parent = nullptr);
+  ~TarnSelect() override;
+
+  /// Shows the catalogue of a session; the list is empty until the parameters come, or are displayed, again.
+  void setXmlSession(std::shared_ptr<const SessionDocument> document);
+  const std::shared_ptr<const SessionDocument>& xmlSession() const { return rules_.xmlSession(); }
+  /// Shows a configuration, which the screen edits in place.
+  void setParameters(std::shared_ptr<oTarnParameters> parameters);
+  const std::shared_ptr<oTarnParameters>& Parameters() const { return rules_.Parameters(); }
+  /// Builds the list again from the configuration and selects that item's row, or the last one. Returns the
+  /// number of rows.
+  std::int32_t DisplayDataList(const oTarnScope* selectScope = nullptr);
+  /// Empties the list and fills the tree again.
+  void Clear();
+
+ signals:
+  /// The user changed the configuration.
+  void edited();
+
+ private:
+  QWidget* createAvailable();
+  QWidget* createToRecord();
+  QToolBar* createShapes();
+  void createTree();
+  void createList();
+  QAbstractButton* createMover(const char* name, const char* icon, const QString& toolTip);
+  void createKeys();
+  void putInTabOrder();
+
+  void showShape();
+  void updateHints();
+  void updateButtons();
+  void chooseShape(char key);
+  void filterTree(const QString& text);
+  void filterList(const QString& text);
+
+  void addSelected();
+  void addActivated(const QModelIndex& index);
+  void addNodes(const std::vector<CatalogueNode>& nodes, std::size_t before);
+  void removeSelected();
+  void removeRows(const std::vector<std::size_t>& rows);
+  void undoRemoval();
+  void move(bool (SelectionRules::*step)(std::size_t));
+  void moveRows(const std::vector<std::size_t>& rows, std::size_t before);
+  /// Runs an operation that may change rows and configuration, shows its result and tells of the change.
+  template <class Operation>
+  void edit(Operation&& operation);
+  /// Runs an operation that may change the rows of the list and fill the tree.
+  template <class Operation>
+  void refill(Operation&& operation);
+  void selectRow(std::size_t row);
+  void reportNotFound(const std::vector<std::string>& names);
+  std::vector<std::size_t> selectedRows() const;
+  std::size_t focusedRow() const;
+
+  SelectionRules rules_;
+  CatalogueModel* catalogue_;
+  SelectedDataModel* selected_;
+  HintedTreeView* treeAllData_;
+  HintedTreeView* listDataToRecord_;
+  TreeExpansion* expansion_ = nullptr;
+  FilterBox* treeFilter_;
+  FilterBox* listFilter_;
+  QToolBar* tbSelect_ = nullptr;
+  QAbstractButton* addData_ = nullptr;
+  QAbstractButton* removeData_ = nullptr;
+  QAbstractButton* dataUp_ = nullptr;
+  QAbstractButton* dataDown_ = nullptr;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,331 @@
+#include "host/link/Elm327Link.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/link/ElmRequest.h"
+#include "host/link/ElmSetup.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kMillisecond = 1000;
+constexpr std::int64_t kPromptPatience = 1500 * kMillisecond;
+constexpr std::int64_t kWorkPatience = 15000 * kMillisecond;
+constexpr std::int64_t kBarePromptPatience = 300 * kMillisecond;
+constexpr std::int64_t kPendingPause = 100 * kMillisecond;
+constexpr std::size_t kMostMessages = 64;
+constexpr int kMostRepeats = 4;
+constexpr int kMostSilences = 8;
+/// Bytes of a request that fit beside the length into one CAN frame; the adapter cuts none.
+constexpr std::size_t kLongestOnCan = 7;
+
+[[noreturn]] void fail(const std::string& text) { throw TarnError(1, "Elm327Link", text); }
+
+void appendDigit(std::string& text, unsigned value) { text += "0123456789ABCDEF"[value & 0xFU]; }
+
+}  // namespace
+
+Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock)
+    : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol), backOff_(clock) {
+  console_.setIdleHook([this] { idle(); });
+}
+
+/// Runs a step; after its failure the link can only be opened again, and not at once.
+template <class Step>
+auto Elm327Link::guarded(Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const TarnError&) {
+    open_ = false;
+    backOff_.failed();
+    throw;
+  }
+}
+
+void Elm327Link::open() {
+  close();
+  backOff_.wait(idleHook());
+  guarded([this] {
+    console_.open();
+    adapterName_ = adapter_.setUp();
+  });
+  open_ = true;
+}
+
+void Elm327Link::close() {
+  open_ = false;
+  awaitsPrompt_ = false;
+  messages_.clear();
+  frameCounts_.clear();
+  silences_ = 0;
+  console_.close();
+}
+
+void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  guarded([&] {
+    if (!open_) fail("the adapter is not open");
+    finishAnswer();
+    if (silences_ >= kMostSilences) {
+      silences_ = 0;
+      adapter_.forgetBus();
+    }
+    adapter_.selectBus(target, request);
+    begin(target, request);
+    ask(true);
+  });
+}
+
+/// The adapter takes a new request only behind the prompt of the one before; a character sent earlier breaks
+/// the answer off.
+void Elm327Link::finishAnswer() {
+  if (awaitsPrompt_ && !promptComes(exchange_.atWork ? kWorkPatience : kPromptPatience)) {
+    console_.write("");
+    if (!promptComes(kPromptPatience)) fail("the adapter does not finish its answer: it sends no prompt");
+  }
+  messages_.clear();
+}
+
+bool Elm327Link::promptComes(std::int64_t patience) {
+  const std::int64_t deadline = clock_.microseconds() + patience;
+  while (auto item = console_.next(deadline)) {
+    if (item->prompt) {
+      awaitsPrompt_ = false;
+      settle();
+      return true;
+    }
+    take(std::move(item->line));
+  }
+  return false;
+}
+
+void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  const ElmBus bus = adapter_.bus();
+  if (isCan(bus) && request.size() > kLongestOnCan)
+    fail("an ELM327 sends at most 7 bytes on CAN, not " + std::to_string(request.size()));
+  assembler_.setBus(bus);
+  Exchange& exchange = exchange_;
+  exchange.target = target;
+  exchange.request.assign(request.begin(), request.end());
+  exchange.address = elmAddress(target, request, bus);
+  const auto reach = reach_.find(target.address);
+  if (reach != reach_.end() && reach->second.toAll && isObdRequest(request))
+    exchange.address = elmToAll(exchange.address, bus);
+  exchange.repeats = 0;
+  exchange.withoutDigit = exchange.restarted = exchange.atWork = false;
+}
+
+void Elm327Link::ask(bool countFrames) {
+  adapter_.setAddress(exchange_.address);
+  const std::int64_t longest = clock_.microseconds() + kPendingPause;
+  while (const auto item = console_.next(clock_.microseconds())) {
+    if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
+    if (clock_.microseconds() > longest) break;
+  }
+  const bool known = countFrames && exchange_.target.address != kEveryEcu;
+  exchange_.expectedFrames = known ? frameCounts_.of(exchange_.target.address, exchange_.request) : 0;
+  text_.clear();
+  for (const std::uint8_t byte : exchange_.request) {
+    appendDigit(text_, byte >> 4U);
+    appendDigit(text_, byte);
+  }
+  if (exchange_.expectedFrames > 0) appendDigit(text_, static_cast<unsigned>(exchange_.expectedFrames));
+  exchange_.anything = exchange_.barePrompt = exchange_.answered = exchange_.others = false;
+  exchange_.pending = exchange_.wasPending = false;
+  exchange_.notice.reset();
+  assembler_.reset();
+  console_.write(text_);
+  exchange_.asked = clock_.microseconds();
+  awaitsPrompt_ = true;
+}
+
+bool Elm327Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
+  return guarded([&] {
+    if (!open_) fail("the adapter is not open");
+    ElmMessage message;
+    const auto wait = std::chrono::microseconds(timeout).count();
+    if (!nextMessage(message, clock_.microseconds() + wait)) return false;
+    response = std::move(message.bytes);
+    return true;
+  });
+}
+
+bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
+  for (;;) {
+    if (!messages_.empty()) {
+      message = std::move(messages_.front());
+      messages_.pop_front();
+      return true;
+    }
+    if (!awaitsPrompt_) {
+      if (!exchange_.pending || !listenAfterPending(deadline)) return false;
+      continue;
+    }
+    // A prompt before any line is one that was late: the answer follows, if there is one.
+    const std::int64_t limit =
+        exchange_.barePrompt ? std::min(deadline, clock_.microseconds() + kBarePromptPatience) : deadline;
+    auto item = console_.next(limit);
+    if (item && !item->prompt) {
+      take(std::move(item->line));
+    } else if (item && !exchange_.anything && !exchange_.barePrompt) {
+      exchange_.barePrompt = true;
+    } else if (item || exchange_.barePrompt) {
+      awaitsPrompt_ = false;
+      settle();
+      if (messages_.empty() && !exchange_.pending && !retry(deadline)) return false;
+    } else {
+      return false;
+    }
+  }
+}
+
+void Elm327Link::take(ElmLine line) {
+  exchange_.anything = true;
+  if (line.notice == ElmNotice::working) exchange_.atWork = true;
+  if (line.isData()) {
+    takeData(line);
+  } else if (line.notice != ElmNotice::working && line.notice != ElmNotice::ok) {
+    const bool keep = exchange_.notice && exchange_.notice->notice == ElmNotice::restarted;
+    if (!keep) exchange_.notice = std::move(line);
+  }
+}
+
+void Elm327Link::takeData(const ElmLine& line) {
+  auto message = assembler_.accept(line);
+  if (!message) return;
+  const auto& wanted = exchange_.address.source;
+  if (wanted && message->source && message->source != wanted) {
+    exchange_.others = true;
+    return;
+  }
+  if (!isAnswerTo(exchange_.request, message->bytes)) return;
+  noteAnswer();
+  exchange_.pending = isResponsePending(message->bytes);
+  exchange_.wasPending = exchange_.wasPending || exchange_.pending;
+  if (messages_.size() < kMostMessages) messages_.push_back(std::move(*message));
+}
+
+void Elm327Link::noteAnswer() {
+  if (exchange_.answered) return;
+  exchange_.answered = true;
+  silences_ = 0;
+  backOff_.succeeded();
+  if (exchange_.target.address == kEveryEcu) return;
+  Reach& reach = reach_[exchange_.target.address];
+  reach.answered = true;
+  if (reach.triedToAll && isCan(adapter_.bus())) reach.toAll = exchange_.address.toAll;
+}
+
+void Elm327Link::settle() {
+  const ElmNotice notice = exchange_.notice ? exchange_.notice->notice : ElmNotice::none;
+  const std::int32_t address = exchange_.target.address;
+  if (notice == ElmNotice::restarted) ElmAdapter::failRestarted();
+  if (notice == ElmNotice::noConnection && !exchange_.answered)
+    failWithoutEcu(console_, exchange_.notice->text);
+  if (!exchange_.answered) {
+    ++silences_;
+    return;
+  }
+  if (exchange_.wasPending)
+    frameCounts_.distrust(address, exchange_.request);
+  else if (exchange_.withoutDigit)
+    frameCounts_.helpedWithout();
+  else if (exchange_.expectedFrames == 0 && address != kEveryEcu && !assembler_.incomplete())
+    frameCounts_.learn(address, exchange_.request, assembler_.frames());
+}
+
+bool Elm327Link::retry(std::int64_t deadline) {
+  if (exchange_.answered || clock_.microseconds() >= deadline) return false;
+  const ElmNotice notice = exchange_.notice ? exchange_.notice->notice : ElmNotice::none;
+  const bool counted = exchange_.expectedFrames > 0;
+  const bool silent = notice == ElmNotice::none && exchange_.others;
+  switch (silent ? ElmNotice::noData : notice) {
+    case ElmNotice::noData:
+      return retrySilence(deadline);
+    case ElmNotice::unknownCommand:
+      if (counted) frameCounts_.giveUp();
+      if (counted || exchange_.repeats == 0) return repeat(false);
+      fail("the adapter does not understand the request " + text_);
+    case ElmNotice::busTrouble:
+      if (exchange_.repeats == 0 && repeat(false)) return true;
+      failWithoutEcu(console_, exchange_.notice->text);
+    default:
+      if (counted) frameCounts_.distrust(exchange_.target.address, exchange_.request);
+      return repeat(false);
+  }
+}
+
+/// The ECU is silent. Before that is believed, what may hide its answer is tried: each at most once.
+bool Elm327Link::retrySilence(std::int64_t deadline) {
+  if (exchange_.expectedFrames > 0) {
+    exchange_.withoutDigit = true;
+    return repeat(false);
+  }
+  ElmAddress& address = exchange_.address;
+  if (exchange_.target.address != kEveryEcu) {
+    Reach& reach = reach_[exchange_.target.address];
+    if (!reach.answered && !reach.triedToAll && !address.toAll && isObdRequest(exchange_.request)) {
+      reach.triedToAll = true;
+      address = elmToAll(address, adapter_.bus());
+      return repeat(false);
+    }
+  }
+  if (adapter_.bus() == ElmBus::kwp && !address.toAll && !exchange_.restarted) {
+    exchange_.restarted = true;
+    adapter_.restartCommunication();
+    return repeat(false);
+  }
+  const std::int64_t given = deadline - exchange_.asked;
+  const std::int64_t steps =
+      std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
+  if (steps <= adapter_.timeout()) return false;
+  adapter_.setTimeout(static_cast<int>(steps));
+  return repeat(false);
+}
+
+bool Elm327Link::repeat(bool countFrames) {
+  if (!mayBeRepeated(exchange_.request) || exchange_.repeats >= kMostRepeats) return false;
+  ++exchange_.repeats;
+  ask(countFrames);
+  return true;
+}
+
+/// The adapter no longer listens to an ECU that said "response pending": what comes all the same is taken,
+/// then the request is sent again, with all the patience that the adapter has.
+bool Elm327Link::listenAfterPending(std::int64_t deadline) {
+  const std::int64_t now = clock_.microseconds();
+  if (now >= deadline) return false;
+  if (auto item = console_.next(std::min(deadline, now + kPendingPause))) {
+    if (!item->prompt) take(std::move(item->line));
+    return true;
+  }
+  if (clock_.microseconds() >= deadline || !mayBeRepeated(exchange_.request)) return false;
+  adapter_.setTimeout(kElmLongestTimeout);
+  ask(false);
+  return true;
+}
+
+std::vector<LinkTarget> Elm327Link::findEcus() {
+  constexpr std::uint8_t kSupportedPids = 0x00;
+  constexpr std::int64_t kPatience = 3000 * kMillisecond;
+  const Bytes request{0x01, kSupportedPids};
+  send({kEveryEcu, "OBD-II"}, request);
+  std::vector<LinkTarget> ecus;
+  guarded([&] {
+    const std::int64_t deadline = clock_.microseconds() + kPatience;
+    ElmMessage message;
+    while (nextMessage(message, deadline)) {
+      const std::int32_t address = ecuAddressOf(message.source, assembler_.bus());
+      const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
+      if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, "OBD-II"});
+    }
+  });
+  std::sort(ecus.begin(), ecus.end(),
+            [](const LinkTarget& a, const LinkTarget& b) { return a.address < b.address; });
+  return ecus;
+}
+
+bool Elm327Link::takesSeveralPids(const LinkTarget&) const { return isCan(adapter_.bus()); }
+
+}  // namespace tarnlog::host

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/link/BackOff.h"
+#include "host/link/ByteStream.h"
+#include "host/link/ElmAdapter.h"
+#include "host/link/ElmConsole.h"
+#include "host/link/ElmFrameCounts.h"
+#include "host/link/ElmFrames.h"
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+
+namespace tarnlog::host {
+
+/// An ELM327 adapter, or one of its many relatives. What an adapter does not know is gone on without.
+///
+/// Opening connects, resets and sets up the adapter; the first request makes it look for the car's bus, which
+/// takes up to a minute. A failure that only a new start can mend (adapter gone, no ECU on the bus, adapter
+/// reset by itself) is a TarnError; after it the link is to be closed and opened again, which waits longer
+/// from failure to failure, two seconds at most.
+class Elm327Link : public Link {
+ public:
+  /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. The clock must
+  /// outlive the link.
+  Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock);
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  std::vector<LinkTarget> findEcus() override;
+  bool takesSeveralPids(const LinkTarget& target) const override;
+
+  /// The adapter's name, as it gave it when it was opened.
+  const std::string& adapterName() const { return adapterName_; }
+
+ private:
+  /// What is known of reaching one ECU.
+  struct Reach {
+    bool answered = false;    ///< since the link was made
+    bool toAll = false;       ///< only what is sent to all ECUs reaches it
+    bool triedToAll = false;  ///< that was tried
+  };
+  /// One request and what has come of it.
+  struct Exchange {
+    LinkTarget target;
+    Bytes request;
+    ElmAddress address;
+    std::int64_t asked = 0;
+    int expectedFrames = 0;  ///< asked of the adapter; 0: it waits for more until its time is over
+    int repeats = 0;
+    bool withoutDigit = false;  ///< repeated because the number of frames may have been the fault
+    bool restarted = false;     ///< repeated with a new communication on the K line
+    bool anything = false;      ///< any line came
+    bool barePrompt = false;    ///< a prompt came before any line
+    bool answered = false;
+    bool others = false;      ///< only other ECUs answered
+    bool pending = false;     ///< the newest answer says "response pending"
+    bool wasPending = false;  ///< any did
+    bool atWork = false;      ///< the adapter searches or starts a bus
+    std::optional<ElmLine> notice;
+  };
+
+  template <class Step>
+  auto guarded(Step&& step);
+  void finishAnswer();
+  bool promptComes(std::int64_t patience);
+  void begin(const LinkTarget& target, std::span<const std::uint8_t> request);
+  void ask(bool countFrames);
+
+  bool nextMessage(ElmMessage& message, std::int64_t deadline);
+  void take(ElmLine line);
+  void takeData(const ElmLine& line);
+  void noteAnswer();
+  /// The prompt came: learns from it, and fails where only a new start helps.
+  void settle();
+  /// True when the request was sent once more, so that something may still come.
+  bool retry(std::int64_t deadline);
+  bool retrySilence(std::int64_t deadline);
+  bool repeat(bool countFrames);
+  bool listenAfterPending(std::int64_t deadline);
+
+  LinkClock& clock_;
+  ElmConsole console_;
+  ElmAdapter adapter_;
+  BackOff backOff_;
+  ElmAssembler assembler_;
+  ElmFrameCounts frameCounts_;
+  std::string adapterName_;
+  bool open_ = false;
+  bool awaitsPrompt_ = false;
+  int silences_ = 0;  ///< exchanges without any answer, one after another
+  std::map<std::int32_t, Reach> reach_;
+  Exchange exchange_;
+  std::string text_;  ///< of the request; kept for its capacity
+  std::deque<ElmMessage> messages_;
+};
+
+}  // namespace tarnlog::host

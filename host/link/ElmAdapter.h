@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/link/ElmAddress.h"
+#include "host/link/ElmBusSearch.h"
+#include "host/link/ElmConsole.h"
+
+namespace tarnlog::host {
+
+/// What an adapter was told, so that it is told again only what changes. Nothing here may be called while the
+/// adapter still answers a request. Raises TarnErrors when the adapter stops answering, starts again by
+/// itself, or finds no ECU.
+class ElmAdapter {
+ public:
+  /// `protocol` as ATSP takes it; none: the adapter searches.
+  ElmAdapter(ElmConsole& console, std::optional<char> protocol)
+      : console_(console), search_(console), fixedProtocol_(protocol) {}
+
+  /// Resets it and sets it up. Gives its name.
+  std::string setUp();
+  /// Chooses the bus for a request, searching when none is known.
+  void selectBus(const LinkTarget& target, std::span<const std::uint8_t> request);
+  /// Nobody answers on the bus any more: the next request looks for one again.
+  void forgetBus() { protocol_.reset(); }
+  ElmBus bus() const { return protocol_ ? protocol_->bus : ElmBus::unknown; }
+
+  void setAddress(const ElmAddress& address);
+  /// The ECU no longer knows of a communication: its next request starts one.
+  void restartCommunication();
+  /// How long it waits for an ECU, in its steps.
+  void setTimeout(int steps);
+  int timeout() const { return timeout_; }
+
+  [[noreturn]] static void failRestarted();
+
+ private:
+  /// False when the adapter does not know the command.
+  bool tell(std::string_view command);
+  void setFilter(const ElmAddress& address);
+  void openFilter(const ElmAddress& address);
+
+  ElmConsole& console_;
+  ElmBusSearch search_;
+  std::optional<char> fixedProtocol_;
+  std::optional<ElmProtocol> protocol_;
+  bool onKLine_ = false;               ///< the bus was chosen for an ECU on the K line
+  std::optional<ElmAddress> address_;  ///< as the adapter was told
+  std::string priority_;
+  bool filtered_ = false;            ///< it listens to identifiers of one ECU
+  std::set<std::string> started_{};  ///< headers of the K line with a communication
+  int timeout_ = 0;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,85 @@
+#include "host/link/ElmConsole.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+bool ElmReply::has(ElmNotice notice) const {
+  return std::any_of(lines.begin(), lines.end(), [&](const ElmLine& line) { return line.notice == notice; });
+}
+
+std::string_view ElmReply::text() const { return lines.empty() ? std::string_view() : lines.front().text; }
+
+ElmConsole::ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock)
+    : stream_(std::move(stream)), clock_(clock) {}
+
+template <class Step>
+auto ElmConsole::reached(Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const TarnError& error) {
+    throw TarnError(error.number(), "Elm327Link", "the adapter is gone: " + error.description());
+  }
+}
+
+void ElmConsole::open() {
+  reader_.clear();
+  reached([this] { stream_->open(); });
+}
+
+bool ElmConsole::fill(Microseconds deadline) {
+  const std::size_t count = reached([&] { return stream_->read(bytes_, deadline); });
+  reader_.feed(std::span(bytes_).first(count));
+  anything_ = anything_ || count > 0;
+  return count > 0;
+}
+
+void ElmConsole::drop(Microseconds quiet, Microseconds longest) {
+  const Microseconds end = clock_.microseconds() + longest;
+  while (fill(std::min(end, clock_.microseconds() + quiet)) && clock_.microseconds() < end) {
+  }
+  reader_.clear();
+}
+
+void ElmConsole::write(std::string_view text) {
+  sent_ = text;
+  output_ = text;
+  output_ += '\r';
+  const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
+  reached([&] { stream_->write({first, output_.size()}); });
+}
+
+std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {
+  for (;;) {
+    while (const auto item = reader_.next()) {
+      if (item->prompt) return Item{true, {}};
+      ElmLine line = parseElmLine(item->text);
+      // An echo that cannot be switched off.
+      if (line.text != sent_ && !line.text.empty()) return Item{false, std::move(line)};
+    }
+    // Something may come without end, and never a whole line.
+    if (!fill(deadline) || clock_.microseconds() > deadline) return std::nullopt;
+  }
+}
+
+ElmReply ElmConsole::command(std::string_view text, Microseconds patience) {
+  constexpr std::size_t kMostLines = 64;
+  drop(0, 0);
+  anything_ = false;
+  write(text);
+  const Microseconds deadline = clock_.microseconds() + patience;
+  ElmReply reply;
+  while (auto item = next(deadline)) {
+    reply.prompted = item->prompt;
+    if (reply.prompted) break;
+    if (reply.lines.size() < kMostLines) reply.lines.push_back(std::move(item->line));
+    if (clock_.microseconds() > deadline) break;
+  }
+  reply.anything = anything_;
+  return reply;
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/link/ByteStream.h"
+#include "host/link/ElmText.h"
+#include "host/link/LinkClock.h"
+
+namespace tarnlog::host {
+
+/// What came between a command and the prompt behind it.
+struct ElmReply {
+  bool prompted = false;  ///< false: the prompt did not come in time
+  bool anything = false;  ///< some byte came
+  std::vector<ElmLine> lines;
+
+  bool has(ElmNotice notice) const;
+  /// The first line that came, however it reads; empty without one.
+  std::string_view text() const;
+};
+
+/// Commands and answers of an adapter. Failures of the connection are TarnErrors that say that the adapter is
+/// gone.
+class ElmConsole {
+ public:
+  using Microseconds = std::int64_t;
+
+  ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock);
+
+  void setIdleHook(std::function<void()> hook) { stream_->setIdleHook(std::move(hook)); }
+  void open();
+  void close() { stream_->close(); }
+
+  /// Drops what has come, until nothing comes for `quiet`, but for `longest` at most.
+  void drop(Microseconds quiet, Microseconds longest);
+  /// Sends a line and its CR.
+  void write(std::string_view text);
+  /// The next line or the prompt (none when `deadline` is over before); what the adapter repeats of the last
+  /// line sent is left out.
+  struct Item {
+    bool prompt = false;
+    ElmLine line;
+  };
+  std::optional<Item> next(Microseconds deadline);
+  /// Sends a line and takes everything up to the prompt. At most 64 lines are kept.
+  ElmReply command(std::string_view text, Microseconds patience);
+
+ private:
+  template <class Step>
+  auto reached(Step&& step);
+  bool fill(Microseconds deadline);
+
+  std::unique_ptr<ByteStream> stream_;
+  LinkClock& clock_;
+  ElmReader reader_;
+  std::array<std::uint8_t, 4096> bytes_{};
+  std::string sent_;    ///< the line sent last
+  std::string output_;  ///< kept for its capacity
+  bool anything_ = false;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,198 @@
+#include "host/link/ElmFrames.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::size_t kMostSenders = 64;
+constexpr std::size_t kLongestNumbered = 4095;
+
+std::uint32_t hexNumber(std::string_view digits) {
+  std::uint32_t number = 0;
+  for (const char c : digits)
+    number = number << 4 | static_cast<std::uint32_t>(c <= '9' ? c - '0' : c - 'A' + 10);
+  return number;
+}
+
+/// Bytes of an even number of digits.
+std::vector<std::uint8_t> hexBytes(std::string_view digits) {
+  std::vector<std::uint8_t> bytes;
+  bytes.reserve(digits.size() / 2);
+  for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
+    bytes.push_back(static_cast<std::uint8_t>(hexNumber(digits.substr(i, 2))));
+  return bytes;
+}
+
+using Frame = std::span<const std::uint8_t>;
+
+/// ISO 9141-2 and ISO 14230-2: the sum of all bytes before it.
+bool sumIsRight(Frame frame) {
+  const unsigned sum = std::accumulate(frame.begin(), frame.end() - 1, 0U);
+  return (sum & 0xFFU) == frame.back();
+}
+
+/// SAE J1850: polynomial 0x1D, started with and inverted by 0xFF.
+bool crcIsRight(Frame frame) {
+  unsigned crc = 0xFF;
+  for (const std::uint8_t byte : frame.first(frame.size() - 1)) {
+    crc ^= byte;
+    for (int bit = 0; bit < 8; ++bit) crc = (crc & 0x80U) != 0 ? (crc << 1 ^ 0x1DU) & 0xFFU : crc << 1;
+  }
+  return (crc ^ 0xFFU) == frame.back();
+}
+
+/// Position of a KWP2000 frame's service byte, 0 when lengths do not fit. The format byte has the length in
+/// its low six bits; zero there means a length byte of its own behind the addresses.
+std::size_t kwpDataStart(Frame frame) {
+  const bool hasAddresses = (frame[0] & 0xC0) != 0;
+  std::size_t start = hasAddresses ? 3 : 1;
+  std::size_t length = frame[0] & 0x3F;
+  if (length == 0) {
+    if (start >= frame.size()) return 0;
+    length = frame[start++];
+  }
+  return length > 0 && start + length + 1 == frame.size() ? start : 0;
+}
+
+/// 0 when this is no frame with header.
+std::size_t dataStart(ElmBus bus, Frame frame) {
+  if (frame.size() < 3) return 0;
+  const bool three = frame.size() >= 5;
+  switch (bus) {
+    case ElmBus::kwp:
+      return sumIsRight(frame) ? kwpDataStart(frame) : 0;
+    case ElmBus::iso9141:
+      return three && sumIsRight(frame) ? 3 : 0;
+    case ElmBus::j1850:
+      return three && crcIsRight(frame) ? 3 : 0;
+    default:
+      return 0;
+  }
+}
+
+/// What a bus of its own shows of a K-line or J1850 frame: format, target F1 or 6B, sender.
+bool looksHeaded(Frame frame) {
+  return frame.size() >= 4 &&
+         (frame[1] == 0xF1 || (frame[1] == 0x6B && (frame[0] == 0x48 || frame[0] == 0x41)));
+}
+
+ElmBus recognise(Frame frame) {
+  for (const ElmBus bus : {ElmBus::kwp, ElmBus::iso9141, ElmBus::j1850})
+    if (looksHeaded(frame) && dataStart(bus, frame) != 0) return bus;
+  return ElmBus::unknown;
+}
+
+bool mayBe29(ElmBus bus, std::string_view digits) {
+  if (digits.size() % 2 != 0 || digits.size() < 10) return false;
+  if (bus == ElmBus::can29) return digits[0] <= '1' && hexNumber(digits.substr(0, 2)) < 0x20;
+  return bus == ElmBus::unknown && digits.starts_with("18DAF1");
+}
+
+}  // namespace
+
+std::optional<ElmMessage> parseHeadedFrame(ElmBus bus, Frame frame) {
+  const std::size_t start = dataStart(bus, frame);
+  if (start == 0) return std::nullopt;
+  ElmMessage message;
+  if (start >= 3) message.source = frame[2];
+  message.bytes.assign(frame.begin() + static_cast<std::ptrdiff_t>(start), frame.end() - 1);
+  return message;
+}
+
+void ElmAssembler::reset() {
+  for (Sender& sender : senders_) {
+    sender.open = false;
+    sender.receiver.reset();
+  }
+  numbered_.clear();
+  frames_ = 0;
+}
+
+bool ElmAssembler::incomplete() const {
+  return !numbered_.empty() ||
+         std::any_of(senders_.begin(), senders_.end(), [](const Sender& each) { return each.open; });
+}
+
+std::optional<ElmMessage> ElmAssembler::accept(const ElmLine& line) {
+  if (!line.isData()) return std::nullopt;
+  const std::string_view digits = line.digits;
+  if (line.number) return acceptNumbered(*line.number, digits);
+  if (digits.size() % 2 != 0) {
+    if (digits.size() == 3) {
+      announce(digits);
+      return std::nullopt;
+    }
+    const bool may11 = bus_ == ElmBus::can11 || bus_ == ElmBus::unknown;
+    return may11 && digits.size() >= 5 && digits[0] <= '7'
+               ? acceptCan(hexNumber(digits.substr(0, 3)), digits.substr(3))
+               : std::nullopt;
+  }
+  if (mayBe29(bus_, digits)) return acceptCan(hexNumber(digits.substr(0, 8)), digits.substr(8));
+  return acceptHeaded(hexBytes(digits));
+}
+
+ElmAssembler::Sender* ElmAssembler::senderOf(std::uint32_t identifier) {
+  const auto found = std::find_if(senders_.begin(), senders_.end(),
+                                  [&](const Sender& each) { return each.identifier == identifier; });
+  if (found != senders_.end()) return &*found;
+  if (senders_.size() >= kMostSenders) return nullptr;
+  senders_.emplace_back().identifier = identifier;
+  return &senders_.back();
+}
+
+std::optional<ElmMessage> ElmAssembler::acceptCan(std::uint32_t identifier, std::string_view digits) {
+  constexpr int kFirstFrame = 1;
+  constexpr int kFlowControl = 3;
+  const std::vector<std::uint8_t> frame = hexBytes(digits);
+  Sender* const sender = senderOf(identifier);
+  if (sender == nullptr || frame.empty() || frame[0] >> 4 >= kFlowControl) return std::nullopt;
+  if (bus_ == ElmBus::unknown) bus_ = identifier > 0x7FF ? ElmBus::can29 : ElmBus::can11;
+  ++frames_;
+  const auto result = sender->receiver.accept(frame);
+  if (frame[0] >> 4 == kFirstFrame) sender->open = true;
+  if (!result.complete) return std::nullopt;
+  sender->open = false;
+  return ElmMessage{identifier, sender->receiver.message()};
+}
+
+std::optional<ElmMessage> ElmAssembler::whole(std::optional<std::uint32_t> source, Frame bytes) {
+  ++frames_;
+  return ElmMessage{source, {bytes.begin(), bytes.end()}};
+}
+
+std::optional<ElmMessage> ElmAssembler::acceptHeaded(Frame frame) {
+  if (bus_ == ElmBus::unknown) bus_ = recognise(frame);
+  if (auto message = parseHeadedFrame(bus_, frame)) {
+    ++frames_;
+    return message;
+  }
+  // A header with a wrong checksum is a damaged frame, not the bytes of a service.
+  const bool damaged = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(frame);
+  return damaged || frame.empty() ? std::nullopt : whole(std::nullopt, frame);
+}
+
+void ElmAssembler::announce(std::string_view digits) {
+  const std::size_t length = hexNumber(digits);
+  if (length == 0 || length > kLongestNumbered || numbered_.size() >= kMostSenders) return;
+  numbered_.emplace_back().length = length;
+}
+
+/// The line belongs to the first message that waits for this number: messages of several ECUs may mix.
+std::optional<ElmMessage> ElmAssembler::acceptNumbered(int number, std::string_view digits) {
+  const auto found = std::find_if(numbered_.begin(), numbered_.end(),
+                                  [&](const Numbered& each) { return each.next == number; });
+  if (found == numbered_.end() || digits.size() % 2 != 0) return std::nullopt;
+  ++frames_;
+  const auto bytes = hexBytes(digits);
+  found->bytes.insert(found->bytes.end(), bytes.begin(), bytes.end());
+  found->next = (found->next + 1) & 0x0F;
+  if (found->bytes.size() < found->length) return std::nullopt;
+  found->bytes.resize(found->length);
+  ElmMessage message{std::nullopt, std::move(found->bytes)};
+  numbered_.erase(found);
+  return message;
+}
+
+}  // namespace tarnlog::host

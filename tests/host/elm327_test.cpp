@@ -1,0 +1,383 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "host/link/Elm327Link.h"
+#include "host/link/HexText.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/Elm327Peer.h"
+#include "tests/support/PeerStream.h"
+
+namespace tarnlog::host {
+namespace {
+
+using std::chrono::milliseconds;
+using test::Elm327Peer;
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+const LinkTarget kEngine{0x7E0, "OBD-II"};
+const LinkTarget kGearbox{0x7E1, "OBD-II"};
+
+std::string textOf(const std::vector<LinkTarget>& targets) {
+  std::string text;
+  for (const LinkTarget& target : targets) text += std::to_string(target.address) + " ";
+  return text;
+}
+
+/// A link to an adapter in memory.
+struct Rig {
+  explicit Rig(std::optional<char> protocol = {}) {
+    auto made = std::make_unique<test::PeerStream>(
+        [this](std::string_view text) { return adapter.accept(text); }, clock);
+    stream = made.get();
+    link = std::make_unique<Elm327Link>(std::move(made), protocol, clock);
+    link->setIdleHook([this] { ++idled; });
+    Elm327Peer::Ecu& engine = adapter.addEcu(0x7E8);
+    engine.answers["0100"] = {"4100BE3FA813"};
+    engine.answers["010C"] = {"410C1AF8"};
+    engine.answers["010D"] = {"410D20"};
+    engine.answers["0902"] = {"4902013144344750303052353542313233343536"};
+  }
+
+  std::string ask(const LinkTarget& target, std::string_view request, int timeout = 1000) {
+    link->send(target, *bytesFromHex(request));
+    std::string answers;
+    Link::Bytes response;
+    const std::int64_t deadline = clock.microseconds() + timeout * 1000;
+    while (link->receive(response, milliseconds((deadline - clock.microseconds()) / 1000)))
+      answers += hexText(response) + "; ";
+    return answers;
+  }
+  /// The answers, or what failed; opens the link when it is not.
+  std::string tell(const LinkTarget& target, std::string_view request) {
+    try {
+      if (!isOpen) link->open();
+      isOpen = true;
+      return ask(target, request);
+    } catch (const TarnError& error) {
+      isOpen = false;
+      link->close();
+      return error.description();
+    }
+  }
+  long heard(std::string_view line) const {
+    return std::count(adapter.heard.begin(), adapter.heard.end(), line);
+  }
+
+  test::ManualLinkClock clock;
+  Elm327Peer adapter;
+  test::PeerStream* stream = nullptr;
+  std::unique_ptr<Elm327Link> link;
+  int idled = 0;
+  bool isOpen = false;
+};
+
+TEST(Elm327, SetsUpFindsTheBusAndAsks) {
+  Rig rig;
+  rig.adapter.addEcu(0x7E9).answers["0100"] = {"410088180010"};
+  rig.link->open();
+  EXPECT_EQ(rig.link->adapterName(), "ELM327 v1.5");
+  EXPECT_EQ(textOf(rig.link->findEcus()), "2016 2017 ");
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(rig.ask(kGearbox, "01 00"), "41 00 88 18 00 10; ");
+  EXPECT_EQ(rig.ask(kEngine, "09 02"), "49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33 34 35 36; ");
+  EXPECT_TRUE(rig.link->takesSeveralPids(kEngine));
+  // The second time the adapter is told how many frames to expect.
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(rig.ask(kEngine, "09 02"), "49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33 34 35 36; ");
+  EXPECT_EQ(rig.heard("010C1"), 1);
+  EXPECT_EQ(rig.heard("09023"), 1);
+  EXPECT_GT(rig.idled, 0);
+}
+
+TEST(Elm327, WorksWithEveryKindOfAnswerForm) {
+  struct Form {
+    const char* name;
+    std::function<void(Elm327Peer&)> set;
+  };
+  const std::vector<Form> forms{
+      {"line feeds", [](Elm327Peer& a) { a.lineEnd = "\r\n"; }},
+      {"echo stays",
+       [](Elm327Peer& a) {
+         a.keepsEcho = true;
+         a.unknown = {"E0"};
+       }},
+      {"blanks stay",
+       [](Elm327Peer& a) {
+         a.keepsBlanks = true;
+         a.unknown = {"S0"};
+       }},
+      {"headers stay off", [](Elm327Peer& a) { a.unknown = {"H"}; }},
+      {"frames are not counted", [](Elm327Peer& a) { a.countsFrames = false; }},
+      {"few commands",
+       [](Elm327Peer& a) { a.unknown = {"AT", "ST", "CAF", "M", "L", "DP", "SPA", "I", "RV"}; }},
+      {"no commands but one",
+       [](Elm327Peer& a) {
+         a.unknown = {"AT", "ST", "CAF", "M", "L", "DP", "SP", "I", "RV", "E", "S0", "H", "CP", "Z"};
+         a.keepsEcho = true;
+         a.keepsBlanks = true;
+         a.lineEnd = "\r\n";
+       }},
+      {"NUL bytes", [](Elm327Peer& a) { a.lineEnd = std::string("\r\0", 2); }},
+  };
+  for (const Form& form : forms) {
+    SCOPED_TRACE(form.name);
+    Rig rig;
+    form.set(rig.adapter);
+    for (int round = 0; round < 3; ++round) {
+      EXPECT_EQ(rig.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+      EXPECT_EQ(rig.tell(kEngine, "09 02"), "49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33 34 35 36; ");
+    }
+  }
+}
+
+TEST(Elm327, SpeaksOverEveryBus) {
+  Rig can29;
+  can29.adapter.ecus.clear();
+  can29.adapter.bus = Elm327Peer::Bus::can29;
+  can29.adapter.addEcu(0x18DAF110).answers = {{"0100", {"4100BE3FA813"}}, {"010C", {"410C1AF8"}}};
+  can29.adapter.addEcu(0x18DAF11D).answers = {{"0100", {"410088180010"}}};
+  can29.link->open();
+  EXPECT_EQ(textOf(can29.link->findEcus()), "16 29 ");
+  EXPECT_EQ(can29.ask({16, "OBD-II"}, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(can29.heard("ATSHDA10F1"), 1);
+  // An address that this bus does not have: OBD reaches the ECU all the same, nothing else is sent to all.
+  EXPECT_EQ(can29.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_THAT(can29.tell({0x7E0, "UDS"}, "22 F1 90"), HasSubstr("ECU address 0x7E0 does not exist"));
+
+  for (const auto bus : {Elm327Peer::Bus::kwp, Elm327Peer::Bus::iso9141}) {
+    Rig wire;
+    wire.adapter.ecus.clear();
+    wire.adapter.bus = bus;
+    wire.adapter.addEcu(0x11).answers = {{"0100", {"4100BE3FA813"}}, {"010C", {"410C1AF8"}}};
+    wire.adapter.addEcu(0x18).answers = {{"0100", {"410088180010"}}, {"010C", {"410C0000"}}};
+    wire.link->open();
+    EXPECT_EQ(textOf(wire.link->findEcus()), "17 24 ");
+    EXPECT_FALSE(wire.link->takesSeveralPids({17, "OBD-II"}));
+    EXPECT_EQ(wire.ask({24, "OBD-II"}, "01 0C"), "41 0C 00 00; ");
+    EXPECT_EQ(wire.ask({17, "OBD-II"}, "01 0C"), "41 0C 1A F8; ");
+  }
+}
+
+TEST(Elm327, AsksEcusOfTheKLineEachForItself) {
+  Rig rig;
+  rig.adapter.bus = Elm327Peer::Bus::kwp;
+  rig.adapter.addEcu(0x28).answers = {{"1081", {"5081"}}, {"2180", {"61800102"}}};
+  rig.adapter.addEcu(0x10).answers = {{"2180", {"7F2178", "618099"}}};
+  rig.link->open();
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "10 81"), "50 81; ");
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 80"), "61 80 01 02; ");
+  EXPECT_EQ(rig.ask({0x10, "KWP2000"}, "21 80"), "7F 21 78; 61 80 99; ");
+  EXPECT_EQ(rig.heard("ATSP5"), 1);
+  EXPECT_EQ(rig.heard("ATPC"), 1);
+  EXPECT_EQ(rig.heard("ATWM8128F13E"), 1);
+}
+
+TEST(Elm327, ReachesEcusBesideThoseOfEmissions) {
+  Rig rig('6');
+  rig.adapter.addEcu(0x752).answers["22F190"] = {"62F190414243"};
+  rig.adapter.addEcu(0x758).answers["22F190"] = {"62F190515253"};
+  rig.link->open();
+  EXPECT_EQ(rig.ask({0x74A, "UDS"}, "22 F1 90"), "62 F1 90 41 42 43; ");
+  EXPECT_THAT(rig.adapter.heard, AllOf(Contains("ATCRA752"), Contains("ATFCSH74A"), Contains("ATFCSM1"),
+                                       Not(Contains("ATSP0"))));
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_THAT(rig.adapter.heard, Contains("ATAR"));
+  EXPECT_THAT(rig.tell(kEngine, "22 F1 90 F1 91 F1 92 F1 93"), HasSubstr("at most 7 bytes on CAN, not 9"));
+}
+
+TEST(Elm327, FindsWhatHidesAnAnswer) {
+  Rig rig;
+  // This ECU hears only what is sent to all; a silent one stays silent.
+  rig.adapter.addEcu(0x7E9).answers = {{"0100", {"410088180010"}}, {"010D", {"410D21"}}};
+  rig.adapter.unknown = {};
+  rig.link->open();
+  EXPECT_EQ(rig.ask(kGearbox, "01 0D"), "41 0D 21; ");
+
+  Rig deaf;
+  deaf.adapter.addEcu(0x7E9).onlyWithAll = true;
+  deaf.adapter.addEcu(0x7EA).answers = {{"010D", {"410D22"}}};
+  deaf.link->open();
+  deaf.ask(kEngine, "01 00");
+  EXPECT_EQ(deaf.ask(kGearbox, "01 0D"), "");
+  EXPECT_EQ(deaf.ask(kEngine, "01 0D"), "41 0D 20; ");
+  // Before a silence is believed the adapter waits as long as the caller does.
+  EXPECT_THAT(deaf.adapter.heard, Contains("ATSTFA"));
+}
+
+TEST(Elm327, AsksAgainWhenTheAnswerWasDamaged) {
+  for (const char* const damage : {"BUFFER FULL\r\r>", "STOPPED\r\r>", "7E8 04 41 0C 1A <RX ERROR\r\r>",
+                                   "DATA ERROR\r\r>", "CAN ERROR\r\r>", "7E8 04 41 0D 20\r\r>", "?\r\r>",
+                                   "\r>", "#%!\r\r>", "7E80441\r>", "ACT ALERT\r>"}) {
+    SCOPED_TRACE(damage);
+    Rig rig;
+    rig.link->open();
+    rig.ask(kEngine, "01 00");
+    rig.adapter.instead["010C"] = {damage};
+    EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+    rig.adapter.instead["010C1"] = {damage};
+    EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+    EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
+  }
+}
+
+TEST(Elm327, NeverRepeatsWhatMightActTwice) {
+  Rig rig('6');
+  rig.link->open();
+  rig.adapter.instead["1101"] = {"BUFFER FULL\r\r>", "7E8025101\r\r>"};
+  EXPECT_EQ(rig.ask(kEngine, "11 01"), "");
+  EXPECT_EQ(rig.heard("1101"), 1);
+}
+
+TEST(Elm327, WaitsForAPendingAnswer) {
+  Rig rig;
+  rig.link->open();
+  rig.ask(kEngine, "01 00");
+  // The adapter waits itself; the adapter gives up and must be asked again; the answer comes unasked.
+  rig.adapter.instead["010C"] = {"7E8037F0178\r7E804410C0001\r\r>", "7E8037F0178\r\r>", "7E8037F0178\r\r>"};
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "7F 01 78; 41 0C 00 01; ");
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "7F 01 78; 7F 01 78; 41 0C 1A F8; ");
+  rig.adapter.instead["010D"] = {"7E8037F0178\r\r>7E803410D33\r"};
+  EXPECT_EQ(rig.ask(kEngine, "01 0D"), "7F 01 78; 41 0D 33; ");
+}
+
+TEST(Elm327, LetsALatePromptComeBeforeItAsksAgain) {
+  Rig rig;
+  rig.link->open();
+  rig.ask(kEngine, "01 00");
+  rig.stream->latency = 300'000;
+  EXPECT_EQ(rig.ask(kEngine, "01 0C", 200), "");
+  // The answer that was late belongs to nobody.
+  rig.stream->latency = 10'000;
+  EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+}
+
+TEST(Elm327, BreaksOffWhatTheAdapterWasAtWhenItConnects) {
+  Rig rig;
+  rig.adapter.instead["ATZ"] = {"7E8 04 41 0C\rSTOPPED\r\r>", "?\r>"};
+  rig.stream->put("41 0C 1A F8\r41 0C 1A F9\r");
+  EXPECT_EQ(rig.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(rig.heard("ATZ"), 3);
+}
+
+TEST(Elm327, SaysWhatIsWrongForAMechanic) {
+  Rig off;
+  off.adapter.bus = Elm327Peer::Bus::none;
+  EXPECT_EQ(off.tell(kEngine, "01 00"),
+            "no ECU answers (UNABLE TO CONNECT), the socket has 12.4V: is the ignition on?");
+  // The next time protocols are tried one by one, then the adapter searches again.
+  EXPECT_THAT(off.tell(kEngine, "01 00"), HasSubstr("is the ignition on?"));
+  EXPECT_THAT(off.adapter.heard, AllOf(Contains("ATSP6"), Contains("ATSP5"), Contains("ATSP1")));
+  off.adapter.bus = Elm327Peer::Bus::can11;
+  EXPECT_EQ(off.tell(kEngine, "01 00"), "41 00 BE 3F A8 13; ");
+  // The ignition goes off while recording: silence at first, then the reason.
+  off.adapter.bus = Elm327Peer::Bus::none;
+  std::string said;
+  for (int i = 0; i < 9 && said.empty(); ++i) said = off.tell(kEngine, "01 0C");
+  EXPECT_THAT(said, HasSubstr("no ECU answers (UNABLE TO CONNECT)"));
+
+  Rig dead;
+  dead.stream->openFailure = "/dev/ttyUSB0: No such file or directory";
+  EXPECT_EQ(dead.tell(kEngine, "01 00"), "the adapter is gone: /dev/ttyUSB0: No such file or directory");
+  // Attempts are kept apart, further and further.
+  const std::int64_t before = dead.clock.microseconds();
+  for (int i = 0; i < 5; ++i) dead.tell(kEngine, "01 00");
+  EXPECT_GE(dead.clock.microseconds() - before, 5'000'000);
+  dead.stream->openFailure.clear();
+  EXPECT_EQ(dead.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+
+  Rig reset;
+  EXPECT_EQ(reset.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+  for (const char* const text : {"LV RESET\r\r>", "\r\rELM327 v1.5\r\r>", "ERR94\r>"}) {
+    reset.adapter.instead["010D"] = {text};
+    reset.adapter.instead["010D1"] = {text};
+    reset.adapter.onLine = [&](const std::string& line) {
+      if (line.starts_with("010D")) reset.adapter.reset();
+    };
+    EXPECT_THAT(reset.tell(kEngine, "01 0D"), HasSubstr("the adapter has started again by itself"));
+    reset.adapter.onLine = nullptr;
+    reset.adapter.instead.clear();
+    EXPECT_EQ(reset.tell(kEngine, "01 0D"), "41 0D 20; ");
+  }
+}
+
+TEST(Elm327, EndsInTimeWhateverThePeerDoes) {
+  struct Peer {
+    const char* name;
+    std::function<std::string(std::string_view)> answer;
+    std::int64_t betweenBytes;
+    const char* says;
+  };
+  const auto adapter = [] { return std::make_shared<Elm327Peer>(); };
+  const std::vector<Peer> peers{
+      {"silent", [](std::string_view) { return std::string(); }, 0, "the adapter does not answer"},
+      {"no prompt",
+       [a = adapter()](std::string_view text) {
+         std::string out = a->accept(text);
+         std::erase(out, '>');
+         return out;
+       },
+       0, "never finishes an answer"},
+      {"one byte a second", [a = adapter()](std::string_view text) { return a->accept(text); }, 1'000'000,
+       "never finishes an answer"},
+      {"flood", [](std::string_view) { return std::string(20'000'000, '4'); }, 1, "never finishes an answer"},
+      {"flood of lines",
+       [](std::string_view) {
+         std::string out;
+         for (int i = 0; i < 1'000'000; ++i) out += "410C1AF8\r";
+         return out;
+       },
+       1, "never finishes an answer"},
+  };
+  for (const Peer& peer : peers) {
+    SCOPED_TRACE(peer.name);
+    test::ManualLinkClock clock;
+    auto stream = std::make_unique<test::PeerStream>(peer.answer, clock);
+    stream->betweenBytes = peer.betweenBytes;
+    Elm327Link link(std::move(stream), {}, clock);
+    try {
+      link.open();
+      ADD_FAILURE() << "opened";
+    } catch (const TarnError& error) {
+      EXPECT_THAT(error.description(), HasSubstr(peer.says));
+    }
+    EXPECT_LT(clock.microseconds(), 30'000'000);
+  }
+}
+
+TEST(Elm327, EndsInTimeWhateverThePeerBegins) {
+  const auto rigged = [](const std::string& answer) {
+    auto rig = std::make_unique<Rig>();
+    EXPECT_EQ(rig->tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+    rig->adapter.instead["010C1"] = {answer};
+    return rig;
+  };
+  // The prompt never comes: the answer counts, the next request finds the adapter stuck.
+  auto stuck = rigged("7E804410C1AF8\r");
+  stuck->adapter.instead[""] = {""};
+  EXPECT_EQ(stuck->tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(stuck->tell(kEngine, "01 0D"), "the adapter does not finish its answer: it sends no prompt");
+  EXPECT_EQ(stuck->tell(kEngine, "01 0D"), "41 0D 20; ");
+
+  auto slow = rigged("7E804410C1AF8\r\r>");
+  slow->stream->betweenBytes = 1'000'000;
+  EXPECT_EQ(slow->tell(kEngine, "01 0C"), "");
+
+  auto closed = rigged("7E804410C1AF8\r\r>");
+  closed->stream->closeAfter = 5;
+  EXPECT_EQ(closed->tell(kEngine, "01 0C"), "the adapter is gone: box: the other end is gone");
+  closed->stream->closeAfter = SIZE_MAX;
+  EXPECT_EQ(closed->tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+
+  auto flooding = rigged(std::string(3'000'000, '7'));
+  flooding->stream->betweenBytes = 1;
+  EXPECT_EQ(flooding->tell(kEngine, "01 0C"), "");
+}
+
+}  // namespace
+}  // namespace tarnlog::host

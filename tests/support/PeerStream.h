@@ -1,0 +1,80 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "host/link/ByteStream.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/ManualLinkClock.h"
+
+namespace tarnlog::test {
+
+/// A connection in memory, on a clock that waiting moves.
+class PeerStream : public host::ByteStream {
+ public:
+  /// Takes what is written and gives what is answered at once.
+  using Peer = std::function<std::string(std::string_view)>;
+
+  PeerStream(Peer peer, ManualLinkClock& clock) : peer_(std::move(peer)), clock_(clock) {}
+
+  std::int64_t latency = 0;           ///< microseconds until the first byte of an answer
+  std::int64_t betweenBytes = 0;      ///< and between bytes
+  std::string openFailure;            ///< opening fails with this text
+  std::size_t closeAfter = SIZE_MAX;  ///< the other end closes after this many more bytes
+  int opened = 0;
+
+  /// Bytes that come without being asked for.
+  void put(std::string_view bytes) { queue(bytes, clock_.microseconds() + latency); }
+
+  void open() override {
+    if (!openFailure.empty()) throw TarnError(1, "Link", openFailure);
+    ++opened;
+    open_ = true;
+  }
+  void close() override {
+    open_ = false;
+    bytes_.clear();
+  }
+  void write(std::span<const std::uint8_t> bytes) override {
+    if (!open_) throw TarnError(1, "Link", "box: is not open");
+    put(peer_({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
+  }
+  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override {
+    if (!open_) throw TarnError(1, "Link", "box: is not open");
+    idle();
+    if (closeAfter == 0) throw TarnError(1, "Link", "box: the other end is gone");
+    const std::int64_t now = clock_.microseconds();
+    if (bytes_.empty() || bytes_.front().second > std::max(now, deadline)) {
+      if (deadline > now) clock_.step(deadline - now);
+      return 0;
+    }
+    if (bytes_.front().second > now) clock_.step(bytes_.front().second - now);
+    std::size_t count = 0;
+    while (count < into.size() && closeAfter > 0 && !bytes_.empty() &&
+           bytes_.front().second <= clock_.microseconds()) {
+      into[count++] = static_cast<std::uint8_t>(bytes_.front().first);
+      bytes_.pop_front();
+      if (closeAfter != SIZE_MAX) --closeAfter;
+    }
+    return count;
+  }
+
+ private:
+  void queue(std::string_view bytes, std::int64_t due) {
+    for (const char byte : bytes) {
+      bytes_.emplace_back(byte, due);
+      due += betweenBytes;
+    }
+  }
+
+  Peer peer_;
+  ManualLinkClock& clock_;
+  bool open_ = false;
+  std::deque<std::pair<char, std::int64_t>> bytes_;
+};
+
+}  // namespace tarnlog::test

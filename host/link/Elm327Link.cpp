@@ -28,25 +28,23 @@ void appendDigit(std::string& text, unsigned value) { text += "0123456789ABCDEF"
 }  // namespace
 
 Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock)
-    : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol), backOff_(clock) {
+    : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol) {
   console_.setIdleHook([this] { idle(); });
 }
 
-/// Runs a step; after its failure the link can only be opened again, and not at once.
+/// Runs a step; after its failure the link can only be opened again.
 template <class Step>
 auto Elm327Link::guarded(Step&& step) {
   try {
     return std::forward<Step>(step)();
   } catch (const TarnError&) {
     open_ = false;
-    backOff_.failed();
     throw;
   }
 }
 
 void Elm327Link::open() {
   close();
-  backOff_.wait(idleHook());
   guarded([this] {
     console_.open();
     adapterName_ = adapter_.setUp();
@@ -210,7 +208,6 @@ void Elm327Link::noteAnswer() {
   if (exchange_.answered) return;
   exchange_.answered = true;
   silences_ = 0;
-  backOff_.succeeded();
   if (exchange_.target.address == kEveryEcu) return;
   Reach& reach = reach_[exchange_.target.address];
   reach.answered = true;

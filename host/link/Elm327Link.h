@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "host/link/BackOff.h"
 #include "host/link/ByteStream.h"
 #include "host/link/ElmAdapter.h"
 #include "host/link/ElmConsole.h"
@@ -23,8 +22,7 @@ namespace tarnlog::host {
 ///
 /// Opening connects, resets and sets up the adapter; the first request makes it look for the car's bus, which
 /// takes up to a minute. A failure that only a new start can mend (adapter gone, no ECU on the bus, adapter
-/// reset by itself) is a TarnError; after it the link is to be closed and opened again, which waits longer
-/// from failure to failure, two seconds at most.
+/// reset by itself) is a TarnError; after it the link is to be closed and opened again.
 class Elm327Link : public Link {
  public:
   /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. The clock must
@@ -90,7 +88,6 @@ class Elm327Link : public Link {
   LinkClock& clock_;
   ElmConsole console_;
   ElmAdapter adapter_;
-  BackOff backOff_;
   ElmAssembler assembler_;
   ElmFrameCounts frameCounts_;
   std::string adapterName_;

@@ -4,10 +4,12 @@
 #include <utility>
 
 #include "host/link/DoipLink.h"
+#include "host/link/Elm327Link.h"
 #include "host/link/IsoTpLink.h"
 #include "host/link/LinkUrl.h"
 #include "host/link/PatientLink.h"
 #include "host/link/ReplayPeer.h"
+#include "host/link/SerialStream.h"
 #include "host/link/SimulatedLink.h"
 #include "host/link/SocketCan.h"
 #include "host/link/TcpStream.h"
@@ -47,6 +49,36 @@ std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
                                        clock);
 }
 
+std::unique_ptr<ByteStream> elm327Stream(const LinkUrl& url, LinkClock& clock) {
+  constexpr std::uint16_t kUsualPort = 35000;
+  constexpr int kUsualBaud = 38400;
+  constexpr int kHighestBaud = 2000000;
+  const auto baud = url.numberOption("baud", 1, kHighestBaud);
+  if (url.host().empty()) {
+    if (url.path().size() < 2)
+      url.expected("port", "a serial port like /dev/ttyUSB0, or host:port", url.path());
+    if (baud && !SerialStream::isBaudRate(*baud))
+      url.expected("baud", "a usual rate like 9600, 38400 or 115200", std::to_string(*baud));
+    return std::make_unique<SerialStream>(url.path(), static_cast<int>(baud.value_or(kUsualBaud)), clock);
+  }
+  if (url.path().size() > 1) url.expected("path", "nothing behind host and port", url.path());
+  if (baud) url.expected("baud", "a baud rate for serial ports only", std::to_string(*baud));
+  return std::make_unique<TcpStream>(url.host(), url.port().value_or(kUsualPort), clock);
+}
+
+std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
+  url.allowOptions({"baud", "protocol"});
+  std::optional<char> protocol;
+  if (const std::string* const text = url.option("protocol")) {
+    const bool known =
+        text->size() == 1 && std::string_view("0123456789ABC").find(*text) != std::string::npos;
+    if (!known) url.expected("protocol", "one digit from 0 (search) to 9, or A to C", *text);
+    if (*text != "0") protocol = text->front();
+  }
+  return std::make_unique<PatientLink>(
+      std::make_unique<Elm327Link>(elm327Stream(url, clock), protocol, clock), clock);
+}
+
 /// CAN identifiers are written in hexadecimal, with or without 0x.
 std::optional<std::uint32_t> identifier(const LinkUrl& url, const char* name) {
   constexpr std::uint32_t kHighest = 0x1FFFFFFF;
@@ -79,10 +111,11 @@ std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
 
 std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files) {
   const LinkUrl link(url);
+  if (link.scheme() == "elm327") return elm327(link, clock);
   if (link.scheme() == "doip") return doip(link, clock);
   if (link.scheme() == "isotp") return isoTp(link, clock);
   if (link.scheme() == "replay") return replay(link, clock, files);
-  link.expected("kind", "doip, isotp or replay", link.scheme());
+  link.expected("kind", "elm327, doip, isotp or replay", link.scheme());
 }
 
 }  // namespace tarnlog::host

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "host/link/BackOff.h"
 #include "host/link/Link.h"
@@ -40,6 +41,10 @@ class PatientLink : public Link {
     if (came) backOff_.succeeded();
     return came;
   }
+  std::vector<LinkTarget> findEcus() override {
+    return watched([this] { return link_->findEcus(); });
+  }
+  bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
 
  private:
   std::unique_ptr<Link> link_;

@@ -4,6 +4,7 @@
 
 #include "host/link/Elm327Link.h"
 #include "host/link/HexText.h"
+#include "host/link/PatientLink.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/Elm327Peer.h"
 #include "tests/support/PeerStream.h"
@@ -34,7 +35,9 @@ struct Rig {
     auto made = std::make_unique<test::PeerStream>(
         [this](std::string_view text) { return adapter.accept(text); }, clock);
     stream = made.get();
-    link = std::make_unique<Elm327Link>(std::move(made), protocol, clock);
+    auto elm = std::make_unique<Elm327Link>(std::move(made), protocol, clock);
+    elm327 = elm.get();
+    link = std::make_unique<PatientLink>(std::move(elm), clock);
     link->setIdleHook([this] { ++idled; });
     Elm327Peer::Ecu& engine = adapter.addEcu(0x7E8);
     engine.answers["0100"] = {"4100BE3FA813"};
@@ -71,7 +74,8 @@ struct Rig {
   test::ManualLinkClock clock;
   Elm327Peer adapter;
   test::PeerStream* stream = nullptr;
-  std::unique_ptr<Elm327Link> link;
+  Elm327Link* elm327 = nullptr;
+  std::unique_ptr<Link> link;
   int idled = 0;
   bool isOpen = false;
 };
@@ -80,7 +84,7 @@ TEST(Elm327, SetsUpFindsTheBusAndAsks) {
   Rig rig;
   rig.adapter.addEcu(0x7E9).answers["0100"] = {"410088180010"};
   rig.link->open();
-  EXPECT_EQ(rig.link->adapterName(), "ELM327 v1.5");
+  EXPECT_EQ(rig.elm327->adapterName(), "ELM327 v1.5");
   EXPECT_EQ(textOf(rig.link->findEcus()), "2016 2017 ");
   EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
   EXPECT_EQ(rig.ask(kGearbox, "01 00"), "41 00 88 18 00 10; ");

@@ -60,10 +60,14 @@ TEST(OpenLink, RefusesWhatNamesNoLink) {
   };
   for (const char* url :
        {"doip://*", "doip://car.local:13401?ecu=0x1001&tester=0x0E80", "isotp://can0",
-        "isotp://can0?tx=7E0&rx=0x7E8", "isotp://can1?tx=18DA10F1&rx=18DAF110", "replay:t.trace"})
+        "isotp://can0?tx=7E0&rx=0x7E8", "isotp://can1?tx=18DA10F1&rx=18DAF110", "replay:t.trace",
+        "elm327:///dev/ttyUSB0", "elm327:///dev/ttyUSB0?baud=115200&protocol=A",
+        "elm327://box:35000?protocol=0", "elm327://[::1]"})
     EXPECT_EQ(refusal(url), "") << url;
   for (const char* url : {"doip://", "doip://car?ecu=0x10001", "isotp://", "isotp://can0?tx=7E0",
-                          "isotp://can0?tx=xyz&rx=1", "isotp://can0?baud=1", "replay:", "smoke://signals"})
+                          "isotp://can0?tx=xyz&rx=1", "isotp://can0?baud=1", "replay:", "smoke://signals",
+                          "elm327:", "elm327:///", "elm327:///dev/x?baud=38401", "elm327://box?baud=38400",
+                          "elm327://box/x", "elm327://box?protocol=D", "elm327://box:0"})
     EXPECT_THAT(refusal(url), testing::AllOf(testing::StartsWith("link " + std::string(url)),
                                              testing::HasSubstr("expected")));
   EXPECT_THAT(refusal("replay:none.trace"), testing::HasSubstr("none.trace"));

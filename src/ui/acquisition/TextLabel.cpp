@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "ui/acquisition/LabelAccess.h"
 #include "ui/acquisition/LabelStyle.h"
 #include "ui/acquisition/Readable.h"
 #include "ui/common/Convert.h"
@@ -40,7 +41,10 @@ void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
 
 }  // namespace
 
-TextLabel::TextLabel(Role role, QWidget* parent) : QWidget(parent), role_(role) { restyle(); }
+TextLabel::TextLabel(Role role, QWidget* parent) : QWidget(parent), role_(role) {
+  installLabelAccess();
+  restyle();
+}
 
 void TextLabel::setText(std::string_view text) {
   if (text_ == text) return;
@@ -49,6 +53,11 @@ void TextLabel::setText(std::string_view text) {
 }
 
 QString TextLabel::text() const { return frozen_ ? *frozen_ : toQString(text_); }
+
+QString TextLabel::spokenText() const {
+  if (role_ == Role::Caption || partner_ == nullptr) return text();
+  return partner_->text() + QStringLiteral(": ") + text();
+}
 
 void TextLabel::setTip(std::string_view tip) { tip_ = toQString(tip); }
 
@@ -186,9 +195,7 @@ void TextLabel::drawLine(QPainter& painter, const QRect& room, const QString& te
 /// The tip that was set, else the texts that are shown here: they may be elided.
 QString TextLabel::tip() const {
   if (!tip_.trimmed().isEmpty()) return tip_;
-  if (role_ == Role::Value && partner_ != nullptr && partner_->squeezed())
-    return partner_->text() + QStringLiteral(": ") + text();
-  return text();
+  return spokenText();
 }
 
 void TextLabel::changeEvent(QEvent* event) {

@@ -27,6 +27,8 @@ class TextLabel : public QWidget {
   void setText(std::string_view text);
   /// What is shown; while frozen not what was set last.
   QString text() const;
+  /// A value with the caption that it belongs to.
+  QString spokenText() const;
   void setTip(std::string_view tip);
   void setTextColour(Colour colour);
   void setBackColour(Colour colour);

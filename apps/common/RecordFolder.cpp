@@ -7,10 +7,14 @@
 
 namespace tarnlog {
 
-void useFolder(oTarnParameters& parameters, const std::string& folder) {
+void makeFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) throw BadInput("--folder " + folder + ": " + error.message());
+}
+
+void useFolder(oTarnParameters& parameters, const std::string& folder) {
+  makeFolder(folder);
   parameters.fileFolder = folder;
 }
 

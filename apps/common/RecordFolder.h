@@ -6,8 +6,10 @@
 
 namespace tarnlog {
 
-/// Puts the files into a folder named on the command line. It is made when missing: whoever names it wants
-/// the files there. Raises BadInput when it cannot be made.
+/// Makes a folder named on the command line when it is missing: whoever names it wants files there. Raises
+/// BadInput when it cannot be made.
+void makeFolder(const std::string& folder);
+/// The same, and puts the files there.
 void useFolder(oTarnParameters& parameters, const std::string& folder);
 
 }  // namespace tarnlog

@@ -1,17 +1,20 @@
 #include "apps/tarnlog/LiveRecorder.h"
 
 #include <QApplication>
+#include <QDir>
 #include <cstdio>
-#include <filesystem>
 #include <utility>
+#include <vector>
 
+#include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordFolder.h"
 #include "apps/common/Stylesheet.h"
-#include "apps/tarnlog/AcqWindow.h"
+#include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
+#include "ui/main/TarnMain.h"
 
 namespace tarnlog {
 
@@ -20,51 +23,55 @@ namespace {
 /// Clicks and keys included: the recorder takes them as wishes for the end of its tick.
 void letEventsRun() { QCoreApplication::processEvents(); }
 
-QString titleOf(const std::string& configuration) {
-  return toQString(std::filesystem::path(configuration).filename().string()) + " - Tarnlog";
+std::vector<std::string> exampleVehicles() {
+  for (const QString& folder :
+       {QApplication::applicationDirPath() + "/" TARNLOG_EXAMPLES, QStringLiteral(TARNLOG_SOURCE_EXAMPLES)}) {
+    std::vector<std::string> paths;
+    for (const QFileInfo& file : QDir(folder).entryInfoList({"*.vehicle.json"}, QDir::Files, QDir::Name))
+      paths.push_back(fromQString(file.canonicalFilePath()));
+    if (!paths.empty()) return paths;
+  }
+  return {};
 }
 
 }  // namespace
 
-LiveRecorder::LiveRecorder(LiveOptions options)
-    : options_(std::move(options)),
-      vehicle_(host::openVehicle(options_.vehicle, files_, desktopLocale(), linkClock_, letEventsRun)),
-      configuration_(loadToRecord(files_, options_.config, vehicle_->session())) {
-  if (options_.folder) useFolder(*configuration_.parameters, *options_.folder);
+LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {}
+
+WindowEnvironment LiveRecorder::environment() {
+  const auto open = [this](const std::string& path) {
+    return host::openVehicle(path, files_, desktopLocale(), linkClock_, letEventsRun, options_.link);
+  };
+  return {{clock_, timer_, files_, settings_, dialogs_, desktopLocale(), kStylesheetUrl},
+          open,
+          exampleVehicles()};
 }
 
 int LiveRecorder::run() {
-  AcqWindow window({clock_, timer_, files_, desktopLocale(), kStylesheetUrl});
-  window.setWindowTitle(titleOf(options_.config));
+  if (options_.folder) makeFolder(*options_.folder);
+  RecorderWindow window(environment());
+  TarnAcq& acq = window.recorder().ctlTarnAcq();
   files_.setWriteFailureHandler(
       [&](const std::string& path, const std::string& why) { noteFailure(window, path, why); });
-  window.acq().setFileFinishedHandler([](const std::string& path) {
+  acq.setFileFinishedHandler([](const std::string& path) {
     std::printf("%s\n", path.c_str());
     std::fflush(stdout);
   });
-  const SignalWatch signalWatch([&] { window.close(); }, [&] { window.acq().RecordUserEvent(); });
+  const SignalWatch signalWatch([&] { window.endAndClose(); }, [&] { acq.RecordUserEvent(); });
   window.show();
-  start(window);
+  if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
+  if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
   const int code = QApplication::exec();
   files_.setWriteFailureHandler({});
   return failedPath_.empty() ? code : kFailed;
 }
 
-void LiveRecorder::start(AcqWindow& window) {
-  window.acq().setSession(&vehicle_->session());
-  window.acq().StartReadingData(configuration_.parameters);
-  for (const std::string& line : lackingLines(configuration_)) {
-    std::fprintf(stderr, "tarnlog: %s\n", line.c_str());
-    window.acq().addLog(line);
-  }
-}
-
 /// Said once for each file; the recorder goes on polling.
-void LiveRecorder::noteFailure(AcqWindow& window, const std::string& path, const std::string& why) {
+void LiveRecorder::noteFailure(RecorderWindow& window, const std::string& path, const std::string& why) {
   if (path == failedPath_) return;
   failedPath_ = path;
   std::fprintf(stderr, "tarnlog: write failed: %s: %s\n", path.c_str(), why.c_str());
-  window.acq().addLog("Write failed : " + path + " : " + why);
+  window.showWriteFailure(path, why);
 }
 
 }  // namespace tarnlog

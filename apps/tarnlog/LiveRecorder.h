@@ -1,47 +1,48 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 
-#include "apps/common/LoadedConfiguration.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
 #include "ui/common/QtTimer.h"
+#include "ui/main/Dialogs.h"
 
 namespace tarnlog {
 
-class AcqWindow;
+class RecorderWindow;
+struct WindowEnvironment;
 
 struct LiveOptions {
-  std::string vehicle;
-  std::string config;
-  std::optional<std::string> folder;
+  std::string vehicle;                ///< empty: the window asks
+  std::string config;                 ///< empty: none is opened
+  std::optional<std::string> folder;  ///< of the files of `config`
+  host::LinkOptions link;
 };
 
-/// The recorder in a window, from the files of the command line on.
+/// The recorder in a window, on this system, as the command line wants it.
 class LiveRecorder {
  public:
-  /// Reads the files and opens the vehicle; needs no display. Raises BadInput and TarnErrors.
   explicit LiveRecorder(LiveOptions options);
 
-  /// Shows the window and acquires until it is closed or a signal asks to stop. Needs a QApplication. Returns
-  /// the exit code; raises a TarnError when the acquisition cannot start.
+  /// Shows the window until it is closed or a signal asks to stop. Needs a QApplication. Returns the exit
+  /// code; raises BadInput when the folder cannot be made.
   int run();
 
  private:
-  void start(AcqWindow& window);
-  void noteFailure(AcqWindow& window, const std::string& path, const std::string& why);
+  WindowEnvironment environment();
+  void noteFailure(RecorderWindow& window, const std::string& path, const std::string& why);
 
   LiveOptions options_;
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
   SystemFileSystem files_;
+  FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
   QtTimer timer_;
-  std::unique_ptr<host::OpenedVehicle> vehicle_;
-  LoadedConfiguration configuration_;
+  QtDialogs dialogs_;
   std::string failedPath_;
 };
 

@@ -21,9 +21,16 @@ using namespace tarnlog;
 std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
   CLI::App app("Shows the data of a vehicle's control units live, and records them");
   app.set_version_flag("--version", TARNLOG_VERSION);
-  app.add_option("--vehicle", options.vehicle, "Vehicle description (JSON)")->required()->type_name("FILE");
-  app.add_option("--config", options.config, "Recording configuration (XML)")->required()->type_name("FILE");
-  app.add_option("--folder", options.folder, "Write the files here; made when missing")->type_name("DIR");
+  app.add_option("--vehicle", options.vehicle, "Vehicle description (JSON); without it, the window asks")
+      ->type_name("FILE");
+  app.add_option("--config", options.config, "Recording configuration (XML): acquire at once")
+      ->type_name("FILE");
+  app.add_option("--folder", options.folder, "Write its files here; made when missing")->type_name("DIR");
+  app.add_option("--link", options.link.url,
+                 "How the vehicle is reached (default: the description's simulation)")
+      ->type_name("URL");
+  app.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
+      ->type_name("FILE");
   app.footer(
       "F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at "
       "once;\nUSR1 is the event button.\n"

@@ -10,19 +10,17 @@ namespace tarnlog::host {
 
 VehicleSession::VehicleSession(const VehicleDescription& description, Link& link, LinkClock& clock,
                                UserLocale locale)
-    : locale_(std::move(locale)),
-      conversation_(link, clock, description.pendingTimeout),
-      keeper_(conversation_, clock) {
+    : locale_(std::move(locale)), conversation_(link, clock, description.pendingTimeout) {
   ecus_.reserve(description.ecus.size());
   for (const EcuDescription& ecu : description.ecus) {
     ecus_.push_back(std::make_unique<VehicleEcu>(
-        ecu, keeper_, [this](const std::string& name) { return deviceOf(name); }, locale_));
+        ecu, conversation_, [this](const std::string& name) { return deviceOf(name); }, locale_));
     byFunction_.emplace(ecu.function, ecus_.back().get());
   }
 }
 
 VehicleSession::~VehicleSession() {
-  skipOnFailure([this] { keeper_.end(); });
+  skipOnFailure([this] { conversation_.end(); });
 }
 
 ferrox3::Ecu* VehicleSession::findEcuByFunction(std::string_view functionName) const {

@@ -1,32 +1,31 @@
 #pragma once
 
-#include <QPointer>
-#include <QRect>
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QRegion>
 
 class QWidget;
 
 namespace tarnlog {
 
-class PaintBeat;
-
 /// Lets a widget be painted at most as often as its screen shows pictures. What is asked for in between is
-/// gathered and painted with the next picture. Asking allocates nothing while pictures follow one another.
-class PaintPacer {
+/// gathered and painted with the next picture.
+class PaintPacer : public QObject {
  public:
-  explicit PaintPacer(QWidget* widget) : widget_(widget) {}
-  ~PaintPacer();
-  Q_DISABLE_COPY_MOVE(PaintPacer)
-
+  explicit PaintPacer(QWidget* widget) : QObject(nullptr), widget_(widget) {}
   void request(const QRect& area);
 
+ protected:
+  void timerEvent(QTimerEvent* event) override;
+
  private:
-  friend class PaintBeat;
-  /// Hands over to the toolkit what has been asked for.
-  void paint();
+  void flush();
 
   QWidget* widget_;
-  QRect due_;
-  QPointer<PaintBeat> beat_;  ///< of the screen that the widget was on when it asked
+  QRegion due_;
+  QBasicTimer timer_;
+  QElapsedTimer last_;
 };
 
 }  // namespace tarnlog

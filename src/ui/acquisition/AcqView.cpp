@@ -14,7 +14,6 @@
 
 #include "acquisition/Indicators.h"
 #include "platform/base/TarnError.h"
-#include "ui/acquisition/ElidedLabel.h"
 #include "ui/acquisition/HotKeys.h"
 #include "ui/acquisition/Indicator.h"
 #include "ui/acquisition/IndicatorMeaning.h"
@@ -25,6 +24,7 @@
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/acquisition/ValueListView.h"
 #include "ui/common/Convert.h"
+#include "ui/common/ElidedLabel.h"
 #include "ui/common/Icons.h"
 
 namespace tarnlog {
@@ -314,9 +314,6 @@ void AcqView::toggleFullScreen() {
 
 void AcqView::toggleHelp() {
   if (help_ == nullptr) help_ = new KeyboardHelp(this);
-  QRect place({}, help_->sizeHint());
-  place.moveCenter(mapToGlobal(rect().center()));
-  if (!help_->isVisible()) help_->move(std::max(place.left(), 0), std::max(place.top(), 0));
   help_->setVisible(!help_->isVisible());
 }
 
@@ -344,7 +341,7 @@ void AcqView::setEventCaption(std::string_view caption) { eventBouton_->setText(
 
 void AcqView::setPanelText(StatusPanel panel, std::string_view text) {
   if (panel == StatusPanel::Record)
-    recordPanel_->showText(inUsersWords(text));
+    recordPanel_->setText(inUsersWords(text));
   else
     acqTimePanel_->setText(toQString(text));
 }

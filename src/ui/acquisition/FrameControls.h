@@ -44,7 +44,7 @@ class FrameControls : public GraphicFrame {
 
   bool empty() const;
   void setFrozen(bool frozen);
-  /// The font of the desktop has changed.
+  /// Palette or font of the desktop have changed.
   void restyle();
 
  private:

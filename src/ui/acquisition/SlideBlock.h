@@ -21,7 +21,7 @@ class SlideBlock : public Placed<SlideControl, CWSlide> {
   void setPointerColour(int pointer, Colour colour) override;
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
-  /// The font of the desktop has changed.
+  /// Palette or font of the desktop have changed.
   void restyle();
 
  private:

@@ -35,21 +35,11 @@ ValueListView::ValueListView(QWidget* parent) : QTreeView(parent) {
   setSelectionMode(ExtendedSelection);
   header()->setSectionsMovable(false);
   header()->setMinimumSectionSize(8);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  connect(header(), &QHeaderView::sectionResized, this, [this] {
-    if (!applying_) leaveToUser();
-  });
-}
-
-/// Columns that the user makes wider may leave the list.
-void ValueListView::leaveToUser() {
-  dragged_ = true;
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  connect(header(), &QHeaderView::sectionResized, this, [this] { dragged_ = dragged_ || !applying_; });
 }
 
 void ValueListView::rebuildColumns() {
   dragged_ = false;
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   applyWidths();
 }
 

@@ -24,7 +24,6 @@ class ValueListView : public QTreeView {
 
  private:
   void applyWidths();
-  void leaveToUser();
 
   PaintPacer pacer_{viewport()};
   bool applying_ = false;

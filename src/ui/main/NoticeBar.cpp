@@ -8,6 +8,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/common/Icons.h"
+
 namespace tarnlog {
 
 namespace {
@@ -24,16 +26,16 @@ class NoticeBar::Notice : public QWidget {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     auto* const row = new QHBoxLayout;
-    row->setContentsMargins(8, 4, 4, 4);
-    row->addWidget(icon(), 0, Qt::AlignTop);
+    row->setContentsMargins(8, 2, 4, 2);
+    row->addWidget(icon());
     row->addWidget(label(), 1);
-    if (details.size() > 1) row->addWidget(detailsButton(), 0, Qt::AlignTop);
+    if (details.size() > 1) row->addWidget(detailsButton());
     closer_ = new QToolButton(this);
     closer_->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     closer_->setAutoRaise(true);
     closer_->setToolTip(NoticeBar::tr("Close this message"));
     closer_->setAccessibleName(closer_->toolTip());
-    row->addWidget(closer_, 0, Qt::AlignTop);
+    row->addWidget(closer_);
     column->addLayout(row);
     if (details.size() > 1) column->addWidget(list());
   }
@@ -46,7 +48,7 @@ class NoticeBar::Notice : public QWidget {
   QLabel* icon() {
     auto* const label = new QLabel(this);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    label->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
+    label->setPixmap(tarnIcon("warning").pixmap(QSize(size, size), devicePixelRatioF()));
     return label;
   }
 
@@ -75,7 +77,8 @@ class NoticeBar::Notice : public QWidget {
     list_->setTabChangesFocus(true);
     list_->setLineWrapMode(QPlainTextEdit::NoWrap);
     const int lines = std::min(kMostLines, static_cast<int>(details_.size()));
-    list_->setFixedHeight(lines * list_->fontMetrics().lineSpacing() + 3 * list_->frameWidth() + 16);
+    const auto margin = static_cast<int>(list_->document()->documentMargin());
+    list_->setFixedHeight(lines * list_->fontMetrics().lineSpacing() + margin + 2 * list_->frameWidth());
     list_->hide();
     return list_;
   }
@@ -90,6 +93,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(th
   rows_->setContentsMargins(0, 0, 0, 0);
   rows_->setSpacing(0);
   setFrameShape(QFrame::StyledPanel);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::AlternateBase);
   setAccessibleName(tr("Messages"));

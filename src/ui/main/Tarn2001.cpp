@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QHideEvent>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -11,15 +10,16 @@
 
 #include "catalogue/SessionDocument.h"
 #include "platform/base/TarnError.h"
+#include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
 #include "ui/init/TarnInit.h"
 #include "ui/main/LackText.h"
 #include "ui/main/NoticeBar.h"
-#include "ui/main/StandInScreens.h"
 #include "ui/main/WhenIdle.h"
 #include "ui/param/TarnParam.h"
 #include "ui/scope/TarnPaSc.h"
+#include "ui/select/TarnSelect.h"
 
 namespace tarnlog {
 
@@ -27,15 +27,6 @@ namespace {
 
 constexpr std::int16_t kLoad = 0;
 constexpr std::int16_t kSave = 1;
-
-/// The hourglass pointer for as long as it lives.
-class BusyPointer {
- public:
-  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-};
 
 FileQuestion configurationQuestion(const QString& title, const std::string& fileName) {
   return {title, toQString(fileName), "Tarnlog (*.xml)|*.xml|All files|*.*", ".xml", "ChooseFileName"};

@@ -11,12 +11,12 @@
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
+#include "ui/acquisition/AcqView.h"
 #include "ui/common/DesktopLocale.h"
 #include "ui/common/QtTimer.h"
 #include "ui/main/LogView.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/NoticeBar.h"
-#include "ui/main/StandInScreens.h"
 #include "ui/main/Tarn2001.h"
 
 namespace tarnlog {
@@ -45,10 +45,11 @@ TarnMain::TarnMain(const MainEnvironment& environment, QWidget* parent) : QWidge
   create(environment);
 }
 
-/// An acquisition ends in order, files closed. The views go before what they stand on.
+/// The views go before what they stand on.
 TarnMain::~TarnMain() {
   configure_->disconnect(this);
-  skipOnFailure([&] { acq_->acq().setSession(nullptr); });
+  acq_->acq().setAcqStoppedHandler({});
+  acq_->acq().setLogAddedHandler({});
   delete acq_;
   delete configure_;
 }
@@ -57,7 +58,9 @@ void TarnMain::create(const MainEnvironment& environment) {
   settings_ = &environment.settings;
   notices_ = new NoticeBar(this);
   configure_ = new Tarn2001(environment, *notices_, this);
-  acq_ = new AcqView(environment, this);
+  acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
+                      environment.stylesheetUrl},
+                     this);
   log_ = new LogView(this);
   configure_->setObjectName("ctlTarnConfigure");
   acq_->setObjectName("ctlTarnAcq");

@@ -1,0 +1,244 @@
+#include "apps/tarnlog/RecorderWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "acquisition/TarnAcq.h"
+#include "apps/tarnlog/StartPage.h"
+#include "platform/base/TarnError.h"
+#include "ui/common/Convert.h"
+#include "ui/common/Icons.h"
+#include "ui/main/NoticeBar.h"
+#include "ui/main/Tarn2001.h"
+#include "ui/main/TarnMain.h"
+#include "ui/main/WhenIdle.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr const char* kGeometry = "WindowGeometry";
+constexpr const char* kProgram = "Tarnlog2001";
+
+}  // namespace
+
+RecorderWindow::RecorderWindow(WindowEnvironment environment)
+    : environment_(std::move(environment)),
+      recentVehicles_(environment_.recorder.settings, "RecentVehicles"),
+      recentConfigurations_(environment_.recorder.settings, "RecentConfigurations"),
+      whenIdle_(
+          new WhenIdle([this] { return vehicle_ != nullptr && vehicle_->session().communicating(); }, this)) {
+  setWindowIcon(tarnIcon("tarnlog"));
+  createContent();
+  createMenus();
+  restorePlace();
+  showStart();
+}
+
+/// The recorder goes before the vehicle that it records from.
+RecorderWindow::~RecorderWindow() { delete recorder_; }
+
+void RecorderWindow::createContent() {
+  notices_ = new NoticeBar;
+  start_ = new StartPage;
+  recorder_ = new TarnMain(environment_.recorder);
+  pages_ = new QStackedWidget;
+  pages_->addWidget(start_);
+  pages_->addWidget(recorder_);
+  auto* const content = new QWidget;
+  auto* const column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(notices_);
+  column->addWidget(pages_, 1);
+  setCentralWidget(content);
+  connect(start_, &StartPage::vehicleChosen, this, &RecorderWindow::openVehicle);
+  connect(start_, &StartPage::otherVehicleWanted, this, &RecorderWindow::chooseVehicle);
+  connect(recorder_, &TarnMain::configurationStateChanged, this, &RecorderWindow::noteConfiguration);
+  connect(recorder_, &TarnMain::acquisitionStopped, this, [this] {
+    if (closing_) closeNow();
+  });
+}
+
+// --- menus
+
+void RecorderWindow::createMenus() {
+  addFileActions(*menuBar()->addMenu(tr("&File")));
+  QMenu* const help = menuBar()->addMenu(tr("&Help"));
+  help->addAction(tr("&About Tarnlog2001"), this, [this] { whenIdle_->run([this] { about(); }); });
+}
+
+void RecorderWindow::addFileActions(QMenu& menu) {
+  menu.addAction(tarnIcon("ecu"), tr("Open &vehicle..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+                 this, &RecorderWindow::chooseVehicle);
+  addRecentMenu(menu, tr("Recent v&ehicles"), recentVehicles_, &RecorderWindow::openVehicle);
+  menu.addSeparator();
+  const QList<QAction*> actions = recorder_->ctlTarnConfigure().fileActions();
+  for (QAction* const action : actions) action->setShortcutContext(Qt::WindowShortcut);
+  menu.addAction(actions.first());
+  QMenu* const recent = addRecentMenu(menu, tr("&Recent configurations"), recentConfigurations_,
+                                      &RecorderWindow::openConfiguration);
+  menu.addActions(actions.mid(1));
+  menu.addSeparator();
+  menu.addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+  connect(&menu, &QMenu::aboutToShow, this,
+          [this, recent] { recent->setEnabled(recorder_->ctlTarnConfigure().Parameters() != nullptr); });
+}
+
+QMenu* RecorderWindow::addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
+                                     void (RecorderWindow::*open)(const QString&)) {
+  QMenu* const recent = menu.addMenu(title);
+  connect(recent, &QMenu::aboutToShow, this, [this, recent, &files, open] {
+    recent->clear();
+    for (const std::string& path : files.paths()) {
+      QString text = toQString(path);
+      recent->addAction(text.replace('&', "&&"), this,
+                        [this, open, path = toQString(path)] { (this->*open)(path); });
+    }
+    if (recent->isEmpty()) recent->addAction(tr("(none)"))->setEnabled(false);
+  });
+  return recent;
+}
+
+void RecorderWindow::about() {
+  QMessageBox::about(this, tr("About Tarnlog2001"),
+                     tr("Tarnlog2001 %1\nRecorder and live scope for the diagnostic data of a vehicle's "
+                        "control units.")
+                         .arg(TARNLOG_VERSION));
+}
+
+// --- vehicle and configuration
+
+void RecorderWindow::chooseVehicle() {
+  whenIdle_->run([this] {
+    const auto recent = recentVehicles_.paths();
+    const FileQuestion question{tr("Open vehicle"), recent.empty() ? QString() : toQString(recent.front()),
+                                tr("Vehicles") + " (*.json)|*.json|" + tr("All files") + "|*.*", ".json"};
+    const auto chosen = environment_.recorder.dialogs.fileToOpen(this, question);
+    if (chosen) openVehicle(*chosen);
+  });
+}
+
+void RecorderWindow::openVehicle(const QString& path) {
+  whenIdle_->run([this, path] {
+    if (!recorder_->configurationMayBeLost()) return;
+    try {
+      useVehicle(path);
+    } catch (const TarnError& error) {
+      environment_.recorder.dialogs.error(this, tr("Vehicle error"), toQString(error.description()));
+      recentVehicles_.remove(fromQString(path));
+    }
+    showTitle();
+    acquireWaiting();
+  });
+}
+
+/// The old vehicle goes when the recorder has let it go.
+void RecorderWindow::useVehicle(const QString& path) {
+  auto vehicle = environment_.openVehicle(fromQString(path));
+  recorder_->setSession(&vehicle->session());
+  vehicle_ = std::move(vehicle);
+  recentVehicles_.add(fromQString(QFileInfo(path).absoluteFilePath()));
+  pages_->setCurrentWidget(recorder_);
+}
+
+void RecorderWindow::acquire(const QString& configuration, std::optional<std::string> folder) {
+  waitingConfiguration_ = configuration;
+  waitingFolder_ = std::move(folder);
+  acquireWaiting();
+}
+
+void RecorderWindow::acquireWaiting() {
+  if (vehicle_ == nullptr || waitingConfiguration_.isEmpty()) return;
+  const auto folder = std::exchange(waitingFolder_, std::nullopt);
+  try {
+    recorder_->OpenConfigFile(fromQString(std::exchange(waitingConfiguration_, {})));
+    if (folder) recorder_->ctlTarnAcq().Parameters()->fileFolder = *folder;
+  } catch (const TarnError& error) {
+    environment_.recorder.dialogs.error(this, tr("Load error"), toQString(error.description()));
+  }
+}
+
+void RecorderWindow::openConfiguration(const QString& path) {
+  whenIdle_->run([this, path] {
+    Tarn2001& configure = recorder_->ctlTarnConfigure();
+    if (!configure.mayBeLost()) return;
+    if (!configure.load(fromQString(path))) recentConfigurations_.remove(fromQString(path));
+  });
+}
+
+void RecorderWindow::noteConfiguration() {
+  const QString file = toQString(recorder_->configurationFile());
+  if (file != notedConfiguration_ && !file.isEmpty())
+    recentConfigurations_.add(fromQString(QFileInfo(file).absoluteFilePath()));
+  notedConfiguration_ = file;
+  showTitle();
+}
+
+// --- the window
+
+void RecorderWindow::showStart() {
+  start_->setVehicles(recentVehicles_.paths(), environment_.exampleVehicles);
+  pages_->setCurrentWidget(start_);
+  showTitle();
+}
+
+void RecorderWindow::showTitle() {
+  if (vehicle_ == nullptr) return setWindowTitle(kProgram);
+  const QString file = QFileInfo(toQString(recorder_->configurationFile())).fileName();
+  setWindowTitle((file.isEmpty() ? tr("New configuration") : file) + "[*] - " +
+                 toQString(vehicle_->description().name) + " - " + kProgram);
+  setWindowModified(recorder_->configurationChanged());
+}
+
+/// Settings that cannot be read are told once: at the end they are written anew.
+void RecorderWindow::restorePlace() {
+  resize(1100, 760);
+  try {
+    const auto stored = environment_.recorder.settings.read(kGeometry);
+    if (stored) restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(*stored)));
+  } catch (const TarnError& error) {
+    notices_->showNotice(
+        "settings",
+        tr("The settings cannot be read, the defaults are used: %1").arg(toQString(error.description())));
+  }
+}
+
+void RecorderWindow::storePlace() {
+  skipOnFailure(
+      [&] { environment_.recorder.settings.write(kGeometry, saveGeometry().toBase64().toStdString()); });
+}
+
+void RecorderWindow::showWriteFailure(const std::string& path, const std::string& why) {
+  notices_->showNotice("write", tr("Write failed: %1: %2").arg(toQString(path), toQString(why)));
+}
+
+void RecorderWindow::closeEvent(QCloseEvent* event) {
+  if (!mayClose_)
+    whenIdle_->run([this] {
+      if (recorder_->configurationMayBeLost()) endAndClose();
+    });
+  event->setAccepted(mayClose_);
+}
+
+/// The acquisition may need one more tick for its end.
+void RecorderWindow::endAndClose() {
+  closing_ = true;
+  setEnabled(false);
+  recorder_->stopAcquisition();
+}
+
+void RecorderWindow::closeNow() {
+  if (std::exchange(mayClose_, true)) return;
+  storePlace();
+  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+}  // namespace tarnlog

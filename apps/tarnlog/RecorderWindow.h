@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/vehicle/Vehicle.h"
+#include "ui/main/MainEnvironment.h"
+#include "ui/main/RecentFiles.h"
+
+class QMenu;
+class QStackedWidget;
+
+namespace tarnlog {
+
+class NoticeBar;
+class StartPage;
+class TarnMain;
+class WhenIdle;
+
+/// What the window needs from around it; all of it outlives the window.
+struct WindowEnvironment {
+  MainEnvironment recorder;
+  /// Opens a vehicle description, or raises. Events run while the vehicle is awaited.
+  std::function<std::unique_ptr<host::OpenedVehicle>(const std::string& path)> openVehicle;
+  std::vector<std::string> exampleVehicles = {};
+};
+
+/// The program's window: first a choice of vehicles, then the recorder on the chosen one. It remembers
+/// vehicles, configurations and its place on the screen. Closing ends an acquisition in order first.
+class RecorderWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  explicit RecorderWindow(WindowEnvironment environment);
+  ~RecorderWindow() override;
+
+  /// Begins anew with this vehicle, unless there is changed work that the user keeps. Failures are shown.
+  void openVehicle(const QString& path);
+  /// Opens a configuration and acquires at once; before there is a vehicle, as soon as there is one. The
+  /// files go into the folder when one is given. Failures are shown.
+  void acquire(const QString& configuration, std::optional<std::string> folder = std::nullopt);
+  /// Opens a configuration to look at and to change.
+  void openConfiguration(const QString& path);
+
+  /// Ends an acquisition in order, then closes without a question.
+  void endAndClose();
+  void showWriteFailure(const std::string& path, const std::string& why);
+
+  TarnMain& recorder() { return *recorder_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void createContent();
+  void createMenus();
+  void addFileActions(QMenu& menu);
+  QMenu* addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
+                       void (RecorderWindow::*open)(const QString&));
+  void restorePlace();
+  void storePlace();
+  void chooseVehicle();
+  void useVehicle(const QString& path);
+  void acquireWaiting();
+  void noteConfiguration();
+  void showStart();
+  void showTitle();
+  void closeNow();
+  void about();
+
+  WindowEnvironment environment_;
+  RecentFiles recentVehicles_;
+  RecentFiles recentConfigurations_;
+  WhenIdle* whenIdle_;
+  std::unique_ptr<host::OpenedVehicle> vehicle_;
+  QString waitingConfiguration_;
+  std::optional<std::string> waitingFolder_;
+  QString notedConfiguration_;
+  bool closing_ = false;
+  bool mayClose_ = false;
+
+  QStackedWidget* pages_ = nullptr;
+  NoticeBar* notices_ = nullptr;
+  StartPage* start_ = nullptr;
+  TarnMain* recorder_ = nullptr;
+};
+
+}  // namespace tarnlog

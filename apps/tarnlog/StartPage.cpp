@@ -1,0 +1,87 @@
+#include "apps/tarnlog/StartPage.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFont>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/common/Convert.h"
+#include "ui/common/Icons.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kWidth = 560;
+constexpr int kPath = Qt::UserRole;
+
+QLabel* heading(const QString& text) {
+  auto* const label = new QLabel(text);
+  QFont font = label->font();
+  font.setPointSizeF(font.pointSizeF() * 1.6);
+  label->setFont(font);
+  return label;
+}
+
+}  // namespace
+
+StartPage::StartPage(QWidget* parent)
+    : QWidget(parent),
+      vehicles_(new QListWidget),
+      other_(new QPushButton(tarnIcon("load"), tr("&Open vehicle..."))) {
+  other_->setObjectName("otherVehicle");
+  vehicles_->setObjectName("vehicles");
+  vehicles_->setAccessibleName(tr("Vehicles"));
+  vehicles_->setIconSize({24, 24});
+  vehicles_->setSpacing(2);
+  vehicles_->setTextElideMode(Qt::ElideMiddle);
+  auto* const hint = new QLabel(
+      tr("A vehicle description tells which control units a vehicle has and what they can be asked."));
+  hint->setWordWrap(true);
+
+  auto* const page = new QWidget;
+  page->setMaximumWidth(kWidth);
+  auto* const column = new QVBoxLayout(page);
+  column->setSpacing(12);
+  column->addStretch(1);
+  column->addWidget(heading(tr("Choose a vehicle")));
+  column->addWidget(hint);
+  column->addWidget(vehicles_, 4);
+  column->addWidget(other_, 0, Qt::AlignLeft);
+  column->addStretch(1);
+  auto* const row = new QHBoxLayout(this);
+  row->addStretch(1);
+  row->addWidget(page, 100);
+  row->addStretch(1);
+
+  connect(vehicles_, &QListWidget::itemActivated, this,
+          [this](const QListWidgetItem* item) { emit vehicleChosen(item->data(kPath).toString()); });
+  connect(other_, &QPushButton::clicked, this, &StartPage::otherVehicleWanted);
+}
+
+void StartPage::setVehicles(const std::vector<std::string>& recent,
+                            const std::vector<std::string>& examples) {
+  vehicles_->clear();
+  for (const std::string& path : recent) addVehicle(toQString(path), false);
+  for (const std::string& path : examples)
+    if (std::find(recent.begin(), recent.end(), path) == recent.end()) addVehicle(toQString(path), true);
+  vehicles_->setVisible(vehicles_->count() > 0);
+  vehicles_->setCurrentRow(0);
+  QWidget* const first = vehicles_->count() > 0 ? static_cast<QWidget*>(vehicles_) : other_;
+  first->setFocus();
+}
+
+void StartPage::addVehicle(const QString& path, bool example) {
+  const QFileInfo file(path);
+  const QString name = file.fileName().section('.', 0, 0);
+  const QString place = example ? tr("simulated example") : QDir::toNativeSeparators(file.path());
+  auto* const item = new QListWidgetItem(tarnIcon("ecu"), name + "\n" + place, vehicles_);
+  item->setData(kPath, path);
+  item->setToolTip(path);
+}
+
+}  // namespace tarnlog

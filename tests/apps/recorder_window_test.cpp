@@ -1,0 +1,174 @@
+#include "apps/tarnlog/RecorderWindow.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <optional>
+
+#include "platform/settings/FileSettingsStore.h"
+#include "tests/scenarios/Scenario.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/ManualTimer.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/SteppedClock.h"
+#include "ui/main/NoticeBar.h"
+#include "ui/main/Tarn2001.h"
+#include "ui/main/TarnMain.h"
+
+namespace tarnlog {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+/// The program's window with files, time and the user's answers in the test's hands.
+struct RecorderWindowTest : ::testing::Test {
+  RecorderWindowTest() {
+    test::Recipe recipe;
+    recipe.speed = "0:10";
+    files.files["/car.json"] = test::vehicleDescription(recipe);
+    files.files["/broken.json"] = R"({"name": "Car", "ecus": 7})";
+    files.files["/c.xml"] = test::configuration(recipe);
+    files.files["/bad.xml"] = "<Tarnlog2000>";
+    open();
+  }
+  /// Starts the program anew.
+  void open() {
+    window.reset();
+    window.emplace(
+        WindowEnvironment{{clock, timer, files, settings, dialogs, {}}, [this](const std::string& path) {
+                            return host::openVehicle(path, files, {}, linkClock, [this] {
+                              if (whileWaiting) std::exchange(whileWaiting, nullptr)();
+                            });
+                          }});
+    window->show();
+  }
+  void ticks(int count) {
+    for (int i = 0; i < count; ++i) {
+      timer.fire();
+      linkClock.step(51'000);
+    }
+  }
+  void view(int tab) { window->findChild<QTabBar*>("TabSmain")->setCurrentIndex(tab); }
+  void press(const char* button) { window->findChild<QAbstractButton*>(button)->click(); }
+  bool closed() {
+    return QTest::qWaitFor([&] { return !window->isVisible(); }, 1000);
+  }
+  std::vector<std::string> recordFiles() const {
+    std::vector<std::string> paths;
+    for (const auto& [path, bytes] : files.files)
+      if (path.rfind("/rec/", 0) == 0) paths.push_back(path);
+    return paths;
+  }
+  std::vector<std::string> entriesOf(const QString& menuTitle) {
+    for (auto* const menu : window->findChildren<QMenu*>()) {
+      if (menu->title().remove('&') != menuTitle) continue;
+      emit menu->aboutToShow();
+      std::vector<std::string> texts;
+      for (const QAction* const action : menu->actions()) texts.push_back(fromQString(action->text()));
+      return texts;
+    }
+    return {};
+  }
+
+  test::SteppedClock clock;
+  test::ManualLinkClock linkClock{&clock};
+  test::ManualTimer timer;
+  test::MemoryFileSystem files;
+  FileSettingsStore settings{files, "/cfg/settings"};
+  test::ScriptedDialogs dialogs;
+  std::function<void()> whileWaiting;
+  std::optional<RecorderWindow> window;
+};
+
+TEST_F(RecorderWindowTest, RemembersVehiclesConfigurationsAndItsPlace) {
+  EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
+  dialogs.filesToOpen = {"/car.json", "/c.xml"};
+  press("otherVehicle");
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001");
+  window->findChild<QAction*>("load")->trigger();
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_FALSE(window->isWindowModified());
+  window->recorder().ctlTarnConfigure().noteEdit();
+  EXPECT_TRUE(window->isWindowModified());
+  window->resize(900, 500);
+
+  dialogs.decisions = {Dialogs::Changed::Cancel, Dialogs::Changed::Discard};
+  EXPECT_FALSE(window->close());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window->isVisible());
+  window->close();
+  EXPECT_TRUE(closed());
+  open();
+  EXPECT_EQ(window->size(), QSize(900, 500));
+  EXPECT_THAT(entriesOf("Recent vehicles"), ElementsAre("/car.json"));
+  EXPECT_THAT(entriesOf("Recent configurations"), ElementsAre("/c.xml"));
+  auto* const vehicles = window->findChild<QListWidget*>("vehicles");
+  emit vehicles->itemActivated(vehicles->item(0));
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001");
+}
+
+TEST_F(RecorderWindowTest, StaysUsableWithBrokenFiles) {
+  files.files["/cfg/settings"] = "no equals sign";
+  open();
+  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("settings")),
+              HasSubstr("/cfg/settings, line 1: expected Name=value"));
+  window->acquire("/bad.xml");
+  window->openVehicle("/broken.json");
+  EXPECT_THAT(dialogs.asked, ElementsAre(HasSubstr("/broken.json: /ecus: expected")));
+  EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
+  window->openVehicle("/car.json");
+  EXPECT_THAT(dialogs.asked.back(), HasSubstr("Load error: Open file error : File : /bad.xml, Line : 1"));
+  window->openVehicle("/none.json");
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001") << "the old vehicle stays";
+  open();
+  EXPECT_FALSE(window->findChild<NoticeBar*>()->isVisible()) << "said once";
+}
+
+TEST_F(RecorderWindowTest, EndsTheRecordingBeforeItCloses) {
+  window->acquire("/c.xml");
+  window->openVehicle("/car.json");
+  ticks(12);
+  press("CommandStartStop");
+  ticks(3);
+  ASSERT_THAT(recordFiles(), SizeIs(1));
+  window->close();
+  EXPECT_TRUE(window->isVisible()) << "one more tick ends the acquisition";
+  ticks(1);
+  EXPECT_TRUE(closed());
+  EXPECT_THAT(files.files[recordFiles().front()], HasSubstr("\r\n0\t\"Start\"\t10"));
+}
+
+/// The window must not go, nor ask anything, inside the request: its tick would have nowhere to return to.
+TEST_F(RecorderWindowTest, ClosesAndChangesTheVehicleAfterTheRequestUnderWay) {
+  window->acquire("/c.xml");
+  window->openVehicle("/car.json");
+  ticks(12);
+  whileWaiting = [&] { window->openVehicle("/car.json"); };
+  ticks(1);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window->windowTitle().startsWith("New"); }, 1000));
+  window->acquire("/c.xml");
+  ticks(12);
+  window->recorder().ctlTarnConfigure().noteEdit();
+  dialogs.decisions = {Dialogs::Changed::Discard};
+  std::size_t asked = 0;
+  whileWaiting = [&] {
+    window->close();
+    asked = dialogs.asked.size();
+  };
+  ticks(1);
+  EXPECT_EQ(asked, 0U);
+  EXPECT_TRUE(closed());
+}
+
+}  // namespace
+}  // namespace tarnlog

@@ -138,7 +138,7 @@ QRect Window<CWGraph>::paintedArea(const CWGraph& graph) {
 /// Any change of an axis has all drawn anew.
 template <>
 void Window<CWGraph>::redrawAll() {
-  for (CWGraph* graph : graphs_) graph->setAxisRange(CWGraph::YAxis, 0, 100);
+  for (CWGraph* graph : graphs_) graph->setAxisRange(CWGraph::YAxis, 0, 100 + next_ % 2);
 }
 
 void plain(benchmark::State& state) {

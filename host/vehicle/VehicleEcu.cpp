@@ -28,7 +28,7 @@ const VehicleRawBuffer& ownBuffer(const ferrox3::RawBuffer& buffer) {
 
 }  // namespace
 
-VehicleEcu::VehicleEcu(const EcuDescription& description, Conversation& conversation,
+VehicleEcu::VehicleEcu(const EcuDescription& description, SessionKeeper& conversation,
                        const VehicleRequest::Devices& devices, const UserLocale& locale)
     : description_(description),
       conversation_(conversation),

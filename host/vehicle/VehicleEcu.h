@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/vehicle/Conversation.h"
+#include "host/vehicle/SessionKeeper.h"
 #include "host/vehicle/VehicleRequest.h"
 #include "platform/ferrox3/Session.h"
 
@@ -20,7 +20,7 @@ namespace tarnlog::host {
 /// An ECU of a description.
 class VehicleEcu : public ferrox3::Ecu {
  public:
-  VehicleEcu(const EcuDescription& description, Conversation& conversation,
+  VehicleEcu(const EcuDescription& description, SessionKeeper& conversation,
              const VehicleRequest::Devices& devices, const UserLocale& locale);
 
   const std::string& name() const override { return description_.name; }
@@ -58,7 +58,7 @@ class VehicleEcu : public ferrox3::Ecu {
                                  Link::Bytes& response);
 
   const EcuDescription& description_;
-  Conversation& conversation_;
+  SessionKeeper& conversation_;
   LinkTarget target_;
   std::vector<std::unique_ptr<VehicleRequest>> requests_;
   std::unordered_map<std::string_view, VehicleRequest*> requestsByName_;

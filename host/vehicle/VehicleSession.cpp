@@ -10,17 +10,19 @@ namespace tarnlog::host {
 
 VehicleSession::VehicleSession(const VehicleDescription& description, Link& link, LinkClock& clock,
                                UserLocale locale)
-    : locale_(std::move(locale)), conversation_(link, clock, description.pendingTimeout) {
+    : locale_(std::move(locale)),
+      conversation_(link, clock, description.pendingTimeout),
+      keeper_(conversation_, clock) {
   ecus_.reserve(description.ecus.size());
   for (const EcuDescription& ecu : description.ecus) {
     ecus_.push_back(std::make_unique<VehicleEcu>(
-        ecu, conversation_, [this](const std::string& name) { return deviceOf(name); }, locale_));
+        ecu, keeper_, [this](const std::string& name) { return deviceOf(name); }, locale_));
     byFunction_.emplace(ecu.function, ecus_.back().get());
   }
 }
 
 VehicleSession::~VehicleSession() {
-  skipOnFailure([this] { conversation_.end(); });
+  skipOnFailure([this] { keeper_.end(); });
 }
 
 ferrox3::Ecu* VehicleSession::findEcuByFunction(std::string_view functionName) const {

@@ -9,6 +9,7 @@
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 #include "host/vehicle/Conversation.h"
+#include "host/vehicle/SessionKeeper.h"
 #include "host/vehicle/VehicleDescription.h"
 #include "host/vehicle/VehicleEcu.h"
 #include "platform/ferrox3/Session.h"
@@ -33,13 +34,14 @@ class VehicleSession : public ferrox3::Session {
   std::unique_ptr<ferrox3::RawBuffer> createRawBuffer() override;
   bool communicating() const override { return conversation_.busy(); }
   /// Closes the link; a request sent later opens it again.
-  void endCommunication() override { conversation_.end(); }
+  void endCommunication() override { keeper_.end(); }
 
  private:
   const VehicleDevice* deviceOf(const std::string& name);
 
   UserLocale locale_;
   Conversation conversation_;
+  SessionKeeper keeper_;
   std::unordered_map<std::string, std::unique_ptr<VehicleDevice>> devices_;
   std::vector<std::unique_ptr<VehicleEcu>> ecus_;
   std::unordered_map<std::string_view, VehicleEcu*> byFunction_;

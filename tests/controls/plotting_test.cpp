@@ -75,7 +75,7 @@ TEST(ScrollingCanvas, ScrollsWithoutMovingPixelsAndCutsOffWhatIsOutside) {
   EXPECT_EQ(canvas.at(3, 4), 7U);
   EXPECT_EQ(canvas.seam(), 3);
   canvas.line(5, -1e7, 6, 1e7, 9);
-  EXPECT_EQ(canvas.at(5, 0), 9U);
+  for (int row = 0; row < 10; ++row) EXPECT_NE(canvas.at(5, row) == 9U, canvas.at(6, row) == 9U) << row;
   canvas.span(50, 0, 9, 2);
   canvas.span(5, 20, 30, 2);
   canvas.resize(1, 1);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -184,6 +185,26 @@ TEST(VehicleSession, TheAcquisitionListSendsEachRequestOnce) {
   list->finish();
   EXPECT_EQ(set->requestCount(), 0U);
   EXPECT_EQ(list->pollSet()->requestCount(), 0U);
+}
+
+TEST(VehicleSession, OpenSessionsAreKeptWhileAnotherEcuIsAsked) {
+  Car car;
+  car.peer.script = {{"10 A0", {"50 A0"}}, {"22 00 02", {"62 00 02 11"}}, {"21 80", {"61 80 13 5F 01 FE"}}};
+  ferrox3::Request& wheels = *car.session.ecu(1).findRequest("Wheels");
+  car.session.ecu(0).kwp2000()->startDiagnosticSession(0xA0);
+  const auto askWheelsFor = [&](int seconds) {
+    car.peer.sent.clear();
+    for (int i = 0; i < seconds * 2; ++i) {
+      wheels.send();
+      car.clock.step(490'000);
+    }
+    return std::count(car.peer.sent.begin(), car.peer.sent.end(), "16: 3E 01");
+  };
+  EXPECT_EQ(askWheelsFor(9), 4);  // not answered, which is no failure of the request that was asked for
+  car.request("Speeds").send();
+  EXPECT_EQ(askWheelsFor(2), 0);
+  car.session.endCommunication();
+  EXPECT_EQ(askWheelsFor(9), 0);
 }
 
 TEST(VehicleSession, LooksUpByName) {

@@ -9,22 +9,21 @@
 #include <limits>
 
 #include "platform/controls/Readable.h"
+#include "platform/plotting/CurveDrawing.h"
 
 namespace tarnlog {
 namespace {
 
-constexpr double kFarAway = 1e7;  ///< pixels; beyond, slopes no longer matter
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 std::uint32_t rgb(const QColor& colour) { return colour.rgb() | 0xff000000U; }
-
-double limited(double pixel) { return std::clamp(pixel, -kFarAway, kFarAway); }
 
 }  // namespace
 
 CWGraph::CWGraph(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
-  axes_[0].labels = false;
+  x_.labels = false;
+  x_.ranks = AxisRange{0, static_cast<double>(history_)};
 }
 
 void CWGraph::setTitle(const QString& title) {
@@ -44,48 +43,54 @@ void CWGraph::setXY(bool xy) {
 }
 
 void CWGraph::setAxisRange(AxisId axis, double minimum, double maximum) {
-  settings(axis).fixed = saneRange(minimum, maximum);
-  settings(axis).autoscale = false;
-  redrawAll();
+  axisOf(axis).fixed = saneRange(minimum, maximum);
+  axisOf(axis).autoscale = false;
+  layOut();
 }
 
 void CWGraph::setAxisAutoscale(AxisId axis, bool on) {
-  settings(axis).autoscale = on;
-  settings(axis).automatic.reset();
-  redrawAll();
+  axisOf(axis).autoscale = on;
+  axisOf(axis).automatic.reset();
+  layOut();
 }
 
 void CWGraph::setAxisCaption(AxisId axis, const QString& caption) {
-  settings(axis).caption = caption;
-  redrawAll();
+  axisOf(axis).caption = caption;
+  layOut();
 }
 
 void CWGraph::setAxisLabels(AxisId axis, bool labels) {
-  settings(axis).labels = labels;
-  redrawAll();
+  axisOf(axis).labels = labels;
+  layOut();
 }
 
 void CWGraph::setAxisGrid(AxisId axis, bool grid) {
-  settings(axis).grid = grid;
-  redrawAll();
+  axisOf(axis).grid = grid;
+  layOut();
 }
 
 void CWGraph::setAxisBinary(AxisId axis, bool binary) {
-  settings(axis).binary = binary;
-  redrawAll();
+  axisOf(axis).binary = binary;
+  layOut();
 }
 
 int CWGraph::addPlot() {
   plots_.emplace_back();
   plots_.back().points.setCapacity(history_);
   plots_.back().points.setKeepsX(xy_ || plotCount() == 1);  // the moments of all points, in the first plot
-  plots_.back().colour = palette().color(QPalette::Text);
+  setPlotColour(plotCount(), palette().color(QPalette::Text));
   return plotCount();
 }
 
 void CWGraph::setPlotColour(int plot, const QColor& colour) {
   if (plot < 1 || plot > plotCount()) return;
   plots_[static_cast<std::size_t>(plot - 1)].colour = colour;
+  chooseColours();
+}
+
+void CWGraph::chooseColours() {
+  const QColor base = palette().color(QPalette::Base);
+  for (Plot& plot : plots_) plot.painted = rgb(readableCurve(plot.colour, base));
   redrawAll();
 }
 
@@ -112,8 +117,9 @@ void CWGraph::clearData() {
     plots_[i].held.reset();
     plots_[i].points.setKeepsX(xy_ || i == 0);
   }
-  for (AxisSettings& axis : axes_) axis.automatic.reset();
-  redrawAll();
+  x_.ranks = xy_ ? std::nullopt : std::optional(AxisRange{0, static_cast<double>(history_)});
+  for (GraphAxis* const axis : {&x_, &y_}) axis->automatic.reset();
+  layOut();
 }
 
 void CWGraph::setFrozen(bool frozen) {
@@ -124,8 +130,13 @@ void CWGraph::setFrozen(bool frozen) {
   redrawAll();
 }
 
+void CWGraph::layOut() {
+  outline_.layOut(size(), fontMetrics(), locale(), x_, y_);
+  redrawAll();
+}
+
 void CWGraph::redrawAll() {
-  stale_ = frameStale_ = true;
+  stale_ = true;
   update();
 }
 
@@ -184,9 +195,9 @@ QPointF CWGraph::placeOf(int plot, std::int64_t point) const {
     return std::isnan(part) ? 0.0 : std::clamp(part * most, 0.0, most);
   };
   const double x =
-      xy_ ? inside((xValueOf(plot, point) - range(XAxis).minimum) / range(XAxis).span(), area.width())
+      xy_ ? inside((xValueOf(plot, point) - x_.range().minimum) / x_.range().span(), area.width())
           : std::clamp(chartX(point), 0.0, area.width() - 1);
-  const double y = (range(YAxis).maximum - valueOf(plot, point)) / range(YAxis).span();
+  const double y = (y_.range().maximum - valueOf(plot, point)) / y_.range().span();
   return {area.left() + x, area.top() + inside(y, area.height())};
 }
 
@@ -224,159 +235,73 @@ std::int64_t CWGraph::nearestPoint(const QPoint& position) const {
   return found;
 }
 
-AxisRange CWGraph::range(AxisId axis) const {
-  if (axis == XAxis && !xy_) return {0, static_cast<double>(history_)};
-  return settings(axis).autoscale ? settings(axis).automatic.range() : settings(axis).fixed;
-}
-
-QRect CWGraph::plotArea() const {
-  const int line = fontMetrics().height();
-  const bool yLabels = settings(YAxis).labels && width() > 4 * line * 2 && height() >= line;
-  const bool xLabels = settings(XAxis).labels && xy_ && height() > 3 * line;
-  const bool yCaption = !settings(YAxis).caption.isEmpty() && height() > 3 * line;
-  const bool xCaption = !settings(XAxis).caption.isEmpty() && height() > 4 * line;
-  // A fixed width for the labels: the area must not move while an axis grows.
-  const int left = (yLabels ? fontMetrics().horizontalAdvance(QStringLiteral("-00000.0")) + 4 : 0) + 1;
-  const int bottom = (xLabels ? line + 3 : 0) + (xCaption ? line + 1 : 0) + 1;
-  const int top = yCaption ? line + 2 : 1;
-  return QRect(left, top, std::max(width() - left - 1, 1), std::max(height() - top - bottom, 1));
-}
-
-AxisTicks CWGraph::ticks(AxisId axis, const QRect& area) const {
-  const int line = std::max(fontMetrics().height(), 1);
-  const int room = axis == XAxis ? area.width() / (line * 5) : area.height() * 2 / (line * 3);
-  const int atMost = std::clamp(room, 1, 11);
-  return settings(axis).binary ? wholeTicksFor(range(axis), atMost) : ticksFor(range(axis), atMost);
-}
-
-std::int64_t CWGraph::columnOf(std::int64_t point) const { return point * canvas_.width() / history_; }
-
 std::int64_t CWGraph::firstColumn() const {
-  if (xy_) return 0;
-  const std::int64_t newest = endPoint();
-  if (newest <= history_) return 0;
-  return columnOf(newest - 1) - canvas_.width() + 1;
-}
-
-double CWGraph::rowOf(double y) const {
-  const AxisRange axis = range(YAxis);
-  return limited((axis.maximum - y) / axis.span() * (canvas_.height() - 1) + 0.5);
-}
-
-double CWGraph::xyColumnOf(double x) const {
-  const AxisRange axis = range(XAxis);
-  return limited((x - axis.minimum) / axis.span() * (canvas_.width() - 1) + 0.5);
+  const std::int64_t end = endPoint();
+  return xy_ || end <= history_ ? 0 : columns_.columnOf(end - 1) - canvas_.width() + 1;
 }
 
 bool CWGraph::followPoints() {
   bool changed = false;
-  for (const AxisId axis : {XAxis, YAxis}) {
-    if (!settings(axis).autoscale || (axis == XAxis && !xy_)) continue;
+  for (GraphAxis* const axis : {&x_, &y_}) {
+    if (!axis->follows()) continue;
     Extremes all;
     for (const Plot& plot : plots_)
-      all.add(axis == XAxis ? plot.shown().extremesOfX() : plot.shown().extremes());
-    changed |= settings(axis).automatic.follow(all.lowest, all.highest);
+      all.add(axis == &x_ ? plot.shown().extremesOfX() : plot.shown().extremes());
+    changed |= axis->automatic.follow(all.lowest, all.highest);
   }
   return changed;
 }
 
 void CWGraph::prepareCanvas() {
-  if (!frozen_ && followPoints()) redrawAll();  // the labels may lie outside of what is painted now
-  const QSize size = plotArea().size() * devicePixelRatio();
-  if (size.width() != canvas_.width() || size.height() != canvas_.height()) stale_ = true;
-  if (!stale_) return drawNewColumns();
-  canvas_.resize(size.width(), size.height());
-  canvas_.setPen(static_cast<int>(std::lround(devicePixelRatio())));
+  if (!frozen_ && followPoints()) {
+    outline_.renumber(fontMetrics(), locale(), x_, y_);
+    redrawAll();  // the numbers may lie outside of what is painted now
+  }
+  const QRect area = plotArea();
+  const qreal ratio = devicePixelRatio();
+  const int wide = qRound((area.x() + area.width()) * ratio) - qRound(area.x() * ratio);
+  const int high = qRound((area.y() + area.height()) * ratio) - qRound(area.y() * ratio);
+  if (wide != canvas_.width() || high != canvas_.height()) {
+    canvas_.resize(wide, high);
+    stale_ = true;
+  }
+  if (stale_)
+    drawAll();
+  else
+    drawNewColumns();
+  stale_ = false;
+}
+
+void CWGraph::drawAll() {
+  canvas_.setPen(qRound(devicePixelRatio()));
+  const int rows = canvas_.height() - canvas_.pen() + 1;
+  rows_ = PixelScale::downwards(y_.range(), rows);
+  xColumns_ = PixelScale(x_.range(), canvas_.width());
+  columns_ = ColumnScale(canvas_.width(), history_);
   canvas_.setFirstColumn(firstColumn());
-  drawnTo_ = canvas_.firstColumn() + canvas_.width();
+  drawnTo_ = canvas_.endColumn();
   drawGrid(canvas_.firstColumn(), drawnTo_);
   for (Plot& plot : plots_) {
+    const PlotHistory& points = plot.shown();
     if (xy_)
-      drawXY(plot);
+      drawXYCurve(canvas_, points, xColumns_, rows_, plot.painted);
     else if (history_ > 4 * canvas_.width())
-      drawColumns(plot);
+      drawDenseTimeCurve(canvas_, points, columns_, rows_, plot.painted);
     else
-      drawTimePoints(plot, plot.shown().begin());
-    plot.drawn = plot.shown().end();
+      drawTimeCurve(canvas_, points, points.begin(), columns_, rows_, plot.painted);
+    plot.drawn = points.end();
   }
-  stale_ = false;
 }
 
 void CWGraph::drawNewColumns() {
   canvas_.setFirstColumn(firstColumn());
-  const std::int64_t end = canvas_.firstColumn() + canvas_.width();
+  const std::int64_t end = canvas_.endColumn();
   if (end > drawnTo_) drawGrid(std::max(drawnTo_, canvas_.firstColumn()), end);
   drawnTo_ = end;
   for (Plot& plot : plots_) {
-    if (plot.drawn < plot.shown().end()) drawTimePoints(plot, std::max(plot.drawn - 1, plot.shown().begin()));
+    if (plot.drawn < plot.shown().end())
+      drawTimeCurve(canvas_, plot.shown(), plot.drawn, columns_, rows_, plot.painted);
     plot.drawn = plot.shown().end();
-  }
-}
-
-/// Each point with a line from the one before it; the point `from` is where the line starts.
-void CWGraph::drawTimePoints(const Plot& plot, std::int64_t from) {
-  const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
-  double lastX = 0;
-  double lastY = std::numeric_limits<double>::quiet_NaN();
-  for (std::int64_t point = from; point < points.end(); ++point) {
-    const double value = points.y(point);
-    if (!std::isfinite(value)) {
-      lastY = value;
-      continue;
-    }
-    const auto x = static_cast<double>(columnOf(point));
-    const double y = rowOf(value);
-    if (std::isfinite(lastY))
-      canvas_.line(lastX, lastY, x, y, colour);
-    else
-      canvas_.span(columnOf(point), y, y, colour);
-    lastX = x;
-    lastY = y;
-  }
-}
-
-/// Many points in a column: one span from the lowest to the highest, and a line from the column before.
-void CWGraph::drawColumns(const Plot& plot) {
-  const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
-  const std::int64_t end = points.end();
-  std::int64_t first = points.begin();
-  while (first < end) {
-    const std::int64_t column = columnOf(first);
-    const std::int64_t next =
-        std::min(((column + 1) * history_ + canvas_.width() - 1) / canvas_.width(), end);
-    const Extremes extremes = points.extremes(first, next);
-    if (extremes.any()) canvas_.span(column, rowOf(extremes.lowest), rowOf(extremes.highest), colour);
-    if (first > points.begin()) {
-      const double before = points.y(first - 1);
-      const double after = points.y(first);
-      const auto x = static_cast<double>(column);
-      if (std::isfinite(before) && std::isfinite(after))
-        canvas_.line(x - 1, rowOf(before), x, rowOf(after), colour);
-    }
-    first = next;
-  }
-}
-
-void CWGraph::drawXY(const Plot& plot) {
-  const PlotHistory& points = plot.shown();
-  const std::uint32_t colour = rgb(readableCurve(plot.colour, palette().color(QPalette::Base)));
-  bool joined = false;
-  double lastX = 0;
-  double lastY = 0;
-  for (std::int64_t point = points.begin(); point < points.end(); ++point) {
-    const double valueX = points.x(point);
-    const double valueY = points.y(point);
-    const bool finite = std::isfinite(valueX) && std::isfinite(valueY);
-    if (finite) {
-      const double x = xyColumnOf(valueX);
-      const double y = rowOf(valueY);
-      canvas_.line(joined ? lastX : x, joined ? lastY : y, x, y, colour);
-      lastX = x;
-      lastY = y;
-    }
-    joined = finite;
   }
 }
 
@@ -384,108 +309,63 @@ void CWGraph::drawGrid(std::int64_t from, std::int64_t to) {
   const QColor base = palette().color(QPalette::Base);
   const std::uint32_t grid = rgb(blend(base, palette().color(QPalette::Text), 0.16F));
   canvas_.fillColumns(from, to, rgb(base));
-  const QRect area = plotArea();
-  if (settings(YAxis).grid) {
-    const AxisTicks marks = ticks(YAxis, area);
-    for (int i = 0; i < marks.count; ++i) canvas_.row(static_cast<int>(rowOf(marks.at(i))), from, to, grid);
-  }
-  if (!settings(XAxis).grid) return;
-  const AxisTicks marks = ticks(XAxis, area);
+  const AxisTicks& levels = outline_.yTicks();
+  for (int i = 0; y_.grid && i < levels.count; ++i)
+    canvas_.row(static_cast<int>(rows_(levels.at(i))), from, to, grid);
+  if (!x_.grid) return;
+  const AxisTicks& marks = outline_.xTicks();
   if (xy_) {
     for (int i = 0; i < marks.count; ++i)
-      canvas_.span(static_cast<std::int64_t>(xyColumnOf(marks.at(i))), 0, canvas_.height(), grid);
+      canvas_.column(static_cast<std::int64_t>(xColumns_(marks.at(i))), grid);
     return;
   }
   // Lines at ranks: they move with the points, as on paper.
   const auto step = std::max<std::int64_t>(std::llround(marks.step), 1);
-  const std::int64_t firstPoint = from * history_ / canvas_.width();
-  for (std::int64_t rank = (firstPoint / step) * step; columnOf(rank) < to; rank += step)
-    if (columnOf(rank) >= from) canvas_.span(columnOf(rank), 0, canvas_.height(), grid);
-}
-
-void CWGraph::paintXLabels(QPainter& painter, const QRect& area) const {
-  const int line = fontMetrics().height();
-  int y = area.bottom() + 3;
-  if (settings(XAxis).labels && xy_ && height() > 3 * line) {
-    const AxisTicks marks = ticks(XAxis, area);
-    int free = 0;
-    for (int i = 0; i < marks.count; ++i) {
-      const QString text = locale().toString(marks.at(i), 'f', marks.decimals);
-      const int wide = fontMetrics().horizontalAdvance(text);
-      const double part = (marks.at(i) - axisMinimum(XAxis)) / range(XAxis).span();
-      const int centre = area.left() + static_cast<int>(part * (area.width() - 1));
-      const int x = std::clamp(centre - wide / 2, 0, std::max(width() - wide, 0));
-      if (x < free) continue;
-      painter.drawText(x, y, wide, line, Qt::AlignCenter, text);
-      free = x + wide + line / 2;
-    }
-    y += line;
-  }
-  if (y + line <= height())
-    painter.drawText(area.left(), y, area.width(), line, Qt::AlignCenter, settings(XAxis).caption);
-}
-
-void CWGraph::paintYLabels(QPainter& painter, const QRect& area) const {
-  const int line = fontMetrics().height();
-  if (area.top() > line) painter.drawText(0, 0, width(), line, Qt::AlignLeft, settings(YAxis).caption);
-  if (area.left() < line) return;
-  const AxisTicks marks = ticks(YAxis, area);
-  int free = height();
-  for (int i = 0; i < marks.count; ++i) {
-    const double part = (axisMaximum(YAxis) - marks.at(i)) / range(YAxis).span();
-    const int centre = area.top() + static_cast<int>(part * (area.height() - 1));
-    const int y = std::clamp(centre - line / 2, 0, std::max(height() - line, 0));
-    if (y + line > free + 2) continue;
-    QString text = locale().toString(marks.at(i), 'f', marks.decimals);
-    if (fontMetrics().horizontalAdvance(text) > area.left() - 4)
-      text = locale().toString(marks.at(i), 'g', 3);
-    painter.drawText(0, y, area.left() - 4, line, Qt::AlignRight | Qt::AlignVCenter, text);
-    free = y;
-  }
-}
-
-void CWGraph::paintFrame() {
-  const qreal ratio = devicePixelRatio();
-  frame_ = QPixmap(size() * ratio);
-  frame_.setDevicePixelRatio(ratio);
-  frame_.fill(palette().color(QPalette::Window));
-  QPainter painter(&frame_);
-  painter.setFont(font());
-  const QRect area = plotArea();
-  painter.setPen(blend(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.45F));
-  painter.drawRect(area.adjusted(-1, -1, 0, 0));
-  painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-  paintYLabels(painter, area);
-  paintXLabels(painter, area);
-  frameStale_ = false;
+  for (std::int64_t rank = columns_.pointIn(from) / step * step; columns_.columnOf(rank) < to; rank += step)
+    if (columns_.columnOf(rank) >= from) canvas_.column(columns_.columnOf(rank), grid);
 }
 
 void CWGraph::paintEvent(QPaintEvent* event) {
   if (width() < 1 || height() < 1) return;
   prepareCanvas();
-  if (frameStale_) paintFrame();
   QPainter painter(this);
+  if (!plotArea().contains(event->rect())) paintAround(painter);
+  paintCanvas(painter);
+}
+
+void CWGraph::paintAround(QPainter& painter) {
   const QRect area = plotArea();
-  if (!area.contains(event->rect())) painter.drawPixmap(0, 0, frame_);
+  const QColor window = palette().color(QPalette::Window);
+  painter.fillRect(0, 0, width(), area.top(), window);
+  painter.fillRect(0, area.bottom() + 1, width(), height() - area.bottom() - 1, window);
+  painter.fillRect(0, area.top(), area.left(), area.height(), window);
+  painter.fillRect(area.right() + 1, area.top(), width() - area.right() - 1, area.height(), window);
+  painter.setPen(palette().color(QPalette::WindowText));
+  const QColor border = blend(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.45F);
+  outline_.paint(painter, hasFocus() ? palette().color(QPalette::Highlight) : border);
+}
+
+/// In the screen's own pixels, in the two pieces that the canvas keeps.
+void CWGraph::paintCanvas(QPainter& painter) {
+  const qreal ratio = devicePixelRatio();
+  const QPoint corner(qRound(plotArea().left() * ratio), qRound(plotArea().top() * ratio));
   const QImage image(reinterpret_cast<const uchar*>(canvas_.pixels()), canvas_.width(), canvas_.height(),
                      canvas_.width() * 4, QImage::Format_RGB32);
-  const qreal ratio = devicePixelRatio();
   const int seam = canvas_.seam();
   const int rest = canvas_.width() - seam;
-  const auto place = [&](int column, int count) {
-    return QRectF(area.left() + column / ratio, area.top(), count / ratio, canvas_.height() / ratio);
-  };
-  painter.drawImage(place(0, rest), image, QRectF(seam, 0, rest, canvas_.height()));
-  if (seam > 0) painter.drawImage(place(rest, seam), image, QRectF(0, 0, seam, canvas_.height()));
+  painter.scale(1 / ratio, 1 / ratio);
+  painter.drawImage(corner, image, QRect(seam, 0, rest, canvas_.height()));
+  if (seam > 0) painter.drawImage(corner + QPoint(rest, 0), image, QRect(0, 0, seam, canvas_.height()));
 }
 
 void CWGraph::resizeEvent(QResizeEvent* event) {
-  redrawAll();
+  layOut();
   QWidget::resizeEvent(event);
 }
 
 void CWGraph::changeEvent(QEvent* event) {
-  redrawAll();  // palette, font, locale, enabled
+  chooseColours();  // palette, font, locale, enabled
+  layOut();
   QWidget::changeEvent(event);
 }
 

@@ -1,15 +1,15 @@
 #pragma once
 
 #include <QColor>
-#include <QPixmap>
 #include <QWidget>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
+#include "platform/controls/GraphAxis.h"
+#include "platform/controls/GraphFrame.h"
 #include "platform/controls/PaintPacer.h"
-#include "platform/plotting/Autoscale.h"
-#include "platform/plotting/AxisTicks.h"
+#include "platform/plotting/PixelScale.h"
 #include "platform/plotting/PlotHistory.h"
 #include "platform/plotting/ScrollingCanvas.h"
 
@@ -43,11 +43,11 @@ class CWGraph : public QWidget {
   /// Ends in the wrong order, equal or not finite give the nearest range that can be drawn. Ends autoscale. A
   /// time chart's X axis follows `history` instead.
   void setAxisRange(AxisId axis, double minimum, double maximum);
-  double axisMinimum(AxisId axis) const { return range(axis).minimum; }
-  double axisMaximum(AxisId axis) const { return range(axis).maximum; }
+  double axisMinimum(AxisId axis) const { return axisOf(axis).range().minimum; }
+  double axisMaximum(AxisId axis) const { return axisOf(axis).range().maximum; }
   /// The axis follows the points that are kept.
   void setAxisAutoscale(AxisId axis, bool on);
-  bool axisAutoscale(AxisId axis) const { return settings(axis).autoscale; }
+  bool axisAutoscale(AxisId axis) const { return axisOf(axis).autoscale; }
   void setAxisCaption(AxisId axis, const QString& caption);
   void setAxisLabels(AxisId axis, bool labels);
   void setAxisGrid(AxisId axis, bool grid);
@@ -90,7 +90,7 @@ class CWGraph : public QWidget {
   /// Value of a time chart's plot under this x of the widget; NaN where there is none.
   double valueAt(int plot, int x) const;
   /// The area inside the axes.
-  QRect plotArea() const;
+  QRect plotArea() const { return outline_.plotArea(); }
 
   QSize sizeHint() const override { return {320, 160}; }
   QSize minimumSizeHint() const override { return {1, 1}; }
@@ -101,60 +101,49 @@ class CWGraph : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  struct AxisSettings {
-    AxisRange fixed;
-    Autoscale automatic;
-    QString caption;
-    bool autoscale = false;
-    bool labels = true;
-    bool grid = true;
-    bool binary = false;
-  };
   struct Plot {
     const PlotHistory& shown() const { return held ? *held : points; }
     PlotHistory points;
     std::optional<PlotHistory> held;  ///< what a frozen picture shows
     QColor colour;
-    std::int64_t drawn = 0;  ///< points before this one are in the canvas
+    std::uint32_t painted = 0;  ///< `colour` as it can be seen
+    std::int64_t drawn = 0;     ///< points before this one are in the canvas
   };
 
-  AxisSettings& settings(AxisId axis) { return axes_[axis == YAxis ? 1 : 0]; }
-  const AxisSettings& settings(AxisId axis) const { return axes_[axis == YAxis ? 1 : 0]; }
+  GraphAxis& axisOf(AxisId axis) { return axis == YAxis ? y_ : x_; }
+  const GraphAxis& axisOf(AxisId axis) const { return axis == YAxis ? y_ : x_; }
   const PlotHistory* shown(int plot) const;
   double chartX(std::int64_t point) const;
   std::int64_t chartPoint(int x) const;
   std::int64_t nearestPoint(const QPoint& position) const;
   double distanceTo(const QPoint& position, int plot, std::int64_t point) const;
-  AxisRange range(AxisId axis) const;
-  AxisTicks ticks(AxisId axis, const QRect& area) const;
-  void redrawAll();
   void append(int plot, double x, double y);
+  void chooseColours();
+  void layOut();
+  void redrawAll();
 
   bool followPoints();
   void prepareCanvas();
+  void drawAll();
   void drawNewColumns();
-  void drawTimePoints(const Plot& plot, std::int64_t from);
-  void drawColumns(const Plot& plot);
-  void drawXY(const Plot& plot);
   void drawGrid(std::int64_t from, std::int64_t to);
-  std::int64_t columnOf(std::int64_t point) const;
   std::int64_t firstColumn() const;
-  double rowOf(double y) const;
-  double xyColumnOf(double x) const;
-  void paintFrame();
-  void paintXLabels(QPainter& painter, const QRect& area) const;
-  void paintYLabels(QPainter& painter, const QRect& area) const;
+  void paintAround(QPainter& painter);
+  void paintCanvas(QPainter& painter);
 
   std::vector<Plot> plots_;
-  AxisSettings axes_[2];
+  GraphAxis x_;
+  GraphAxis y_;
   int history_ = 100;
   bool xy_ = false;
   bool frozen_ = false;
-  bool stale_ = true;         ///< the canvas is to be drawn from the start
-  bool frameStale_ = true;    ///< so are axes and labels
-  std::int64_t drawnTo_ = 0;  ///< columns before this one are in the canvas
+  GraphFrame outline_;
   ScrollingCanvas canvas_;
-  QPixmap frame_;
+  bool stale_ = true;         ///< the canvas is to be drawn from the start
+  std::int64_t drawnTo_ = 0;  ///< columns before this one are in the canvas
+  ColumnScale columns_;       ///< of a time chart
+  PixelScale xColumns_;
+  PixelScale rows_;
   PaintPacer pacer_{this};
 };
 

@@ -1,31 +1,28 @@
 #include "platform/controls/PaintPacer.h"
 
 #include <QScreen>
-#include <QTimerEvent>
 #include <QWidget>
-#include <algorithm>
+#include <utility>
+
+#include "platform/controls/PaintBeat.h"
 
 namespace tarnlog {
 
+PaintPacer::~PaintPacer() {
+  if (beat_) beat_->forget(this);
+}
+
 void PaintPacer::request(const QRect& area) {
-  due_ += area;
-  if (timer_.isActive()) return;
-  const qreal rate = widget_->screen() ? std::max(widget_->screen()->refreshRate(), 1.0) : 60.0;
-  const auto interval = static_cast<qint64>(1000.0 / rate);
-  const qint64 passed = last_.isValid() ? last_.elapsed() : interval;
-  if (passed >= interval) return flush();
-  timer_.start(static_cast<int>(interval - passed), Qt::PreciseTimer, this);
+  const bool waiting = beat_ && !due_.isEmpty();
+  due_ |= area;
+  if (waiting || due_.isEmpty()) return;
+  if (!beat_ || beat_->parent() != widget_->screen()) beat_ = PaintBeat::of(widget_->screen());
+  if (beat_)
+    beat_->add(this);
+  else
+    paint();
 }
 
-void PaintPacer::timerEvent(QTimerEvent* event) {
-  if (event->timerId() == timer_.timerId()) flush();
-}
-
-void PaintPacer::flush() {
-  timer_.stop();
-  last_.start();
-  widget_->update(due_);
-  due_ = QRegion();
-}
+void PaintPacer::paint() { widget_->update(std::exchange(due_, QRect())); }
 
 }  // namespace tarnlog

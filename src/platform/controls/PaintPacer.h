@@ -1,31 +1,32 @@
 #pragma once
 
-#include <QBasicTimer>
-#include <QElapsedTimer>
-#include <QObject>
-#include <QRegion>
+#include <QPointer>
+#include <QRect>
 
 class QWidget;
 
 namespace tarnlog {
 
+class PaintBeat;
+
 /// Lets a widget be painted at most as often as its screen shows pictures. What is asked for in between is
-/// gathered and painted with the next picture.
-class PaintPacer : public QObject {
+/// gathered and painted with the next picture. Asking allocates nothing while pictures follow one another.
+class PaintPacer {
  public:
-  explicit PaintPacer(QWidget* widget) : QObject(nullptr), widget_(widget) {}
+  explicit PaintPacer(QWidget* widget) : widget_(widget) {}
+  ~PaintPacer();
+  Q_DISABLE_COPY_MOVE(PaintPacer)
+
   void request(const QRect& area);
 
- protected:
-  void timerEvent(QTimerEvent* event) override;
-
  private:
-  void flush();
+  friend class PaintBeat;
+  /// Hands over to the toolkit what has been asked for.
+  void paint();
 
   QWidget* widget_;
-  QRegion due_;
-  QBasicTimer timer_;
-  QElapsedTimer last_;
+  QRect due_;
+  QPointer<PaintBeat> beat_;  ///< of the screen that the widget was on when it asked
 };
 
 }  // namespace tarnlog

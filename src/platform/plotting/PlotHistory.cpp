@@ -40,6 +40,11 @@ void PlotHistory::append(double x, double y) {
 
 void PlotHistory::clear() { setCapacity(capacity()); }
 
+std::span<const double> PlotHistory::run(std::int64_t index) const {
+  const std::size_t from = slot(index);
+  return {y_.data() + from, std::min(y_.size() - from, static_cast<std::size_t>(end_ - index))};
+}
+
 Extremes PlotHistory::extremes(std::int64_t first, std::int64_t last) const {
   first = std::max(first, begin());
   last = std::min(last, end_);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <vector>
 
 namespace tarnlog {
@@ -37,6 +38,8 @@ class PlotHistory {
   /// `index` in begin() to end() - 1.
   double y(std::int64_t index) const { return y_[slot(index)]; }
   double x(std::int64_t index) const { return x_[slot(index)]; }
+  /// The y values from `index` that stand behind one another in memory; not empty before end().
+  std::span<const double> run(std::int64_t index) const;
   /// Of the y values from `first` to before `last`, inside what is kept.
   Extremes extremes(std::int64_t first, std::int64_t last) const;
   Extremes extremes() const { return extremes(begin(), end_); }

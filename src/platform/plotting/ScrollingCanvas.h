@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace tarnlog {
@@ -14,39 +17,61 @@ class ScrollingCanvas {
   void resize(int width, int height);
   int width() const { return width_; }
   int height() const { return height_; }
-  /// Width of lines in pixels, at least 1.
+  /// Width of lines in pixels, at least 1. Wider lines reach to the left and downwards of their place.
   void setPen(int pixels) { pen_ = pixels < 1 ? 1 : pixels; }
+  int pen() const { return pen_; }
 
+  /// Not negative.
+  void setFirstColumn(std::int64_t column);
   std::int64_t firstColumn() const { return first_; }
-  void setFirstColumn(std::int64_t column) { first_ = column; }
+  std::int64_t endColumn() const { return first_ + width_; }
   /// Where the first column is stored.
-  int seam() const { return place(first_); }
+  int seam() const { return seam_; }
   const std::uint32_t* pixels() const { return pixels_.data(); }
-  std::uint32_t at(std::int64_t column, int row) const { return pixels_[index(column, row)]; }
+  std::uint32_t at(std::int64_t column, int row) const {
+    return pixels_[static_cast<std::size_t>(row) * static_cast<std::size_t>(width_) +
+                   static_cast<std::size_t>(place(column))];
+  }
 
+  // What lies outside is cut off.
   void fillColumns(std::int64_t from, std::int64_t to, std::uint32_t colour);
   /// One row, over columns `from` to before `to`.
   void row(int row, std::int64_t from, std::int64_t to, std::uint32_t colour);
-  /// Rows `top` to `bottom` of one column, whatever their order; what lies outside is cut off.
-  void span(std::int64_t column, double top, double bottom, std::uint32_t colour);
-  /// A line between two points, ends included; coordinates are finite.
+  /// A column over all rows, one pixel wide.
+  void column(std::int64_t column, std::uint32_t colour);
+  /// Rows `top` to `bottom` of one column, whatever their order.
+  void span(std::int64_t column, int top, int bottom, std::uint32_t colour);
+  /// A line between two points, ends included; the whole part of a coordinate is the pixel's number.
   void line(double x0, double y0, double x1, double y1, std::uint32_t colour);
+  /// A point that is seen without a line.
+  void dot(std::int64_t column, int row, std::uint32_t colour);
 
  private:
   int place(std::int64_t column) const {
-    const auto rest = static_cast<int>(column % width_);
-    return rest < 0 ? rest + width_ : rest;
-  }
-  std::size_t index(std::int64_t column, int row) const {
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(width_) +
-           static_cast<std::size_t>(place(column));
+    const auto stored = static_cast<int>(column - first_) + seam_;
+    return stored < width_ ? stored : stored - width_;
   }
 
   int width_ = 1;
   int height_ = 1;
   int pen_ = 1;
+  int seam_ = 0;
   std::int64_t first_ = 0;
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };
+
+inline void ScrollingCanvas::span(std::int64_t column, int top, int bottom, std::uint32_t colour) {
+  if (top > bottom) std::swap(top, bottom);
+  const int from = std::max(top, 0);
+  const int to = std::min(bottom + pen_ - 1, height_ - 1);
+  if (from > to) return;
+  const std::ptrdiff_t stride = width_;
+  std::uint32_t* const start = pixels_.data() + from * stride;
+  for (std::int64_t x = column - pen_ + 1; x <= column; ++x) {
+    if (x < first_ || x >= endColumn()) continue;
+    std::uint32_t* pixel = start + place(x);
+    for (int y = from; y <= to; ++y, pixel += stride) *pixel = colour;
+  }
+}
 
 }  // namespace tarnlog

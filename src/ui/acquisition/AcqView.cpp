@@ -314,6 +314,9 @@ void AcqView::toggleFullScreen() {
 
 void AcqView::toggleHelp() {
   if (help_ == nullptr) help_ = new KeyboardHelp(this);
+  QRect place({}, help_->sizeHint());
+  place.moveCenter(mapToGlobal(rect().center()));
+  if (!help_->isVisible()) help_->move(std::max(place.left(), 0), std::max(place.top(), 0));
   help_->setVisible(!help_->isVisible());
 }
 

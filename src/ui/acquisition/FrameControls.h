@@ -44,7 +44,7 @@ class FrameControls : public GraphicFrame {
 
   bool empty() const;
   void setFrozen(bool frozen);
-  /// Palette or font of the desktop have changed.
+  /// The font of the desktop has changed.
   void restyle();
 
  private:

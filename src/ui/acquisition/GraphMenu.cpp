@@ -6,7 +6,6 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QStandardPaths>
-#include <utility>
 
 #include "ui/acquisition/GraphReading.h"
 
@@ -23,7 +22,7 @@ QString suggestedPath(const QString& title) {
 
 }  // namespace
 
-GraphMenu::GraphMenu(GraphBlock& block, Picture picture) : QMenu(&block.shown()) {
+GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()) {
   setAttribute(Qt::WA_DeleteOnClose);
   const auto add = [this](const QString& text, const char* name, auto action) {
     addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));

@@ -15,7 +15,7 @@ class GraphMenu : public QMenu {
  public:
   using Picture = std::function<QPixmap()>;
 
-  GraphMenu(GraphBlock& block, Picture picture);
+  GraphMenu(GraphBlock& block, const Picture& picture);
 
  private:
   void savePicture(const QPixmap& picture);

@@ -37,7 +37,7 @@ QPixmap GraphicFrameWidget::pictureOf(const GraphBlock& block) {
 }
 
 void GraphicFrameWidget::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) controls_.restyle();
+  if (event->type() == QEvent::FontChange) controls_.restyle();
   QWidget::changeEvent(event);
 }
 

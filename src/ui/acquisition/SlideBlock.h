@@ -21,7 +21,7 @@ class SlideBlock : public Placed<SlideControl, CWSlide> {
   void setPointerColour(int pointer, Colour colour) override;
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
-  /// Palette or font of the desktop have changed.
+  /// The font of the desktop has changed.
   void restyle();
 
  private:

@@ -6,6 +6,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "ui/acquisition/LabelAccess.h"
 #include "ui/acquisition/LabelStyle.h"
 #include "ui/acquisition/Readable.h"
 #include "ui/common/Convert.h"
@@ -40,7 +41,10 @@ void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
 
 }  // namespace
 
-TextLabel::TextLabel(Role role, QWidget* parent) : QWidget(parent), role_(role) { restyle(); }
+TextLabel::TextLabel(Role role, QWidget* parent) : QWidget(parent), role_(role) {
+  installLabelAccess();
+  restyle();
+}
 
 void TextLabel::setText(std::string_view text) {
   if (text_ == text) return;
@@ -49,6 +53,11 @@ void TextLabel::setText(std::string_view text) {
 }
 
 QString TextLabel::text() const { return frozen_ ? *frozen_ : toQString(text_); }
+
+QString TextLabel::spokenText() const {
+  if (role_ == Role::Caption || partner_ == nullptr) return text();
+  return partner_->text() + QStringLiteral(": ") + text();
+}
 
 void TextLabel::setTip(std::string_view tip) { tip_ = toQString(tip); }
 
@@ -88,7 +97,19 @@ QFont TextLabel::usualFont() const {
 
 void TextLabel::restyle() {
   setFont(font_ ? *font_ : usualFont());
+  ink_ = textColour();
+  fitted_ = {};
   update();
+}
+
+/// Values are painted at every picture, so what depends on the room alone is kept.
+const TextLabel::Fitted& TextLabel::fitted(int height) const {
+  if (fitted_.height != height) {
+    const QFont font = fittedFont(this->font(), height);
+    const QFontMetrics metrics(font);
+    fitted_ = {height, font, metrics.ascent(), metrics.height(), metrics.horizontalAdvance(QLatin1Char('W'))};
+  }
+  return fitted_;
 }
 
 int TextLabel::naturalHeight(int width) const {
@@ -106,8 +127,8 @@ bool TextLabel::covers(const TextLabel* other) const {
 /// Height that a caption has for itself.
 int TextLabel::captionRoom() const { return covers(partner_) ? partner_->y() - y() : height(); }
 
-/// No line of this caption is left above its value.
-bool TextLabel::squeezed() const { return covers(partner_) && captionRoom() < fontMetrics().height(); }
+/// No line of this caption is left above its value. A pixel less than a line is enough for a smaller font.
+bool TextLabel::squeezed() const { return covers(partner_) && captionRoom() + 1 < fontMetrics().height(); }
 
 /// Where several values share a small height, each has what is below the one before it.
 QRect TextLabel::valueStrip() const {
@@ -129,7 +150,7 @@ QColor TextLabel::textColour() const {
 void TextLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (backColour_) painter.fillRect(rect(), background());
-  painter.setPen(textColour());
+  painter.setPen(ink_);
   if (role_ == Role::Caption)
     paintCaption(painter);
   else
@@ -143,32 +164,43 @@ void TextLabel::paintCaption(QPainter& painter) const {
   if (squeezed()) return;
   QRect room = rect().adjusted(kPadding, 0, -kPadding, 0);
   room.setHeight(std::min(height(), captionRoom()));
-  painter.setFont(fittedFont(font(), room.height()));
-  const int line = painter.fontMetrics().height();
-  if (backColour_ && room.height() < 2 * line) room.adjust(0, (room.height() - line) / 2, 0, 0);
+  const Fitted& fit = fitted(room.height());
+  painter.setFont(fit.font);
+  if (backColour_ && room.height() < 2 * fit.line) room.adjust(0, (room.height() - fit.line) / 2, 0, 0);
   drawWrapped(painter, room, text());
 }
 
 void TextLabel::paintValue(QPainter& painter) const {
   QRect room = valueStrip().adjusted(kPadding, 0, -kPadding, 0);
   if (room.height() < kLeastStrip) return;
-  painter.setFont(fittedFont(font(), room.height()));
-  const QString value = painter.fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
-  const bool both = partner_ != nullptr && partner_->squeezed();
-  painter.drawText(room, (both ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, value);
-  if (!both) return;
-  room.setRight(room.right() - painter.fontMetrics().horizontalAdvance(value) - 2 * kPadding);
-  painter.setFont(fittedFont(partner_->font(), room.height()));
-  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-                   painter.fontMetrics().elidedText(partner_->text(), Qt::ElideRight, room.width()));
+  const QString value = text();
+  if (partner_ == nullptr || !partner_->squeezed()) return drawLine(painter, room, value);
+  // One pixel more than measured: measures are rounded. Enough is left to see what the value is of.
+  const int measured = QFontMetrics(fitted(room.height()).font).horizontalAdvance(value) + 1;
+  const int wide = std::min(measured, room.width() * 3 / 5);
+  drawLine(painter, room.adjusted(room.width() - wide, 0, 0, 0), value);
+  partner_->drawLine(painter, room.adjusted(0, 0, -wide - 2 * kPadding, 0), partner_->text());
+}
+
+/// From the left, elided when it is too long.
+void TextLabel::drawLine(QPainter& painter, const QRect& room, const QString& text) const {
+  const Fitted& fit = fitted(room.height());
+  painter.setFont(fit.font);
+  const bool fits = text.size() * fit.widest <= room.width();
+  const int baseline = room.top() + (room.height() - fit.line) / 2 + fit.ascent;
+  painter.drawText(room.left(), baseline,
+                   fits ? text : QFontMetrics(fit.font).elidedText(text, Qt::ElideRight, room.width()));
 }
 
 /// The tip that was set, else the texts that are shown here: they may be elided.
 QString TextLabel::tip() const {
   if (!tip_.trimmed().isEmpty()) return tip_;
-  if (role_ == Role::Value && partner_ != nullptr && partner_->squeezed())
-    return partner_->text() + QStringLiteral(": ") + text();
-  return text();
+  return spokenText();
+}
+
+void TextLabel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) ink_ = textColour();
+  QWidget::changeEvent(event);
 }
 
 bool TextLabel::event(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QString>
 #include <QWidget>
@@ -26,6 +27,8 @@ class TextLabel : public QWidget {
   void setText(std::string_view text);
   /// What is shown; while frozen not what was set last.
   QString text() const;
+  /// A value with the caption that it belongs to.
+  QString spokenText() const;
   void setTip(std::string_view tip);
   void setTextColour(Colour colour);
   void setBackColour(Colour colour);
@@ -45,15 +48,27 @@ class TextLabel : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
+  /// The label's font in a room of this height, and its measures.
+  struct Fitted {
+    int height = -1;
+    QFont font;
+    int ascent = 0;
+    int line = 0;
+    int widest = 1;
+  };
+
+  const Fitted& fitted(int height) const;
   bool covers(const TextLabel* other) const;
   int captionRoom() const;
   bool squeezed() const;
   QRect valueStrip() const;
   void paintCaption(QPainter& painter) const;
   void paintValue(QPainter& painter) const;
+  void drawLine(QPainter& painter, const QRect& room, const QString& text) const;
   QFont usualFont() const;
   QColor background() const;
   QColor textColour() const;
@@ -67,6 +82,8 @@ class TextLabel : public QWidget {
   std::optional<Colour> backColour_;
   bool border_ = false;
   std::optional<QFont> font_;
+  QColor ink_;
+  mutable Fitted fitted_;
   const TextLabel* partner_ = nullptr;
   const TextLabel* above_ = nullptr;
   PaintPacer pacer_{this};

@@ -35,11 +35,21 @@ ValueListView::ValueListView(QWidget* parent) : QTreeView(parent) {
   setSelectionMode(ExtendedSelection);
   header()->setSectionsMovable(false);
   header()->setMinimumSectionSize(8);
-  connect(header(), &QHeaderView::sectionResized, this, [this] { dragged_ = dragged_ || !applying_; });
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  connect(header(), &QHeaderView::sectionResized, this, [this] {
+    if (!applying_) leaveToUser();
+  });
+}
+
+/// Columns that the user makes wider may leave the list.
+void ValueListView::leaveToUser() {
+  dragged_ = true;
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
 void ValueListView::rebuildColumns() {
   dragged_ = false;
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   applyWidths();
 }
 

@@ -24,6 +24,7 @@ class ValueListView : public QTreeView {
 
  private:
   void applyWidths();
+  void leaveToUser();
 
   PaintPacer pacer_{viewport()};
   bool applying_ = false;

@@ -30,6 +30,7 @@ TarnParam::TarnParam(SettingsStore& settings, const FileSystem& files, QWidget* 
   auto* const area = new QScrollArea;
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
+  area->setFocusPolicy(Qt::NoFocus);
   area->setWidget(createPage());
   auto* const whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);

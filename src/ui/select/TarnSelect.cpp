@@ -11,9 +11,11 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStringList>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -109,10 +111,8 @@ QWidget* TarnSelect::createAvailable() {
   treeFilter_->setToolTip(tr("Words of name, request, ECU or unit (Ctrl+F)"));
   connect(treeFilter_, &QLineEdit::textChanged, this, &TarnSelect::filterTree);
   auto* const column = new QVBoxLayout(frame);
-  auto* const row = new QHBoxLayout;
-  row->addWidget(createShapes());
-  row->addWidget(treeFilter_, 1);
-  column->addLayout(row);
+  column->addWidget(createShapes());
+  column->addWidget(treeFilter_);
   column->addWidget(treeAllData_, 1);
   return frame;
 }
@@ -121,9 +121,12 @@ QToolBar* TarnSelect::createShapes() {
   tbSelect_ = new QToolBar(this);
   tbSelect_->setObjectName("TbSelect");
   tbSelect_->setAccessibleName(tr("Order of the available data"));
+  const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  tbSelect_->setIconSize({icon, icon});
+  tbSelect_->layout()->setContentsMargins(0, 0, 0, 0);
   auto* const exclusive = new QActionGroup(tbSelect_);
-  const auto add = [&](const char* key, const char* icon, const QString& toolTip) {
-    QAction* const shape = exclusive->addAction(tarnIcon(icon), toolTip);
+  const auto add = [&](const char* key, const char* drawing, const QString& toolTip) {
+    QAction* const shape = exclusive->addAction(tarnIcon(drawing), toolTip);
     shape->setObjectName(key);
     shape->setCheckable(true);
     tbSelect_->addAction(shape);
@@ -155,9 +158,17 @@ QWidget* TarnSelect::createToRecord() {
   connect(listFilter_, &QLineEdit::textChanged, this, &TarnSelect::filterList);
   auto* const column = new QVBoxLayout(frame);
   auto* const row = new QHBoxLayout;
-  for (QWidget* const widget : {addData_, removeData_, dataUp_, dataDown_}) row->addWidget(widget);
-  row->addWidget(listFilter_, 1);
+  row->addWidget(addData_);
+  row->addWidget(removeData_);
+  row->addStretch(1);
+  row->addWidget(dataUp_);
+  row->addWidget(dataDown_);
+  // As high as the other frame's toolbar, so that tree and list begin at the same height.
+  const int height = std::max(row->sizeHint().height(), tbSelect_->sizeHint().height());
+  tbSelect_->setFixedHeight(height);
   column->addLayout(row);
+  row->addStrut(height);
+  column->addWidget(listFilter_);
   column->addWidget(listDataToRecord_, 1);
   return frame;
 }
@@ -312,8 +323,11 @@ void TarnSelect::addActivated(const QModelIndex& index) {
 }
 
 void TarnSelect::addNodes(const std::vector<CatalogueNode>& nodes, std::size_t before) {
-  if (rules_.dataNodes(nodes).empty()) return;
+  const auto leaving = rules_.dataNodes(nodes);
+  if (leaving.empty()) return;
+  const QPersistentModelIndex next = catalogue_->besides(leaving.back());
   edit([&] { return rules_.addData(nodes, before); });
+  if (!treeAllData_->selectionModel()->hasSelection() && next.isValid()) treeAllData_->setCurrentIndex(next);
 }
 
 void TarnSelect::removeSelected() { removeRows(selectedRows()); }

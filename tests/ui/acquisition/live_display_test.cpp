@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <limits>
 
 #include "LiveDisplay.h"
@@ -73,6 +74,7 @@ TEST(LiveDisplay, ShowsTheCurrentValuesInEveryKindOfBlock) {
   EXPECT_EQ(d.find<TextLabel>("VT1")->text(), "50");
   EXPECT_EQ(d.find<TextLabel>("VT2")->text(), "Pressed");
   EXPECT_EQ(d.find<TextLabel>("VT3")->text(), "R");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(d.find("VT2"))->text(QAccessible::Name), "Brake: Pressed");
   auto* const bar = d.find<CWSlide>("SL1");
   EXPECT_EQ(bar->value(), 50);
   EXPECT_EQ(bar->pointerValue(2), 40);

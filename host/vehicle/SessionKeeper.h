@@ -1,0 +1,46 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "host/vehicle/Conversation.h"
+
+namespace tarnlog::host {
+
+/// A conversation in which diagnostic sessions stay open: an ECU whose session was opened (service 10) and
+/// that nothing was sent to for two seconds gets TesterPresent (3E) before the next request to another one;
+/// left alone, it would fall back to its default session after five (ISO 14229-2, ISO 14230-2). The end of
+/// the communication and a failure of the link forget all sessions.
+class SessionKeeper {
+ public:
+  /// Both must outlive the keeper.
+  SessionKeeper(Conversation& conversation, LinkClock& clock) : conversation_(conversation), clock_(clock) {}
+
+  /// As `Conversation::exchange`.
+  Conversation::Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                 std::chrono::milliseconds timeout, Link::Bytes& response);
+  void end();
+  std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
+
+ private:
+  struct OpenSession {
+    LinkTarget target;
+    std::chrono::milliseconds timeout;
+    std::int64_t lastSent;  ///< microseconds
+  };
+
+  Conversation::Outcome send(const LinkTarget& target, std::span<const std::uint8_t> request,
+                             std::chrono::milliseconds timeout, Link::Bytes& response);
+  void keepOthersOpen(const LinkTarget& target);
+  void note(const LinkTarget& target, std::span<const std::uint8_t> request,
+            std::chrono::milliseconds timeout, Conversation::Outcome outcome);
+
+  Conversation& conversation_;
+  LinkClock& clock_;
+  std::vector<OpenSession> open_;
+  Link::Bytes ignored_;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,103 @@
+#include "platform/controls/GraphFrame.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "platform/controls/AxisTexts.h"
+#include "platform/plotting/PixelScale.h"
+
+namespace tarnlog {
+namespace {
+
+constexpr int kGap = 4;  ///< pixels between numbers and border
+
+/// All numbers along Y have the same room in every graph: the area must not move while an axis grows, and
+/// graphs above one another stay aligned.
+int numberRoom(const QFontMetrics& metrics) {
+  return numberWidth(QStringLiteral("-00000.0"), metrics) + kGap;
+}
+
+}  // namespace
+
+void GraphFrame::layOut(const QSize& size, const QFontMetrics& metrics, const QLocale& locale,
+                        const GraphAxis& x, const GraphAxis& y) {
+  size_ = size;
+  const int line = metrics.height();
+  const int numbers = numberRoom(metrics);
+  const bool yNumbers = y.hasNumbers() && size.width() > 3 * numbers && size.height() >= line;
+  const bool xNumbers = x.hasNumbers() && size.height() > 3 * line - kGap;
+  const bool yCaption = !y.caption.isEmpty() && size.height() > 3 * line;
+  const bool xCaption = !x.caption.isEmpty() && size.height() > 4 * line;
+  const int left = (yNumbers ? numbers : 0) + 1;
+  const int bottom = (xNumbers ? line + 3 : 0) + (xCaption ? line + 1 : 0) + 1;
+  const int top = yCaption ? line + 2 : 1;
+  area_ = QRect(left, top, std::max(size.width() - left - 1, 1), std::max(size.height() - top - bottom, 1));
+  renumber(metrics, locale, x, y);
+}
+
+void GraphFrame::renumber(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x,
+                          const GraphAxis& y) {
+  const int line = std::max(metrics.height(), 1);
+  xTicks_ = x.hasNumbers() ? ticksAlong(x.range(), locale, metrics, area_.width())
+                           : x.ticks(std::clamp(area_.width() / (line * 5), 1, 11));
+  yTicks_ = y.ticks(std::clamp(area_.height() * 2 / (line * 3), 1, 11));
+  texts_.clear();
+  if (x.hasNumbers()) numberX(metrics, locale, x);
+  if (y.hasNumbers() && area_.left() > 1) numberY(metrics, locale, y);
+  caption(metrics, x, y);
+}
+
+void GraphFrame::numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x) {
+  const int line = metrics.height();
+  if (size_.height() - area_.bottom() < line) return;
+  const PixelScale columns(x.range(), area_.width());
+  const QStringList numbers = axisTexts(xTicks_, locale, metrics, area_.width());
+  int free = 0;
+  for (int i = 0; i < xTicks_.count; ++i) {
+    const int wide = numberWidth(numbers[i], metrics);
+    const int centre = area_.left() + static_cast<int>(columns(xTicks_.at(i)));
+    const int start = std::clamp(centre - wide / 2, 0, std::max(size_.width() - wide, 0));
+    if (start < free) continue;
+    texts_.push_back({QPointF(start, area_.bottom() + 3 + metrics.ascent()), numbers[i]});
+    free = start + wide + line / 2;
+  }
+}
+
+void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y) {
+  const int line = metrics.height();
+  const int room = area_.left() - 1 - kGap;
+  const PixelScale rows = PixelScale::downwards(y.range(), area_.height());
+  const QStringList numbers = axisTexts(yTicks_, locale, metrics, room);
+  int free = size_.height();
+  for (int i = 0; i < yTicks_.count; ++i) {
+    const int centre = area_.top() + static_cast<int>(rows(yTicks_.at(i)));
+    const int top = std::clamp(centre - line / 2, 0, std::max(size_.height() - line, 0));
+    if (top + line > free + 2) continue;  // lines of numbers have room to spare
+    texts_.push_back({QPointF(room - numberWidth(numbers[i], metrics), top + metrics.ascent()), numbers[i]});
+    free = top;
+  }
+}
+
+void GraphFrame::caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y) {
+  const int line = metrics.height();
+  if (!y.caption.isEmpty() && area_.top() > line)
+    texts_.push_back(
+        {QPointF(0, metrics.ascent()), metrics.elidedText(y.caption, Qt::ElideRight, size_.width())});
+  const int bottom = size_.height() - line;
+  const int numbers = x.hasNumbers() ? line + 2 : 0;
+  if (x.caption.isEmpty() || area_.bottom() + numbers > bottom) return;
+  const QString shown = metrics.elidedText(x.caption, Qt::ElideRight, area_.width());
+  const int start = area_.left() + (area_.width() - metrics.horizontalAdvance(shown)) / 2;
+  texts_.push_back({QPointF(start, bottom + metrics.ascent()), shown});
+}
+
+void GraphFrame::paint(QPainter& painter, const QColor& border) const {
+  for (const Text& text : texts_) painter.drawText(text.start, text.text);
+  const QRect around = area_.adjusted(-1, -1, 1, 1);
+  painter.fillRect(around.left(), around.top(), around.width(), 1, border);
+  painter.fillRect(around.left(), around.bottom(), around.width(), 1, border);
+  painter.fillRect(around.left(), around.top(), 1, around.height(), border);
+  painter.fillRect(around.right(), around.top(), 1, around.height(), border);
+}
+
+}  // namespace tarnlog

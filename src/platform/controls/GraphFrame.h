@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QFontMetrics>
+#include <QLocale>
+#include <QRect>
+#include <QString>
+#include <vector>
+
+#include "platform/controls/GraphAxis.h"
+
+class QPainter;
+
+namespace tarnlog {
+
+/// What stands around the curves of a graph: border, numbers and captions; and the room that they leave.
+class GraphFrame {
+ public:
+  void layOut(const QSize& size, const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x,
+              const GraphAxis& y);
+  /// The ranges have changed; the room has not.
+  void renumber(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x, const GraphAxis& y);
+
+  const QRect& plotArea() const { return area_; }
+  /// The marks that have a line in the grid, and a number when the axis has numbers.
+  const AxisTicks& xTicks() const { return xTicks_; }
+  const AxisTicks& yTicks() const { return yTicks_; }
+  /// In the painter's font and pen; the border in its own colour.
+  void paint(QPainter& painter, const QColor& border) const;
+
+ private:
+  struct Text {
+    QPointF start;  ///< of the base line
+    QString text;
+  };
+
+  void numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x);
+  void numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y);
+  void caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y);
+
+  QSize size_;
+  QRect area_;
+  AxisTicks xTicks_;
+  AxisTicks yTicks_;
+  std::vector<Text> texts_;
+};
+
+}  // namespace tarnlog

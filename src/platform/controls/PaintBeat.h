@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+#include <vector>
+
+class QScreen;
+
+namespace tarnlog {
+
+class PaintPacer;
+
+/// The rhythm in which a screen shows pictures: one for all paced widgets on it, so that they are painted
+/// together. It rests when nobody has asked for a while.
+class PaintBeat : public QObject {
+  Q_OBJECT
+ public:
+  /// Null without a screen. It belongs to the screen.
+  static PaintBeat* of(QScreen* screen);
+
+  /// Paints it with the next picture; at once after a rest.
+  void add(PaintPacer* pacer);
+  void forget(PaintPacer* pacer);
+
+ protected:
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  explicit PaintBeat(QScreen* screen);
+  void paintAll();
+
+  QBasicTimer timer_;
+  std::vector<PaintPacer*> due_;
+  int idle_ = 0;  ///< pictures since somebody asked
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,79 @@
+#include "platform/plotting/CurveDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/plotting/CurvePen.h"
+
+namespace tarnlog {
+
+void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
+                   const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour) {
+  CurvePen pen(canvas, colour);
+  std::int64_t point = std::max(from - 1, points.begin());
+  const std::int64_t joins = point > 0 ? point : -1;  // comes from a point that is drawn, or dropped
+  while (point < points.end()) {
+    for (const double value : points.run(point)) {
+      const std::int64_t column = columns.columnOf(point);
+      if (!std::isfinite(value)) {
+        pen.lift();
+      } else if (pen.isDown()) {
+        pen.lineTo(column, rows(value));
+      } else {
+        const double row = rows(value);
+        if (point != joins) canvas.dot(column, static_cast<int>(row), colour);
+        pen.putDown(column, row);
+      }
+      ++point;
+    }
+  }
+}
+
+void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, const ColumnScale& columns,
+                        const PixelScale& rows, std::uint32_t colour) {
+  CurvePen pen(canvas, colour);
+  const std::int64_t end = points.end();
+  for (std::int64_t first = points.begin(), next = first; first < end; first = next) {
+    const std::int64_t column = columns.columnOf(first);
+    next = std::clamp(columns.pointIn(column + 1), first + 1, end);
+    const Extremes extremes = points.extremes(first, next);
+    if (!extremes.any()) {
+      pen.lift();
+      continue;
+    }
+    const double entry = points.y(first);
+    if (pen.isDown() && std::isfinite(entry) && std::isfinite(points.y(first - 1)))
+      pen.lineTo(column, rows(entry));
+    else
+      pen.putDown(column, rows(extremes.lowest));
+    pen.cover(static_cast<int>(rows(extremes.lowest)));
+    pen.cover(static_cast<int>(rows(extremes.highest)));
+    const double exit = points.y(next - 1);
+    if (std::isfinite(exit)) pen.lineTo(column, rows(exit));
+  }
+}
+
+void drawXYCurve(ScrollingCanvas& canvas, const PlotHistory& points, const PixelScale& columns,
+                 const PixelScale& rows, std::uint32_t colour) {
+  bool joined = false;
+  double lastX = 0;
+  double lastY = 0;
+  for (std::int64_t point = points.begin(); point < points.end(); ++point) {
+    const double valueX = points.x(point);
+    const double valueY = points.y(point);
+    if (!std::isfinite(valueX) || !std::isfinite(valueY)) {
+      joined = false;
+      continue;
+    }
+    const double x = columns(valueX);
+    const double y = rows(valueY);
+    if (joined) canvas.line(lastX, lastY, x, y, colour);
+    if (!joined || point == points.end() - 1)
+      canvas.dot(static_cast<std::int64_t>(x), static_cast<int>(y), colour);
+    joined = true;
+    lastX = x;
+    lastY = y;
+  }
+}
+
+}  // namespace tarnlog

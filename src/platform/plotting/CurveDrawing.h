@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/plotting/PixelScale.h"
+#include "platform/plotting/PlotHistory.h"
+#include "platform/plotting/ScrollingCanvas.h"
+
+/// Curves on a canvas. A value that is not finite makes a gap; where a curve begins there is a dot, so that a
+/// value between gaps is seen.
+namespace tarnlog {
+
+/// The points of a time chart from number `from`, each with a line from the one before it.
+void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
+                   const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour);
+/// All points of a time chart that has many in a column: at the cost of the columns.
+void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, const ColumnScale& columns,
+                        const PixelScale& rows, std::uint32_t colour);
+/// All points (x, y), in their order, with a dot at the newest.
+void drawXYCurve(ScrollingCanvas& canvas, const PlotHistory& points, const PixelScale& columns,
+                 const PixelScale& rows, std::uint32_t colour);
+
+}  // namespace tarnlog

@@ -14,7 +14,8 @@ struct CanPair {
   std::uint32_t receive = 0;
 
   /// Of an ECU's diagnostic address: 0x700 to 0x7F7 is the identifier of its requests, with the answers 8
-  /// above it (ISO 15765-4); a byte is the ECU's address in identifiers of 29 bits, asked by tester F1.
+  /// above it (ISO 15765-4); a byte is the ECU's address in identifiers of 29 bits, asked by tester F1; so
+  /// is 0x18DAxxF1, which is that identifier itself.
   static CanPair ofEcu(std::int32_t address);
   bool operator==(const CanPair&) const = default;
 };

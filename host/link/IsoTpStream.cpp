@@ -19,8 +19,9 @@ CanPair CanPair::ofEcu(std::int32_t address) {
   const auto id = static_cast<std::uint32_t>(address);
   if (id >= 0x700 && id <= 0x7F7) return {id, id + 8};
   if (id <= 0xFF) return {0x18DA00F1 | id << 8, 0x18DAF100 | id};
+  if ((id & 0xFFFF00FF) == 0x18DA00F1) return ofEcu(static_cast<std::int32_t>(id >> 8 & 0xFF));
   throw TarnError(1, "CanPair",
-                  "an ECU on CAN needs an address of 0 to 255 or 1792 to 2039 (700 to 7F7), not " +
+                  "an ECU on CAN needs an address of 0 to 255, 0x700 to 0x7F7 or 0x18DAxxF1, not " +
                       std::to_string(address));
 }
 

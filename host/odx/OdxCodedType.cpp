@@ -33,27 +33,31 @@ void checkEncoding(XmlElement codedType) {
 
 }  // namespace
 
-OdxCodedType readOdxCodedType(XmlElement codedType) {
+std::optional<unsigned> readOdxLength(XmlElement codedType) {
   if (!codedType) throw LeftOut("has no coded type");
-  checkEncoding(codedType);
+  const std::string_view lengths = codedType.attributeOrEmpty("xsi:type");
+  if (lengths == "STANDARD-LENGTH-TYPE") return readCount(codedType, "BIT-LENGTH", 8 * kMostBytes);
+  if (lengths != "MIN-MAX-LENGTH-TYPE") throw LeftOut("has a length that the message itself tells");
+  const std::string longest = childText(codedType, "MAX-LENGTH");
+  if (!longest.empty() && longest == childText(codedType, "MIN-LENGTH"))
+    return 8 * readCount(codedType, "MAX-LENGTH", kMostBytes);
+  if (codedType.attributeOrEmpty("TERMINATION") != "END-OF-PDU")
+    throw LeftOut("ends at a mark, not at a fixed place");
+  return {};
+}
+
+OdxCodedType readOdxCodedType(XmlElement codedType) {
   OdxCodedType type;
+  type.bits = readOdxLength(codedType);
+  checkEncoding(codedType);
   const std::string_view base = codedType.attributeOrEmpty("BASE-DATA-TYPE");
   type.kind = kindOf(base);
   type.isSigned = base == "A_INT32";
-  if (codedType.attributeOrEmpty("IS-HIGHLOW-BYTE-ORDER") == "false") type.order = ByteOrder::little;
+  const std::string_view highFirst = codedType.attributeOrEmpty("IS-HIGHLOW-BYTE-ORDER");
+  if (highFirst == "false" || highFirst == "0") type.order = ByteOrder::little;
+  // Of UTF-8, what is ASCII can be shown.
+  if (base == "A_UTF8STRING") type.characters = CharacterSet::ascii;
   if (codedType.firstChild("BIT-MASK")) throw LeftOut("is taken through a bit mask");
-  const std::string_view lengths = codedType.attributeOrEmpty("xsi:type");
-  if (lengths == "STANDARD-LENGTH-TYPE") {
-    type.bits = readCount(codedType, "BIT-LENGTH", 8 * kMostBytes);
-  } else if (lengths == "MIN-MAX-LENGTH-TYPE") {
-    const std::string longest = childText(codedType, "MAX-LENGTH");
-    if (!longest.empty() && longest == childText(codedType, "MIN-LENGTH"))
-      type.bits = 8 * readCount(codedType, "MAX-LENGTH", kMostBytes);
-    else if (codedType.attributeOrEmpty("TERMINATION") != "END-OF-PDU")
-      throw LeftOut("ends at a mark, not at a fixed place");
-  } else {
-    throw LeftOut("has a length that the message itself tells");
-  }
   return type;
 }
 

@@ -13,8 +13,13 @@ struct OdxCodedType {
   DataKind kind = DataKind::integer;  ///< integer, text or bytes
   bool isSigned = false;
   ByteOrder order = ByteOrder::big;
-  std::optional<unsigned> bits;  ///< none: up to the end of the message
+  CharacterSet characters = CharacterSet::latin1;  ///< of a text
+  std::optional<unsigned> bits;                    ///< none: up to the end of the message
 };
+
+/// How many bits it takes, whatever they mean; none: up to the end of the message. LeftOut when only the
+/// message itself tells.
+std::optional<unsigned> readOdxLength(XmlElement codedType);
 
 /// LeftOut for what has no fixed place, or no form that is understood here.
 OdxCodedType readOdxCodedType(XmlElement codedType);

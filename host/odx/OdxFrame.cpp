@@ -43,9 +43,14 @@ std::optional<unsigned> putConstant(Frame& frame, OdxCursor::Place place, XmlEle
   if (type.kind == DataKind::integer) {
     const auto value = odxInteger(text);
     if (!value) throw LeftOut("has a constant that is not a number: " + text);
+    const std::int64_t beyond = std::int64_t{1} << *type.bits;
+    if (*value >= beyond || *value < -beyond / 2)
+      throw LeftOut("has a constant that does not fit in its bits: " + text);
     put(frame, place, type, *value);
   } else {
-    const auto bytes = bytesFromHex(text);
+    const auto bytes = type.kind == DataKind::text
+                           ? std::optional(std::vector<std::uint8_t>(text.begin(), text.end()))
+                           : bytesFromHex(text);
     if (!bytes || bytes->size() * 8 != *type.bits)
       throw LeftOut("has a constant of the wrong length: " + text);
     putBytes(frame, place, *bytes);

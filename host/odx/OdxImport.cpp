@@ -22,6 +22,7 @@ constexpr std::chrono::milliseconds kPendingTimeout{5000};
 
 std::string uniqueIn(std::set<std::string>& names, const std::string& name, const std::string& otherwise) {
   std::string own = name.empty() ? otherwise : name;
+  if (own.empty()) own = "unnamed";
   if (names.contains(own) && !otherwise.empty()) own = fmt::format("{} ({})", own, otherwise);
   const std::string wanted = own;
   for (int i = 2; !names.insert(own).second; ++i) own = fmt::format("{} {}", wanted, i);
@@ -37,20 +38,29 @@ class Importer {
     import_.vehicle.pendingTimeout = kPendingTimeout;
     for (const XmlElement variant : variants()) addEcu(OdxLayer(library_, variant));
     if (import_.vehicle.ecus.empty())
-      throw TarnError(1, "importOdx", "expected ECU variants with read services, found none");
+      throw TarnError(1, "importOdx", "expected ECU variants with read services, found none" + reasons());
     return std::move(import_);
   }
 
  private:
+  /// Why the first of what there was could not be taken over.
+  std::string reasons() const {
+    constexpr std::size_t kShown = 3;
+    std::string text;
+    for (std::size_t i = 0; i < std::min(kShown, import_.leftOut.size()); ++i)
+      text += (i == 0 ? "; left out: " : "; ") + import_.leftOut[i];
+    return text + (import_.leftOut.size() > kShown ? "; ..." : "");
+  }
+
   /// ECU variants, and base variants that no ECU variant refines.
   std::vector<XmlElement> variants() const {
     std::vector<XmlElement> all = library_.layers("ECU-VARIANT");
-    std::set<std::string_view> refined;
+    std::set<const void*> refined;
     for (const XmlElement variant : all)
       for (const XmlElement parent : variant.selectNodes("PARENT-REFS/PARENT-REF"))
-        refined.insert(parent.attributeOrEmpty("ID-REF"));
+        refined.insert(library_.follow(parent).node());
     for (const XmlElement base : library_.layers("BASE-VARIANT"))
-      if (!refined.contains(base.attributeOrEmpty("ID"))) all.push_back(base);
+      if (!refined.contains(base.node())) all.push_back(base);
     return all;
   }
 
@@ -78,11 +88,11 @@ class Importer {
     try {
       RequestDescription request;
       request.timeout = kTimeout;
-      request.frame = readOdxFrame(layer, library_.follow(service, "REQUEST-REF"));
+      request.frame = readOdxFrame(layer, library_.follow(service.firstChild("REQUEST-REF")));
       if (std::ranges::find(kReadServices, request.frame[0]) == kReadServices.end())
         throw LeftOut(fmt::format("is not a service that reads data ({:02X})", request.frame[0]));
-      const XmlElement response = library_.find(
-          service.selectSingleNode("POS-RESPONSE-REFS/POS-RESPONSE-REF").attributeOrEmpty("ID-REF"));
+      const XmlElement response =
+          library_.follow(service.selectSingleNode("POS-RESPONSE-REFS/POS-RESPONSE-REF"));
       request.data =
           readOdxResponse(layer, response, [&](const std::string& data, const std::string& reason) {
             import_.leftOut.push_back(fmt::format("{} / {}: {}", place, data, reason));
@@ -102,7 +112,7 @@ class Importer {
   }
 
   std::int32_t addressOf(const OdxLayer& layer, const EcuDescription& ecu) {
-    for (const char* name : {"CP_CanPhysReqId", "CP_DoIPLogicalEcuAddress", "CP_EcuAddress"})
+    for (const char* name : {"CP_CanPhysReqId", "CP_DoIPLogicalEcuAddress", "CP_PhysReqTargetAddr"})
       if (const auto address = layer.communicationParameter(name)) {
         if (!addresses_.insert(*address).second)
           import_.notes.push_back(fmt::format(

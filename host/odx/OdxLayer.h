@@ -4,14 +4,15 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "host/odx/OdxLibrary.h"
 
 namespace tarnlog::host {
 
-/// An ECU variant with what it inherits from its base variant, protocol and shared data: what is defined
-/// nearer replaces what is defined farther under the same short name.
+/// An ECU variant with what it inherits from its base variant, functional groups, protocols and shared data:
+/// what is defined nearer (in this order) replaces what is defined farther under the same short name.
 class OdxLayer {
  public:
   OdxLayer(const OdxLibrary& library, XmlElement variant);
@@ -29,10 +30,13 @@ class OdxLayer {
  private:
   using Names = std::set<std::string>;
   void collect(XmlElement layer, Names blocked, Names& known);
+  void collectParents(XmlElement layer, const Names& blocked, Names& known);
+  void collectDataObjects();
 
   const OdxLibrary& library_;
   std::vector<XmlElement> chain_;  ///< the variant first
   std::vector<XmlElement> services_;
+  std::unordered_map<std::string, XmlElement> dataObjects_;  ///< by short name
 };
 
 /// A whole number in decimal or, with 0x, hexadecimal; none when it is anything else or needs more than 32

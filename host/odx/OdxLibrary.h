@@ -17,19 +17,29 @@ class OdxLibrary {
   /// TarnError with document, line and reason when one is not XML.
   explicit OdxLibrary(const std::vector<PdxEntry>& entries);
 
-  /// The element that an ID-REF (or the like) names; none when there is no such.
-  XmlElement find(std::string_view id) const;
-  /// The element that a child of this kind of `owner` refers to by its ID-REF.
-  XmlElement follow(XmlElement owner, const char* referenceName) const;
+  /// The element that a reference (ID-REF, perhaps with the DOCREF of a document or layer) means; none when
+  /// it is not there. Identifiers are unique in their document only, so without DOCREF it is the
+  /// reference's own; in another document it is looked for only where a single one has that identifier.
+  XmlElement follow(XmlElement reference) const;
   /// All diagnostic layers of a kind ("ECU-VARIANT"), in document order.
   std::vector<XmlElement> layers(const char* kind) const;
 
  private:
+  struct Target {
+    XmlElement element;
+    XmlElement document;  ///< its document node
+  };
+  void addNames(const XmlDocument& document);
+  bool isNamed(XmlElement document, const std::string& name) const;
+
   std::vector<XmlDocument> documents_;
-  std::unordered_map<std::string_view, XmlElement> byId_;
+  std::unordered_multimap<std::string_view, Target> byId_;
+  std::multimap<std::string, XmlElement> byName_;  ///< document nodes by what a DOCREF calls them
 };
 
-/// Text of a child element without white space around; empty when there is none.
+/// Text of an element, with one blank for what is white space or control characters inside, and none around.
+std::string plainText(XmlElement element);
+/// The plain text of a child element; empty when there is none.
 std::string childText(XmlElement element, const char* name);
 /// LONG-NAME, or SHORT-NAME where there is none.
 std::string displayName(XmlElement element);

@@ -12,6 +12,8 @@ namespace tarnlog::host {
 namespace {
 
 constexpr int kDeepest = 16;  ///< structures within structures
+constexpr std::size_t kLongestMessage = 4095;
+constexpr int kMostData = 4095;  ///< parameters of one response, those of its structures included
 
 class ResponseReader {
  public:
@@ -24,6 +26,7 @@ class ResponseReader {
     for (const XmlElement parameter : owner.selectNodes("PARAMS/PARAM")) {
       const std::string name = prefix + displayName(parameter);
       try {
+        if (++parameters_ > kMostData) throw LeftOut("is one of too many");
         const OdxCursor::Place place = cursor.placeOf(parameter);
         // What fails inside may have any length.
         cursor.advance(place, {});
@@ -52,13 +55,15 @@ class ResponseReader {
                                         int depth) {
     const std::string_view kind = parameter.attributeOrEmpty("xsi:type");
     if (kind == "CODED-CONST" || kind == "NRC-CONST")
-      return readOdxCodedType(parameter.firstChild("DIAG-CODED-TYPE")).bits;
+      return readOdxLength(parameter.firstChild("DIAG-CODED-TYPE"));
     if (kind == "MATCHING-REQUEST-PARAM") return count(parameter, "BYTE-LENGTH", 8);
     if (kind == "RESERVED") return count(parameter, "BIT-LENGTH", 1);
+    if (!parameter.firstChild("DOP-REF") && !parameter.firstChild("DOP-SNREF"))
+      throw LeftOut("is a parameter of the kind " + std::string(kind));
     const XmlElement object = layer_.dataObjectOf(parameter);
     if (!object) throw LeftOut("refers to a data object that is not in the container");
     if (object.name() == "DATA-OBJECT-PROP")
-      return kind == "PHYS-CONST" ? readOdxCodedType(object.firstChild("DIAG-CODED-TYPE")).bits
+      return kind == "PHYS-CONST" ? readOdxLength(object.firstChild("DIAG-CODED-TYPE"))
                                   : readData(object, place, name);
     if (object.name() != "STRUCTURE") throw LeftOut("is of the kind " + std::string(object.name()));
     if (depth >= kDeepest) throw LeftOut("has structures within structures without end");
@@ -67,13 +72,14 @@ class ResponseReader {
   }
 
   std::optional<unsigned> readData(XmlElement object, OdxCursor::Place place, const std::string& name) {
-    const OdxCodedType type = readOdxCodedType(object.firstChild("DIAG-CODED-TYPE"));
+    const XmlElement codedType = object.firstChild("DIAG-CODED-TYPE");
+    const auto bits = readOdxLength(codedType);
     try {
-      addData(object, type, place, name);
+      addData(object, readOdxCodedType(codedType), place, name);
     } catch (const LeftOut& reason) {
       leftOut_(name, reason.what());  // its length is known all the same
     }
-    return type.bits;
+    return bits;
   }
 
   void addData(XmlElement object, const OdxCodedType& type, OdxCursor::Place place, const std::string& name) {
@@ -83,8 +89,9 @@ class ResponseReader {
       placeNumber(type, place, data.layout.field);
     else
       placeBytes(type, place, data.layout);
-    if (type.kind == DataKind::integer) readOdxComputation(object, data);
-    data.unit = childText(layer_.library().follow(object, "UNIT-REF"), "DISPLAY-NAME");
+    const bool complete = type.kind != DataKind::integer || readOdxComputation(object, data);
+    if (!complete) leftOut_(data.name, "has texts for long ranges of values, which are shown as numbers");
+    data.unit = childText(layer_.library().follow(object.firstChild("UNIT-REF")), "DISPLAY-NAME");
     names_.insert(data.name);
     data_.push_back(std::move(data));
   }
@@ -98,6 +105,7 @@ class ResponseReader {
     field.bytes = static_cast<std::uint8_t>((place.bit + bits + 7) / 8);
     field.order = type.order;
     field.isSigned = type.isSigned;
+    if (!field.isWithin(kLongestMessage)) throw LeftOut("stands beyond the longest message");
   }
 
   static void placeBytes(const OdxCodedType& type, OdxCursor::Place place, DataLayout& layout) {
@@ -106,13 +114,14 @@ class ResponseReader {
     layout.kind = type.kind;
     layout.firstByte = static_cast<std::uint16_t>(place.byte);
     layout.byteCount = static_cast<std::uint16_t>(type.bits.value_or(0) / 8);
-    layout.characters = CharacterSet::latin1;
-    if (place.byte + layout.byteCount > 4095) throw LeftOut("stands beyond the longest message");
+    layout.characters = type.characters;
+    if (place.byte + layout.byteCount > kLongestMessage) throw LeftOut("stands beyond the longest message");
   }
 
   std::string unique(const std::string& name) const {
-    std::string own = name.empty() ? "unnamed" : name;
-    for (int i = 2; names_.contains(own); ++i) own = name + " " + std::to_string(i);
+    const std::string wanted = name.empty() ? "unnamed" : name;
+    std::string own = wanted;
+    for (int i = 2; names_.contains(own); ++i) own = wanted + " " + std::to_string(i);
     return own;
   }
 
@@ -120,6 +129,7 @@ class ResponseReader {
   const OdxLeftOut& leftOut_;
   std::set<std::string> names_;
   std::vector<DataDescription> data_;
+  int parameters_ = 0;
 };
 
 }  // namespace

@@ -13,6 +13,8 @@ namespace tarnlog::host {
 namespace {
 
 constexpr zip_uint64_t kMostBytes = zip_uint64_t{512} << 20;
+/// A parsed document takes memory by its tags; a real one has 20 bytes and more to each.
+constexpr std::ptrdiff_t kMostTags = 32'000'000;
 
 [[noreturn]] void fail(const std::string& path, const std::string& text) {
   throw TarnError(1, "readPdx", path + ": " + text);
@@ -50,6 +52,7 @@ std::string readEntry(zip_t* archive, zip_uint64_t index, zip_uint64_t size, con
 std::vector<PdxEntry> readArchive(zip_t* archive, const std::string& path) {
   std::vector<PdxEntry> entries;
   zip_uint64_t total = 0;
+  std::ptrdiff_t tags = 0;
   const zip_int64_t count = zip_get_num_entries(archive, 0);
   for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i) {
     zip_stat_t status;
@@ -57,6 +60,8 @@ std::vector<PdxEntry> readArchive(zip_t* archive, const std::string& path) {
     if (status.size > kMostBytes - total) fail(path, "is more than 512 MiB unpacked");
     total += status.size;
     entries.push_back({status.name, readEntry(archive, i, status.size, path + ": " + status.name)});
+    tags += std::ranges::count(entries.back().bytes, '<');
+    if (tags > kMostTags) fail(path, "has more than 32 million XML tags");
   }
   if (entries.empty()) fail(path, "expected a container with ODX documents, found none");
   return entries;

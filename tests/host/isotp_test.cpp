@@ -105,6 +105,7 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   };
   EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
   EXPECT_EQ(ask(0x10, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");
+  EXPECT_EQ(ask(0x18DA10F1, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");  // the same ECU
   EXPECT_EQ(ask(0x7E0, "3E"), "");
   EXPECT_THAT(pairs, testing::ElementsAre("00 00 07 E0 00 00 07 E8", "18 DA 10 F1 18 DA F1 10"));
   EXPECT_THROW(ask(0x1001, "3E"), TarnError);

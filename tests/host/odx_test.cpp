@@ -16,7 +16,15 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-const char* const kDocument = TARNLOG_SOURCE_DIR "/tests/data/small.odx-d";
+const std::string kData = TARNLOG_SOURCE_DIR "/tests/data/";
+
+/// The documents of the small car. Those that the ECU's own refers to come first.
+std::vector<PdxEntry> smallCar() {
+  std::vector<PdxEntry> entries;
+  for (const char* const name : {"small.odx-cs", "shared.odx-d", "small.odx-d"})
+    entries.push_back({name, SystemFileSystem().readAll(kData + name)});
+  return entries;
+}
 
 std::string failureOf(const std::function<void()>& step) {
   try {
@@ -28,21 +36,29 @@ std::string failureOf(const std::function<void()>& step) {
 }
 
 TEST(OdxImport, TakesOverWhatCanBeReadAndSaysWhatCannot) {
-  const OdxImport import = importOdx(readPdx(kDocument), "Small car");
+  const OdxImport import = importOdx(smallCar(), "Small car");
   EXPECT_THAT(import.notes, ElementsAre());
-  EXPECT_THAT(import.leftOut,
-              ElementsAre("Engine, second series / Live data / Curve: is computed by TAB-INTP",
-                          "Engine, second series / Vin / Behind: stands behind data of variable length",
-                          "Engine, second series / Reset: is not a service that reads data (11)"));
+  EXPECT_THAT(
+      import.leftOut,
+      ElementsAre("Engine, second series / Live data / Curve: is computed by TAB-INTP",
+                  "Engine, second series / Live data / Drive / Gear: has texts for long ranges of "
+                  "values, which are shown as numbers",
+                  "Engine, second series / Live data / Constant: has a computation that is not linear",
+                  "Engine, second series / Live data / Exact: has values of the type A_FLOAT32",
+                  "Engine, second series / Live data / Too far: stands beyond the longest message",
+                  "Engine, second series / Vin / Behind: stands behind data of variable length",
+                  "Engine, second series / Reset: is not a service that reads data (11)"));
   EXPECT_EQ(writeVehicleDescription(import.vehicle),
-            SystemFileSystem().readAll(TARNLOG_SOURCE_DIR "/tests/data/small.vehicle.json"));
+            SystemFileSystem().readAll(kData + "small.vehicle.json"));
 }
 
 TEST(OdxImport, ReadsContainersAndRefusesWhatIsNone) {
   const test::TempFolder folder;
   const std::string path = folder.path() + "/small.pdx";
   zip_t* const archive = zip_open(path.c_str(), ZIP_CREATE, nullptr);
-  zip_file_add(archive, "docs/small.odx-d", zip_source_file(archive, kDocument, 0, -1), 0);
+  for (const char* const name : {"shared.odx-d", "small.odx-d"})
+    zip_file_add(archive, (std::string("docs/") + name).c_str(),
+                 zip_source_file(archive, (kData + name).c_str(), 0, -1), 0);
   zip_file_add(archive, "index.xml", zip_source_buffer(archive, "<x/>", 4, 0), 0);
   ASSERT_EQ(zip_close(archive), 0);
   EXPECT_EQ(importOdx(readPdx(path), "x").vehicle.ecus.size(), 1u);

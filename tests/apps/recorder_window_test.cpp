@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
+#include <QTreeView>
 #include <optional>
 
 #include "platform/settings/FileSettingsStore.h"
@@ -27,7 +30,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using ::testing::MatchesRegex;
 using ::testing::SizeIs;
 
 /// The program's window with files, time and the user's answers in the test's hands.
@@ -89,6 +92,45 @@ struct RecorderWindowTest : ::testing::Test {
   std::function<void()> whileWaiting;
   std::optional<RecorderWindow> window;
 };
+
+/// From an empty window to a finished record file.
+TEST_F(RecorderWindowTest, WalksFromAnEmptyWindowToARecord) {
+  files.files["/cfg/settings"] = "PathName=/rec\nPeriod=0\n";
+  open();
+  dialogs.filesToOpen = {"/car.json"};
+  press("otherVehicle");
+  auto& tree = *window->findChild<QTreeView*>("TreeAllData");
+  tree.expandAll();
+  const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, "Speed", 1,
+                                                    Qt::MatchExactly | Qt::MatchRecursive);
+  ASSERT_EQ(found.size(), 1);
+  tree.setCurrentIndex(found.front());
+  window->findChild<QWidget*>("ctlTarnSelect")->findChild<QAbstractButton*>("addData")->click();
+  EXPECT_TRUE(window->isWindowModified());
+  window->findChild<QTabBar*>("TabStripMain")->setCurrentIndex(1);
+  QTest::keyClicks(window->findChild<QLineEdit*>("SavePrefix"), "walk_");
+  dialogs.filesToSave = {"/walk.xml"};
+  window->recorder().ctlTarnConfigure().fileActions().at(1)->trigger();
+  EXPECT_EQ(window->windowTitle(), "walk.xml[*] - Car - Tarnlog2001");
+  EXPECT_FALSE(window->isWindowModified());
+
+  view(1);
+  ticks(12);
+  press("CommandStartStop");
+  ticks(4);
+  press("CommandStartStop");
+  ticks(2);
+  view(2);
+  EXPECT_THAT(recordFiles(), ElementsAre(HasSubstr("/rec/walk_16-11-26_19h05mn")));
+  EXPECT_THAT(files.files[recordFiles().front()],
+              MatchesRegex("time\tevent\t\"Engine\"\r\n16/11/26\t\t\"Status\"\r\n"
+                           "[0-9:]*\t\t\"Speed.km/h.\"\r\n0\t\"Start\"\t10\r\n"
+                           "([0-9.]*\t\"\"\t10\r\n)*[0-9.]*\t\"Stop\"\t10\r\n"));
+  EXPECT_TRUE(window->findChild<QPlainTextEdit*>("logText")->toPlainText().endsWith(" Stop record"));
+  window->close();
+  EXPECT_TRUE(closed());
+  EXPECT_THAT(dialogs.asked, SizeIs(2)) << "nothing to lose";
+}
 
 TEST_F(RecorderWindowTest, RemembersVehiclesConfigurationsAndItsPlace) {
   EXPECT_EQ(window->windowTitle(), "Tarnlog2001");

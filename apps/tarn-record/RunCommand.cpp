@@ -49,8 +49,7 @@ class Run {
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()),
         vehicle_(host::openVehicle(
-            options.vehicle, files_, systemLocale(), linkClock_, [this] { progress_.show(*acq_, screen_); },
-            options.link)) {
+            options.vehicle, files_, systemLocale(), linkClock_, [this] { idle(); }, options.link)) {
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteFailureHandler(
@@ -80,6 +79,14 @@ class Run {
   }
 
  private:
+  /// While an answer is awaited. A car that is asked what it offers is asked before there is a recorder.
+  void idle() {
+    if (acq_)
+      progress_.show(*acq_, screen_);
+    else if (Signals::stopRequested())
+      throw BadInput("stopped while the car was asked what it offers");
+  }
+
   LoadedConfiguration load() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);

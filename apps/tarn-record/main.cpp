@@ -18,6 +18,7 @@
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
+#include "apps/tarn-record/ScanCommand.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/base/TarnError.h"
@@ -29,11 +30,18 @@ namespace {
 using namespace tarnlog;
 using namespace tarnlog::record;
 
-/// The session of a vehicle description, without sending anything.
+/// A vehicle, to look at what it offers.
+struct VehicleChoice {
+  std::string path;
+  host::LinkOptions link;
+};
+
+/// The session of a vehicle description, without sending anything; that of a car, which is asked what it
+/// offers.
 class OfflineVehicle {
  public:
-  explicit OfflineVehicle(const std::string& path)
-      : vehicle_(host::openVehicle(path, files_, systemLocale(), clock_, {})),
+  explicit OfflineVehicle(const VehicleChoice& choice)
+      : vehicle_(host::openVehicle(choice.path, files_, systemLocale(), clock_, {}, choice.link)),
         session_(BuildSessionDocument(vehicle_->session())) {}
 
   SystemFileSystem& files() { return files_; }
@@ -51,17 +59,19 @@ void print(const std::string& text) {
     throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
 }
 
-void addVehicle(CLI::App& command, std::string& vehicle) {
-  command.add_option("--vehicle", vehicle, "Vehicle description (JSON)")->required()->type_name("FILE");
+void addVehicle(CLI::App& command, std::string& vehicle, host::LinkOptions& link) {
+  command
+      .add_option("--vehicle", vehicle,
+                  "Vehicle description (JSON), or obd2: to ask the car behind the link what it offers")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--link", link.url, "How the car is reached (default: the description's simulation)")
+      ->type_name("URL");
 }
 
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
-  addVehicle(command, options.vehicle);
-  command
-      .add_option("--link", options.link.url,
-                  "How the car is reached (default: the description's simulation)")
-      ->type_name("URL");
+  addVehicle(command, options.vehicle, options.link);
   command.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
       ->type_name("FILE");
   command.add_option("--config", options.config, "Recording configuration (XML)")
@@ -91,14 +101,14 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
 }
 
 struct ListOptions {
-  std::string vehicle;
+  VehicleChoice vehicle;
   std::string filter;
   bool json = false;
 };
 
 std::function<int()> addList(CLI::App& app, ListOptions& options) {
   CLI::App& command = *app.add_subcommand("list", "Show the data that a vehicle offers");
-  addVehicle(command, options.vehicle);
+  addVehicle(command, options.vehicle.path, options.vehicle.link);
   command.add_option("--filter", options.filter, "Only where name, request, ECU or unit contains this")
       ->type_name("TEXT");
   command.add_flag("--json", options.json, "As JSON");
@@ -110,13 +120,13 @@ std::function<int()> addList(CLI::App& app, ListOptions& options) {
 }
 
 struct CheckOptions {
-  std::string vehicle;
+  VehicleChoice vehicle;
   std::string config;
 };
 
 std::function<int()> addCheck(CLI::App& app, CheckOptions& options) {
   CLI::App& command = *app.add_subcommand("check", "Show what of a configuration a vehicle can record");
-  addVehicle(command, options.vehicle);
+  addVehicle(command, options.vehicle.path, options.vehicle.link);
   command.add_option("--config", options.config, "Recording configuration (XML)")
       ->required()
       ->type_name("FILE");
@@ -132,14 +142,14 @@ std::function<int()> addCheck(CLI::App& app, CheckOptions& options) {
 }
 
 struct NewOptions {
-  std::string vehicle;
+  VehicleChoice vehicle;
   std::vector<std::string> data;
   std::string output;
 };
 
 std::function<int()> addNew(CLI::App& app, NewOptions& options) {
   CLI::App& command = *app.add_subcommand("new", "Write a configuration that records the named data");
-  addVehicle(command, options.vehicle);
+  addVehicle(command, options.vehicle.path, options.vehicle.link);
   command.add_option("--data", options.data, "Data to record, as `list` names them")
       ->required()
       ->type_name("ECU/REQUEST/DATA");
@@ -189,6 +199,23 @@ std::function<int()> addImport(CLI::App& app, ImportOptions& options) {
   };
 }
 
+std::function<int()> addScan(CLI::App& app, ScanOptions& options) {
+  CLI::App& command =
+      *app.add_subcommand("scan", "Ask a car what it offers (OBD) and write it as a vehicle description");
+  command.add_option("--link", options.link.url, "How the car is reached")->required()->type_name("URL");
+  command.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
+      ->type_name("FILE");
+  command.add_option("--output", options.output, "Vehicle description to write (replaced when it exists)")
+      ->required()
+      ->type_name("FILE");
+  command.footer("Example:\n  tarn-record scan --link elm327:///dev/ttyUSB0 --output car.vehicle.json");
+  return [&options] {
+    SystemFileSystem files;
+    print(scanCar(files, options));
+    return kDone;
+  };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -212,9 +239,11 @@ int program(int argc, char** argv) {
   NewOptions newOptions;
   std::string repairFileName;
   ImportOptions importOptions;
+  ScanOptions scanOptions;
   const std::vector<std::function<int()>> actions = {
-      addRun(app, runOptions), addList(app, listOptions),      addCheck(app, checkOptions),
-      addNew(app, newOptions), addRepair(app, repairFileName), addImport(app, importOptions)};
+      addRun(app, runOptions),  addList(app, listOptions),      addCheck(app, checkOptions),
+      addNew(app, newOptions),  addRepair(app, repairFileName), addImport(app, importOptions),
+      addScan(app, scanOptions)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

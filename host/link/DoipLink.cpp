@@ -132,4 +132,9 @@ void DoipLink::handle(const DoipMessage& message) {
   }
 }
 
+std::vector<LinkTarget> DoipLink::findEcus() {
+  if (!settings_.ecu) return {};
+  return {LinkTarget{*settings_.ecu, "OBD-II"}};
+}
+
 }  // namespace tarnlog::host

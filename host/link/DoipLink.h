@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/link/ByteStream.h"
 #include "host/link/DoipMessage.h"
@@ -33,6 +34,8 @@ class DoipLink : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The ECU of the settings, where they name one.
+  std::vector<LinkTarget> findEcus() override;
 
  private:
   std::string findHost();

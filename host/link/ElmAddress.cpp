@@ -114,7 +114,7 @@ ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> re
   }
 }
 
-ElmAddress elmToAll(ElmAddress address, ElmBus bus) {
+ElmAddress elmToAll(const ElmAddress& address, ElmBus bus) {
   ElmAddress all = toAll(bus);
   all.source = address.source;
   return all;

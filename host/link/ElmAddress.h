@@ -31,7 +31,7 @@ struct ElmAddress {
 ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> request, ElmBus bus);
 
 /// The same, sent to all ECUs; who answers stays.
-ElmAddress elmToAll(ElmAddress address, ElmBus bus);
+ElmAddress elmToAll(const ElmAddress& address, ElmBus bus);
 
 /// The ECU's address in a LinkTarget, from the source of its answers.
 std::int32_t ecuAddressOf(std::optional<std::uint32_t> source, ElmBus bus);

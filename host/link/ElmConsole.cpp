@@ -6,6 +6,9 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+namespace {
+constexpr const char* kGone = "the adapter is gone: ";
+}
 
 bool ElmReply::has(ElmNotice notice) const {
   return std::any_of(lines.begin(), lines.end(), [&](const ElmLine& line) { return line.notice == notice; });
@@ -17,21 +20,21 @@ ElmConsole::ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock)
     : stream_(std::move(stream)), clock_(clock) {}
 
 template <class Step>
-auto ElmConsole::reached(Step&& step) {
+auto ElmConsole::reached(const char* failure, Step&& step) {
   try {
     return std::forward<Step>(step)();
   } catch (const TarnError& error) {
-    throw TarnError(error.number(), "Elm327Link", "the adapter is gone: " + error.description());
+    throw TarnError(error.number(), "Elm327Link", failure + error.description());
   }
 }
 
 void ElmConsole::open() {
   reader_.clear();
-  reached([this] { stream_->open(); });
+  reached("the adapter cannot be reached: ", [this] { stream_->open(); });
 }
 
 bool ElmConsole::fill(Microseconds deadline) {
-  const std::size_t count = reached([&] { return stream_->read(bytes_, deadline); });
+  const std::size_t count = reached(kGone, [&] { return stream_->read(bytes_, deadline); });
   reader_.feed(std::span(bytes_).first(count));
   anything_ = anything_ || count > 0;
   return count > 0;
@@ -49,7 +52,7 @@ void ElmConsole::write(std::string_view text) {
   output_ = text;
   output_ += '\r';
   const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
-  reached([&] { stream_->write({first, output_.size()}); });
+  reached(kGone, [&] { stream_->write({first, output_.size()}); });
 }
 
 std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {

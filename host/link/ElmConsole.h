@@ -54,7 +54,7 @@ class ElmConsole {
 
  private:
   template <class Step>
-  auto reached(Step&& step);
+  auto reached(const char* failure, Step&& step);
   bool fill(Microseconds deadline);
 
   std::unique_ptr<ByteStream> stream_;

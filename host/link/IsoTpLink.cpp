@@ -39,4 +39,9 @@ bool IsoTpLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   return !response.empty();
 }
 
+std::vector<LinkTarget> IsoTpLink::findEcus() {
+  if (!pair_) return {};
+  return {LinkTarget{static_cast<std::int32_t>(pair_->transmit), "OBD-II"}};
+}
+
 }  // namespace tarnlog::host

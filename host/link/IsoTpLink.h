@@ -27,6 +27,9 @@ class IsoTpLink : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The ECU of the pair that every request is for, where there is one.
+  std::vector<LinkTarget> findEcus() override;
+  bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
 
  private:
   ByteStream& streamOf(CanPair pair);

@@ -22,6 +22,8 @@ class ReplayLink : private ReplayPeer, public SimulatedLink {
  public:
   ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock)
       : ReplayPeer(std::move(entries), file), SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
+  std::vector<LinkTarget> findEcus() override { return obdEcus(); }
+  bool takesSeveralPids(const LinkTarget& target) const override { return asksSeveralPids(target); }
 };
 
 std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files) {

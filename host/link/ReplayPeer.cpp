@@ -9,6 +9,10 @@ namespace tarnlog::host {
 
 using Kind = TraceEntry::Kind;
 
+namespace {
+constexpr std::uint8_t kCurrentData = 0x01;
+}
+
 ReplayPeer::ReplayPeer(std::vector<TraceEntry> entries, std::string file)
     : entries_(std::move(entries)), file_(std::move(file)) {}
 
@@ -37,6 +41,23 @@ void ReplayPeer::answer(const LinkTarget& target, std::span<const std::uint8_t> 
     }
     answers.add(std::max(entry.time - asked, std::chrono::microseconds(0))) = entry.bytes;
   }
+}
+
+std::vector<LinkTarget> ReplayPeer::obdEcus() const {
+  std::vector<LinkTarget> ecus;
+  for (const TraceEntry& entry : entries_) {
+    if (entry.kind != Kind::request || entry.bytes.empty() || entry.bytes.front() != kCurrentData) continue;
+    const auto same = [&](const LinkTarget& ecu) { return ecu.address == entry.target.address; };
+    if (std::ranges::none_of(ecus, same)) ecus.push_back(entry.target);
+  }
+  return ecus;
+}
+
+bool ReplayPeer::asksSeveralPids(const LinkTarget& target) const {
+  return std::ranges::any_of(entries_, [&](const TraceEntry& entry) {
+    return entry.kind == Kind::request && entry.target.address == target.address && entry.bytes.size() > 2 &&
+           entry.bytes.front() == kCurrentData;
+  });
 }
 
 }  // namespace tarnlog::host

@@ -22,6 +22,11 @@ class ReplayPeer : public SimulatedPeer {
   void answer(const LinkTarget& target, std::span<const std::uint8_t> request,
               std::chrono::microseconds sinceStart, SimulatedAnswers& answers) override;
 
+  /// The ECUs that the trace asks for OBD data, each once.
+  std::vector<LinkTarget> obdEcus() const;
+  /// The trace asks an ECU for several PIDs of service 01 at once.
+  bool asksSeveralPids(const LinkTarget& target) const;
+
  private:
   std::size_t find(const LinkTarget& target, std::span<const std::uint8_t> request) const;
 

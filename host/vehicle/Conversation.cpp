@@ -38,14 +38,20 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   Busy busy(*this);
   endRequested_ = false;
   response.clear();
-  if (!open_) {
-    link_.open();
-    open_ = true;
-  }
+  open();
   link_.send(target, request);
   const Outcome outcome = waitForResponse(request, timeout, response);
   busy.finish();
   return outcome;
+}
+
+std::vector<LinkTarget> Conversation::findEcus() {
+  Busy busy(*this);
+  endRequested_ = false;
+  open();
+  std::vector<LinkTarget> ecus = link_.findEcus();
+  busy.finish();
+  return ecus;
 }
 
 Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t> request,
@@ -77,6 +83,12 @@ void Conversation::end() {
     endRequested_ = true;
   else
     close();
+}
+
+void Conversation::open() {
+  if (open_) return;
+  link_.open();
+  open_ = true;
 }
 
 void Conversation::close() {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -28,6 +29,9 @@ class Conversation {
   Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                    std::chrono::milliseconds timeout, Link::Bytes& response);
 
+  /// As the link's.
+  std::vector<LinkTarget> findEcus();
+  bool takesSeveralPids(const LinkTarget& target) const { return link_.takesSeveralPids(target); }
   bool busy() const { return busy_; }
   std::chrono::milliseconds pendingTimeout() const { return pendingTimeout_; }
 
@@ -39,6 +43,7 @@ class Conversation {
 
   Outcome waitForResponse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                           Link::Bytes& response);
+  void open();
   void close();
 
   Link& link_;

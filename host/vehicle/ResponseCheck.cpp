@@ -71,9 +71,11 @@ constexpr std::array kCodes{
     CodeText{0x93, "voltage too low"},
 };
 
+constexpr std::uint8_t kCurrentData = 0x01;
+
 std::size_t parameterBytes(std::uint8_t service) {
   switch (service) {
-    case 0x01:
+    case kCurrentData:
     case 0x1A:
     case 0x21:
       return 1;
@@ -96,6 +98,11 @@ ResponseClass classifyResponse(std::span<const std::uint8_t> request,
     return response[2] == kResponsePending ? ResponseClass::pending : ResponseClass::negative;
   const std::size_t repeated = repeatedBytes(request);
   if (response.size() < repeated || response[0] != positiveService(request[0])) return ResponseClass::foreign;
+  // Of several PIDs any may come first.
+  if (request[0] == kCurrentData && request.size() > 2)
+    return std::find(request.begin() + 1, request.end(), response[1]) != request.end()
+               ? ResponseClass::positive
+               : ResponseClass::foreign;
   return std::equal(request.begin() + 1, request.begin() + static_cast<std::ptrdiff_t>(repeated),
                     response.begin() + 1)
              ? ResponseClass::positive

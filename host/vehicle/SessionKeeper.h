@@ -22,6 +22,7 @@ class SessionKeeper {
   Conversation::Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                                  std::chrono::milliseconds timeout, Link::Bytes& response);
   void end();
+  bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
   std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
 
  private:

@@ -6,7 +6,9 @@
 #include "host/link/OpenLink.h"
 #include "host/link/SimulatedLink.h"
 #include "host/link/TraceLink.h"
+#include "host/vehicle/ObdScan.h"
 #include "host/vehicle/VehicleSimulator.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
@@ -41,6 +43,15 @@ class VehicleOverLink : public OpenedVehicle {
   VehicleSession session_;
 };
 
+std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale locale, LinkClock& clock,
+                                          Link::IdleHook idleHook) {
+  link->setIdleHook(idleHook);
+  VehicleDescription description = scanObdVehicle(*link, clock);
+  return std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
+                                           std::move(idleHook),
+                                           [&](SimulatedPeer& /*simulation*/) { return std::move(link); });
+}
+
 }  // namespace
 
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files) {
@@ -51,14 +62,20 @@ VehicleDescription readVehicleDescription(const std::string& path, const FileSys
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& files, UserLocale locale,
                                            LinkClock& clock, Link::IdleHook idleHook,
                                            const LinkOptions& options) {
-  const auto makeLink = [&](SimulatedPeer& simulation) -> std::unique_ptr<Link> {
-    std::unique_ptr<Link> link;
-    if (options.url.empty())
-      link = std::make_unique<SimulatedLink>(clock, simulation);
-    else
-      link = openLink(options.url, clock, files);
+  const auto traced = [&](std::unique_ptr<Link> link) -> std::unique_ptr<Link> {
     if (options.trace.empty()) return link;
     return std::make_unique<TraceLink>(std::move(link), clock, files.create(options.trace));
+  };
+  if (path == kObdCar) {
+    if (options.url.empty())
+      throw TarnError(1, "openVehicle",
+                      "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
+    return openObdCar(traced(openLink(options.url, clock, files)), std::move(locale), clock,
+                      std::move(idleHook));
+  }
+  const auto makeLink = [&](SimulatedPeer& simulation) {
+    return traced(options.url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
+                                      : openLink(options.url, clock, files));
   };
   return std::make_unique<VehicleOverLink>(readVehicleDescription(path, files), std::move(locale), clock,
                                            std::move(idleHook), makeLink);
@@ -67,6 +84,7 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
                                            UserLocale locale, LinkClock& clock, Link::IdleHook idleHook,
                                            std::unique_ptr<Link> link) {
+  if (path == kObdCar) return openObdCar(std::move(link), std::move(locale), clock, std::move(idleHook));
   return std::make_unique<VehicleOverLink>(readVehicleDescription(path, files), std::move(locale), clock,
                                            std::move(idleHook),
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });

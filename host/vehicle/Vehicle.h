@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -30,14 +31,19 @@ class OpenedVehicle {
 /// wrong, where, and what was expected there.
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files);
 
+/// Stands for a description file: a car that is asked what it offers (see ObdScan.h).
+inline constexpr std::string_view kObdCar = "obd2:";
+
 /// How the vehicle is reached.
 struct LinkOptions {
   std::string url;    ///< as `openLink` takes it; empty: the description's own simulation
   std::string trace;  ///< a file, not there yet, that takes what goes over the link; empty: none
 };
 
-/// Opens the described vehicle. `idleHook` runs at least every 20 ms while an answer is awaited; it may be
-/// empty, and it may do anything but send requests. `clock` and `files` must outlive the result.
+/// Opens the described vehicle, or the car behind the link when the path is `kObdCar`: that one is asked at
+/// once, which can take a minute, and its answers may fail with a TarnError. `idleHook` runs at least every
+/// 20 ms while an answer is awaited; it may be empty, and it may do anything but send requests. `clock` and
+/// `files` must outlive the result.
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& files, UserLocale locale,
                                            LinkClock& clock, Link::IdleHook idleHook,
                                            const LinkOptions& link = {});

@@ -39,6 +39,11 @@ class VehicleEcu : public ferrox3::Ecu {
   /// no answer within 200 ms". What was received last stays in `response`.
   void ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout, Link::Bytes& response);
 
+  /// The same, telling what came instead of raising; failures of the link are TarnErrors.
+  Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
+                                 Link::Bytes& response);
+  bool takesSeveralPids() const { return conversation_.takesSeveralPids(target_); }
+
   /// Finds out whether the ECU is there; raises when it does not answer. A refusal is an answer.
   void initialise();
 
@@ -54,8 +59,6 @@ class VehicleEcu : public ferrox3::Ecu {
 
   void collectData();
   std::span<const std::uint8_t> firstFrame() const;
-  Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
-                                 Link::Bytes& response);
 
   const EcuDescription& description_;
   SessionKeeper& conversation_;

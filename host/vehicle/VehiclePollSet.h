@@ -1,15 +1,18 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
+#include "host/vehicle/PidBundle.h"
 #include "host/vehicle/VehicleEcu.h"
 #include "host/vehicle/VehicleProtocol.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog::host {
 
-/// Requests and ECUs in the order in which their first data item was added.
+/// Requests and ECUs in the order in which their first data item was added. OBD requests that can be asked
+/// for together are bundled.
 class VehiclePollSet : public ferrox3::PollSet {
  public:
   VehiclePollSet(std::vector<ferrox3::Request*> requests, std::vector<VehicleEcu*> ecus);
@@ -24,6 +27,7 @@ class VehiclePollSet : public ferrox3::PollSet {
  private:
   std::vector<ferrox3::Request*> requests_;
   std::vector<VehicleEcu*> ecus_;
+  std::vector<std::unique_ptr<PidBundle>> bundles_;
   VehicleProtocol protocol_;
 };
 

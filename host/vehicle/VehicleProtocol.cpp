@@ -7,6 +7,7 @@
 namespace tarnlog::host {
 
 void VehicleProtocol::initialiseAll() {
+  begins_();
   // A copy: what the reports set off may finish the poll set.
   const std::vector<VehicleEcu*> ecus = ecus_;
   for (VehicleEcu* const ecu : ecus) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -8,15 +9,17 @@
 
 namespace tarnlog::host {
 
-/// Asks each ECU once whether it is there.
+/// Asks each ECU once whether it is there. What was received before is old then: `begins` is told.
 class VehicleProtocol : public ferrox3::Protocol {
  public:
-  explicit VehicleProtocol(std::vector<VehicleEcu*> ecus) : ecus_(std::move(ecus)) {}
+  VehicleProtocol(std::vector<VehicleEcu*> ecus, std::function<void()> begins)
+      : ecus_(std::move(ecus)), begins_(std::move(begins)) {}
   void initialiseAll() override;
   void forgetEcus() { ecus_.clear(); }
 
  private:
   std::vector<VehicleEcu*> ecus_;
+  std::function<void()> begins_;
 };
 
 }  // namespace tarnlog::host

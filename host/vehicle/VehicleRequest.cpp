@@ -1,6 +1,7 @@
 #include "host/vehicle/VehicleRequest.h"
 
 #include "host/link/HexText.h"
+#include "host/vehicle/PidBundle.h"
 #include "host/vehicle/VehicleEcu.h"
 
 namespace tarnlog::host {
@@ -29,7 +30,8 @@ ferrox3::Ecu& VehicleRequest::ecu() const { return ecu_; }
 
 void VehicleRequest::send() {
   sent_ = true;
-  ecu_.ask(description_.frame, description_.timeout, received_);
+  if (bundle_ == nullptr || !bundle_->take(*this, received_))
+    ecu_.ask(description_.frame, description_.timeout, received_);
   for (VehicleDataItem& item : data_) item.decode(received_);
 }
 

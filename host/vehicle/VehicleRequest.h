@@ -14,6 +14,7 @@
 
 namespace tarnlog::host {
 
+class PidBundle;
 class VehicleEcu;
 
 /// A request of a description with its data items.
@@ -38,6 +39,9 @@ class VehicleRequest : public ferrox3::Request {
   std::string receivedText() const override;
 
   const RequestDescription& description() const { return description_; }
+  VehicleEcu& vehicleEcu() const { return ecu_; }
+  /// Other requests that are asked for together with this one; null for none.
+  void setBundle(PidBundle* bundle) { bundle_ = bundle; }
 
  private:
   const RequestDescription& description_;
@@ -45,6 +49,7 @@ class VehicleRequest : public ferrox3::Request {
   std::deque<VehicleDataItem> data_;
   std::vector<VehicleDataItem*> items_;
   std::unordered_map<std::string_view, VehicleDataItem*> byName_;
+  PidBundle* bundle_ = nullptr;
   Link::Bytes received_;
   bool sent_ = false;
 };

@@ -287,7 +287,8 @@ TEST(Elm327, SaysWhatIsWrongForAMechanic) {
 
   Rig dead;
   dead.stream->openFailure = "/dev/ttyUSB0: No such file or directory";
-  EXPECT_EQ(dead.tell(kEngine, "01 00"), "the adapter is gone: /dev/ttyUSB0: No such file or directory");
+  EXPECT_EQ(dead.tell(kEngine, "01 00"),
+            "the adapter cannot be reached: /dev/ttyUSB0: No such file or directory");
   // Attempts are kept apart, further and further.
   const std::int64_t before = dead.clock.microseconds();
   for (int i = 0; i < 5; ++i) dead.tell(kEngine, "01 00");

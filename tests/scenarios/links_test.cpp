@@ -2,11 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include "host/link/Elm327Link.h"
 #include "host/link/HexText.h"
 #include "host/link/IsoTpLink.h"
 #include "host/link/IsoTpStream.h"
 #include "tests/scenarios/Scenario.h"
+#include "tests/support/Elm327Peer.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/PeerStream.h"
 #include "tests/support/ScriptedBus.h"
 
 namespace tarnlog::test {
@@ -94,6 +97,25 @@ TEST(Links, ARecordingOverCanHoldsWhatTheCarSent) {
         clock);
   };
   EXPECT_THAT(recordedValues(recipe, 2), ElementsAre("5", "5"));
+}
+
+TEST(Links, ARecordingOverAnAdapterHoldsWhatTheCarSent) {
+  Elm327Peer adapter;
+  adapter.bus = Elm327Peer::Bus::kwp;
+  Elm327Peer::Ecu& ecu = adapter.addEcu(0x10);
+  ecu.answers = {{"1081", {"5081"}}, {"10A0", {"50A0"}}};
+  int speed = 0;
+  adapter.onLine = [&](const std::string& line) {
+    if (line.starts_with("2180"))
+      ecu.answers["2180"] = {"6180" + Elm327Peer::hex(static_cast<unsigned>(speed += 100), 4) + "7B81000000"};
+  };
+  Recipe recipe;
+  recipe.makeLink = [&adapter](ManualLinkClock& clock) {
+    return std::make_unique<host::Elm327Link>(
+        std::make_unique<PeerStream>([&](std::string_view text) { return adapter.accept(text); }, clock),
+        std::nullopt, clock);
+  };
+  EXPECT_THAT(recordedValues(recipe), ElementsAre("1", "3", "4", "5"));
 }
 
 TEST(Links, ARecordingMadeAgainFromItsTraceHoldsTheSameRows) {

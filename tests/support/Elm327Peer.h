@@ -72,6 +72,13 @@ class Elm327Peer {
     searched_ = false;
   }
 
+  /// That many digits.
+  static std::string hex(unsigned value, int digits) {
+    std::string text;
+    for (int i = digits - 1; i >= 0; --i) text += "0123456789ABCDEF"[value >> (4 * i) & 0xF];
+    return text;
+  }
+
  private:
   std::string answer(const std::string& line) {
     heard.push_back(line);
@@ -157,11 +164,6 @@ class Elm327Peer {
   static int digit(char c) { return c <= '9' ? c - '0' : c - 'A' + 10; }
   static unsigned byteAt(const std::string& digits, std::size_t at) {
     return static_cast<unsigned>(digit(digits[2 * at]) * 16 + digit(digits[2 * at + 1]));
-  }
-  static std::string hex(unsigned value, int digits) {
-    std::string text;
-    for (int i = digits - 1; i >= 0; --i) text += "0123456789ABCDEF"[value >> (4 * i) & 0xF];
-    return text;
   }
 
   bool hears(const Ecu& ecu) const {

@@ -1,0 +1,25 @@
+#include "apps/tarn-record/ScanCommand.h"
+
+#include <fmt/format.h>
+
+#include "host/link/SystemLinkClock.h"
+#include "host/vehicle/DescriptionWriter.h"
+
+namespace tarnlog::record {
+
+std::string scanCar(FileSystem& files, const ScanOptions& options) {
+  host::SystemLinkClock clock;
+  const auto car =
+      host::openVehicle(std::string(host::kObdCar), files, systemLocale(), clock, {}, options.link);
+  files.replace(options.output, host::writeVehicleDescription(car->description()));
+  std::string report = fmt::format("{}: {} ECUs\n", options.output, car->description().ecus.size());
+  for (const host::EcuDescription& ecu : car->description().ecus) {
+    std::size_t data = 0;
+    for (const host::RequestDescription& request : ecu.requests) data += request.data.size();
+    report += fmt::format("  {} (address 0x{:X}): {} requests, {} data\n", ecu.name,
+                          static_cast<std::uint32_t>(ecu.address), ecu.requests.size(), data);
+  }
+  return report;
+}
+
+}  // namespace tarnlog::record

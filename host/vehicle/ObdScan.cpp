@@ -1,0 +1,166 @@
+#include "host/vehicle/ObdScan.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <tuple>
+#include <utility>
+
+#include "host/vehicle/Conversation.h"
+#include "host/vehicle/DescriptionParts.h"
+#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/ObdPids.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::chrono::milliseconds kTimeout{1000};
+constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
+constexpr std::uint8_t kCurrentData = 0x01;
+constexpr std::uint8_t kEngineSpeed = 0x0C;
+constexpr int kAttempts = 3;
+// ISO 15765-4: the eight ECUs of emissions on CAN.
+constexpr std::int32_t kFirstEcu = 0x7E0;
+constexpr std::int32_t kLastEcu = 0x7E7;
+constexpr std::int32_t kGearbox = 0x7E1;
+// SAE J2178: addresses of engine and transmission controllers.
+constexpr std::int32_t kFirstGearboxByte = 0x18;
+constexpr std::int32_t kLastGearboxByte = 0x1F;
+
+using Pids = std::vector<std::uint8_t>;
+
+struct FoundEcu {
+  LinkTarget target;
+  Pids pids;
+};
+
+/// The four bytes of a mask; empty when the ECU gives none.
+Link::Bytes askMask(Conversation& conversation, const LinkTarget& target, std::uint8_t mask) {
+  constexpr std::size_t kLength = 6;
+  const Link::Bytes request{kCurrentData, mask};
+  Link::Bytes response;
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    const auto outcome = conversation.exchange(target, request, kTimeout, response);
+    if (outcome == Conversation::Outcome::refused) return {};
+    if (outcome == Conversation::Outcome::answered && response.size() >= kLength)
+      return {response.begin() + 2, response.begin() + kLength};
+  }
+  return {};
+}
+
+/// The most significant bit of the first byte stands for the PID behind the mask's own.
+Pids askPids(Conversation& conversation, const LinkTarget& target) {
+  Pids pids;
+  for (int mask = 0; mask < 0x100; mask += kPidsPerMask) {
+    const Link::Bytes bits = askMask(conversation, target, static_cast<std::uint8_t>(mask));
+    if (bits.empty()) break;
+    for (int i = 0; i < kPidsPerMask; ++i) {
+      const int pid = mask + i + 1;
+      const bool supported = (bits[static_cast<std::size_t>(i / 8)] & (0x80 >> i % 8)) != 0;
+      if (supported && pid < 0x100 && !isPidMask(static_cast<std::uint8_t>(pid)))
+        pids.push_back(static_cast<std::uint8_t>(pid));
+    }
+    if ((bits.back() & 1U) == 0) break;
+  }
+  return pids;
+}
+
+std::vector<FoundEcu> findEcus(Conversation& conversation) {
+  std::vector<LinkTarget> targets = conversation.findEcus();
+  if (targets.empty())
+    for (std::int32_t address = kFirstEcu; address <= kLastEcu; ++address)
+      targets.push_back({address, "OBD-II"});
+  std::vector<FoundEcu> ecus;
+  for (const LinkTarget& target : targets) {
+    Pids pids = askPids(conversation, target);
+    if (!pids.empty()) ecus.push_back({target, std::move(pids)});
+  }
+  return ecus;
+}
+
+/// After a failure the conversation opens the link anew.
+std::vector<FoundEcu> findPatiently(Link& link, LinkClock& clock) {
+  Conversation conversation(link, clock, kPendingTimeout);
+  for (int attempt = 1;; ++attempt) {
+    try {
+      std::vector<FoundEcu> ecus = findEcus(conversation);
+      conversation.end();
+      return ecus;
+    } catch (const TarnError&) {
+      if (attempt == kAttempts) throw;
+    }
+  }
+}
+
+bool isGearbox(std::int32_t address) {
+  return address == kGearbox || (address >= kFirstGearboxByte && address <= kLastGearboxByte);
+}
+
+/// Name and function, as other descriptions of cars call them.
+std::pair<std::string, std::string> nameOf(const FoundEcu& ecu, bool engineNamed) {
+  const std::int32_t address = ecu.target.address;
+  const bool turns = std::find(ecu.pids.begin(), ecu.pids.end(), kEngineSpeed) != ecu.pids.end();
+  if (isGearbox(address) && (engineNamed || !turns)) return {"Transmission", "Transmission control"};
+  if (!engineNamed && (turns || address == kFirstEcu)) return {"Engine", "Engine control"};
+  const std::string other = fmt::format("ECU {:02X}", static_cast<std::uint32_t>(address));
+  return {other, other};
+}
+
+RequestDescription describePid(std::uint8_t number) {
+  RequestDescription request;
+  request.name = fmt::format("PID {:02X}", number);
+  request.frame = {kCurrentData, number};
+  request.timeout = kTimeout;
+  if (const ObdPid* const pid = findObdPid(number)) {
+    request.data = pid->data;
+    return request;
+  }
+  DataDescription bytes;
+  bytes.name = request.name + " bytes";
+  bytes.layout.kind = DataKind::bytes;
+  bytes.layout.firstByte = 2;
+  request.data.push_back(std::move(bytes));
+  return request;
+}
+
+EcuDescription describe(const FoundEcu& found, const std::vector<EcuDescription>& others) {
+  const auto has = [&](std::string_view function) {
+    return std::any_of(others.begin(), others.end(),
+                       [&](const EcuDescription& each) { return each.function == function; });
+  };
+  EcuDescription ecu;
+  std::tie(ecu.name, ecu.function) = nameOf(found, has("Engine control"));
+  // A second gearbox or engine: the address tells them apart.
+  if (has(ecu.function)) {
+    const auto address = static_cast<std::uint32_t>(found.target.address);
+    ecu.name = fmt::format("{} {:02X}", ecu.name, address);
+    ecu.function = fmt::format("{} {:02X}", ecu.function, address);
+  }
+  ecu.address = found.target.address;
+  ecu.protocol = found.target.protocol;
+  ecu.initialisation = {kCurrentData, 0};
+  ecu.timeout = kTimeout;
+  for (const std::uint8_t pid : found.pids) ecu.requests.push_back(describePid(pid));
+  return ecu;
+}
+
+}  // namespace
+
+VehicleDescription scanObdVehicle(Link& link, LinkClock& clock) {
+  const std::vector<FoundEcu> found = findPatiently(link, clock);
+  if (found.empty())
+    throw TarnError(1, "ObdScan", "no ECU offers current data (OBD service 01): is the ignition on?");
+  VehicleDescription vehicle;
+  vehicle.name = "OBD car";
+  vehicle.pendingTimeout = kPendingTimeout;
+  for (const FoundEcu& ecu : found) vehicle.ecus.push_back(describe(ecu, vehicle.ecus));
+  // Once through its file, so that it is the same as when it is kept and opened again.
+  return parseVehicleDescription(writeVehicleDescription(vehicle),
+                                 "obd2:", [](const std::string& name) -> std::string {
+                                   throw TarnError(2, "ObdScan", name + ": no such file");
+                                 });
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "host/link/Link.h"
+
+namespace tarnlog::host {
+
+class VehicleEcu;
+class VehicleRequest;
+
+/// Up to six PIDs of service 01 that one request asks for at once, as ISO 15031-5 allows on CAN. The first of
+/// them that is sent asks for all; the others take what came with it, once. A car that cannot do it is asked
+/// one by one from then on.
+class PidBundle {
+ public:
+  /// Bundles of the requests that can be bundled, in their order, at least two each.
+  static std::vector<std::unique_ptr<PidBundle>> of(std::span<VehicleRequest* const> requests);
+
+  PidBundle(VehicleEcu& ecu, const std::vector<VehicleRequest*>& members);
+  ~PidBundle();
+  PidBundle(const PidBundle&) = delete;
+  PidBundle& operator=(const PidBundle&) = delete;
+
+  /// The response to a member as if it had been asked for alone; false when it has to be. Failures of the
+  /// link are TarnErrors.
+  bool take(const VehicleRequest& request, Link::Bytes& response);
+  /// What came and was not taken is old.
+  void forget();
+
+ private:
+  struct Member {
+    VehicleRequest* request;
+    std::uint8_t pid;
+    std::size_t bytes;                   ///< of data behind the PID
+    std::optional<std::size_t> place{};  ///< of the PID in the response, not taken yet
+  };
+
+  void ask();
+  bool split();
+
+  VehicleEcu& ecu_;
+  std::vector<Member> members_;
+  Link::Bytes frame_;
+  Link::Bytes response_;
+  bool worked_ = false;
+  int failures_ = 0;
+  bool usable_ = true;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,236 @@
+#include <gmock/gmock.h>
+
+#include "host/link/Elm327Link.h"
+#include "host/link/OpenLink.h"
+#include "host/link/TraceLink.h"
+#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/ObdPids.h"
+#include "host/vehicle/Vehicle.h"
+#include "platform/base/TarnError.h"
+#include "tests/support/Elm327Peer.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/PeerStream.h"
+
+namespace tarnlog::host {
+namespace {
+
+using test::Elm327Peer;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+/// A car behind an adapter in memory; its engine offers PIDs 04, 05, 0C, 0D, 24, 69 and its gearbox 0D.
+struct Car {
+  Car() {
+    adapter.addEcu(0x7E8).answers = {{"0100", {"410018180001"}}, {"0120", {"412010000001"}},
+                                     {"0140", {"414000000001"}}, {"0160", {"416000800000"}},
+                                     {"0104", {"410480"}},       {"0105", {"41057B"}},
+                                     {"010C", {"410C1AF8"}},     {"010D", {"410D20"}},
+                                     {"0124", {"412480004000"}}, {"0169", {"4169010203"}}};
+    adapter.addEcu(0x7E9).answers = {{"0100", {"410000080000"}}, {"010D", {"410D21"}}};
+  }
+
+  std::unique_ptr<Link> makeLink() {
+    return std::make_unique<Elm327Link>(
+        std::make_unique<test::PeerStream>([this](std::string_view text) { return adapter.accept(text); },
+                                           clock),
+        std::nullopt, clock);
+  }
+  std::unique_ptr<OpenedVehicle> open(std::unique_ptr<Link> link) {
+    return openVehicle(std::string(kObdCar), files, {}, clock, {}, std::move(link));
+  }
+
+  test::ManualLinkClock clock;
+  test::MemoryFileSystem files;
+  Elm327Peer adapter;
+};
+
+std::vector<std::string> offer(const VehicleSession& session) {
+  std::vector<std::string> lines;
+  for (std::size_t i = 0; i < session.ecuCount(); ++i) {
+    const ferrox3::Ecu& ecu = session.ecu(i);
+    for (std::size_t j = 0; j < ecu.requestCount(); ++j)
+      lines.push_back(ecu.name() + "/" + ecu.request(j).name() + "/" + ecu.request(j).data(0).name());
+  }
+  return lines;
+}
+
+/// Polls PIDs of the first ECU and gives the texts of all their data.
+class Poll {
+ public:
+  Poll(VehicleSession& session, const std::vector<std::string>& names)
+      : list_(session.createAcquisitionList()) {
+    for (const std::string& name : names) {
+      ferrox3::Request& request = *session.ecu(0).findRequest(name);
+      requests_.push_back(&request);
+      list_->add(request.data(0));
+    }
+    set_ = list_->pollSet();
+    set_->protocol().initialiseAll();
+  }
+  ~Poll() {
+    set_->finish();
+    list_->finish();
+  }
+  std::vector<std::string> cycle() {
+    for (std::size_t i = 0; i < set_->requestCount(); ++i) set_->request(i).send();
+    std::vector<std::string> texts;
+    for (const ferrox3::Request* const request : requests_)
+      for (std::size_t i = 0; i < request->dataCount(); ++i) texts.push_back(request->data(i).valueText());
+    return texts;
+  }
+
+ private:
+  std::unique_ptr<ferrox3::AcquisitionList> list_;
+  std::vector<ferrox3::Request*> requests_;
+  std::unique_ptr<ferrox3::PollSet> set_;
+};
+
+TEST(Obd, OffersWhatTheCarSaysItHas) {
+  Car car;
+  const auto vehicle = car.open(car.makeLink());
+  EXPECT_THAT(offer(vehicle->session()),
+              ElementsAre("Engine/PID 04/Calculated engine load", "Engine/PID 05/Coolant temperature",
+                          "Engine/PID 0C/Engine speed", "Engine/PID 0D/Vehicle speed",
+                          "Engine/PID 24/Oxygen sensor bank 1 sensor 1 equivalence ratio",
+                          "Engine/PID 69/PID 69 bytes", "Transmission/PID 0D/Vehicle speed"));
+  EXPECT_EQ(vehicle->session().ecu(0).functionName(), "Engine control");
+  // What is kept as a file opens as the same car.
+  const std::string file = writeVehicleDescription(vehicle->description());
+  EXPECT_EQ(parseVehicleDescription(file, "car.json", {}).ecus, vehicle->description().ecus);
+
+  Poll poll(vehicle->session(), {"PID 0C", "PID 24", "PID 69"});
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "1.000", "2.000", "01 02 03"));
+}
+
+TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
+  Car car;
+  const auto vehicle = car.open(car.makeLink());
+  const std::vector<std::string> pids{"PID 0C", "PID 0D", "PID 05", "PID 04"};
+  const auto values = ElementsAre("1726", "32", "83", "50.2");
+  {
+    // This one does not.
+    Poll poll(vehicle->session(), pids);
+    EXPECT_THAT(poll.cycle(), values);
+    EXPECT_THAT(car.adapter.heard, Contains("010C0D0504"));
+    car.adapter.heard.clear();
+    EXPECT_THAT(poll.cycle(), values);
+    EXPECT_THAT(car.adapter.heard, Not(Contains("010C0D0504")));
+  }
+  car.adapter.severalPids = true;
+  Poll poll(vehicle->session(), pids);
+  EXPECT_THAT(poll.cycle(), values);
+  car.adapter.heard.clear();
+  EXPECT_THAT(poll.cycle(), values);
+  EXPECT_THAT(car.adapter.heard, ElementsAre("010C0D05042"));
+  // Each cycle gives new values; an answer that does not fit is not taken apart.
+  car.adapter.ecus[0].answers["010D"] = {"410D33"};
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
+  car.adapter.instead["010C0D05042"] = {"7E806410C1AF80D33\r\r>"};
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
+  car.adapter.heard.clear();
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
+  EXPECT_THAT(car.adapter.heard, ElementsAre("010C0D05042"));
+}
+
+TEST(Obd, ComesAgainFromItsTrace) {
+  Car car;
+  car.adapter.severalPids = true;
+  car.adapter.bus = Elm327Peer::Bus::can29;
+  car.adapter.ecus[0].source = 0x18DAF110;
+  car.adapter.ecus[1].source = 0x18DAF118;
+  std::vector<std::string> offered;
+  std::vector<std::string> values;
+  {
+    const auto vehicle = car.open(
+        std::make_unique<TraceLink>(car.makeLink(), car.clock, car.files.create("/rec/drive.trace")));
+    offered = offer(vehicle->session());
+    Poll poll(vehicle->session(), {"PID 0C", "PID 0D"});
+    values = poll.cycle();
+  }
+  EXPECT_EQ(offered.back(), "Transmission/PID 0D/Vehicle speed");
+  const auto again = car.open(openLink("replay:/rec/drive.trace", car.clock, car.files));
+  EXPECT_EQ(offer(again->session()), offered);
+  Poll poll(again->session(), {"PID 0C", "PID 0D"});
+  EXPECT_EQ(poll.cycle(), values);
+}
+
+TEST(Obd, SaysWhyThereIsNoCar) {
+  const auto failure = [](Car& car) -> std::string {
+    try {
+      car.open(car.makeLink());
+    } catch (const TarnError& error) {
+      return error.description();
+    }
+    return "";
+  };
+  Car off;
+  off.adapter.bus = Elm327Peer::Bus::none;
+  EXPECT_THAT(failure(off), HasSubstr("no ECU answers (UNABLE TO CONNECT)"));
+  Car late;
+  late.adapter.instead["0100"] = {"SEARCHING...\rUNABLE TO CONNECT\r\r>"};
+  EXPECT_EQ(failure(late), "");
+  Car other;
+  for (auto& ecu : other.adapter.ecus) ecu.answers = {{"0100", {"7F0111"}}};
+  EXPECT_THAT(failure(other), HasSubstr("no ECU offers current data (OBD service 01)"));
+  Car without;
+  EXPECT_THROW(openVehicle(std::string(kObdCar), without.files, {}, without.clock, {}), TarnError);
+}
+
+/// Of the standard's examples and limits: PID, bytes behind it, position of the datum, its value.
+TEST(ObdPids, ScaleAsTheStandardSays) {
+  struct Example {
+    std::uint8_t pid;
+    std::vector<std::uint8_t> bytes;
+    std::size_t datum;
+    double value;
+  };
+  const std::vector<Example> examples{
+      {0x01, {0x83, 0x07, 0x00, 0x00}, 0, 1},
+      {0x01, {0x83, 0x07, 0x00, 0x00}, 1, 3},
+      {0x04, {0xFF}, 0, 100},
+      {0x05, {0x00}, 0, -40},
+      {0x06, {0x80}, 0, 0},
+      {0x0A, {0xFF}, 0, 765},
+      {0x0C, {0x1A, 0xF8}, 0, 1726},
+      {0x0E, {0x00}, 0, -64},
+      {0x10, {0xFF, 0xFF}, 0, 655.35},
+      {0x14, {0xC8, 0x80}, 0, 1},
+      {0x23, {0xFF, 0xFF}, 0, 655350},
+      {0x24, {0x80, 0x00, 0x40, 0x00}, 1, 2},
+      {0x32, {0xE0, 0x00}, 0, -2048},
+      {0x34, {0x80, 0x00, 0x80, 0x00}, 1, 0},
+      {0x3C, {0x01, 0x90}, 0, 0},
+      {0x42, {0x30, 0xD4}, 0, 12.5},
+      {0x43, {0x64, 0xFF}, 0, 10139.22},
+      {0x44, {0x80, 0x00}, 0, 1},
+      {0x4F, {1, 2, 3, 4}, 3, 40},
+      {0x54, {0xFF, 0xFF}, 0, -1},
+      {0x5D, {0x69, 0x00}, 0, 0},
+      {0x5E, {0x00, 0x64}, 0, 5},
+      {0x61, {0x7D}, 0, 0},
+      {0x63, {0x01, 0x00}, 0, 256},
+      {0x66, {0x01, 0x01, 0x00, 0x00, 0x00}, 0, 8},
+  };
+  for (const Example& example : examples) {
+    const ObdPid* const pid = findObdPid(example.pid);
+    ASSERT_NE(pid, nullptr);
+    EXPECT_EQ(pid->bytes, example.bytes.size()) << int{example.pid};
+    std::vector<std::uint8_t> response{0x41, example.pid};
+    response.insert(response.end(), example.bytes.begin(), example.bytes.end());
+    const DataLayout& layout = pid->data[example.datum].layout;
+    EXPECT_NEAR(scaledNumber(layout, readBits(layout.field, response.data())), example.value, 0.01)
+        << pid->data[example.datum].name;
+  }
+  for (int number = 1; number <= 0x66; ++number) {
+    const auto pid = static_cast<std::uint8_t>(number);
+    if (isPidMask(pid)) continue;
+    ASSERT_NE(findObdPid(pid), nullptr) << number;
+    for (const DataDescription& data : findObdPid(pid)->data)
+      EXPECT_LE(data.layout.neededLength(), 2 + findObdPid(pid)->bytes) << data.name;
+  }
+}
+
+}  // namespace
+}  // namespace tarnlog::host

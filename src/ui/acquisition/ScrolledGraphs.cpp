@@ -17,7 +17,8 @@ constexpr int kLine = 20;  ///< pixels for each step of the wheel's three
 }  // namespace
 
 ScrolledGraphs::ScrolledGraphs(QWidget& parent)
-    : visible_(new QWidget(&parent)),
+    : QObject(&parent),
+      visible_(new QWidget(&parent)),
       surface_(new GraphicFrameWidget(visible_)),
       bar_(new QScrollBar(Qt::Vertical, &parent)) {
   visible_->setObjectName("FrScroll");

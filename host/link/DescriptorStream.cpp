@@ -31,14 +31,18 @@ void DescriptorStream::fail(const std::string& text) const {
   throw TarnError(1, "Link", name_ + ": " + text);
 }
 
-void DescriptorStream::failWith(int error) const { fail(std::generic_category().message(error)); }
+void DescriptorStream::failWith(int error) const {
+  if (error == EPIPE || error == ECONNRESET) fail("the other end is gone");
+  fail(std::generic_category().message(error));
+}
 
 bool DescriptorStream::wait(short events, std::int64_t deadline) {
   for (;;) {
-    const std::int64_t now = clock_.microseconds();
+    std::int64_t now = clock_.microseconds();
     if (now >= nextIdle_) {
-      nextIdle_ = now + kIdlePeriod;
       idle();
+      now = clock_.microseconds();
+      nextIdle_ = now + kIdlePeriod;
     }
     pollfd watched{descriptor_.number(), events, 0};
     const timespec limit = toTimespec(std::max<std::int64_t>(0, std::min(deadline, nextIdle_) - now));

@@ -17,8 +17,8 @@ struct DoipEntity {
   std::uint16_t address = 0;  ///< its logical address
 };
 
-/// Asks one host, or with "*" everybody on the local networks, for a vehicle, and waits half a second. None
-/// when nobody answered.
+/// Asks one host (its address in numbers), or with "*" everybody on the networks of all interfaces, for a
+/// vehicle, and waits two seconds at most. None when nobody answered.
 std::optional<DoipEntity> findDoipEntity(const std::string& host, std::uint16_t port, LinkClock& clock,
                                          const std::function<void()>& idleHook);
 

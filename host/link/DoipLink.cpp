@@ -31,32 +31,56 @@ std::string DoipLink::findHost() {
   return entity->host;
 }
 
-void DoipLink::open() {
+void DoipLink::connect(const std::string& host) {
   close();
-  stream_ = connect_(findHost(), settings_.port);
+  stream_ = connect_(host, settings_.port);
   stream_->setIdleHook([this] { idle(); });
   stream_->open();
-  activateRouting();
+}
+
+void DoipLink::open() {
+  const std::string host = findHost();
+  connect(host);
+  if (activateRouting()) return;
+  // Having refused a version, the gateway closes the connection.
+  connect(host);
+  if (!activateRouting()) fail("the gateway did not understand a message");
 }
 
 void DoipLink::close() {
   if (stream_) stream_->close();
   stream_.reset();
   messages_.clear();
+  unanswered_ = false;
 }
 
-void DoipLink::activateRouting() {
-  stream_->write(doipRoutingActivation(settings_.tester));
+/// False when the gateway asks for another version of the protocol, which is the one spoken from then on.
+bool DoipLink::activateRouting() {
+  stream_->write(doipRoutingActivation(settings_.tester, version_));
   const std::int64_t deadline = clock_.microseconds() + kActivationTime;
+  bool pending = false;
   do {
     const auto message = nextMessage(deadline);
     if (!message) break;
-    if (message->type == DoipType::routingActivationResponse && isGranted(message->payload)) {
-      gateway_ = doipNumber(message->payload, 2).value_or(gateway_);
-      return;
+    if (speaksOtherVersion(*message)) {
+      version_ = message->version;
+      return false;
     }
+    if (message->type != DoipType::routingActivationResponse) continue;
+    if (isGranted(message->payload)) {
+      gateway_ = doipNumber(message->payload, 2).value_or(gateway_);
+      return true;
+    }
+    pending = true;
   } while (clock_.microseconds() < deadline);
-  fail("the gateway does not answer the activation of the connection");
+  fail(pending ? "the gateway waits until the connection is confirmed in the car"
+               : "the gateway does not answer the activation of the connection");
+}
+
+bool DoipLink::speaksOtherVersion(const DoipMessage& refusal) const {
+  constexpr std::uint8_t kIncorrectPattern = 0x00;
+  return refusal.type == DoipType::refused && !refusal.payload.empty() &&
+         refusal.payload[0] == kIncorrectPattern && refusal.version != version_;
 }
 
 /// False while somebody in the car is asked; a refusal is raised.
@@ -72,15 +96,26 @@ bool DoipLink::isGranted(std::span<const std::uint8_t> activation) const {
 
 void DoipLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
   if (!stream_) fail("the connection is not open");
+  if (unanswered_) dropLateAnswers();
+  unanswered_ = true;
   const auto own = static_cast<std::uint16_t>(target.address);
   target_ = settings_.ecu.value_or(target.address > 0 && target.address <= 0xFFFF ? own : gateway_);
-  doipDiagnostic(settings_.tester, target_, request, frame_);
+  doipDiagnostic(settings_.tester, target_, request, version_, frame_);
   stream_->write(frame_);
+}
+
+/// What has come meanwhile belongs to a request that was given up, not to the next one.
+void DoipLink::dropLateAnswers() {
+  constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
+  target_ = 0;
+  for (int i = 0; i < kMost && nextMessage(clock_.microseconds()); ++i) {
+  }
 }
 
 bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   if (!stream_) fail("the connection is not open");
   const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
+  unanswered_ = true;
   // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
   do {
     const auto message = nextMessage(deadline);
@@ -88,6 +123,7 @@ bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
     if (isAnswer(*message)) {
       const auto bytes = message->payload.subspan(4);
       response.assign(bytes.begin(), bytes.end());
+      unanswered_ = false;
       return true;
     }
   } while (clock_.microseconds() < deadline);
@@ -119,13 +155,14 @@ std::optional<DoipMessage> DoipLink::nextMessage(std::int64_t deadline) {
 void DoipLink::handle(const DoipMessage& message) {
   switch (message.type) {
     case DoipType::aliveCheckRequest:
-      stream_->write(doipAliveResponse(settings_.tester));
+      stream_->write(doipAliveResponse(settings_.tester, version_));
       break;
     case DoipType::refused:
-      fail("the gateway did not understand a message");
+      if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
+      break;
     case DoipType::diagnosticRefused:
       if (message.payload.size() > 4 && doipNumber(message.payload, 0) == target_)
-        fail(doipRefusalText(message.payload[4]));
+        throw EcuUnreachable(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
       break;
     default:
       break;

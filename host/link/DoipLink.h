@@ -39,8 +39,11 @@ class DoipLink : public Link {
 
  private:
   std::string findHost();
-  void activateRouting();
+  void connect(const std::string& host);
+  bool activateRouting();
   bool isGranted(std::span<const std::uint8_t> activation) const;
+  bool speaksOtherVersion(const DoipMessage& refusal) const;
+  void dropLateAnswers();
   std::optional<DoipMessage> nextMessage(std::int64_t deadline);
   void handle(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;
@@ -53,7 +56,9 @@ class DoipLink : public Link {
   DoipStream messages_;
   std::uint16_t gateway_ = 0;  ///< as found or as it answered the activation
   std::uint16_t target_ = 0;   ///< of the request that was sent last
-  Bytes frame_;                ///< kept for its capacity
+  std::uint8_t version_ = kDoipVersion;
+  bool unanswered_ = false;  ///< the request before was given up, so its answer may still come
+  Bytes frame_;              ///< kept for its capacity
 };
 
 }  // namespace tarnlog::host

@@ -6,7 +6,6 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::size_t kHeader = 8;
-constexpr std::uint8_t kVersion = 0x02;     ///< ISO 13400-2:2012; every later gateway takes it
 constexpr std::uint8_t kAnyVersion = 0xFF;  ///< of requests for identification
 
 std::size_t lengthIn(std::span<const std::uint8_t> header) {
@@ -28,8 +27,7 @@ void appendNumber(std::vector<std::uint8_t>& out, std::uint16_t number) {
   out.push_back(static_cast<std::uint8_t>(number));
 }
 
-void appendHeader(std::vector<std::uint8_t>& out, DoipType type, std::size_t length,
-                  std::uint8_t version = kVersion) {
+void appendHeader(std::vector<std::uint8_t>& out, DoipType type, std::size_t length, std::uint8_t version) {
   out.push_back(version);
   out.push_back(static_cast<std::uint8_t>(~version));
   appendNumber(out, static_cast<std::uint16_t>(type));
@@ -57,7 +55,7 @@ std::optional<DoipMessage> DoipStream::next() {
   const std::size_t length = lengthIn(rest);
   if (rest.size() < kHeader + length) return {};
   used_ += kHeader + length;
-  return DoipMessage{typeIn(rest), rest.subspan(kHeader, length)};
+  return DoipMessage{typeIn(rest), rest[0], rest.subspan(kHeader, length)};
 }
 
 void DoipStream::clear() {
@@ -68,7 +66,7 @@ void DoipStream::clear() {
 
 std::optional<DoipMessage> parseDoipDatagram(std::span<const std::uint8_t> bytes) {
   if (bytes.size() < kHeader || !isHeader(bytes) || bytes.size() != kHeader + lengthIn(bytes)) return {};
-  return DoipMessage{typeIn(bytes), bytes.subspan(kHeader)};
+  return DoipMessage{typeIn(bytes), bytes[0], bytes.subspan(kHeader)};
 }
 
 std::vector<std::uint8_t> doipIdentificationRequest() {
@@ -77,25 +75,25 @@ std::vector<std::uint8_t> doipIdentificationRequest() {
   return out;
 }
 
-std::vector<std::uint8_t> doipRoutingActivation(std::uint16_t tester) {
+std::vector<std::uint8_t> doipRoutingActivation(std::uint16_t tester, std::uint8_t version) {
   std::vector<std::uint8_t> out;
-  appendHeader(out, DoipType::routingActivationRequest, 7);
+  appendHeader(out, DoipType::routingActivationRequest, 7, version);
   appendNumber(out, tester);
   out.insert(out.end(), 5, 0);
   return out;
 }
 
-std::vector<std::uint8_t> doipAliveResponse(std::uint16_t tester) {
+std::vector<std::uint8_t> doipAliveResponse(std::uint16_t tester, std::uint8_t version) {
   std::vector<std::uint8_t> out;
-  appendHeader(out, DoipType::aliveCheckResponse, 2);
+  appendHeader(out, DoipType::aliveCheckResponse, 2, version);
   appendNumber(out, tester);
   return out;
 }
 
 void doipDiagnostic(std::uint16_t source, std::uint16_t target, std::span<const std::uint8_t> request,
-                    std::vector<std::uint8_t>& out) {
+                    std::uint8_t version, std::vector<std::uint8_t>& out) {
   out.clear();
-  appendHeader(out, DoipType::diagnostic, 4 + request.size());
+  appendHeader(out, DoipType::diagnostic, 4 + request.size(), version);
   appendNumber(out, source);
   appendNumber(out, target);
   out.insert(out.end(), request.begin(), request.end());
@@ -119,7 +117,7 @@ std::string doipActivationText(std::uint8_t code) {
     case 0x04:
       return "the gateway asks for authentication";
     case 0x05:
-      return "the gateway asks for a confirmation in the car";
+      return "the connection was not confirmed in the car";
     case 0x06:
       return "the gateway does not support this kind of activation";
     case 0x07:

@@ -11,6 +11,7 @@
 namespace tarnlog::host {
 
 inline constexpr std::uint16_t kDoipPort = 13400;
+inline constexpr std::uint8_t kDoipVersion = 0x02;  ///< of the protocol, as of ISO 13400-2:2012
 
 enum class DoipType : std::uint16_t {
   refused = 0x0000,  ///< generic negative acknowledgement of a header
@@ -27,6 +28,7 @@ enum class DoipType : std::uint16_t {
 
 struct DoipMessage {
   DoipType type = DoipType::refused;
+  std::uint8_t version = kDoipVersion;
   std::span<const std::uint8_t> payload;  ///< inside the bytes that it was read from
 };
 
@@ -54,11 +56,11 @@ std::optional<DoipMessage> parseDoipDatagram(std::span<const std::uint8_t> bytes
 
 std::vector<std::uint8_t> doipIdentificationRequest();
 /// Activation type 0, the default.
-std::vector<std::uint8_t> doipRoutingActivation(std::uint16_t tester);
-std::vector<std::uint8_t> doipAliveResponse(std::uint16_t tester);
+std::vector<std::uint8_t> doipRoutingActivation(std::uint16_t tester, std::uint8_t version);
+std::vector<std::uint8_t> doipAliveResponse(std::uint16_t tester, std::uint8_t version);
 /// Replaces what is in `out`.
 void doipDiagnostic(std::uint16_t source, std::uint16_t target, std::span<const std::uint8_t> request,
-                    std::vector<std::uint8_t>& out);
+                    std::uint8_t version, std::vector<std::uint8_t>& out);
 
 /// The big-endian number at a place of a payload; none when the payload ends before.
 std::optional<std::uint16_t> doipNumber(std::span<const std::uint8_t> payload, std::size_t place);

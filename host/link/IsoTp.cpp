@@ -1,6 +1,6 @@
 #include "host/link/IsoTp.h"
 
-#include "platform/base/TarnError.h"
+#include "host/link/Link.h"
 
 namespace tarnlog::host {
 namespace {
@@ -105,7 +105,7 @@ void IsoTpSender::flowControl(std::span<const std::uint8_t> frame, std::int64_t 
   if (!blocked_ || finished() || kindOf(frame) != kFlowControl || frame.size() < 3) return;
   const int status = frame[0] & 0x0F;
   if (status == 1) return;  // wait: another flow control follows
-  if (status != 0) throw TarnError(1, "IsoTpSender", "the ECU refuses a request of this length");
+  if (status != 0) throw EcuUnreachable(1, "IsoTpSender", "the ECU refuses a request of this length");
   blocked_ = false;
   leftInBlock_ = frame[1] == 0 ? -1 : frame[1];
   separation_ = separationTime(frame[2]);

@@ -51,6 +51,8 @@ class IsoTpReceiver {
 
   Result accept(std::span<const std::uint8_t> frame);
   const std::vector<std::uint8_t>& message() const { return message_; }
+  /// A long message has begun, and more frames of it are to come.
+  bool isUnderWay() const { return expected_ != 0; }
   void reset();
 
  private:

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/TarnError.h"
+#include "host/link/Link.h"
 
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kFlowControlTime = 1'000'000;  ///< microseconds, N_Bs of ISO 15765-2
-constexpr int kMostWaits = 20;                        ///< flow controls that say "wait"
+constexpr std::int64_t kFlowControlTime = 1'000'000;   ///< microseconds, N_Bs of ISO 15765-2
+constexpr std::int64_t kNextFrameTime = 1'000'000;     ///< microseconds, N_Cr
+constexpr std::int64_t kLongResponseTime = 5'000'000;  ///< microseconds for all frames behind the first
+constexpr int kMostWaits = 20;                         ///< flow controls that say "wait"
+constexpr int kMostLate = 1000;                        ///< frames that are dropped before a request
 
 bool isWait(std::span<const std::uint8_t> frame) { return !frame.empty() && frame[0] == 0x31; }
 
@@ -20,9 +23,9 @@ CanPair CanPair::ofEcu(std::int32_t address) {
   if (id >= 0x700 && id <= 0x7F7) return {id, id + 8};
   if (id <= 0xFF) return {0x18DA00F1 | id << 8, 0x18DAF100 | id};
   if ((id & 0xFFFF00FF) == 0x18DA00F1) return ofEcu(static_cast<std::int32_t>(id >> 8 & 0xFF));
-  throw TarnError(1, "CanPair",
-                  "an ECU on CAN needs an address of 0 to 255, 0x700 to 0x7F7 or 0x18DAxxF1, not " +
-                      std::to_string(address));
+  throw EcuUnreachable(1, "CanPair",
+                       "an ECU on CAN needs an address of 0 to 255, 0x700 to 0x7F7 or 0x18DAxxF1, not " +
+                           std::to_string(address));
 }
 
 IsoTpStream::IsoTpStream(std::unique_ptr<CanPort> port, LinkClock& clock)
@@ -40,6 +43,10 @@ void IsoTpStream::close() { port_->close(); }
 void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
   receiver_.reset();
   sender_.start(bytes);
+  // What comes after its time is not the answer to this request.
+  CanPayload late;
+  for (int i = 0; i < kMostLate && port_->receive(late, clock_.microseconds()); ++i) {
+  }
   while (!sender_.finished()) {
     if (sender_.awaitsFlowControl()) awaitFlowControl();
     // What arrives meanwhile answers an earlier request.
@@ -61,14 +68,18 @@ void IsoTpStream::awaitFlowControl() {
     ++waits;
     deadline = now + kFlowControlTime;
   }
-  throw TarnError(1, "IsoTpStream", "the ECU does not take the rest of a long request (no flow control)");
+  throw EcuUnreachable(1, "IsoTpStream",
+                       "the ECU does not take the rest of a long request (no flow control)");
 }
 
 std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
-  // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
+  const std::int64_t last = deadline + kLongResponseTime;
   CanPayload frame;
+  // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
   do {
-    if (!port_->receive(frame, deadline)) return 0;
+    const std::int64_t limit =
+        receiver_.isUnderWay() ? std::min(clock_.microseconds() + kNextFrameTime, last) : deadline;
+    if (!port_->receive(frame, limit)) return 0;
     const IsoTpReceiver::Result result = receiver_.accept(frame.bytes());
     if (result.reply) port_->send(*result.reply);
     if (result.complete) {
@@ -77,7 +88,7 @@ std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadlin
       std::copy_n(message.begin(), count, into.begin());
       return count;
     }
-  } while (clock_.microseconds() < deadline);
+  } while (clock_.microseconds() < (receiver_.isUnderWay() ? last : deadline));
   return 0;
 }
 

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/base/TarnError.h"
+
 namespace tarnlog::host {
 
 /// Whom a request is for: what a link needs to address an ECU.
@@ -16,8 +18,15 @@ struct LinkTarget {
   std::string protocol;      ///< as the vehicle description names it, e.g. "KWP2000"
 };
 
+/// A request that did not reach its ECU, while the link itself works on: other ECUs can be asked over it.
+class EcuUnreachable : public TarnError {
+ public:
+  using TarnError::TarnError;
+};
+
 /// Bytes out, bytes in. One exchange at a time. Bytes are those of the diagnostic service, without addresses,
-/// lengths and checksums of the wire. Failures of the link itself (not of the ECU) are TarnErrors.
+/// lengths and checksums of the wire. Failures of the link itself are TarnErrors: it has to be opened again,
+/// except after EcuUnreachable.
 class Link {
  public:
   using Bytes = std::vector<std::uint8_t>;

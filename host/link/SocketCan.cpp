@@ -6,12 +6,14 @@
 #include <net/if.h>
 #include <sys/socket.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <utility>
 
 #include "host/link/DescriptorStream.h"
 #include "host/link/IsoTpStream.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
@@ -26,6 +28,12 @@ class CanSocket : public DescriptorStream {
 
  protected:
   const CanPair& pair() const { return pair_; }
+  std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override {
+    const std::ptrdiff_t written = DescriptorStream::writeSome(bytes);
+    if (written < 0 && errno == ENOBUFS)
+      fail("nobody on the CAN bus takes the frames; is it plugged in, the ignition on, the bit rate right?");
+    return written;
+  }
   /// False when the kernel lacks the protocol.
   bool openSocket(int type, int protocol) {
     Descriptor socket(::socket(PF_CAN, type | SOCK_NONBLOCK | SOCK_CLOEXEC, protocol));
@@ -99,6 +107,16 @@ class KernelStream : public CanSocket {
     address.can_addr.tp.rx_id = identifier(pair().receive);
     bindTo(address);
     return true;
+  }
+  void write(std::span<const std::uint8_t> bytes) override {
+    // A response that comes after its time is not the answer to the next request.
+    constexpr int kMost = 100;
+    std::array<std::uint8_t, IsoTpReceiver::kLongest> late;
+    skipOnFailure([&] {
+      for (int i = 0; i < kMost && read(late, clock().microseconds()) > 0; ++i) {
+      }
+    });
+    CanSocket::write(bytes);
   }
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <string>
 
 #include "host/link/DescriptorStream.h"
 
@@ -18,6 +20,17 @@ class TcpStream : public DescriptorStream {
   std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override;
 
  private:
+  struct FreeAddresses {
+    void operator()(addrinfo* addresses) const;
+  };
+  using Addresses = std::unique_ptr<addrinfo, FreeAddresses>;
+  struct Found {
+    int problem = 0;  ///< of getaddrinfo
+    Addresses addresses;
+  };
+
+  static Found find(const std::string& host, std::uint16_t port, int flags);
+  Addresses lookUp();
   /// The system's error number, 0 when connected.
   int connectTo(const addrinfo& address);
 

@@ -10,7 +10,7 @@ using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
 /// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
-/// is closed like after `end`.
+/// is closed like after `end`; not so where the request alone did not get through.
 class Conversation::Busy {
  public:
   explicit Busy(Conversation& conversation) : conversation_(conversation) {
@@ -39,10 +39,15 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   endRequested_ = false;
   response.clear();
   open();
-  link_.send(target, request);
-  const Outcome outcome = waitForResponse(request, timeout, response);
-  busy.finish();
-  return outcome;
+  try {
+    link_.send(target, request);
+    const Outcome outcome = waitForResponse(request, timeout, response);
+    busy.finish();
+    return outcome;
+  } catch (const EcuUnreachable&) {
+    busy.finish();
+    throw;
+  }
 }
 
 std::vector<LinkTarget> Conversation::findEcus() {

@@ -38,6 +38,8 @@ Conversation::Outcome SessionKeeper::send(const LinkTarget& target, std::span<co
                                           std::chrono::milliseconds timeout, Link::Bytes& response) {
   try {
     return conversation_.exchange(target, request, timeout, response);
+  } catch (const EcuUnreachable&) {
+    throw;
   } catch (const TarnError&) {
     if (!conversation_.busy()) open_.clear();
     throw;
@@ -45,11 +47,17 @@ Conversation::Outcome SessionKeeper::send(const LinkTarget& target, std::span<co
 }
 
 void SessionKeeper::keepOthersOpen(const LinkTarget& target) {
-  for (std::size_t i = 0; i < open_.size(); ++i) {
-    if (isSame(open_[i].target, target) || clock_.microseconds() - open_[i].lastSent < kQuiet) continue;
-    open_[i].lastSent = clock_.microseconds();
-    const OpenSession session = open_[i];
-    send(session.target, testerPresent(session.target), session.timeout, ignored_);
+  // The end of the communication, asked for while an answer is awaited, empties the list.
+  for (std::size_t i = 0; i < open_.size();) {
+    OpenSession& known = open_[i++];
+    if (isSame(known.target, target) || clock_.microseconds() - known.lastSent < kQuiet) continue;
+    known.lastSent = clock_.microseconds();
+    const OpenSession session = known;
+    try {
+      send(session.target, testerPresent(session.target), session.timeout, ignored_);
+    } catch (const EcuUnreachable&) {
+      continue;  // no failure of the request that was asked for
+    }
   }
 }
 

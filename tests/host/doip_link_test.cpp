@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <future>
+#include <thread>
 
+#include "host/link/DoipFinder.h"
 #include "host/link/DoipLink.h"
 #include "host/link/HexText.h"
 #include "host/link/SystemLinkClock.h"
@@ -46,7 +49,8 @@ struct Car {
         link(
             {.host = "127.0.0.1", .port = server.port(), .tester = 0x0E00, .ecu = 0x1001},
             [this](const std::string& host, std::uint16_t port) {
-              return std::make_unique<TcpStream>(host, port, clock);
+              EXPECT_EQ(host, "127.0.0.1");
+              return std::make_unique<TcpStream>("localhost", port, clock);
             },
             clock) {}
 
@@ -121,6 +125,59 @@ TEST(DoipLink, SaysWhyThereIsNoAnswer) {
             "127.0.0.1: all connections of the gateway are taken by other testers");
 }
 
+TEST(DoipLink, GoesOnAfterAnEcuThatCannotBeReachedAndAnAnswerThatComesLate) {
+  std::promise<void> givenUp;
+  std::promise<void> late;
+  Car car([&](LoopbackConnection& tester) {
+    readMessage(tester);
+    tester.write(kGranted);
+    readMessage(tester);
+    tester.write(message("80 03", "10 01 0E 00 06"));
+    readMessage(tester);
+    givenUp.get_future().wait();
+    tester.write(message("80 01", "10 01 0E 00 62 F1 90 01"));
+    late.set_value();
+    readMessage(tester);
+    tester.write(message("80 01", "10 01 0E 00 62 F1 90 02"));
+    readMessage(tester);
+  });
+  const Bytes request = *bytesFromHex("22 F1 90");
+  Bytes response;
+  car.link.open();
+  car.link.send({18, ""}, request);
+  EXPECT_THROW(car.link.receive(response, milliseconds(2000)), EcuUnreachable);
+  car.link.send({18, ""}, request);
+  EXPECT_FALSE(car.link.receive(response, milliseconds(1)));
+  givenUp.set_value();
+  late.get_future().wait();
+  car.link.send({18, ""}, request);
+  EXPECT_TRUE(car.link.receive(response, milliseconds(2000)));
+  EXPECT_EQ(hexText(response), "62 F1 90 02");
+}
+
+TEST(DoipLink, SpeaksTheVersionThatTheGatewayAsksFor) {
+  std::vector<std::string> heard;
+  {
+    Car car([&](LoopbackConnection& tester) {
+      Bytes header(8);
+      tester.read(header);
+      heard.push_back(hexText(std::span(header).first(2)));
+      Bytes payload(header[7]);
+      tester.read(payload);
+      if (header[0] != 0x03) {
+        tester.write(*bytesFromHex("03 FC 00 00 00 00 00 01 00"));
+        return;
+      }
+      tester.write(kGranted);
+      heard.push_back(readMessage(tester));
+      tester.write(message("80 01", "10 01 0E 00 62 F1 90 41"));
+      readMessage(tester);
+    });
+    EXPECT_EQ(car.ask("22 F1 90"), "62 F1 90 41");
+  }
+  EXPECT_THAT(heard, testing::ElementsAre("02 FD", "03 FC", "80 01 | 0E 00 10 01 22 F1 90"));
+}
+
 TEST(DoipLink, NoticesThatTheGatewayIsGone) {
   Car car([](LoopbackConnection& tester) {
     readMessage(tester);
@@ -128,7 +185,7 @@ TEST(DoipLink, NoticesThatTheGatewayIsGone) {
     readMessage(tester);
   });
   const std::string gone = car.ask("22 F1 90");
-  EXPECT_EQ(gone, "127.0.0.1:" + std::to_string(car.server.port()) + ": the other end is gone");
+  EXPECT_EQ(gone, "localhost:" + std::to_string(car.server.port()) + ": the other end is gone");
   car.opened = false;  // the next exchange opens the link again
   EXPECT_EQ(car.ask("22 F1 90"), gone);
 }
@@ -145,6 +202,36 @@ TEST(DoipLink, IsNotHeldByAGatewayThatFloods) {
     for (int i = 0; i < 2000; ++i) tester.write(flood);
   });
   EXPECT_EQ(car.ask("22 F1 90", milliseconds(1)), "none");
+}
+
+TEST(DoipFinder, TakesTheFirstVehicleThatAnswers) {
+  const int car = ::socket(AF_INET, SOCK_DGRAM, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof address;
+  ::bind(car, reinterpret_cast<sockaddr*>(&address), size);
+  ::getsockname(car, reinterpret_cast<sockaddr*>(&address), &size);
+  std::thread thread([car] {
+    Bytes question(100);
+    sockaddr_in tester{};
+    socklen_t length = sizeof tester;
+    question.resize(static_cast<std::size_t>(
+        ::recvfrom(car, question.data(), question.size(), 0, reinterpret_cast<sockaddr*>(&tester), &length)));
+    EXPECT_EQ(hexText(question), "FF 00 00 01 00 00 00 00");
+    for (const Bytes& answer : {Bytes{0x02, 0xFD}, message("00 04", "41 42 43 44"),
+                                message("00 04",
+                                        "57 41 55 5A 5A 5A 38 4B 31 41 41 30 30 30 30 30 31 10 01 "
+                                        "00 01 02 03 04 05 00 01 02 03 04 05 00")})
+      ::sendto(car, answer.data(), answer.size(), 0, reinterpret_cast<sockaddr*>(&tester), length);
+  });
+  SystemLinkClock clock;
+  const auto found = findDoipEntity("127.0.0.1", ntohs(address.sin_port), clock, {});
+  thread.join();
+  ::close(car);
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->host + " " + found->vin, "127.0.0.1 WAUZZZ8K1AA000001");
+  EXPECT_EQ(found->address, 0x1001);
 }
 
 }  // namespace

@@ -82,6 +82,7 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30"};
   bus.script["10 08 2E F1 90 01 02 03"] = {"31 00 00", "30 00 00"};
   bus.script["21 04 05 CC CC CC CC CC"] = {"03 6E F1 90"};
+  bus.script["03 22 F1 90 CC CC CC CC"] = {"05 62 F1 90 01 02"};
   std::vector<std::string> pairs;
   IsoTpLink link(
       {},
@@ -107,9 +108,17 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   EXPECT_EQ(ask(0x10, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");
   EXPECT_EQ(ask(0x18DA10F1, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");  // the same ECU
   EXPECT_EQ(ask(0x7E0, "3E"), "");
+  // Once it has begun, a long response may take longer than the time for an answer.
+  bus.frameTime = 40'000;
+  EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
+  bus.frameTime = 100;
+  // An answer that comes too late is not the one to the next request.
+  link.send({0x7E0, ""}, bytes("22 F1 90"));
+  bus.script["03 22 F1 91 CC CC CC CC"] = {"04 62 F1 91 05"};
+  EXPECT_EQ(ask(0x7E0, "22 F1 91"), "62 F1 91 05; ");
   EXPECT_THAT(pairs, testing::ElementsAre("00 00 07 E0 00 00 07 E8", "18 DA 10 F1 18 DA F1 10"));
-  EXPECT_THROW(ask(0x1001, "3E"), TarnError);
-  EXPECT_THROW(ask(0x7E0, "22 01 02 03 04 05 06 07"), TarnError);  // no flow control comes
+  EXPECT_THROW(ask(0x1001, "3E"), EcuUnreachable);
+  EXPECT_THROW(ask(0x7E0, "22 01 02 03 04 05 06 07"), EcuUnreachable);  // no flow control comes
 
   bus.always = "21 00 00 00 00 00 00 00";  // a bus that is never quiet
   EXPECT_EQ(ask(0x7E0, "3E"), "");

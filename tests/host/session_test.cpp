@@ -207,6 +207,23 @@ TEST(VehicleSession, OpenSessionsAreKeptWhileAnotherEcuIsAsked) {
   EXPECT_EQ(askWheelsFor(9), 0);
 }
 
+TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {
+  Car car;
+  car.peer.script = {{"10 A0", {"50 A0"}}, {"22 00 02", {"62 00 02 11"}}};
+  car.session.ecu(0).kwp2000()->startDiagnosticSession(0xA0);
+  car.peer.unreachable = "22 00 02";
+  ferrox3::Request& wheels = *car.session.ecu(1).findRequest("Wheels");
+  EXPECT_THROW(wheels.send(), TarnError);
+  EXPECT_EQ(car.peer.starts, 1);
+  car.peer.unreachable = "3E 01";
+  car.clock.step(2'000'000);
+  wheels.send();
+  car.clock.step(2'000'000);
+  car.peer.sent.clear();
+  wheels.send();
+  EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"16: 3E 01", "40: 22 00 02"}));
+}
+
 TEST(VehicleSession, LooksUpByName) {
   Car car;
   EXPECT_EQ(car.session.findEcuByFunction("INJ"), &car.session.ecu(0));

@@ -21,6 +21,7 @@ class ScriptedBus : public host::CanPort {
     std::vector<std::string> heard;
     std::map<std::string, std::vector<std::string>> script;  ///< frame heard, frames sent
     std::string always;                                      ///< a frame that never ends coming
+    std::int64_t frameTime = 100;                            ///< microseconds
   };
   ScriptedBus(Log& log, ManualLinkClock& clock) : log_(log), clock_(clock) {}
 
@@ -32,11 +33,11 @@ class ScriptedBus : public host::CanPort {
     for (const std::string& frame : log_.script[log_.heard.back()]) coming_.push_back(frame);
   }
   bool receive(host::CanPayload& payload, std::int64_t deadline) override {
-    clock_.step(100);
     if (coming_.empty() && log_.always.empty()) {
       clock_.step(std::max<std::int64_t>(0, deadline - clock_.microseconds()));
       return false;
     }
+    clock_.step(log_.frameTime);
     payload = host::CanPayload(*host::bytesFromHex(coming_.empty() ? log_.always : coming_.front()));
     if (!coming_.empty()) coming_.pop_front();
     return true;

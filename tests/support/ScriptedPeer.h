@@ -15,6 +15,7 @@ class ScriptedPeer : public host::SimulatedPeer {
  public:
   std::map<std::string, std::vector<std::string>> script;
   std::vector<std::string> sent;  ///< "address: frame" of every request
+  std::string unreachable;        ///< a frame that does not reach its ECU
   int starts = 0;
 
   void start() override { ++starts; }
@@ -22,6 +23,7 @@ class ScriptedPeer : public host::SimulatedPeer {
               std::chrono::microseconds, host::SimulatedAnswers& answers) override {
     const std::string frame = host::hexText(request);
     sent.push_back(std::to_string(target.address) + ": " + frame);
+    if (frame == unreachable) throw host::EcuUnreachable(1, "ScriptedPeer", "the ECU cannot be reached");
     std::chrono::milliseconds delay{0};
     for (const std::string& answer : script[frame])
       answers.add(delay += std::chrono::milliseconds(10)) = *host::bytesFromHex(answer);

@@ -40,7 +40,9 @@ LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {
 
 WindowEnvironment LiveRecorder::environment() {
   const auto open = [this](const std::string& path) {
-    return host::openVehicle(path, files_, desktopLocale(), linkClock_, letEventsRun, options_.link);
+    auto vehicle = host::openVehicle(path, files_, desktopLocale(), linkClock_, letEventsRun, options_.link);
+    options_.link.trace.clear();  // a trace is of one vehicle
+    return vehicle;
   };
   return {{clock_, timer_, files_, settings_, dialogs_, desktopLocale(), kStylesheetUrl},
           open,

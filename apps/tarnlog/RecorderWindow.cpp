@@ -13,6 +13,7 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/StartPage.h"
 #include "platform/base/TarnError.h"
+#include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
 #include "ui/main/NoticeBar.h"
@@ -33,8 +34,7 @@ RecorderWindow::RecorderWindow(WindowEnvironment environment)
     : environment_(std::move(environment)),
       recentVehicles_(environment_.recorder.settings, "RecentVehicles"),
       recentConfigurations_(environment_.recorder.settings, "RecentConfigurations"),
-      whenIdle_(
-          new WhenIdle([this] { return vehicle_ != nullptr && vehicle_->session().communicating(); }, this)) {
+      whenIdle_(new WhenIdle([this] { return communicating(); }, this)) {
   setWindowIcon(tarnIcon("tarnlog"));
   createContent();
   createMenus();
@@ -140,13 +140,36 @@ void RecorderWindow::openVehicle(const QString& path) {
   });
 }
 
-/// The old vehicle goes when the recorder has let it go.
+/// The old vehicle goes when the recorder has let it go. What it acquires ends before: both may be reached
+/// over one adapter.
 void RecorderWindow::useVehicle(const QString& path) {
-  auto vehicle = environment_.openVehicle(fromQString(path));
+  if (vehicle_ != nullptr) recorder_->ctlTarnAcq().setSession(&vehicle_->session());
+  auto vehicle = vehicleAt(path);
   recorder_->setSession(&vehicle->session());
   vehicle_ = std::move(vehicle);
-  recentVehicles_.add(fromQString(QFileInfo(path).absoluteFilePath()));
+  if (fromQString(path) != host::kObdCar)
+    recentVehicles_.add(fromQString(QFileInfo(path).absoluteFilePath()));
   pages_->setCurrentWidget(recorder_);
+}
+
+/// A car that is asked what it offers takes a while. Events run meanwhile, but nobody may use what is there.
+std::unique_ptr<host::OpenedVehicle> RecorderWindow::vehicleAt(const QString& path) {
+  struct Opening {
+    explicit Opening(RecorderWindow& opener) : window(opener) { set(true); }
+    ~Opening() { set(false); }
+    void set(bool on) {
+      window.opening_ = on;
+      window.setEnabled(!on);
+    }
+    RecorderWindow& window;
+    BusyPointer pointer;
+  };
+  const Opening opening(*this);
+  return environment_.openVehicle(fromQString(path));
+}
+
+bool RecorderWindow::communicating() const {
+  return opening_ || (vehicle_ != nullptr && vehicle_->session().communicating());
 }
 
 void RecorderWindow::acquire(const QString& configuration, std::optional<std::string> folder) {
@@ -230,6 +253,7 @@ void RecorderWindow::closeEvent(QCloseEvent* event) {
 
 /// The acquisition may need one more tick for its end.
 void RecorderWindow::endAndClose() {
+  if (opening_) return whenIdle_->run([this] { endAndClose(); });
   closing_ = true;
   setEnabled(false);
   recorder_->stopAcquisition();

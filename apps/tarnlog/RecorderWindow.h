@@ -24,7 +24,7 @@ class WhenIdle;
 /// What the window needs from around it; all of it outlives the window.
 struct WindowEnvironment {
   MainEnvironment recorder;
-  /// Opens a vehicle description, or raises. Events run while the vehicle is awaited.
+  /// Opens a vehicle description (or kObdCar), or raises. Events run while the vehicle is awaited.
   std::function<std::unique_ptr<host::OpenedVehicle>(const std::string& path)> openVehicle;
   std::vector<std::string> exampleVehicles = {};
 };
@@ -64,6 +64,8 @@ class RecorderWindow : public QMainWindow {
   void storePlace();
   void chooseVehicle();
   void useVehicle(const QString& path);
+  std::unique_ptr<host::OpenedVehicle> vehicleAt(const QString& path);
+  bool communicating() const;
   void acquireWaiting();
   void noteConfiguration();
   void showStart();
@@ -79,6 +81,7 @@ class RecorderWindow : public QMainWindow {
   QString waitingConfiguration_;
   std::optional<std::string> waitingFolder_;
   QString notedConfiguration_;
+  bool opening_ = false;
   bool closing_ = false;
   bool mayClose_ = false;
 

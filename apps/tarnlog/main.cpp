@@ -21,7 +21,9 @@ using namespace tarnlog;
 std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
   CLI::App app("Shows the data of a vehicle's control units live, and records them");
   app.set_version_flag("--version", TARNLOG_VERSION);
-  app.add_option("--vehicle", options.vehicle, "Vehicle description (JSON); without it, the window asks")
+  app.add_option(
+         "--vehicle", options.vehicle,
+         "Vehicle description (JSON), or obd2: to ask the car behind the link; without it, the window asks")
       ->type_name("FILE");
   app.add_option("--config", options.config, "Recording configuration (XML): acquire at once")
       ->type_name("FILE");

@@ -49,6 +49,7 @@ struct RecorderWindowTest : ::testing::Test {
     window.reset();
     window.emplace(
         WindowEnvironment{{clock, timer, files, settings, dialogs, {}}, [this](const std::string& path) {
+                            if (whileOpening) std::exchange(whileOpening, nullptr)();
                             return host::openVehicle(path, files, {}, linkClock, [this] {
                               if (whileWaiting) std::exchange(whileWaiting, nullptr)();
                             });
@@ -89,7 +90,8 @@ struct RecorderWindowTest : ::testing::Test {
   test::MemoryFileSystem files;
   FileSettingsStore settings{files, "/cfg/settings"};
   test::ScriptedDialogs dialogs;
-  std::function<void()> whileWaiting;
+  std::function<void()> whileWaiting;  ///< these run once, where events may run
+  std::function<void()> whileOpening;
   std::optional<RecorderWindow> window;
 };
 
@@ -209,6 +211,20 @@ TEST_F(RecorderWindowTest, ClosesAndChangesTheVehicleAfterTheRequestUnderWay) {
   };
   ticks(1);
   EXPECT_EQ(asked, 0U);
+  EXPECT_TRUE(closed());
+}
+
+/// A car that is asked what it offers may take a minute.
+TEST_F(RecorderWindowTest, ClosesWhenTheVehicleIsOpen) {
+  whileOpening = [&] {
+    EXPECT_FALSE(window->isEnabled());
+    window->close();
+    window->endAndClose();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window->isVisible());
+  };
+  window->openVehicle("/car.json");
+  EXPECT_TRUE(window->isVisible());
   EXPECT_TRUE(closed());
 }
 

@@ -81,6 +81,7 @@ void Tarn2001::atClick(QAction* button, const std::function<void()>& action) {
 QToolBar* Tarn2001::createToolBar() {
   auto* const bar = new QToolBar(tr("Configuration file"), this);
   bar->setObjectName("TbConfig");
+  bar->setIconSize({20, 20});
   const auto add = [&](const char* key, const QString& toolTip, std::int16_t mode) {
     QAction* const button = bar->addAction(tarnIcon(key), toolTip);
     button->setObjectName(key);

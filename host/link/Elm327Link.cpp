@@ -11,6 +11,8 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::int64_t kMillisecond = 1000;
+/// What the adapter itself may take, beside the ECU.
+constexpr std::int64_t kAdapterTime = 500 * kMillisecond;
 constexpr std::int64_t kPromptPatience = 1500 * kMillisecond;
 constexpr std::int64_t kWorkPatience = 15000 * kMillisecond;
 constexpr std::int64_t kBarePromptPatience = 300 * kMillisecond;
@@ -44,6 +46,7 @@ auto Elm327Link::guarded(Step&& step) {
 }
 
 void Elm327Link::open() {
+  if (open_) return;
   close();
   guarded([this] {
     console_.open();
@@ -78,7 +81,7 @@ void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> re
 /// The adapter takes a new request only behind the prompt of the one before; a character sent earlier breaks
 /// the answer off.
 void Elm327Link::finishAnswer() {
-  if (awaitsPrompt_ && !promptComes(exchange_.atWork ? kWorkPatience : kPromptPatience)) {
+  if (awaitsPrompt_ && !promptComes(isAtWork() ? kWorkPatience : kPromptPatience)) {
     console_.write("");
     if (!promptComes(kPromptPatience)) fail("the adapter does not finish its answer: it sends no prompt");
   }
@@ -115,7 +118,13 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
 }
 
 void Elm327Link::ask(bool countFrames) {
-  adapter_.setAddress(exchange_.address);
+  if (!adapter_.setAddress(exchange_.address)) {
+    // What it cannot send to one ECU it may send to all, where that is allowed.
+    if (!isObdRequest(exchange_.request)) fail("this adapter cannot ask a single ECU: it does not know ATSH");
+    exchange_.address = elmToAll(exchange_.address, adapter_.bus());
+    reach_[exchange_.target.address].toAll = true;
+    adapter_.setAddress(exchange_.address);
+  }
   const std::int64_t longest = clock_.microseconds() + kPendingPause;
   while (const auto item = console_.next(clock_.microseconds())) {
     if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
@@ -143,7 +152,7 @@ bool Elm327Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
     if (!open_) fail("the adapter is not open");
     ElmMessage message;
     const auto wait = std::chrono::microseconds(timeout).count();
-    if (!nextMessage(message, clock_.microseconds() + wait)) return false;
+    if (!nextMessage(message, clock_.microseconds() + wait + kAdapterTime)) return false;
     response = std::move(message.bytes);
     return true;
   });
@@ -164,6 +173,10 @@ bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
     const std::int64_t limit =
         exchange_.barePrompt ? std::min(deadline, clock_.microseconds() + kBarePromptPatience) : deadline;
     auto item = console_.next(limit);
+    if (!item && isAtWork() && clock_.microseconds() < exchange_.asked + kWorkPatience) {
+      deadline = exchange_.asked + kWorkPatience;
+      continue;
+    }
     if (item && !item->prompt) {
       take(std::move(item->line));
     } else if (item && !exchange_.anything && !exchange_.barePrompt) {
@@ -177,6 +190,8 @@ bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
     }
   }
 }
+
+bool Elm327Link::isAtWork() const { return exchange_.atWork || console_.atWork(); }
 
 void Elm327Link::take(ElmLine line) {
   exchange_.anything = true;
@@ -273,7 +288,7 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
     adapter_.restartCommunication();
     return repeat(false);
   }
-  const std::int64_t given = deadline - exchange_.asked;
+  const std::int64_t given = deadline - kAdapterTime - exchange_.asked;
   const std::int64_t steps =
       std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
   if (steps <= adapter_.timeout()) return false;

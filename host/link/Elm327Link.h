@@ -29,6 +29,7 @@ class Elm327Link : public Link {
   /// outlive the link.
   Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock);
 
+  /// Does nothing when it is open.
   void open() override;
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
@@ -74,6 +75,7 @@ class Elm327Link : public Link {
   void ask(bool countFrames);
 
   bool nextMessage(ElmMessage& message, std::int64_t deadline);
+  bool isAtWork() const;
   void take(ElmLine line);
   void takeData(const ElmLine& line);
   void noteAnswer();

@@ -61,8 +61,8 @@ void ElmAdapter::selectBus(const LinkTarget& target, std::span<const std::uint8_
   onKLine_ = kLine;
 }
 
-void ElmAdapter::setAddress(const ElmAddress& address) {
-  if (address_ == address) return;
+bool ElmAdapter::setAddress(const ElmAddress& address) {
+  if (address_ == address) return true;
   setFilter(address);
   if (!address.priority.empty() && address.priority != priority_ && tell("ATCP" + address.priority))
     priority_ = address.priority;
@@ -70,10 +70,10 @@ void ElmAdapter::setAddress(const ElmAddress& address) {
   // Each ECU of the K line wants a communication of its own.
   if (onWire && started_.insert(address.header).second && address_) tell("ATPC");
   const bool known = address.header.empty() || tell("ATSH" + address.header);
-  if (!known && !address.toAll)
-    throw TarnError(1, "Elm327Link", "this adapter cannot ask a single ECU: it does not know ATSH");
+  if (!known && !address.toAll) return false;
   if (onWire) tell(fmt::format("ATWM{}3E", address.header));
   address_ = address;
+  return true;
 }
 
 void ElmAdapter::restartCommunication() {

@@ -30,7 +30,8 @@ class ElmAdapter {
   void forgetBus() { protocol_.reset(); }
   ElmBus bus() const { return protocol_ ? protocol_->bus : ElmBus::unknown; }
 
-  void setAddress(const ElmAddress& address);
+  /// False when the adapter can ask nobody but all ECUs.
+  bool setAddress(const ElmAddress& address);
   /// The ECU no longer knows of a communication: its next request starts one.
   void restartCommunication();
   /// How long it waits for an ECU, in its steps.

@@ -92,10 +92,11 @@ char ElmBusSearch::protocolInUse() {
 }
 
 bool ElmBusSearch::searchByAdapter(ElmProtocol& found) {
-  const auto accepted = [&](std::string_view command) {
-    return !console_.command(command, kCommandPatience).has(ElmNotice::unknownCommand);
-  };
-  if (known_ == '0' || !accepted(fmt::format("ATSPA{}", known_))) accepted("ATSP0");
+  if (known_ != '0') {
+    found = choose(known_);
+    if (ask(kSupportedPids, kProtocolPatience, found.bus) == Outcome::answered) return true;
+  }
+  found = choose('0');
   if (ask(kSupportedPids, kSearchPatience, found.bus) != Outcome::answered) return false;
   found.number = protocolInUse();
   if (found.number != '0') found.bus = busOfProtocol(found.number);

@@ -49,6 +49,8 @@ class ElmConsole {
     ElmLine line;
   };
   std::optional<Item> next(Microseconds deadline);
+  /// The adapter has begun to say that it searches or starts a bus.
+  bool atWork() const { return beginsWork(reader_.begun()); }
   /// Sends a line and takes everything up to the prompt. At most 64 lines are kept.
   ElmReply command(std::string_view text, Microseconds patience);
 

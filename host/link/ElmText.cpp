@@ -111,6 +111,11 @@ ElmLine parseElmLine(std::string_view text) {
   return line;
 }
 
+bool beginsWork(std::string_view text) {
+  const std::string words = compact(text);
+  return words.starts_with("SEA") || words.starts_with("BUS");
+}
+
 void ElmReader::clear() {
   rest_ = {};
   line_.clear();

@@ -35,6 +35,9 @@ struct ElmLine {
 
 ElmLine parseElmLine(std::string_view text);
 
+/// The beginning of a line tells that the adapter searches or starts a bus, which takes seconds.
+bool beginsWork(std::string_view text);
+
 /// Cuts what an adapter sends into lines and prompts. CR, LF or both end a line; NUL bytes are dropped;
 /// empty lines are left out. Keeps one line of bounded length at most.
 class ElmReader {
@@ -50,6 +53,8 @@ class ElmReader {
   void feed(std::span<const std::uint8_t> bytes) { rest_ = bytes; }
   /// None when more bytes are needed.
   std::optional<Item> next();
+  /// What has come of a line that is not whole yet.
+  std::string_view begun() const { return given_ ? std::string_view() : std::string_view(line_); }
   void clear();
 
  private:

@@ -33,6 +33,7 @@ class Link {
   using IdleHook = std::function<void()>;
 
   virtual ~Link() = default;
+  /// May find the link open already; then it is open afterwards, too.
   virtual void open() = 0;
   virtual void close() = 0;
   virtual void send(const LinkTarget& target, std::span<const std::uint8_t> request) = 0;

@@ -16,7 +16,8 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr std::chrono::milliseconds kTimeout{1000};
+// An adapter knows sooner that an ECU is silent; this is for slow adapters.
+constexpr std::chrono::milliseconds kTimeout{3000};
 constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
 constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::uint8_t kEngineSpeed = 0x0C;
@@ -85,9 +86,7 @@ std::vector<FoundEcu> findPatiently(Link& link, LinkClock& clock) {
   Conversation conversation(link, clock, kPendingTimeout);
   for (int attempt = 1;; ++attempt) {
     try {
-      std::vector<FoundEcu> ecus = findEcus(conversation);
-      conversation.end();
-      return ecus;
+      return findEcus(conversation);
     } catch (const TarnError&) {
       if (attempt == kAttempts) throw;
     }

@@ -79,9 +79,12 @@ void PidBundle::ask() {
     failures_ = 0;
     return;
   }
+  const auto understood = std::count_if(members_.begin(), members_.end(),
+                                        [](const Member& each) { return each.place.has_value(); });
   forget();
   // What worked before may only have been disturbed.
   usable_ = worked_ && ++failures_ < kMostFailures;
+  if (!worked_ && understood <= 1) ecu_.setOnePidOnly();
 }
 
 /// Finds each PID with its data in the response: the service, then PID and data, PID and data, ...

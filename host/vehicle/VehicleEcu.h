@@ -42,7 +42,9 @@ class VehicleEcu : public ferrox3::Ecu {
   /// The same, telling what came instead of raising; failures of the link are TarnErrors.
   Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                                  Link::Bytes& response);
-  bool takesSeveralPids() const { return conversation_.takesSeveralPids(target_); }
+  bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }
+  /// It was tried, and the ECU did not.
+  void setOnePidOnly() { onePidOnly_ = true; }
 
   /// Finds out whether the ECU is there; raises when it does not answer. A refusal is an answer.
   void initialise();
@@ -67,6 +69,7 @@ class VehicleEcu : public ferrox3::Ecu {
   std::unordered_map<std::string_view, VehicleRequest*> requestsByName_;
   std::unordered_map<std::string_view, ferrox3::DataItem*> dataByName_;
   std::optional<SessionStarter> kwp2000_;
+  bool onePidOnly_ = false;
   Link::Bytes response_;
 };
 

@@ -118,7 +118,7 @@ TEST(Elm327, WorksWithEveryKindOfAnswerForm) {
       {"headers stay off", [](Elm327Peer& a) { a.unknown = {"H"}; }},
       {"frames are not counted", [](Elm327Peer& a) { a.countsFrames = false; }},
       {"few commands",
-       [](Elm327Peer& a) { a.unknown = {"AT", "ST", "CAF", "M", "L", "DP", "SPA", "I", "RV"}; }},
+       [](Elm327Peer& a) { a.unknown = {"AT", "SH", "ST", "CAF", "M", "L", "DP", "SPA", "I", "RV"}; }},
       {"no commands but one",
        [](Elm327Peer& a) {
          a.unknown = {"AT", "ST", "CAF", "M", "L", "DP", "SP", "I", "RV", "E", "S0", "H", "CP", "Z"};
@@ -253,7 +253,7 @@ TEST(Elm327, LetsALatePromptComeBeforeItAsksAgain) {
   Rig rig;
   rig.link->open();
   rig.ask(kEngine, "01 00");
-  rig.stream->latency = 300'000;
+  rig.stream->latency = 900'000;
   EXPECT_EQ(rig.ask(kEngine, "01 0C", 200), "");
   // The answer that was late belongs to nobody.
   rig.stream->latency = 10'000;
@@ -267,6 +267,19 @@ TEST(Elm327, BreaksOffWhatTheAdapterWasAtWhenItConnects) {
   rig.stream->put("41 0C 1A F8\r41 0C 1A F9\r");
   EXPECT_EQ(rig.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
   EXPECT_EQ(rig.heard("ATZ"), 3);
+}
+
+TEST(Elm327, WaitsWhileTheAdapterStartsTheBusAgain) {
+  Rig rig;
+  rig.adapter.bus = Elm327Peer::Bus::kwp;
+  rig.adapter.ecus.clear();
+  rig.adapter.addEcu(0x28).answers = {{"2180", {"61800102"}}};
+  rig.link->open();
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 80"), "61 80 01 02; ");
+  // Dots come while the adapter tries, the line ends seconds later.
+  rig.stream->betweenBytes = 200'000;
+  rig.adapter.instead["21801"] = {"BUS INIT: ...OK\r83F12861800B88\r\r>"};
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 80", 200), "61 80 0B; ");
 }
 
 TEST(Elm327, SaysWhatIsWrongForAMechanic) {

@@ -25,6 +25,11 @@ class LoopbackConnection {
   bool read(std::span<std::uint8_t> into) {
     return ::recv(socket_, into.data(), into.size(), MSG_WAITALL) == static_cast<ssize_t>(into.size());
   }
+  /// Waits for some bytes and gives how many came; 0 when the other side has closed.
+  std::size_t readSome(std::span<std::uint8_t> into) {
+    const ssize_t count = ::recv(socket_, into.data(), into.size(), 0);
+    return count > 0 ? static_cast<std::size_t>(count) : 0;
+  }
   void write(std::span<const std::uint8_t> bytes) {
     [[maybe_unused]] const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
   }

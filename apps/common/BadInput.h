@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "platform/base/TarnError.h"
+
 namespace tarnlog {
 
 /// What a program ends with.
@@ -12,5 +14,12 @@ class BadInput : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// What a program ends with after this failure.
+inline ExitCode exitCodeAfter(const std::exception& error) {
+  const bool input =
+      dynamic_cast<const BadInput*>(&error) != nullptr || dynamic_cast<const TarnError*>(&error) != nullptr;
+  return input ? kBadInput : kFailed;
+}
 
 }  // namespace tarnlog

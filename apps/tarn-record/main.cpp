@@ -21,7 +21,6 @@
 #include "apps/tarn-record/ScanCommand.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
-#include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 
@@ -222,11 +221,6 @@ int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& acti
   return kBadInput;
 }
 
-int complain(const std::exception& error, int exitCode) {
-  std::fprintf(stderr, "tarn-record: %s\n", error.what());
-  return exitCode;
-}
-
 int program(int argc, char** argv) {
   CLI::App app("Records the diagnostic data of a vehicle's control units");
   app.require_subcommand(1);
@@ -258,11 +252,8 @@ int main(int argc, char** argv) {
   try {
     openClosedStandardStreams();
     return program(argc, argv);
-  } catch (const BadInput& error) {
-    return complain(error, kBadInput);
-  } catch (const TarnError& error) {
-    return complain(error, kBadInput);
   } catch (const std::exception& error) {
-    return complain(error, kFailed);
+    std::fprintf(stderr, "tarn-record: %s\n", error.what());
+    return exitCodeAfter(error);
   }
 }

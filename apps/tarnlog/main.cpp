@@ -11,7 +11,6 @@
 #include "apps/common/StandardStreams.h"
 #include "apps/tarnlog/Display.h"
 #include "apps/tarnlog/LiveRecorder.h"
-#include "platform/base/TarnError.h"
 
 namespace {
 
@@ -64,12 +63,11 @@ int program(int argc, char** argv) {
 }
 
 /// On standard error, and in a box for those who see none.
-int complain(int argc, char** argv, const std::exception& error, int exitCode) {
+void complain(int argc, char** argv, const std::exception& error) {
   std::fprintf(stderr, "tarnlog: %s\n", error.what());
-  if (!displayUsable()) return exitCode;
+  if (!displayUsable()) return;
   const QApplication application(argc, argv);
   QMessageBox::critical(nullptr, "Tarnlog", QString::fromUtf8(error.what()));
-  return exitCode;
 }
 
 }  // namespace
@@ -78,11 +76,8 @@ int main(int argc, char** argv) {
   try {
     openClosedStandardStreams();
     return program(argc, argv);
-  } catch (const BadInput& error) {
-    return complain(argc, argv, error, kBadInput);
-  } catch (const TarnError& error) {
-    return complain(argc, argv, error, kBadInput);
   } catch (const std::exception& error) {
-    return complain(argc, argv, error, kFailed);
+    complain(argc, argv, error);
+    return exitCodeAfter(error);
   }
 }

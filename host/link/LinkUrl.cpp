@@ -8,6 +8,7 @@
 #include <cstddef>
 
 #include "platform/base/TarnError.h"
+#include "platform/text/TakeUntil.h"
 
 namespace tarnlog::host {
 namespace {
@@ -20,14 +21,6 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
   const auto [read, error] = std::from_chars(text.data(), end, number, hexadecimal ? 16 : 10);
   if (error != std::errc() || read != end) return std::nullopt;
   return number;
-}
-
-/// Takes what comes before the separator off the text, and the separator; the whole text without one.
-std::string_view takeUntil(std::string_view& text, char separator) {
-  const std::size_t at = std::min(text.find(separator), text.size());
-  const std::string_view taken = text.substr(0, at);
-  text.remove_prefix(std::min(at + 1, text.size()));
-  return taken;
 }
 
 }  // namespace

@@ -7,19 +7,12 @@
 
 #include "host/link/HexText.h"
 #include "platform/base/TarnError.h"
+#include "platform/text/TakeUntil.h"
 
 namespace tarnlog::host {
 namespace {
 
 using Kind = TraceEntry::Kind;
-
-/// The text up to the next blank; `rest` begins behind it.
-std::string_view nextWord(std::string_view& rest) {
-  const std::size_t end = std::min(rest.find(' '), rest.size());
-  const std::string_view word = rest.substr(0, end);
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return word;
-}
 
 template <class Number>
 std::optional<Number> number(std::string_view text) {
@@ -37,10 +30,10 @@ std::optional<std::chrono::microseconds> timeOf(std::string_view word) {
 
 /// None when it was read, else what was expected.
 std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& entry) {
-  const auto time = timeOf(nextWord(line));
+  const auto time = timeOf(takeUntil(line, ' '));
   if (!time) return "seconds";
   entry.time = *time;
-  const std::string_view sign = nextWord(line);
+  const std::string_view sign = takeUntil(line, ' ');
   if (sign == "!") {
     entry.kind = Kind::failure;
     entry.text = line;
@@ -49,9 +42,9 @@ std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& ent
   if (sign != ">" && sign != "<") return "one of the signs > < !";
   entry.kind = sign == ">" ? Kind::request : Kind::response;
   if (entry.kind == Kind::request) {
-    const auto address = number<std::int32_t>(nextWord(line));
+    const auto address = number<std::int32_t>(takeUntil(line, ' '));
     if (!address) return "the ECU's address, a decimal number";
-    const std::string_view protocol = nextWord(line);
+    const std::string_view protocol = takeUntil(line, ' ');
     entry.target = {*address, protocol == "-" ? std::string() : std::string(protocol)};
   }
   auto bytes = bytesFromHex(line);
@@ -94,9 +87,8 @@ std::string traceLine(const TraceEntry& entry) {
 std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file) {
   std::vector<TraceEntry> entries;
   int lineNumber = 0;
-  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end + 1);
+  while (text.find('\n') != std::string_view::npos) {
+    std::string_view line = takeUntil(text, '\n');
     if (line.ends_with('\r')) line.remove_suffix(1);
     ++lineNumber;
     if (line.empty() || line.starts_with('#')) continue;

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/base/TarnError.h"
+#include "platform/text/TakeUntil.h"
 
 namespace tarnlog::host {
 namespace {
@@ -20,23 +21,15 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// Cuts the text before the next separator off and returns it.
-std::string_view cutAt(std::string_view& rest, char separator) {
-  const std::size_t end = std::min(rest.find(separator), rest.size());
-  const std::string_view part = rest.substr(0, end);
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return part;
-}
-
 }  // namespace
 
 CsvTable::CsvTable(std::string text) : text_(std::move(text)) {
   std::string_view rest = text_;
   if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);
-  for (std::string_view header = trimmed(cutAt(rest, '\n')); !header.empty();)
-    names_.push_back(trimmed(cutAt(header, ',')));
+  for (std::string_view header = trimmed(takeUntil(rest, '\n')); !header.empty();)
+    names_.push_back(trimmed(takeUntil(header, ',')));
   for (std::size_t line = 2; !rest.empty(); ++line) {
-    const std::string_view row = trimmed(cutAt(rest, '\n'));
+    const std::string_view row = trimmed(takeUntil(rest, '\n'));
     if (row.empty()) continue;
     rows_.push_back(row);
     lineNumbers_.push_back(line);
@@ -53,8 +46,8 @@ std::vector<double> CsvTable::column(std::size_t position) const {
   numbers.reserve(rows_.size());
   for (std::size_t row = 0; row < rows_.size(); ++row) {
     std::string_view rest = rows_[row];
-    for (std::size_t skipped = 0; skipped < position; ++skipped) cutAt(rest, ',');
-    const std::string_view cell = trimmed(cutAt(rest, ','));
+    for (std::size_t skipped = 0; skipped < position; ++skipped) takeUntil(rest, ',');
+    const std::string_view cell = trimmed(takeUntil(rest, ','));
     double number = 0;
     const auto [end, error] = std::from_chars(cell.data(), cell.data() + cell.size(), number);
     if (error != std::errc{} || end != cell.data() + cell.size() || !std::isfinite(number))

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/text/TextEncoding.h"
+
 namespace tarnlog::host {
 namespace {
 
@@ -74,8 +76,7 @@ void decodeText(CharacterSet characters, std::span<const std::uint8_t> bytes, st
     if (byte >= 0x20 && byte < 0x7F) {
       text += static_cast<char>(byte);
     } else if (characters == CharacterSet::latin1 && byte >= 0xA0) {
-      text += static_cast<char>(0xC0 | (byte >> 6));
-      text += static_cast<char>(0x80 | (byte & 0x3F));
+      appendUtf8(text, byte);
     } else {
       text += '?';
     }

@@ -5,26 +5,13 @@
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
-namespace {
-
-/// For a positive divisor.
-std::int32_t divideHalfEven(std::int32_t dividend, std::int32_t divisor) {
-  if (dividend <= 0) return 0;
-  const std::int32_t quotient = dividend / divisor;
-  const std::int32_t rest = dividend % divisor;
-  const std::int32_t other = divisor - rest;
-  const bool up = rest > other || (rest == other && quotient % 2 != 0);
-  return up ? quotient + 1 : quotient;
-}
-
-}  // namespace
 
 DisplayLayout::DisplayLayout(const GrapheItems& graphes, Twips frameHeight, std::int32_t minHeight)
     : frameHeight_(frameHeight) {
   const std::int32_t sharing = graphes.CountScopePhysical();
   if (sharing == 0) return;
-  const std::int32_t free = roundHalfEven(frameHeight) - graphes.HeightNoScopeGraphe();
-  sharedHeight_ = std::max(divideHalfEven(free, sharing), minHeight);
+  const std::int32_t free = std::max(roundHalfEven(frameHeight) - graphes.HeightNoScopeGraphe(), 0);
+  sharedHeight_ = std::max(static_cast<std::int32_t>(divideHalfEven(free, sharing)), minHeight);
 }
 
 std::int32_t DisplayLayout::blockHeight(const GrapheItem& graphe) const {

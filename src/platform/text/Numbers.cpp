@@ -122,18 +122,6 @@ void appendScaled(std::string& out, std::int64_t units, int places, char separat
   out.append(c, static_cast<std::size_t>(end - c));
 }
 
-/// Nearest quotient, halves to even.
-std::int64_t divideHalfEven(std::int64_t value, std::int64_t divisor) {
-  std::int64_t quotient = value / divisor;
-  std::int64_t rest = value % divisor;
-  if (rest < 0) {
-    rest += divisor;
-    --quotient;
-  }
-  if (2 * rest > divisor || (2 * rest == divisor && quotient % 2 != 0)) ++quotient;
-  return quotient;
-}
-
 std::string_view withoutLeadingBlanks(std::string_view text) {
   const std::size_t start = text.find_first_not_of(" \t\r\n");
   return start == std::string_view::npos ? std::string_view() : text.substr(start);
@@ -166,6 +154,17 @@ bool parseNumber(std::string_view text, double& value, std::string_view& rest) {
 }
 
 }  // namespace
+
+std::int64_t divideHalfEven(std::int64_t value, std::int64_t divisor) {
+  std::int64_t quotient = value / divisor;
+  std::int64_t rest = value % divisor;
+  if (rest < 0) {
+    rest += divisor;
+    --quotient;
+  }
+  if (2 * rest > divisor || (2 * rest == divisor && quotient % 2 != 0)) ++quotient;
+  return quotient;
+}
 
 void appendNumber(std::string& out, double value, char decimalSeparator) {
   if (!std::isfinite(value)) {

@@ -35,6 +35,9 @@ std::optional<std::int32_t> wholeInteger(std::string_view text);
 /// Nearest integer, halves to even; clamped to 32 bits, 0 for NaN.
 std::int32_t roundHalfEven(double value);
 
+/// Nearest quotient, halves to even; for a divisor above 0.
+std::int64_t divideHalfEven(std::int64_t value, std::int64_t divisor);
+
 /// A difference of milliseconds as seconds rounded to 2 decimals (halves to even) in the shortest form: -20
 /// is "-0.02", 5 is "0", 15 is "0.02".
 void appendSeconds2(std::string& out, std::int32_t milliseconds, char decimalSeparator);

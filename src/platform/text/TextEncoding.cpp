@@ -47,21 +47,23 @@ char windows1252Code(char32_t character) {
   return static_cast<char>(0x80 + (found - kHighControls.begin()));
 }
 
+}  // namespace
+
 void appendUtf8(std::string& out, char32_t character) {
   const auto push = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-  if (character < 0x80) {
-    push(character);
-  } else if (character < 0x800) {
+  if (character < 0x80) return push(character);
+  if (character < 0x800) {
     push(0xC0 | (character >> 6));
-    push(0x80 | (character & 0x3F));
-  } else {
+  } else if (character < 0x10000) {
     push(0xE0 | (character >> 12));
     push(0x80 | ((character >> 6) & 0x3F));
-    push(0x80 | (character & 0x3F));
+  } else {
+    push(0xF0 | (character >> 18));
+    push(0x80 | ((character >> 12) & 0x3F));
+    push(0x80 | ((character >> 6) & 0x3F));
   }
+  push(0x80 | (character & 0x3F));
 }
-
-}  // namespace
 
 bool isAscii(std::string_view bytes) {
   // No early exit: short texts, and the compiler turns this into a few vector instructions.

@@ -4,7 +4,6 @@
 #include <locale.h>
 
 #include <cstddef>
-#include <string_view>
 
 namespace tarnlog {
 
@@ -79,13 +78,12 @@ std::string patternOf(std::string_view format) {
   return pattern;
 }
 
-/// The first character between two fields.
+}  // namespace
+
 char separatorOf(std::string_view pattern, char fallback) {
   const std::size_t at = pattern.find_first_of("/-.:");
   return at == std::string_view::npos ? fallback : pattern[at];
 }
-
-}  // namespace
 
 UserLocale systemLocale() {
   const EnvironmentLocale environment;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace tarnlog {
 
@@ -13,6 +14,9 @@ struct UserLocale {
   std::string shortDatePattern = "m/d/yyyy";
   std::string timePattern = "h:Nn:ss";
 };
+
+/// What stands between the first two fields of a pattern.
+char separatorOf(std::string_view pattern, char fallback);
 
 /// The locale of this process's environment (LC_ALL, LC_NUMERIC, LC_TIME, LANG). Does not change the global
 /// locale.

@@ -62,11 +62,6 @@ std::string patternOf(const QString& format) {
   return pattern;
 }
 
-char separatorOf(std::string_view pattern, char fallback) {
-  const std::size_t at = pattern.find_first_of("/-.:");
-  return at == std::string_view::npos ? fallback : pattern[at];
-}
-
 }  // namespace
 
 UserLocale desktopLocale(const QLocale& locale) {

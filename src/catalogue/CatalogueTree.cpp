@@ -8,6 +8,10 @@
 
 namespace tarnlog {
 
+CatalogueImage dataImage(XmlElement data) {
+  return data.attribute("ref") ? CatalogueImage::reference : CatalogueImage::data;
+}
+
 CatalogueTree::CatalogueTree() { clear(); }
 
 void CatalogueTree::clear() {
@@ -23,23 +27,25 @@ void CatalogueTree::clear() {
 }
 
 CatalogueTree::Node CatalogueTree::add(Node parent, const Content& content) {
-  if (!content.key.empty() && find(content.key) != kNone)
+  const KeyNumber number = keyNumber(content.key);
+  if (!content.key.empty() && find(content.key, number) != kNone)
     throw TarnError(35602, "CatalogueTree.add", "Key is not unique in collection");
   const std::size_t row = rowFor(parent, content);
   const bool report = observer_ != nullptr && !silent(parent);
   if (report) observer_->aboutToAdd(parent, row);
+  const Record record{content, parent, 0, static_cast<std::uint32_t>(row), false};
   Node node = static_cast<Node>(records_.size());
   if (freeNodes_.empty()) {
-    records_.emplace_back();
+    records_.push_back(record);
   } else {
     node = freeNodes_.back();
     freeNodes_.pop_back();
+    records_[node] = record;
   }
-  records_[node] = Record{content, parent, 0, static_cast<std::uint32_t>(row), false};
   auto& siblings = ownList(parent);
   if (row != siblings.size()) lists_[records_[parent].children].rowsKnown = false;
   siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(row), node);
-  if (!content.key.empty()) registerKey(content.key, node);
+  if (!content.key.empty()) registerKey(content.key, number, node);
   if (report) observer_->added();
   return node;
 }
@@ -91,38 +97,54 @@ void CatalogueTree::release(Node node) {
 void CatalogueTree::setSorted(Node parent, bool sorted) {
   records_[parent].sorted = sorted;
   if (!sorted || children(parent).size() < 2) return;
+  const auto& nodes = children(parent);
+  const std::size_t common = commonBeginning(nodes);
+  const auto rest = [&](Node child) { return records_[child].content.text.substr(common); };
   struct Place {
     std::uint64_t prefix;
     Node node;
   };
   std::vector<Place> places;
-  places.reserve(children(parent).size());
-  for (const Node child : children(parent))
-    places.push_back({foldedPrefix(records_[child].content.text), child});
-  const auto before = [this](const Place& a, const Place& b) {
-    if (a.prefix != b.prefix) return a.prefix < b.prefix;
-    return compareFolded(records_[a.node].content.text, records_[b.node].content.text) < 0;
+  places.reserve(nodes.size());
+  for (const Node child : nodes) places.push_back({foldedPrefix(rest(child)), child});
+  const auto before = [&rest](const Place& a, const Place& b) {
+    return a.prefix != b.prefix ? a.prefix < b.prefix : compareFolded(rest(a.node), rest(b.node)) < 0;
   };
   if (std::is_sorted(places.begin(), places.end(), before)) return;
   std::stable_sort(places.begin(), places.end(), before);
   const Filling filling(*this, kRoot);
-  auto& nodes = ownList(parent);
+  auto& ordered = ownList(parent);
   for (std::size_t at = 0; at < places.size(); ++at) {
-    nodes[at] = places[at].node;
-    records_[nodes[at]].row = static_cast<std::uint32_t>(at);
+    ordered[at] = places[at].node;
+    records_[ordered[at]].row = static_cast<std::uint32_t>(at);
   }
   lists_[records_[parent].children].rowsKnown = true;
 }
 
-CatalogueTree::Node CatalogueTree::find(std::string_view key) const {
-  if (const KeyNumber number = keyNumber(key); number != kNoKey)
-    return number < byNumber_.size() ? byNumber_[number] : kNone;
+/// How many bytes all texts begin with alike, as whole characters: names in one place often do.
+std::size_t CatalogueTree::commonBeginning(const std::vector<Node>& nodes) const {
+  const std::string_view first = records_[nodes.front()].content.text;
+  std::size_t common = first.size();
+  for (const Node node : nodes) {
+    const std::string_view text = records_[node].content.text;
+    const auto differ = std::mismatch(first.begin(), first.begin() + static_cast<std::ptrdiff_t>(common),
+                                      text.begin(), text.end());
+    common = static_cast<std::size_t>(differ.first - first.begin());
+  }
+  const auto insideCharacter = [&] { return (static_cast<unsigned char>(first[common]) & 0xC0) == 0x80; };
+  while (common > 0 && common < first.size() && insideCharacter()) --common;
+  return common;
+}
+
+CatalogueTree::Node CatalogueTree::find(std::string_view key) const { return find(key, keyNumber(key)); }
+
+CatalogueTree::Node CatalogueTree::find(std::string_view key, KeyNumber number) const {
+  if (number != kNoKey) return number < byNumber_.size() ? byNumber_[number] : kNone;
   const auto found = byText_.find(std::string(key));
   return found == byText_.end() ? kNone : found->second;
 }
 
-void CatalogueTree::registerKey(std::string_view key, Node node) {
-  const KeyNumber number = keyNumber(key);
+void CatalogueTree::registerKey(std::string_view key, KeyNumber number, Node node) {
   if (number == kNoKey) {
     byText_.emplace(key, node);
     return;

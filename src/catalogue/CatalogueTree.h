@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,6 +26,9 @@ enum class CatalogueImage : std::uint8_t {
   data = 4,
   reference = 5
 };
+
+/// Of a data element: `reference` when its request holds the ECU's reference definition of the data.
+CatalogueImage dataImage(XmlElement data);
 
 /// Names a node; valid until the node is removed.
 using CatalogueNode = std::uint32_t;
@@ -57,7 +61,7 @@ class CatalogueTree {
     std::string_view key;  ///< may be empty
     std::string_view text;
     XmlElement tag = {};
-    CatalogueImage image = CatalogueImage::none;
+    CatalogueImage image = CatalogueImage::none;  ///< `data` stands for what dataImage tells
     Colour colour = kDefaultColour;
   };
 
@@ -71,8 +75,8 @@ class CatalogueTree {
 
   /// Raises error 35602 when another node has the key.
   Node add(Node parent, const Content& content);
-  /// A text that is not in the document, kept as long as the nodes.
-  std::string_view keep(std::string_view text) { return texts_.copy(text); }
+  /// A text that is not in the document, from its parts; kept as long as the nodes.
+  std::string_view keep(std::initializer_list<std::string_view> parts) { return texts_.join(parts); }
   /// Removes the node and those below it.
   void remove(Node node) { remove(std::vector<Node>{node}); }
   /// None of them may be below another one.
@@ -89,6 +93,11 @@ class CatalogueTree {
   /// The node's place among its parent's children, from 0.
   std::size_t row(Node node) const;
   const Content& content(Node node) const { return records_[node].content; }
+  /// The picture to show, looked up when it is.
+  CatalogueImage image(Node node) const {
+    const Content& of = content(node);
+    return of.image == CatalogueImage::data ? dataImage(of.tag) : of.image;
+  }
   /// An ECU whose children have not been built: its only child is there to show that there are some.
   bool awaitsFilling(Node node) const;
 
@@ -122,7 +131,9 @@ class CatalogueTree {
 
   std::vector<Node>& ownList(Node parent);
   std::size_t rowFor(Node parent, const Content& content) const;
-  void registerKey(std::string_view key, Node node);
+  std::size_t commonBeginning(const std::vector<Node>& nodes) const;
+  Node find(std::string_view key, KeyNumber number) const;
+  void registerKey(std::string_view key, KeyNumber number, Node node);
   void forgetKey(std::string_view key);
   void release(Node node);
   bool silent(Node parent) const;

@@ -22,18 +22,13 @@ Content requestContent(XmlElement request) {
 
 /// A data node that stands under its request.
 Content dataContent(XmlElement data, std::string_view key) {
-  return {key, data.attributeOrEmpty("name"), data,
-          data.attribute("ref") ? CatalogueImage::reference : CatalogueImage::data};
+  return {key, data.attributeOrEmpty("name"), data, CatalogueImage::data};
 }
 
 /// A data node that stands elsewhere and so names its request.
 Content namedContent(CatalogueTree& tree, XmlElement data, std::string_view key, std::string_view request) {
   Content content = dataContent(data, key);
-  std::string text(content.text);
-  text += " (";
-  text += request;
-  text += ')';
-  content.text = tree.keep(text);
+  content.text = tree.keep({content.text, " (", request, ")"});
   return content;
 }
 
@@ -58,7 +53,7 @@ Node findOrAddDevice(CatalogueTree& tree, Node uceNode, std::string_view device,
   const Node found = tree.find(key);
   added = found == CatalogueTree::kNone;
   if (!added) return found;
-  return tree.add(uceNode, {tree.keep(key), device, {}, CatalogueImage::device});
+  return tree.add(uceNode, {tree.keep({key}), device, {}, CatalogueImage::device});
 }
 
 /// Visits the data of a request, or of all requests of an ECU, that are to be shown: use(data, key).

@@ -28,7 +28,7 @@ class FilledTree : public testing::Test {
     return inEngine ? inEngine : FindSessionData(vehicle.catalogue, "Brakes", request, name, 0);
   }
   void choose(const char* request, const char* name) { chosen.add(keyNumber(data(request, name))); }
-  CatalogueImage imageOf(const std::string& node) { return tree.content(nodeNamed(tree, node)).image; }
+  CatalogueImage imageOf(const std::string& node) { return tree.image(nodeNamed(tree, node)); }
   std::string find(const std::string& text) {
     CatalogueSearch::Found found;
     CatalogueSearch(vehicle.catalogue).find(text, chosen, found);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -12,12 +13,17 @@ namespace tarnlog {
 /// once warm it allocates nothing.
 class TextArena {
  public:
-  std::string_view copy(std::string_view text) {
-    if (left_ < text.size()) useNextBlock(text.size());
+  std::string_view copy(std::string_view text) { return join({text}); }
+
+  /// One text of these parts.
+  std::string_view join(std::initializer_list<std::string_view> parts) {
+    std::size_t size = 0;
+    for (const std::string_view part : parts) size += part.size();
+    if (left_ < size) useNextBlock(size);
     char* const to = next_;
-    next_ = std::copy(text.begin(), text.end(), to);
-    left_ -= text.size();
-    return {to, text.size()};
+    for (const std::string_view part : parts) next_ = std::copy(part.begin(), part.end(), next_);
+    left_ -= size;
+    return {to, size};
   }
 
   void clear() {

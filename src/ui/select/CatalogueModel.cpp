@@ -47,8 +47,11 @@ std::vector<CatalogueNode> CatalogueModel::nodes(const QModelIndexList& indexes)
 }
 
 QModelIndex CatalogueModel::index(int row, int column, const QModelIndex& parent) const {
-  if (row < 0 || column != 0 || row >= rowCount(parent)) return {};
-  return createIndex(row, 0, quintptr{tree().children(node(parent))[static_cast<std::size_t>(row)]});
+  const CatalogueNode of = node(parent);
+  const auto& children = tree().children(of);
+  const auto at = static_cast<std::size_t>(row);
+  if (row < 0 || column != 0 || at >= children.size() || rowCount(parent) == 0) return {};
+  return createIndex(row, 0, quintptr{children[at]});
 }
 
 QModelIndex CatalogueModel::parent(const QModelIndex& child) const {
@@ -84,7 +87,7 @@ QVariant CatalogueModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return toQString(content.text);
     case Qt::DecorationRole:
-      return icons_.of(content.image);
+      return icons_.of(tree().image(node(index)));
     case Qt::ForegroundRole:
       if (content.colour == CatalogueTree::kDefaultColour) return {};
       return toQColor(content.colour, QGuiApplication::palette());

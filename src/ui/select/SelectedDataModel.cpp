@@ -81,8 +81,7 @@ QVariant SelectedDataModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const SelectedRow& row = rules_.rows()[rowOf(index)];
   if (role == Qt::DisplayRole) return toQString(row.*kColumns[index.column()].content);
-  if (role == Qt::DecorationRole && index.column() == 0)
-    return icons_.of(row.element.attribute("ref") ? CatalogueImage::reference : CatalogueImage::data);
+  if (role == Qt::DecorationRole && index.column() == 0) return icons_.of(dataImage(row.element));
   if (role == Qt::ToolTipRole) return DataToolTip::ofData(row.element);
   return {};
 }

@@ -94,11 +94,12 @@ VehicleDescription parseVehicleDescription(std::string_view json, const std::str
                                            const CompanionFiles& files) {
   const JsonValue document = parseJson(json, fileName);
   const JsonPlace root(document, fileName);
-  const JsonObject object =
-      root.object({"$schema", "name", "description", "timeout", "pendingTimeout", "ecus", "simulation"});
+  const JsonObject object = root.object(
+      {"$schema", "name", "description", "link", "timeout", "pendingTimeout", "ecus", "simulation"});
   VehicleDescription vehicle;
   vehicle.name = object.require("name").name();
   if (const auto description = object.find("description")) description->text();
+  if (const auto link = object.find("link")) vehicle.link = link->name();
   const milliseconds timeout = readTimeout(object, "timeout", kUsualTimeout);
   vehicle.pendingTimeout = readTimeout(object, "pendingTimeout", kUsualPendingTimeout);
   const JsonPlace ecus = object.require("ecus");

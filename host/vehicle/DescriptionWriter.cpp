@@ -103,6 +103,7 @@ Json ecuJson(const EcuDescription& ecu) {
 
 std::string writeVehicleDescription(const VehicleDescription& vehicle) {
   Json json{{"name", vehicle.name}};
+  if (!vehicle.link.empty()) json["link"] = vehicle.link;
   if (vehicle.pendingTimeout.count() != kUsualPendingTimeout)
     json["pendingTimeout"] = vehicle.pendingTimeout.count();
   json["ecus"] = Json::array();

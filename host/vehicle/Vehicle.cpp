@@ -73,11 +73,13 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     return openObdCar(traced(openLink(options.url, clock, files)), std::move(locale), clock,
                       std::move(idleHook));
   }
+  VehicleDescription description = readVehicleDescription(path, files);
+  const std::string url = options.url.empty() ? description.link : options.url;
   const auto makeLink = [&](SimulatedPeer& simulation) {
-    return traced(options.url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
-                                      : openLink(options.url, clock, files));
+    return traced(url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
+                              : openLink(url, clock, files));
   };
-  return std::make_unique<VehicleOverLink>(readVehicleDescription(path, files), std::move(locale), clock,
+  return std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                            std::move(idleHook), makeLink);
 }
 

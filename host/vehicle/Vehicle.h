@@ -36,7 +36,7 @@ inline constexpr std::string_view kObdCar = "obd2:";
 
 /// How the vehicle is reached.
 struct LinkOptions {
-  std::string url;    ///< as `openLink` takes it; empty: the description's own simulation
+  std::string url;    ///< as `openLink` takes it; empty: the description's own link or simulation
   std::string trace;  ///< a file, not there yet, that takes what goes over the link; empty: none
 };
 

@@ -106,6 +106,7 @@ struct SimulationDescription {
 
 struct VehicleDescription {
   std::string name;
+  std::string link;  ///< how the car is reached, as `openLink` takes it; empty: by the simulation
   std::chrono::milliseconds pendingTimeout{};
   std::vector<EcuDescription> ecus;
   SimulationDescription simulation;

@@ -157,6 +157,19 @@ TEST(Obd, ComesAgainFromItsTrace) {
   EXPECT_EQ(poll.cycle(), values);
 }
 
+TEST(Obd, AVehicleFileMayNameItsLink) {
+  Car car;
+  car.files.files["/in/a.trace"] = "# tarnlog trace 1\n0.0 > 1 OBD-II 01 0D\n0.01 < 41 0D 44\n";
+  car.files.files["/in/car.json"] =
+      R"({"name": "Car", "link": "replay:/in/a.trace", "ecus": [{"name": "E", "address": 1, "protocol": "OBD-II",
+          "requests": [{"name": "R", "frame": "01 0D", "data": [{"name": "D", "byte": 2}]}]}]})";
+  const auto vehicle = openVehicle("/in/car.json", car.files, {}, car.clock, {});
+  ferrox3::Request& request = vehicle->session().ecu(0).request(0);
+  request.send();
+  EXPECT_EQ(request.data(0).valueText(), "68");
+  EXPECT_THAT(writeVehicleDescription(vehicle->description()), HasSubstr("replay:/in/a.trace"));
+}
+
 TEST(Obd, SaysWhyThereIsNoCar) {
   const auto failure = [](Car& car) -> std::string {
     try {

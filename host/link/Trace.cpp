@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 #include "host/link/HexText.h"
@@ -25,7 +26,7 @@ std::optional<Number> number(std::string_view text) {
 std::optional<std::chrono::microseconds> timeOf(std::string_view word) {
   const auto seconds = number<double>(word);
   if (!seconds || !(*seconds >= 0 && *seconds < 1e9)) return {};
-  return std::chrono::microseconds(static_cast<std::int64_t>(*seconds * 1e6 + 0.5));
+  return std::chrono::microseconds(std::llround(*seconds * 1e6));
 }
 
 /// None when it was read, else what was expected.

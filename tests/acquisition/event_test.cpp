@@ -20,7 +20,7 @@ TEST(UserEvent, hasTheCyclesBeforeAndTwentyAfter) {
   EXPECT_EQ(rig.screen.logTexts().back(), "User event");
   for (int i = 26; i <= 50; ++i) rig.cycleAt(static_cast<Milliseconds>(1000 + 10 * i), i);
   const std::string path = "/rec/event_16-11-26__19h05mn08.txt";
-  const auto rows = rig.rowsOf(path, 1);
+  const auto rows = test::rowsOf(rig.files.files[path], 1);
   ASSERT_EQ(rows.size(), 40U);
   EXPECT_EQ(rig.files.files[path].substr(0, 28), "time\tevent\t\"Speed(km/h)\"\r\n-0");
   EXPECT_EQ(rows.front(), "-0.19|\"\"|6");

@@ -33,8 +33,7 @@ struct GraphsRig : AcqRig {
     screen.area = &area;
     parameters->Item(1)->setScopeType(oTarnScope::kGraph);
     for (int i = 1; i < graphs; ++i)
-      add(status.addData("Data" + std::to_string(i), ferrox3::kDouble), "Injection")
-          .setScopeType(oTarnScope::kGraph);
+      add(status.addData("Data" + std::to_string(i), ferrox3::kDouble)).setScopeType(oTarnScope::kGraph);
     start();
   }
   ~GraphsRig() { acq.AskStopAcqNow(); }  // before its area goes

@@ -5,6 +5,7 @@
 #include "acquisition/FileNames.h"
 #include "acquisition/LevelTrigger.h"
 #include "acquisition/RecordingPlan.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/ScriptedSession.h"
 
 namespace tarnlog {
@@ -33,13 +34,9 @@ TEST(Plan, refusesTimesThatOverflowTheClock) {
   parameters.startTrigger->prepost = 0;
   parameters.stopTrigger->typeTrigger = oTarnTrigger::kTime;
   parameters.stopTrigger->timeSeconde = std::numeric_limits<std::int32_t>::max();
-  try {
-    planRecording(parameters, 3);
-    FAIL();
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.source(), "TarnAcq.StartReadingData");
-    EXPECT_EQ(error.description(), "Stop time of 2147483647 s is too long, at most 2147483 s are possible");
-  }
+  EXPECT_EQ(
+      test::errorOf([&] { planRecording(parameters, 3); }),
+      "1 TarnAcq.StartReadingData: Stop time of 2147483647 s is too long, at most 2147483 s are possible");
 }
 
 std::string firings(std::int32_t edge, std::initializer_list<ferrox3::Value> values) {

@@ -94,7 +94,7 @@ TEST(Recording, cellsHoldValuesWhereTheListShowsTexts) {
   auto& pedal = rig.status.addData("Pedal", ferrox3::kInteger).withLabels({{"Released", 0}, {"Pressed", 1}});
   auto& bytes = rig.status.addData("Raw", ferrox3::kByteArray);
   auto& text = rig.status.addData("Part", ferrox3::kString);
-  for (auto* item : {&pedal, &bytes, &text}) rig.add(*item, "Injection");
+  for (auto* item : {&pedal, &bytes, &text}) rig.add(*item);
   rig.triggerStart(1, 50);
   rig.start();
   pedal.setValue(std::int32_t{1});

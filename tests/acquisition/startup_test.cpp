@@ -1,22 +1,15 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/AcqRig.h"
+#include "tests/support/FailureOf.h"
 
 namespace tarnlog {
 namespace {
 
 using test::AcqRig;
+using test::errorOf;
 using testing::ElementsAre;
 using Strings = std::vector<std::string>;
-
-std::string errorOf(const std::function<void()>& step) {
-  try {
-    step();
-    return "";
-  } catch (const TarnError& error) {
-    return std::to_string(error.number()) + " " + error.source() + ": " + error.description();
-  }
-}
 
 TEST(StartReadingData, needsSessionConfigurationAndData) {
   AcqRig rig;
@@ -114,7 +107,7 @@ TEST(Startup, repeatsAnInitialisationThatFails) {
 TEST(Startup, sendsTheGlobalInitToEveryEcuAndGoesOnAfterFailures) {
   AcqRig rig;
   auto& brakes = rig.session.addEcu("ABS", "Brakes", 0x28, "OBD-II");
-  rig.add(brakes.addRequest("Wheels").addData("Wheel"), "Brakes");
+  rig.add(brakes.addRequest("Wheels").addData("Wheel"));
   rig.parameters->startSession = "10 C0";
   rig.engine.failingExchange.next("refused");
   rig.start();
@@ -131,8 +124,7 @@ TEST(Startup, sendsTheGlobalInitToEveryEcuAndGoesOnAfterFailures) {
 
 TEST(Startup, onlyKwp2000GetsADiagnosticSession) {
   AcqRig rig;
-  rig.add(rig.session.addEcu("ABS", "Brakes", 0x28, "OBD-II").addRequest("Wheels").addData("Wheel"),
-          "Brakes");
+  rig.add(rig.session.addEcu("ABS", "Brakes", 0x28, "OBD-II").addRequest("Wheels").addData("Wheel"));
   rig.engine.failingSession.next("busy");
   rig.start();
   EXPECT_EQ(rig.screen.logTexts().back(), "Start diag session error : busy");

@@ -10,8 +10,8 @@ using test::AcqRig;
 TEST(ValueList, skipsWhatTheSessionLacksAndWritesOnlyChanges) {
   AcqRig rig;
   auto& load = rig.status.addData("Load", ferrox3::kInteger, "%");
-  rig.add(rig.status.addData("Lost"), "Injection").DataName = "Elsewhere";
-  rig.add(load, "Injection");
+  rig.add(rig.status.addData("Lost")).DataName = "Elsewhere";
+  rig.add(load);
   rig.start();
   ASSERT_EQ(rig.screen.rows.size(), 2U);
   EXPECT_EQ(rig.screen.rows[1].text, "Engine : Load");

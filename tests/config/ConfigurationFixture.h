@@ -9,6 +9,7 @@
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScopeText.h"
 #include "tests/support/SmallVehicle.h"
 
 namespace tarnlog::test {
@@ -45,8 +46,7 @@ class ConfigurationFixture : public testing::Test {
     std::string text;
     for (oTarnScope& scope : parameters) {
       text += (text.empty() ? "" : ", ") + std::to_string(scope.index) + " " + scope.DataName + " " +
-              "NDBGIX"[scope.ScopeType()];
-      if (const std::int32_t* const reference = scope.graphReference()) text += std::to_string(*reference);
+              displayText(scope);
     }
     return text;
   }

@@ -6,6 +6,7 @@
 
 #include "config/oTarnParameters.h"
 #include "platform/ferrox3/Value.h"
+#include "tests/support/ScopeText.h"
 
 namespace tarnlog::test {
 
@@ -24,8 +25,7 @@ class ScopeList : public oTarnParameters {
     std::int32_t position = 0;
     for (oTarnScope& scope : *this) {
       if (!text.empty()) text += ' ';
-      text += scope.DataKey + ":" + "NDBGIX"[scope.ScopeType()];
-      if (const std::int32_t* const reference = scope.graphReference()) text += std::to_string(*reference);
+      text += scope.DataKey + ":" + displayText(scope);
       if (scope.index != ++position) text += "#" + std::to_string(scope.index);
     }
     return text;
@@ -49,7 +49,7 @@ class ScopeList : public oTarnParameters {
     auto scope = std::make_unique<oTarnScope>();
     scope->index = Count() + 1;
     scope->varType = ferrox3::kDouble;
-    scope->setScopeType(static_cast<std::int32_t>(std::string("NDBGIX").find(word[2])));
+    scope->setScopeType(static_cast<std::int32_t>(std::string(kScopeLetters).find(word[2])));
     scope->DataKey = word.substr(0, 1);
     if (std::int32_t* const reference = scope->graphReference()) *reference = std::stoi(word.substr(3));
     AddScope(std::move(scope));

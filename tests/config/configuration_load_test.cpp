@@ -1,6 +1,7 @@
 #include <sstream>
 
 #include "tests/config/ConfigurationFixture.h"
+#include "tests/support/FailureOf.h"
 
 using namespace tarnlog;
 using namespace tarnlog::test;
@@ -10,14 +11,10 @@ namespace {
 class ConfigurationLoad : public ConfigurationFixture {
  protected:
   std::string loadError(const std::string& bytes) {
-    try {
-      load(bytes);
-    } catch (const TarnError& error) {
-      EXPECT_EQ(error.number(), 1);
-      EXPECT_EQ(error.source(), "LoadXmlConfiguration load error");
-      return error.description();
-    }
-    return "none";
+    const std::string error = errorOf([&] { load(bytes); });
+    const std::string head = "1 LoadXmlConfiguration load error: ";
+    EXPECT_TRUE(error.starts_with(head)) << error;
+    return error.substr(head.size());
   }
 
   /// The start trigger as read from its element: "type edge level index prepost restart".
@@ -55,14 +52,8 @@ TEST_F(ConfigurationLoad, whatIsNoConfigurationIsRefusedWithItsPlace) {
 }
 
 TEST_F(ConfigurationLoad, aFileThatCannotBeReadIsALoadError) {
-  try {
-    parameters.LoadXmlConfiguration(files, "/rec/none.xml", vehicle.catalogue);
-    FAIL();
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.number(), 1);
-    EXPECT_EQ(error.source(), "LoadXmlConfiguration load error");
-    EXPECT_EQ(error.description(), "File : /rec/none.xml, Reason : No such file or directory");
-  }
+  EXPECT_EQ(errorOf([&] { parameters.LoadXmlConfiguration(files, "/rec/none.xml", vehicle.catalogue); }),
+            "1 LoadXmlConfiguration load error: File : /rec/none.xml, Reason : No such file or directory");
 }
 
 TEST_F(ConfigurationLoad, absentKeepsAndEmptyEmpties) {

@@ -2,7 +2,7 @@
 
 #include "config/RegisterParameters.h"
 #include "config/oTarnParameters.h"
-#include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 
 using namespace tarnlog;
 
@@ -41,14 +41,8 @@ TEST(RegisterParameters, keepThreeNamedValues) {
 
 TEST(RegisterParameters, unknownIdsAndFailingStoresAreErrors) {
   MemorySettingsStore store;
-  try {
-    SetRegisterParameter(store, 7, "x");
-    FAIL();
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.number(), 1);
-    EXPECT_EQ(error.source(), "SetRegisterParameter");
-    EXPECT_EQ(error.description(), "Unknown parameter");
-  }
+  EXPECT_EQ(test::errorOf([&] { SetRegisterParameter(store, 7, "x"); }),
+            "1 SetRegisterParameter: Unknown parameter");
   FailingStore failing;
   EXPECT_THROW(SetRegisterParameter(failing, 2, "5"), TarnError);
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "DisplayFixture.h"
+#include "tests/support/FailureOf.h"
 
 namespace tarnlog::test {
 namespace {
@@ -44,14 +45,8 @@ TEST(DisplayModel, rangeOfCurvesIsThatOfTheirData) {
 TEST(DisplayModel, onlyAGraphTakesCurves) {
   Display d;
   GrapheItem& digital = d.scope.graphes().Add(GrapheItem::kDigital, "");
-  try {
-    digital.addcourbe(d.speed, 0, "");
-    FAIL();
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.number(), 1);
-    EXPECT_EQ(error.source(), "GrapheItem.addcourbe");
-    EXPECT_EQ(error.description(), "Enable to add a item when mode is not Scope");
-  }
+  EXPECT_EQ(errorOf([&] { digital.addcourbe(d.speed, 0, ""); }),
+            "1 GrapheItem.addcourbe: Enable to add a item when mode is not Scope");
   EXPECT_FALSE(digital.courbes);
 }
 

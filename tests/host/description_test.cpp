@@ -7,6 +7,7 @@
 #include "host/link/HexText.h"
 #include "host/vehicle/DescriptionWriter.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 
 namespace tarnlog::host {
 namespace {
@@ -45,12 +46,7 @@ std::string withSimulation(const std::string& simulation) {
 }
 
 std::string refusal(const std::string& json) {
-  try {
-    parse(json);
-  } catch (const TarnError& error) {
-    return error.description();
-  }
-  return "accepted";
+  return test::failureOf([&] { parse(json); });
 }
 
 TEST(Description, TheGuidesExampleIsRead) {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "host/link/LinkUrl.h"
-#include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 
 namespace tarnlog::host {
 namespace {
@@ -25,14 +25,11 @@ TEST(LinkUrl, TellsItsParts) {
 }
 
 std::string refusal(std::string_view url) {
-  try {
+  return test::failureOf([&] {
     const LinkUrl parsed(url);
     parsed.allowOptions({"baud", "protocol"});
     parsed.numberOption("baud", 9600, 2000000);
-  } catch (const TarnError& error) {
-    return error.description();
-  }
-  return "none";
+  });
 }
 
 TEST(LinkUrl, RefusesWithThePlaceAndWhatIsExpectedThere) {

@@ -6,13 +6,14 @@
 
 #include "host/odx/OdxImport.h"
 #include "host/vehicle/DescriptionWriter.h"
-#include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/TempFolder.h"
 
 namespace tarnlog::host {
 namespace {
 
+using test::failureOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -24,15 +25,6 @@ std::vector<PdxEntry> smallCar() {
   for (const char* const name : {"small.odx-cs", "shared.odx-d", "small.odx-d"})
     entries.push_back({name, SystemFileSystem().readAll(kData + name)});
   return entries;
-}
-
-std::string failureOf(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const TarnError& error) {
-    return error.description();
-  }
-  return "none";
 }
 
 TEST(OdxImport, TakesOverWhatCanBeReadAndSaysWhatCannot) {

@@ -8,6 +8,7 @@
 #include "host/link/SerialStream.h"
 #include "host/link/SystemLinkClock.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 
 namespace tarnlog::host {
 namespace {
@@ -47,12 +48,7 @@ TEST(SerialStream, CarriesEveryByteAndNoticesAnAdapterThatIsGone) {
 TEST(SerialStream, SaysWhatIsWrongWithAPort) {
   SystemLinkClock clock;
   SerialStream missing("/dev/no-such-adapter", 38400, clock);
-  try {
-    missing.open();
-    ADD_FAILURE() << "opened";
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.description(), "/dev/no-such-adapter: No such file or directory");
-  }
+  EXPECT_EQ(test::failureOf([&] { missing.open(); }), "/dev/no-such-adapter: No such file or directory");
   EXPECT_TRUE(SerialStream::isBaudRate(115200));
   EXPECT_FALSE(SerialStream::isBaudRate(12345));
 }

@@ -5,7 +5,7 @@
 #include "host/link/HexText.h"
 #include "host/vehicle/Vehicle.h"
 #include "host/vehicle/VehicleSimulator.h"
-#include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
 
@@ -46,24 +46,16 @@ struct Car {
     if (!started) start = clock.microseconds();
     started = true;
     clock.step(start + static_cast<std::int64_t>(seconds * 1e6) - clock.microseconds());
-    try {
-      request->send();
-    } catch (const TarnError& error) {
-      return error.description().substr(error.description().find("21 80") + 5);
-    }
-    return request->receivedText();
+    const std::string failure = test::failureOf([&] { request->send(); });
+    return failure == "none" ? request->receivedText() : failure.substr(failure.find("21 80") + 5);
   }
 
   std::string exchange(const char* frame) {
     const auto out = vehicle->session().createRawBuffer();
     const auto in = vehicle->session().createRawBuffer();
     out->fill(frame);
-    try {
-      vehicle->session().ecu(0).exchange(*out, *in);
-    } catch (const TarnError& error) {
-      return error.description();
-    }
-    return in->text();
+    const std::string failure = test::failureOf([&] { vehicle->session().ecu(0).exchange(*out, *in); });
+    return failure == "none" ? in->text() : failure;
   }
 
   test::MemoryFileSystem files;
@@ -168,12 +160,8 @@ TEST(Signal, IsAFunctionOfTime) {
 
 TEST(Simulation, AMissingDescriptionIsNamed) {
   test::MemoryFileSystem files;
-  try {
-    readVehicleDescription("/cars/none.json", files);
-    FAIL();
-  } catch (const TarnError& error) {
-    EXPECT_EQ(error.description(), "/cars/none.json: No such file or directory");
-  }
+  EXPECT_EQ(test::failureOf([&] { readVehicleDescription("/cars/none.json", files); }),
+            "/cars/none.json: No such file or directory");
 }
 
 }  // namespace

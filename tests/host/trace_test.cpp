@@ -4,7 +4,7 @@
 #include "host/link/ReplayPeer.h"
 #include "host/link/SimulatedLink.h"
 #include "host/link/TraceLink.h"
-#include "platform/base/TarnError.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/ScriptedPeer.h"
@@ -13,6 +13,7 @@ namespace tarnlog::host {
 namespace {
 
 using std::chrono::milliseconds;
+using test::failureOf;
 using ::testing::HasSubstr;
 
 std::string ask(Link& link, std::int32_t address, std::string_view request) {
@@ -20,15 +21,6 @@ std::string ask(Link& link, std::int32_t address, std::string_view request) {
   std::string answers;
   for (Link::Bytes response; link.receive(response, milliseconds(100));) answers += hexText(response) + "; ";
   return answers;
-}
-
-std::string failureOf(const std::function<void()>& step) {
-  try {
-    step();
-  } catch (const TarnError& error) {
-    return error.description();
-  }
-  return "none";
 }
 
 TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {

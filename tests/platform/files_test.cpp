@@ -7,13 +7,14 @@
 #include <filesystem>
 #include <vector>
 
-#include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/TempFolder.h"
 
 namespace tarnlog {
 namespace {
 
+using test::failureOf;
 using test::TempFolder;
 
 struct Files : SystemFileSystem {
@@ -23,16 +24,6 @@ struct Files : SystemFileSystem {
         [this](const std::string&, const std::string& description) { failures.push_back(description); });
   }
 };
-
-template <class Step>
-std::string failureOf(Step step) {
-  try {
-    step();
-  } catch (const TarnError& error) {
-    return error.description();
-  }
-  return "no failure";
-}
 
 /// No file may grow beyond this size: a disk that fills up in the middle of a row.
 class FullDisk {
@@ -96,7 +87,7 @@ TEST(Files, RowsStayWholeWhenTheDiskFillsUpAndIsFreedAgain) {
   stream->writeLine("first row");
   {
     const FullDisk full(15);
-    EXPECT_NE(failureOf([&] { stream->writeLine("second row"); }), "no failure");
+    EXPECT_NE(failureOf([&] { stream->writeLine("second row"); }), "none");
   }
   stream->writeLine("third row");
   EXPECT_EQ(files.readAll(folder / "a.txt"), "first row\r\nthird row\r\n");
@@ -126,7 +117,7 @@ TEST(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {
   EXPECT_EQ(status.st_mode & 0777U, 0640U);
   {
     const FullDisk full(2);
-    EXPECT_NE(failureOf([&] { files.replace(folder / "real", "newer"); }), "no failure");
+    EXPECT_NE(failureOf([&] { files.replace(folder / "real", "newer"); }), "none");
   }
   EXPECT_EQ(files.readAll(folder / "real"), "new") << "a failed replacement leaves the old file";
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -18,6 +17,7 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/RecordingScreen.h"
+#include "tests/support/Rows.h"
 #include "tests/support/SteppedClock.h"
 
 namespace tarnlog::test {
@@ -185,15 +185,7 @@ class Scenario {
 
   /// The rows of a text file behind its header, with "|" for TAB.
   std::vector<std::string> rows(const std::string& path, std::size_t headerLines = 3) const {
-    std::vector<std::string> lines;
-    std::istringstream text(files.readAll(path));
-    for (std::string line; std::getline(text, line);) {
-      line.pop_back();
-      std::replace(line.begin(), line.end(), '\t', '|');
-      lines.push_back(line);
-    }
-    lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(headerLines));
-    return lines;
+    return rowsOf(files.readAll(path), headerLines);
   }
   /// The rows of the newest record file.
   std::vector<std::string> rows() const { return rows(acq.RecordPath()); }

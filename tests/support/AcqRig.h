@@ -10,6 +10,8 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/RecordingScreen.h"
+#include "tests/support/Rows.h"
+#include "tests/support/ScopeText.h"
 #include "tests/support/ScriptedSession.h"
 #include "tests/support/SteppedClock.h"
 
@@ -21,7 +23,7 @@ namespace tarnlog::test {
 class AcqRig {
  public:
   AcqRig() {
-    add(speed, "Injection");
+    add(speed);
     parameters->fileFolder = "/rec";
     parameters->recordingPeriod = 0;
     acq.setAcqStoppedHandler([this] { ++stopped; });
@@ -29,17 +31,7 @@ class AcqRig {
     acq.setSession(&session);
   }
 
-  oTarnScope& add(ScriptedData& data, const std::string& function) {
-    auto scope = std::make_unique<oTarnScope>();
-    scope->DataKey = "c" + std::to_string(parameters->Count());
-    scope->DataName = data.name();
-    scope->RequestName = data.request().name();
-    scope->EcuName = data.request().ecu().name();
-    scope->FunctionName = function;
-    scope->varType = data.typeCode();
-    scope->index = parameters->Count() + 1;
-    return parameters->AddScope(std::move(scope));
-  }
+  oTarnScope& add(const ScriptedData& data) { return addScope(*parameters, data); }
 
   void triggerStart(std::int32_t edge, double level) { channel(*parameters->startTrigger, edge, level); }
   void triggerStop(std::int32_t edge, double level) { channel(*parameters->stopTrigger, edge, level); }
@@ -72,19 +64,8 @@ class AcqRig {
     timer.fire();
   }
 
-  /// The lines of the only record file behind its header, with "|" for TAB.
-  std::vector<std::string> recordRows() const { return rowsOf(acq.RecordPath(), 3); }
-  std::vector<std::string> rowsOf(const std::string& path, std::size_t headerLines) const {
-    std::vector<std::string> lines;
-    std::istringstream text(files.files.at(path));
-    for (std::string line; std::getline(text, line);) {
-      line.pop_back();
-      std::replace(line.begin(), line.end(), '\t', '|');
-      lines.push_back(line);
-    }
-    lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(headerLines));
-    return lines;
-  }
+  /// The rows of the newest record file.
+  std::vector<std::string> recordRows() const { return rowsOf(files.files.at(acq.RecordPath())); }
 
   SteppedClock clock;
   ManualTimer timer;

@@ -9,6 +9,7 @@
 #include "platform/settings/SettingsStore.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScopeText.h"
 #include "tests/support/ScriptedSession.h"
 #include "tests/support/SteppedClock.h"
 #include "ui/acquisition/AcqView.h"
@@ -53,17 +54,7 @@ class ViewRig {
     return count;
   }
 
-  oTarnScope& add(const ScriptedData& data) {
-    auto scope = std::make_unique<oTarnScope>();
-    scope->DataKey = "c" + std::to_string(parameters->Count());
-    scope->DataName = data.name();
-    scope->RequestName = "Status";
-    scope->EcuName = "Engine";
-    scope->FunctionName = "Injection";
-    scope->varType = data.typeCode();
-    scope->index = parameters->Count() + 1;
-    return parameters->AddScope(std::move(scope));
-  }
+  oTarnScope& add(const ScriptedData& data) { return addScope(*parameters, data); }
 
   SteppedClock clock;
   ManualTimer timer;

@@ -6,6 +6,7 @@
 
 #include "catalogue/SessionDocument.h"
 #include "config/oTarnParameters.h"
+#include "tests/support/ScopeText.h"
 #include "tests/support/SmallVehicle.h"
 #include "tests/support/TreeText.h"
 #include "ui/select/SelectionRules.h"
@@ -23,8 +24,7 @@ struct SmallSelection {
     std::string text;
     std::int32_t position = 0;
     for (oTarnScope& scope : *parameters) {
-      text += (text.empty() ? "" : " ") + scope.DataName + ":" + "NDBGIX"[scope.ScopeType()];
-      if (const std::int32_t* const reference = scope.graphReference()) text += std::to_string(*reference);
+      text += (text.empty() ? "" : " ") + scope.DataName + ":" + displayText(scope);
       if (scope.index != ++position) text += "#" + std::to_string(scope.index);
     }
     return text;

@@ -5,6 +5,7 @@
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QApplication>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -185,30 +186,40 @@ TEST_F(SelectScreen, filtersFindWhileTyping) {
 
 TEST_F(SelectScreen, dragsFromTreeToListInsideTheListAndBack) {
   expand("Engine");
-  const auto drop = [](const QAbstractItemModel* from, const QModelIndexList& dragged, QAbstractItemModel* to,
-                       int row) {
-    const std::unique_ptr<QMimeData> data(from->mimeData(dragged));
-    return data != nullptr && to->canDropMimeData(data.get(), Qt::MoveAction, row, 0, {}) &&
-           to->dropMimeData(data.get(), Qt::MoveAction, row, 0, {});
+  // At the upper edge of that row, or below all rows.
+  const auto drop = [](const QTreeView& from, const QModelIndexList& dragged, QTreeView& to, int row) {
+    const std::unique_ptr<QMimeData> data(from.model()->mimeData(dragged));
+    if (data == nullptr) return false;
+    const QModelIndex at = to.model()->index(row, 0);
+    const QPoint place = at.isValid() ? to.visualRect(at).topLeft() + QPoint(5, 1)
+                                      : to.viewport()->rect().bottomLeft() + QPoint(5, -5);
+    QDragEnterEvent enter(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(to.viewport(), &enter);
+    QDragMoveEvent move(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(to.viewport(), &move);
+    if (!move.isAccepted()) return false;
+    QDropEvent dropping(place, Qt::MoveAction, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(to.viewport(), &dropping);
+    return dropping.isAccepted();
   };
   const auto at = [&](int row) { return list.model()->index(row, 0); };
-  EXPECT_FALSE(drop(tree.model(), {index("Engine")}, list.model(), -1));
-  EXPECT_TRUE(drop(tree.model(), {index("Speed"), index("Load")}, list.model(), -1));
-  EXPECT_TRUE(drop(tree.model(), {index("Key")}, list.model(), 1));
+  EXPECT_FALSE(drop(tree, {index("Engine")}, list, -1));
+  EXPECT_TRUE(drop(tree, {index("Speed"), index("Load")}, list, -1));
+  EXPECT_TRUE(drop(tree, {index("Key")}, list, 1));
   EXPECT_EQ(rows(), "Load [Key] Speed");
-  EXPECT_TRUE(drop(list.model(), {at(0), at(1)}, list.model(), 3));
+  EXPECT_TRUE(drop(list, {at(0), at(1)}, list, -1));
   EXPECT_EQ(rows(), "Speed [Load] Key");
-  EXPECT_EQ(items(), "Speed:G Load:G Key:G");
-  EXPECT_TRUE(drop(list.model(), {at(0)}, tree.model(), -1));
-  EXPECT_EQ(rows(), "Load [Key]");
+  EXPECT_TRUE(drop(list, {at(2)}, list, 0));
+  EXPECT_EQ(items(), "Key:G Speed:G Load:G");
+  EXPECT_TRUE(drop(list, {at(1)}, tree, 0));
+  EXPECT_EQ(rows(), "[Key] Load");
   EXPECT_TRUE(index("Speed").isValid());
-  EXPECT_FALSE(drop(tree.model(), {index("Speed")}, tree.model(), -1));
+  EXPECT_FALSE(drop(tree, {index("Speed")}, tree, 0));
 
   TarnSelect other;
   other.setXmlSession(document);
   other.setParameters(parameters);
-  auto* const otherList = other.findChild<QTreeView*>("ListDataToRecord");
-  EXPECT_FALSE(drop(tree.model(), {index("Speed")}, otherList->model(), -1));
+  EXPECT_FALSE(drop(tree, {index("Speed")}, *other.findChild<QTreeView*>("ListDataToRecord"), -1));
 }
 
 TEST_F(SelectScreen, columnsShareTheListAndScaleWithIt) {
@@ -221,8 +232,8 @@ TEST_F(SelectScreen, columnsShareTheListAndScaleWithIt) {
             "DataRequestECUDevice");
   EXPECT_EQ(title(2, Qt::UserRole) + title(3, Qt::UserRole), "UCEDevice");
   const int before = list.viewport()->width();
-  EXPECT_NEAR(header.sectionSize(0), before / 3 - 4, 1);
-  EXPECT_NEAR(header.sectionSize(3), before / 6, 1);
+  EXPECT_NEAR(header.sectionSize(0), before / 3.0 - 4, 1);
+  EXPECT_NEAR(header.sectionSize(3), before / 6.0, 1);
   header.resizeSection(0, 50);
   screen.resize(1500, 500);
   const double growth = static_cast<double>(list.viewport()->width()) / before;

@@ -19,6 +19,7 @@ class Selection : public testing::Test, protected SmallSelection {
   CatalogueNode node(const std::string& text) { return nodeNamed(rules.tree(), text); }
   bool addTogether(const std::vector<std::string>& names, std::size_t before = SelectionRules::kNoRow) {
     std::vector<CatalogueNode> nodes;
+    nodes.reserve(names.size());
     for (const std::string& name : names) nodes.push_back(node(name));
     return rules.addData(nodes, before);
   }

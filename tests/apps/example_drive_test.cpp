@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "SourceDir.h"
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "platform/files/SystemFileSystem.h"

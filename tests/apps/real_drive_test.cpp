@@ -5,6 +5,7 @@
 #include <map>
 #include <sstream>
 
+#include "SourceDir.h"
 #include "acquisition/ValueReading.h"
 #include "catalogue/SessionDocument.h"
 #include "host/link/Link.h"

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <string>
+#include "SourceDir.h"
 
 namespace tarnlog {
 namespace {

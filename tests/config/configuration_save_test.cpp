@@ -5,6 +5,7 @@
 #include <limits>
 #include <locale>
 
+#include "SourceDir.h"
 #include "tests/config/ConfigurationFixture.h"
 
 using namespace tarnlog;

@@ -4,6 +4,7 @@
 #include <sstream>
 #include <string>
 
+#include "SourceDir.h"
 #include "host/link/HexText.h"
 #include "host/vehicle/DescriptionWriter.h"
 #include "platform/base/TarnError.h"

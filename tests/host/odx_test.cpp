@@ -4,6 +4,7 @@
 #include <fstream>
 #include <functional>
 
+#include "SourceDir.h"
 #include "host/odx/OdxImport.h"
 #include "host/vehicle/DescriptionWriter.h"
 #include "platform/files/SystemFileSystem.h"

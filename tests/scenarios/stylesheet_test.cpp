@@ -6,6 +6,7 @@
 #include <fstream>
 #include <string>
 
+#include "SourceDir.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/TempFolder.h"
 

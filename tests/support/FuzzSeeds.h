@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include "SourceDir.h"
 
 namespace tarnlog::test {
 

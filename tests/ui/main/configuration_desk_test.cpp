@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "SourceDir.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"

@@ -84,7 +84,7 @@ QStringList axisTexts(const AxisTicks& ticks, const QLocale& locale, const QFont
 
 AxisTicks ticksAlong(const AxisRange& range, const QLocale& locale, const QFontMetrics& metrics, int length) {
   const int line = std::max(metrics.height(), 1);
-  int atMost = std::clamp(length / (line * 5), 2, 11);
+  int atMost = std::clamp(length / (line * 5), 3, 11);
   AxisTicks ticks = ticksFor(range, atMost);
   for (; atMost > 2; ticks = ticksFor(range, --atMost)) {
     const int room = static_cast<int>(ticks.step / range.span() * length) - line;

@@ -54,7 +54,14 @@ class CWSlide : public QWidget {
   };
   Pointer* pointer(int number);
   double place(double value) const;
-  void paintMarker(QPainter& painter, const Pointer& marker, const QRectF& track) const;
+  bool hasScale() const;
+  AxisTicks scale() const;
+  QRect track() const;
+  /// What changes with the pointers.
+  QRect movingPart() const;
+  void paintTrack(QPainter& painter, const QRect& track) const;
+  void paintMarker(QPainter& painter, const Pointer& marker, const QRect& track) const;
+  void paintScale(QPainter& painter, const QRect& track) const;
 
   AxisRange axis_;
   using Pointers = std::array<Pointer, 3>;

@@ -40,7 +40,7 @@ void GraphFrame::renumber(const QFontMetrics& metrics, const QLocale& locale, co
   const int line = std::max(metrics.height(), 1);
   xTicks_ = x.hasNumbers() ? ticksAlong(x.range(), locale, metrics, area_.width())
                            : x.ticks(std::clamp(area_.width() / (line * 5), 1, 11));
-  yTicks_ = y.ticks(std::clamp(area_.height() * 2 / (line * 3), 1, 11));
+  yTicks_ = y.ticks(std::clamp((area_.height() - line) * 5 / (line * 6) + 1, 1, 11));
   texts_.clear();
   if (x.hasNumbers()) numberX(metrics, locale, x);
   if (y.hasNumbers() && area_.left() > 1) numberY(metrics, locale, y);
@@ -68,10 +68,14 @@ void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, con
   const int room = area_.left() - 1 - kGap;
   const PixelScale rows = PixelScale::downwards(y.range(), area_.height());
   const QStringList numbers = axisTexts(yTicks_, locale, metrics, room);
+  // Clear of the caption above and of the numbers below.
+  const int highest = y.caption.isEmpty() ? 0 : std::max(area_.top() - 2, 0);
+  const int below = size_.height() - area_.bottom();
+  const int lowest = std::max((below > line ? area_.bottom() + 3 : size_.height()) - line, highest);
   int free = size_.height();
   for (int i = 0; i < yTicks_.count; ++i) {
     const int centre = area_.top() + static_cast<int>(rows(yTicks_.at(i)));
-    const int top = std::clamp(centre - line / 2, 0, std::max(size_.height() - line, 0));
+    const int top = std::clamp(centre - line / 2, highest, lowest);
     if (top + line > free + 2) continue;  // lines of numbers have room to spare
     texts_.push_back({QPointF(room - numberWidth(numbers[i], metrics), top + metrics.ascent()), numbers[i]});
     free = top;

@@ -7,26 +7,36 @@
 
 namespace tarnlog {
 
+namespace {
+
+/// The first point of all, and one whose neighbour on the left is a gap. One whose neighbour has been dropped
+/// is not.
+bool begins(const PlotHistory& points, std::int64_t point) {
+  return point == 0 || (point > points.begin() && !std::isfinite(points.y(point - 1)));
+}
+
+}  // namespace
+
 void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
                    const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour) {
   CurvePen pen(canvas, colour);
   std::int64_t point = std::max(from - 1, points.begin());
-  const std::int64_t joins = point > 0 ? point : -1;  // comes from a point that is drawn, or dropped
+  double row = 0;
   while (point < points.end()) {
     for (const double value : points.run(point)) {
       const std::int64_t column = columns.columnOf(point);
       if (!std::isfinite(value)) {
+        if (pen.isDown() && begins(points, point - 1))
+          canvas.dot(columns.columnOf(point - 1), static_cast<int>(row), colour);
         pen.lift();
-      } else if (pen.isDown()) {
-        pen.lineTo(column, rows(value));
       } else {
-        const double row = rows(value);
-        if (point != joins) canvas.dot(column, static_cast<int>(row), colour);
-        pen.putDown(column, row);
+        row = rows(value);
+        pen.draw(column, row);
       }
       ++point;
     }
   }
+  if (points.end() == 1 && pen.isDown()) canvas.dot(0, static_cast<int>(row), colour);
 }
 
 void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, const ColumnScale& columns,
@@ -42,14 +52,13 @@ void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, cons
       continue;
     }
     const double entry = points.y(first);
-    if (pen.isDown() && std::isfinite(entry) && std::isfinite(points.y(first - 1)))
-      pen.lineTo(column, rows(entry));
-    else
-      pen.putDown(column, rows(extremes.lowest));
+    const bool joined = pen.isDown() && std::isfinite(entry) && std::isfinite(points.y(first - 1));
+    if (!joined) pen.lift();
+    pen.draw(column, rows(joined ? entry : extremes.lowest));
     pen.cover(static_cast<int>(rows(extremes.lowest)));
     pen.cover(static_cast<int>(rows(extremes.highest)));
     const double exit = points.y(next - 1);
-    if (std::isfinite(exit)) pen.lineTo(column, rows(exit));
+    if (std::isfinite(exit)) pen.draw(column, rows(exit));
   }
 }
 
@@ -67,9 +76,8 @@ void drawXYCurve(ScrollingCanvas& canvas, const PlotHistory& points, const Pixel
     }
     const double x = columns(valueX);
     const double y = rows(valueY);
-    if (joined) canvas.line(lastX, lastY, x, y, colour);
-    if (!joined || point == points.end() - 1)
-      canvas.dot(static_cast<std::int64_t>(x), static_cast<int>(y), colour);
+    canvas.line(joined ? lastX : x, joined ? lastY : y, x, y, colour);
+    if (point == points.end() - 1) canvas.dot(static_cast<std::int64_t>(x), static_cast<int>(y), colour);
     joined = true;
     lastX = x;
     lastY = y;

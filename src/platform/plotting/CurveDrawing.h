@@ -6,8 +6,7 @@
 #include "platform/plotting/PlotHistory.h"
 #include "platform/plotting/ScrollingCanvas.h"
 
-/// Curves on a canvas. A value that is not finite makes a gap; where a curve begins there is a dot, so that a
-/// value between gaps is seen.
+/// Curves on a canvas. A value that is not finite makes a gap; a value between gaps is a dot.
 namespace tarnlog {
 
 /// The points of a time chart from number `from`, each with a line from the one before it.

@@ -18,16 +18,10 @@ class CurvePen {
   CurvePen& operator=(const CurvePen&) = delete;
 
   bool isDown() const { return down_; }
-  /// Begins a line here. The whole part of a row is the pixel's number.
-  void putDown(std::int64_t column, double row) {
-    lift();
-    down_ = true;
-    column_ = column;
-    row_ = row;
-    top_ = bottom_ = static_cast<int>(row);
-  }
-  /// To the same column or one on the right.
-  void lineTo(std::int64_t column, double row) {
+  /// A line to the same column or one on the right; begins one when the pen is lifted. The whole part
+  /// of a row is the pixel's number.
+  void draw(std::int64_t column, double row) {
+    if (!down_) return putDown(column, row);
     if (column > column_) advance(column, row);
     cover(static_cast<int>(row));
     row_ = row;
@@ -43,6 +37,12 @@ class CurvePen {
   }
 
  private:
+  void putDown(std::int64_t column, double row) {
+    down_ = true;
+    column_ = column;
+    row_ = row;
+    top_ = bottom_ = static_cast<int>(row);
+  }
   void advance(std::int64_t column, double row) {
     const double rise = row - row_;
     const double slope = column == column_ + 1 ? rise : rise / static_cast<double>(column - column_);

@@ -22,7 +22,10 @@ constexpr int kLeastWithScale = 12;  ///< pixels above the numbers
 
 }  // namespace
 
-CWSlide::CWSlide(QWidget* parent) : QWidget(parent) { installSlideAccess(); }
+CWSlide::CWSlide(QWidget* parent) : QWidget(parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  installSlideAccess();
+}
 
 void CWSlide::setTitle(const QString& title) {
   setAccessibleName(title);
@@ -142,6 +145,7 @@ void CWSlide::paintScale(QPainter& painter, const QRect& track) const {
 
 void CWSlide::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  painter.fillRect(event->rect(), palette().color(QPalette::Window));
   const QRect bar = track();
   if (!movingPart().contains(event->rect())) paintScale(painter, bar);
   paintTrack(painter, bar);

@@ -18,7 +18,7 @@ class PaintBeat : public QObject {
   /// Null without a screen. It belongs to the screen.
   static PaintBeat* of(QScreen* screen);
 
-  /// Paints it with the next picture; at once after a rest.
+  /// Has it painted with the next picture (of its pace); at once after a rest.
   void add(PaintPacer* pacer);
   void forget(PaintPacer* pacer);
 
@@ -27,11 +27,14 @@ class PaintBeat : public QObject {
 
  private:
   explicit PaintBeat(QScreen* screen);
-  void paintAll();
+  void paint();
+  static void paintAll(std::vector<PaintPacer*>& due);
 
   QBasicTimer timer_;
-  std::vector<PaintPacer*> due_;
-  int idle_ = 0;  ///< pictures since somebody asked
+  std::vector<PaintPacer*> pictures_;
+  std::vector<PaintPacer*> texts_;
+  int sinceTexts_ = 0;  ///< pictures
+  int idle_ = 0;        ///< pictures since somebody asked
 };
 
 }  // namespace tarnlog

@@ -13,7 +13,12 @@ class PaintBeat;
 /// gathered and painted with the next picture. Asking allocates nothing while pictures follow one another.
 class PaintPacer {
  public:
-  explicit PaintPacer(QWidget* widget) : widget_(widget) {}
+  enum class Pace {
+    Pictures,
+    Texts,  ///< ten times a second: digits that change faster cannot be read
+  };
+
+  explicit PaintPacer(QWidget* widget, Pace pace = Pace::Pictures) : widget_(widget), pace_(pace) {}
   ~PaintPacer();
   Q_DISABLE_COPY_MOVE(PaintPacer)
 
@@ -25,6 +30,7 @@ class PaintPacer {
   void paint();
 
   QWidget* widget_;
+  Pace pace_;
   QRect due_;
   QPointer<PaintBeat> beat_;  ///< of the screen that the widget was on when it asked
 };

@@ -1,11 +1,13 @@
 #include "ui/acquisition/TextLabel.h"
 
 #include <QHelpEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
 
+#include "platform/controls/AxisTexts.h"
 #include "ui/acquisition/LabelAccess.h"
 #include "ui/acquisition/LabelStyle.h"
 #include "ui/acquisition/Readable.h"
@@ -16,6 +18,7 @@ namespace {
 
 constexpr int kPadding = 3;
 constexpr int kCellPoints = 10;
+constexpr int kStep = 12;       ///< pixels by which a value takes room, so that it stands still
 constexpr int kLeastStrip = 6;  ///< pixels; lower texts cannot be read
 
 /// Whole lines only; the last one that fits ends in an ellipsis when there is more.
@@ -99,6 +102,7 @@ void TextLabel::restyle() {
   setFont(font_ ? *font_ : usualFont());
   ink_ = textColour();
   fitted_ = {};
+  elided_ = {};
   update();
 }
 
@@ -107,6 +111,7 @@ const TextLabel::Fitted& TextLabel::fitted(int height) const {
   if (fitted_.height != height) {
     const QFont font = fittedFont(this->font(), height);
     const QFontMetrics metrics(font);
+    elided_ = {};
     fitted_ = {height, font, metrics.ascent(), metrics.height(), metrics.horizontalAdvance(QLatin1Char('W'))};
   }
   return fitted_;
@@ -147,7 +152,9 @@ QColor TextLabel::textColour() const {
   return readable(backColour_ ? cellColour(palette(), colour) : colour, background(), kTextContrast);
 }
 
-void TextLabel::paintEvent(QPaintEvent* /*event*/) {
+void TextLabel::paintEvent(QPaintEvent* event) {
+  // Every new value asks for the pixels that it shares with its caption, where that has no text.
+  if (role_ == Role::Caption && !backColour_ && !border_ && !captionArea().intersects(event->rect())) return;
   QPainter painter(this);
   if (backColour_) painter.fillRect(rect(), background());
   painter.setPen(ink_);
@@ -160,10 +167,17 @@ void TextLabel::paintEvent(QPaintEvent* /*event*/) {
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
+/// Empty when the value's line shows both.
+QRect TextLabel::captionArea() const {
+  if (squeezed()) return {};
+  QRect area = rect().adjusted(kPadding, 0, -kPadding, 0);
+  area.setHeight(std::min(height(), captionRoom()));
+  return area;
+}
+
 void TextLabel::paintCaption(QPainter& painter) const {
-  if (squeezed()) return;
-  QRect room = rect().adjusted(kPadding, 0, -kPadding, 0);
-  room.setHeight(std::min(height(), captionRoom()));
+  QRect room = captionArea();
+  if (room.isEmpty()) return;
   const Fitted& fit = fitted(room.height());
   painter.setFont(fit.font);
   if (backColour_ && room.height() < 2 * fit.line) room.adjust(0, (room.height() - fit.line) / 2, 0, 0);
@@ -176,8 +190,8 @@ void TextLabel::paintValue(QPainter& painter) const {
   const QString value = text();
   if (partner_ == nullptr || !partner_->squeezed()) return drawLine(painter, room, value);
   // One pixel more than measured: measures are rounded. Enough is left to see what the value is of.
-  const int measured = QFontMetrics(fitted(room.height()).font).horizontalAdvance(value) + 1;
-  const int wide = std::min(measured, room.width() * 3 / 5);
+  const int measured = numberWidth(value, QFontMetrics(fitted(room.height()).font)) + 1;
+  const int wide = std::min((measured + kStep - 1) / kStep * kStep, room.width() * 3 / 5);
   drawLine(painter, room.adjusted(room.width() - wide, 0, 0, 0), value);
   partner_->drawLine(painter, room.adjusted(0, 0, -wide - 2 * kPadding, 0), partner_->text());
 }
@@ -186,10 +200,15 @@ void TextLabel::paintValue(QPainter& painter) const {
 void TextLabel::drawLine(QPainter& painter, const QRect& room, const QString& text) const {
   const Fitted& fit = fitted(room.height());
   painter.setFont(fit.font);
-  const bool fits = text.size() * fit.widest <= room.width();
   const int baseline = room.top() + (room.height() - fit.line) / 2 + fit.ascent;
-  painter.drawText(room.left(), baseline,
-                   fits ? text : QFontMetrics(fit.font).elidedText(text, Qt::ElideRight, room.width()));
+  painter.drawText(room.left(), baseline, elided(text, room.width(), fit));
+}
+
+const QString& TextLabel::elided(const QString& text, int room, const Fitted& fit) const {
+  if (text.size() * fit.widest <= room) return text;
+  if (elided_.text != text || elided_.room != room)
+    elided_ = {text, room, QFontMetrics(fit.font).elidedText(text, Qt::ElideRight, room)};
+  return elided_.shown;
 }
 
 /// The tip that was set, else the texts that are shown here: they may be elided.

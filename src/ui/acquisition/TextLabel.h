@@ -61,11 +61,20 @@ class TextLabel : public QWidget {
     int widest = 1;
   };
 
+  /// A text as it was drawn last: what does not change is not measured again.
+  struct Elided {
+    QString text;
+    int room = -1;
+    QString shown;
+  };
+
   const Fitted& fitted(int height) const;
+  const QString& elided(const QString& text, int room, const Fitted& fit) const;
   bool covers(const TextLabel* other) const;
   int captionRoom() const;
   bool squeezed() const;
   QRect valueStrip() const;
+  QRect captionArea() const;
   void paintCaption(QPainter& painter) const;
   void paintValue(QPainter& painter) const;
   void drawLine(QPainter& painter, const QRect& room, const QString& text) const;
@@ -84,9 +93,10 @@ class TextLabel : public QWidget {
   std::optional<QFont> font_;
   QColor ink_;
   mutable Fitted fitted_;
+  mutable Elided elided_;
   const TextLabel* partner_ = nullptr;
   const TextLabel* above_ = nullptr;
-  PaintPacer pacer_{this};
+  PaintPacer pacer_{this, PaintPacer::Pace::Texts};
 };
 
 }  // namespace tarnlog

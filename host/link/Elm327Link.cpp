@@ -114,7 +114,7 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
   if (reach != reach_.end() && reach->second.toAll && isObdRequest(request))
     exchange.address = elmToAll(exchange.address, bus);
   exchange.repeats = 0;
-  exchange.withoutDigit = exchange.restarted = exchange.atWork = false;
+  exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
 }
 
 void Elm327Link::ask(bool countFrames) {
@@ -291,8 +291,13 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
   const std::int64_t given = deadline - kAdapterTime - exchange_.asked;
   const std::int64_t steps =
       std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
-  if (steps <= adapter_.timeout()) return false;
-  adapter_.setTimeout(static_cast<int>(steps));
+  if (steps > adapter_.timeout()) {
+    adapter_.setTimeout(static_cast<int>(steps));
+    return repeat(false);
+  }
+  // An ECU that has answered before may have been disturbed.
+  if (exchange_.askedTwice || !reach_[exchange_.target.address].answered) return false;
+  exchange_.askedTwice = true;
   return repeat(false);
 }
 
@@ -332,6 +337,9 @@ std::vector<LinkTarget> Elm327Link::findEcus() {
       const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
       if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, "OBD-II"});
     }
+    if (!ecus.empty()) return;
+    finishAnswer();
+    failWithoutEcu(console_, exchange_.notice ? exchange_.notice->text : "");
   });
   std::sort(ecus.begin(), ecus.end(),
             [](const LinkTarget& a, const LinkTarget& b) { return a.address < b.address; });

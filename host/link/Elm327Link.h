@@ -34,6 +34,7 @@ class Elm327Link : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// TarnError when nobody answers.
   std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& target) const override;
 
@@ -57,6 +58,7 @@ class Elm327Link : public Link {
     int repeats = 0;
     bool withoutDigit = false;  ///< repeated because the number of frames may have been the fault
     bool restarted = false;     ///< repeated with a new communication on the K line
+    bool askedTwice = false;    ///< repeated because the ECU was silent
     bool anything = false;      ///< any line came
     bool barePrompt = false;    ///< a prompt came before any line
     bool answered = false;

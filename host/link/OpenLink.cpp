@@ -96,7 +96,7 @@ std::optional<std::uint32_t> identifier(const LinkUrl& url, const char* name) {
 
 std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
   url.allowOptions({"tx", "rx"});
-  const std::string interface = url.host();
+  const std::string& interface = url.host();
   if (interface.empty()) url.expected("interface", "a CAN interface like can0", interface);
   const auto transmit = identifier(url, "tx");
   const auto receive = identifier(url, "rx");

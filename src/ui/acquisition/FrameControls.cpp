@@ -41,17 +41,12 @@ LabelControl* FrameControls::LoadValueText(std::int16_t index) {
   return label;
 }
 
-/// Labels of one number belong together and must know where the others stand.
+/// Labels of one number belong together and must know where the other stands.
 void FrameControls::linkLabels(std::int16_t index) {
   TextLabel* const caption = labelOf(captions_.find(index));
   TextLabel* const value = labelOf(values_.find(index));
   if (caption != nullptr) caption->setPartner(value);
-  if (value != nullptr) {
-    value->setPartner(caption);
-    value->setAbove(labelOf(values_.find(static_cast<std::int16_t>(index - 1))));
-  }
-  TextLabel* const next = labelOf(values_.find(static_cast<std::int16_t>(index + 1)));
-  if (next != nullptr) next->setAbove(value);
+  if (value != nullptr) value->setPartner(caption);
 }
 
 void FrameControls::unloaded(std::int16_t index) {

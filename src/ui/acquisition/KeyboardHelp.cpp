@@ -17,6 +17,7 @@ KeyboardHelp::KeyboardHelp(QWidget* parent) : QWidget(parent, Qt::Tool) {
   addKeys(tr("P or Pause"), tr("Freeze the picture; recording goes on"));
   addKeys(tr("D, G"), tr("Show values as digits, as graphs"));
   addKeys(tr("Page Up, Page Down"), tr("Scroll the graphs"));
+  addKeys(tr("Arrows, Home, End"), tr("On a graph: read out its points; with Ctrl in wide steps"));
   addKeys(tr("Tab"), tr("Move from control to control"));
   addKeys(tr("Ctrl+C"), tr("In the log: copy the selected lines"));
   addKeys(tr("F11"), tr("Full screen; Escape leaves it"));

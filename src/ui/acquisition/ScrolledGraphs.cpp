@@ -23,6 +23,7 @@ ScrolledGraphs::ScrolledGraphs(QWidget& parent)
       bar_(new QScrollBar(Qt::Vertical, &parent)) {
   visible_->setObjectName("FrScroll");
   visible_->setAccessibleName(tr("Graphs"));
+  visible_->setAutoFillBackground(true);  // of one colour behind labels and graphs, whatever a tab's pane has
   surface_->setObjectName("FrGraphic");
   bar_->setObjectName("VScroll");
   bar_->setAccessibleName(tr("Scroll the graphs"));

@@ -21,6 +21,12 @@ constexpr int kCellPoints = 10;
 constexpr int kStep = 12;       ///< pixels by which a value takes room, so that it stands still
 constexpr int kLeastStrip = 6;  ///< pixels; lower texts cannot be read
 
+/// Units such as km/h stay in one piece when a caption wraps.
+QString unbroken(QString text) {
+  constexpr QChar kWordJoiner(0x2060);
+  return text.replace(QLatin1Char('/'), QString(QLatin1Char('/')) + kWordJoiner);
+}
+
 /// Whole lines only; the last one that fits ends in an ellipsis when there is more.
 void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
   const int line = painter.fontMetrics().height();
@@ -121,7 +127,7 @@ int TextLabel::naturalHeight(int width) const {
   const int line = fontMetrics().height();
   if (role_ == Role::Value) return line;
   const QRect room(0, 0, std::max(width - 2 * kPadding, 1), QWIDGETSIZE_MAX);
-  return std::max(fontMetrics().boundingRect(room, Qt::TextWordWrap, text()).height(), line);
+  return std::max(fontMetrics().boundingRect(room, Qt::TextWordWrap, unbroken(text())).height(), line);
 }
 
 bool TextLabel::covers(const TextLabel* other) const {
@@ -135,10 +141,10 @@ int TextLabel::captionRoom() const { return covers(partner_) ? partner_->y() - y
 /// No line of this caption is left above its value. A pixel less than a line is enough for a smaller font.
 bool TextLabel::squeezed() const { return covers(partner_) && captionRoom() + 1 < fontMetrics().height(); }
 
-/// Where several values share a small height, each has what is below the one before it.
+/// Values that share a small height begin where their captions do, and the first one not above its graph.
 QRect TextLabel::valueStrip() const {
-  if (!covers(above_)) return rect();
-  return rect().adjusted(0, std::clamp(above_->geometry().bottom() + 1 - y(), 0, height()), 0, 0);
+  if (!covers(partner_)) return rect();
+  return rect().adjusted(0, std::clamp(partner_->y() - y(), 0, height()), 0, 0);
 }
 
 QColor TextLabel::background() const {
@@ -181,7 +187,7 @@ void TextLabel::paintCaption(QPainter& painter) const {
   const Fitted& fit = fitted(room.height());
   painter.setFont(fit.font);
   if (backColour_ && room.height() < 2 * fit.line) room.adjust(0, (room.height() - fit.line) / 2, 0, 0);
-  drawWrapped(painter, room, text());
+  drawWrapped(painter, room, unbroken(text()));
 }
 
 void TextLabel::paintValue(QPainter& painter) const {

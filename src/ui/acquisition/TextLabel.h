@@ -41,10 +41,8 @@ class TextLabel : public QWidget {
   /// Of the text in the label's width: a caption's lines, or one.
   int naturalHeight(int width) const;
 
-  /// The other label of the same curve or block, and the value label before this one; null when there is
-  /// none.
+  /// The other label of the same curve or block; null when there is none.
   void setPartner(const TextLabel* partner) { partner_ = partner; }
-  void setAbove(const TextLabel* above) { above_ = above; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -95,7 +93,6 @@ class TextLabel : public QWidget {
   mutable Fitted fitted_;
   mutable Elided elided_;
   const TextLabel* partner_ = nullptr;
-  const TextLabel* above_ = nullptr;
   PaintPacer pacer_{this, PaintPacer::Pace::Texts};
 };
 

@@ -172,6 +172,17 @@ TEST(AcqView, PlacesItsControlsByItsSize) {
   EXPECT_NEAR(list.columnWidth(0), 4 * seventh, 3);
   EXPECT_NEAR(list.columnWidth(1), 2 * seventh, 2);
   EXPECT_NEAR(list.columnWidth(2), seventh, 8);
+  // They follow as well where the list has become longer than its place, and while it is not shown.
+  for (int i = 0; i < 60; ++i) rig.add(rig.status.addData("More " + std::to_string(i)));
+  rig.start();
+  QTest::qWait(1);
+  for (const char* const shown : {"LIST", "GRAPH"}) {
+    rig.child<TabStrip>("TabStripVisu").select(shown);
+    rig.view.resize(*shown == 'L' ? 600 : 420, 400);
+    rig.child<TabStrip>("TabStripVisu").select("LIST");
+    EXPECT_NEAR(list.columnWidth(0), 4 * (list.viewport()->width() / 7), 3) << shown;
+    EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
+  }
 }
 
 /// What of a widget was painted.

@@ -113,9 +113,9 @@ TEST(TarnMain, BeginsAnewWithASecondSession) {
   rig.main.setSession(&rig.vehicle->session());
   rig.main.OpenConfigFile("/c.xml");
   rig.tickUntil(TarnAcq::kCommunicate);
-  const auto second = rig.openVehicle();
+  auto second = rig.openVehicle();
   rig.main.setSession(&second->session());
-  rig.vehicle.reset();
+  rig.vehicle = std::move(second);
   EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
   EXPECT_EQ(rig.main.configurationFile(), "");
   EXPECT_EQ(rig.main.ctlTarnConfigure().Parameters()->Count(), 0);

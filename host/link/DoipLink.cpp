@@ -10,9 +10,19 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::int64_t kActivationTime = 2'000'000;  ///< microseconds
+constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a request to all ECUs
+constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
+constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
+constexpr const char* kObd = "OBD-II";
 
 /// Requests to a group of ECUs are answered by each in its own name.
 bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
+
+/// The supported PIDs (service 01, PID 00), or the word that they follow.
+bool offersObd(std::span<const std::uint8_t> response) {
+  return (response.size() >= 2 && response[0] == 0x41 && response[1] == 0x00) ||
+         (response.size() >= 3 && response[0] == 0x7F && response[1] == 0x01 && response[2] == 0x78);
+}
 
 }  // namespace
 
@@ -161,7 +171,9 @@ void DoipLink::handle(const DoipMessage& message) {
       if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
       break;
     case DoipType::diagnosticRefused:
-      if (message.payload.size() > 4 && doipNumber(message.payload, 0) == target_)
+      // Some gateways refuse in their own name.
+      if (message.payload.size() > 4 && (doipNumber(message.payload, 0) == target_ ||
+                                         (doipNumber(message.payload, 0) == gateway_ && target_ != 0)))
         throw EcuUnreachable(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
       break;
     default:
@@ -170,8 +182,50 @@ void DoipLink::handle(const DoipMessage& message) {
 }
 
 std::vector<LinkTarget> DoipLink::findEcus() {
-  if (!settings_.ecu) return {};
-  return {LinkTarget{*settings_.ecu, "OBD-II"}};
+  // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
+  constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};
+  if (settings_.ecu) return {LinkTarget{*settings_.ecu, kObd}};
+  std::set<std::uint16_t> found;
+  for (const std::uint16_t group : kGroups)
+    if (found.empty()) askForObd(group, clock_.microseconds() + kGroupTime, found);
+  if (found.empty()) askNeighbours(found);
+  if (found.empty())
+    throw EcuUnreachable(1, "DoipLink",
+                         settings_.host +
+                             ": the gateway knows no ECU that offers OBD data; is the ignition "
+                             "on? ?ecu= in the link names the address of one");
+  std::vector<LinkTarget> ecus;
+  for (const std::uint16_t address : found) ecus.push_back({address, kObd});
+  return ecus;
+}
+
+/// Asks one ECU, or a group, and notes who answers.
+void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
+  constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
+  unanswered_ = false;  // an answer that comes late is one of those that are looked for
+  send({address, kObd}, kSupportedPids);
+  try {
+    do {
+      const auto message = nextMessage(deadline);
+      if (!message) return;
+      if (message->type != DoipType::diagnostic || message->payload.size() <= 4) continue;
+      const std::uint16_t source = doipNumber(message->payload, 0).value_or(0);
+      if (offersObd(message->payload.subspan(4))) found.insert(source);
+      if (source == address) return;
+    } while (clock_.microseconds() < deadline);
+  } catch (const EcuUnreachable&) {
+    // There is none at this address.
+  }
+}
+
+/// The addresses that share the upper byte with the gateway's, its own first.
+void DoipLink::askNeighbours(std::set<std::uint16_t>& found) {
+  const std::int64_t last = clock_.microseconds() + kNeighboursTime;
+  for (unsigned i = 0; i < 0x100 && clock_.microseconds() < last; ++i) {
+    const auto address = static_cast<std::uint16_t>((gateway_ & 0xFF00) | ((gateway_ + i) & 0xFF));
+    if (address != 0 && address != settings_.tester)
+      askForObd(address, clock_.microseconds() + kNeighbourTime, found);
+  }
 }
 
 }  // namespace tarnlog::host

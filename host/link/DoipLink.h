@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,9 @@ class DoipLink : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
-  /// The ECU of the settings, where they name one.
+  /// The ECU of the settings, where they name one. Else the ECUs that answer a request to all of them, and
+  /// where the gateway passes none on, those that answer at addresses near its own. EcuUnreachable when there
+  /// is none.
   std::vector<LinkTarget> findEcus() override;
 
  private:
@@ -44,6 +47,8 @@ class DoipLink : public Link {
   bool isGranted(std::span<const std::uint8_t> activation) const;
   bool speaksOtherVersion(const DoipMessage& refusal) const;
   void dropLateAnswers();
+  void askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found);
+  void askNeighbours(std::set<std::uint16_t>& found);
   std::optional<DoipMessage> nextMessage(std::int64_t deadline);
   void handle(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;

@@ -18,6 +18,8 @@ namespace {
 
 // An adapter knows sooner that an ECU is silent; this is for slow adapters.
 constexpr std::chrono::milliseconds kTimeout{3000};
+// Where nobody knows which ECUs there are, most addresses are silent.
+constexpr std::chrono::milliseconds kProbeTimeout{500};
 constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
 constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::uint8_t kEngineSpeed = 0x0C;
@@ -37,25 +39,58 @@ struct FoundEcu {
   Pids pids;
 };
 
+/// Asks ECU after ECU what it offers.
+class Search {
+ public:
+  Search(Link& link, LinkClock& clock) : conversation_(link, clock, kPendingTimeout) {}
+
+  /// After a failure the conversation opens the link anew.
+  std::vector<FoundEcu> findPatiently() {
+    for (int attempt = 1;; ++attempt) {
+      try {
+        return findEcus();
+      } catch (const EcuUnreachable&) {
+        throw;
+      } catch (const TarnError&) {
+        if (attempt == kAttempts) throw;
+      }
+    }
+  }
+  /// Why an ECU was not reached; empty when all were.
+  const std::string& obstacle() const { return obstacle_; }
+
+ private:
+  std::vector<FoundEcu> findEcus();
+  Pids askPids(const LinkTarget& target, std::chrono::milliseconds timeout);
+  Link::Bytes askMask(const LinkTarget& target, std::uint8_t mask, std::chrono::milliseconds timeout);
+
+  Conversation conversation_;
+  std::string obstacle_;
+};
+
 /// The four bytes of a mask; empty when the ECU gives none.
-Link::Bytes askMask(Conversation& conversation, const LinkTarget& target, std::uint8_t mask) {
+Link::Bytes Search::askMask(const LinkTarget& target, std::uint8_t mask, std::chrono::milliseconds timeout) {
   constexpr std::size_t kLength = 6;
   const Link::Bytes request{kCurrentData, mask};
   Link::Bytes response;
-  for (int attempt = 0; attempt < 2; ++attempt) {
-    const auto outcome = conversation.exchange(target, request, kTimeout, response);
-    if (outcome == Conversation::Outcome::refused) return {};
-    if (outcome == Conversation::Outcome::answered && response.size() >= kLength)
-      return {response.begin() + 2, response.begin() + kLength};
+  try {
+    for (int attempt = 0; attempt < 2; ++attempt) {
+      const auto outcome = conversation_.exchange(target, request, timeout, response);
+      if (outcome == Conversation::Outcome::refused) return {};
+      if (outcome == Conversation::Outcome::answered && response.size() >= kLength)
+        return {response.begin() + 2, response.begin() + kLength};
+    }
+  } catch (const EcuUnreachable& error) {
+    obstacle_ = error.description();
   }
   return {};
 }
 
 /// The most significant bit of the first byte stands for the PID behind the mask's own.
-Pids askPids(Conversation& conversation, const LinkTarget& target) {
+Pids Search::askPids(const LinkTarget& target, std::chrono::milliseconds timeout) {
   Pids pids;
   for (int mask = 0; mask < 0x100; mask += kPidsPerMask) {
-    const Link::Bytes bits = askMask(conversation, target, static_cast<std::uint8_t>(mask));
+    const Link::Bytes bits = askMask(target, static_cast<std::uint8_t>(mask), timeout);
     if (bits.empty()) break;
     for (int i = 0; i < kPidsPerMask; ++i) {
       const int pid = mask + i + 1;
@@ -64,33 +99,23 @@ Pids askPids(Conversation& conversation, const LinkTarget& target) {
         pids.push_back(static_cast<std::uint8_t>(pid));
     }
     if ((bits.back() & 1U) == 0) break;
+    timeout = kTimeout;
   }
   return pids;
 }
 
-std::vector<FoundEcu> findEcus(Conversation& conversation) {
-  std::vector<LinkTarget> targets = conversation.findEcus();
+std::vector<FoundEcu> Search::findEcus() {
+  std::vector<LinkTarget> targets = conversation_.findEcus();
+  const auto timeout = targets.empty() ? kProbeTimeout : kTimeout;
   if (targets.empty())
     for (std::int32_t address = kFirstEcu; address <= kLastEcu; ++address)
       targets.push_back({address, "OBD-II"});
   std::vector<FoundEcu> ecus;
   for (const LinkTarget& target : targets) {
-    Pids pids = askPids(conversation, target);
+    Pids pids = askPids(target, timeout);
     if (!pids.empty()) ecus.push_back({target, std::move(pids)});
   }
   return ecus;
-}
-
-/// After a failure the conversation opens the link anew.
-std::vector<FoundEcu> findPatiently(Link& link, LinkClock& clock) {
-  Conversation conversation(link, clock, kPendingTimeout);
-  for (int attempt = 1;; ++attempt) {
-    try {
-      return findEcus(conversation);
-    } catch (const TarnError&) {
-      if (attempt == kAttempts) throw;
-    }
-  }
 }
 
 bool isGearbox(std::int32_t address) {
@@ -148,9 +173,12 @@ EcuDescription describe(const FoundEcu& found, const std::vector<EcuDescription>
 }  // namespace
 
 VehicleDescription scanObdVehicle(Link& link, LinkClock& clock) {
-  const std::vector<FoundEcu> found = findPatiently(link, clock);
+  Search search(link, clock);
+  const std::vector<FoundEcu> found = search.findPatiently();
   if (found.empty())
-    throw TarnError(1, "ObdScan", "no ECU offers current data (OBD service 01): is the ignition on?");
+    throw TarnError(1, "ObdScan",
+                    "no ECU offers current data (OBD service 01): " +
+                        (search.obstacle().empty() ? "is the ignition on?" : search.obstacle()));
   VehicleDescription vehicle;
   vehicle.name = "OBD car";
   vehicle.pendingTimeout = kPendingTimeout;

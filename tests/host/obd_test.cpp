@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "host/link/DoipLink.h"
 #include "host/link/Elm327Link.h"
 #include "host/link/OpenLink.h"
 #include "host/link/TraceLink.h"
@@ -7,7 +8,9 @@
 #include "host/vehicle/ObdPids.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/DoipPeer.h"
 #include "tests/support/Elm327Peer.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/PeerStream.h"
 
@@ -190,6 +193,67 @@ TEST(Obd, SaysWhyThereIsNoCar) {
   EXPECT_THAT(failure(other), HasSubstr("no ECU offers current data (OBD service 01)"));
   Car without;
   EXPECT_THROW(openVehicle(std::string(kObdCar), without.files, {}, without.clock, {}), TarnError);
+}
+
+/// The same car behind a gateway.
+struct DoipCar {
+  DoipCar() {
+    peer.ecus[0x1001] = {{"0100", {"7F0178", "410000180000"}}, {"010C", {"410C1AF8"}}, {"010D", {"410D20"}}};
+    peer.ecus[0x1003] = {{"0100", {"410000080000"}}, {"010D", {"410D21"}}};
+    peer.ecus[0x1004] = {{"0100", {"7F0111"}}};  // an ECU without OBD data
+    peer.ecus[0x1005] = {};                      // and one that never says anything
+  }
+
+  std::unique_ptr<Link> makeLink(std::optional<std::uint16_t> ecu = std::nullopt) {
+    DoipSettings settings{.host = "car", .ecu = ecu};
+    const auto connect = [this](const std::string&, std::uint16_t) {
+      return std::make_unique<test::PeerStream>([this](std::string_view text) { return peer.accept(text); },
+                                                clock);
+    };
+    return std::make_unique<DoipLink>(settings, connect, clock);
+  }
+  /// What it offers, or why nothing.
+  std::string offered(std::unique_ptr<Link> link) {
+    std::string text;
+    const std::string failure = test::failureOf([&] {
+      const auto vehicle = openVehicle(std::string(kObdCar), files, {}, clock, {}, std::move(link));
+      for (const std::string& line : offer(vehicle->session())) text += line + "; ";
+    });
+    return failure == "none" ? text : failure;
+  }
+
+  test::ManualLinkClock clock;
+  test::MemoryFileSystem files;
+  test::DoipPeer peer;
+};
+
+TEST(Obd, FindsTheEcusBehindAGateway) {
+  const std::string all =
+      "Engine/PID 0C/Engine speed; Engine/PID 0D/Vehicle speed; ECU 1003/PID 0D/Vehicle speed; ";
+  DoipCar car;
+  EXPECT_EQ(car.offered(car.makeLink()), all) << "address by address: this gateway has no group";
+  EXPECT_LT(car.clock.microseconds(), 5'000'000);
+  car.peer.groups = {0xE000};
+  car.peer.heard.clear();
+  EXPECT_EQ(car.offered(car.makeLink()), all);
+  EXPECT_THAT(car.peer.heard, Not(Contains("1005 0100")));
+  // One that is switched off leaves the others.
+  car.peer.groups.clear();
+  car.peer.unreachable = {0x1001};
+  EXPECT_EQ(car.offered(car.makeLink()), "ECU 1003/PID 0D/Vehicle speed; ");
+  EXPECT_EQ(car.offered(car.makeLink(0x1003)), "ECU 1003/PID 0D/Vehicle speed; ");
+  EXPECT_EQ(
+      car.offered(car.makeLink(0x1001)),
+      "no ECU offers current data (OBD service 01): car: the ECU cannot be reached; is the ignition on?");
+  car.peer.unreachable = {0x1001, 0x1003};
+  EXPECT_THAT(car.offered(car.makeLink()), HasSubstr("the gateway knows no ECU that offers OBD data"));
+
+  // Each is asked at its own address afterwards.
+  car.peer.unreachable.clear();
+  const auto vehicle = openVehicle(std::string(kObdCar), car.files, {}, car.clock, {}, car.makeLink());
+  ferrox3::Request& speed = vehicle->session().ecu(1).request(0);
+  speed.send();
+  EXPECT_EQ(speed.data(0).valueText(), "33");
 }
 
 /// Of the standard's examples and limits: PID, bytes behind it, position of the datum, its value.

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/link/HexText.h"
+
+namespace tarnlog::test {
+
+/// The gateway of a car with diagnostics over IP (ISO 13400-2), written from the standard: takes the bytes of
+/// the tester and gives its own. All messages are hexadecimal text without blanks.
+class DoipPeer {
+ public:
+  /// Of each ECU: its answers by request. A request that is not among them is answered by nothing.
+  std::map<std::uint16_t, std::map<std::string, std::vector<std::string>>> ecus;
+  std::set<std::uint16_t> groups;       ///< addresses that all ECUs listen to
+  std::set<std::uint16_t> unreachable;  ///< ECUs that the gateway knows, but that are switched off
+  std::uint16_t address = 0x1000;       ///< the gateway's own
+  std::vector<std::string> heard;       ///< "1001 0100" of every diagnostic message
+
+  std::string accept(std::string_view bytes) {
+    in_ += bytes;
+    std::string out;
+    while (in_.size() >= 8) {
+      const std::size_t length = 8 + (number(6) | number(4) << 16);
+      if (in_.size() < length) break;
+      out += answer(number(2), length);
+      in_.erase(0, length);
+    }
+    return out;
+  }
+
+ private:
+  unsigned number(std::size_t at) const {
+    return static_cast<unsigned>(static_cast<std::uint8_t>(in_[at])) << 8 |
+           static_cast<std::uint8_t>(in_[at + 1]);
+  }
+
+  static std::string message(unsigned type, const std::string& payload) {
+    std::string hex =
+        "02FD" + hex16(type) + "0000" + hex16(static_cast<unsigned>(payload.size() / 2)) + payload;
+    const auto bytes = *host::bytesFromHex(hex);
+    return {bytes.begin(), bytes.end()};
+  }
+  static std::string hex16(unsigned value) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text;
+    for (int shift = 12; shift >= 0; shift -= 4) text += kDigits[value >> shift & 15];
+    return text;
+  }
+
+  std::string answer(unsigned type, std::size_t length) {
+    if (type == 0x0005) return message(0x0006, hex16(number(8)) + hex16(address) + "1000000000");
+    if (type != 0x8001) return {};
+    const std::string tester = hex16(number(8));
+    const auto target = static_cast<std::uint16_t>(number(10));
+    std::string request;
+    for (std::size_t i = 12; i < length; ++i) request += hex16(static_cast<std::uint8_t>(in_[i])).substr(2);
+    heard.push_back(hex16(target) + " " + request);
+    const bool toAll = groups.contains(target);
+    if (!toAll && !ecus.contains(target)) return message(0x8003, hex16(target) + tester + "03");
+    if (unreachable.contains(target)) return message(0x8003, hex16(target) + tester + "06");
+    std::string out = message(0x8002, hex16(target) + tester + "00");
+    for (auto& [ecu, answers] : ecus)
+      if (ecu == target || (toAll && !unreachable.contains(ecu)))
+        for (const std::string& each : answers[request]) out += message(0x8001, hex16(ecu) + tester + each);
+    return out;
+  }
+
+  std::string in_;
+};
+
+}  // namespace tarnlog::test

@@ -49,7 +49,7 @@ class DescriptorStream : public ByteStream {
   /// Raises a TarnError: the connection's name and the text.
   [[noreturn]] void fail(const std::string& text) const;
   /// The same with the system's text for an error number.
-  [[noreturn]] void failWith(int error) const;
+  [[noreturn]] virtual void failWith(int error) const;
 
  private:
   std::string name_;

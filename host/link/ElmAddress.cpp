@@ -56,6 +56,7 @@ ElmAddress toAll(ElmBus bus) {
 
 ElmAddress on11Bits(const LinkTarget& target, bool obd) {
   const auto identifier = static_cast<std::uint32_t>(target.address);
+  if (CanPair{identifier, 0}.isForAll()) return toAll(ElmBus::can11);
   if (target.address <= kHighestByte || identifier > kHighest11Bits) {
     if (obd) return toAll(ElmBus::can11);
     refuse(target, "a CAN identifier from 0x100 to 0x7FF");

@@ -77,8 +77,13 @@ IsoTpReceiver::Result IsoTpReceiver::acceptConsecutive(std::span<const std::uint
     reset();
     return {.complete = false, .reply = {}, .fault = "a frame was lost"};
   }
+  const std::size_t count = std::min<std::size_t>(7, expected_ - message_.size());
+  if (frame.size() < 1 + count) {
+    reset();
+    return {.complete = false, .reply = {}, .fault = "a frame was cut short"};
+  }
   sequence_ = (sequence_ + 1) & 0x0F;
-  take(frame.subspan(1, std::min(frame.size() - 1, expected_ - message_.size())));
+  take(frame.subspan(1, count));
   if (message_.size() < expected_) return {};
   expected_ = 0;
   return {.complete = true, .reply = {}, .fault = {}};

@@ -1,5 +1,7 @@
 #include "host/link/IsoTpLink.h"
 
+#include <array>
+
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -40,8 +42,35 @@ bool IsoTpLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
 }
 
 std::vector<LinkTarget> IsoTpLink::findEcus() {
-  if (!pair_) return {};
-  return {LinkTarget{static_cast<std::int32_t>(pair_->transmit), "OBD-II"}};
+  if (!pair_) {
+    // ISO 15765-4: eight ECUs with 11 bits. SAE J2178: engine and transmission controllers.
+    auto ecus = findEcus(0x7DF, 0x7E0, 8);
+    return ecus.empty() ? findEcus(0x18DB33F1, 0x10, 16) : ecus;
+  }
+  return {LinkTarget{static_cast<std::int32_t>(pair_->ownRequests()), "OBD-II"}};
+}
+
+/// All ears are open before the question is asked.
+std::vector<LinkTarget> IsoTpLink::findEcus(std::uint32_t everybody, std::int32_t first, int count) {
+  constexpr std::int64_t kPatience = 500'000;  // microseconds; ISO 15765-4 gives an ECU 50 ms
+  constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
+  struct Ear {
+    std::int32_t address;
+    std::unique_ptr<ByteStream> stream;
+  };
+  std::vector<Ear> ears;
+  for (std::int32_t address = first; address < first + count; ++address) {
+    ears.push_back({address, connect_(CanPair{everybody, CanPair::ofEcu(address).receive})});
+    ears.back().stream->setIdleHook([this] { idle(); });
+    ears.back().stream->open();
+  }
+  ears.front().stream->write(kSupportedPids);
+  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  std::vector<LinkTarget> ecus;
+  Bytes answer(IsoTpReceiver::kLongest);
+  for (const Ear& ear : ears)
+    if (ear.stream->read(answer, deadline) > 0) ecus.push_back({ear.address, "OBD-II"});
+  return ecus;
 }
 
 }  // namespace tarnlog::host

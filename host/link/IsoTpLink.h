@@ -27,12 +27,14 @@ class IsoTpLink : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
-  /// The ECU of the pair that every request is for, where there is one.
+  /// The ECU of the pair that every request is for, where there is one; else those that answer a request to
+  /// all of them, with identifiers of 11 bits, or else of 29.
   std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
 
  private:
   ByteStream& streamOf(CanPair pair);
+  std::vector<LinkTarget> findEcus(std::uint32_t everybody, std::int32_t first, int count);
 
   std::optional<CanPair> pair_;
   Connect connect_;

@@ -11,6 +11,7 @@ namespace {
 constexpr std::int64_t kFlowControlTime = 1'000'000;   ///< microseconds, N_Bs of ISO 15765-2
 constexpr std::int64_t kNextFrameTime = 1'000'000;     ///< microseconds, N_Cr
 constexpr std::int64_t kLongResponseTime = 5'000'000;  ///< microseconds for all frames behind the first
+constexpr std::size_t kLongestSingle = 7;              ///< bytes in a single frame
 constexpr int kMostWaits = 20;                         ///< flow controls that say "wait"
 constexpr int kMostLate = 1000;                        ///< frames that are dropped before a request
 
@@ -20,6 +21,8 @@ bool isWait(std::span<const std::uint8_t> frame) { return !frame.empty() && fram
 
 CanPair CanPair::ofEcu(std::int32_t address) {
   const auto id = static_cast<std::uint32_t>(address);
+  if (CanPair{id, 0}.isForAll())
+    throw EcuUnreachable(1, "CanPair", "all ECUs listen to this address; tx and rx of the link name one");
   if (id >= 0x700 && id <= 0x7F7) return {id, id + 8};
   if (id <= 0xFF) return {0x18DA00F1 | id << 8, 0x18DAF100 | id};
   if ((id & 0xFFFF00FF) == 0x18DA00F1) return ofEcu(static_cast<std::int32_t>(id >> 8 & 0xFF));
@@ -28,8 +31,15 @@ CanPair CanPair::ofEcu(std::int32_t address) {
                            std::to_string(address));
 }
 
-IsoTpStream::IsoTpStream(std::unique_ptr<CanPort> port, LinkClock& clock)
-    : port_(std::move(port)), clock_(clock) {
+std::uint32_t CanPair::ownRequests() const {
+  if (!isForAll()) return transmit;
+  // Of 29 bits, the last two bytes are receiver and sender.
+  return receive > 0x7FF ? (receive & 0xFFFF0000) | (receive & 0xFF) << 8 | (receive >> 8 & 0xFF)
+                         : receive - 8;
+}
+
+IsoTpStream::IsoTpStream(std::unique_ptr<CanPort> port, CanPair pair, LinkClock& clock)
+    : port_(std::move(port)), pair_(pair), clock_(clock) {
   port_->setIdleHook([this] { idle(); });
 }
 
@@ -43,6 +53,8 @@ void IsoTpStream::close() { port_->close(); }
 void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
   receiver_.reset();
   sender_.start(bytes);
+  if (pair_.isForAll() && bytes.size() > kLongestSingle)
+    throw EcuUnreachable(1, "IsoTpStream", "a request to all ECUs has 7 bytes at most");
   // What comes after its time is not the answer to this request.
   CanPayload late;
   for (int i = 0; i < kMostLate && port_->receive(late, clock_.microseconds()); ++i) {
@@ -52,7 +64,7 @@ void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
     // What arrives meanwhile answers an earlier request.
     for (CanPayload old; clock_.microseconds() < sender_.due() && port_->receive(old, sender_.due());) {
     }
-    if (const auto frame = sender_.next(clock_.microseconds())) port_->send(*frame);
+    if (const auto frame = sender_.next(clock_.microseconds())) port_->send(pair_.transmit, *frame);
   }
 }
 
@@ -81,7 +93,7 @@ std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadlin
         receiver_.isUnderWay() ? std::min(clock_.microseconds() + kNextFrameTime, last) : deadline;
     if (!port_->receive(frame, limit)) return 0;
     const IsoTpReceiver::Result result = receiver_.accept(frame.bytes());
-    if (result.reply) port_->send(*result.reply);
+    if (result.reply) port_->send(pair_.ownRequests(), *result.reply);
     if (result.complete) {
       const auto& message = receiver_.message();
       const std::size_t count = std::min(message.size(), into.size());

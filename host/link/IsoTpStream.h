@@ -8,11 +8,12 @@
 namespace tarnlog::host {
 
 /// Messages of one pair over single CAN frames: each write is one request, each read one whole response. The
-/// deadline is one for the first frame of a response; the others may take up to 5 s more.
+/// deadline is one for the first frame of a response; the others may take up to 5 s more. A request to all
+/// ECUs has to fit into one frame; EcuUnreachable else.
 class IsoTpStream : public ByteStream {
  public:
   /// The clock must outlive the stream.
-  IsoTpStream(std::unique_ptr<CanPort> port, LinkClock& clock);
+  IsoTpStream(std::unique_ptr<CanPort> port, CanPair pair, LinkClock& clock);
 
   void open() override;
   void close() override;
@@ -23,6 +24,7 @@ class IsoTpStream : public ByteStream {
   void awaitFlowControl();
 
   std::unique_ptr<CanPort> port_;
+  CanPair pair_;
   LinkClock& clock_;
   IsoTpSender sender_;
   IsoTpReceiver receiver_;

@@ -102,6 +102,7 @@ std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
   const auto receive = identifier(url, "rx");
   if (transmit.has_value() != receive.has_value())
     url.expected(transmit ? "rx" : "tx", "both tx and rx, or none of them", "");
+  if (transmit && *transmit == *receive) url.expected("rx", "another identifier than tx", *url.option("rx"));
   const auto pair = transmit ? std::optional(CanPair{*transmit, *receive}) : std::nullopt;
   const auto connect = [interface, &clock](CanPair ids) {
     return makeSocketCanStream(interface, ids, clock);

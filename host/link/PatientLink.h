@@ -17,6 +17,8 @@ class PatientLink : public Link {
   auto watched(Step&& step) {
     try {
       return std::forward<Step>(step)();
+    } catch (const EcuUnreachable&) {
+      throw;
     } catch (const TarnError&) {
       backOff_.failed();
       throw;

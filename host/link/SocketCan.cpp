@@ -13,6 +13,7 @@
 
 #include "host/link/DescriptorStream.h"
 #include "host/link/IsoTpStream.h"
+#include "host/link/Link.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -28,11 +29,22 @@ class CanSocket : public DescriptorStream {
 
  protected:
   const CanPair& pair() const { return pair_; }
-  std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override {
-    const std::ptrdiff_t written = DescriptorStream::writeSome(bytes);
-    if (written < 0 && errno == ENOBUFS)
-      fail("nobody on the CAN bus takes the frames; is it plugged in, the ignition on, the bit rate right?");
-    return written;
+  [[noreturn]] void failWith(int error) const override {
+    switch (error) {
+      case ENOBUFS:
+        fail(
+            "nobody on the CAN bus takes the frames; is it plugged in, the ignition on, the bit rate right?");
+      case ENETDOWN:
+        fail("the CAN interface is down; \"sudo ip link set " + interface_ +
+             " up type can bitrate 500000\" starts it");
+      case ENODEV:
+      case ENXIO:
+        fail("the CAN interface is gone; is its adapter plugged in?");
+      case EAFNOSUPPORT:
+        fail("this system has no CAN: the kernel lacks SocketCAN, or \"sudo modprobe can_raw\" loads it");
+      default:
+        DescriptorStream::failWith(error);
+    }
   }
   /// False when the kernel lacks the protocol.
   bool openSocket(int type, int protocol) {
@@ -41,7 +53,6 @@ class CanSocket : public DescriptorStream {
       setDescriptor(std::move(socket));
       return true;
     }
-    if (errno == EAFNOSUPPORT) fail("this system has no CAN (the kernel lacks SocketCAN)");
     if (errno != EPROTONOSUPPORT) failWith(errno);
     return false;
   }
@@ -50,7 +61,6 @@ class CanSocket : public DescriptorStream {
     address.can_ifindex = static_cast<int>(::if_nametoindex(interface_.c_str()));
     if (address.can_ifindex == 0) fail("there is no such CAN interface; \"ip link\" lists them");
     if (::bind(descriptor(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
-      if (errno == ENETDOWN) fail("the CAN interface is down; \"ip link set ... up\" starts it");
       failWith(errno);
     }
   }
@@ -65,7 +75,8 @@ class RawPort : public CanPort, private CanSocket {
   using CanSocket::CanSocket;
 
   void open() override {
-    if (!openSocket(SOCK_RAW, CAN_RAW)) fail("the kernel lacks CAN_RAW");
+    if (!openSocket(SOCK_RAW, CAN_RAW))
+      fail("the kernel lacks CAN_RAW, or \"sudo modprobe can_raw\" loads it");
     const can_filter filter{identifier(pair().receive), CAN_EFF_FLAG | CAN_RTR_FLAG | CAN_EFF_MASK};
     ::setsockopt(descriptor(), SOL_CAN_RAW, CAN_RAW_FILTER, &filter, sizeof filter);
     bindTo({});
@@ -73,9 +84,9 @@ class RawPort : public CanPort, private CanSocket {
   void close() override { CanSocket::close(); }
   void setIdleHook(std::function<void()> hook) override { CanSocket::setIdleHook(std::move(hook)); }
 
-  void send(const CanPayload& payload) override {
+  void send(std::uint32_t to, const CanPayload& payload) override {
     can_frame frame{};
-    frame.can_id = identifier(pair().transmit);
+    frame.can_id = identifier(to);
     frame.len = static_cast<std::uint8_t>(payload.bytes().size());
     std::memcpy(frame.data, payload.bytes().data(), payload.bytes().size());
     write(std::span(reinterpret_cast<const std::uint8_t*>(&frame), sizeof frame));
@@ -118,6 +129,23 @@ class KernelStream : public CanSocket {
     });
     CanSocket::write(bytes);
   }
+
+ protected:
+  /// What the protocol itself went wrong with says nothing about the interface.
+  [[noreturn]] void failWith(int error) const override {
+    switch (error) {
+      case ECOMM:
+        throw EcuUnreachable(1, "Link", "the ECU does not take the rest of a long request (no flow control)");
+      case EMSGSIZE:
+        throw EcuUnreachable(1, "Link", "the ECU refuses a request of this length");
+      case ETIMEDOUT:
+      case EILSEQ:
+      case EBADMSG:
+        throw EcuUnreachable(1, "Link", "the answer of the ECU broke off");
+      default:
+        CanSocket::failWith(error);
+    }
+  }
 };
 
 /// Decides when it is opened who cuts the messages.
@@ -128,10 +156,11 @@ class SocketCanStream : public ByteStream {
 
   void open() override {
     auto kernel = std::make_unique<KernelStream>(interface_, pair_, clock_);
-    if (kernel->tryOpen()) {
+    // The kernel would send flow control to all ECUs, too.
+    if (!pair_.isForAll() && kernel->tryOpen()) {
       stream_ = std::move(kernel);
     } else {
-      stream_ = std::make_unique<IsoTpStream>(makeSocketCanPort(interface_, pair_, clock_), clock_);
+      stream_ = std::make_unique<IsoTpStream>(makeSocketCanPort(interface_, pair_, clock_), pair_, clock_);
       stream_->open();
     }
     stream_->setIdleHook([this] { idle(); });

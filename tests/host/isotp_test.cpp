@@ -36,6 +36,9 @@ TEST(IsoTpReceiver, GivesUpWhatIsNotWhole) {
   receiver.accept(bytes("10 14 49 02 01 31 44 34"));
   EXPECT_EQ(receiver.accept(bytes("22 47 50 30 30 52 35 35")).fault, "a frame was lost");
   EXPECT_FALSE(receiver.accept(bytes("21 47 50 30 30 52 35 35")).complete);
+  receiver.accept(bytes("10 14 49 02 01 31 44 34"));
+  EXPECT_EQ(receiver.accept(bytes("21 47 50 30 30")).fault, "a frame was cut short");
+  EXPECT_FALSE(receiver.isUnderWay());
   // Without an end in sight: refused, so that nothing grows.
   EXPECT_EQ(text(receiver.accept(bytes("10 00 00 01 00 00 49 02")).reply), "32 00 00 CC CC CC CC CC");
   // A new message replaces one that never ended.
@@ -93,7 +96,7 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
             static_cast<std::uint8_t>(pair.receive >> 24),  static_cast<std::uint8_t>(pair.receive >> 16),
             static_cast<std::uint8_t>(pair.receive >> 8),   static_cast<std::uint8_t>(pair.receive)};
         pairs.push_back(hexText(ids));
-        return std::make_unique<IsoTpStream>(std::make_unique<test::ScriptedBus>(bus, clock), clock);
+        return std::make_unique<IsoTpStream>(std::make_unique<test::ScriptedBus>(bus, clock), pair, clock);
       },
       clock);
   link.open();
@@ -123,6 +126,52 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   bus.always = "21 00 00 00 00 00 00 00";  // a bus that is never quiet
   EXPECT_EQ(ask(0x7E0, "3E"), "");
   EXPECT_THROW(ask(0x7E0, "22 01 02 03 04 05 06 07"), TarnError);
+}
+
+/// A link over these frames; one bus for all pairs.
+IsoTpLink linkOver(std::optional<CanPair> pair, test::ScriptedBus::Log& bus, test::ManualLinkClock& clock) {
+  return {pair,
+          [&](CanPair each) {
+            return std::make_unique<IsoTpStream>(
+                std::make_unique<test::ScriptedBus>(bus, clock, each.receive), each, clock);
+          },
+          clock};
+}
+
+TEST(IsoTpLink, TalksToTheOneThatAnswersARequestToAll) {
+  const auto identifiersFor = [](CanPair pair) {
+    test::ManualLinkClock clock;
+    test::ScriptedBus::Log bus;
+    bus.script["02 09 02 CC CC CC CC CC"] = {"10 0A 49 02 01 31 44 34"};
+    bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30"};
+    IsoTpLink link = linkOver(pair, bus, clock);
+    link.open();
+    link.send({}, bytes("09 02"));
+    Link::Bytes answer;
+    EXPECT_TRUE(link.receive(answer, std::chrono::milliseconds(50)));
+    EXPECT_EQ(hexText(answer), "49 02 01 31 44 34 47 50 30 30");
+    EXPECT_THROW(link.send({}, bytes("2E F1 90 01 02 03 04 05")), EcuUnreachable);  // more than a frame
+    return std::vector(bus.identifiers.begin(), bus.identifiers.end());
+  };
+  EXPECT_THAT(identifiersFor({0x7DF, 0x7E9}), testing::ElementsAre(0x7DF, 0x7E1));
+  EXPECT_THAT(identifiersFor({0x18DB33F1, 0x18DAF110}), testing::ElementsAre(0x18DA10F1, 0x18DB33F1));
+}
+
+TEST(IsoTpLink, FindsTheEcusThatAnswerARequestToAll) {
+  test::ManualLinkClock clock;
+  test::ScriptedBus::Log bus;
+  const auto found = [&] {
+    bus.identifiers.clear();
+    std::vector<std::int32_t> addresses;
+    for (const LinkTarget& ecu : linkOver({}, bus, clock).findEcus()) addresses.push_back(ecu.address);
+    return addresses;
+  };
+  bus.spoken = {{0x7E8, "06 41 00 BE 3F A8 13"}, {0x7EA, "03 7F 01 78"}};
+  EXPECT_THAT(found(), testing::ElementsAre(0x7E0, 0x7E2));
+  bus.spoken = {{0x18DAF110, "06 41 00 BE 3F A8 13"}, {0x18DAF11D, "06 41 00 00 08 00 00"}};
+  EXPECT_THAT(found(), testing::ElementsAre(0x10, 0x1D));
+  bus.spoken.clear();
+  EXPECT_THAT(found(), testing::IsEmpty());
 }
 
 }  // namespace

@@ -91,8 +91,8 @@ TEST(Links, ARecordingOverCanHoldsWhatTheCarSent) {
   recipe.makeLink = [&bus](ManualLinkClock& clock) {
     return std::make_unique<host::IsoTpLink>(
         std::nullopt,
-        [&](host::CanPair) {
-          return std::make_unique<host::IsoTpStream>(std::make_unique<ScriptedBus>(bus, clock), clock);
+        [&](host::CanPair pair) {
+          return std::make_unique<host::IsoTpStream>(std::make_unique<ScriptedBus>(bus, clock), pair, clock);
         },
         clock);
   };

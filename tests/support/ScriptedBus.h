@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,20 +20,27 @@ class ScriptedBus : public host::CanPort {
  public:
   struct Log {
     std::vector<std::string> heard;
+    std::set<std::uint32_t> identifiers;                     ///< of our frames
     std::map<std::string, std::vector<std::string>> script;  ///< frame heard, frames sent
     std::string always;                                      ///< a frame that never ends coming
     std::int64_t frameTime = 100;                            ///< microseconds
+    /// By identifier: what one ECU of several says to a request to all.
+    std::map<std::uint32_t, std::string> spoken;
   };
-  ScriptedBus(Log& log, ManualLinkClock& clock) : log_(log), clock_(clock) {}
+  /// `ear` is the identifier that it hears.
+  ScriptedBus(Log& log, ManualLinkClock& clock, std::uint32_t ear = 0)
+      : log_(log), clock_(clock), ear_(ear) {}
 
   void open() override {}
   void close() override {}
   void setIdleHook(std::function<void()> /*hook*/) override {}
-  void send(const host::CanPayload& payload) override {
+  void send(std::uint32_t identifier, const host::CanPayload& payload) override {
+    log_.identifiers.insert(identifier);
     log_.heard.push_back(host::hexText(payload.bytes()));
     for (const std::string& frame : log_.script[log_.heard.back()]) coming_.push_back(frame);
   }
   bool receive(host::CanPayload& payload, std::int64_t deadline) override {
+    takeSpoken();
     if (coming_.empty() && log_.always.empty()) {
       clock_.step(std::max<std::int64_t>(0, deadline - clock_.microseconds()));
       return false;
@@ -44,8 +52,17 @@ class ScriptedBus : public host::CanPort {
   }
 
  private:
+  void takeSpoken() {
+    const std::uint32_t everybody = ear_ > 0x7FF ? 0x18DB33F1 : 0x7DF;
+    const auto own = log_.spoken.find(ear_);
+    if (own == log_.spoken.end() || !log_.identifiers.contains(everybody)) return;
+    coming_.push_back(own->second);
+    log_.spoken.erase(own);
+  }
+
   Log& log_;
   ManualLinkClock& clock_;
+  std::uint32_t ear_;
   std::deque<std::string> coming_;
 };
 

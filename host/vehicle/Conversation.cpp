@@ -1,5 +1,7 @@
 #include "host/vehicle/Conversation.h"
 
+#include <algorithm>
+
 #include "host/vehicle/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 
@@ -40,13 +42,30 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   response.clear();
   open();
   try {
-    link_.send(target, request);
-    const Outcome outcome = waitForResponse(request, timeout, response);
+    const Outcome outcome = ask(target, request, timeout, response);
     busy.finish();
     return outcome;
   } catch (const EcuUnreachable&) {
     busy.finish();
     throw;
+  }
+}
+
+Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                        milliseconds timeout, Link::Bytes& response) {
+  // ISO 14229-2: an ECU answers within 50 ms.
+  constexpr milliseconds kRefusalTime{100};
+  constexpr milliseconds kBusyPause{20};
+  const bool noAnswer = suppressesAnswer(target.protocol, request);
+  const microseconds last = microseconds(clock_.microseconds()) + timeout;
+  for (;;) {
+    link_.send(target, request);
+    const Outcome outcome =
+        waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
+    if (outcome == Outcome::silent && noAnswer) return Outcome::answered;
+    const microseconds again = microseconds(clock_.microseconds()) + kBusyPause;
+    if (outcome != Outcome::refused || !isBusy(response) || again >= last) return outcome;
+    clock_.waitUntil(again.count(), {});
   }
 }
 

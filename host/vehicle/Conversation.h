@@ -15,7 +15,7 @@ namespace tarnlog::host {
 class Conversation {
  public:
   enum class Outcome : std::uint8_t {
-    answered,     ///< `response` is the positive response
+    answered,     ///< `response` is the positive response, empty where the request asks for none
     refused,      ///< `response` is the negative response
     silent,       ///< no response in time
     onlyPending,  ///< "response pending" came, but not the response
@@ -24,8 +24,10 @@ class Conversation {
   /// `pendingTimeout` limits an exchange in which the ECU says "response pending".
   Conversation(Link& link, LinkClock& clock, std::chrono::milliseconds pendingTimeout);
 
-  /// Sends and waits for the response that belongs to it; responses to other requests are passed over. The
-  /// link's failures are TarnErrors, and so is an exchange begun while one is under way (by the idle hook).
+  /// Sends and waits for the response that belongs to it; responses to other requests are passed over. An ECU
+  /// that is busy is asked again until `timeout` is over; a request that asks for no answer counts as
+  /// answered when none came within 0.1 s. The link's failures are TarnErrors, and so is an exchange begun
+  /// while one is under way (by the idle hook).
   Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                    std::chrono::milliseconds timeout, Link::Bytes& response);
 
@@ -41,6 +43,8 @@ class Conversation {
  private:
   class Busy;
 
+  Outcome ask(const LinkTarget& target, std::span<const std::uint8_t> request,
+              std::chrono::milliseconds timeout, Link::Bytes& response);
   Outcome waitForResponse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                           Link::Bytes& response);
   void open();

@@ -88,6 +88,19 @@ std::size_t parameterBytes(std::uint8_t service) {
 
 }  // namespace
 
+bool isBusy(std::span<const std::uint8_t> response) {
+  return response.size() >= 3 && response[0] == kNegativeResponse && response[2] == kBusyRepeatRequest;
+}
+
+bool suppressesAnswer(std::string_view protocol, std::span<const std::uint8_t> request) {
+  constexpr std::uint8_t kTesterPresent = 0x3E;
+  constexpr std::array<std::uint8_t, 5> kWithSubFunction{0x10, 0x11, 0x28, kTesterPresent, 0x85};
+  if (request.size() < 2) return false;
+  if (protocol.starts_with("KWP")) return request[0] == kTesterPresent && request[1] == 0x02;
+  return protocol.starts_with("UDS") && (request[1] & 0x80) != 0 &&
+         std::find(kWithSubFunction.begin(), kWithSubFunction.end(), request[0]) != kWithSubFunction.end();
+}
+
 std::size_t repeatedBytes(std::span<const std::uint8_t> request) {
   return std::min(request.size(), 1 + parameterBytes(request[0]));
 }

@@ -9,6 +9,7 @@
 namespace tarnlog::host {
 
 inline constexpr std::uint8_t kNegativeResponse = 0x7F;
+inline constexpr std::uint8_t kBusyRepeatRequest = 0x21;
 inline constexpr std::uint8_t kResponsePending = 0x78;
 
 enum class ResponseClass : std::uint8_t {
@@ -21,6 +22,14 @@ enum class ResponseClass : std::uint8_t {
 constexpr std::uint8_t positiveService(std::uint8_t service) {
   return static_cast<std::uint8_t>(service + 0x40);
 }
+
+/// 7F, service, 21: the ECU has no time now and is to be asked again.
+bool isBusy(std::span<const std::uint8_t> response);
+
+/// The request asks for no positive answer: the sub-function's upper bit of UDS in sessions (10), resets
+/// (11), CommunicationControl (28), TesterPresent (3E) and ControlDTCSetting (85), or TesterPresent 02 of
+/// KWP2000.
+bool suppressesAnswer(std::string_view protocol, std::span<const std::uint8_t> request);
 
 /// Number of bytes that a positive response repeats from the request, the service id included: services 01
 /// (PID), 1A (option) and 21 (local identifier) repeat one byte of parameter, 22 (identifier) two. Never more

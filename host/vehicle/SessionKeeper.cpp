@@ -15,7 +15,8 @@ bool isSame(const LinkTarget& a, const LinkTarget& b) {
   return a.address == b.address && a.protocol == b.protocol;
 }
 
-/// 01 is the default session of UDS, 81 that of KWP2000: they need nobody to keep them open.
+/// 01 is the default session of UDS (81 without an answer), 81 that of KWP2000: they need nobody to keep them
+/// open.
 bool isDefault(std::uint8_t session) { return session == 0x01 || session == 0x81; }
 
 /// With a response, so that the line is free again when it has come.

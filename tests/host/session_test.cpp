@@ -128,6 +128,49 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
   EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: still pending after 1000 ms");
 }
 
+TEST(VehicleSession, ABusyEcuIsAskedAgain) {
+  Car car;
+  car.peer.script["21 80"] = {"7F 21 21"};
+  int asked = 0;
+  car.link.setIdleHook([&] {
+    if (++asked == 4) car.peer.script["21 80"] = {"7F 21 78", "61 80 00 08"};
+  });
+  EXPECT_EQ(car.sendError("Speeds"), "none");
+  EXPECT_EQ(car.text("Speed"), "2,0");
+  EXPECT_GE(car.peer.sent.size(), 3U);
+  car.link.setIdleHook({});
+  car.peer.script["21 80"] = {"7F 21 21"};
+  car.peer.sent.clear();
+  const auto before = car.clock.microseconds();
+  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80 refused: 7F 21 21 busy, repeat request");
+  EXPECT_LE(car.clock.microseconds() - before, 200'000);
+  EXPECT_LE(car.peer.sent.size(), 10U);
+}
+
+TEST(VehicleSession, ARequestThatAsksForNoAnswerGetsNone) {
+  Car car;
+  const auto request = car.session.createRawBuffer();
+  const auto response = car.session.createRawBuffer();
+  const auto exchange = [&](std::size_t ecu, const char* frame) {
+    request->fill(frame);
+    return test::failureOf([&] { car.session.ecu(ecu).exchange(*request, *response); });
+  };
+  EXPECT_EQ(exchange(1, "3E 80"), "none");
+  EXPECT_EQ(exchange(0, "3E 02"), "none");
+  EXPECT_EQ(exchange(1, "3E 00"), "Brakes: request 3E 00: no answer within 200 ms");
+  EXPECT_EQ(exchange(1, "22 80 00"), "Brakes: request 22 80 00: no answer within 200 ms");
+  EXPECT_EQ(exchange(0, "10 81"), "Engine: request 10 81: no answer within 200 ms");
+  car.peer.script["3E 80"] = {"7F 3E 7F"};
+  EXPECT_EQ(exchange(1, "3E 80"),
+            "Brakes: request 3E 80 refused: 7F 3E 7F service not supported in active session");
+  // Extended session without an answer: it is kept open.
+  EXPECT_EQ(exchange(1, "10 83"), "none");
+  car.clock.step(2'000'000);
+  car.peer.script["21 80"] = {"61 80 00 08"};
+  car.request("Speeds").send();
+  EXPECT_EQ(car.peer.sent[car.peer.sent.size() - 2], "40: 3E 00");
+}
+
 TEST(VehicleSession, TheIdleHookSeesARequestOnItsWayAndCannotSend) {
   Car car;
   int calls = 0;

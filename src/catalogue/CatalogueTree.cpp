@@ -185,7 +185,7 @@ std::size_t CatalogueTree::row(Node node) const {
 
 bool CatalogueTree::awaitsFilling(Node node) const {
   const auto& below = children(node);
-  return !below.empty() && records_[below.front()].content.text.empty();
+  return !below.empty() && content(below.front()).image == CatalogueImage::none;
 }
 
 bool CatalogueTree::silent(Node parent) const {

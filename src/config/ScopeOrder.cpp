@@ -110,11 +110,7 @@ void oTarnParameters::changeScopeOrder(oTarnScope& moved, oTarnScope& target) {
   const std::int32_t to = target.index;
   const oTarnScope* const startItem = watchedItem(*this, *startTrigger);
   const oTarnScope* const stopItem = watchedItem(*this, *stopTrigger);
-  if (from != to) {
-    auto item = scopes_.take(scopes_.positionOf(moved));
-    const std::size_t place = scopes_.positionOf(target) + (from < to ? 1 : 0);
-    scopes_.insertAt(place, std::move(item), moved.DataKey);
-  }
+  if (from != to) scopes_.move(scopes_.positionOf(moved), scopes_.positionOf(target));
   std::int32_t position = 0;
   for (oTarnScope& scope : scopes_) {
     scope.index = ++position;

@@ -29,15 +29,14 @@ void oScenario::RemoveRequest(const oScenarioRequest& request) {
 
 std::int16_t oScenario::MoveUp(oScenarioRequest& request) {
   if (const std::size_t position = requests_.positionOf(request); position > 1)
-    requests_.insertAt(position - 1, requests_.take(position));
+    requests_.move(position, position - 1);
   RefreshOrder();
   return request.Order;
 }
 
 std::int16_t oScenario::MoveDown(oScenarioRequest& request) {
   const std::size_t position = requests_.positionOf(request);
-  if (position != 0 && position < requests_.Count())
-    requests_.insertAt(position + 1, requests_.take(position));
+  if (position != 0 && position < requests_.Count()) requests_.move(position, position + 1);
   RefreshOrder();
   return request.Order;
 }

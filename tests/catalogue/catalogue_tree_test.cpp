@@ -63,6 +63,16 @@ TEST_F(FilledTree, aRequestStaysWhenAllOfItIsChosen) {
   EXPECT_EQ(treeText(tree), "Brakes[Wheels] Engine[Status[Key Load Mode Raw Speed]]");
 }
 
+TEST_F(FilledTree, aRequestWithoutANameIsNotTakenForAnEcuToBuild) {
+  ScriptedSession session;
+  auto& ecu = session.addEcu("E", "F", 1);
+  ecu.addRequest("", "21 01").addData("Speed");
+  ecu.addRequest("B").addData("Load");
+  vehicle.catalogue = BuildSessionDocument(session);
+  fill('R');
+  EXPECT_EQ(expand("E"), "E[[Speed] B[Load]]");
+}
+
 TEST_F(FilledTree, inShapeDDataNameTheirRequest) {
   choose("Status", "Key");
   fill('D', kFullDepth);

@@ -77,6 +77,18 @@ class KeyedCollection {
     return item;
   }
 
+  /// Takes the item at one position to another one; it keeps its key.
+  void move(std::size_t from, std::size_t to) {
+    if (find(from) == nullptr || find(to) == nullptr) throw notFound();
+    const auto at = [this](std::size_t position) {
+      return entries_.begin() + static_cast<std::ptrdiff_t>(position - 1);
+    };
+    if (from < to)
+      std::rotate(at(from), at(from) + 1, at(to) + 1);
+    else
+      std::rotate(at(to), at(from), at(from) + 1);
+  }
+
   /// Puts the items into another order: the positions of now, each once, as they are to follow.
   void arrange(const std::vector<std::size_t>& positions) {
     std::vector<Entry> arranged;

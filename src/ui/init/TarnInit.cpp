@@ -142,7 +142,7 @@ QLayout* TarnInit::createMoveButtons() {
 }
 
 void TarnInit::connectControls() {
-  connect(startSession_, &QLineEdit::textEdited, this, [this](const QString& text) {
+  connect(startSession_, &QLineEdit::textChanged, this, [this](const QString& text) {
     const bool changed = rules_.setStartSession(fromQString(text));
     markStartSession();
     if (changed) emit edited();

@@ -84,6 +84,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   log_->hide();
   acq_->acq().setAcqStoppedHandler([this] {
     acq_->hide();
+    if (current("ACQ")) showConfiguration();  // nobody chose another view: there would be none
     emit acquisitionStopped();
   });
   acq_->acq().setLogAddedHandler([this](std::string_view line) { log_->add(line); });

@@ -139,7 +139,8 @@ void SaveFrame::connectControls() {
     showFolder();
     acted(changed);
   });
-  connect(format_, &QComboBox::activated, this, [this] {
+  connect(format_, &QComboBox::currentIndexChanged, this, [this] {
+    if (refreshing_) return;
     const bool changed = rules_.setFormat(fromQString(format_->currentText()));
     refreshFiles();
     acted(changed);

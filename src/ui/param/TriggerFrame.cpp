@@ -114,9 +114,13 @@ void TriggerFrame::connectControls() {
       if (!refreshing_) acted(action(value));
     };
   };
-  connect(type_, &QButtonGroup::idClicked, this, act([this](int id) { return rules_.chooseOption(id); }));
-  connect(channel_, &QComboBox::activated, this,
-          act([this](int entry) { return rules_.chooseChannel(entry); }));
+  connect(type_, &QButtonGroup::idToggled, this, [this](int id, bool on) {
+    if (on && !refreshing_) acted(rules_.chooseOption(id));
+  });
+  // The entry that is selected already can be chosen, too: it turns a manual trigger into that channel's.
+  const auto choose = act([this](int entry) { return rules_.chooseChannel(entry); });
+  connect(channel_, &QComboBox::currentIndexChanged, this, choose);
+  connect(channel_, &QComboBox::activated, this, choose);
   connect(edge_, &CWButton::toggled, this, act([this](bool down) { return rules_.setFalling(down); }));
   connect(level_, &CWNumEdit::valueChanged, this,
           act([this](double level) { return rules_.setLevel(level); }));

@@ -223,8 +223,7 @@ bool ScopeEditor::apply(ScopeAction action, const std::vector<std::size_t>& posi
   std::vector<oTarnScope*> items;
   for (const std::size_t position : positions)
     if (oTarnScope* const scope = parameters_->Item(position)) items.push_back(scope);
-  if (items.empty()) return false;
-  applyAction(action, *parameters_, items);
+  if (!applyAction(action, *parameters_, items)) return false;
   load();
   return true;
 }

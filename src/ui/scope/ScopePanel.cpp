@@ -39,6 +39,7 @@ CWNumEdit* numberEdit(double least, double most, int decimals) {
   auto* const edit = new CWNumEdit;
   edit->setDecimals(decimals);
   edit->setRange(least, most);
+  edit->setKeyboardTracking(true);  // a configuration saved by a shortcut holds what is typed
   edit->setAlignment(Qt::AlignRight);
   edit->setFixedWidth(edit->fontMetrics().horizontalAdvance('0') * kNumberInDigits);
   return edit;

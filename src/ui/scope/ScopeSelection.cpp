@@ -24,18 +24,22 @@ void lastGivesXAxis(const std::vector<oTarnScope*>& items) {
     last.SetGraphAxeX("", true, kMini, kMaxi, last.oTarnGraphIndex->index);
 }
 
-void unifyPoints(const std::vector<oTarnScope*>& items) {
+bool unifyPoints(const std::vector<oTarnScope*>& items) {
   const oTarnScope* first = nullptr;
-  for (const oTarnScope* const scope : items)
-    if (first == nullptr && scope->ScopeType() == oTarnScope::kGraph) first = scope;
-  if (first == nullptr) return;
-  for (oTarnScope* const scope : items) scope->ChangeAxeXNbPoints(first->oTarnGraph->points);
+  bool changed = false;
+  for (oTarnScope* const scope : items) {
+    if (scope->ScopeType() != oTarnScope::kGraph) continue;
+    if (first == nullptr) first = scope;
+    changed |= scope->oTarnGraph->points != first->oTarnGraph->points;
+    scope->ChangeAxeXNbPoints(first->oTarnGraph->points);
+  }
+  return changed;
 }
 
 }  // namespace
 
-void applyAction(ScopeAction action, oTarnParameters& parameters, const std::vector<oTarnScope*>& items) {
-  if (items.empty()) return;
+bool applyAction(ScopeAction action, oTarnParameters& parameters, const std::vector<oTarnScope*>& items) {
+  if (items.empty()) return false;
   if (action == ScopeAction::Unify) return unifyPoints(items);
   if (action == ScopeAction::Single || action == ScopeAction::XY) oneGraph(items);
   if (action == ScopeAction::XY) lastGivesXAxis(items);
@@ -46,6 +50,7 @@ void applyAction(ScopeAction action, oTarnParameters& parameters, const std::vec
     if (action == ScopeAction::Graph) makeGraph(*scope);
   }
   parameters.CheckAndCorrect();
+  return true;
 }
 
 }  // namespace tarnlog

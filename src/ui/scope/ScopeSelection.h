@@ -18,6 +18,7 @@ enum class ScopeAction {
 };
 
 /// `items` are in list order. What the value type of an item does not allow leaves it as it is.
-void applyAction(ScopeAction action, oTarnParameters& parameters, const std::vector<oTarnScope*>& items);
+/// True when something may have changed.
+bool applyAction(ScopeAction action, oTarnParameters& parameters, const std::vector<oTarnScope*>& items);
 
 }  // namespace tarnlog

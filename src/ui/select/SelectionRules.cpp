@@ -63,7 +63,7 @@ bool SelectionRules::buildRows(const oTarnScope* selectScope) {
     for (oTarnScope& scope : *parameters_) {
       const XmlElement element = elementOf(scope);
       if (!element) continue;
-      scope.DataKey = element.attributeOrEmpty("c");
+      renewKey(scope, element);
       otherData |= !before.has(keyNumber(scope.DataKey));
       AddDataRow(scope, element);
       if (&scope == selectScope) selectedRow_ = rows_.size() - 1;
@@ -71,6 +71,14 @@ bool SelectionRules::buildRows(const oTarnScope* selectScope) {
   }
   if (selectScope == nullptr && !rows_.empty()) selectedRow_ = rows_.size() - 1;
   return otherData || rows_.size() != rowsBefore;
+}
+
+/// Of two ECUs with one address the document finds the first, for the data of either: the key stays with the
+/// item that has it already.
+void SelectionRules::renewKey(oTarnScope& scope, XmlElement element) const {
+  const std::string_view key = element.attributeOrEmpty("c");
+  const oTarnScope* const holder = parameters_->Item(key);
+  if (holder == nullptr || holder == &scope || elementOf(*holder) != element) scope.DataKey = key;
 }
 
 void SelectionRules::Clear() {

@@ -93,6 +93,7 @@ class SelectionRules {
   bool RemoveDataRow(std::size_t row, RemovedItems& removed);
   bool changePlaces(std::size_t row, std::size_t neighbour);
   bool buildRows(const oTarnScope* selectScope);
+  void renewKey(oTarnScope& scope, XmlElement element) const;
 
   void fillTree();
   void search();

@@ -107,6 +107,8 @@ TEST_F(TarnInitTest, TheStartSessionIsKeptAsTypedAndCompletedWhenLeft) {
   tree().setFocus();
   EXPECT_EQ(parameters->startSession, "010A");
   EXPECT_EQ(box.text(), "010A");
+  box.setText("10C0");  // as assistive tools do
+  EXPECT_EQ(parameters->startSession, "10C0");
 }
 
 TEST_F(TarnInitTest, ShowsWhatTheNextConfigurationHolds) {

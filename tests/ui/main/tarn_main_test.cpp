@@ -128,6 +128,18 @@ TEST(TarnMain, BeginsAnewWithASecondSession) {
   EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kCommunicate);
 }
 
+TEST(TarnMain, ShowsTheConfigurationWhenTheHostStopsTheAcquisition) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.main.stopAcquisition();
+  EXPECT_EQ(rig.stopped, 1);
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+  rig.view("ACQ");
+  EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kInitialise);
+}
+
 TEST(TarnMain, SaysInTheLogWhyItDoesNotStart) {
   MainRig rig;
   rig.view("ACQ");

@@ -123,6 +123,14 @@ TEST_F(TarnParamTest, TriggersFollowListAndOptions) {
   EXPECT_EQ(stop().typeTrigger, oTarnTrigger::kTime);
   EXPECT_EQ(stop().timeSeconde, 60);
   EXPECT_EQ(edited.count(), 6);
+  channels.setCurrentIndex(2);  // as assistive tools do
+  control<QRadioButton>("TrgStartType0").setChecked(true);
+  EXPECT_EQ(start().typeTrigger, oTarnTrigger::kManual);
+  QTest::keyClick(&channels, Qt::Key_End);
+  emit channels.activated(2);
+  EXPECT_EQ(start().typeTrigger, oTarnTrigger::kChannel) << "the selected channel was chosen";
+  EXPECT_EQ(start().DataIndex, 2);
+  EXPECT_EQ(edited.count(), 9);
 }
 
 TEST_F(TarnParamTest, RecordsGoWhereTheFrameSays) {

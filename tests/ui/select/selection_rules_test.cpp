@@ -137,6 +137,23 @@ TEST_F(Selection, itemsThatTheSessionDoesNotOfferStayWithoutARow) {
   EXPECT_EQ(parameters->Count(), 2);
 }
 
+// Functions of one ECU share its address, and the document finds the first of them by it.
+TEST_F(Selection, dataOfTwoEcusWithOneAddressKeepTheirOwnKeys) {
+  ScriptedSession session;
+  for (const char* name : {"Gearbox", "Retarder"})
+    session.addEcu(name, name, 24).addRequest("Status").addData("Oil", ferrox3::kDouble);
+  rules.setXmlSession(std::make_shared<SessionDocument>(BuildSessionDocument(session)));
+  rules.setParameters(parameters);
+  rules.setShape('D');
+  expandAll();
+  EXPECT_TRUE(add({"Oil (Status)"}) && add({"Oil (Status)"}));
+  const oTarnScope& second = *parameters->Item(std::size_t{2});
+  EXPECT_TRUE(rules.moveUp(1) && rules.moveDown(0) && rules.moveUp(1));
+  EXPECT_EQ(parameters->Item(std::size_t{1}), &second);
+  EXPECT_EQ(parameters->Item(second.DataKey), &second);
+  EXPECT_EQ(second.EcuName, "Retarder");
+}
+
 TEST_F(Selection, reordersByOnePlaceAndAnyDistance) {
   expandAll();
   add({"Status"});

@@ -1,8 +1,6 @@
 // An ELM327 adapter over TCP on the loopback interface, against a loop that only sends and waits on the same
 // kind of socket: with an adapter that answers at once, and with one that takes the 20 ms of a real one.
 
-#include <netinet/tcp.h>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -11,6 +9,7 @@
 #include <thread>
 
 #include "bench/support/Goals.h"
+#include "bench/support/Loopback.h"
 #include "host/link/Elm327Link.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/link/TcpStream.h"
@@ -19,9 +18,7 @@
 namespace {
 
 using namespace tarnlog;
-using Time = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kLatency{20};
 constexpr std::string_view kRequest = "010C1\r";
 
 std::span<const std::uint8_t> bytesOf(std::string_view text) {
@@ -53,30 +50,6 @@ test::LoopbackServer adapter(std::chrono::milliseconds latency) {
   });
 }
 
-/// Requests a second of the clock on the wall: what counts where two programs take turns.
-class Rate {
- public:
-  double of(std::int64_t requests) const {
-    const std::chrono::duration<double> spent = Time::now() - start_;
-    return static_cast<double>(requests) / spent.count();
-  }
-
- private:
-  Time::time_point start_ = Time::now();
-};
-
-int connectedSocket(std::uint16_t port) {
-  const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
-  const int on = 1;
-  ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_port = htons(port);
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  ::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address);
-  return socket;
-}
-
 void sendAndWait(test::LoopbackConnection& connection) {
   std::array<std::uint8_t, 256> bytes{};
   connection.write(bytesOf(kRequest));
@@ -105,40 +78,23 @@ class ReadyLink {
   host::Link::Bytes response_;
 };
 
-/// Both in turn within each iteration, so that what slows the machine slows both. `of_goal` is the rate as a
-/// share of the lower of 2,000 requests a second and 80 % of the bare loop's rate.
+/// `of_goal` is the rate as a share of the lower of 2,000 requests a second and 80 % of the bare loop's rate.
 void elm327(benchmark::State& state) {
-  constexpr int kRequests = 500;
   constexpr double kEnough = 2000;
   constexpr double kShare = 0.8;
   const test::LoopbackServer server = adapter({});
   const test::LoopbackServer bareServer = adapter({});
   ReadyLink link(server.port());
-  test::LoopbackConnection bare(connectedSocket(bareServer.port()));
-  double ours = 0;
-  double floor = 0;
-  for (auto _ : state) {
-    const Rate rate;
-    for (int i = 0; i < kRequests; ++i)
-      if (!link.request()) state.SkipWithError("no answer");
-    ours += rate.of(kRequests);
-    const Rate bareRate;
-    for (int i = 0; i < kRequests; ++i) sendAndWait(bare);
-    floor += bareRate.of(kRequests);
-  }
-  const auto rounds = static_cast<double>(state.iterations());
-  state.counters["requests"] = ours / rounds;
-  state.counters["of_bare"] = ours / floor;
-  state.counters["of_goal"] = ours / std::min(kEnough * rounds, kShare * floor);
+  test::LoopbackConnection bare(bench::connectedSocket(bareServer.port()));
+  const bench::Rates rates = bench::raceRequests(
+      state, [&] { return link.request(); }, [&] { sendAndWait(bare); });
+  state.counters["of_goal"] = rates.ours / std::min(kEnough, kShare * rates.bare);
 }
 
 void elm327AtTheLatencyOfAnAdapter(benchmark::State& state) {
-  const test::LoopbackServer server = adapter(kLatency);
+  const test::LoopbackServer server = adapter(bench::kLatencyOfACar);
   ReadyLink link(server.port());
-  const Rate rate;
-  for (auto _ : state)
-    if (!link.request()) state.SkipWithError("no answer");
-  state.counters["requests"] = rate.of(static_cast<std::int64_t>(state.iterations()));
+  bench::runRequests(state, [&] { return link.request(); });
 }
 
 BENCHMARK(elm327)->UseRealTime()->Iterations(10);
@@ -151,6 +107,6 @@ int main(int argc, char** argv) {
   const std::string direct = "elm327/iterations:10/real_time";
   goals.absolute("elm327_requests_of_the_goal", direct, bench::atLeast(1), "of_goal");
   goals.absolute("elm327_requests_at_20_ms_latency", "elm327AtTheLatencyOfAnAdapter/iterations:25/real_time",
-                 bench::atLeast(0.97 * 50), "requests");
+                 bench::atLeast(bench::kRateOfACar), "requests");
   return goals.run(argc, argv);
 }

@@ -49,10 +49,18 @@ const QString kGraph = QStringLiteral("GRAPH");
     QT_TRANSLATE_NOOP("tarnlog::AcqView", "Stop recording"),
     QT_TRANSLATE_NOOP("tarnlog::AcqView", "Event"),
     QT_TRANSLATE_NOOP("tarnlog::AcqView", "no record file"),
+    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Open error : "),
+    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Error : Unable to create file"),
 };
 
 QString inUsersWords(std::string_view text) {
   return text.empty() ? QString() : AcqView::tr(std::string(text).c_str());
+}
+
+/// A text that may begin with this word, and go on with a number or a message.
+QString headInUsersWords(std::string_view text, std::string_view head) {
+  if (text.substr(0, head.size()) != head) return inUsersWords(text);
+  return inUsersWords(head) + toQString(text.substr(head.size()));
 }
 
 QPushButton* makeButton(const char* name, const QString& tip, QWidget* parent) {
@@ -121,10 +129,8 @@ void AcqView::makeStatusBar() {
   statusBar_->setSizeGripEnabled(false);
   recordPanel_ = new ElidedLabel(statusBar_);
   recordPanel_->setObjectName("Record");
-  recordPanel_->setAccessibleName(tr("Record file"));
   acqTimePanel_ = new QLabel(statusBar_);
   acqTimePanel_->setObjectName("AcqTime");
-  acqTimePanel_->setAccessibleName(tr("Recording time in seconds"));
   statusBar_->addWidget(recordPanel_, 1);
   statusBar_->addPermanentWidget(new QLabel(tr("Recording time (s):"), statusBar_));
   statusBar_->addPermanentWidget(acqTimePanel_);
@@ -134,7 +140,9 @@ void AcqView::makeStatusBar() {
 
 void AcqView::makeValues() {
   tabs_ = new TabStrip(this);
-  tabs_->setObjectName("TabStripVisu");
+  // Its bar answers to the name as well, as those of the other strips do.
+  for (QWidget* const part : std::initializer_list<QWidget*>{tabs_, &tabs_->bar()})
+    part->setObjectName("TabStripVisu");
   tabs_->bar().setAccessibleName(tr("How values are shown"));
   tabs_->addTab(kList, tr("Digital"));
   tabs_->addTab(kGraph, tr("Graphic"));
@@ -322,7 +330,7 @@ void AcqView::toggleHelp() {
 
 // --- what the recorder shows
 
-void AcqView::setRecordingCaption(std::string_view caption) { lblRec_->setCaption(inUsersWords(caption)); }
+void AcqView::setRecordingCaption(std::string_view caption) { lblRec_->setText(inUsersWords(caption)); }
 
 void AcqView::setRecordingColour(Colour colour) {
   lblRec_->setColour(colour);
@@ -331,7 +339,7 @@ void AcqView::setRecordingColour(Colour colour) {
 }
 
 void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
-  lblDiag_->setCaption(inUsersWords(caption));
+  lblDiag_->setText(inUsersWords(caption));
   lblDiag_->setColour(colour);
   lblDiag_->setMeaning(Indicator::Sign::None, stateMeaning(caption));
 }
@@ -340,11 +348,13 @@ void AcqView::setStartStopCaption(std::string_view caption) {
   commandStartStop_->setText(inUsersWords(caption));
 }
 
-void AcqView::setEventCaption(std::string_view caption) { eventBouton_->setText(inUsersWords(caption)); }
+void AcqView::setEventCaption(std::string_view caption) {
+  eventBouton_->setText(headInUsersWords(caption, "Event"));
+}
 
 void AcqView::setPanelText(StatusPanel panel, std::string_view text) {
   if (panel == StatusPanel::Record)
-    recordPanel_->setText(inUsersWords(text));
+    recordPanel_->setText(headInUsersWords(text, "Open error : "));
   else
     acqTimePanel_->setText(toQString(text));
 }

@@ -16,24 +16,27 @@ constexpr int kCharacters = 9;  ///< as wide as the longest caption and its sign
 
 }  // namespace
 
-Indicator::Indicator(const QString& name, QWidget* parent) : QWidget(parent) {
+Indicator::Indicator(const QString& name, QWidget* parent) : QLabel(parent) {
   setAccessibleName(name);
+  setTextFormat(Qt::PlainText);
+  setBackgroundRole(QPalette::Button);
+  setForegroundRole(QPalette::ButtonText);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   QFont bold;
   bold.setBold(true);
   setFont(bold);
 }
 
-void Indicator::setCaption(const QString& caption) {
-  if (caption_ == caption) return;
-  caption_ = caption;
-  update();
-}
-
 void Indicator::setColour(Colour colour) {
   if (colour_ == colour) return;
   colour_ = colour;
-  update();
+  QPalette colours;  // what is not set here follows the desktop
+  if (colour != kButtonFace) {
+    const QColor face = toQColor(colour, colours);
+    colours.setColor(QPalette::Button, face);
+    colours.setColor(QPalette::ButtonText, readable(Qt::black, face, kTextContrast));
+  }
+  setPalette(colours);
 }
 
 void Indicator::setMeaning(Sign sign, const QString& words) {
@@ -53,21 +56,18 @@ int Indicator::signSize() const { return sign_ == Sign::None ? 0 : fontMetrics()
 void Indicator::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor face = toQColor(colour_, palette());
-  painter.setBrush(face);
+  painter.setBrush(palette().color(backgroundRole()));
   painter.setPen(QPen(palette().color(QPalette::Mid), 1));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
 
-  const QColor ink = colour_ == kButtonFace ? palette().color(QPalette::ButtonText)
-                                            : readable(Qt::black, face, kTextContrast);
-  painter.setPen(QPen(ink, 1.5));
+  painter.setPen(QPen(palette().color(foregroundRole()), 1.5));
   const int sign = signSize();
-  const int gap = sign > 0 && !caption_.isEmpty() ? kPadding : 0;
-  const int text = fontMetrics().horizontalAdvance(caption_);
-  const int left = std::max((width() - sign - gap - text) / 2, kPadding);
+  const int gap = sign > 0 && !text().isEmpty() ? kPadding : 0;
+  const int wide = fontMetrics().horizontalAdvance(text());
+  const int left = std::max((width() - sign - gap - wide) / 2, kPadding);
   if (sign > 0) paintSign(painter, QRectF(left, (height() - sign) / 2.0, sign, sign));
   painter.drawText(rect().adjusted(left + sign + gap, 0, -kPadding, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                   caption_);
+                   text());
 }
 
 void Indicator::paintSign(QPainter& painter, const QRectF& square) const {

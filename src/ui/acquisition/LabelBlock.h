@@ -12,7 +12,7 @@ class LabelBlock : public Placed<LabelControl, TextLabel> {
   LabelBlock(TextLabel::Role role, QWidget* frame);
 
   void setCaption(std::string_view caption) override;
-  void setToolTip(std::string_view text) override { shown().setTip(text); }
+  void setToolTip(std::string_view text) override { shown().setToolTip(toQString(text)); }
   void setTextColour(Colour colour) override { shown().setTextColour(colour); }
   void setBackColour(Colour colour) override { shown().setBackColour(colour); }
   void setBorder(bool border) override { shown().setBorder(border); }

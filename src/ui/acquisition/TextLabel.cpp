@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
@@ -25,6 +26,11 @@ constexpr int kLeastStrip = 6;  ///< pixels; lower texts cannot be read
 QString unbroken(QString text) {
   constexpr QChar kWordJoiner(0x2060);
   return text.replace(QLatin1Char('/'), QString(QLatin1Char('/')) + kWordJoiner);
+}
+
+/// Tool tips take a text that looks like HTML for HTML; a caption or value never is.
+QString plainTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 /// Whole lines only; the last one that fits ends in an ellipsis when there is more.
@@ -67,8 +73,6 @@ QString TextLabel::spokenText() const {
   if (role_ == Role::Caption || partner_ == nullptr) return text();
   return partner_->text() + QStringLiteral(": ") + text();
 }
-
-void TextLabel::setTip(std::string_view tip) { tip_ = toQString(tip); }
 
 void TextLabel::setTextColour(Colour colour) {
   textColour_ = colour;
@@ -219,7 +223,7 @@ const QString& TextLabel::elided(const QString& text, int room, const Fitted& fi
 
 /// The tip that was set, else the texts that are shown here: they may be elided.
 QString TextLabel::tip() const {
-  if (!tip_.trimmed().isEmpty()) return tip_;
+  if (!toolTip().trimmed().isEmpty()) return toolTip();
   return spokenText();
 }
 
@@ -230,7 +234,7 @@ void TextLabel::changeEvent(QEvent* event) {
 
 bool TextLabel::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
-  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip().toHtmlEscaped(), this);
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainTip(tip()), this);
   return true;
 }
 

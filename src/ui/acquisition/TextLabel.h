@@ -29,7 +29,6 @@ class TextLabel : public QWidget {
   QString text() const;
   /// A value with the caption that it belongs to.
   QString spokenText() const;
-  void setTip(std::string_view tip);
   void setTextColour(Colour colour);
   void setBackColour(Colour colour);
   void setBorder(bool border);
@@ -84,7 +83,6 @@ class TextLabel : public QWidget {
   Role role_;
   std::string text_;
   std::optional<QString> frozen_;
-  QString tip_;
   std::optional<Colour> textColour_;
   std::optional<Colour> backColour_;
   bool border_ = false;

@@ -6,6 +6,12 @@
 
 namespace tarnlog {
 
+namespace {
+
+constexpr const char* kKeys[] = {"HeaderNameData", "HeaderValueData", "HeaderUnitData"};
+
+}  // namespace
+
 void ValueListModel::addRow(std::string_view text, std::string_view unit) {
   const int row = rowCount();
   beginInsertRows({}, row, row);
@@ -61,7 +67,8 @@ QVariant ValueListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ValueListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal) return {};
+  if (orientation != Qt::Horizontal || section < 0 || section >= kColumns) return {};
+  if (role == Qt::UserRole) return QLatin1String(kKeys[section]);
   if (role == Qt::TextAlignmentRole)
     return QVariant::fromValue((section == kValue ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   if (role != Qt::DisplayRole) return {};

@@ -8,8 +8,8 @@
 
 namespace tarnlog {
 
-/// The rows of the live value list. While frozen it shows the values of that moment and goes on taking new
-/// ones.
+/// The rows of the live value list; its columns have their keys under Qt::UserRole. While frozen it shows the
+/// values of that moment and goes on taking new ones.
 class ValueListModel : public QAbstractTableModel {
   Q_OBJECT
  public:

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QHideEvent>
 #include <QLabel>
@@ -72,9 +73,9 @@ TEST(AcqView, ButtonsRecordAndIndicatorsSayItInColourSignAndWords) {
   const auto& lamp = rig.child<Indicator>("LblRec");
   const auto& state = rig.child<Indicator>("LblDiag");
   auto& button = rig.child<QPushButton>("CommandStartStop");
-  EXPECT_EQ(state.caption(), "com");
+  EXPECT_EQ(state.text(), "com");
   EXPECT_EQ(state.colour(), indicator::kOpened);
-  EXPECT_EQ(lamp.caption(), "rec");
+  EXPECT_EQ(lamp.text(), "rec");
   EXPECT_EQ(lamp.colour(), kButtonFace);
   EXPECT_EQ(button.text(), "Start recording");
 
@@ -94,6 +95,20 @@ TEST(AcqView, ButtonsRecordAndIndicatorsSayItInColourSignAndWords) {
   rig.tick();
   EXPECT_EQ(lamp.colour(), kButtonFace);
   EXPECT_EQ(rig.view.acq().finishedRecordings(), 1);
+}
+
+TEST(AcqView, AssistiveTechnologyReadsWhatTheStatusBarSays) {
+  ViewRig rig;
+  rig.start();
+  const auto read = [&](const char* panel) {
+    return QAccessible::queryAccessibleInterface(&rig.child(panel))->text(QAccessible::Name).toStdString();
+  };
+  EXPECT_EQ(read("Record"), "no record file");
+  rig.view.acq().ToggleRecording();
+  rig.tick(2000);
+  rig.tick();
+  EXPECT_EQ(read("Record"), rig.view.acq().RecordPath());
+  EXPECT_EQ(read("AcqTime"), rig.child<QLabel>("AcqTime").text().toStdString());
 }
 
 TEST(AcqView, TabsShowListOrGraphs) {

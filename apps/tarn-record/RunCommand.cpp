@@ -47,9 +47,12 @@ class Run {
       : options_(options),
         progress_(clock_, ::isatty(STDERR_FILENO) != 0),
         screen_([this](std::string_view line) { progress_.print(line); }),
-        timer_(loop_.createTimer()),
-        vehicle_(host::openVehicle(
-            options.vehicle, files_, systemLocale(), linkClock_, [this] { idle(); }, options.link)) {
+        timer_(loop_.createTimer()) {
+    host::LinkOptions link = options.link;
+    link.stopAsked = Signals::stopRequested;
+    // Not earlier: `idle` looks at the members.
+    vehicle_ = host::openVehicle(
+        options.vehicle, files_, systemLocale(), linkClock_, [this] { idle(); }, link);
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteFailureHandler(

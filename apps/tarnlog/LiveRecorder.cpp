@@ -36,7 +36,9 @@ std::vector<std::string> exampleVehicles() {
 
 }  // namespace
 
-LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {}
+LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {
+  options_.link.stopAsked = [this] { return window_ != nullptr && window_->wantsToEnd(); };
+}
 
 WindowEnvironment LiveRecorder::environment() {
   const auto open = [this](const std::string& path) {
@@ -52,6 +54,7 @@ WindowEnvironment LiveRecorder::environment() {
 int LiveRecorder::run() {
   if (options_.folder) makeFolder(*options_.folder);
   RecorderWindow window(environment());
+  window_ = &window;
   TarnAcq& acq = window.recorder().ctlTarnAcq();
   files_.setWriteFailureHandler(
       [&](const std::string& path, const std::string& why) { noteFailure(window, path, why); });
@@ -64,6 +67,7 @@ int LiveRecorder::run() {
   if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
   if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
   const int code = QApplication::exec();
+  window_ = nullptr;
   files_.setWriteFailureHandler({});
   return failedPath_.empty() ? code : kFailed;
 }

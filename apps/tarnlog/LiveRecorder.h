@@ -37,6 +37,7 @@ class LiveRecorder {
   void noteFailure(RecorderWindow& window, const std::string& path, const std::string& why);
 
   LiveOptions options_;
+  const RecorderWindow* window_ = nullptr;  ///< while it runs
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
   SystemFileSystem files_;

@@ -132,9 +132,11 @@ void RecorderWindow::openVehicle(const QString& path) {
     try {
       useVehicle(path);
     } catch (const TarnError& error) {
+      if (std::exchange(closeWanted_, false)) return;
       environment_.recorder.dialogs.error(this, tr("Vehicle error"), toQString(error.description()));
       recentVehicles_.remove(fromQString(path));
     }
+    closeWanted_ = false;
     showTitle();
     acquireWaiting();
   });
@@ -244,6 +246,7 @@ void RecorderWindow::showWriteFailure(const std::string& path, const std::string
 }
 
 void RecorderWindow::closeEvent(QCloseEvent* event) {
+  closeWanted_ = opening_;
   if (!mayClose_)
     whenIdle_->run([this] {
       if (recorder_->configurationMayBeLost()) endAndClose();
@@ -253,11 +256,14 @@ void RecorderWindow::closeEvent(QCloseEvent* event) {
 
 /// The acquisition may need one more tick for its end.
 void RecorderWindow::endAndClose() {
+  closeWanted_ = opening_;
   if (opening_) return whenIdle_->run([this] { endAndClose(); });
   closing_ = true;
   setEnabled(false);
   recorder_->stopAcquisition();
 }
+
+bool RecorderWindow::wantsToEnd() const { return closeWanted_ || recorder_->ctlTarnAcq().endAsked(); }
 
 void RecorderWindow::closeNow() {
   if (std::exchange(mayClose_, true)) return;

@@ -47,6 +47,8 @@ class RecorderWindow : public QMainWindow {
 
   /// Ends an acquisition in order, then closes without a question.
   void endAndClose();
+  /// What runs is to end, or the window is to close: nothing need be waited for much longer.
+  bool wantsToEnd() const;
   void showWriteFailure(const std::string& path, const std::string& why);
 
   TarnMain& recorder() { return *recorder_; }
@@ -83,6 +85,7 @@ class RecorderWindow : public QMainWindow {
   QString notedConfiguration_;
   bool opening_ = false;
   bool closing_ = false;
+  bool closeWanted_ = false;  ///< while a vehicle is opened
   bool mayClose_ = false;
 
   QStackedWidget* pages_ = nullptr;

@@ -1,5 +1,7 @@
 #include "host/link/Elm327Link.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -31,14 +33,16 @@ void appendDigit(std::string& text, unsigned value) { text += "0123456789ABCDEF"
 
 Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock)
     : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol) {
-  console_.setIdleHook([this] { idle(); });
+  console_.setWaiting([this] { idle(); }, [this] { return stopAsked(); });
 }
 
-/// Runs a step; after its failure the link can only be opened again.
+/// Runs a step; after its failure the link can only be opened again, but for requests that no adapter sends.
 template <class Step>
 auto Elm327Link::guarded(Step&& step) {
   try {
     return std::forward<Step>(step)();
+  } catch (const EcuUnreachable&) {
+    throw;
   } catch (const TarnError&) {
     open_ = false;
     throw;
@@ -61,6 +65,7 @@ void Elm327Link::close() {
   messages_.clear();
   frameCounts_.clear();
   silences_ = 0;
+  byDefault_ = false;
   console_.close();
 }
 
@@ -70,6 +75,7 @@ void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> re
     finishAnswer();
     if (silences_ >= kMostSilences) {
       silences_ = 0;
+      triedByDefault_ = false;
       adapter_.forgetBus();
     }
     adapter_.selectBus(target, request);
@@ -104,14 +110,17 @@ bool Elm327Link::promptComes(std::int64_t patience) {
 void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> request) {
   const ElmBus bus = adapter_.bus();
   if (isCan(bus) && request.size() > kLongestOnCan)
-    fail("an ELM327 sends at most 7 bytes on CAN, not " + std::to_string(request.size()));
+    throw EcuUnreachable(1, "Elm327Link",
+                         fmt::format("a request of {} bytes is too long: an ELM327 sends at most {} on CAN",
+                                     request.size(), kLongestOnCan));
   assembler_.setBus(bus);
   Exchange& exchange = exchange_;
   exchange.target = target;
   exchange.request.assign(request.begin(), request.end());
   exchange.address = elmAddress(target, request, bus);
   const auto reach = reach_.find(target.address);
-  if (reach != reach_.end() && reach->second.toAll && isObdRequest(request))
+  const bool reachedByAll = reach != reach_.end() && reach->second.toAll;
+  if ((reachedByAll || byDefault_) && isObdRequest(request))
     exchange.address = elmToAll(exchange.address, bus);
   exchange.repeats = 0;
   exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
@@ -223,6 +232,7 @@ void Elm327Link::noteAnswer() {
   if (exchange_.answered) return;
   exchange_.answered = true;
   silences_ = 0;
+  if (!adapter_.asksByDefault()) triedByDefault_ = true;  // needless
   if (exchange_.target.address == kEveryEcu) return;
   Reach& reach = reach_[exchange_.target.address];
   reach.answered = true;
@@ -248,7 +258,7 @@ void Elm327Link::settle() {
 }
 
 bool Elm327Link::retry(std::int64_t deadline) {
-  if (exchange_.answered || clock_.microseconds() >= deadline) return false;
+  if (exchange_.answered || clock_.microseconds() >= deadline || stopAsked()) return false;
   const ElmNotice notice = exchange_.notice ? exchange_.notice->notice : ElmNotice::none;
   const bool counted = exchange_.expectedFrames > 0;
   const bool silent = notice == ElmNotice::none && exchange_.others;
@@ -258,7 +268,9 @@ bool Elm327Link::retry(std::int64_t deadline) {
     case ElmNotice::unknownCommand:
       if (counted) frameCounts_.giveUp();
       if (counted || exchange_.repeats == 0) return repeat(false);
-      fail("the adapter does not understand the request " + text_);
+      // Some know only a few requests, such as those for one PID.
+      if (isObdRequest(exchange_.request)) return false;
+      throw EcuUnreachable(1, "Elm327Link", "the adapter does not understand the request " + text_);
     case ElmNotice::busTrouble:
       if (exchange_.repeats == 0 && repeat(false)) return true;
       failWithoutEcu(console_, exchange_.notice->text);
@@ -282,6 +294,7 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
       address = elmToAll(address, adapter_.bus());
       return repeat(false);
     }
+    if (!reach.answered && retryByDefault()) return true;
   }
   if (adapter_.bus() == ElmBus::kwp && !address.toAll && !exchange_.restarted) {
     exchange_.restarted = true;
@@ -298,6 +311,16 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
   // An ECU that has answered before may have been disturbed.
   if (exchange_.askedTwice || !reach_[exchange_.target.address].answered) return false;
   exchange_.askedTwice = true;
+  return repeat(false);
+}
+
+/// Some adapters reach their ECU only as long as they are told no address, which takes a reset.
+bool Elm327Link::retryByDefault() {
+  if (triedByDefault_ || adapter_.asksByDefault() || !isObdRequest(exchange_.request)) return false;
+  triedByDefault_ = byDefault_ = true;
+  adapterName_ = adapter_.setUp();
+  adapter_.selectBus(exchange_.target, exchange_.request);
+  exchange_.address = elmToAll(exchange_.address, adapter_.bus());
   return repeat(false);
 }
 
@@ -337,6 +360,8 @@ std::vector<LinkTarget> Elm327Link::findEcus() {
       const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
       if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, "OBD-II"});
     }
+    // Who is alone need not be told apart.
+    if (ecus.size() == 1) reach_[ecus.front().address].toAll = true;
     if (!ecus.empty()) return;
     finishAnswer();
     failWithoutEcu(console_, exchange_.notice ? exchange_.notice->text : "");

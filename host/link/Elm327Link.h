@@ -86,6 +86,7 @@ class Elm327Link : public Link {
   /// True when the request was sent once more, so that something may still come.
   bool retry(std::int64_t deadline);
   bool retrySilence(std::int64_t deadline);
+  bool retryByDefault();
   bool repeat(bool countFrames);
   bool listenAfterPending(std::int64_t deadline);
 
@@ -99,6 +100,8 @@ class Elm327Link : public Link {
   bool awaitsPrompt_ = false;
   int silences_ = 0;  ///< exchanges without any answer, one after another
   std::map<std::int32_t, Reach> reach_;
+  bool byDefault_ = false;       ///< OBD requests go to whom the adapter asks when it is told nobody
+  bool triedByDefault_ = false;  ///< that was tried
   Exchange exchange_;
   std::string text_;  ///< of the request; kept for its capacity
   std::deque<ElmMessage> messages_;

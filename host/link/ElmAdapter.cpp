@@ -39,6 +39,7 @@ std::string ElmAdapter::setUp() {
   protocol_.reset();
   address_.reset();
   priority_ = kDefaultPriority;
+  byDefault_ = true;
   filtered_ = false;
   started_.clear();
   timeout_ = kElmDefaultTimeout;
@@ -54,6 +55,7 @@ void ElmAdapter::selectBus(const LinkTarget& target, std::span<const std::uint8_
   if (fixedProtocol_) {
     protocol_ = search_.choose(*fixedProtocol_);
   } else if (kLine) {
+    byDefault_ = false;
     protocol_ = search_.findOnKLine(elmAddress(target, request, ElmBus::kwp));
   } else {
     protocol_ = search_.find();
@@ -62,7 +64,8 @@ void ElmAdapter::selectBus(const LinkTarget& target, std::span<const std::uint8_
 }
 
 bool ElmAdapter::setAddress(const ElmAddress& address) {
-  if (address_ == address) return true;
+  if (address_ == address || (address.toAll && byDefault_)) return true;
+  byDefault_ = false;
   setFilter(address);
   if (!address.priority.empty() && address.priority != priority_ && tell("ATCP" + address.priority))
     priority_ = address.priority;

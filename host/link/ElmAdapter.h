@@ -30,13 +30,16 @@ class ElmAdapter {
   void forgetBus() { protocol_.reset(); }
   ElmBus bus() const { return protocol_ ? protocol_->bus : ElmBus::unknown; }
 
-  /// False when the adapter can ask nobody but all ECUs.
+  /// False when the adapter can ask nobody but all ECUs. All of them are what it asks as long as it was not
+  /// told otherwise, so that those are done without a command that not every adapter takes well.
   bool setAddress(const ElmAddress& address);
   /// The ECU no longer knows of a communication: its next request starts one.
   void restartCommunication();
   /// How long it waits for an ECU, in its steps.
   void setTimeout(int steps);
   int timeout() const { return timeout_; }
+  /// It was told no address since it was set up.
+  bool asksByDefault() const { return byDefault_; }
 
   [[noreturn]] static void failRestarted();
 
@@ -53,6 +56,7 @@ class ElmAdapter {
   bool onKLine_ = false;               ///< the bus was chosen for an ECU on the K line
   std::optional<ElmAddress> address_;  ///< as the adapter was told
   std::string priority_;
+  bool byDefault_ = true;
   bool filtered_ = false;            ///< it listens to identifiers of one ECU
   std::set<std::string> started_{};  ///< headers of the K line with a communication
   int timeout_ = 0;

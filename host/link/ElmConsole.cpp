@@ -8,7 +8,15 @@
 namespace tarnlog::host {
 namespace {
 constexpr const char* kGone = "the adapter is gone: ";
-}
+/// How long a wait may last although somebody wants to end.
+constexpr std::int64_t kStopPatience = 1'000'000;  // microseconds
+
+/// It says nothing about the adapter.
+class Stopped : public TarnError {
+ public:
+  using TarnError::TarnError;
+};
+}  // namespace
 
 bool ElmReply::has(ElmNotice notice) const {
   return std::any_of(lines.begin(), lines.end(), [&](const ElmLine& line) { return line.notice == notice; });
@@ -19,10 +27,20 @@ std::string_view ElmReply::text() const { return lines.empty() ? std::string_vie
 ElmConsole::ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock)
     : stream_(std::move(stream)), clock_(clock) {}
 
+void ElmConsole::setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion) {
+  stopAsked_ = std::move(stopQuestion);
+  stream_->setIdleHook([this, hook = std::move(idleHook)] {
+    hook();
+    breakOffWhenAsked();
+  });
+}
+
 template <class Step>
 auto ElmConsole::reached(const char* failure, Step&& step) {
   try {
     return std::forward<Step>(step)();
+  } catch (const Stopped&) {
+    throw;
   } catch (const TarnError& error) {
     throw TarnError(error.number(), "Elm327Link", failure + error.description());
   }
@@ -30,7 +48,20 @@ auto ElmConsole::reached(const char* failure, Step&& step) {
 
 void ElmConsole::open() {
   reader_.clear();
+  written_ = clock_.microseconds();
   reached("the adapter cannot be reached: ", [this] { stream_->open(); });
+}
+
+void ElmConsole::breakOffWhenAsked() const {
+  if (stopAsked_ && clock_.microseconds() > written_ + kStopPatience && stopAsked_())
+    throw Stopped(1, "Elm327Link", "stopped while the adapter was awaited");
+}
+
+void ElmConsole::close() {
+  // A search may go on for a minute. A blank means nothing to an adapter at rest.
+  constexpr std::array<std::uint8_t, 1> kBlank{' '};
+  if (!std::exchange(atRest_, true)) skipOnFailure([&] { stream_->write(kBlank); });
+  stream_->close();
 }
 
 bool ElmConsole::fill(Microseconds deadline) {
@@ -53,12 +84,17 @@ void ElmConsole::write(std::string_view text) {
   output_ += '\r';
   const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
   reached(kGone, [&] { stream_->write({first, output_.size()}); });
+  written_ = clock_.microseconds();
+  atRest_ = false;
 }
 
 std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {
   for (;;) {
     while (const auto item = reader_.next()) {
-      if (item->prompt) return Item{true, {}};
+      if (item->prompt) {
+        atRest_ = true;
+        return Item{true, {}};
+      }
       ElmLine line = parseElmLine(item->text);
       // An echo that cannot be switched off.
       if (line.text != sent_ && !line.text.empty()) return Item{false, std::move(line)};

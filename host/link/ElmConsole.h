@@ -34,9 +34,12 @@ class ElmConsole {
 
   ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock);
 
-  void setIdleHook(std::function<void()> hook) { stream_->setIdleHook(std::move(hook)); }
+  /// What runs while something is awaited. When the question is answered with yes, a wait ends with a
+  /// TarnError a second after the last line was sent.
+  void setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion);
   void open();
-  void close() { stream_->close(); }
+  /// An adapter that is still at work is interrupted.
+  void close();
 
   /// Drops what has come, until nothing comes for `quiet`, but for `longest` at most.
   void drop(Microseconds quiet, Microseconds longest);
@@ -58,6 +61,7 @@ class ElmConsole {
   template <class Step>
   auto reached(const char* failure, Step&& step);
   bool fill(Microseconds deadline);
+  void breakOffWhenAsked() const;
 
   std::unique_ptr<ByteStream> stream_;
   LinkClock& clock_;
@@ -66,6 +70,9 @@ class ElmConsole {
   std::string sent_;    ///< the line sent last
   std::string output_;  ///< kept for its capacity
   bool anything_ = false;
+  bool atRest_ = true;  ///< the prompt came after the last line
+  std::function<bool()> stopAsked_;
+  Microseconds written_ = 0;  ///< when
 };
 
 }  // namespace tarnlog::host

@@ -78,10 +78,24 @@ bool looksHeaded(Frame frame) {
          (frame[1] == 0xF1 || (frame[1] == 0x6B && (frame[0] == 0x48 || frame[0] == 0x41)));
 }
 
+/// A frame of the K line or of J1850 whose checksum says nothing.
+std::optional<ElmMessage> parseUnsummed(Frame frame) {
+  constexpr std::size_t kHeader = 3;
+  if (!looksHeaded(frame) || frame.size() < kHeader + 2) return std::nullopt;
+  const bool lengthShown = frame[1] == 0xF1;
+  const std::size_t length = lengthShown ? frame[0] & 0x3FU : frame.size() - kHeader - 1;
+  const std::size_t rest = frame.size() - kHeader;
+  if (length == 0 || rest < length || rest > length + 1) return std::nullopt;
+  const Frame data = frame.subspan(kHeader, length);
+  return ElmMessage{frame[2], {data.begin(), data.end()}};
+}
+
 ElmBus recognise(Frame frame) {
+  if (!looksHeaded(frame)) return ElmBus::unknown;
   for (const ElmBus bus : {ElmBus::kwp, ElmBus::iso9141, ElmBus::j1850})
-    if (looksHeaded(frame) && dataStart(bus, frame) != 0) return bus;
-  return ElmBus::unknown;
+    if (dataStart(bus, frame) != 0) return bus;
+  if (!parseUnsummed(frame)) return ElmBus::unknown;
+  return frame[1] == 0xF1 ? ElmBus::kwp : ElmBus::iso9141;
 }
 
 bool mayBe29(ElmBus bus, std::string_view digits) {
@@ -163,14 +177,22 @@ std::optional<ElmMessage> ElmAssembler::whole(std::optional<std::uint32_t> sourc
 }
 
 std::optional<ElmMessage> ElmAssembler::acceptHeaded(Frame frame) {
-  if (bus_ == ElmBus::unknown) bus_ = recognise(frame);
+  const bool found = bus_ == ElmBus::unknown;
+  if (found) bus_ = recognise(frame);
   if (auto message = parseHeadedFrame(bus_, frame)) {
     ++frames_;
+    wrongSums_ = kNeverTrusted;
     return message;
   }
-  // A header with a wrong checksum is a damaged frame, not the bytes of a service.
-  const bool damaged = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(frame);
-  return damaged || frame.empty() ? std::nullopt : whole(std::nullopt, frame);
+  // A header with a wrong checksum is a damaged frame, not the bytes of a service, unless the adapter never
+  // shows a right one: it has looked at it itself.
+  const bool headed = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(frame);
+  auto unsummed = headed ? parseUnsummed(frame) : std::nullopt;
+  if (unsummed && wrongSums_ != kNeverTrusted && (found || ++wrongSums_ > kTrustedAfter)) {
+    ++frames_;
+    return unsummed;
+  }
+  return headed || frame.empty() ? std::nullopt : whole(std::nullopt, frame);
 }
 
 void ElmAssembler::announce(std::string_view digits) {

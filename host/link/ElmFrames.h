@@ -74,6 +74,10 @@ class ElmAssembler {
   std::deque<Sender> senders_;
   std::vector<Numbered> numbered_;
   int frames_ = 0;
+  /// Of the K line and of J1850, before the first right checksum.
+  int wrongSums_ = 0;
+  static constexpr int kTrustedAfter = 2;
+  static constexpr int kNeverTrusted = -1;
 };
 
 /// The service bytes of a K-line or J1850 frame with its sender, when header, length and checksum are right.

@@ -31,6 +31,7 @@ class Link {
  public:
   using Bytes = std::vector<std::uint8_t>;
   using IdleHook = std::function<void()>;
+  using StopQuestion = std::function<bool()>;
 
   virtual ~Link() = default;
   /// May find the link open already; then it is open afterwards, too.
@@ -54,6 +55,11 @@ class Link {
   /// Called at least every 20 ms while the link waits. It may do anything but use the link.
   void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
 
+  /// Asked while the link waits: true breaks off with a TarnError what takes longer than a second. Links that
+  /// never wait so long need not ask.
+  void setStopQuestion(StopQuestion question) { stopQuestion_ = std::move(question); }
+  bool stopAsked() const { return stopQuestion_ && stopQuestion_(); }
+
  protected:
   void idle() const {
     if (idleHook_) idleHook_();
@@ -62,6 +68,7 @@ class Link {
 
  private:
   IdleHook idleHook_;
+  StopQuestion stopQuestion_;
 };
 
 }  // namespace tarnlog::host

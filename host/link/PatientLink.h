@@ -28,10 +28,14 @@ class PatientLink : public Link {
  public:
   PatientLink(std::unique_ptr<Link> link, LinkClock& clock) : link_(std::move(link)), backOff_(clock) {
     link_->setIdleHook([this] { idle(); });
+    link_->setStopQuestion([this] { return stopAsked(); });
   }
 
   void open() override {
-    backOff_.wait(idleHook());
+    backOff_.wait([this] {
+      idle();
+      if (stopAsked()) throw TarnError(1, "Link", "stopped before the next attempt");
+    });
     watched([this] { link_->open(); });
   }
   void close() override { link_->close(); }

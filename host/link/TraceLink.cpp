@@ -12,6 +12,7 @@ using Kind = TraceEntry::Kind;
 TraceLink::TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_ptr<FileStream> file)
     : link_(std::move(link)), clock_(clock), file_(std::move(file)) {
   link_->setIdleHook([this] { idle(); });
+  link_->setStopQuestion([this] { return stopAsked(); });
   skipOnFailure([this] { file_->write(std::string(kTraceHeading) + "\n"); });
 }
 

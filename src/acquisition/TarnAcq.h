@@ -68,6 +68,8 @@ class TarnAcq {
   /// Asks the acquisition to end. AcqStopped comes exactly once: at once when idle or between ticks with no
   /// file open, else when the tick that honours it ends.
   void AskStopAcqNow();
+  /// The tick that runs is to be the last: what it waits for need not be waited for any longer.
+  bool endAsked() const { return stopAcqRequested_; }
   void addLog(const std::string& text) { log_.add(text); }
 
   /// The start/stop button and the event button; both do nothing before the first polling cycle.

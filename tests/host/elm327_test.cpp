@@ -33,7 +33,11 @@ std::string textOf(const std::vector<LinkTarget>& targets) {
 struct Rig {
   explicit Rig(std::optional<char> protocol = {}) {
     auto made = std::make_unique<test::PeerStream>(
-        [this](std::string_view text) { return adapter.accept(text); }, clock);
+        [this](std::string_view text) {
+          written = text;
+          return adapter.accept(text);
+        },
+        clock);
     stream = made.get();
     auto elm = std::make_unique<Elm327Link>(std::move(made), protocol, clock);
     elm327 = elm.get();
@@ -77,6 +81,7 @@ struct Rig {
   Elm327Link* elm327 = nullptr;
   std::unique_ptr<Link> link;
   int idled = 0;
+  std::string written;  ///< newest
   bool isOpen = false;
 };
 
@@ -191,7 +196,8 @@ TEST(Elm327, ReachesEcusBesideThoseOfEmissions) {
                                        Not(Contains("ATSP0"))));
   EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
   EXPECT_THAT(rig.adapter.heard, Contains("ATAR"));
-  EXPECT_THAT(rig.tell(kEngine, "22 F1 90 F1 91 F1 92 F1 93"), HasSubstr("at most 7 bytes on CAN, not 9"));
+  EXPECT_THAT(rig.tell(kEngine, "22 F1 90 F1 91 F1 92 F1 93"),
+              HasSubstr("9 bytes is too long: an ELM327 sends at most 7"));
 }
 
 TEST(Elm327, FindsWhatHidesAnAnswer) {
@@ -211,6 +217,42 @@ TEST(Elm327, FindsWhatHidesAnAnswer) {
   EXPECT_EQ(deaf.ask(kEngine, "01 0D"), "41 0D 20; ");
   // Before a silence is believed the adapter waits as long as the caller does.
   EXPECT_THAT(deaf.adapter.heard, Contains("ATSTFA"));
+}
+
+TEST(Elm327, ReachesAnEcuThatNoAddressReaches) {
+  Rig alone;
+  alone.adapter.ecus.front().onlyByDefault = true;
+  alone.link->open();
+  EXPECT_EQ(textOf(alone.link->findEcus()), "2016 ");
+  EXPECT_EQ(alone.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(alone.heard("ATZ"), 1);
+
+  // Told apart from others only by its description: an address is tried first.
+  Rig described;
+  described.adapter.ecus.front().onlyByDefault = true;
+  described.link->open();
+  EXPECT_EQ(described.ask(kEngine, "01 0C", 3000), "41 0C 1A F8; ");
+  EXPECT_EQ(described.ask(kEngine, "01 0D"), "41 0D 20; ");
+  EXPECT_EQ(described.heard("ATZ"), 2);
+}
+
+TEST(Elm327, GoesOnAfterARequestThatTheAdapterDoesNotKnow) {
+  Rig rig;
+  rig.link->open();
+  rig.adapter.instead["010C0D"] = {"?\r\r>", "?\r\r>"};
+  EXPECT_EQ(rig.ask(kEngine, "01 0C 0D"), "");
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
+}
+
+TEST(Elm327, BreaksASearchOffForWhoeverWantsToEnd) {
+  Rig rig;
+  rig.adapter.instead["0100"] = {"SEARCHING..."};
+  rig.link->setStopQuestion([] { return true; });
+  EXPECT_EQ(rig.tell(kEngine, "01 0C"), "stopped while the adapter was awaited");
+  EXPECT_LT(rig.clock.microseconds(), 2'000'000);
+  // The adapter is interrupted; after a failure nobody waits for the next attempt.
+  EXPECT_EQ(rig.written, " ");
+  EXPECT_EQ(rig.tell(kEngine, "01 0C"), "stopped before the next attempt");
 }
 
 TEST(Elm327, AsksAgainWhenTheAnswerWasDamaged) {

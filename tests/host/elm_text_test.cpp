@@ -117,6 +117,14 @@ TEST(ElmAssembler, ChecksFramesOfTheKLineAndOfJ1850) {
               ElementsAre("41 0C 1A F8"));
 }
 
+TEST(ElmAssembler, TakesChecksumsThatAreNeverRightForNone) {
+  EXPECT_THAT(messagesOf(ElmBus::unknown, {"84 F1 11 41 0C 1A F8"}), ElementsAre("11: 41 0C 1A F8"));
+  const std::string wrong = "48 6B 10 41 0D 20 00";
+  EXPECT_THAT(messagesOf(ElmBus::j1850, {wrong, wrong, wrong}), ElementsAre("10: 41 0D 20"));
+  EXPECT_THAT(messagesOf(ElmBus::j1850, {"48 6B 10 41 0D 20 4D", wrong, wrong, wrong}),
+              ElementsAre("10: 41 0D 20"));
+}
+
 TEST(ElmAssembler, DropsWhatMakesNoSense) {
   ElmAssembler assembler;
   assembler.setBus(ElmBus::can11);

@@ -23,7 +23,8 @@ class Elm327Peer {
     std::uint32_t source = 0;  ///< identifier of its frames, or its address on the K line
     /// Request -> responses, as hexadecimal digits.
     std::map<std::string, std::vector<std::string>> answers;
-    bool onlyWithAll = false;  ///< it does not listen to its own identifier
+    bool onlyWithAll = false;    ///< it does not listen to its own identifier
+    bool onlyByDefault = false;  ///< it is reached as long as the adapter was told no address
   };
 
   Bus bus = Bus::can11;
@@ -167,6 +168,7 @@ class Elm327Peer {
   }
 
   bool hears(const Ecu& ecu) const {
+    if (ecu.onlyByDefault) return header_.empty();
     switch (bus) {
       case Bus::can11:
         return header_.empty() || header_ == "7DF" || (!ecu.onlyWithAll && header_ == hex(ecu.source - 8, 3));

@@ -47,10 +47,13 @@ class PeerStream : public host::ByteStream {
     if (!open_) throw TarnError(1, "Link", "box: is not open");
     idle();
     if (closeAfter == 0) throw TarnError(1, "Link", "box: the other end is gone");
-    const std::int64_t now = clock_.microseconds();
-    if (bytes_.empty() || bytes_.front().second > std::max(now, deadline)) {
-      if (deadline > now) clock_.step(deadline - now);
-      return 0;
+    constexpr std::int64_t kIdlePeriod = 20'000;
+    std::int64_t now = clock_.microseconds();
+    while (bytes_.empty() || bytes_.front().second > std::max(now, deadline)) {
+      if (deadline <= now) return 0;
+      clock_.step(std::min(kIdlePeriod, deadline - now));
+      now = clock_.microseconds();
+      idle();
     }
     if (bytes_.front().second > now) clock_.step(bytes_.front().second - now);
     std::size_t count = 0;

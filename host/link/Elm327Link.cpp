@@ -21,6 +21,7 @@ constexpr std::int64_t kBarePromptPatience = 300 * kMillisecond;
 constexpr std::int64_t kPendingPause = 100 * kMillisecond;
 constexpr std::size_t kMostMessages = 64;
 constexpr int kMostRepeats = 4;
+constexpr int kMostTroubles = 3;
 constexpr int kMostSilences = 8;
 /// Bytes of a request that fit beside the length into one CAN frame; the adapter cuts none.
 constexpr std::size_t kLongestOnCan = 7;
@@ -122,7 +123,7 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
   const bool reachedByAll = reach != reach_.end() && reach->second.toAll;
   if ((reachedByAll || byDefault_) && isObdRequest(request))
     exchange.address = elmToAll(exchange.address, bus);
-  exchange.repeats = 0;
+  exchange.repeats = exchange.troubles = 0;
   exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
 }
 
@@ -272,7 +273,7 @@ bool Elm327Link::retry(std::int64_t deadline) {
       if (isObdRequest(exchange_.request)) return false;
       throw EcuUnreachable(1, "Elm327Link", "the adapter does not understand the request " + text_);
     case ElmNotice::busTrouble:
-      if (exchange_.repeats == 0 && repeat(false)) return true;
+      if (++exchange_.troubles < kMostTroubles && repeat(false)) return true;
       failWithoutEcu(console_, exchange_.notice->text);
     default:
       if (counted) frameCounts_.distrust(exchange_.target.address, exchange_.request);

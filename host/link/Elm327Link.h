@@ -56,6 +56,7 @@ class Elm327Link : public Link {
     std::int64_t asked = 0;
     int expectedFrames = 0;  ///< asked of the adapter; 0: it waits for more until its time is over
     int repeats = 0;
+    int troubles = 0;           ///< of the bus
     bool withoutDigit = false;  ///< repeated because the number of frames may have been the fault
     bool restarted = false;     ///< repeated with a new communication on the K line
     bool askedTwice = false;    ///< repeated because the ECU was silent

@@ -34,9 +34,10 @@ void ReplayPeer::answer(const LinkTarget& target, std::span<const std::uint8_t> 
   const std::chrono::microseconds asked = entries_[found].time;
   for (next_ = found + 1; next_ < entries_.size() && entries_[next_].kind != Kind::request; ++next_) {
     const TraceEntry& entry = entries_[next_];
-    if (entry.kind == Kind::failure) {
+    if (entry.kind != Kind::response) {
       if (answers.count() > 0) continue;
       ++next_;
+      if (entry.kind == Kind::unreachable) throw EcuUnreachable(1, "ReplayPeer", entry.text);
       throw TarnError(1, "ReplayPeer", entry.text);
     }
     answers.add(std::max(entry.time - asked, std::chrono::microseconds(0))) = entry.bytes;

@@ -35,12 +35,12 @@ std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& ent
   if (!time) return "seconds";
   entry.time = *time;
   const std::string_view sign = takeUntil(line, ' ');
-  if (sign == "!") {
-    entry.kind = Kind::failure;
+  if (sign == "!" || sign == "x") {
+    entry.kind = sign == "!" ? Kind::failure : Kind::unreachable;
     entry.text = line;
     return {};
   }
-  if (sign != ">" && sign != "<") return "one of the signs > < !";
+  if (sign != ">" && sign != "<") return "one of the signs > < x !";
   entry.kind = sign == ">" ? Kind::request : Kind::response;
   if (entry.kind == Kind::request) {
     const auto address = number<std::int32_t>(takeUntil(line, ' '));
@@ -49,7 +49,8 @@ std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& ent
     entry.target = {*address, protocol == "-" ? std::string() : std::string(protocol)};
   }
   auto bytes = bytesFromHex(line);
-  if (!bytes) return "bytes as two hexadecimal digits each";
+  if (!bytes || (entry.kind == Kind::request && bytes->empty()))
+    return "bytes as two hexadecimal digits each";
   entry.bytes = std::move(*bytes);
   return {};
 }
@@ -78,6 +79,8 @@ std::string traceLine(const TraceEntry& entry) {
     case Kind::response:
       line += "< ";
       break;
+    case Kind::unreachable:
+      return line + "x " + onOneLine(entry.text);
     case Kind::failure:
       return line + "! " + onOneLine(entry.text);
   }
@@ -86,18 +89,24 @@ std::string traceLine(const TraceEntry& entry) {
 }
 
 std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file) {
+  constexpr std::string_view kAnyHeading = kTraceHeading.substr(0, kTraceHeading.rfind(' ') + 1);
   std::vector<TraceEntry> entries;
   int lineNumber = 0;
+  const auto refuse = [&](std::string_view expected) {
+    throw TarnError(1, "parseTrace", fmt::format("{}, line {}: expected {}", file, lineNumber, expected));
+  };
   while (text.find('\n') != std::string_view::npos) {
     std::string_view line = takeUntil(text, '\n');
     if (line.ends_with('\r')) line.remove_suffix(1);
     ++lineNumber;
+    if (line.starts_with(kAnyHeading) && line != kTraceHeading) refuse(kTraceHeading);
     if (line.empty() || line.starts_with('#')) continue;
     TraceEntry entry;
-    if (const auto expected = readEntry(line, entry))
-      throw TarnError(1, "parseTrace", fmt::format("{}, line {}: expected {}", file, lineNumber, *expected));
+    if (const auto expected = readEntry(line, entry)) refuse(*expected);
     entries.push_back(std::move(entry));
   }
+  ++lineNumber;
+  if (entries.empty()) refuse("a request, like \"0.000000 > 18 KWP2000 21 80\"");
   return entries;
 }
 

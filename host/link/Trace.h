@@ -13,21 +13,23 @@
 ///     # tarnlog trace 1
 ///     0.000000 > 18 KWP2000 21 80
 ///     0.021344 < 61 80 00 12
+///     0.040000 > 40 UDS 22 00 02
+///     0.041200 x the ECU cannot be reached
 ///     5.400021 ! the adapter is gone
 ///
 /// Each line: seconds since the link was opened first, a sign, and what it says: ">" a request with the ECU's
-/// address (decimal), its protocol ("-" for none) and bytes, "<" a response, "!" a failure of the link. Lines
-/// that begin with "#" are remarks.
+/// address (decimal), its protocol ("-" for none) and bytes, "<" a response, "x" that the request did not
+/// reach its ECU, "!" a failure of the link. Lines that begin with "#" are remarks; one names the version.
 namespace tarnlog::host {
 
 struct TraceEntry {
-  enum class Kind : std::uint8_t { request, response, failure };
+  enum class Kind : std::uint8_t { request, response, unreachable, failure };
 
   std::chrono::microseconds time{};
   Kind kind = Kind::request;
   LinkTarget target;  ///< of a request
   Link::Bytes bytes;  ///< of a request or response
-  std::string text;   ///< of a failure
+  std::string text;   ///< of a failure, or why an ECU was not reached
 };
 
 inline constexpr std::string_view kTraceHeading = "# tarnlog trace 1";
@@ -36,7 +38,8 @@ inline constexpr std::string_view kTraceHeading = "# tarnlog trace 1";
 std::string traceLine(const TraceEntry& entry);
 
 /// Reads a whole file. A line that ends where the file ends, without a line end, was cut off and is left out.
-/// TarnError with file, line and what was expected there.
+/// TarnError with file, line and what was expected there; also for a file of another version or without a
+/// single entry.
 std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file);
 
 }  // namespace tarnlog::host

@@ -29,7 +29,7 @@ auto TraceLink::watched(Step&& step) {
     return std::forward<Step>(step)();
   } catch (const TarnError& error) {
     TraceEntry entry;
-    entry.kind = Kind::failure;
+    entry.kind = dynamic_cast<const EcuUnreachable*>(&error) != nullptr ? Kind::unreachable : Kind::failure;
     entry.text = error.description();
     write(entry);
     throw;

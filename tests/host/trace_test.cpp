@@ -28,11 +28,13 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
   test::MemoryFileSystem files;
   test::ScriptedPeer car;
   car.script["21 80"] = {"7F 21 78", "61 80 12"};
+  car.unreachable = "10 03";
   {
     TraceLink link(std::make_unique<SimulatedLink>(clock, car), clock, files.create("/rec/t.trace"));
     link.open();
     EXPECT_EQ(ask(link, 18, "21 80"), "7F 21 78; 61 80 12; ");
     EXPECT_EQ(ask(link, 18, "3E"), "");
+    EXPECT_THROW(ask(link, 18, "10 03"), EcuUnreachable);
     link.close();
     EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the simulated link is not open");
   }
@@ -42,6 +44,8 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
             "0.010000 < 7F 21 78\n"
             "0.020000 < 61 80 12\n"
             "0.120000 > 18 KWP_2000 3E\n"
+            "0.220000 > 18 KWP_2000 10 03\n"
+            "0.220000 x the ECU cannot be reached\n"
             "0.220000 > 18 KWP_2000 21 80\n"
             "0.220000 ! the simulated link is not open\n");
 
@@ -52,6 +56,7 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
   EXPECT_EQ(ask(link, 18, "21 80"), "7F 21 78; 61 80 12; ");
   EXPECT_EQ(clock.microseconds() - before, 120000);  // 20 ms for the answers, then the wait for a third
   EXPECT_EQ(ask(link, 16, "21 80"), "");             // another ECU was not asked
+  EXPECT_THROW(ask(link, 18, "10 03"), EcuUnreachable);
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the simulated link is not open");
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "t.trace: the trace has ended");
 }
@@ -66,6 +71,11 @@ TEST(Trace, RefusesWhatIsNotOneAndLeavesOutALineCutOff) {
   EXPECT_THAT(refusal("0.1 = 21"), HasSubstr("line 2: expected one of the signs"));
   EXPECT_THAT(refusal("0.1 > car - 21"), HasSubstr("address"));
   EXPECT_THAT(refusal("0.1 < 2G"), HasSubstr("bytes"));
+  EXPECT_THAT(refusal("0.1 > 18 - "), HasSubstr("bytes"));
+  EXPECT_EQ(refusal("# tarnlog trace 2"), "t.trace, line 2: expected # tarnlog trace 1");
+  EXPECT_THAT(refusal("# nothing"), HasSubstr("t.trace, line 3: expected a request"));
+  EXPECT_THAT(failureOf([] { parseTrace("0.0 > 18 - 21", "t"); }),
+              HasSubstr("t, line 1: expected a request"));
 }
 
 }  // namespace

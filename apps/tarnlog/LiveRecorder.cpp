@@ -41,14 +41,25 @@ LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {
 }
 
 WindowEnvironment LiveRecorder::environment() {
-  const auto open = [this](const std::string& path) {
-    auto vehicle = host::openVehicle(path, files_, desktopLocale(), linkClock_, letEventsRun, options_.link);
+  const auto open = [this](const CarConnection& car, const host::Link::IdleHook& whileOpening) {
+    host::LinkOptions link = options_.link;
+    // Whoever chooses a link wants to know whether it works.
+    link.openAtOnce = !car.link.empty();
+    if (link.openAtOnce) link.url = car.link;
+    // An attempt that failed keeps its trace.
+    if (!link.trace.empty() && ++attempts_ > 1) link.trace += "_" + std::to_string(attempts_);
+    const auto wait = [whileOpening] {
+      letEventsRun();
+      whileOpening();
+    };
+    auto vehicle = host::openVehicle(car.vehicle, files_, desktopLocale(), linkClock_, wait, link);
     options_.link.trace.clear();  // a trace is of one vehicle
     return vehicle;
   };
   return {{clock_, timer_, files_, settings_, dialogs_, desktopLocale(), kStylesheetUrl},
           open,
-          exampleVehicles()};
+          exampleVehicles(),
+          [] { return findCarDevices(); }};
 }
 
 int LiveRecorder::run() {

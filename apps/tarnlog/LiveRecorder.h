@@ -45,6 +45,7 @@ class LiveRecorder {
   QtTimer timer_;
   QtDialogs dialogs_;
   std::string failedPath_;
+  int attempts_ = 0;  ///< to open the vehicle that is traced
 };
 
 }  // namespace tarnlog

@@ -6,14 +6,16 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "acquisition/TarnAcq.h"
+#include "apps/tarnlog/ConnectDialog.h"
+#include "apps/tarnlog/OpeningProgress.h"
 #include "apps/tarnlog/StartPage.h"
 #include "platform/base/TarnError.h"
-#include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
 #include "ui/main/NoticeBar.h"
@@ -34,6 +36,7 @@ RecorderWindow::RecorderWindow(WindowEnvironment environment)
     : environment_(std::move(environment)),
       recentVehicles_(environment_.recorder.settings, "RecentVehicles"),
       recentConfigurations_(environment_.recorder.settings, "RecentConfigurations"),
+      recentConnections_(environment_.recorder.settings),
       whenIdle_(new WhenIdle([this] { return communicating(); }, this)) {
   setWindowIcon(tarnIcon("tarnlog"));
   createContent();
@@ -60,7 +63,9 @@ void RecorderWindow::createContent() {
   column->addWidget(pages_, 1);
   setCentralWidget(content);
   connect(start_, &StartPage::vehicleChosen, this, &RecorderWindow::openVehicle);
+  connect(start_, &StartPage::connectionChosen, this, &RecorderWindow::openConnection);
   connect(start_, &StartPage::otherVehicleWanted, this, &RecorderWindow::chooseVehicle);
+  connect(start_, &StartPage::carWanted, this, &RecorderWindow::connectToCar);
   connect(recorder_, &TarnMain::configurationStateChanged, this, &RecorderWindow::noteConfiguration);
   connect(recorder_, &TarnMain::acquisitionStopped, this, [this] {
     if (closing_) closeNow();
@@ -78,6 +83,8 @@ void RecorderWindow::createMenus() {
 void RecorderWindow::addFileActions(QMenu& menu) {
   menu.addAction(tarnIcon("ecu"), tr("Open &vehicle..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
                  this, &RecorderWindow::chooseVehicle);
+  menu.addAction(tarnIcon("plug"), tr("&Connect to a car..."), this, &RecorderWindow::connectToCar)
+      ->setObjectName("connectToCar");
   addRecentMenu(menu, tr("Recent v&ehicles"), recentVehicles_, &RecorderWindow::openVehicle);
   menu.addSeparator();
   const QList<QAction*> actions = recorder_->ctlTarnConfigure().fileActions();
@@ -126,52 +133,98 @@ void RecorderWindow::chooseVehicle() {
   });
 }
 
-void RecorderWindow::openVehicle(const QString& path) {
-  whenIdle_->run([this, path] {
+void RecorderWindow::openVehicle(const QString& path) { openConnection({fromQString(path)}); }
+
+void RecorderWindow::openConnection(const CarConnection& connection) {
+  whenIdle_->run([this, connection] {
     if (!recorder_->configurationMayBeLost()) return;
-    try {
-      useVehicle(path);
-    } catch (const TarnError& error) {
-      if (std::exchange(closeWanted_, false)) return;
-      environment_.recorder.dialogs.error(this, tr("Vehicle error"), toQString(error.description()));
-      recentVehicles_.remove(fromQString(path));
-    }
-    closeWanted_ = false;
-    showTitle();
-    acquireWaiting();
+    const QString failure = tryToOpen(connection);
+    if (failure.isEmpty()) return;
+    environment_.recorder.dialogs.error(this, tr("Vehicle error"), failure);
+    forgetVehicle(connection);
   });
+}
+
+void RecorderWindow::connectToCar() {
+  if (findChild<ConnectDialog*>() != nullptr) return;
+  const auto askFile = [this](const QString& title, const QString& proposed, const QString& filter) {
+    return environment_.recorder.dialogs.fileToOpen(this, {title, proposed, filter, {}});
+  };
+  const CarDevices devices = environment_.findDevices ? environment_.findDevices() : CarDevices();
+  auto* const dialog = new ConnectDialog(recentConnections_.all(), linkChoices(devices), askFile, this);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  connect(dialog, &ConnectDialog::connectWanted, this,
+          [this, dialog] { whenIdle_->run([this, dialog] { connectAsAsked(*dialog); }); });
+  dialog->open();
+}
+
+void RecorderWindow::connectAsAsked(ConnectDialog& dialog) {
+  if (!recorder_->configurationMayBeLost()) return;
+  const QString failure = tryToOpen(dialog.connection());
+  if (failure.isNull())
+    dialog.accept();
+  else
+    dialog.setFailure(failure);
+}
+
+/// What went wrong; empty but not null when the user cancelled it.
+QString RecorderWindow::tryToOpen(const CarConnection& connection) {
+  QString failure;
+  try {
+    useVehicle(connection);
+  } catch (const TarnError& error) {
+    failure = toQString(error.description());
+  } catch (const OpeningCancelled&) {
+    failure = "";
+  }
+  showTitle();
+  acquireWaiting();
+  return failure;
 }
 
 /// The old vehicle goes when the recorder has let it go. What it acquires ends before: both may be reached
 /// over one adapter.
-void RecorderWindow::useVehicle(const QString& path) {
+void RecorderWindow::useVehicle(const CarConnection& connection) {
   if (vehicle_ != nullptr) recorder_->ctlTarnAcq().setSession(&vehicle_->session());
-  auto vehicle = vehicleAt(path);
+  auto vehicle = vehicleAt(connection);
   recorder_->setSession(&vehicle->session());
   vehicle_ = std::move(vehicle);
-  if (fromQString(path) != host::kObdCar)
-    recentVehicles_.add(fromQString(QFileInfo(path).absoluteFilePath()));
+  rememberVehicle(connection);
   pages_->setCurrentWidget(recorder_);
 }
 
+/// The car behind the command line's link is asked for there again.
+void RecorderWindow::rememberVehicle(const CarConnection& connection) {
+  const bool asked = connection.vehicle == host::kObdCar;
+  CarConnection found = connection;
+  if (!asked) found.vehicle = fromQString(QFileInfo(toQString(connection.vehicle)).absoluteFilePath());
+  if (!found.link.empty()) recentConnections_.add(found);
+  if (found.link.empty() && !asked) recentVehicles_.add(found.vehicle);
+}
+
+/// An adapter that is not plugged in now may be tomorrow.
+void RecorderWindow::forgetVehicle(const CarConnection& connection) {
+  if (connection.link.empty()) recentVehicles_.remove(connection.vehicle);
+}
+
 /// A car that is asked what it offers takes a while. Events run meanwhile, but nobody may use what is there.
-std::unique_ptr<host::OpenedVehicle> RecorderWindow::vehicleAt(const QString& path) {
-  struct Opening {
-    explicit Opening(RecorderWindow& opener) : window(opener) { set(true); }
-    ~Opening() { set(false); }
-    void set(bool on) {
-      window.opening_ = on;
-      window.setEnabled(!on);
-    }
-    RecorderWindow& window;
-    BusyPointer pointer;
-  };
-  const Opening opening(*this);
-  return environment_.openVehicle(fromQString(path));
+std::unique_ptr<host::OpenedVehicle> RecorderWindow::vehicleAt(const CarConnection& connection) {
+  const QString place = toQString(connection.link.empty() ? connection.vehicle : connection.link);
+  OpeningProgress progress(*this, tr("Connecting to %1...").arg(place));
+  opening_ = &progress;
+  const auto ended = qScopeGuard([this] { opening_ = nullptr; });
+  try {
+    return environment_.openVehicle(connection, [this] {
+      if (opening_ != nullptr) opening_->raiseIfCancelled();
+    });
+  } catch (const TarnError&) {
+    if (progress.cancelled()) throw OpeningCancelled();
+    throw;
+  }
 }
 
 bool RecorderWindow::communicating() const {
-  return opening_ || (vehicle_ != nullptr && vehicle_->session().communicating());
+  return opening_ != nullptr || (vehicle_ != nullptr && vehicle_->session().communicating());
 }
 
 void RecorderWindow::acquire(const QString& configuration, std::optional<std::string> folder) {
@@ -210,7 +263,7 @@ void RecorderWindow::noteConfiguration() {
 // --- the window
 
 void RecorderWindow::showStart() {
-  start_->setVehicles(recentVehicles_.paths(), environment_.exampleVehicles);
+  start_->setVehicles(recentConnections_.all(), recentVehicles_.paths(), environment_.exampleVehicles);
   pages_->setCurrentWidget(start_);
   showTitle();
 }
@@ -246,7 +299,7 @@ void RecorderWindow::showWriteFailure(const std::string& path, const std::string
 }
 
 void RecorderWindow::closeEvent(QCloseEvent* event) {
-  closeWanted_ = opening_;
+  if (opening_ != nullptr) opening_->cancel();
   if (!mayClose_)
     whenIdle_->run([this] {
       if (recorder_->configurationMayBeLost()) endAndClose();
@@ -256,14 +309,18 @@ void RecorderWindow::closeEvent(QCloseEvent* event) {
 
 /// The acquisition may need one more tick for its end.
 void RecorderWindow::endAndClose() {
-  closeWanted_ = opening_;
-  if (opening_) return whenIdle_->run([this] { endAndClose(); });
+  if (opening_ != nullptr) {
+    opening_->cancel();
+    return whenIdle_->run([this] { endAndClose(); });
+  }
   closing_ = true;
   setEnabled(false);
   recorder_->stopAcquisition();
 }
 
-bool RecorderWindow::wantsToEnd() const { return closeWanted_ || recorder_->ctlTarnAcq().endAsked(); }
+bool RecorderWindow::wantsToEnd() const {
+  return (opening_ != nullptr && opening_->cancelled()) || recorder_->ctlTarnAcq().endAsked();
+}
 
 void RecorderWindow::closeNow() {
   if (std::exchange(mayClose_, true)) return;

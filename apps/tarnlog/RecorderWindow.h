@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "apps/tarnlog/CarConnection.h"
+#include "apps/tarnlog/LinkChoices.h"
 #include "host/vehicle/Vehicle.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/RecentFiles.h"
@@ -16,7 +18,9 @@ class QStackedWidget;
 
 namespace tarnlog {
 
+class ConnectDialog;
 class NoticeBar;
+class OpeningProgress;
 class StartPage;
 class TarnMain;
 class WhenIdle;
@@ -24,9 +28,12 @@ class WhenIdle;
 /// What the window needs from around it; all of it outlives the window.
 struct WindowEnvironment {
   MainEnvironment recorder;
-  /// Opens a vehicle description (or kObdCar), or raises. Events run while the vehicle is awaited.
-  std::function<std::unique_ptr<host::OpenedVehicle>(const std::string& path)> openVehicle;
+  /// Opens a vehicle, or raises. Where a car is waited for it lets events run and calls the hook, which may
+  /// raise OpeningCancelled.
+  std::function<std::unique_ptr<host::OpenedVehicle>(const CarConnection&, const host::Link::IdleHook&)>
+      openVehicle;
   std::vector<std::string> exampleVehicles = {};
+  std::function<CarDevices()> findDevices = {};
 };
 
 /// The program's window: first a choice of vehicles, then the recorder on the chosen one. It remembers
@@ -39,6 +46,8 @@ class RecorderWindow : public QMainWindow {
 
   /// Begins anew with this vehicle, unless there is changed work that the user keeps. Failures are shown.
   void openVehicle(const QString& path);
+  /// The same over a link of the user's choice.
+  void openConnection(const CarConnection& connection);
   /// Opens a configuration and acquires at once; before there is a vehicle, as soon as there is one. The
   /// files go into the folder when one is given. Failures are shown.
   void acquire(const QString& configuration, std::optional<std::string> folder = std::nullopt);
@@ -65,8 +74,13 @@ class RecorderWindow : public QMainWindow {
   void restorePlace();
   void storePlace();
   void chooseVehicle();
-  void useVehicle(const QString& path);
-  std::unique_ptr<host::OpenedVehicle> vehicleAt(const QString& path);
+  void connectToCar();
+  void connectAsAsked(ConnectDialog& dialog);
+  void rememberVehicle(const CarConnection& connection);
+  void forgetVehicle(const CarConnection& connection);
+  QString tryToOpen(const CarConnection& connection);
+  void useVehicle(const CarConnection& connection);
+  std::unique_ptr<host::OpenedVehicle> vehicleAt(const CarConnection& connection);
   bool communicating() const;
   void acquireWaiting();
   void noteConfiguration();
@@ -78,14 +92,14 @@ class RecorderWindow : public QMainWindow {
   WindowEnvironment environment_;
   RecentFiles recentVehicles_;
   RecentFiles recentConfigurations_;
+  RecentConnections recentConnections_;
   WhenIdle* whenIdle_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;
   QString waitingConfiguration_;
   std::optional<std::string> waitingFolder_;
   QString notedConfiguration_;
-  bool opening_ = false;
+  OpeningProgress* opening_ = nullptr;  ///< while a vehicle is being opened
   bool closing_ = false;
-  bool closeWanted_ = false;  ///< while a vehicle is opened
   bool mayClose_ = false;
 
   QStackedWidget* pages_ = nullptr;

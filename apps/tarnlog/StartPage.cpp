@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "host/vehicle/Vehicle.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kWidth = 560;
 constexpr int kPath = Qt::UserRole;
+constexpr int kLink = Qt::UserRole + 1;
 
 QLabel* heading(const QString& text) {
   auto* const label = new QLabel(text);
@@ -32,7 +34,9 @@ QLabel* heading(const QString& text) {
 StartPage::StartPage(QWidget* parent)
     : QWidget(parent),
       vehicles_(new QListWidget),
+      car_(new QPushButton(tarnIcon("plug"), tr("&Connect to a car..."))),
       other_(new QPushButton(tarnIcon("load"), tr("&Open vehicle..."))) {
+  car_->setObjectName("connectCar");
   other_->setObjectName("otherVehicle");
   vehicles_->setObjectName("vehicles");
   vehicles_->setAccessibleName(tr("Vehicles"));
@@ -51,7 +55,11 @@ StartPage::StartPage(QWidget* parent)
   column->addWidget(heading(tr("Choose a vehicle")));
   column->addWidget(hint);
   column->addWidget(vehicles_, 4);
-  column->addWidget(other_, 0, Qt::AlignLeft);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(car_);
+  buttons->addWidget(other_);
+  buttons->addStretch();
+  column->addLayout(buttons);
   column->addStretch(1);
   auto* const row = new QHBoxLayout(this);
   row->addStretch(1);
@@ -59,20 +67,43 @@ StartPage::StartPage(QWidget* parent)
   row->addStretch(1);
 
   connect(vehicles_, &QListWidget::itemActivated, this,
-          [this](const QListWidgetItem* item) { emit vehicleChosen(item->data(kPath).toString()); });
+          [this](const QListWidgetItem* item) { choose(*item); });
+  connect(car_, &QPushButton::clicked, this, &StartPage::carWanted);
   connect(other_, &QPushButton::clicked, this, &StartPage::otherVehicleWanted);
 }
 
-void StartPage::setVehicles(const std::vector<std::string>& recent,
+void StartPage::setVehicles(const std::vector<CarConnection>& connections,
+                            const std::vector<std::string>& recent,
                             const std::vector<std::string>& examples) {
   vehicles_->clear();
+  for (const CarConnection& connection : connections) addConnection(connection);
   for (const std::string& path : recent) addVehicle(toQString(path), false);
   for (const std::string& path : examples)
     if (std::find(recent.begin(), recent.end(), path) == recent.end()) addVehicle(toQString(path), true);
   vehicles_->setVisible(vehicles_->count() > 0);
   vehicles_->setCurrentRow(0);
-  QWidget* const first = vehicles_->count() > 0 ? static_cast<QWidget*>(vehicles_) : other_;
+  QWidget* const first = vehicles_->count() > 0 ? static_cast<QWidget*>(vehicles_) : car_;
   first->setFocus();
+}
+
+void StartPage::choose(const QListWidgetItem& item) {
+  const QString path = item.data(kPath).toString();
+  const QString link = item.data(kLink).toString();
+  if (link.isEmpty())
+    emit vehicleChosen(path);
+  else
+    emit connectionChosen({fromQString(path), fromQString(link)});
+}
+
+void StartPage::addConnection(const CarConnection& connection) {
+  const QString path = toQString(connection.vehicle);
+  const QString link = toQString(connection.link);
+  const bool asked = connection.vehicle == host::kObdCar;
+  const QString name = asked ? tr("OBD car") : QFileInfo(path).fileName().section('.', 0, 0);
+  auto* const item = new QListWidgetItem(tarnIcon("plug"), name + "\n" + link, vehicles_);
+  item->setData(kPath, path);
+  item->setData(kLink, link);
+  item->setToolTip(asked ? link : path + "\n" + link);
 }
 
 void StartPage::addVehicle(const QString& path, bool example) {

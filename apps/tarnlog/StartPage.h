@@ -4,7 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "apps/tarnlog/CarConnection.h"
+
 class QListWidget;
+class QListWidgetItem;
 class QPushButton;
 
 namespace tarnlog {
@@ -16,17 +19,24 @@ class StartPage : public QWidget {
  public:
   explicit StartPage(QWidget* parent = nullptr);
 
-  /// Paths of vehicle descriptions. An example that is recent is shown once.
-  void setVehicles(const std::vector<std::string>& recent, const std::vector<std::string>& examples);
+  /// Cars that were connected before, and paths of vehicle descriptions. An example that is recent is shown
+  /// once.
+  void setVehicles(const std::vector<CarConnection>& connections, const std::vector<std::string>& recent,
+                   const std::vector<std::string>& examples);
 
  signals:
   void vehicleChosen(const QString& path);
+  void connectionChosen(const tarnlog::CarConnection& connection);
   void otherVehicleWanted();
+  void carWanted();
 
  private:
+  void addConnection(const CarConnection& connection);
   void addVehicle(const QString& path, bool example);
+  void choose(const QListWidgetItem& item);
 
   QListWidget* vehicles_;
+  QPushButton* car_;
   QPushButton* other_;
 };
 

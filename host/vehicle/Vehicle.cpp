@@ -32,6 +32,7 @@ class VehicleOverLink : public OpenedVehicle {
         session_(description_, *link_, clock, std::move(locale)) {
     link_->setIdleHook(std::move(idleHook));
   }
+  void openLinkAtOnce() { link_->open(); }
 
   const VehicleDescription& description() const override { return description_; }
   VehicleSession& session() override { return session_; }
@@ -80,8 +81,10 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     return traced(url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
                               : openLink(url, clock, files));
   };
-  return std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
-                                           std::move(idleHook), makeLink);
+  auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
+                                                   std::move(idleHook), makeLink);
+  if (options.openAtOnce) vehicle->openLinkAtOnce();
+  return vehicle;
 }
 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,

@@ -38,6 +38,8 @@ inline constexpr std::string_view kObdCar = "obd2:";
 struct LinkOptions {
   std::string url;    ///< as `openLink` takes it; empty: the description's own link or simulation
   std::string trace;  ///< a file, not there yet, that takes what goes over the link; empty: none
+  /// A link that cannot be opened fails at once, not only with the first request.
+  bool openAtOnce = false;
   /// True when somebody wants to end: what takes longer than a moment is broken off. May be empty.
   Link::StopQuestion stopAsked{};
 };

@@ -32,8 +32,8 @@ TEST(ExampleDrive, IsShownAndRecordedByTheTriggersOfItsConfiguration) {
   test::ManualLinkClock linkClock{&clock};
   test::ManualTimer timer;
   test::ScriptedDialogs dialogs;
-  RecorderWindow window({{clock, timer, files, settings, dialogs, {}}, [&](const std::string& path) {
-                           return host::openVehicle(path, files, {}, linkClock, {});
+  RecorderWindow window({{clock, timer, files, settings, dialogs, {}}, [&](const CarConnection& car, auto&) {
+                           return host::openVehicle(car.vehicle, files, {}, linkClock, {});
                          }});
   window.show();
   std::vector<std::string> finished;

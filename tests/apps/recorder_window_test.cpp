@@ -47,13 +47,17 @@ struct RecorderWindowTest : ::testing::Test {
   /// Starts the program anew.
   void open() {
     window.reset();
-    window.emplace(
-        WindowEnvironment{{clock, timer, files, settings, dialogs, {}}, [this](const std::string& path) {
-                            if (whileOpening) std::exchange(whileOpening, nullptr)();
-                            return host::openVehicle(path, files, {}, linkClock, [this] {
-                              if (whileWaiting) std::exchange(whileWaiting, nullptr)();
-                            });
-                          }});
+    window.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
+                                     [this](const CarConnection& car, const host::Link::IdleHook& hook) {
+                                       if (whileOpening) std::exchange(whileOpening, nullptr)();
+                                       hook();
+                                       return host::openVehicle(car.vehicle, files, {}, linkClock,
+                                                                [this] {
+                                                                  if (whileWaiting)
+                                                                    std::exchange(whileWaiting, nullptr)();
+                                                                },
+                                                                {car.link, {}, !car.link.empty(), {}});
+                                     }});
     window->show();
   }
   void ticks(int count) {
@@ -225,6 +229,7 @@ TEST_F(RecorderWindowTest, ClosesWhenTheVehicleIsOpen) {
   };
   window->openVehicle("/car.json");
   EXPECT_TRUE(window->isVisible());
+  EXPECT_EQ(window->windowTitle(), "Tarnlog2001") << "closing cancels the opening";
   EXPECT_TRUE(closed());
 }
 

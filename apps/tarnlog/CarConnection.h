@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/settings/SettingsStore.h"
+#include "ui/main/RecentFiles.h"
+
+namespace tarnlog {
+
+/// A vehicle and the way to it.
+struct CarConnection {
+  std::string vehicle;    ///< path of a description, or kObdCar
+  std::string link = {};  ///< URL; empty: the link that the command line or the description names
+
+  friend bool operator==(const CarConnection& a, const CarConnection& b) {
+    return a.vehicle == b.vehicle && a.link == b.link;
+  }
+};
+
+/// The connections that were made last, newest first.
+class RecentConnections {
+ public:
+  /// `settings` must outlive it.
+  explicit RecentConnections(SettingsStore& settings) : entries_(settings, "RecentConnections") {}
+
+  std::vector<CarConnection> all() const;
+  void add(const CarConnection& connection);
+  void remove(const CarConnection& connection);
+
+ private:
+  RecentFiles entries_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,41 @@
+#include "apps/tarnlog/OpeningProgress.h"
+
+#include <QTimer>
+#include <chrono>
+#include <limits>
+
+namespace tarnlog {
+
+namespace {
+
+constexpr std::chrono::milliseconds kMoment{500};
+
+}  // namespace
+
+OpeningProgress::OpeningProgress(QWidget& window, const QString& what) : window_(window), dialog_(&window) {
+  // It is shown by `show` alone; by itself it would come only once there was progress.
+  dialog_.setMinimumDuration(std::numeric_limits<int>::max());
+  dialog_.setObjectName("openingProgress");
+  dialog_.setWindowModality(Qt::WindowModal);
+  dialog_.setRange(0, 0);
+  dialog_.setLabelText(what);
+  connect(&dialog_, &QProgressDialog::canceled, this, &OpeningProgress::cancel);
+  QTimer::singleShot(kMoment, this, &OpeningProgress::show);
+  window_.setEnabled(false);
+  dialog_.setEnabled(true);  // it went with its window
+}
+
+OpeningProgress::~OpeningProgress() { window_.setEnabled(true); }
+
+/// Whoever can click "Cancel" needs a pointer that says so.
+void OpeningProgress::show() {
+  if (cancelled_) return;
+  pointer_.reset();
+  dialog_.show();
+}
+
+void OpeningProgress::raiseIfCancelled() const {
+  if (cancelled_ && std::uncaught_exceptions() == 0) throw OpeningCancelled();
+}
+
+}  // namespace tarnlog

@@ -9,78 +9,31 @@
 #include <QStatusBar>
 #include <QToolButton>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "acquisition/Indicators.h"
 #include "platform/base/TarnError.h"
+#include "ui/acquisition/AcqCorner.h"
+#include "ui/acquisition/AcqHeader.h"
 #include "ui/acquisition/HotKeys.h"
-#include "ui/acquisition/Indicator.h"
-#include "ui/acquisition/IndicatorMeaning.h"
 #include "ui/acquisition/KeyboardHelp.h"
 #include "ui/acquisition/LogList.h"
 #include "ui/acquisition/ScrolledGraphs.h"
 #include "ui/acquisition/TabStrip.h"
+#include "ui/acquisition/UserWords.h"
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/acquisition/ValueListView.h"
 #include "ui/common/Convert.h"
 #include "ui/common/ElidedLabel.h"
-#include "ui/common/Icons.h"
 
 namespace tarnlog {
 
 namespace {
 
-constexpr int kSpacing = 6;
-constexpr int kLogLines = 5;  ///< that the log shows at least
-constexpr int kLeastLogWidth = 120;
+constexpr int kSpacing = AcqHeader::kSpacing;
 
 const QString kList = QStringLiteral("LIST");
 const QString kGraph = QStringLiteral("GRAPH");
-
-/// The recorder's fixed words, for translators.
-[[maybe_unused]] constexpr std::array kWords = {
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "rec"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "init"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Wait"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Start"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "com"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Start recording"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Stop recording"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Event"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "no record file"),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Open error : "),
-    QT_TRANSLATE_NOOP("tarnlog::AcqView", "Error : Unable to create file"),
-};
-
-QString inUsersWords(std::string_view text) {
-  return text.empty() ? QString() : AcqView::tr(std::string(text).c_str());
-}
-
-/// A text that may begin with this word, and go on with a number or a message.
-QString headInUsersWords(std::string_view text, std::string_view head) {
-  if (text.substr(0, head.size()) != head) return inUsersWords(text);
-  return inUsersWords(head) + toQString(text.substr(head.size()));
-}
-
-QPushButton* makeButton(const char* name, const QString& tip, QWidget* parent) {
-  auto* const button = new QPushButton(parent);
-  button->setObjectName(name);
-  button->setToolTip(tip);
-  button->setAutoDefault(false);
-  return button;
-}
-
-/// A button for the mouse: its key does the same, so the focus passes it by.
-QToolButton* makeCornerButton(const QString& icon, const QString& name, const QString& tip, QWidget* parent) {
-  auto* const button = new QToolButton(parent);
-  button->setIcon(tarnIcon(icon));
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::NoFocus);
-  button->setAccessibleName(name);
-  button->setToolTip(tip);
-  return button;
-}
 
 }  // namespace
 
@@ -91,11 +44,11 @@ AcqView::AcqView(Environment environment, QWidget* parent) : QWidget(parent) {
   acq_ = std::make_unique<TarnAcq>(AcqEnvironment{*this, environment.clock, environment.timer,
                                                   environment.files, std::move(environment.locale),
                                                   std::move(environment.stylesheetUrl)});
-  makeHeader();
+  header_ = std::make_unique<AcqHeader>(*this);
   makeStatusBar();
   makeValues();
   graphs_->surface().setClock(&environment.clock);
-  makePauseControls();
+  corner_ = std::make_unique<AcqCorner>(*this);
   orderTabs();
   connectControls();
   addShortcuts();
@@ -105,22 +58,6 @@ AcqView::AcqView(Environment environment, QWidget* parent) : QWidget(parent) {
 AcqView::~AcqView() {
   skipOnFailure([&] { acq_->setSession(nullptr); });
   acq_.reset();
-}
-
-void AcqView::makeHeader() {
-  lblRec_ = new Indicator(tr("Recording"), this);
-  lblRec_->setObjectName("LblRec");
-  setRecordingCaption("rec");
-  setRecordingColour(indicator::kIdle);
-  lblDiag_ = new Indicator(tr("State of the acquisition"), this);
-  lblDiag_->setObjectName("LblDiag");
-  setStateIndicator("", indicator::kIdle);
-  commandStartStop_ = makeButton("CommandStartStop", tr("Start or stop recording (Enter)"), this);
-  setStartStopCaption("Start recording");
-  eventBouton_ =
-      makeButton("EventBouton", tr("Write the rows around this moment into an event file (Space)"), this);
-  setEventCaption("Event");
-  log_ = new LogList(this);
 }
 
 void AcqView::makeStatusBar() {
@@ -152,42 +89,26 @@ void AcqView::makeValues() {
   graphs_ = new ScrolledGraphs(*this);
 }
 
-void AcqView::makePauseControls() {
-  pausedMark_ = new QLabel(tr("Paused"), this);
-  pausedMark_->setObjectName("LblPaused");
-  pausedMark_->setMargin(2);
-  QPalette colours = pausedMark_->palette();
-  colours.setColor(QPalette::Window, toQColor(indicator::kRequested, colours));
-  colours.setColor(QPalette::WindowText, Qt::black);
-  pausedMark_->setPalette(colours);
-  pausedMark_->setAutoFillBackground(true);
-  pausedMark_->setToolTip(tr("The picture stands still, recording goes on. P lets it run again."));
-  pausedMark_->hide();
-  pauseButton_ = makeCornerButton("pause", tr("Pause"),
-                                  tr("Freeze the picture while recording goes on (P or Pause)"), this);
-  pauseButton_->setCheckable(true);
-  helpButton_ = makeCornerButton("help", tr("Keyboard help"), tr("Keyboard (F1)"), this);
-}
-
 void AcqView::orderTabs() {
-  setTabOrder(commandStartStop_, eventBouton_);
-  setTabOrder(eventBouton_, log_);
-  setTabOrder(log_, &tabs_->bar());
+  setTabOrder(&header_->startStop(), &header_->event());
+  setTabOrder(&header_->event(), &header_->log());
+  setTabOrder(&header_->log(), &tabs_->bar());
   setTabOrder(&tabs_->bar(), valueList_);
-  setFocusProxy(commandStartStop_);
+  setFocusProxy(&header_->startStop());
 }
 
 void AcqView::connectControls() {
   keys_ = new HotKeys(*acq_, this);
-  keys_->swallow(*commandStartStop_);
-  for (QWidget* const control : std::initializer_list<QWidget*>{eventBouton_, log_, valueList_})
+  keys_->swallow(header_->startStop());
+  for (QWidget* const control :
+       std::initializer_list<QWidget*>{&header_->event(), &header_->log(), valueList_})
     keys_->watch(*control);
-  connect(commandStartStop_, &QPushButton::clicked, this, [this] { acq_->ToggleRecording(); });
-  connect(eventBouton_, &QPushButton::clicked, this, [this] { acq_->RecordUserEvent(); });
+  connect(&header_->startStop(), &QPushButton::clicked, this, [this] { acq_->ToggleRecording(); });
+  connect(&header_->event(), &QPushButton::clicked, this, [this] { acq_->RecordUserEvent(); });
   connect(tabs_, &TabStrip::selected, this, &AcqView::showTab);
   connect(graphs_, &ScrolledGraphs::scrolled, this, [this] { acq_->scrolled(); });
-  connect(pauseButton_, &QToolButton::toggled, this, &AcqView::setPaused);
-  connect(helpButton_, &QToolButton::clicked, this, &AcqView::toggleHelp);
+  connect(&corner_->pauseButton(), &QToolButton::toggled, this, &AcqView::setPaused);
+  connect(&corner_->helpButton(), &QToolButton::clicked, this, &AcqView::toggleHelp);
 }
 
 void AcqView::addShortcuts() {
@@ -216,14 +137,11 @@ QShortcut* AcqView::addShortcut(int key) {
 
 QSize AcqView::sizeHint() const { return {900, 640}; }
 
-QSize AcqView::minimumSizeHint() const {
-  const QSize lamp = lblRec_->sizeHint();
-  return {2 * lamp.width() + kLeastLogWidth + 4 * kSpacing, 16 * lamp.height()};
-}
+QSize AcqView::minimumSizeHint() const { return header_->leastViewSize(); }
 
 void AcqView::layOut() {
   const QRect inner = rect().adjusted(kSpacing, kSpacing, -kSpacing, -kSpacing);
-  int top = placeHeader(inner) + kSpacing;
+  int top = header_->place(inner) + kSpacing;
   const int statusHeight = statusBar_->sizeHint().height();
   statusBar_->setGeometry(inner.left(), top, inner.width(), statusHeight);
   top += statusHeight + kSpacing;
@@ -231,42 +149,7 @@ void AcqView::layOut() {
   const QRect client = tabs_->clientArea().translated(tabs_->pos());
   valueList_->setGeometry(client);
   graphs_->place(client);
-  placeCorner();
-}
-
-/// Indicators and buttons at the left, the log beside them. Returns where they end.
-int AcqView::placeHeader(const QRect& inner) {
-  const int lamp = std::max(lblRec_->sizeHint().width(), commandStartStop_->sizeHint().width() / 2);
-  const int left = 2 * lamp + kSpacing;
-  const int lampHeight = lblRec_->sizeHint().height();
-  const int buttonHeight = commandStartStop_->sizeHint().height();
-  int y = inner.top();
-  lblRec_->setGeometry(inner.left(), y, lamp, lampHeight);
-  lblDiag_->setGeometry(inner.left() + lamp + kSpacing, y, lamp, lampHeight);
-  y += lampHeight + kSpacing;
-  commandStartStop_->setGeometry(inner.left(), y, left, buttonHeight);
-  y += buttonHeight + kSpacing;
-  eventBouton_->setGeometry(inner.left(), y, left, buttonHeight);
-  y += buttonHeight;
-  const int logHeight = kLogLines * (log_->fontMetrics().height() + 2) + 2 * log_->frameWidth();
-  const int bottom = std::max(y, inner.top() + logHeight);
-  const int logLeft = inner.left() + left + kSpacing;
-  log_->setGeometry(logLeft, inner.top(), std::max(inner.right() + 1 - logLeft, 0), bottom - inner.top());
-  return bottom;
-}
-
-/// At the right end of the line of tabs.
-void AcqView::placeCorner() {
-  const QRect corner = tabs_->corner().translated(tabs_->pos());
-  int right = corner.right() + 1;
-  for (QWidget* const control : std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_}) {
-    const QSize size = control->sizeHint();
-    const int height = std::min(size.height(), corner.height() - 2);
-    right -= size.width();
-    control->setGeometry(std::max(right, corner.left()), corner.top() + (corner.height() - height) / 2,
-                         size.width(), height);
-    right -= kSpacing;
-  }
+  corner_->place(tabs_->corner().translated(tabs_->pos()));
 }
 
 void AcqView::resizeEvent(QResizeEvent* event) {
@@ -309,8 +192,7 @@ void AcqView::setPaused(bool paused) {
   paused_ = paused;
   values_->setFrozen(paused);
   graphs_->surface().setFrozen(paused);
-  pauseButton_->setChecked(paused);
-  pausedMark_->setVisible(paused);
+  corner_->setPaused(paused);
   tabs_->setHighlight(paused ? toQColor(indicator::kRequested, palette()) : QColor());
 }
 
@@ -330,27 +212,17 @@ void AcqView::toggleHelp() {
 
 // --- what the recorder shows
 
-void AcqView::setRecordingCaption(std::string_view caption) { lblRec_->setText(inUsersWords(caption)); }
+void AcqView::setRecordingCaption(std::string_view caption) { header_->setRecordingCaption(caption); }
 
-void AcqView::setRecordingColour(Colour colour) {
-  lblRec_->setColour(colour);
-  const IndicatorMeaning meaning = recordingMeaning(colour);
-  lblRec_->setMeaning(meaning.sign, meaning.words);
-}
+void AcqView::setRecordingColour(Colour colour) { header_->setRecordingColour(colour); }
 
 void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
-  lblDiag_->setText(inUsersWords(caption));
-  lblDiag_->setColour(colour);
-  lblDiag_->setMeaning(Indicator::Sign::None, stateMeaning(caption));
+  header_->setStateIndicator(caption, colour);
 }
 
-void AcqView::setStartStopCaption(std::string_view caption) {
-  commandStartStop_->setText(inUsersWords(caption));
-}
+void AcqView::setStartStopCaption(std::string_view caption) { header_->setStartStopCaption(caption); }
 
-void AcqView::setEventCaption(std::string_view caption) {
-  eventBouton_->setText(headInUsersWords(caption, "Event"));
-}
+void AcqView::setEventCaption(std::string_view caption) { header_->setEventCaption(caption); }
 
 void AcqView::setPanelText(StatusPanel panel, std::string_view text) {
   if (panel == StatusPanel::Record)
@@ -359,11 +231,11 @@ void AcqView::setPanelText(StatusPanel panel, std::string_view text) {
     acqTimePanel_->setText(toQString(text));
 }
 
-void AcqView::clearLog() { log_->clear(); }
+void AcqView::clearLog() { header_->log().clear(); }
 
-void AcqView::removeLogLine(int position) { log_->removeLine(position); }
+void AcqView::removeLogLine(int position) { header_->log().removeLine(position); }
 
-void AcqView::appendLogLine(std::string_view line) { log_->appendLine(toQString(line)); }
+void AcqView::appendLogLine(std::string_view line) { header_->log().appendLine(toQString(line)); }
 
 void AcqView::rebuildValueColumns() { valueList_->rebuildColumns(); }
 
@@ -378,7 +250,7 @@ void AcqView::setValueText(int row, std::string_view text) { values_->setValue(r
 
 GraphArea* AcqView::graphArea() { return graphs_; }
 
-void AcqView::focusStartStop() { commandStartStop_->setFocus(); }
+void AcqView::focusStartStop() { header_->startStop().setFocus(); }
 
 void AcqView::beep() { QApplication::beep(); }
 

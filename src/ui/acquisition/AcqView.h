@@ -9,18 +9,16 @@
 #include "acquisition/TarnAcq.h"
 
 class QLabel;
-class QPushButton;
 class QShortcut;
 class QStatusBar;
-class QToolButton;
 
 namespace tarnlog {
 
+class AcqCorner;
+class AcqHeader;
 class ElidedLabel;
 class HotKeys;
-class Indicator;
 class KeyboardHelp;
-class LogList;
 class ScrolledGraphs;
 class TabStrip;
 class ValueListModel;
@@ -80,18 +78,14 @@ class AcqView : public QWidget, public AcqScreen {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void makeHeader();
   void makeStatusBar();
   void makeValues();
-  void makePauseControls();
   void orderTabs();
   void connectControls();
   void addShortcuts();
   QShortcut* addShortcut(int key);
 
   void layOut();
-  int placeHeader(const QRect& inner);
-  void placeCorner();
   void showTab(const QString& key);
   void toggleFullScreen();
   void toggleHelp();
@@ -99,11 +93,7 @@ class AcqView : public QWidget, public AcqScreen {
   std::unique_ptr<TarnAcq> acq_;
   HotKeys* keys_ = nullptr;
 
-  Indicator* lblRec_ = nullptr;
-  Indicator* lblDiag_ = nullptr;
-  QPushButton* commandStartStop_ = nullptr;
-  QPushButton* eventBouton_ = nullptr;
-  LogList* log_ = nullptr;
+  std::unique_ptr<AcqHeader> header_;
   QStatusBar* statusBar_ = nullptr;
   ElidedLabel* recordPanel_ = nullptr;
   QLabel* acqTimePanel_ = nullptr;
@@ -111,9 +101,7 @@ class AcqView : public QWidget, public AcqScreen {
   ValueListModel* values_ = nullptr;
   ValueListView* valueList_ = nullptr;
   ScrolledGraphs* graphs_ = nullptr;
-  QLabel* pausedMark_ = nullptr;
-  QToolButton* pauseButton_ = nullptr;
-  QToolButton* helpButton_ = nullptr;
+  std::unique_ptr<AcqCorner> corner_;
   KeyboardHelp* help_ = nullptr;
   QShortcut* leaveFullScreen_ = nullptr;
   std::array<QShortcut*, 2> pageKeys_{};

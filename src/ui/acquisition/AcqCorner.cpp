@@ -1,0 +1,71 @@
+#include "ui/acquisition/AcqCorner.h"
+
+#include <QLabel>
+#include <QToolButton>
+#include <algorithm>
+#include <initializer_list>
+
+#include "acquisition/Indicators.h"
+#include "ui/common/Convert.h"
+#include "ui/common/Icons.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kSpacing = 6;
+
+QLabel* makeMark(const QString& text, const QString& tip, QWidget& parent) {
+  auto* const mark = new QLabel(text, &parent);
+  mark->setObjectName("LblPaused");
+  mark->setMargin(2);
+  QPalette colours;
+  colours.setColor(QPalette::Window, toQColor(indicator::kRequested, colours));
+  colours.setColor(QPalette::WindowText, Qt::black);
+  mark->setPalette(colours);
+  mark->setAutoFillBackground(true);
+  mark->setToolTip(tip);
+  mark->hide();
+  return mark;
+}
+
+/// A button for the mouse: its key does the same, so the focus passes it by.
+QToolButton* makeButton(const QString& icon, const QString& name, const QString& tip, QWidget& parent) {
+  auto* const button = new QToolButton(&parent);
+  button->setIcon(tarnIcon(icon));
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::NoFocus);
+  button->setAccessibleName(name);
+  button->setToolTip(tip);
+  return button;
+}
+
+}  // namespace
+
+AcqCorner::AcqCorner(QWidget& view)
+    : pausedMark_(makeMark(tr("Paused"),
+                           tr("The picture stands still, recording goes on. P lets it run again."), view)),
+      pauseButton_(makeButton("pause", tr("Pause"),
+                              tr("Freeze the picture while recording goes on (P or Pause)"), view)),
+      helpButton_(makeButton("help", tr("Keyboard help"), tr("Keyboard (F1)"), view)) {
+  pauseButton_->setCheckable(true);
+}
+
+void AcqCorner::setPaused(bool paused) {
+  pauseButton_->setChecked(paused);
+  pausedMark_->setVisible(paused);
+}
+
+void AcqCorner::place(const QRect& area) {
+  int right = area.right() + 1;
+  for (QWidget* const control : std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_}) {
+    const QSize size = control->sizeHint();
+    const int height = std::min(size.height(), area.height() - 2);
+    right -= size.width();
+    control->setGeometry(std::max(right, area.left()), area.top() + (area.height() - height) / 2,
+                         size.width(), height);
+    right -= kSpacing;
+  }
+}
+
+}  // namespace tarnlog

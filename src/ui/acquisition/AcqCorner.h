@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QRect>
+
+class QLabel;
+class QToolButton;
+class QWidget;
+
+namespace tarnlog {
+
+/// What stands at the right end of the line of tabs: the pause and help buttons, and a mark while the picture
+/// stands still. The widgets are children of the view.
+class AcqCorner {
+  Q_DECLARE_TR_FUNCTIONS(AcqCorner)
+ public:
+  explicit AcqCorner(QWidget& view);
+
+  QToolButton& pauseButton() { return *pauseButton_; }
+  QToolButton& helpButton() { return *helpButton_; }
+  void setPaused(bool paused);
+  void place(const QRect& area);
+
+ private:
+  QLabel* pausedMark_;
+  QToolButton* pauseButton_;
+  QToolButton* helpButton_;
+};
+
+}  // namespace tarnlog

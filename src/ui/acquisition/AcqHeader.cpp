@@ -1,0 +1,96 @@
+#include "ui/acquisition/AcqHeader.h"
+
+#include <QPushButton>
+#include <algorithm>
+
+#include "acquisition/Indicators.h"
+#include "ui/acquisition/Indicator.h"
+#include "ui/acquisition/IndicatorMeaning.h"
+#include "ui/acquisition/LogList.h"
+#include "ui/acquisition/UserWords.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kLogLines = 5;  ///< that the log shows at least
+constexpr int kLeastLogWidth = 120;
+
+Indicator* makeLamp(const char* name, const QString& accessibleName, QWidget& parent) {
+  auto* const lamp = new Indicator(accessibleName, &parent);
+  lamp->setObjectName(name);
+  return lamp;
+}
+
+QPushButton* makeButton(const char* name, const QString& tip, QWidget& parent) {
+  auto* const button = new QPushButton(&parent);
+  button->setObjectName(name);
+  button->setToolTip(tip);
+  button->setAutoDefault(false);
+  return button;
+}
+
+}  // namespace
+
+AcqHeader::AcqHeader(QWidget& view)
+    : lblRec_(makeLamp("LblRec", tr("Recording"), view)),
+      lblDiag_(makeLamp("LblDiag", tr("State of the acquisition"), view)),
+      commandStartStop_(makeButton("CommandStartStop", tr("Start or stop recording (Enter)"), view)),
+      eventBouton_(makeButton("EventBouton",
+                              tr("Write the rows around this moment into an event file (Space)"), view)),
+      log_(new LogList(&view)) {
+  setRecordingCaption("rec");
+  setRecordingColour(indicator::kIdle);
+  setStateIndicator("", indicator::kIdle);
+  setStartStopCaption("Start recording");
+  setEventCaption("Event");
+}
+
+void AcqHeader::setRecordingCaption(std::string_view caption) { lblRec_->setText(inUsersWords(caption)); }
+
+void AcqHeader::setRecordingColour(Colour colour) {
+  lblRec_->setColour(colour);
+  const IndicatorMeaning meaning = recordingMeaning(colour);
+  lblRec_->setMeaning(meaning.sign, meaning.words);
+}
+
+void AcqHeader::setStateIndicator(std::string_view caption, Colour colour) {
+  lblDiag_->setText(inUsersWords(caption));
+  lblDiag_->setColour(colour);
+  lblDiag_->setMeaning(Indicator::Sign::None, stateMeaning(caption));
+}
+
+void AcqHeader::setStartStopCaption(std::string_view caption) {
+  commandStartStop_->setText(inUsersWords(caption));
+}
+
+void AcqHeader::setEventCaption(std::string_view caption) {
+  eventBouton_->setText(headInUsersWords(caption, "Event"));
+}
+
+QSize AcqHeader::leastViewSize() const {
+  const QSize lamp = lblRec_->sizeHint();
+  return {2 * lamp.width() + kLeastLogWidth + 4 * kSpacing, 16 * lamp.height()};
+}
+
+int AcqHeader::place(const QRect& area) {
+  const int lamp = std::max(lblRec_->sizeHint().width(), commandStartStop_->sizeHint().width() / 2);
+  const int left = 2 * lamp + kSpacing;
+  const int lampHeight = lblRec_->sizeHint().height();
+  const int buttonHeight = commandStartStop_->sizeHint().height();
+  int y = area.top();
+  lblRec_->setGeometry(area.left(), y, lamp, lampHeight);
+  lblDiag_->setGeometry(area.left() + lamp + kSpacing, y, lamp, lampHeight);
+  y += lampHeight + kSpacing;
+  commandStartStop_->setGeometry(area.left(), y, left, buttonHeight);
+  y += buttonHeight + kSpacing;
+  eventBouton_->setGeometry(area.left(), y, left, buttonHeight);
+  y += buttonHeight;
+  const int logHeight = kLogLines * (log_->fontMetrics().height() + 2) + 2 * log_->frameWidth();
+  const int bottom = std::max(y, area.top() + logHeight);
+  const int logLeft = area.left() + left + kSpacing;
+  log_->setGeometry(logLeft, area.top(), std::max(area.right() + 1 - logLeft, 0), bottom - area.top());
+  return bottom;
+}
+
+}  // namespace tarnlog

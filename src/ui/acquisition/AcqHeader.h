@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QRect>
+#include <string_view>
+
+#include "platform/screen/Controls.h"
+
+class QPushButton;
+class QWidget;
+
+namespace tarnlog {
+
+class Indicator;
+class LogList;
+
+/// The upper part of the acquisition view: indicators and buttons at the left, the log beside them. The
+/// widgets are children of the view.
+class AcqHeader {
+  Q_DECLARE_TR_FUNCTIONS(AcqHeader)
+ public:
+  static constexpr int kSpacing = 6;  ///< pixels between controls
+
+  explicit AcqHeader(QWidget& view);
+
+  void setRecordingCaption(std::string_view caption);
+  void setRecordingColour(Colour colour);
+  void setStateIndicator(std::string_view caption, Colour colour);
+  void setStartStopCaption(std::string_view caption);
+  void setEventCaption(std::string_view caption);
+
+  QPushButton& startStop() { return *commandStartStop_; }
+  QPushButton& event() { return *eventBouton_; }
+  LogList& log() { return *log_; }
+
+  /// Of a view in which the header and some values can be read.
+  QSize leastViewSize() const;
+  /// At the top of this area. Returns where it ends.
+  int place(const QRect& area);
+
+ private:
+  Indicator* lblRec_;
+  Indicator* lblDiag_;
+  QPushButton* commandStartStop_;
+  QPushButton* eventBouton_;
+  LogList* log_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,39 @@
+#include "ui/acquisition/UserWords.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <string>
+
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+
+namespace {
+
+/// For translators.
+[[maybe_unused]] constexpr std::array kWords = {
+    QT_TRANSLATE_NOOP("UserWords", "rec"),
+    QT_TRANSLATE_NOOP("UserWords", "init"),
+    QT_TRANSLATE_NOOP("UserWords", "Wait"),
+    QT_TRANSLATE_NOOP("UserWords", "Start"),
+    QT_TRANSLATE_NOOP("UserWords", "com"),
+    QT_TRANSLATE_NOOP("UserWords", "Start recording"),
+    QT_TRANSLATE_NOOP("UserWords", "Stop recording"),
+    QT_TRANSLATE_NOOP("UserWords", "Event"),
+    QT_TRANSLATE_NOOP("UserWords", "no record file"),
+    QT_TRANSLATE_NOOP("UserWords", "Open error : "),
+    QT_TRANSLATE_NOOP("UserWords", "Error : Unable to create file"),
+};
+
+}  // namespace
+
+QString inUsersWords(std::string_view text) {
+  return text.empty() ? QString() : QCoreApplication::translate("UserWords", std::string(text).c_str());
+}
+
+QString headInUsersWords(std::string_view text, std::string_view head) {
+  if (text.substr(0, head.size()) != head) return inUsersWords(text);
+  return inUsersWords(head) + toQString(text.substr(head.size()));
+}
+
+}  // namespace tarnlog

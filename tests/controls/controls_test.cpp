@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QSignalBlocker>
 #include <QTest>
 #include <cmath>
 #include <limits>
+#include <numeric>
+#include <utility>
+#include <vector>
 
 #include "platform/controls/CWButton.h"
 #include "platform/controls/CWGraph.h"
@@ -19,9 +23,29 @@ constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 QImage pictureOf(QWidget& widget) { return widget.grab().toImage(); }
 
+/// Of a place of the widget, whatever the screen's pixels.
+QColor colourAt(const QImage& picture, int x, int y) {
+  const QPointF pixel = QPointF(x, y) * picture.devicePixelRatio();
+  return picture.pixelColor(pixel.toPoint());
+}
+
+int countOf(const QColor& colour, const QImage& picture) {
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x) count += picture.pixelColor(x, y) == colour;
+  return count;
+}
+
+QImage around(const QImage& picture, const QPointF& place, int reach) {
+  const qreal ratio = picture.devicePixelRatio();
+  const QPoint corner = ((place - QPointF(reach, reach)) * ratio).toPoint();
+  return picture.copy(QRect(corner, QSize(2 * reach + 1, 2 * reach + 1) * ratio));
+}
+
+/// Curves that cross, with gaps and a value that stands alone between two.
 void fill(CWGraph& graph, int from, int to) {
   for (int i = from; i < to; ++i) {
-    graph.chartY(1, i % 60 == 0 ? kNaN : 50 + 45 * std::sin(i / 17.0));
+    graph.chartY(1, i % 60 == 0 || i % 60 == 2 ? kNaN : 50 + 45 * std::sin(i / 17.0));
     graph.chartY(2, i % 50);
   }
 }
@@ -36,27 +60,88 @@ void prepare(CWGraph& graph, int history) {
   graph.setPlotColour(2, Qt::blue);
 }
 
-int differences(const QImage& a, const QImage& b) {
-  int count = 0;
-  for (int y = 0; y < a.height(); ++y)
-    for (int x = 0; x < a.width(); ++x) count += a.pixel(x, y) != b.pixel(x, y);
-  return count;
+/// Without the left edge, where a line from a point that has been dropped may still stand.
+QImage withoutEdge(CWGraph& graph) {
+  const QImage picture = pictureOf(graph);
+  const qreal left = (graph.placeOf(1, graph.firstPoint() + 1).x() + 4) * picture.devicePixelRatio();
+  return picture.copy(qCeil(left), 0, picture.width() - qCeil(left), picture.height());
 }
 
-TEST(CWGraph, PaintingColumnByColumnGivesThePictureOfAFullRedraw) {
+TEST(CWGraph, ScrollsToThePictureOfAFullRedraw) {
   for (const int history : {100, 500, 5000}) {
-    CWGraph stepwise;
-    CWGraph atOnce;
-    prepare(stepwise, history);
-    prepare(atOnce, history);
-    for (int i = 0; i < history * 2 + 37; i += 13) {
-      fill(stepwise, i, i + 13);
-      fill(atOnce, i, i + 13);
-      if (history < 5000 || i > 9000) stepwise.grab();
-    }
-    // Where curves cross, the order of drawing may differ; so may a line cut at the left edge.
-    EXPECT_LT(differences(pictureOf(stepwise), pictureOf(atOnce)), 300) << history;
+    CWGraph scrolled;
+    CWGraph drawn;
+    prepare(scrolled, history);
+    prepare(drawn, history);
+    int point = 0;
+    const auto play = [&](int points) {
+      for (const int end = point + points; point < end; point += 13) {
+        fill(scrolled, point, point + 13);
+        fill(drawn, point, point + 13);
+        scrolled.grab();
+      }
+      drawn.setAxisGrid(CWGraph::YAxis, true);  // has it drawn anew
+      return withoutEdge(scrolled) == withoutEdge(drawn);
+    };
+    EXPECT_TRUE(play(history / 2)) << history << " filling";
+    EXPECT_TRUE(play(history + 37)) << history;
+    for (CWGraph* const graph : {&scrolled, &drawn}) graph->resize(317, 180);
+    EXPECT_TRUE(play(30)) << history << " after a change of size";
+    for (CWGraph* const graph : {&scrolled, &drawn}) graph->setAxisRange(CWGraph::YAxis, -20, 60);
+    EXPECT_TRUE(play(30)) << history << " after a change of axis";
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(30, 30, 34));
+    dark.setColor(QPalette::Text, Qt::white);
+    const QImage light = pictureOf(scrolled);
+    for (CWGraph* const graph : {&scrolled, &drawn}) graph->setPalette(dark);
+    EXPECT_LT(countOf(Qt::white, pictureOf(scrolled)), countOf(Qt::white, light) / 4);
+    EXPECT_TRUE(play(30)) << history << " after a change of palette";
   }
+}
+
+TEST(CWGraph, DrawsTheEndsOfTheAxisInTheOutermostPixels) {
+  CWGraph graph;
+  prepare(graph, 10);
+  for (int i = 0; i < 12; ++i) {
+    graph.chartY(1, 100);
+    graph.chartY(2, 0);
+  }
+  const QImage picture = pictureOf(graph);
+  const auto ratio = static_cast<int>(picture.devicePixelRatio());
+  const QRect area(graph.plotArea().topLeft() * ratio, graph.plotArea().size() * ratio);
+  const int x = area.center().x();
+  const auto rowsOf = [&](const QColor& colour) {
+    std::vector<int> rows;
+    for (int y = 0; y < picture.height(); ++y)
+      if (picture.pixelColor(x, y) == colour) rows.push_back(y);
+    return rows;
+  };
+  std::vector<int> top(static_cast<std::size_t>(ratio));
+  std::iota(top.begin(), top.end(), area.top());
+  std::vector<int> bottom(static_cast<std::size_t>(ratio));
+  std::iota(bottom.begin(), bottom.end(), area.bottom() - ratio + 1);
+  EXPECT_EQ(rowsOf(Qt::red), top) << "a line as wide as a point of the layout";
+  EXPECT_EQ(rowsOf(Qt::blue), bottom);
+}
+
+TEST(CWGraph, DrawsXYInOrderWithGapsAndForgetsOldPoints) {
+  CWGraph graph;
+  graph.setXY(true);
+  prepare(graph, 5);
+  graph.setAxisAutoscale(CWGraph::XAxis, true);
+  const double points[][2] = {{10, 90}, {0, 10}, {40, 10}, {40, 60}, {kNaN, 60}, {80, 60}, {100, 90}};
+  for (const auto& [x, y] : points) graph.plotXY(1, x, y);
+  const QImage picture = pictureOf(graph);
+  EXPECT_EQ(graph.axisMinimum(CWGraph::XAxis), 40) << "of the points that are kept";
+  EXPECT_EQ(graph.axisMaximum(CWGraph::XAxis), 100);
+  const auto reds = [&](const QPointF& place) { return countOf(Qt::red, around(picture, place, 2)); };
+  const auto between = [&](int one, int other) {
+    return (graph.placeOf(1, one) + graph.placeOf(1, other)) / 2;
+  };
+  EXPECT_GT(reds(between(2, 3)), 0);
+  EXPECT_EQ(reds(between(3, 5)), 0) << "a gap";
+  EXPECT_GT(reds(between(5, 6)), 0);
+  EXPECT_GT(reds(graph.placeOf(1, 6)), reds(between(5, 6))) << "the newest is marked";
 }
 
 TEST(CWGraph, ReadsValuesUnderTheMouse) {
@@ -81,10 +166,7 @@ TEST(CWGraph, PlacesPointsWhereItDrawsAndFindsThem) {
       const QPoint place = graph.placeOf(1, point).toPoint();
       EXPECT_EQ(graph.pointAt(place), point);
       EXPECT_EQ(graph.momentOf(point), static_cast<double>(point) * 0.5);
-      const QImage around = picture.copy(place.x() - 1, place.y() - 1, 3, 3);
-      int red = 0;
-      for (int i = 0; i < 9; ++i) red += around.pixelColor(i % 3, i / 3) == QColor(Qt::red);
-      EXPECT_GT(red, 0) << point << " of " << points;
+      EXPECT_GT(countOf(Qt::red, around(picture, place, 1)), 0) << point << " of " << points;
     }
   }
   CWGraph graph;
@@ -120,7 +202,7 @@ TEST(CWGraph, FrozenShowsTheMomentAndLosesNothing) {
     frozen.resize(400, 150);
     EXPECT_EQ(pictureOf(frozen), before) << "drawn anew, still of that moment";
     frozen.setFrozen(false);
-    EXPECT_LT(differences(pictureOf(frozen), pictureOf(free)), 300);
+    EXPECT_EQ(pictureOf(frozen), pictureOf(free));
     EXPECT_EQ(frozen.endPoint(), 270);
   }
 }
@@ -160,7 +242,8 @@ TEST(Readable, DarkCurvesAreSeenOnADarkDesktopInTheirHue) {
   graph.setPalette(palette);
   prepare(graph, 10);
   for (int i = 0; i < 10; ++i) graph.chartY(2, 50);
-  EXPECT_EQ(pictureOf(graph).pixel(graph.placeOf(2, 5).toPoint()), readableCurve(Qt::blue, night).rgb());
+  const QPoint place = graph.placeOf(2, 5).toPoint();
+  EXPECT_EQ(colourAt(pictureOf(graph), place.x(), place.y()).rgb(), readableCurve(Qt::blue, night).rgb());
 }
 
 TEST(CWSlide, KeepsValuesOutsideTheAxisAndShowsTheBarInside) {
@@ -170,15 +253,38 @@ TEST(CWSlide, KeepsValuesOutsideTheAxisAndShowsTheBarInside) {
   slide.setPointerFillColour(1, Qt::red);
   slide.setValue(50);
   const QImage half = pictureOf(slide);
-  EXPECT_EQ(half.pixelColor(60, 6), QColor(Qt::red));
-  EXPECT_NE(half.pixelColor(160, 6), QColor(Qt::red));
+  EXPECT_EQ(colourAt(half, 60, 6), QColor(Qt::red));
+  EXPECT_NE(colourAt(half, 160, 6), QColor(Qt::red));
   slide.setValue(250);
   EXPECT_EQ(slide.value(), 250);
-  EXPECT_EQ(pictureOf(slide).pixelColor(160, 6), QColor(Qt::red));
+  EXPECT_EQ(colourAt(pictureOf(slide), 160, 6), QColor(Qt::red));
   slide.setValue(kNaN);
   slide.setPointerValue(4, 1);
   slide.resize(1, 1);
   slide.grab();
+}
+
+TEST(CWSlide, ShowsMarkersInsideAnyAxis) {
+  CWSlide slide;
+  slide.resize(216, 40);
+  slide.setPointerColour(2, Qt::red);
+  slide.setPointerColour(3, Qt::blue);
+  const auto marks = [&](const QColor& colour, int from, int to) {
+    const QImage picture = pictureOf(slide);
+    const auto ratio = static_cast<int>(picture.devicePixelRatio());
+    return countOf(colour, picture.copy(from * ratio, 0, (to - from) * ratio, picture.height()));
+  };
+  const std::pair<double, double> axes[] = {{0, 100}, {100, 0}, {50, 50}, {kNaN, 3}, {-kInfinity, kInfinity}};
+  for (const auto& [from, to] : axes) {
+    slide.setAxisRange(from, to);
+    slide.setPointerValue(2, -1e308);
+    slide.setPointerValue(3, kInfinity);
+    EXPECT_GT(marks(Qt::red, 0, 16), 5) << from << ' ' << to;
+    EXPECT_GT(marks(Qt::blue, 200, 216), 5) << from << ' ' << to;
+    EXPECT_EQ(marks(Qt::red, 16, 216) + marks(Qt::blue, 0, 200), 0) << from << ' ' << to;
+  }
+  slide.setPointerValue(2, kNaN);
+  EXPECT_EQ(marks(Qt::red, 0, 216), 0);
 }
 
 TEST(CWSlide, FreezesAndIsSpoken) {
@@ -194,6 +300,7 @@ TEST(CWSlide, FreezesAndIsSpoken) {
   QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(&slide);
   ASSERT_NE(access->valueInterface(), nullptr);
   EXPECT_EQ(access->text(QAccessible::Value), QStringLiteral("12,5"));
+  EXPECT_EQ(access->valueInterface()->currentValue().toDouble(), 12.5) << "as in the picture";
   EXPECT_EQ(access->valueInterface()->maximumValue().toDouble(), 100);
   slide.setFrozen(false);
   EXPECT_NE(pictureOf(slide), before);
@@ -215,18 +322,58 @@ TEST(CWNumEdit, StepsByKeysWithinLimitsInTheUsersLocale) {
   EXPECT_EQ(edit.text(), QStringLiteral("20"));
 }
 
-TEST(CWButton, TogglesByKeyAndMouse) {
+TEST(CWNumEdit, TakesWhatIsTypedWhenItIsFinished) {
+  CWNumEdit edit;
+  edit.setLocale(QLocale(QLocale::French));
+  edit.setRange(-10, 200);
+  std::vector<double> changes;
+  QObject::connect(&edit, &CWNumEdit::valueChanged, [&](double value) { changes.push_back(value); });
+  const auto typed = [&](const char* keys) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, QLatin1String(keys));
+    QTest::keyClick(&edit, Qt::Key_Return);
+    return edit.text();
+  };
+  EXPECT_EQ(typed("12.5"), QStringLiteral("12,5")) << "the point of the number pad";
+  EXPECT_EQ(typed("1,25e2"), QStringLiteral("125"));
+  EXPECT_EQ(typed("300"), QStringLiteral("200")) << "not 30, its last digit refused";
+  EXPECT_EQ(typed("-"), QStringLiteral("200"));
+  EXPECT_EQ(typed("x0,0000001"), QStringLiteral("0,0000001"));
+  EXPECT_EQ(typed("1e"), QStringLiteral("0,0000001"));
+  EXPECT_EQ(typed("-99"), QStringLiteral("-10"));
+  EXPECT_EQ(changes, (std::vector<double>{12.5, 125, 200, 1e-7, -10}));
+  changes.clear();
+  edit.setKeyboardTracking(true);
+  edit.setSuffix(QStringLiteral(" km/h"));
+  EXPECT_EQ(typed("300"), QStringLiteral("200 km/h"));
+  EXPECT_EQ(changes, (std::vector<double>{3, 30, 200}));
+}
+
+TEST(CWButton, ShowsItsStateAndTogglesByKeyAndMouse) {
+  const auto plain = [](const QColor& colour) {
+    QPixmap picture(32, 32);
+    picture.setDevicePixelRatio(2);
+    picture.fill(colour);
+    return QIcon(picture);
+  };
   CWButton button;
-  QPixmap off(16, 16);
-  QPixmap on(16, 16);
-  off.fill(Qt::green);
-  on.fill(Qt::red);
-  button.setPictures(off, on);
+  button.resize(60, 40);
+  button.setPictures(plain(Qt::green), plain(Qt::red));
+  const auto shown = [&] { return colourAt(pictureOf(button), 30, 20); };
+  EXPECT_EQ(shown(), QColor(Qt::green));
   QTest::keyClick(&button, Qt::Key_Space);
   EXPECT_TRUE(button.isChecked());
-  EXPECT_EQ(pictureOf(button).pixelColor(button.rect().center()), QColor(Qt::red));
+  EXPECT_EQ(shown(), QColor(Qt::red));
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(&button)->state().checked);
   QTest::mouseClick(&button, Qt::LeftButton);
   EXPECT_FALSE(button.isChecked());
+  {
+    const QSignalBlocker silent(button);
+    button.setChecked(true);
+  }
+  EXPECT_EQ(shown(), QColor(Qt::red)) << "whoever hears of it";
+  button.setEnabled(false);
+  EXPECT_NE(shown(), QColor(Qt::red)) << "pale";
 }
 
 }  // namespace

@@ -1,17 +1,20 @@
 #include "platform/controls/CWButton.h"
 
-#include <QIcon>
+#include <QStyleOptionButton>
 
 namespace tarnlog {
 
 CWButton::CWButton(QWidget* parent) : QPushButton(parent) { setCheckable(true); }
 
-void CWButton::setPictures(const QPixmap& off, const QPixmap& on) {
-  QIcon icon;
-  icon.addPixmap(off, QIcon::Normal, QIcon::Off);
-  icon.addPixmap(on, QIcon::Normal, QIcon::On);
-  setIcon(icon);
-  setIconSize(off.deviceIndependentSize().toSize().expandedTo(on.deviceIndependentSize().toSize()));
+void CWButton::setPictures(const QIcon& off, const QIcon& on) {
+  on_ = on;
+  setIcon(off);
+}
+
+/// Here and not when it is toggled: a change whose signal is blocked must be seen too.
+void CWButton::initStyleOption(QStyleOptionButton* option) const {
+  QPushButton::initStyleOption(option);
+  if (isChecked() && !on_.isNull()) option->icon = on_;
 }
 
 }  // namespace tarnlog

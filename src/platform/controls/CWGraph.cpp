@@ -279,30 +279,39 @@ void CWGraph::drawAll() {
   xColumns_ = PixelScale(x_.range(), canvas_.width());
   columns_ = ColumnScale(canvas_.width(), history_);
   canvas_.setFirstColumn(firstColumn());
-  drawnTo_ = canvas_.endColumn();
-  drawGrid(canvas_.firstColumn(), drawnTo_);
+  drawColumns(canvas_.firstColumn(), canvas_.endColumn());
+}
+
+/// And those on their left whose lines go on now: they become what they are in a picture drawn from the
+/// start.
+void CWGraph::drawNewColumns() {
+  std::int64_t first = endPoint();
+  for (const Plot& plot : plots_)
+    if (plot.drawn < plot.shown().end()) first = std::min(first, plot.drawn);
+  canvas_.setFirstColumn(firstColumn());
+  const int reach = canvas_.reach();
+  drawColumns(columns_.columnOf(std::max<std::int64_t>(first - 1, 0)) - reach,
+              std::min(columns_.columnOf(endPoint()) + reach, canvas_.endColumn()));
+}
+
+void CWGraph::drawColumns(std::int64_t from, std::int64_t to) {
+  canvas_.protectBefore(from);
+  drawGrid(std::max(from, canvas_.firstColumn()), to);
+  const std::int64_t point = columns_.pointIn(from - canvas_.reach());
   for (Plot& plot : plots_) {
-    const PlotHistory& points = plot.shown();
-    if (xy_)
-      drawXYCurve(canvas_, points, xColumns_, rows_, plot.painted);
-    else if (history_ > 4 * canvas_.width())
-      drawDenseTimeCurve(canvas_, points, columns_, rows_, plot.painted);
-    else
-      drawTimeCurve(canvas_, points, points.begin(), columns_, rows_, plot.painted);
-    plot.drawn = points.end();
+    drawCurve(plot, point);
+    plot.drawn = plot.shown().end();
   }
 }
 
-void CWGraph::drawNewColumns() {
-  canvas_.setFirstColumn(firstColumn());
-  const std::int64_t end = canvas_.endColumn();
-  if (end > drawnTo_) drawGrid(std::max(drawnTo_, canvas_.firstColumn()), end);
-  drawnTo_ = end;
-  for (Plot& plot : plots_) {
-    if (plot.drawn < plot.shown().end())
-      drawTimeCurve(canvas_, plot.shown(), plot.drawn, columns_, rows_, plot.painted);
-    plot.drawn = plot.shown().end();
-  }
+void CWGraph::drawCurve(const Plot& plot, std::int64_t from) {
+  const PlotHistory& points = plot.shown();
+  if (xy_)
+    drawXYCurve(canvas_, points, xColumns_, rows_, plot.painted);
+  else if (history_ > 4 * canvas_.width())
+    drawDenseTimeCurve(canvas_, points, from, columns_, rows_, plot.painted);
+  else
+    drawTimeCurve(canvas_, points, from, columns_, rows_, plot.painted);
 }
 
 void CWGraph::drawGrid(std::int64_t from, std::int64_t to) {

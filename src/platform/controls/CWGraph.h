@@ -126,6 +126,8 @@ class CWGraph : public QWidget {
   void prepareCanvas();
   void drawAll();
   void drawNewColumns();
+  void drawColumns(std::int64_t from, std::int64_t to);
+  void drawCurve(const Plot& plot, std::int64_t from);
   void drawGrid(std::int64_t from, std::int64_t to);
   std::int64_t firstColumn() const;
   void paintAround(QPainter& painter);
@@ -139,9 +141,8 @@ class CWGraph : public QWidget {
   bool frozen_ = false;
   GraphFrame outline_;
   ScrollingCanvas canvas_;
-  bool stale_ = true;         ///< the canvas is to be drawn from the start
-  std::int64_t drawnTo_ = 0;  ///< columns before this one are in the canvas
-  ColumnScale columns_;       ///< of a time chart
+  bool stale_ = true;    ///< the canvas is to be drawn from the start
+  ColumnScale columns_;  ///< of a time chart
   PixelScale xColumns_;
   PixelScale rows_;
   PaintPacer pacer_{this};

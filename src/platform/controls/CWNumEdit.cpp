@@ -1,24 +1,73 @@
 #include "platform/controls/CWNumEdit.h"
 
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 
 namespace tarnlog {
 
+namespace {
+
+constexpr double kMostInFull = 1e15;  ///< beyond, digits before the separator would be invented
+
+/// A number, or what more typing can make one.
+bool beginsNumber(const QString& text, const QLocale& in, bool whole) {
+  const auto literally = [](const QString& sign) { return QRegularExpression::escape(sign); };
+  const QString sign = QStringLiteral("(-|\\+|%1)?").arg(literally(in.negativeSign()));
+  const QString digits = sign + QStringLiteral("\\d*");
+  const QString rest = QStringLiteral("(%1\\d*)?(\\d%2%3\\d*)?")
+                           .arg(literally(in.decimalPoint()), literally(in.exponential()), sign);
+  const QString pattern = QRegularExpression::anchoredPattern(whole ? digits : digits + rest);
+  return QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption |
+                                         QRegularExpression::UseUnicodePropertiesOption)
+      .match(text)
+      .hasMatch();
+}
+
+}  // namespace
+
 CWNumEdit::CWNumEdit(QWidget* parent) : QDoubleSpinBox(parent) {
-  setDecimals(6);
+  setDecimals(12);
   setRange(-1e9, 1e9);
   setKeyboardTracking(false);
 }
 
+QLocale CWNumEdit::plainLocale() const {
+  QLocale plain = locale();
+  plain.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
+  return plain;
+}
+
 QString CWNumEdit::textFromValue(double value) const {
-  QString text = QDoubleSpinBox::textFromValue(value);
-  const QString point = locale().decimalPoint();
-  const QString zero = locale().zeroDigit();
-  if (!text.contains(point)) return text;
-  while (text.endsWith(zero)) text.chop(zero.size());
-  if (text.endsWith(point)) text.chop(point.size());
-  return text;
+  const char format = std::abs(value) < kMostInFull ? 'f' : 'g';
+  return plainLocale().toString(value == 0 ? 0 : value, format, QLocale::FloatingPointShortest);
+}
+
+QString CWNumEdit::numberIn(QString text) const {
+  if (text.startsWith(prefix())) text.remove(0, prefix().size());
+  if (text.endsWith(suffix())) text.chop(suffix().size());
+  return text.trimmed();
+}
+
+double CWNumEdit::valueFromText(const QString& text) const { return plainLocale().toDouble(numberIn(text)); }
+
+QValidator::State CWNumEdit::validate(QString& text, int& /*position*/) const {
+  const QLocale plain = plainLocale();
+  const QString number = numberIn(text).replace(QLatin1Char('.'), plain.decimalPoint());
+  text = prefix() + number + suffix();
+  if (!beginsNumber(number, plain, decimals() == 0)) return QValidator::Invalid;
+  bool complete = false;
+  const double value = plain.toDouble(number, &complete);
+  const bool within = value >= minimum() && value <= maximum();
+  return complete && within ? QValidator::Acceptable : QValidator::Intermediate;
+}
+
+void CWNumEdit::fixup(QString& text) const {
+  bool complete = false;
+  plainLocale().toDouble(numberIn(text), &complete);
+  if (!complete) return;
+  text = prefix() + textFromValue(std::clamp(valueFromText(text), minimum(), maximum())) + suffix();
 }
 
 void CWNumEdit::keyPressEvent(QKeyEvent* event) {

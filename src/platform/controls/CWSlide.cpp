@@ -48,7 +48,7 @@ double CWSlide::pointerValue(int number) const {
 
 void CWSlide::setPointerValue(int number, double value) {
   Pointer* const changed = pointer(number);
-  if (!changed || changed->value == value) return;
+  if (!changed || changed->value == value || (std::isnan(changed->value) && std::isnan(value))) return;
   changed->value = value;
   if (held_) return;
   pacer_.request(movingPart());
@@ -64,18 +64,23 @@ void CWSlide::setFrozen(bool frozen) {
 }
 
 QString CWSlide::valueText() const {
-  const double value = shown()[0].value;
+  const double value = shownValue();
   return std::isnan(value) ? QString() : locale().toString(value, 'g', 7);
 }
 
 void CWSlide::setPointerFillColour(int number, const QColor& colour) {
-  if (Pointer* const changed = pointer(number)) changed->fill = colour;
-  update();
+  if (Pointer* const changed = pointer(number)) repaintWith(changed->fill, colour);
 }
 
 void CWSlide::setPointerColour(int number, const QColor& colour) {
-  if (Pointer* const changed = pointer(number)) changed->colour = colour;
-  update();
+  if (Pointer* const changed = pointer(number)) repaintWith(changed->colour, colour);
+}
+
+/// A marker outside of the axis is made red with each value.
+void CWSlide::repaintWith(QColor& colour, const QColor& wanted) {
+  if (colour == wanted) return;
+  colour = wanted;
+  pacer_.request(movingPart());
 }
 
 /// Numbers below the track, when there are two at least and room for the track.

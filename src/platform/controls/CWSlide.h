@@ -37,6 +37,8 @@ class CWSlide : public QWidget {
   /// A frozen bar goes on showing this moment's pointers; those that are set are shown when it is released.
   void setFrozen(bool frozen);
   bool isFrozen() const { return held_.has_value(); }
+  /// Of pointer 1 in the picture: the one of the moment when it was frozen.
+  double shownValue() const { return shown()[0].value; }
   /// The value that is shown, in the widget's locale: what assistive technology reads.
   QString valueText() const;
 
@@ -52,7 +54,10 @@ class CWSlide : public QWidget {
     QColor colour;
     QColor fill;
   };
+  using Pointers = std::array<Pointer, 3>;
+  const Pointers& shown() const { return held_ ? *held_ : pointers_; }
   Pointer* pointer(int number);
+  void repaintWith(QColor& colour, const QColor& wanted);
   double place(double value) const;
   bool hasScale() const;
   AxisTicks scale() const;
@@ -64,9 +69,6 @@ class CWSlide : public QWidget {
   void paintScale(QPainter& painter, const QRect& track) const;
 
   AxisRange axis_;
-  using Pointers = std::array<Pointer, 3>;
-  const Pointers& shown() const { return held_ ? *held_ : pointers_; }
-
   Pointers pointers_;
   std::optional<Pointers> held_;
   PaintPacer pacer_{this};

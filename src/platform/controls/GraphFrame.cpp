@@ -41,10 +41,19 @@ void GraphFrame::renumber(const QFontMetrics& metrics, const QLocale& locale, co
   xTicks_ = x.hasNumbers() ? ticksAlong(x.range(), locale, metrics, area_.width())
                            : x.ticks(std::clamp(area_.width() / (line * 5), 1, 11));
   yTicks_ = y.ticks(std::clamp((area_.height() - line) * 5 / (line * 6) + 1, 1, 11));
-  texts_.clear();
+  written_ = 0;
   if (x.hasNumbers()) numberX(metrics, locale, x);
   if (y.hasNumbers() && area_.left() > 1) numberY(metrics, locale, y);
   caption(metrics, x, y);
+  texts_.resize(written_);
+}
+
+/// A text that stood in its place before stays laid out.
+void GraphFrame::write(const QPointF& corner, const QString& text) {
+  if (written_ == texts_.size()) texts_.emplace_back().text.setTextFormat(Qt::PlainText);
+  Text& written = texts_[written_++];
+  written.corner = corner;
+  if (written.text.text() != text) written.text.setText(text);
 }
 
 void GraphFrame::numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x) {
@@ -58,7 +67,7 @@ void GraphFrame::numberX(const QFontMetrics& metrics, const QLocale& locale, con
     const int centre = area_.left() + static_cast<int>(columns(xTicks_.at(i)));
     const int start = std::clamp(centre - wide / 2, 0, std::max(size_.width() - wide, 0));
     if (start < free) continue;
-    texts_.push_back({QPointF(start, area_.bottom() + 3 + metrics.ascent()), numbers[i]});
+    write(QPointF(start, area_.bottom() + 3), numbers[i]);
     free = start + wide + line / 2;
   }
 }
@@ -77,7 +86,7 @@ void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, con
     const int centre = area_.top() + static_cast<int>(rows(yTicks_.at(i)));
     const int top = std::clamp(centre - line / 2, highest, lowest);
     if (top + line > free + 2) continue;  // lines of numbers have room to spare
-    texts_.push_back({QPointF(room - numberWidth(numbers[i], metrics), top + metrics.ascent()), numbers[i]});
+    write(QPointF(room - numberWidth(numbers[i], metrics), top), numbers[i]);
     free = top;
   }
 }
@@ -85,18 +94,17 @@ void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, con
 void GraphFrame::caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y) {
   const int line = metrics.height();
   if (!y.caption.isEmpty() && area_.top() > line)
-    texts_.push_back(
-        {QPointF(0, metrics.ascent()), metrics.elidedText(y.caption, Qt::ElideRight, size_.width())});
+    write(QPointF(0, 0), metrics.elidedText(y.caption, Qt::ElideRight, size_.width()));
   const int bottom = size_.height() - line;
   const int numbers = x.hasNumbers() ? line + 2 : 0;
   if (x.caption.isEmpty() || area_.bottom() + numbers > bottom) return;
   const QString shown = metrics.elidedText(x.caption, Qt::ElideRight, area_.width());
   const int start = area_.left() + (area_.width() - metrics.horizontalAdvance(shown)) / 2;
-  texts_.push_back({QPointF(start, bottom + metrics.ascent()), shown});
+  write(QPointF(start, bottom), shown);
 }
 
 void GraphFrame::paint(QPainter& painter, const QColor& border) const {
-  for (const Text& text : texts_) painter.drawText(text.start, text.text);
+  for (const Text& text : texts_) painter.drawStaticText(text.corner, text.text);
   const QRect around = area_.adjusted(-1, -1, 1, 1);
   painter.fillRect(around.left(), around.top(), around.width(), 1, border);
   painter.fillRect(around.left(), around.bottom(), around.width(), 1, border);

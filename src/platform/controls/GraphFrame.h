@@ -3,7 +3,8 @@
 #include <QFontMetrics>
 #include <QLocale>
 #include <QRect>
-#include <QString>
+#include <QStaticText>
+#include <cstddef>
 #include <vector>
 
 #include "platform/controls/GraphAxis.h"
@@ -29,12 +30,13 @@ class GraphFrame {
 
  private:
   struct Text {
-    QPointF start;  ///< of the base line
-    QString text;
+    QPointF corner;  ///< top left
+    QStaticText text;
   };
 
   void numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x);
   void numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y);
+  void write(const QPointF& corner, const QString& text);
   void caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y);
 
   QSize size_;
@@ -42,6 +44,7 @@ class GraphFrame {
   AxisTicks xTicks_;
   AxisTicks yTicks_;
   std::vector<Text> texts_;
+  std::size_t written_ = 0;  ///< texts since the numbers began to change
 };
 
 }  // namespace tarnlog

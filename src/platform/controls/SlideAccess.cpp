@@ -19,7 +19,7 @@ class SlideAccess : public QAccessibleWidget, public QAccessibleValueInterface {
   QString text(QAccessible::Text kind) const override {
     return kind == QAccessible::Value ? slide_->valueText() : QAccessibleWidget::text(kind);
   }
-  QVariant currentValue() const override { return slide_->value(); }
+  QVariant currentValue() const override { return slide_->shownValue(); }
   void setCurrentValue(const QVariant& /*value*/) override {}
   QVariant maximumValue() const override { return slide_->maximum(); }
   QVariant minimumValue() const override { return slide_->minimum(); }

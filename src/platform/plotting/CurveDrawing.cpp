@@ -39,11 +39,11 @@ void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int6
   if (points.end() == 1 && pen.isDown()) canvas.dot(0, static_cast<int>(row), colour);
 }
 
-void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, const ColumnScale& columns,
-                        const PixelScale& rows, std::uint32_t colour) {
+void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
+                        const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour) {
   CurvePen pen(canvas, colour);
   const std::int64_t end = points.end();
-  for (std::int64_t first = points.begin(), next = first; first < end; first = next) {
+  for (std::int64_t first = std::max(from - 1, points.begin()), next = first; first < end; first = next) {
     const std::int64_t column = columns.columnOf(first);
     next = std::clamp(columns.pointIn(column + 1), first + 1, end);
     const Extremes extremes = points.extremes(first, next);

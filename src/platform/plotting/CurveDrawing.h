@@ -12,9 +12,9 @@ namespace tarnlog {
 /// The points of a time chart from number `from`, each with a line from the one before it.
 void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
                    const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour);
-/// All points of a time chart that has many in a column: at the cost of the columns.
-void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, const ColumnScale& columns,
-                        const PixelScale& rows, std::uint32_t colour);
+/// The same for a chart that has many points in a column: at the cost of the columns.
+void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
+                        const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour);
 /// All points (x, y), in their order, with a dot at the newest.
 void drawXYCurve(ScrollingCanvas& canvas, const PlotHistory& points, const PixelScale& columns,
                  const PixelScale& rows, std::uint32_t colour);

@@ -14,6 +14,7 @@ void ScrollingCanvas::resize(int width, int height) {
 
 void ScrollingCanvas::setFirstColumn(std::int64_t column) {
   first_ = column;
+  drawable_ = column;
   seam_ = static_cast<int>(column % width_);
 }
 
@@ -23,7 +24,7 @@ void ScrollingCanvas::fillColumns(std::int64_t from, std::int64_t to, std::uint3
 
 void ScrollingCanvas::row(int row, std::int64_t from, std::int64_t to, std::uint32_t colour) {
   if (row < 0 || row >= height_) return;
-  from = std::max(from, first_);
+  from = std::max(from, drawable_);
   to = std::min(to, endColumn());
   if (from >= to) return;
   std::uint32_t* const start =
@@ -36,7 +37,7 @@ void ScrollingCanvas::row(int row, std::int64_t from, std::int64_t to, std::uint
 }
 
 void ScrollingCanvas::column(std::int64_t column, std::uint32_t colour) {
-  if (column < first_ || column >= endColumn()) return;
+  if (column < drawable_ || column >= endColumn()) return;
   const std::ptrdiff_t stride = width_;
   std::uint32_t* pixel = pixels_.data() + place(column);
   for (int y = 0, rows = height_; y < rows; ++y, pixel += stride) *pixel = colour;

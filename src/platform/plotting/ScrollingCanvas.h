@@ -20,9 +20,13 @@ class ScrollingCanvas {
   /// Width of lines in pixels, at least 1. Wider lines reach to the left and downwards of their place.
   void setPen(int pixels) { pen_ = pixels < 1 ? 1 : pixels; }
   int pen() const { return pen_; }
+  /// Columns beside a point that its dot or its line's width may take.
+  int reach() const { return 2 * pen_; }
 
-  /// Not negative.
+  /// Not negative. All columns that are shown can be drawn on.
   void setFirstColumn(std::int64_t column);
+  /// Columns before this one stay as they are.
+  void protectBefore(std::int64_t column) { drawable_ = std::max(column, first_); }
   std::int64_t firstColumn() const { return first_; }
   std::int64_t endColumn() const { return first_ + width_; }
   /// Where the first column is stored.
@@ -33,7 +37,7 @@ class ScrollingCanvas {
                    static_cast<std::size_t>(place(column))];
   }
 
-  // What lies outside is cut off.
+  // What lies outside, or in protected columns, is cut off.
   void fillColumns(std::int64_t from, std::int64_t to, std::uint32_t colour);
   /// One row, over columns `from` to before `to`.
   void row(int row, std::int64_t from, std::int64_t to, std::uint32_t colour);
@@ -57,6 +61,7 @@ class ScrollingCanvas {
   int pen_ = 1;
   int seam_ = 0;
   std::int64_t first_ = 0;
+  std::int64_t drawable_ = 0;  ///< first column that is not protected
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };
 
@@ -68,7 +73,7 @@ inline void ScrollingCanvas::span(std::int64_t column, int top, int bottom, std:
   const std::ptrdiff_t stride = width_;
   std::uint32_t* const start = pixels_.data() + from * stride;
   for (std::int64_t x = column - pen_ + 1; x <= column; ++x) {
-    if (x < first_ || x >= endColumn()) continue;
+    if (x < drawable_ || x >= endColumn()) continue;
     std::uint32_t* pixel = start + place(x);
     for (int y = from; y <= to; ++y, pixel += stride) *pixel = colour;
   }

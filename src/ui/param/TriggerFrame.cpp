@@ -80,6 +80,8 @@ void TriggerFrame::addCrossing(QGridLayout& grid) {
   auto* const edgeLabel = new QLabel(tr("Edge"));
   edge_ = new CWButton;
   edge_->setObjectName(names_.edge);
+  edge_->setAccessibleName(tr("Edge"));
+  edge_->setPictures(tarnIcon("rising"), tarnIcon("falling"));
   edgeLabel->setBuddy(edge_);
   levelLabel_ = new QLabel;
   level_ = createLevelInput(names_.level);
@@ -159,7 +161,6 @@ void TriggerFrame::showChoice() {
 }
 
 void TriggerFrame::showEdge() {
-  edge_->setIcon(tarnIcon(rules_.falling() ? "falling" : "rising"));
   const QString edge = rules_.falling() ? tr("Falling edge") : tr("Rising edge");
   edge_->setToolTip(edge);
   edge_->setAccessibleDescription(edge);

@@ -121,8 +121,8 @@ QGroupBox* ScopePanel::makeAxisEditors() {
   auto* const form = new QFormLayout(frAxeY_);
   axeYAuto_ = named(new QCheckBox(tr("&Automatic range")), "AxeYAuto", tr("Automatic range"),
                     tr("The axis follows the values"));
-  axeYmini_ = named(numberEdit(-kLargest, kLargest, 6), "AxeYmini", tr("Minimum of the axis"));
-  axeYmaxi_ = named(numberEdit(-kLargest, kLargest, 6), "AxeYmaxi", tr("Maximum of the axis"));
+  axeYmini_ = named(numberEdit(-kLargest, kLargest, 12), "AxeYmini", tr("Minimum of the axis"));
+  axeYmaxi_ = named(numberEdit(-kLargest, kLargest, 12), "AxeYmaxi", tr("Maximum of the axis"));
   form->addRow(axeYAuto_);
   addRow(form, tr("Mi&nimum:"), axeYmini_);
   addRow(form, tr("Ma&ximum:"), axeYmaxi_);

@@ -120,7 +120,7 @@ void CWSlide::paintTrack(QPainter& painter, const QRect& track) const {
   const QColor fill = value.fill.isValid() ? value.fill : palette().color(QPalette::Highlight);
   QRectF bar = inside;
   bar.setRight(std::clamp(place(value.value), bar.left(), bar.right()));
-  painter.fillRect(bar, readableCurve(fill, base));
+  painter.fillRect(bar, blend(base, readableCurve(fill, base), isEnabled() ? 1 : 0.4F));
 }
 
 void CWSlide::paintMarker(QPainter& painter, const Pointer& marker, const QRect& track) const {

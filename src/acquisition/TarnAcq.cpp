@@ -123,13 +123,20 @@ void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
   createBuffers(plan);
   logPlan(plan);
   buildDisplay();
+  beginRecording(plan);
+  beginTicking();
+}
 
+void TarnAcq::beginRecording(const RecordingPlan& plan) {
   files_.begin(parameters_, items_.items());
   events_.reset();
   recorder_.begin(plan, items_.startTrigger(), items_.stopTrigger(), parameters_->stopTrigger);
   env_.screen.setEventCaption("Event");
   env_.screen.setPanelText(StatusPanel::Record, "no record file");
   env_.screen.setPanelText(StatusPanel::AcqTime, "0");
+}
+
+void TarnAcq::beginTicking() {
   SetAcqState(kInitialise);
   recorder_.SetRecordingDisplay(false);
   stopAcqRequested_ = false;

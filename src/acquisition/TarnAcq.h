@@ -58,7 +58,7 @@ class TarnAcq {
   /// An acquisition of another session is ended first, files closed, without AcqStopped unless it was asked
   /// to stop before.
   void setSession(ferrox3::Session* session);
-  /// Keeps the configuration and, with a session present, starts acquiring.
+  /// Keeps the configuration and, with a session present, starts acquiring; raises as StartReadingData does.
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
 
@@ -111,6 +111,8 @@ class TarnAcq {
   void refuseMissing() const;
   void createBuffers(const RecordingPlan& plan);
   void logPlan(const RecordingPlan& plan);
+  void beginRecording(const RecordingPlan& plan);
+  void beginTicking();
   void buildDisplay();
   void clearDisplay();
 

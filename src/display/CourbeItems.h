@@ -11,6 +11,7 @@ namespace tarnlog {
 /// The curves of a graph, in plot order.
 class CourbeItems : private KeyedCollection<CourbeItem> {
  public:
+  /// Kept under `key`; without one when it is empty.
   CourbeItem& Add(ferrox3::DataItem& data, Colour color, std::string caption, std::string key);
   using KeyedCollection::begin;
   using KeyedCollection::Count;

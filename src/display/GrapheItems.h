@@ -11,6 +11,7 @@ namespace tarnlog {
 /// The blocks of the live display, from top to bottom.
 class GrapheItems : private KeyedCollection<GrapheItem> {
  public:
+  /// A block of this `GrapheMode`, kept under `key`; without one when it is empty.
   GrapheItem& Add(std::int32_t mode, std::string key);
   using KeyedCollection::begin;
   using KeyedCollection::Count;

@@ -18,11 +18,12 @@ class ScopeItem {
 
   /// Creates and places the controls of all blocks, one below the other. A graph without a height of its own
   /// gets a share of what is free, at least `minHeight` twips. `extraHeight` becomes the twips by which the
-  /// column exceeds the frame; it is not written when there are no blocks.
+  /// column exceeds the frame; it is not written when there are no blocks. Raises what a control raises, but
+  /// for labels that refuse their place; ClearDisplay frees what was made until then.
   void BuildDisplay(GraphicFrame& frame, std::int32_t minHeight, Twips& extraHeight);
   /// Places the controls that exist again, after a resize.
   void ArrangeDisplay(GraphicFrame& frame, std::int32_t minHeight, Twips& extraHeight);
-  /// Frees the controls; the model stays.
+  /// Frees the controls that there are; the model stays.
   void ClearDisplay(GraphicFrame& frame);
   /// Shows the current values: one point for every plot, and the texts. The first failure passes to the
   /// caller, later blocks are then not refreshed. Allocates nothing itself.

@@ -1,5 +1,5 @@
 // What peers on a wire may send: diagnostics over IP as a stream cut anywhere, CAN frames of long messages,
-// and traces. The first byte chooses.
+// and traces, by the parsers alone and by links that ask while the bytes come. The first byte chooses.
 
 #include <cstddef>
 #include <cstdint>
@@ -7,10 +7,15 @@
 #include <span>
 #include <string_view>
 
+#include "host/link/DoipLink.h"
 #include "host/link/DoipMessage.h"
+#include "host/link/HexText.h"
 #include "host/link/IsoTp.h"
+#include "host/link/IsoTpStream.h"
 #include "host/link/Trace.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/PeerStream.h"
 
 namespace {
 
@@ -57,17 +62,102 @@ void readTrace(Bytes bytes) {
   });
 }
 
+/// The next piece, taken off the input.
+Bytes takePiece(Bytes& bytes, std::size_t longest) {
+  if (bytes.empty()) return {};
+  const std::size_t length = std::min<std::size_t>(bytes[0] % (longest + 1), bytes.size() - 1);
+  const Bytes piece = bytes.subspan(1, length);
+  bytes = bytes.subspan(1 + length);
+  return piece;
+}
+
+/// Whatever comes, every step ends within two minutes of the clock, by an answer, without, or failing.
+template <class Step>
+bool within(const tarnlog::test::ManualLinkClock& clock, Step&& step) {
+  constexpr std::int64_t kTwoMinutes = 120'000'000;
+  const std::int64_t before = clock.microseconds();
+  const bool done = tarnlog::skipOnFailure(step);
+  if (clock.microseconds() - before > kTwoMinutes) std::abort();
+  return done;
+}
+
+void askOverDoip(Bytes bytes) {
+  static const Link::Bytes kGranted = *bytesFromHex("02 FD 00 06 00 00 00 09 0E 00 10 00 10 00 00 00 00");
+  tarnlog::test::ManualLinkClock clock;
+  const auto answer = [&](std::string_view message) {
+    const bool activation = message.size() > 3 && message[3] == 0x05;
+    const Bytes piece = activation ? Bytes(kGranted) : takePiece(bytes, 255);
+    return std::string(piece.begin(), piece.end());
+  };
+  const auto connect = [&](const std::string&, std::uint16_t) {
+    return std::make_unique<tarnlog::test::PeerStream>(answer, clock);
+  };
+  DoipSettings settings;
+  settings.host = "car";
+  DoipLink link(settings, connect, clock);
+  const Link::Bytes request{0x01, 0x00};
+  Link::Bytes response;
+  bool open = false;
+  while (bytes.size() > 1)
+    open = within(clock, [&] {
+      if (!open) link.open();
+      link.findEcus();
+      link.send({0x1001, ""}, request);
+      while (link.receive(response, std::chrono::milliseconds(1000)))
+        if (response.size() > DoipStream::kLongest) std::abort();
+    });
+}
+
+/// One frame comes each millisecond, as long as there are any.
+class FramePort : public CanPort {
+ public:
+  FramePort(Bytes& bytes, tarnlog::test::ManualLinkClock& clock) : bytes_(bytes), clock_(clock) {}
+  void open() override {}
+  void close() override {}
+  void setIdleHook(std::function<void()> /*hook*/) override {}
+  void send(std::uint32_t /*identifier*/, const CanPayload& /*payload*/) override {}
+  bool receive(CanPayload& payload, std::int64_t deadline) override {
+    if (clock_.microseconds() >= deadline) return false;
+    clock_.step(bytes_.empty() ? deadline - clock_.microseconds() : 1000);
+    if (bytes_.empty()) return false;
+    payload = CanPayload(takePiece(bytes_, 8));
+    return true;
+  }
+
+ private:
+  Bytes& bytes_;
+  tarnlog::test::ManualLinkClock& clock_;
+};
+
+void askOverCan(Bytes bytes) {
+  tarnlog::test::ManualLinkClock clock;
+  IsoTpStream stream(std::make_unique<FramePort>(bytes, clock), {0x7E0, 0x7E8}, clock);
+  const Link::Bytes request(40, 0x22);
+  Link::Bytes response(IsoTpReceiver::kLongest);
+  while (!bytes.empty())
+    within(clock, [&] {
+      stream.write(request);
+      stream.read(response, clock.microseconds() + 100'000);
+    });
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   const Bytes bytes(data + 1, size - 1);
-  switch (data[0] % 3) {
+  switch (data[0] % 5) {
     case 0:
       readDoip(bytes);
       break;
     case 1:
       readFrames(bytes);
+      break;
+    case 3:
+      askOverDoip(bytes);
+      break;
+    case 4:
+      askOverCan(bytes);
       break;
     default:
       readTrace(bytes);

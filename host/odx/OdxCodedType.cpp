@@ -49,9 +49,9 @@ std::optional<unsigned> readOdxLength(XmlElement codedType) {
 OdxCodedType readOdxCodedType(XmlElement codedType) {
   OdxCodedType type;
   type.bits = readOdxLength(codedType);
-  checkEncoding(codedType);
   const std::string_view base = codedType.attributeOrEmpty("BASE-DATA-TYPE");
   type.kind = kindOf(base);
+  checkEncoding(codedType);
   type.isSigned = base == "A_INT32";
   const std::string_view highFirst = codedType.attributeOrEmpty("IS-HIGHLOW-BYTE-ORDER");
   if (highFirst == "false" || highFirst == "0") type.order = ByteOrder::little;

@@ -44,17 +44,18 @@ Tarn2001::Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidg
       whenIdle_(new WhenIdle([this] { return session_ != nullptr && session_->communicating(); }, this)),
       open_(new QAction(tr("&Open configuration..."), this)),
       save_(new QAction(tr("&Save configuration"), this)),
-      saveAs_(new QAction(tr("Save configuration &as..."), this)),
-      tabStrip_(new QTabBar(this)),
-      screens_(new QStackedWidget(this)) {
+      saveAs_(new QAction(tr("Save configuration &as..."), this)) {
+  createActions();
+  QToolBar* const toolBar = createToolBar();  // made first: so it comes first in the tab order
+  tabStrip_ = new QTabBar(this);
   tabStrip_->setObjectName("TabStripMain");
   tabStrip_->setAccessibleName(tr("Configuration screens"));
   tabStrip_->setExpanding(false);
-  createActions();
+  screens_ = new QStackedWidget(this);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(createToolBar());
+  column->addWidget(toolBar);
   column->addWidget(tabStrip_);
   column->addWidget(screens_, 1);
   createScreens(environment);
@@ -85,6 +86,7 @@ QToolBar* Tarn2001::createToolBar() {
   const auto add = [&](const char* key, const QString& toolTip, std::int16_t mode) {
     QAction* const button = bar->addAction(tarnIcon(key), toolTip);
     button->setObjectName(key);
+    bar->widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
     atClick(button, [this, mode] { OuvrirSelecteurFichier(mode); });
   };
   add("load", tr("Load configuration"), kLoad);

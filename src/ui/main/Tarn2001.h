@@ -89,8 +89,8 @@ class Tarn2001 : public QWidget {
   QAction* open_;
   QAction* save_;
   QAction* saveAs_;
-  QTabBar* tabStrip_;
-  QStackedWidget* screens_;
+  QTabBar* tabStrip_ = nullptr;
+  QStackedWidget* screens_ = nullptr;
   TarnSelect* select_ = nullptr;
   TarnParam* param_ = nullptr;
   TarnPaSc* paramScope_ = nullptr;

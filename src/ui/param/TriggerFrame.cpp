@@ -171,7 +171,7 @@ void TriggerFrame::showUnit() {
   const std::string unit = entry > 0 ? channels_.at(static_cast<std::size_t>(entry - 1)).unit : std::string();
   const QString caption = tr("Trigger level");
   levelLabel_->setText(unit.empty() ? caption : caption + " (" + toQString(unit) + ")");
-  level_->setToolTip(channel_->currentText());
+  level_->setToolTip(entry > 0 ? channel_->currentText() : QString());
 }
 
 void TriggerFrame::acted(bool changed) {

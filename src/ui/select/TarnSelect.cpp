@@ -16,7 +16,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <initializer_list>
 #include <utility>
 
 #include "ui/common/BusyPointer.h"
@@ -130,6 +129,7 @@ QToolBar* TarnSelect::createShapes() {
     shape->setObjectName(key);
     shape->setCheckable(true);
     tbSelect_->addAction(shape);
+    tbSelect_->widgetForAction(shape)->setFocusPolicy(Qt::TabFocus);
     connect(shape, &QAction::triggered, this, [this, key] { chooseShape(key[0]); });
   };
   add("R", "request", tr("Select by request/data"));
@@ -209,13 +209,14 @@ void TarnSelect::createKeys() {
   });
 }
 
+/// The list moves first: at the end of the circle that the tab order is, it would seem to be in its place.
 void TarnSelect::putInTabOrder() {
-  QWidget* last = treeFilter_;
-  for (QWidget* const next : std::initializer_list<QWidget*>{treeAllData_, addData_, removeData_, dataUp_,
-                                                             dataDown_, listFilter_, listDataToRecord_}) {
-    setTabOrder(last, next);
-    last = next;
-  }
+  std::vector<QWidget*> widgets;
+  for (QAction* const shape : tbSelect_->actions()) widgets.push_back(tbSelect_->widgetForAction(shape));
+  setTabOrder(widgets.front(), listDataToRecord_);
+  widgets.insert(widgets.end(), {treeFilter_, treeAllData_, addData_, removeData_, dataUp_, dataDown_,
+                                 listFilter_, listDataToRecord_});
+  for (std::size_t i = 1; i < widgets.size(); ++i) setTabOrder(widgets[i - 1], widgets[i]);
 }
 
 // --- what is shown

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolBar>
 #include <QTreeView>
 
 #include "tests/ui/select/SelectionFixture.h"
@@ -162,6 +163,22 @@ TEST_F(SelectScreen, theShapeIsChosenWithTheToolbar) {
   screen.setXmlSession(document);
   EXPECT_TRUE(shape("R")->isChecked());
   EXPECT_EQ(shown(), "Brakes Engine");
+}
+
+TEST_F(SelectScreen, tabGoesThroughTheScreenAsItIsSeen) {
+  expand("Engine");
+  select({"Status"});
+  child<QPushButton>("addData").click();
+  select({"Engine"});
+  auto& bar = child<QToolBar>("TbSelect");
+  bar.widgetForAction(bar.actions().front())->setFocus();
+  QStringList names;
+  for (int i = 0; i < 10; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    names << QApplication::focusWidget()->objectName();
+  }
+  EXPECT_EQ(fromQString(names.join(' ')),
+            "  filterAllData TreeAllData addData removeData dataUp dataDown filterToRecord ListDataToRecord");
 }
 
 TEST_F(SelectScreen, filtersFindWhileTyping) {

@@ -11,6 +11,7 @@
 #include "host/vehicle/DescriptionParts.h"
 #include "host/vehicle/DescriptionWriter.h"
 #include "host/vehicle/ObdPids.h"
+#include "host/vehicle/PidTrial.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -37,6 +38,7 @@ using Pids = std::vector<std::uint8_t>;
 struct FoundEcu {
   LinkTarget target;
   Pids pids;
+  bool turns = false;  ///< it says that it has an engine speed
 };
 
 /// Asks ECU after ECU what it offers.
@@ -112,8 +114,10 @@ std::vector<FoundEcu> Search::findEcus() {
       targets.push_back({address, "OBD-II"});
   std::vector<FoundEcu> ecus;
   for (const LinkTarget& target : targets) {
-    Pids pids = askPids(target, timeout);
-    if (!pids.empty()) ecus.push_back({target, std::move(pids)});
+    const Pids listed = askPids(target, timeout);
+    const bool turns = std::find(listed.begin(), listed.end(), kEngineSpeed) != listed.end();
+    Pids pids = PidTrial(conversation_, target).given(listed);
+    if (!pids.empty()) ecus.push_back({target, std::move(pids), turns});
   }
   return ecus;
 }
@@ -125,9 +129,8 @@ bool isGearbox(std::int32_t address) {
 /// Name and function, as other descriptions of cars call them.
 std::pair<std::string, std::string> nameOf(const FoundEcu& ecu, bool engineNamed) {
   const std::int32_t address = ecu.target.address;
-  const bool turns = std::find(ecu.pids.begin(), ecu.pids.end(), kEngineSpeed) != ecu.pids.end();
-  if (isGearbox(address) && (engineNamed || !turns)) return {"Transmission", "Transmission control"};
-  if (!engineNamed && (turns || address == kFirstEcu)) return {"Engine", "Engine control"};
+  if (isGearbox(address) && (engineNamed || !ecu.turns)) return {"Transmission", "Transmission control"};
+  if (!engineNamed && (ecu.turns || address == kFirstEcu)) return {"Engine", "Engine control"};
   const std::string other = fmt::format("ECU {:02X}", static_cast<std::uint32_t>(address));
   return {other, other};
 }

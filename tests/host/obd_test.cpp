@@ -107,6 +107,27 @@ TEST(Obd, OffersWhatTheCarSaysItHas) {
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "1.000", "2.000", "01 02 03"));
 }
 
+TEST(Obd, LeavesOutWhatTheCarDoesNotGive) {
+  for (const bool several : {false, true}) {
+    SCOPED_TRACE(several);
+    Car car;
+    car.adapter.severalPids = several;
+    // No answer, never; not now, which may change.
+    car.adapter.ecus[0].answers["0105"] = {"7F0112"};
+    car.adapter.ecus[0].answers["010D"] = {"7F0122"};
+    car.adapter.ecus[0].answers.erase("010C");
+    const auto vehicle = car.open(car.makeLink());
+    EXPECT_THAT(offer(vehicle->session()),
+                ElementsAre("Engine/PID 04/Calculated engine load", "Engine/PID 0D/Vehicle speed",
+                            "Engine/PID 24/Oxygen sensor bank 1 sensor 1 equivalence ratio",
+                            "Engine/PID 69/PID 69 bytes", "Transmission/PID 0D/Vehicle speed"));
+  }
+  // What could not be tried is believed.
+  Car gone;
+  gone.adapter.instead["010C"] = {"LV RESET\r\r>"};
+  EXPECT_EQ(offer(gone.open(gone.makeLink())->session()).size(), 7U);
+}
+
 TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   Car car;
   auto vehicle = car.open(car.makeLink());

@@ -275,9 +275,23 @@ TEST(AcqView, MinimisingGoesOnAndHidingEnds) {
   QSpontaneKeyEvent::setSpontaneous(&minimised);
   QApplication::instance()->notify(&rig.view, &minimised);
   EXPECT_EQ(rig.view.acq().AcqState(), TarnAcq::kCommunicate);
+  rig.view.acq().ToggleRecording();
+  rig.tick();
+  rig.view.setPaused(true);
   rig.view.hide();
   EXPECT_EQ(rig.view.acq().AcqState(), TarnAcq::kIdle);
+  EXPECT_EQ(rig.child<QLabel>("LblDiag").text(), "");
   EXPECT_FALSE(rig.timer.enabled());
+  EXPECT_EQ(rig.view.findChild<QWidget*>("GT1"), nullptr);
+
+  rig.view.show();
+  rig.start();
+  EXPECT_FALSE(rig.view.acq().Recording());
+  EXPECT_FALSE(rig.view.paused());
+  EXPECT_EQ(rig.child<Indicator>("LblRec").colour(), kButtonFace);
+  EXPECT_EQ(rig.child<QPushButton>("CommandStartStop").text(), "Start recording");
+  EXPECT_EQ(rig.child<QLabel>("Record").text(), "no record file");
+  EXPECT_NE(rig.view.findChild<QWidget*>("GT1"), nullptr);
 }
 
 TEST(AcqView, DestroyingItEndsTheAcquisitionAndClosesItsFiles) {

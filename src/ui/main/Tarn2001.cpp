@@ -29,7 +29,8 @@ constexpr std::int16_t kLoad = 0;
 constexpr std::int16_t kSave = 1;
 
 FileQuestion configurationQuestion(const QString& title, const std::string& fileName) {
-  return {title, toQString(fileName), "Tarnlog (*.xml)|*.xml|All files|*.*", ".xml", "ChooseFileName"};
+  const QString filter = "Tarnlog (*.xml)|*.xml|" + Tarn2001::tr("All files") + "|*.*";
+  return {title, toQString(fileName), filter, ".xml", "ChooseFileName"};
 }
 
 QString shownName(const std::string& fileName) { return QFileInfo(toQString(fileName)).fileName(); }

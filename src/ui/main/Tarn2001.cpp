@@ -1,5 +1,6 @@
 #include "ui/main/Tarn2001.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QFileInfo>
 #include <QHideEvent>
@@ -221,6 +222,8 @@ bool Tarn2001::chooseAndSave() {
 /// A failure opens no box: the mark of the changed work stays, and the bar tells why.
 bool Tarn2001::saveTo(const std::string& fileName) {
   const BusyPointer busy;
+  // A shortcut leaves the focus where it is: a number beyond its limits is not finished yet.
+  if (auto* const number = qobject_cast<QAbstractSpinBox*>(focusWidget())) number->interpretText();
   try {
     desk_.save(fileName);
   } catch (const TarnError& error) {

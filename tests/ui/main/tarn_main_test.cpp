@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include "platform/base/TarnError.h"
+#include "platform/controls/CWNumEdit.h"
 #include "tests/ui/main/MainRig.h"
 #include "ui/init/TarnInit.h"
 
@@ -181,6 +182,14 @@ TEST(Tarn2001, LoadsAndSavesThroughItsToolBar) {
   save.trigger();
   EXPECT_THAT(rig.files.files["/saved.xml"], HasSubstr(R"(href="tarnlog.xsl")"));
   EXPECT_EQ(rig.main.configurationFile(), "/saved.xml");
+
+  rig.choose("TabStripMain", "param");
+  auto& period = rig.child<CWNumEdit>("ValPeriod");
+  period.setFocus();
+  period.selectAll();
+  QTest::keyClicks(&period, "99999");
+  configure.save();
+  EXPECT_EQ(parameters.recordingPeriod, 10000) << "a number that is being typed is saved within its limits";
 
   rig.files.files["/bad.xml"] = "<Other/>";
   rig.dialogs.filesToOpen = {"/bad.xml"};

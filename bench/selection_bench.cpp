@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <memory>
@@ -68,6 +69,14 @@ struct Screen {
     tree.selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
   }
   void addSelected() { screen.findChild<QPushButton*>("addData")->click(); }
+  void removeAll() {
+    list.selectAll();
+    screen.findChild<QPushButton*>("removeData")->click();
+  }
+  void undo() {
+    for (auto* const key : screen.findChildren<QShortcut*>())
+      if (key->key() == QKeySequence(QKeySequence::Undo)) emit key->activated();
+  }
   void moveLastToTop() {
     QAbstractItemModel& model = *list.model();
     const std::unique_ptr<QMimeData> dragged(model.mimeData({model.index(model.rowCount() - 1, 0)}));
@@ -196,6 +205,17 @@ std::unique_ptr<Screen> filled(int count) {
   return opened;
 }
 
+/// Removes everything and takes it back.
+void removeAndUndo(benchmark::State& state, int count) {
+  const auto opened = filled(count);
+  for (auto _ : state) {
+    opened->removeAll();
+    show();
+    opened->undo();
+    show();
+  }
+}
+
 void moveToTop(benchmark::State& state, int count) {
   const auto opened = filled(count);
   for (auto _ : state) {
@@ -212,6 +232,8 @@ void save(benchmark::State& state, int count) {
 
 void add1000(benchmark::State& state) { add(state, 1000); }
 void add4000(benchmark::State& state) { add(state, 4000); }
+void remove1000(benchmark::State& state) { removeAndUndo(state, 1000); }
+void remove4000(benchmark::State& state) { removeAndUndo(state, 4000); }
 void moveToTop1000(benchmark::State& state) { moveToTop(state, 1000); }
 void moveToTop4000(benchmark::State& state) { moveToTop(state, 4000); }
 void save1000(benchmark::State& state) { save(state, 1000); }
@@ -227,6 +249,8 @@ BENCHMARK(keystroke)->Unit(benchmark::kMillisecond);
 BENCHMARK(firstLetter)->Unit(benchmark::kMillisecond);
 BENCHMARK(add1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(add4000)->Unit(benchmark::kMillisecond);
+BENCHMARK(remove1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(remove4000)->Unit(benchmark::kMillisecond);
 BENCHMARK(moveToTop1000)->Unit(benchmark::kMillisecond);
 BENCHMARK(moveToTop4000)->Unit(benchmark::kMillisecond);
 BENCHMARK(save1000)->Unit(benchmark::kMillisecond);
@@ -247,6 +271,7 @@ int main(int argc, char** argv) {
   goals.ratio("selection_first_letter", "firstLetter", "buildDocument", atMost(0.05));
   // Four times as many data: linear work gives 4, work that grows with the square 16.
   goals.ratio("selection_add_growth", "add4000", "add1000", atMost(6));
+  goals.ratio("selection_remove_growth", "remove4000", "remove1000", atMost(6));
   goals.ratio("selection_move_growth", "moveToTop4000", "moveToTop1000", atMost(6));
   goals.ratio("selection_save_growth", "save4000", "save1000", atMost(6));
   return goals.run(argc, argv);

@@ -95,8 +95,9 @@ void CatalogueTree::release(Node node) {
 }
 
 void CatalogueTree::setSorted(Node parent, bool sorted) {
-  records_[parent].sorted = sorted;
-  if (!sorted || children(parent).size() < 2) return;
+  // Children that are sorted already stay so when some are added.
+  const bool wasSorted = std::exchange(records_[parent].sorted, sorted);
+  if (!sorted || wasSorted || children(parent).size() < 2) return;
   const auto& nodes = children(parent);
   const std::size_t common = commonBeginning(nodes);
   const auto rest = [&](Node child) { return records_[child].content.text.substr(common); };

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,13 +33,34 @@ oTarnScope* itemAt(const oTarnParameters& parameters, std::int32_t position) {
   return position < 1 ? nullptr : parameters.Item(static_cast<std::size_t>(position));
 }
 
-/// Item `removed` is about to go.
-void unwatch(oTarnTrigger& trigger, std::int32_t removed) {
+/// Positions that are about to be left, and where the others go then.
+class Leaving {
+ public:
+  Leaving(std::vector<std::int32_t> positions, std::int32_t count) : positions_(std::move(positions)) {
+    std::sort(positions_.begin(), positions_.end());
+    positions_.erase(std::unique(positions_.begin(), positions_.end()), positions_.end());
+    positions_.erase(positions_.begin(), std::lower_bound(positions_.begin(), positions_.end(), 1));
+    positions_.erase(std::upper_bound(positions_.begin(), positions_.end(), count), positions_.end());
+  }
+  const std::vector<std::int32_t>& positions() const { return positions_; }
+  bool has(std::int32_t position) const {
+    return std::binary_search(positions_.begin(), positions_.end(), position);
+  }
+  std::int32_t before(std::int32_t position) const {
+    const auto behind = std::lower_bound(positions_.begin(), positions_.end(), position);
+    return static_cast<std::int32_t>(behind - positions_.begin());
+  }
+
+ private:
+  std::vector<std::int32_t> positions_;
+};
+
+void unwatch(oTarnTrigger& trigger, const Leaving& leaving) {
   if (trigger.typeTrigger != oTarnTrigger::kChannel) return;
-  if (trigger.DataIndex == removed)
+  if (leaving.has(trigger.DataIndex))
     trigger.typeTrigger = oTarnTrigger::kManual;
-  else if (trigger.DataIndex > removed)
-    --trigger.DataIndex;
+  else
+    trigger.DataIndex -= leaving.before(trigger.DataIndex);
 }
 
 /// The item that a channel trigger watches by position, or null.
@@ -70,39 +92,62 @@ void oTarnParameters::renumber() {
 }
 
 std::unique_ptr<oTarnScope> oTarnParameters::removeScope(std::int32_t position) {
-  const oTarnScope* const removed = itemAt(*this, position);
-  if (removed == nullptr) return nullptr;
-  unwatch(*startTrigger, position);
-  unwatch(*stopTrigger, position);
-  if (removed->ScopeType() == oTarnScope::kGraph)
-    for (oTarnScope& scope : scopes_)
-      if (scope.ScopeType() == oTarnScope::kGraphIndex && scope.oTarnGraphIndex->index == position)
-        makeGraph(scope, "", kOwnColor);
-  for (std::int32_t behind = position + 1; behind <= Count(); ++behind) {
-    oTarnScope& scope = *itemAt(*this, behind);
-    if (scope.ScopeType() == oTarnScope::kGraphIndex && scope.oTarnGraphIndex->index > position)
-      --scope.oTarnGraphIndex->index;
-  }
-  auto item = scopes_.take(static_cast<std::size_t>(position));
-  renumber();
-  return item;
+  auto removed = removeScopes({position});
+  return removed.empty() ? nullptr : std::move(removed.front());
 }
 
-oTarnScope& oTarnParameters::insertScope(std::unique_ptr<oTarnScope> scope, std::int32_t position) {
-  if (position < 1 || position > Count()) position = Count() + 1;
-  std::string key = scope->DataKey;
-  oTarnScope& inserted =
-      scopes_.insertAt(static_cast<std::size_t>(position), std::move(scope), std::move(key));
-  const auto makeRoom = [position](std::int32_t& reference) {
-    if (reference >= position) ++reference;
-  };
-  for (oTarnScope& other : scopes_)
-    if (std::int32_t* const reference = other.graphReference(); reference != nullptr && &other != &inserted)
-      makeRoom(*reference);
-  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
-    if (trigger->typeTrigger == oTarnTrigger::kChannel) makeRoom(trigger->DataIndex);
+std::vector<std::unique_ptr<oTarnScope>> oTarnParameters::removeScopes(std::vector<std::int32_t> positions) {
+  const Leaving leaving(std::move(positions), Count());
+  unwatch(*startTrigger, leaving);
+  unwatch(*stopTrigger, leaving);
+  std::vector<std::size_t> order;
+  std::int32_t position = 0;
+  for (oTarnScope& scope : scopes_) {
+    ++position;
+    if (leaving.has(position)) continue;
+    order.push_back(static_cast<std::size_t>(position));
+    if (scope.ScopeType() != oTarnScope::kGraphIndex) continue;
+    std::int32_t& reference = scope.oTarnGraphIndex->index;
+    const oTarnScope* const graph = itemAt(*this, reference);
+    if (graph != nullptr && leaving.has(reference) && graph->ScopeType() == oTarnScope::kGraph)
+      makeGraph(scope, "", kOwnColor);
+    else
+      reference -= leaving.before(std::min(reference, position));
+  }
+  for (const std::int32_t place : leaving.positions()) order.push_back(static_cast<std::size_t>(place));
+  scopes_.arrange(order);
+  std::vector<std::unique_ptr<oTarnScope>> removed(leaving.positions().size());
+  for (auto place = removed.rbegin(); place != removed.rend(); ++place)
+    *place = scopes_.take(scopes_.Count());
   renumber();
-  return inserted;
+  return removed;
+}
+
+void oTarnParameters::insertScopes(std::vector<PlacedScope> placed) {
+  const std::size_t before = scopes_.Count();
+  std::vector<std::size_t> order;
+  std::vector<std::int32_t> newPlace(before + 1);
+  std::size_t next = 0;
+  for (std::size_t at = 1; order.size() < before + placed.size();) {
+    const auto place = static_cast<std::int32_t>(order.size()) + 1;
+    if (next < placed.size() && (at > before || placed[next].position <= place)) {
+      order.push_back(before + ++next);
+    } else {
+      order.push_back(at);
+      newPlace[at++] = place;
+    }
+  }
+  const auto follow = [&](std::int32_t& reference) {
+    if (reference >= 1 && static_cast<std::size_t>(reference) <= before)
+      reference = newPlace[static_cast<std::size_t>(reference)];
+  };
+  for (oTarnScope& scope : scopes_)
+    if (std::int32_t* const reference = scope.graphReference()) follow(*reference);
+  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
+    if (trigger->typeTrigger == oTarnTrigger::kChannel) follow(trigger->DataIndex);
+  for (PlacedScope& each : placed) AddScope(std::move(each.scope));
+  scopes_.arrange(order);
+  renumber();
 }
 
 void oTarnParameters::changeScopeOrder(oTarnScope& moved, oTarnScope& target) {

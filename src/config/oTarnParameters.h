@@ -61,9 +61,17 @@ class oTarnParameters {
   /// Removes one item and hands it over; repairs references by position: curves of a removed Graph become
   /// Graphs, X-axis references are left to CheckAndCorrect. Out of range: nothing, and null.
   std::unique_ptr<oTarnScope> removeScope(std::int32_t position);
-  /// Inserts an item so that it has this position (1 to Count + 1, otherwise the end). References by position
-  /// follow the items that they refer to.
-  oTarnScope& insertScope(std::unique_ptr<oTarnScope> scope, std::int32_t position);
+  /// The same for many at once, as if removed one after another from the last to the first, in time that
+  /// grows with their number and not with its square. In the order of their positions.
+  std::vector<std::unique_ptr<oTarnScope>> removeScopes(std::vector<std::int32_t> positions);
+  struct PlacedScope {
+    std::unique_ptr<oTarnScope> scope;
+    std::int32_t position;
+  };
+  /// Inserts items so that they have these positions, which grow from one to the next; those behind the end
+  /// come to the end. References by position of the others follow the items that they refer to. Keys must not
+  /// be taken.
+  void insertScopes(std::vector<PlacedScope> placed);
   /// Moves the first item to the place of the second and repairs references by position; what would refer to
   /// an item at or behind its own place becomes a Graph. Both items' `index` must be their position.
   void changeScopeOrder(oTarnScope& moved, oTarnScope& target);

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
+#include <vector>
+
 #include "tests/config/ScopeList.h"
 
 using namespace tarnlog;
@@ -96,12 +100,36 @@ TEST(MoveScopes, referencesAndTriggersFollowOverAnyDistance) {
   EXPECT_EQ(list.startTrigger->DataIndex, 6);
 }
 
-TEST(InsertScope, undoesARemovalThatNothingReferredTo) {
+TEST(RemoveScopes, isTheSameAsOneAfterAnotherFromTheLastOn) {
+  std::mt19937 random(20011);
+  const auto below = [&random](std::size_t end) { return static_cast<std::int32_t>(random() % end); };
+  for (int run = 0; run < 300; ++run) {
+    std::string items;
+    const std::int32_t count = 2 + below(8);
+    for (char name = 'a'; name < 'a' + count; ++name) {
+      items += std::string(items.empty() ? "" : " ") + name + ":" + "DGGIX"[below(5)];
+      if (items.back() == 'I' || items.back() == 'X') items += std::to_string(below(11));
+    }
+    std::vector<std::int32_t> places;
+    for (std::int32_t place = count; place >= 1; --place)
+      if (below(2) == 0) places.push_back(place);
+    ScopeList steps(items), once(items);
+    for (ScopeList* const list : {&steps, &once}) watch(*list->startTrigger, 1 + count / 2);
+    for (const std::int32_t place : places) steps.removed(place);
+    once.removeScopes(places);
+    ASSERT_EQ(once.text(), steps.text()) << items;
+    ASSERT_EQ(once.startTrigger->typeTrigger, steps.startTrigger->typeTrigger) << items;
+    ASSERT_EQ(once.startTrigger->DataIndex, steps.startTrigger->DataIndex) << items;
+  }
+}
+
+TEST(InsertScopes, undoARemovalThatNothingReferredTo) {
   ScopeList list("a:D b:G c:I2 d:X2");
   watch(*list.stopTrigger, 3);
-  auto removed = list.removeScope(1);
+  std::vector<oTarnParameters::PlacedScope> removed;
+  removed.push_back({list.removeScope(1), 1});
   list.Item("d")->oTarnGraphAxeX->index = 1;
-  list.insertScope(std::move(removed), 1);
+  list.insertScopes(std::move(removed));
   EXPECT_EQ(list.text(), "a:D b:G c:I2 d:X2");
   EXPECT_EQ(list.stopTrigger->DataIndex, 3);
   EXPECT_EQ(list.removeScope(5), nullptr);

@@ -48,12 +48,9 @@ TarnPaSc::TarnPaSc(QWidget* parent) : QWidget(parent) {
   buttons->addWidget(dataDown_);
   buttons->addStretch();
   auto* const column = new QVBoxLayout;
-  column->setSpacing(0);
   column->addLayout(buttons);
   column->addWidget(panel_, 1);
   auto* const screen = new QHBoxLayout(this);
-  screen->setContentsMargins({});
-  screen->setSpacing(0);
   screen->addWidget(listViewScope_, 1);
   screen->addLayout(column);
   setTabOrder(listViewScope_, dataUp_);

@@ -31,12 +31,13 @@ RemovedItems::RemovedItems(const oTarnParameters& parameters)
   }
 }
 
-bool RemovedItems::remove(oTarnParameters& parameters, std::int32_t position) {
-  auto scope = parameters.removeScope(position);
-  if (scope == nullptr) return false;
-  keys_.push_back(scope->DataKey);
-  removed_.push_back({std::move(scope), position});
-  return true;
+void RemovedItems::remove(oTarnParameters& parameters, const std::vector<std::int32_t>& positions) {
+  for (auto& scope : parameters.removeScopes(positions)) {
+    keys_.push_back(scope->DataKey);
+    const std::int32_t position = scope->index;
+    removed_.push_back({std::move(scope), position});
+  }
+  std::sort(keys_.begin(), keys_.end());
 }
 
 bool RemovedItems::wasRemoved(const std::string& key) const {
@@ -44,14 +45,14 @@ bool RemovedItems::wasRemoved(const std::string& key) const {
 }
 
 std::vector<oTarnScope*> RemovedItems::putBack(oTarnParameters& parameters) {
-  std::sort(keys_.begin(), keys_.end());
   std::vector<oTarnScope*> back;
-  while (!removed_.empty()) {
-    Removed item = std::move(removed_.back());
-    removed_.pop_back();
-    if (parameters.Item(item.scope->DataKey) == nullptr)
-      back.push_back(&parameters.insertScope(std::move(item.scope), item.position));
+  std::vector<oTarnParameters::PlacedScope> placed;
+  for (auto& item : std::exchange(removed_, {})) {
+    if (parameters.Item(item.scope->DataKey) != nullptr) continue;
+    back.push_back(item.scope.get());
+    placed.push_back(std::move(item));
   }
+  parameters.insertScopes(std::move(placed));
   for (const Reference& reference : references_) restore(reference, parameters);
   const auto watchAgain = [&](oTarnTrigger& trigger, const std::string& channel) {
     const oTarnScope* const scope = wasRemoved(channel) ? parameters.Item(channel) : nullptr;
@@ -61,7 +62,6 @@ std::vector<oTarnScope*> RemovedItems::putBack(oTarnParameters& parameters) {
   };
   watchAgain(*parameters.startTrigger, startChannel_);
   watchAgain(*parameters.stopTrigger, stopChannel_);
-  std::sort(back.begin(), back.end(), [](const auto* a, const auto* b) { return a->index < b->index; });
   return back;
 }
 

@@ -19,17 +19,13 @@ class RemovedItems {
   explicit RemovedItems(const oTarnParameters& parameters);
 
   bool empty() const { return removed_.empty(); }
-  /// Removes one item; false when there is none at that position.
-  bool remove(oTarnParameters& parameters, std::int32_t position);
+  /// Removes the items at these positions; to be called once.
+  void remove(oTarnParameters& parameters, const std::vector<std::int32_t>& positions);
   /// Puts everything back, except items that are in the configuration again; returns those put back, in the
   /// order of their positions.
   std::vector<oTarnScope*> putBack(oTarnParameters& parameters);
 
  private:
-  struct Removed {
-    std::unique_ptr<oTarnScope> scope;
-    std::int32_t position;
-  };
   /// An item that is drawn on, or drives the X axis of, another one's graph.
   struct Reference {
     std::string from;
@@ -41,8 +37,8 @@ class RemovedItems {
   void restore(const Reference& reference, oTarnParameters& parameters) const;
   bool wasRemoved(const std::string& key) const;
 
-  std::vector<Removed> removed_;   ///< in the order of removal
-  std::vector<std::string> keys_;  ///< of all that was removed, sorted by putBack
+  std::vector<oTarnParameters::PlacedScope> removed_;  ///< in the order of their positions
+  std::vector<std::string> keys_;                      ///< of all that was removed, sorted
   std::vector<Reference> references_;
   std::string startChannel_;  ///< keys of what the triggers watched; empty: none
   std::string stopChannel_;

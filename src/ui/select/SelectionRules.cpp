@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <utility>
 
 #include "catalogue/FonctionsSelection.h"
@@ -179,33 +178,46 @@ void SelectionRules::AddDataRow(oTarnScope& scope, XmlElement element) {
 SelectionRules::Removal SelectionRules::removeData(std::vector<std::size_t> rows, std::size_t focusedRow) {
   Removal removal;
   if (!ready() || rows.empty()) return removal;
-  std::sort(rows.begin(), rows.end(), std::greater<>());
-  if (rows.front() >= rows_.size()) return removal;
-  if (focusedRow == kNoRow) focusedRow = rows.back();
+  std::sort(rows.begin(), rows.end());
+  if (rows.back() >= rows_.size()) return removal;
+  if (focusedRow == kNoRow) focusedRow = rows.front();
   numberByPosition();
   RemovedItems removed(*parameters_);
-  for (const std::size_t row : rows)
-    if (!RemoveDataRow(row, removed)) removal.notFound.push_back(rows_[row].data);
+  std::vector<std::int32_t> positions;
+  std::vector<bool> leaves(rows_.size());
+  for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+    leaves[*row] = giveBack(rows_[*row]);
+    if (leaves[*row])
+      positions.push_back(rows_[*row].scope->index);
+    else
+      removal.notFound.push_back(rows_[*row].data);
+  }
+  forgetRowsThat(leaves);
+  removed.remove(*parameters_, positions);
   selectedRow_ = rows_.empty() ? kNoRow : std::min(focusedRow, rows_.size() - 1);
   removal.changed = !removed.empty();
   if (removal.changed) removals_.push_back(std::move(removed));
   return removal;
 }
 
-/// False, and nothing done, when the document does not have the data.
-bool SelectionRules::RemoveDataRow(std::size_t row, RemovedItems& removed) {
-  oTarnScope& scope = *rows_[row].scope;
-  const XmlElement element = elementOf(scope);
+/// To the tree. False, and nothing done, when the document does not have the data.
+bool SelectionRules::giveBack(const SelectedRow& row) {
+  const XmlElement element = elementOf(*row.scope);
   if (!element) return false;
-  const KeyNumber key = keyNumber(scope.DataKey);
-  removed.remove(*parameters_, scope.index);
-  chosen_.remove(key);
+  chosen_.remove(keyNumber(row.scope->DataKey));
   if (filtering() && CatalogueSearch::matches(element, filter_))
     for (XmlElement above = element; above.attribute("c"); above = above.parent())
       found_.elements.add(keyNumber(above));
   GiveDataNodeBack(tree_, element);
-  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
   return true;
+}
+
+void SelectionRules::forgetRowsThat(const std::vector<bool>& leave) {
+  std::vector<SelectedRow> staying;
+  staying.reserve(rows_.size());
+  for (std::size_t row = 0; row < rows_.size(); ++row)
+    if (!leave[row]) staying.push_back(std::move(rows_[row]));
+  rows_ = std::move(staying);
 }
 
 bool SelectionRules::undoRemoval() {

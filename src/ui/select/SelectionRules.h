@@ -90,7 +90,8 @@ class SelectionRules {
  private:
   oTarnScope* MoveNodeToRecord(CatalogueNode node);
   void AddDataRow(oTarnScope& scope, XmlElement element);
-  bool RemoveDataRow(std::size_t row, RemovedItems& removed);
+  bool giveBack(const SelectedRow& row);
+  void forgetRowsThat(const std::vector<bool>& leave);
   bool changePlaces(std::size_t row, std::size_t neighbour);
   bool buildRows(const oTarnScope* selectScope);
   void renewKey(oTarnScope& scope, XmlElement element) const;

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSignalSpy>
@@ -207,7 +208,11 @@ TEST_F(ScopeScreen, TheListTakesWhatTheEditorsLeave) {
     screen_.resize(width, 500);
     QCoreApplication::processEvents();
     EXPECT_EQ(frame->width(), frameWidth);
-    EXPECT_EQ(view_->width(), width - frameWidth);
+    const QMargins margins = screen_.layout()->contentsMargins();
+    EXPECT_GT(margins.left(), 0);
+    EXPECT_EQ(view_->x(), margins.left());
+    EXPECT_EQ(frame->x(), view_->x() + view_->width() + screen_.layout()->spacing());
+    EXPECT_EQ(frame->x() + frameWidth, width - margins.right());
     EXPECT_EQ(view_->columnWidth(0), view_->width() * 30 / 100);
     EXPECT_EQ(view_->columnWidth(2), view_->width() * 20 / 100);
     EXPECT_EQ(view_->columnWidth(3), view_->width() * 20 / 100 - 4);

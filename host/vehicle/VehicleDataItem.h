@@ -53,6 +53,7 @@ class VehicleDataItem : public ferrox3::DataItem {
   const ferrox3::Device* device() const override { return device_; }
   const ferrox3::Enumeration* enumeration() const override;
   bool failure() const override { return description_.failure; }
+  std::optional<int> decimals() const override { return description_.decimals; }
   ferrox3::Request& request() const override { return request_; }
   const ferrox3::Value& value() const override { return value_; }
   const std::string& valueText() const override;

@@ -26,7 +26,7 @@ std::string displayName(const std::string& caption, const ferrox3::DataItem& dat
 }
 
 ValueDescription describe(const std::string& caption, const ferrox3::DataItem& data) {
-  ValueDescription description{displayName(caption, data), data.unit(), {}};
+  ValueDescription description{displayName(caption, data), data.unit(), {}, data.decimals()};
   const ferrox3::Enumeration* const texts = data.enumeration();
   for (std::int32_t i = 1; texts != nullptr && i <= texts->Count(); ++i) {
     const std::string label = texts->label(i);

@@ -13,6 +13,7 @@
 #include "platform/controls/CWGraph.h"
 #include "platform/controls/CWNumEdit.h"
 #include "platform/controls/CWSlide.h"
+#include "platform/controls/GraphFrame.h"
 #include "platform/controls/Readable.h"
 
 namespace tarnlog {
@@ -226,6 +227,23 @@ TEST(CWGraph, DrawsSomethingSensibleFromAnything) {
       graph.setAxisAutoscale(CWGraph::YAxis, true);
       graph.plotXY(1, -1e308, 1e308);
       graph.grab();
+    }
+  }
+}
+
+TEST(GraphFrame, NumbersAtLeastTwoMarksWhereTheyHaveRoom) {
+  const QFontMetrics metrics{QFont()};
+  const int line = metrics.height();
+  GraphFrame frame;
+  GraphAxis x;
+  x.labels = false;
+  GraphAxis y;
+  for (const AxisRange& range : {AxisRange{-20, 30}, {-1, 9}, {1, 9}, {0.2, 0.7}, {-7, 1234}}) {
+    for (int height = 2 * line + 2; height < 8 * line; ++height) {
+      y.fixed = range;
+      frame.layOut({400, height}, metrics, QLocale::c(), x, y);
+      EXPECT_GE(frame.texts().size(), 2U)
+          << range.minimum << " to " << range.maximum << ", " << height << " pixels";
     }
   }
 }

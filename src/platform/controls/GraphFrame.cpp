@@ -10,11 +10,22 @@ namespace tarnlog {
 namespace {
 
 constexpr int kGap = 4;  ///< pixels between numbers and border
+constexpr int kMostMarks = 11;
 
 /// All numbers along Y have the same room in every graph: the area must not move while an axis grows, and
 /// graphs above one another stay aligned.
 int numberRoom(const QFontMetrics& metrics) {
   return numberWidth(QStringLiteral("-00000.0"), metrics) + kGap;
+}
+
+/// As many marks as have their numbers one above the other. One number alone gives no scale: where two have
+/// room, the marks stand closer until the first and the last are far enough apart for theirs.
+AxisTicks ticksUp(const GraphAxis& axis, int length, int line) {
+  int atMost = std::clamp((length - line) * 5 / (line * 6) + 1, 1, kMostMarks);
+  AxisTicks ticks = axis.ticks(atMost);
+  const auto apart = [&] { return (ticks.count - 1) * ticks.step / axis.range().span() * length; };
+  while (length >= 2 * line && apart() < 1.5 * line && atMost < kMostMarks) ticks = axis.ticks(++atMost);
+  return ticks;
 }
 
 }  // namespace
@@ -40,7 +51,7 @@ void GraphFrame::renumber(const QFontMetrics& metrics, const QLocale& locale, co
   const int line = std::max(metrics.height(), 1);
   xTicks_ = x.hasNumbers() ? ticksAlong(x.range(), locale, metrics, area_.width())
                            : x.ticks(std::clamp(area_.width() / (line * 5), 1, 11));
-  yTicks_ = y.ticks(std::clamp((area_.height() - line) * 5 / (line * 6) + 1, 1, 11));
+  yTicks_ = ticksUp(y, area_.height(), line);
   written_ = 0;
   if (x.hasNumbers()) numberX(metrics, locale, x);
   if (y.hasNumbers() && area_.left() > 1) numberY(metrics, locale, y);

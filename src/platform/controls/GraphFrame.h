@@ -16,6 +16,11 @@ namespace tarnlog {
 /// What stands around the curves of a graph: border, numbers and captions; and the room that they leave.
 class GraphFrame {
  public:
+  struct Text {
+    QPointF corner;  ///< top left
+    QStaticText text;
+  };
+
   void layOut(const QSize& size, const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x,
               const GraphAxis& y);
   /// The ranges have changed; the room has not.
@@ -25,15 +30,11 @@ class GraphFrame {
   /// The marks that have a line in the grid, and a number when the axis has numbers.
   const AxisTicks& xTicks() const { return xTicks_; }
   const AxisTicks& yTicks() const { return yTicks_; }
+  const std::vector<Text>& texts() const { return texts_; }
   /// In the painter's font and pen; the border in its own colour.
   void paint(QPainter& painter, const QColor& border) const;
 
  private:
-  struct Text {
-    QPointF corner;  ///< top left
-    QStaticText text;
-  };
-
   void numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x);
   void numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y);
   void write(const QPointF& corner, const QString& text);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -50,6 +51,8 @@ class DataItem {
   virtual const Device* device() const = 0;            ///< or null
   virtual const Enumeration* enumeration() const = 0;  ///< or null
   virtual bool failure() const = 0;
+  /// Digits after the separator in the value text of a number; none where the number itself decides.
+  virtual std::optional<int> decimals() const { return std::nullopt; }
   virtual Request& request() const = 0;
 
   /// Updated when the request that carries it is sent; valid until the next send.

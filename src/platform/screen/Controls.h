@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -50,7 +51,8 @@ class LabelControl : public Control {
 struct ValueDescription {
   std::string name;  ///< as the caption label shows it
   std::string unit;
-  std::vector<std::pair<std::int32_t, std::string>> labels;  ///< texts of values that have one
+  std::vector<std::pair<std::int32_t, std::string>> labels = {};  ///< texts of values that have one
+  std::optional<int> decimals = std::nullopt;                     ///< of other values; none: up to 15 digits
 };
 
 enum class Axis { X = 1, Y = 2 };

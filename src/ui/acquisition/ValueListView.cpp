@@ -1,6 +1,7 @@
 #include "ui/acquisition/ValueListView.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <cmath>
 
@@ -36,8 +37,9 @@ ValueListView::ValueListView(QWidget* parent) : QTreeView(parent) {
   header()->setSectionsMovable(false);
   header()->setMinimumSectionSize(8);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  connect(header(), &QHeaderView::sectionResized, this, [this] {
-    if (!applying_) leaveToUser();
+  connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
+    // The last one takes what is left, at any time; it has no edge to drag.
+    if (!applying_ && column != ValueListModel::kUnit) leaveToUser();
   });
 }
 
@@ -55,16 +57,17 @@ void ValueListView::rebuildColumns() {
 
 void ValueListView::applyWidths() {
   const Twips seventh = std::floor(toTwips(viewport()->width()) / 7);
-  applying_ = true;
+  const QScopedValueRollback applying(applying_, true);
   setColumnWidth(ValueListModel::kData, toPixels(seventh * 4 - 6));
   setColumnWidth(ValueListModel::kValue, toPixels(seventh * 2));
-  applying_ = false;
 }
 
 void ValueListView::resizeEvent(QResizeEvent* event) {
-  applying_ = true;  // the last column takes what is left
-  QTreeView::resizeEvent(event);
-  applying_ = false;
+  {
+    // A scroll bar that comes or goes resizes the list once more inside.
+    const QScopedValueRollback applying(applying_, true);
+    QTreeView::resizeEvent(event);
+  }
   if (!dragged_) applyWidths();
 }
 

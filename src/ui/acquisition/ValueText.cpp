@@ -9,18 +9,22 @@
 namespace tarnlog {
 namespace {
 
-constexpr int kDigits = 7;
-constexpr double kMostInFull = 1e15;
-
 const std::string* labelOf(double value, const ValueDescription& description) {
   const auto label = std::find_if(description.labels.begin(), description.labels.end(),
                                   [&](const auto& entry) { return entry.first == value; });
   return label == description.labels.end() ? nullptr : &label->second;
 }
 
-double rounded(double value) {
-  if (value == std::floor(value) && std::abs(value) < kMostInFull) return value;
-  return QString::number(value, 'g', kDigits).toDouble();
+/// With exactly so many decimals; never "-0.0".
+QString fixedText(double value, int decimals, const QLocale& locale) {
+  QString text = QString::number(value, 'f', decimals);
+  if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);
+  return text.replace(QLatin1Char('.'), locale.decimalPoint());
+}
+
+QString numberText(double value, const ValueDescription& description, const QLocale& locale) {
+  if (std::isinf(value)) return value < 0 ? QStringLiteral("-∞") : QStringLiteral("∞");
+  return description.decimals ? fixedText(value, *description.decimals, locale) : cellText(value, locale);
 }
 
 }  // namespace
@@ -35,8 +39,7 @@ QString cellText(double value, const QLocale& locale) {
 QString valueText(double value, const ValueDescription& description, const QLocale& locale) {
   if (const std::string* const label = labelOf(value, description)) return toQString(*label);
   if (std::isnan(value)) return QStringLiteral("–");
-  QString text = std::isinf(value) ? QString(value < 0 ? QStringLiteral("-∞") : QStringLiteral("∞"))
-                                   : cellText(rounded(value), locale);
+  QString text = numberText(value, description, locale);
   if (!description.unit.empty()) text += QLatin1Char(' ') + toQString(description.unit);
   return text;
 }

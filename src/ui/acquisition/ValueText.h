@@ -7,8 +7,8 @@
 
 namespace tarnlog {
 
-/// A plotted value as a reader wants it: its label when it has one, else the number (whole numbers in full,
-/// others with seven digits) and the unit. A dash for no number.
+/// A plotted value as the value list shows it: its label when it has one, else the number with its decimals,
+/// and the unit. A dash for no number.
 QString valueText(double value, const ValueDescription& description, const QLocale& locale);
 /// As record files have it: 15 digits and the user's decimal separator; empty for no number.
 QString cellText(double value, const QLocale& locale);

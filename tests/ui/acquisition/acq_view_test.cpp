@@ -200,6 +200,21 @@ TEST(AcqView, PlacesItsControlsByItsSize) {
   }
 }
 
+/// The scroll bar that comes while the list is resized is no drag of a column.
+TEST(AcqView, ColumnsStayInSightWhenTheWindowShrinksWhileGraphsAreShown) {
+  ViewRig rig;
+  for (int i = 0; i < 40; ++i) rig.add(rig.status.addData("More " + std::to_string(i)));
+  rig.view.resize(1200, 800);
+  rig.start();
+  rig.child<TabStrip>("TabStripVisu").select("GRAPH");
+  rig.view.resize(600, 300);
+  rig.child<TabStrip>("TabStripVisu").select("LIST");
+  QTest::qWait(1);
+  const auto& list = rig.child<QTreeView>("LVvisuText");
+  EXPECT_TRUE(list.verticalScrollBar()->isVisible());
+  EXPECT_NEAR(list.columnWidth(0), 4 * (list.viewport()->width() / 7), 3);
+}
+
 /// What of a widget was painted.
 class PaintSpy : public QObject {
  public:

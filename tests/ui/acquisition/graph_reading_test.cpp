@@ -68,7 +68,7 @@ TEST(GraphReadout, MovesAlongThePointsByKey) {
   QTest::keyClick(&d.graph(), Qt::Key_Left);
   EXPECT_EQ(d.values(), "Speed (km/h): –\nBrake: Released");
   QTest::keyClick(&d.graph(), Qt::Key_End);
-  EXPECT_EQ(d.values(), "Speed (km/h): 0,3333333 km/h\nBrake: Released");
+  EXPECT_EQ(d.values(), "Speed (km/h): 0,333333333333333 km/h\nBrake: Released");
   QTest::keyClick(&d.graph(), Qt::Key_Left, Qt::ControlModifier);
   EXPECT_EQ(d.values(), "Speed (km/h): 12,5 km/h\nBrake: Released");
   EXPECT_EQ(d.graph().accessibleDescription().toStdString(), d.said());
@@ -132,10 +132,15 @@ TEST(GraphMenu, SavesThePictureOfItsMomentEvenWhenTheGraphGoes) {
 
 TEST(ValueText, WritesNumbersForReadersAndForSpreadsheets) {
   const QLocale french(QLocale::French);
-  const ValueDescription speed{"Speed", "km/h", {}};
+  const ValueDescription speed{"Speed", "km/h"};
   EXPECT_EQ(valueText(0.1 * 3, speed, french), "0,3 km/h");
   EXPECT_EQ(valueText(123456789, speed, french), "123456789 km/h");
   EXPECT_EQ(valueText(kNaN, speed, french), "–");
+  ValueDescription level{"Level", "%"};
+  level.decimals = 1;
+  EXPECT_EQ(valueText(1234.56, level, french), "1234,6 %") << "as the value list has it";
+  EXPECT_EQ(valueText(20, level, french), "20,0 %");
+  EXPECT_EQ(valueText(-0.04, level, french), "0,0 %");
   EXPECT_EQ(valueText(-std::numeric_limits<double>::infinity(), {}, french), "-∞");
   EXPECT_EQ(cellText(1234567.25, french), "1234567,25");
   EXPECT_EQ(cellText(kNaN, french), "");

@@ -70,7 +70,7 @@ void requireSound(const ferrox3::DataItem& item) {
   require(mayBeEmpty || !item.valueText().empty(), "a number has no text");
 }
 
-/// An ECU that answers with the frames of the fuzzer's input, one for each request.
+/// An ECU that answers with the frames of the fuzzer's input, one for each request, and then is silent.
 class InputPeer : public SimulatedPeer {
  public:
   explicit InputPeer(std::span<const std::uint8_t> input) : input_(input) {}
@@ -78,6 +78,7 @@ class InputPeer : public SimulatedPeer {
   void start() override {}
   void answer(const LinkTarget&, std::span<const std::uint8_t>, std::chrono::microseconds,
               SimulatedAnswers& answers) override {
+    if (done()) return;
     const std::size_t length = std::min<std::size_t>(input_[0], input_.size() - 1);
     const auto frame = input_.subspan(1, length);
     answers.add({}).assign(frame.begin(), frame.end());

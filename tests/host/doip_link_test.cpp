@@ -190,6 +190,21 @@ TEST(DoipLink, NoticesThatTheGatewayIsGone) {
   EXPECT_EQ(car.ask("22 F1 90"), gone);
 }
 
+TEST(DoipLink, ForgetsAnAnswerThatTheGatewayDidNotFinish) {
+  int connections = 0;
+  Car car([&](LoopbackConnection& tester) {
+    readMessage(tester);
+    tester.write(kGranted);
+    readMessage(tester);
+    const Bytes answer = message("80 01", "10 01 0E 00 62 F1 90 41");
+    tester.write(std::span(answer).first(++connections == 1 ? answer.size() - 2 : answer.size()));
+    if (connections > 1) readMessage(tester);
+  });
+  EXPECT_THAT(car.ask("22 F1 90"), HasSubstr("the other end is gone"));
+  car.opened = false;
+  EXPECT_EQ(car.ask("22 F1 90"), "62 F1 90 41");
+}
+
 TEST(DoipLink, IsNotHeldByAGatewayThatFloods) {
   Car car([](LoopbackConnection& tester) {
     readMessage(tester);

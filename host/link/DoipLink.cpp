@@ -195,6 +195,7 @@ std::vector<LinkTarget> DoipLink::findEcus() {
                              ": the gateway knows no ECU that offers OBD data; is the ignition "
                              "on? ?ecu= in the link names the address of one");
   std::vector<LinkTarget> ecus;
+  ecus.reserve(found.size());
   for (const std::uint16_t address : found) ecus.push_back({address, kObd});
   return ecus;
 }

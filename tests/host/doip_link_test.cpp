@@ -225,7 +225,7 @@ TEST(DoipFinder, TakesTheFirstVehicleThatAnswers) {
   address.sin_family = AF_INET;
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   socklen_t size = sizeof address;
-  ::bind(car, reinterpret_cast<sockaddr*>(&address), size);
+  ASSERT_EQ(::bind(car, reinterpret_cast<sockaddr*>(&address), size), 0);
   ::getsockname(car, reinterpret_cast<sockaddr*>(&address), &size);
   std::thread thread([car] {
     Bytes question(100);

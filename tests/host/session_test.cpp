@@ -120,7 +120,7 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
 
   // "Pending" prolongs it, up to the limit.
   std::vector<std::string> answers(60, "7F 21 78");
-  answers.push_back("61 80 00 0C");
+  answers.emplace_back("61 80 00 0C");
   car.peer.script["21 80"] = answers;
   EXPECT_EQ(car.sendError("Speeds"), "none");
   EXPECT_EQ(car.text("Speed"), "3,0");

@@ -47,7 +47,7 @@ class TarnMain : public QWidget {
   /// Asks the user what to do with changed work before it would be lost. False when it must be kept.
   bool configurationMayBeLost();
   /// Asks the acquisition to end, files closed; `acquisitionStopped` comes exactly once, maybe before this
-  /// returns.
+  /// returns. The configuration view takes the place of the acquisition's.
   void stopAcquisition();
 
   Tarn2001& ctlTarnConfigure() { return *configure_; }

@@ -254,7 +254,9 @@ void Elm327Link::settle() {
     frameCounts_.distrust(address, exchange_.request);
   else if (exchange_.withoutDigit)
     frameCounts_.helpedWithout();
-  else if (exchange_.expectedFrames == 0 && address != kEveryEcu && !assembler_.incomplete())
+  else if (exchange_.expectedFrames > 0)
+    frameCounts_.helped();
+  else if (address != kEveryEcu && !assembler_.incomplete())
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
 }
 

@@ -27,7 +27,9 @@ class ElmFrameCounts {
   void distrust(std::int32_t address, std::span<const std::uint8_t> request) {
     counts_[Key{address, {request.begin(), request.end()}}] = 0;
   }
-  /// The ECU seemed silent with the number and answered without. Twice is no accident.
+  /// The ECU answered with the number.
+  void helped() { helpedWithout_ = 0; }
+  /// The ECU seemed silent with the number and answered without. Twice running is no accident.
   void helpedWithout() {
     if (++helpedWithout_ >= 2) giveUp();
   }

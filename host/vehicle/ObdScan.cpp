@@ -25,6 +25,8 @@ constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
 constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::uint8_t kEngineSpeed = 0x0C;
 constexpr int kAttempts = 3;
+/// The adapter was there: it may only have lost its plug or its network for a few seconds.
+constexpr int kAttemptsOnceReached = 8;
 // ISO 15765-4: the eight ECUs of emissions on CAN.
 constexpr std::int32_t kFirstEcu = 0x7E0;
 constexpr std::int32_t kLastEcu = 0x7E7;
@@ -54,7 +56,7 @@ class Search {
       } catch (const EcuUnreachable&) {
         throw;
       } catch (const TarnError&) {
-        if (attempt == kAttempts) throw;
+        if (attempt == (reached_ ? kAttemptsOnceReached : kAttempts)) throw;
       }
     }
   }
@@ -68,6 +70,7 @@ class Search {
 
   Conversation conversation_;
   std::string obstacle_;
+  bool reached_ = false;
 };
 
 /// The four bytes of a mask; empty when the ECU gives none.
@@ -108,6 +111,7 @@ Pids Search::askPids(const LinkTarget& target, std::chrono::milliseconds timeout
 
 std::vector<FoundEcu> Search::findEcus() {
   std::vector<LinkTarget> targets = conversation_.findEcus();
+  reached_ = true;
   const auto timeout = targets.empty() ? kProbeTimeout : kTimeout;
   if (targets.empty())
     for (std::int32_t address = kFirstEcu; address <= kLastEcu; ++address)

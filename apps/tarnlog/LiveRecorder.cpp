@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -75,8 +76,11 @@ int LiveRecorder::run() {
   });
   const SignalWatch signalWatch([&] { window.endAndClose(); }, [&] { acq.RecordUserEvent(); });
   window.show();
-  if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
-  if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
+  // From within the loop, which a box about them must not keep from ending.
+  QTimer::singleShot(0, &window, [&] {
+    if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
+    if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
+  });
   const int code = QApplication::exec();
   window_ = nullptr;
   files_.setWriteFailureHandler({});

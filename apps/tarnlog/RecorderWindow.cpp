@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
@@ -29,6 +30,15 @@ namespace {
 
 constexpr const char* kGeometry = "WindowGeometry";
 constexpr const char* kProgram = "Tarnlog2001";
+
+/// Nobody is left to answer them: menus, messages, and dialogs that wait in a loop of their own.
+void cancelQuestions() {
+  while (QWidget* const menu = QApplication::activePopupWidget())
+    if (!menu->close()) break;
+  for (QWidget* const window : QApplication::topLevelWidgets())
+    if (auto* const dialog = qobject_cast<QDialog*>(window); dialog != nullptr && dialog->isVisible())
+      dialog->reject();
+}
 
 }  // namespace
 
@@ -137,7 +147,7 @@ void RecorderWindow::openVehicle(const QString& path) { openConnection({fromQStr
 
 void RecorderWindow::openConnection(const CarConnection& connection) {
   whenIdle_->run([this, connection] {
-    if (!recorder_->configurationMayBeLost()) return;
+    if (closing_ || !recorder_->configurationMayBeLost()) return;
     const QString failure = tryToOpen(connection);
     if (failure.isEmpty()) return;
     environment_.recorder.dialogs.error(this, tr("Vehicle error"), failure);
@@ -314,6 +324,7 @@ void RecorderWindow::endAndClose() {
     return whenIdle_->run([this] { endAndClose(); });
   }
   closing_ = true;
+  cancelQuestions();
   setEnabled(false);
   recorder_->stopAcquisition();
 }

@@ -54,7 +54,7 @@ class RecorderWindow : public QMainWindow {
   /// Opens a configuration to look at and to change.
   void openConfiguration(const QString& path);
 
-  /// Ends an acquisition in order, then closes without a question.
+  /// Ends an acquisition in order, then closes without a question; open ones are cancelled.
   void endAndClose();
   /// What runs is to end, or the window is to close: nothing need be waited for much longer.
   bool wantsToEnd() const;

@@ -11,6 +11,7 @@
 #include "apps/common/StandardStreams.h"
 #include "apps/tarnlog/Display.h"
 #include "apps/tarnlog/LiveRecorder.h"
+#include "apps/tarnlog/SignalWatch.h"
 
 namespace {
 
@@ -67,7 +68,9 @@ void complain(int argc, char** argv, const std::exception& error) {
   std::fprintf(stderr, "tarnlog: %s\n", error.what());
   if (!displayUsable()) return;
   const QApplication application(argc, argv);
-  QMessageBox::critical(nullptr, "Tarnlog", QString::fromUtf8(error.what()));
+  QMessageBox box(QMessageBox::Critical, "Tarnlog", QString::fromUtf8(error.what()));
+  const SignalWatch signalWatch([&] { box.reject(); }, [] {});
+  box.exec();
 }
 
 }  // namespace

@@ -11,9 +11,13 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
+#include <csignal>
 #include <optional>
 
+#include "apps/common/Signals.h"
+#include "apps/tarnlog/LiveRecorder.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/ManualLinkClock.h"
@@ -21,6 +25,7 @@
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/SteppedClock.h"
+#include "tests/support/TempFolder.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 #include "ui/main/TarnMain.h"
@@ -231,6 +236,30 @@ TEST_F(RecorderWindowTest, ClosesWhenTheVehicleIsOpen) {
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->windowTitle(), "Tarnlog2001") << "closing cancels the opening";
   EXPECT_TRUE(closed());
+}
+
+/// What the command line asks for is opened while signals are heard.
+TEST(LiveRecorder, ASignalEndsItAlsoWhileABoxIsOpen) {
+  const test::TempFolder folder;
+  qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path()));
+  Signals::install();
+  QTimer look;
+  int looks = 0;
+  QObject::connect(&look, &QTimer::timeout, [&] {
+    QWidget* const box = QApplication::activeModalWidget();
+    if (looks == 0 && box == nullptr) return;
+    if (++looks == 1) {
+      std::raise(SIGTERM);
+    } else {  // for a red test that ends
+      if (box != nullptr) box->close();
+      QApplication::quit();
+    }
+  });
+  look.start(200);
+  LiveOptions options;
+  options.vehicle = folder / "none.json";
+  EXPECT_EQ(LiveRecorder(options).run(), 0);
+  EXPECT_EQ(looks, 1);
 }
 
 }  // namespace

@@ -45,15 +45,5 @@ TEST(UserEvent, thatCannotBeOpenedActivatesNothing) {
   EXPECT_EQ(rig.screen.eventCaption, "Event 1");
 }
 
-TEST(UserEvent, aloneLeavesTheConfiguredFolder) {
-  AcqRig rig;
-  rig.parameters->fileFolder = "/gone";
-  rig.start();
-  rig.run("1000:0");
-  rig.acq.RecordUserEvent();
-  EXPECT_EQ(rig.files.files.count("/cwd/event_16-11-26__19h05mn08.txt"), 1U);
-  EXPECT_EQ(rig.parameters->fileFolder, "/gone");
-}
-
 }  // namespace
 }  // namespace tarnlog

@@ -23,32 +23,6 @@ TEST(Recording, aButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
   EXPECT_EQ(rig.screen.timePanel, "0.3");
 }
 
-TEST(Recording, aTriggerStartBeginsInItsOwnCycle) {
-  AcqRig rig;
-  rig.triggerStart(1, 50);
-  rig.start();
-  rig.run("1000:80 1100:40 1200:60 1300:70");
-  EXPECT_EQ(rig.files.files.at("/rec/16-11-26_19h05mn08.txt"),
-            "time\tevent\t\"Engine\"\r\n"
-            "16/11/26\t\t\"Status\"\r\n"
-            "19:05:08\t\t\"Speed(km/h)\"\r\n"
-            "0\t\"Start\"\t60\r\n"
-            "0.1\t\"\"\t70\r\n");
-  EXPECT_EQ(rig.screen.recordPanel, "/rec/16-11-26_19h05mn08.txt");
-}
-
-TEST(Recording, historyComesFirstAndTimesCountFromItsNewestRow) {
-  AcqRig rig;
-  rig.parameters->recordingPeriod = 1;
-  rig.triggerStart(1, 50);
-  rig.parameters->startTrigger->prepost = -2;
-  rig.start();
-  // The schedule began with the start of the acquisition: rows are due at 0, 1000, 2000, ...
-  rig.run("300:1 1000:2 1500:2.5 2000:3 3000:4 3300:60 3600:61 4000:62 5000:63");
-  EXPECT_THAT(rig.recordRows(),
-              ElementsAre("-2|\"\"|2", "-1|\"\"|3", "0|\"Start\"|4", "1|\"\"|62", "2|\"\"|63"));
-}
-
 TEST(Recording, lateCyclesCatchUpOneRowEach) {
   AcqRig rig;
   rig.parameters->recordingPeriod = 1;
@@ -87,22 +61,6 @@ TEST(Recording, everyCycleIsARowAlsoAfterWeeks) {
   rig.acq.ToggleRecording();
   rig.run("1100:1 1200:2 2200000000:3");
   EXPECT_EQ(rig.recordRows().size(), 3U);
-}
-
-TEST(Recording, cellsHoldValuesWhereTheListShowsTexts) {
-  AcqRig rig;
-  auto& pedal = rig.status.addData("Pedal", ferrox3::kInteger).withLabels({{"Released", 0}, {"Pressed", 1}});
-  auto& bytes = rig.status.addData("Raw", ferrox3::kByteArray);
-  auto& text = rig.status.addData("Part", ferrox3::kString);
-  for (auto* item : {&pedal, &bytes, &text}) rig.add(*item);
-  rig.triggerStart(1, 50);
-  rig.start();
-  pedal.setValue(std::int32_t{1});
-  bytes.setValue(ferrox3::Bytes{0x0A, 0x1B});
-  text.setValue(std::string("8200\t12"));
-  rig.run("1000:0 1100:60");
-  EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|60|1|0A 1B|8200 12"));
-  EXPECT_EQ(rig.screen.rows[1].value, "Pressed");
 }
 
 TEST(Recording, namesWhyAFileCannotBeOpened) {

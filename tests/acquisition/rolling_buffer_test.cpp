@@ -89,15 +89,5 @@ TEST(RollingBuffer, noCellBreaksARow) {
   EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\ta b  c\r\n");
 }
 
-TEST(RollingBuffer, writesXmlRows) {
-  RollingBuffer buffer = filled(2, {10, 25, 40});
-  std::string xml;
-  XmlWriter writer([&](std::string_view bytes) { xml.append(bytes); });
-  writer.startElement("root");
-  buffer.WriteBufferToSaxFile(writer, 25, "Start");
-  EXPECT_NE(xml.find("<row Time=\"0\" Event=\"\" C1=\"25\" C2=\"x\"/>"), std::string::npos) << xml;
-  EXPECT_NE(xml.find("<row Time=\"0,02\" Event=\"Start\" C1=\"40\" C2=\"x\"/>"), std::string::npos) << xml;
-}
-
 }  // namespace
 }  // namespace tarnlog

@@ -18,17 +18,6 @@ std::vector<std::string> recorded(const Recipe& recipe) {
   return car.acq.RecordPath().empty() ? std::vector<std::string>{} : car.rows();
 }
 
-TEST(Triggers, fireWhenTheLevelIsCrossedBetweenTwoCycles) {
-  EXPECT_THAT(recorded({.speed = "0:40 1100:49.99 1200:50 1300:30", .start = "rising 50"}),
-              ElementsAre("0|\"Start\"|50", "0.1|\"\"|30", "0.2|\"\"|30", "0.3|\"\"|30"));
-  EXPECT_THAT(recorded({.speed = "0:80 1100:40 1200:55 1400:60", .start = "rising 50"}),
-              ElementsAre("0|\"Start\"|55", "0.1|\"\"|55", "0.2|\"\"|60", "0.3|\"\"|60"))
-      << "the first value is above already";
-  EXPECT_THAT(recorded({.speed = "0:20 1100:60 1400:50", .start = "falling 50"}),
-              ElementsAre("0|\"Start\"|50", "0.1|\"\"|50"));
-  EXPECT_THAT(recorded({.speed = "0:51", .start = "rising 50"}), ElementsAre());
-}
-
 TEST(Triggers, areForNumbersOnly) {
   EXPECT_THAT(recorded({.data = {"Identification/Part"}, .start = "rising -1"}), ElementsAre());
   // A value that is missing for a cycle neither fires nor hides the crossing.

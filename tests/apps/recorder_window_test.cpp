@@ -127,6 +127,8 @@ TEST_F(RecorderWindowTest, WalksFromAnEmptyWindowToARecord) {
 
   view(1);
   ticks(12);
+  const auto& values = *window->findChild<QTreeView*>("LVvisuText");
+  EXPECT_GT(values.columnWidth(0), values.width() / 2) << "names need the most";
   press("CommandStartStop");
   ticks(4);
   press("CommandStartStop");

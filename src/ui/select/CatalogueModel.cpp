@@ -16,8 +16,7 @@ CatalogueIcons::CatalogueIcons()
     : icons_{QIcon(),          tarnIcon("ecu"),      tarnIcon("request"), tarnIcon("device"),
              tarnIcon("data"), tarnIcon("reference")} {}
 
-CatalogueModel::CatalogueModel(SelectionRules& rules, QObject* parent)
-    : QAbstractItemModel(parent), rules_(rules) {
+CatalogueModel::CatalogueModel(SelectionRules& rules, QObject* parent) : DraggedModel(parent), rules_(rules) {
   rules_.tree().setObserver(this);
 }
 
@@ -117,8 +116,6 @@ Qt::ItemFlags CatalogueModel::flags(const QModelIndex& index) const {
 }
 
 // --- drag and drop
-
-QStringList CatalogueModel::mimeTypes() const { return {kDraggedNodes, kDraggedRows}; }
 
 QMimeData* CatalogueModel::mimeData(const QModelIndexList& indexes) const {
   QStringList keys;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "catalogue/CatalogueTree.h"
+#include "ui/select/DragPayload.h"
 #include "ui/select/SelectionRules.h"
 
 namespace tarnlog {
@@ -23,7 +24,7 @@ class CatalogueIcons {
 
 /// Shows the tree of available data to a view, without an object per node. An ECU is built when the view asks
 /// for its children. Rows of the list may be dropped on it, which gives them back.
-class CatalogueModel : public QAbstractItemModel, private CatalogueTreeObserver {
+class CatalogueModel : public DraggedModel<QAbstractItemModel>, private CatalogueTreeObserver {
   Q_OBJECT
  public:
   /// `rules` outlives the model.
@@ -48,10 +49,7 @@ class CatalogueModel : public QAbstractItemModel, private CatalogueTreeObserver 
   void fetchMore(const QModelIndex& parent) override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
-  QStringList mimeTypes() const override;
   QMimeData* mimeData(const QModelIndexList& indexes) const override;
-  Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
-  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
   bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                        const QModelIndex& parent) const override;
   bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,

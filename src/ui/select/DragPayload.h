@@ -20,4 +20,15 @@ std::optional<QStringList> draggedEntries(const QMimeData* data, const char* for
 /// The same for rows of the list.
 std::optional<std::vector<std::size_t>> draggedRows(const QMimeData* data, const void* screen);
 
+/// A model whose rows move inside one selection screen.
+template <class Model>
+class DraggedModel : public Model {
+ public:
+  using Model::Model;
+
+  QStringList mimeTypes() const override { return {kDraggedNodes, kDraggedRows}; }
+  Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
+  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+};
+
 }  // namespace tarnlog

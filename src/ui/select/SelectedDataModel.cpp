@@ -30,7 +30,7 @@ const Column kColumns[] = {
 }  // namespace
 
 SelectedDataModel::SelectedDataModel(SelectionRules& rules, const CatalogueModel& catalogue, QObject* parent)
-    : QAbstractTableModel(parent), rules_(rules), catalogue_(catalogue) {
+    : DraggedModel(parent), rules_(rules), catalogue_(catalogue) {
   findVisible();
 }
 
@@ -102,8 +102,6 @@ Qt::ItemFlags SelectedDataModel::flags(const QModelIndex& index) const {
 }
 
 // --- drag and drop
-
-QStringList SelectedDataModel::mimeTypes() const { return {kDraggedNodes, kDraggedRows}; }
 
 QMimeData* SelectedDataModel::mimeData(const QModelIndexList& indexes) const {
   QStringList rows;

@@ -7,13 +7,14 @@
 #include <vector>
 
 #include "ui/select/CatalogueModel.h"
+#include "ui/select/DragPayload.h"
 #include "ui/select/SelectionRules.h"
 
 namespace tarnlog {
 
 /// Shows the list of data to record to a view: the rows in which every word of a filter is found. Takes data
 /// dropped from the tree and its own rows.
-class SelectedDataModel : public QAbstractTableModel {
+class SelectedDataModel : public DraggedModel<QAbstractTableModel> {
   Q_OBJECT
  public:
   /// Both outlive the model.
@@ -35,10 +36,7 @@ class SelectedDataModel : public QAbstractTableModel {
   /// Texts, pictures, and under Qt::UserRole the columns' keys.
   QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
-  QStringList mimeTypes() const override;
   QMimeData* mimeData(const QModelIndexList& indexes) const override;
-  Qt::DropActions supportedDragActions() const override { return Qt::MoveAction; }
-  Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
   bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                        const QModelIndex& parent) const override;
   bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,

@@ -46,6 +46,7 @@ void TreeExpansion::restore() {
   filtered_ = rules_.filtering();
   if (filtered_) {
     expandFound();
+    view_.scrollToTop();
     return;
   }
   for (const std::string& key : expanded_) expand(rules_.tree().find(key));

@@ -3,22 +3,19 @@
 #include <QWidget>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "catalogue/SessionDocument.h"
 #include "config/oTarnParameters.h"
 #include "ui/select/SelectionRules.h"
 
-class QAbstractButton;
-class QToolBar;
-
 namespace tarnlog {
 
+class AvailablePane;
 class CatalogueModel;
-class FilterBox;
-class HintedTreeView;
+class RecordPane;
 class SelectedDataModel;
-class TreeExpansion;
 
 /// The data selection screen: on the left the data that the session offers, on the right those to record.
 class TarnSelect : public QWidget {
@@ -44,26 +41,12 @@ class TarnSelect : public QWidget {
   void edited();
 
  private:
-  QWidget* createAvailable();
-  QWidget* createToRecord();
-  QToolBar* createShapes();
-  void createTree();
-  void createList();
-  QAbstractButton* createMover(const char* name, const char* icon, const QString& toolTip);
+  void connectPanes();
   void createKeys();
   void putInTabOrder();
-
-  void showShape();
-  void updateHints();
   void updateButtons();
-  void chooseShape(char key);
-  void filterTree(const QString& text);
-  void filterList(const QString& text);
 
-  void addSelected();
-  void addActivated(const QModelIndex& index);
   void addNodes(const std::vector<CatalogueNode>& nodes, std::size_t before);
-  void removeSelected();
   void removeRows(const std::vector<std::size_t>& rows);
   void undoRemoval();
   void move(bool (SelectionRules::*step)(std::size_t));
@@ -76,22 +59,12 @@ class TarnSelect : public QWidget {
   void refill(Operation&& operation);
   void selectRow(std::size_t row);
   void reportNotFound(const std::vector<std::string>& names);
-  std::vector<std::size_t> selectedRows() const;
-  std::size_t focusedRow() const;
 
   SelectionRules rules_;
   CatalogueModel* catalogue_;
   SelectedDataModel* selected_;
-  HintedTreeView* treeAllData_;
-  HintedTreeView* listDataToRecord_;
-  TreeExpansion* expansion_ = nullptr;
-  FilterBox* treeFilter_;
-  FilterBox* listFilter_;
-  QToolBar* tbSelect_ = nullptr;
-  QAbstractButton* addData_ = nullptr;
-  QAbstractButton* removeData_ = nullptr;
-  QAbstractButton* dataUp_ = nullptr;
-  QAbstractButton* dataDown_ = nullptr;
+  AvailablePane* available_;
+  RecordPane* record_;
 };
 
 }  // namespace tarnlog

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QGroupBox>
+#include <cstddef>
+#include <vector>
+
+class QAbstractButton;
+class QHBoxLayout;
+
+namespace tarnlog {
+
+class FilterBox;
+class HintedTreeView;
+class SelectedDataModel;
+
+/// `FrSelData`: the list of data to record, its filter, and the buttons that fill and order it. Rows are
+/// those of the rules, from 0.
+class RecordPane : public QGroupBox {
+  Q_OBJECT
+ public:
+  /// `selected` outlives the pane's use of it. The row of buttons is at least that high, in pixels.
+  RecordPane(SelectedDataModel& selected, int buttonsHeight, QWidget* parent = nullptr);
+
+  int buttonsHeight() const { return buttonsHeight_; }
+  /// Enables what can be done; whether data of the tree can be added is for others to know.
+  void showButtons(bool canAdd);
+  void showHint();
+  /// Selects this row alone and shows it; a filter that hides it has served its purpose.
+  void selectRow(std::size_t row);
+  std::vector<std::size_t> selectedRows() const;
+  /// SelectionRules::kNoRow when there is none.
+  std::size_t focusedRow() const;
+  /// Those that take the keyboard, in order.
+  std::vector<QWidget*> stops() const;
+
+ signals:
+  void addWanted();
+  void removeWanted();
+  void moveUpWanted();
+  void moveDownWanted();
+  /// Selection or filter: other things can be done now.
+  void changed();
+
+ private:
+  void createButtons();
+  void createList();
+  QAbstractButton* createMover(const char* name, const char* icon, const QString& toolTip);
+  void addKeys();
+  void filter(const QString& text);
+
+  SelectedDataModel& selected_;
+  HintedTreeView* list_;
+  FilterBox* filter_;
+  QHBoxLayout* buttons_;
+  QAbstractButton* addData_ = nullptr;
+  QAbstractButton* removeData_ = nullptr;
+  QAbstractButton* dataUp_ = nullptr;
+  QAbstractButton* dataDown_ = nullptr;
+  int buttonsHeight_;
+};
+
+}  // namespace tarnlog

@@ -117,8 +117,7 @@ std::vector<std::unique_ptr<oTarnScope>> oTarnParameters::removeScopes(std::vect
   for (const std::int32_t place : leaving.positions()) order.push_back(static_cast<std::size_t>(place));
   scopes_.arrange(order);
   std::vector<std::unique_ptr<oTarnScope>> removed(leaving.positions().size());
-  for (auto place = removed.rbegin(); place != removed.rend(); ++place)
-    *place = scopes_.take(scopes_.Count());
+  std::generate(removed.rbegin(), removed.rend(), [this] { return scopes_.take(scopes_.Count()); });
   renumber();
   return removed;
 }

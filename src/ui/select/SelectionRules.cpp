@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "catalogue/FonctionsSelection.h"
@@ -178,19 +179,19 @@ void SelectionRules::AddDataRow(oTarnScope& scope, XmlElement element) {
 SelectionRules::Removal SelectionRules::removeData(std::vector<std::size_t> rows, std::size_t focusedRow) {
   Removal removal;
   if (!ready() || rows.empty()) return removal;
-  std::sort(rows.begin(), rows.end());
-  if (rows.back() >= rows_.size()) return removal;
-  if (focusedRow == kNoRow) focusedRow = rows.front();
+  std::sort(rows.begin(), rows.end(), std::greater<>());
+  if (rows.front() >= rows_.size()) return removal;
+  if (focusedRow == kNoRow) focusedRow = rows.back();
   numberByPosition();
   RemovedItems removed(*parameters_);
   std::vector<std::int32_t> positions;
   std::vector<bool> leaves(rows_.size());
-  for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-    leaves[*row] = giveBack(rows_[*row]);
-    if (leaves[*row])
-      positions.push_back(rows_[*row].scope->index);
+  for (const std::size_t row : rows) {
+    leaves[row] = giveBack(rows_[row]);
+    if (leaves[row])
+      positions.push_back(rows_[row].scope->index);
     else
-      removal.notFound.push_back(rows_[*row].data);
+      removal.notFound.push_back(rows_[row].data);
   }
   forgetRowsThat(leaves);
   removed.remove(*parameters_, positions);

@@ -14,8 +14,8 @@ namespace tarnlog::bench {
 
 /// How long a real adapter or gateway takes.
 inline constexpr std::chrono::milliseconds kLatencyOfACar{20};
-/// Requests a second that are within 3 % of that limit.
-inline constexpr double kRateOfACar = 0.97 * 50;
+/// Our rate of requests at that latency, of the rate that the latency itself lets pass.
+inline constexpr double kShareAtLatency = 0.97;
 
 /// Requests a second of the clock on the wall: what counts where two programs take turns.
 class Rate {
@@ -30,34 +30,24 @@ class Rate {
   Time::time_point start_ = Time::now();
 };
 
-/// Runs requests, each of which says whether it was answered, and shows their rate.
-template <class Request>
-void runRequests(benchmark::State& state, Request&& request) {
-  const Rate rate;
-  for (auto _ : state)
-    if (!request()) state.SkipWithError("no answer");
-  state.counters["requests"] = rate.of(static_cast<std::int64_t>(state.iterations()));
-}
-
 struct Rates {
   double ours;
   double bare;
 };
 
 /// Shows our rate of requests, also as a share of that of a bare loop on the same kind of socket. Both run in
-/// turn within each iteration, so that what slows the machine slows both.
+/// turn within each iteration, `requests` at a time, so that what slows the machine slows both.
 template <class Ours, class Bare>
-Rates raceRequests(benchmark::State& state, Ours&& ours, Bare&& bare) {
-  constexpr int kRequests = 500;
+Rates raceRequests(benchmark::State& state, int requests, Ours&& ours, Bare&& bare) {
   Rates sum{0, 0};
   for (auto _ : state) {
     const Rate rate;
-    for (int i = 0; i < kRequests; ++i)
+    for (int i = 0; i < requests; ++i)
       if (!ours()) state.SkipWithError("no answer");
-    sum.ours += rate.of(kRequests);
+    sum.ours += rate.of(requests);
     const Rate bareRate;
-    for (int i = 0; i < kRequests; ++i) bare();
-    sum.bare += bareRate.of(kRequests);
+    for (int i = 0; i < requests; ++i) bare();
+    sum.bare += bareRate.of(requests);
   }
   const auto rounds = static_cast<double>(state.iterations());
   state.counters["requests"] = sum.ours / rounds;

@@ -73,6 +73,7 @@ void Elm327Link::close() {
 void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
   guarded([&] {
     if (!open_) fail("the adapter is not open");
+    console_.begin();
     finishAnswer();
     if (silences_ >= kMostSilences) {
       silences_ = 0;
@@ -160,6 +161,7 @@ void Elm327Link::ask(bool countFrames) {
 bool Elm327Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
   return guarded([&] {
     if (!open_) fail("the adapter is not open");
+    console_.begin();
     ElmMessage message;
     const auto wait = std::chrono::microseconds(timeout).count();
     if (!nextMessage(message, clock_.microseconds() + wait + kAdapterTime)) return false;

@@ -36,6 +36,7 @@ bool ElmAdapter::tell(std::string_view command) {
 
 std::string ElmAdapter::setUp() {
   std::string name = setUpElm(console_);
+  search_.forgetPatience();
   protocol_.reset();
   address_.reset();
   priority_ = kDefaultPriority;
@@ -59,6 +60,7 @@ void ElmAdapter::selectBus(const LinkTarget& target, std::span<const std::uint8_
     protocol_ = search_.findOnKLine(elmAddress(target, request, ElmBus::kwp));
   } else {
     protocol_ = search_.find();
+    if (search_.patient()) timeout_ = kElmLongestTimeout;
   }
   onKLine_ = kLine;
 }

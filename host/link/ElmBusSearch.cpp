@@ -97,9 +97,19 @@ bool ElmBusSearch::searchByAdapter(ElmProtocol& found) {
     if (ask(kSupportedPids, kProtocolPatience, found.bus) == Outcome::answered) return true;
   }
   found = choose('0');
-  if (ask(kSupportedPids, kSearchPatience, found.bus) != Outcome::answered) return false;
+  Outcome outcome = ask(kSupportedPids, kSearchPatience, found.bus);
+  if (outcome == Outcome::silent && !patient_) {
+    patient_ = true;
+    console_.command(elmTimeoutCommand(kElmLongestTimeout), kCommandPatience);
+    outcome = ask(kSupportedPids, kSearchPatience, found.bus);
+  }
+  if (outcome != Outcome::answered) return false;
   found.number = protocolInUse();
-  if (found.number != '0') found.bus = busOfProtocol(found.number);
+  const ElmBus told = busOfProtocol(found.number);
+  if (found.bus == ElmBus::unknown || (told != ElmBus::unknown && !isCan(told) && !isCan(found.bus)))
+    found.bus = told;
+  else if (told != found.bus)
+    found.number = '0';  // some always tell the same; frames do not lie
   return true;
 }
 

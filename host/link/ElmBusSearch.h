@@ -27,6 +27,10 @@ class ElmBusSearch {
   /// Lets the adapter search, or when that has failed the time before, tries one protocol after the other.
   /// What was found once is tried first. TarnError that says why no ECU answers.
   ElmProtocol find();
+  /// The adapter was told to wait for ECUs as long as it can, as nobody answered sooner.
+  bool patient() const { return patient_; }
+  /// The adapter is new, or was reset.
+  void forgetPatience() { patient_ = false; }
   /// Chooses a protocol without asking anybody.
   ElmProtocol choose(char number);
   /// For an ECU on the K line: fast initialisation, then 5-baud initialisation (ISO 14230-2).
@@ -48,6 +52,7 @@ class ElmBusSearch {
   ElmConsole& console_;
   char known_ = '0';
   bool oneByOne_ = false;
+  bool patient_ = false;
   std::string why_;  ///< the adapter's words about the last failure
 };
 

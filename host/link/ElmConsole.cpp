@@ -48,12 +48,12 @@ auto ElmConsole::reached(const char* failure, Step&& step) {
 
 void ElmConsole::open() {
   reader_.clear();
-  written_ = clock_.microseconds();
+  begin();
   reached("the adapter cannot be reached: ", [this] { stream_->open(); });
 }
 
 void ElmConsole::breakOffWhenAsked() const {
-  if (stopAsked_ && clock_.microseconds() > written_ + kStopPatience && stopAsked_())
+  if (stopAsked_ && clock_.microseconds() > begun_ + kStopPatience && stopAsked_())
     throw Stopped(1, "Elm327Link", "stopped while the adapter was awaited");
 }
 
@@ -84,7 +84,6 @@ void ElmConsole::write(std::string_view text) {
   output_ += '\r';
   const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
   reached(kGone, [&] { stream_->write({first, output_.size()}); });
-  written_ = clock_.microseconds();
   atRest_ = false;
 }
 

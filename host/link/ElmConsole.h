@@ -35,8 +35,10 @@ class ElmConsole {
   ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock);
 
   /// What runs while something is awaited. When the question is answered with yes, a wait ends with a
-  /// TarnError a second after the last line was sent.
+  /// TarnError a second after what is done now was begun.
   void setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion);
+  /// Something new is done with the adapter.
+  void begin() { begun_ = clock_.microseconds(); }
   void open();
   /// An adapter that is still at work is interrupted.
   void close();
@@ -72,7 +74,7 @@ class ElmConsole {
   bool anything_ = false;
   bool atRest_ = true;  ///< the prompt came after the last line
   std::function<bool()> stopAsked_;
-  Microseconds written_ = 0;  ///< when
+  Microseconds begun_ = 0;
 };
 
 }  // namespace tarnlog::host

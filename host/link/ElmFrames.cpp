@@ -101,7 +101,7 @@ ElmBus recognise(Frame frame) {
 bool mayBe29(ElmBus bus, std::string_view digits) {
   if (digits.size() % 2 != 0 || digits.size() < 10) return false;
   if (bus == ElmBus::can29) return digits[0] <= '1' && hexNumber(digits.substr(0, 2)) < 0x20;
-  return bus == ElmBus::unknown && digits.starts_with("18DAF1");
+  return (bus == ElmBus::unknown || isCan(bus)) && digits.starts_with("18DAF1");
 }
 
 }  // namespace
@@ -138,7 +138,7 @@ std::optional<ElmMessage> ElmAssembler::accept(const ElmLine& line) {
       announce(digits);
       return std::nullopt;
     }
-    const bool may11 = bus_ == ElmBus::can11 || bus_ == ElmBus::unknown;
+    const bool may11 = isCan(bus_) || bus_ == ElmBus::unknown;
     return may11 && digits.size() >= 5 && digits[0] <= '7'
                ? acceptCan(hexNumber(digits.substr(0, 3)), digits.substr(3))
                : std::nullopt;

@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::int64_t kMillisecond = 1000;
 constexpr std::int64_t kQuiet = 30 * kMillisecond;
-constexpr std::int64_t kResetPatience = 2500 * kMillisecond;
+constexpr std::int64_t kResetPatience = 4000 * kMillisecond;
+constexpr std::int64_t kNextResetPatience = 2000 * kMillisecond;
 constexpr std::int64_t kCommandPatience = 2000 * kMillisecond;
 constexpr int kAttempts = 3;
 
@@ -24,7 +25,7 @@ void reset(ElmConsole& console) {
   bool prompted = false;
   bool anything = false;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const ElmReply reply = console.command("ATZ", kResetPatience);
+    const ElmReply reply = console.command("ATZ", attempt == 0 ? kResetPatience : kNextResetPatience);
     prompted = prompted || reply.prompted;
     anything = anything || reply.anything;
     if (reply.prompted && reply.has(ElmNotice::restarted)) return;

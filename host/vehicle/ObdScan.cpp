@@ -25,8 +25,8 @@ constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
 constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::uint8_t kEngineSpeed = 0x0C;
 constexpr int kAttempts = 3;
-/// The adapter was there: it may only have lost its plug or its network for a few seconds.
-constexpr int kAttemptsOnceReached = 8;
+/// An adapter that was there may only have lost its plug or its network for a moment, in microseconds.
+constexpr std::int64_t kReturn = 8'000'000;
 // ISO 15765-4: the eight ECUs of emissions on CAN.
 constexpr std::int32_t kFirstEcu = 0x7E0;
 constexpr std::int32_t kLastEcu = 0x7E7;
@@ -46,7 +46,7 @@ struct FoundEcu {
 /// Asks ECU after ECU what it offers.
 class Search {
  public:
-  Search(Link& link, LinkClock& clock) : conversation_(link, clock, kPendingTimeout) {}
+  Search(Link& link, LinkClock& clock) : clock_(clock), conversation_(link, clock, kPendingTimeout) {}
 
   /// After a failure the conversation opens the link anew.
   std::vector<FoundEcu> findPatiently() {
@@ -56,7 +56,9 @@ class Search {
       } catch (const EcuUnreachable&) {
         throw;
       } catch (const TarnError&) {
-        if (attempt == (reached_ ? kAttemptsOnceReached : kAttempts)) throw;
+        if (attempt == 1) failed_ = clock_.microseconds();
+        const bool mayComeBack = reached_ && clock_.microseconds() < failed_ + kReturn;
+        if (attempt >= kAttempts && !mayComeBack) throw;
       }
     }
   }
@@ -68,9 +70,11 @@ class Search {
   Pids askPids(const LinkTarget& target, std::chrono::milliseconds timeout);
   Link::Bytes askMask(const LinkTarget& target, std::uint8_t mask, std::chrono::milliseconds timeout);
 
+  LinkClock& clock_;
   Conversation conversation_;
   std::string obstacle_;
   bool reached_ = false;
+  std::int64_t failed_ = 0;  ///< when, first
 };
 
 /// The four bytes of a mask; empty when the ECU gives none.

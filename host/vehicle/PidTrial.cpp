@@ -9,8 +9,7 @@
 namespace tarnlog::host {
 namespace {
 
-/// An ECU has 50 ms for its answer (ISO 15031-5); adapters take their time, too.
-constexpr std::chrono::milliseconds kTimeout{300};
+constexpr std::chrono::milliseconds kTimeout{1000};
 constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::size_t kMostAtOnce = 6;
 
@@ -32,6 +31,7 @@ std::vector<std::uint8_t> PidTrial::given(std::span<const std::uint8_t> pids) {
   } catch (const TarnError&) {
     kept.insert(kept.end(), pids.begin() + static_cast<std::ptrdiff_t>(tried), pids.end());
   }
+  if (kept.empty()) kept.assign(pids.begin(), pids.end());
   return kept;
 }
 

@@ -236,6 +236,23 @@ TEST(Elm327, ReachesAnEcuThatNoAddressReaches) {
   EXPECT_EQ(described.heard("ATZ"), 2);
 }
 
+TEST(Elm327, BelievesFramesRatherThanTheNameOfTheProtocol) {
+  Rig rig;
+  rig.adapter.bus = Elm327Peer::Bus::can29;
+  rig.adapter.ecus.front().source = 0x18DAF110;
+  rig.adapter.instead["ATDPN"] = {"A6\r\r>"};
+  rig.link->open();
+  EXPECT_EQ(textOf(rig.link->findEcus()), "16 ");
+  EXPECT_EQ(rig.ask({0x10, "OBD-II"}, "01 0C"), "41 0C 1A F8; ");
+}
+
+TEST(Elm327, WaitsLongerForEcusThanUsualBeforeItSaysThatThereIsNone) {
+  Rig rig;
+  rig.adapter.instead["0100"] = {"SEARCHING...\rNO DATA\r\r>"};
+  EXPECT_EQ(rig.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_THAT(rig.adapter.heard, Contains("ATSTFF"));
+}
+
 TEST(Elm327, GoesOnAfterARequestThatTheAdapterDoesNotKnow) {
   Rig rig;
   rig.link->open();

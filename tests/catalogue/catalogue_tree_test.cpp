@@ -56,13 +56,6 @@ TEST_F(FilledTree, ecusComeFirstAndAreBuiltOnce) {
   EXPECT_EQ(treeText(tree), "");
 }
 
-TEST_F(FilledTree, aRequestStaysWhenAllOfItIsChosen) {
-  choose("Wheels", "Front");
-  choose("Wheels", "Rear");
-  fill('R', kFullDepth);
-  EXPECT_EQ(treeText(tree), "Brakes[Wheels] Engine[Status[Key Load Mode Raw Speed]]");
-}
-
 TEST_F(FilledTree, aRequestWithoutANameIsNotTakenForAnEcuToBuild) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
@@ -71,28 +64,6 @@ TEST_F(FilledTree, aRequestWithoutANameIsNotTakenForAnEcuToBuild) {
   vehicle.catalogue = BuildSessionDocument(session);
   fill('R');
   EXPECT_EQ(expand("E"), "E[[Speed] B[Load]]");
-}
-
-TEST_F(FilledTree, inShapeDDataNameTheirRequest) {
-  choose("Status", "Key");
-  fill('D', kFullDepth);
-  EXPECT_EQ(treeText(tree),
-            "Brakes[Front (Wheels) Rear (Wheels)] "
-            "Engine[Load (Status) Mode (Status) Raw (Status) Speed (Status)]");
-  fill('?', kFullDepth);
-  EXPECT_EQ(treeText(tree), "Brakes Engine");
-}
-
-TEST_F(FilledTree, imagesTellReferenceDefinitions) {
-  ScriptedSession session;
-  auto& ecu = session.addEcu("E", "F", 1);
-  ecu.addRequest("A").addData("Twice");
-  auto& second = ecu.addRequest("B").addData("Twice");
-  ecu.pointTableTo(second);
-  vehicle.catalogue = BuildSessionDocument(session);
-  fill('D', kFullDepth);
-  EXPECT_EQ(imageOf("Twice (A)"), CatalogueImage::data);
-  EXPECT_EQ(imageOf("Twice (B)"), CatalogueImage::reference);
 }
 
 TEST_F(FilledTree, inShapeODevicesOfOneNameAreOneNodeOverAllEcus) {

@@ -51,13 +51,6 @@ TEST(BuildSessionDocument, writesEverythingInOrderWithItsKeys) {
       "<uce name=\"Brakes\" function=\"ABS\" address=\"40\" c=\"c5\">|</uce>|");
 }
 
-TEST(BuildSessionDocument, aSessionWithoutNamedEcusIsAnEmptyRoot) {
-  ScriptedSession session;
-  EXPECT_EQ(body(session), "");
-  session.addEcu("", "Ghost", 1);
-  EXPECT_EQ(body(session), "");
-}
-
 TEST(BuildSessionDocument, aDroppedRequestKeepsItsNumbersAndLeavesNothingElse) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);

@@ -25,23 +25,6 @@ XmlElement walk(const SessionDocument& document, std::string_view ecu, std::stri
   return firstNamed(uce, "request", request);
 }
 
-TEST(SessionLookUp, takesTheFirstEcuOfThatNameOrAddressAndNoOther) {
-  ScriptedSession session;
-  session.addEcu("A", "f", 7).addRequest("R1").addData("D");
-  session.addEcu("B", "g", 8).addRequest("R2").addData("D");
-  session.addEcu("B", "h", 9).addRequest("R3").addData("D");
-  const SessionDocument document = BuildSessionDocument(session);
-  EXPECT_EQ(FindSessionRequest(document, "B", "R1", 7).attribute("name"), "R1") << "the address comes first";
-  EXPECT_EQ(FindSessionRequest(document, "A", "R1", 8).attribute("name"), "R1") << "the name comes first";
-  EXPECT_FALSE(FindSessionRequest(document, "B", "R2", 7)) << "no second chance";
-  EXPECT_EQ(FindSessionData(document, "?", "R3", "D", 9).parent().attribute("name"), "R3");
-  EXPECT_FALSE(FindSessionRequest(document, "B", "R3", 0)) << "the first B";
-  EXPECT_FALSE(FindSessionRequest(document, "a", "R1", 0)) << "case counts";
-  EXPECT_FALSE(FindSessionRequest(document, "", "", 0));
-  EXPECT_FALSE(FindSessionData(document, "A", "R2", "D", 0));
-  EXPECT_FALSE(FindSessionData(SessionDocument(), "A", "R1", "D", 7));
-}
-
 TEST(SessionLookUp, answersAsAWalkWouldForAnyMixtureOfNames) {
   std::mt19937 random(2001);
   const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };

@@ -108,19 +108,6 @@ TEST_F(ConfigurationSave, theGuidesExampleIsWhatTheRecorderWrites) {
   EXPECT_EQ(written, example);
 }
 
-TEST_F(ConfigurationSave, leavesOutEmptyTextsAndKeepsTheEmptyScenario) {
-  const std::string file = saved();
-  EXPECT_EQ(file.find("Comment"), std::string::npos);
-  EXPECT_EQ(file.find("StartSession"), std::string::npos);
-  EXPECT_NE(file.find("<InitScenario/>"), std::string::npos);
-  EXPECT_NE(file.find("<?xml-stylesheet type=\"text/xsl\" href=\"tarnlog.xsl\"?>\r\n"), std::string::npos);
-}
-
-TEST_F(ConfigurationSave, failuresReachTheCaller) {
-  files.openError = "Permission denied";
-  EXPECT_THROW(saved(), TarnError);
-}
-
 TEST_F(ConfigurationSave, triggersAreWrittenAsWhatTheyCanBe) {
   const auto triggers = [&](std::int32_t start, std::int32_t stop) {
     parameters.startTrigger->typeTrigger = start;

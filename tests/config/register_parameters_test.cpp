@@ -27,18 +27,6 @@ TEST(RegisterParameters, defaultStandsWhereNothingUsefulIsStored) {
   EXPECT_EQ(GetRegisterParameter(FailingStore(), 2, "1"), "1");
 }
 
-TEST(RegisterParameters, keepThreeNamedValues) {
-  MemorySettingsStore store;
-  SetRegisterParameter(store, 0, "/rec");
-  SetRegisterParameter(store, 1, ".xml");
-  SetRegisterParameter(store, 2, "5");
-  EXPECT_EQ(store.read("PathName"), "/rec");
-  const oTarnParameters parameters(store);
-  EXPECT_EQ(parameters.fileFolder, "/rec");
-  EXPECT_EQ(parameters.fileFormat, ".xml");
-  EXPECT_EQ(parameters.recordingPeriod, 5);
-}
-
 TEST(RegisterParameters, unknownIdsAndFailingStoresAreErrors) {
   MemorySettingsStore store;
   EXPECT_EQ(test::errorOf([&] { SetRegisterParameter(store, 7, "x"); }),

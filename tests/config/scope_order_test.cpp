@@ -15,10 +15,6 @@ TEST(RemoveScope, repairsReferencesByPosition) {
   EXPECT_EQ(ScopeList("a:D b:D").removed(3).removed(0).removed(-1).text(), "a:D b:D");
 }
 
-TEST(RemoveScope, leavesXAxesToCheckAndCorrect) {
-  EXPECT_EQ(ScopeList("a:G b:I1 c:G d:I3 e:X3").removed(1).corrected().text(), "b:G c:G d:I2 e:G");
-}
-
 TEST(RemoveScope, triggersFollowTheirItemOrBecomeManual) {
   ScopeList list("a:D b:D c:D");
   watch(*list.startTrigger, 2);
@@ -29,12 +25,6 @@ TEST(RemoveScope, triggersFollowTheirItemOrBecomeManual) {
   list.removed(1);
   EXPECT_EQ(list.startTrigger->typeTrigger, oTarnTrigger::kManual);
   EXPECT_EQ(list.stopTrigger->DataIndex, 1);
-}
-
-TEST(ChangeScopeOrder, movesBeforeWhenUpAndBehindWhenDown) {
-  EXPECT_EQ(ScopeList("a:D b:D c:D d:D e:D").moved("e", "b").text(), "a:D e:D b:D c:D d:D");
-  EXPECT_EQ(ScopeList("a:D b:D c:D d:D e:D").moved("b", "e").text(), "a:D c:D d:D e:D b:D");
-  EXPECT_EQ(ScopeList("a:G b:I1 c:X1").moved("b", "b").text(), "a:G b:I1 c:X1");
 }
 
 TEST(ChangeScopeOrder, referencesFollowTheMovedItemAndTheOneItPassed) {
@@ -141,16 +131,4 @@ TEST(CheckAndCorrect, turnsWhatRefersToNoGraphIntoAGraph) {
   EXPECT_EQ(list.corrected().text(), "a:D b:G c:G d:G e:I4 f:X4 g:G h:G");
   EXPECT_EQ(list.Item("b")->oTarnGraph->Caption, "");
   EXPECT_EQ(list.Item("b")->oTarnGraph->Color, 0xFF0000);
-}
-
-TEST(Parameters, findItemsByKeyPositionAndIndex) {
-  ScopeList list("a:D b:D");
-  list.Item("b")->index = 7;
-  EXPECT_EQ(list.ItemIndex(7), list.Item("b"));
-  EXPECT_EQ(list.ItemIndex(2), nullptr);
-  EXPECT_EQ(list.Item("c"), nullptr);
-  EXPECT_EQ(list.Item(std::size_t{3}), nullptr);
-  EXPECT_THROW(list.Add("a"), TarnError);
-  list.RemoveAll();
-  EXPECT_EQ(list.Count(), 0);
 }

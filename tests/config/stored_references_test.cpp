@@ -33,11 +33,3 @@ TEST(StoredReferencesByNumber, ofItemsWithOneNumberTheLastIsWatchedAndTheFirstGr
   EXPECT_EQ(list.text(), "a:D b:G c:G d:I2 e:D");
   EXPECT_EQ(list.startTrigger->DataIndex, 5);
 }
-
-TEST(StoredReferencesByNumber, numbersInOrderStay) {
-  ScopeList list("a:G b:I1 c:X1 d:D");
-  watch(*list.startTrigger, 4);
-  mapStoredReferences(list);
-  EXPECT_EQ(list.text(), "a:G b:I1 c:X1 d:D");
-  EXPECT_EQ(list.startTrigger->DataIndex, 4);
-}

@@ -106,12 +106,6 @@ TEST(DisplayBuild, graphOverAnotherDatumHasAxesOfItsOwn) {
             std::string::npos);
 }
 
-TEST(DisplayBuild, withoutBlocksNothingIsWritten) {
-  Display d;
-  EXPECT_EQ(d.build(), -1);
-  EXPECT_EQ(d.arrange(100, 100), -1);
-}
-
 TEST(DisplayBuild, labelThatRefusesItsPlaceDoesNotStopTheBuild) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);

@@ -24,24 +24,6 @@ TEST(DisplayModel, physicalGraphsAreThoseWithACurveThatIsNotBinary) {
   EXPECT_EQ(d.scope.graphes().HeightNoScopeGraphe(), 600 + 270 + 420);
 }
 
-TEST(DisplayModel, sumsOfHeightsAreRoundedStepByStep) {
-  GrapheItems graphes;
-  graphes.Add(GrapheItem::kDigital, "").hauteur = 0.5;
-  graphes.Add(GrapheItem::kDigital, "").hauteur = 0.5;
-  EXPECT_EQ(graphes.HeightNoScopeGraphe(), 0);
-}
-
-TEST(DisplayModel, rangeOfCurvesIsThatOfTheirData) {
-  Display d;
-  CourbeItems courbes;
-  EXPECT_EQ(courbes.mini(), 1e37);
-  EXPECT_EQ(courbes.maxi(), -1e37);
-  courbes.Add(d.speed, 0, "", "");
-  courbes.Add(d.load, 0, "", "");
-  EXPECT_EQ(courbes.mini(), -10);
-  EXPECT_EQ(courbes.maxi(), 250);
-}
-
 TEST(DisplayModel, onlyAGraphTakesCurves) {
   Display d;
   GrapheItem& digital = d.scope.graphes().Add(GrapheItem::kDigital, "");

@@ -204,15 +204,5 @@ TEST(Description, OneReferenceOfANamePerEcu) {
   EXPECT_NE(refusal(json).find("/ecus/0/requests/1/data/0: expected one reference"), std::string::npos);
 }
 
-TEST(Description, ManyDataItemsTakeTimeInProportion) {
-  std::string data;
-  for (int i = 0; i < 20000; ++i) {
-    if (i > 0) data += ',';
-    data += "{'name':'D" + std::to_string(i) + "','byte':" + std::to_string(i % 4000) +
-            ",'unit':'V','factor':0.5}";
-  }
-  EXPECT_EQ(parse(withData(data)).ecus[0].requests[0].data.size(), 20000U);
-}
-
 }  // namespace
 }  // namespace tarnlog::host

@@ -76,15 +76,6 @@ TEST(VehicleSession, ValuesFollowTheResponse) {
   EXPECT_EQ(car.text("Pedal") + car.text("Gear"), "Released0");
 }
 
-TEST(VehicleSession, AShortAnswerFillsWhatItHolds) {
-  Car car;
-  car.peer.script["21 80"] = {"61 80 00 04 01 05"};
-  car.request("Speeds").send();
-  car.peer.script["21 80"] = {"61 80 00 08"};
-  car.request("Speeds").send();
-  EXPECT_EQ(car.text("Speed") + " " + car.text("Pedal") + " " + car.text("Gear"), "2,0 --- ---");
-}
-
 TEST(VehicleSession, TextsAndBytesAreTakenAsTheyAre) {
   Car car;
   car.peer.script["1A 80"] = {"5A 80 41 42 20 0F"};

@@ -158,11 +158,5 @@ TEST(Signal, IsAFunctionOfTime) {
   EXPECT_DOUBLE_EQ(table.valueAt(9), 30);
 }
 
-TEST(Simulation, AMissingDescriptionIsNamed) {
-  test::MemoryFileSystem files;
-  EXPECT_EQ(test::failureOf([&] { readVehicleDescription("/cars/none.json", files); }),
-            "/cars/none.json: No such file or directory");
-}
-
 }  // namespace
 }  // namespace tarnlog::host

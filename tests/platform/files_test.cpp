@@ -45,12 +45,6 @@ class FullDisk {
   rlimit before_{};
 };
 
-TEST(Files, PathsHaveOneSeparator) {
-  EXPECT_EQ(joinPath("/rec", "a.txt"), "/rec/a.txt");
-  EXPECT_EQ(joinPath("/rec/", "a.txt"), "/rec/a.txt");
-  EXPECT_EQ(joinPath("", "a.txt"), "a.txt");
-}
-
 TEST(Files, TextIsAppendedLineByLineInWindows1252) {
   const TempFolder folder;
   Files files;

@@ -52,13 +52,6 @@ TEST(Numbers, FileTextIsTheSameNumberToFifteenDigits) {
   }
 }
 
-TEST(Numbers, ExactTextIsShortAndHasAPoint) {
-  EXPECT_EQ(exactNumberText(0.1), "0.1");
-  EXPECT_EQ(exactNumberText(0.1 * 3), "0.30000000000000004");
-  EXPECT_EQ(exactNumberText(1e6), "1000000");
-  EXPECT_EQ(exactNumberText(-2e20), "-200000000000000000000");
-}
-
 TEST(Numbers, LeadingNumberStopsAtWhatIsNone) {
   EXPECT_EQ(leadingNumber("  -1.5e2 km"), -150);
   EXPECT_EQ(leadingNumber("+.5"), 0.5);

@@ -42,33 +42,6 @@ TEST_F(InitRulesTest, WithoutASessionTheScreenStays) {
   EXPECT_EQ(rules.offered().size(), 4U);
 }
 
-TEST_F(InitRulesTest, AddsRequestsWhoseAddressFits) {
-  EXPECT_EQ(rules.add(0, 1), InitRules::Added::yes);
-  EXPECT_EQ(rules.add(2, 0), InitRules::Added::yes);
-  EXPECT_EQ(rules.add(0, 1), InitRules::Added::yes);
-  EXPECT_EQ(rules.add(3, 0), InitRules::Added::addressTooLarge);
-  EXPECT_EQ(rules.add(3, 1), InitRules::Added::nothing);
-  EXPECT_EQ(scenario(), "Engine/Reset Far/Close Engine/Reset");
-  EXPECT_EQ(parameters->initScenario->Item(2).Address, 0x18DA);
-  EXPECT_THAT(rules.selection(), ElementsAre(1));
-}
-
-TEST_F(InitRulesTest, MovesAndRemovesSeveralRows) {
-  for (const char* name : {"A", "B", "C", "D"}) parameters->initScenario->Add(name, "E", 1);
-  EXPECT_TRUE(rules.moveUp({2, 3}));
-  EXPECT_EQ(scenario(), "E/B E/C E/A E/D");
-  EXPECT_THAT(rules.selection(), ElementsAre(1, 2));
-  EXPECT_FALSE(rules.moveUp({1, 3}));
-  EXPECT_TRUE(rules.moveDown({1, 3}));
-  EXPECT_EQ(scenario(), "E/C E/B E/D E/A");
-  EXPECT_THAT(rules.selection(), ElementsAre(2, 4));
-  EXPECT_FALSE(rules.moveDown({2, 4}));
-  EXPECT_TRUE(rules.remove({1, 3, 4}));
-  EXPECT_EQ(scenario(), "E/B");
-  EXPECT_THAT(rules.selection(), ElementsAre(1));
-  EXPECT_FALSE(rules.remove({}));
-}
-
 TEST_F(InitRulesTest, KeepsTheStartSessionAsBytes) {
   EXPECT_TRUE(rules.setStartSession(" 10A "));
   EXPECT_EQ(parameters->startSession, " 10A ");

@@ -23,17 +23,6 @@ class ParamRulesTest : public testing::Test, protected test::ParamFixture {
   ParamRules rules{settings, files};
 };
 
-TEST_F(ParamRulesTest, ListsTheDataItemsAsChannels) {
-  ASSERT_EQ(rules.channels().size(), 2U);
-  EXPECT_EQ(rules.channels()[0].text, "[Injection] Speed (Block1)");
-  EXPECT_EQ(rules.channels()[1].unit, "%");
-  EXPECT_TRUE(rules.stop().channelOffered());
-  parameters->RemoveAll();
-  rules.setParameters(parameters);
-  EXPECT_TRUE(rules.channels().empty());
-  EXPECT_FALSE(rules.start().channelOffered());
-}
-
 TEST_F(ParamRulesTest, ShowsTheTriggersOfTheConfiguration) {
   start().typeTrigger = oTarnTrigger::kChannel;
   start().DataIndex = 2;
@@ -46,21 +35,6 @@ TEST_F(ParamRulesTest, ShowsTheTriggersOfTheConfiguration) {
   EXPECT_TRUE(rules.start().falling());
   EXPECT_EQ(rules.stop().option(), 1);
   EXPECT_EQ(rules.stop().channel(), 0) << "there is no item 7";
-}
-
-TEST_F(ParamRulesTest, ChoosingAChannelEndsAtThatChannel) {
-  rules.start().setLevel(12.5);
-  EXPECT_TRUE(rules.start().chooseChannel(2));
-  EXPECT_EQ(rules.start().option(), 1);
-  EXPECT_EQ(start().typeTrigger, oTarnTrigger::kChannel);
-  EXPECT_EQ(start().DataIndex, 2);
-  EXPECT_EQ(start().edge, 1) << "the button shows rising, whatever a new trigger holds";
-  EXPECT_EQ(start().level, 12.5);
-  EXPECT_FALSE(rules.start().chooseChannel(2));
-
-  EXPECT_TRUE(rules.start().chooseChannel(0));
-  EXPECT_EQ(rules.start().option(), 0);
-  EXPECT_EQ(start().typeTrigger, oTarnTrigger::kManual);
 }
 
 TEST_F(ParamRulesTest, TheStartOptionBeginsWithTheFirstChannelTheStopOptionKeepsTheSelectedOne) {
@@ -82,16 +56,6 @@ TEST_F(ParamRulesTest, TheStartOptionBeginsWithTheFirstChannelTheStopOptionKeeps
   EXPECT_TRUE(rules.stop().chooseOption(1));
   EXPECT_EQ(stop().typeTrigger, oTarnTrigger::kTime);
   EXPECT_EQ(stop().timeSeconde, 30);
-}
-
-TEST_F(ParamRulesTest, WritesTheInputsOfATrigger) {
-  EXPECT_TRUE(rules.start().setFalling(true));
-  EXPECT_TRUE(rules.start().setPrepost(-2.5));
-  EXPECT_TRUE(rules.start().setRestart(false));
-  EXPECT_EQ(start().edge, -1);
-  EXPECT_EQ(start().prepost, -2);
-  EXPECT_FALSE(start().restart);
-  EXPECT_FALSE(rules.start().setFalling(true));
 }
 
 TEST_F(ParamRulesTest, KeepsPeriodFolderAndFormatForTheNextConfiguration) {

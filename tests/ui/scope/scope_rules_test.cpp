@@ -54,19 +54,6 @@ struct Screen {
   ScopeEditor editor;
 };
 
-TEST(ScopeRows, TellTypeGraphAndColour) {
-  Screen screen("a:G b:I1 c:X1 d:D e:I9");
-  screen.at(2).ChangeColor(0x0000FF);
-  const auto rows = scopeRows(*screen.list);
-  EXPECT_EQ(rows[0].data, "data a");
-  EXPECT_EQ(rows[0].colour, 0xFF0000);
-  EXPECT_EQ(rows[1].graph, "data a");
-  EXPECT_EQ(rows[1].colour, 0x0000FF);
-  EXPECT_EQ(rows[2].graph, "data a");
-  EXPECT_FALSE(rows[2].colour || rows[3].colour);
-  EXPECT_EQ(rows[4].graph, "");
-}
-
 TEST(ScopeOffers, NumbersCanBeDrawnAndCurvesNeedAGraphAbove) {
   Screen screen("a:D b:G c:N d:D");
   screen.at(4).varType = ferrox3::kString;
@@ -148,17 +135,6 @@ TEST(ScopeEditor, EditsGoIntoTheSettingsOfTheType) {
   EXPECT_EQ(screen.at(2).oTarnGraphAxeX->axeXmini, -3);
   EXPECT_FALSE(screen.editor.changeColour(1));
   EXPECT_FALSE(screen.show(3).editor.changePoints(7));
-}
-
-TEST(ScopeEditor, MovesTheCurrentItemAndStopsAtTheEnds) {
-  Screen screen("a:G b:I1 c:D");
-  EXPECT_FALSE(screen.editor.moveUp());
-  EXPECT_TRUE(screen.show(2).editor.moveDown());
-  EXPECT_TRUE(screen.editor.moveUp());
-  EXPECT_TRUE(screen.editor.moveUp());
-  EXPECT_EQ(screen.list->text(), "b:G a:G c:D");
-  EXPECT_EQ(screen.editor.currentPosition(), 1U);
-  EXPECT_FALSE(screen.show(3).editor.moveDown());
 }
 
 TEST(ScopeEditor, SurvivesWhatOtherScreensDo) {

@@ -100,29 +100,6 @@ TEST_F(Selection, addingAtARowMovesTheRestDown) {
   EXPECT_EQ(parameters->startTrigger->DataIndex, 4);
 }
 
-TEST_F(Selection, removingSelectsWhatStandsAtThePlaceOfTheFocus) {
-  expandAll();
-  add({"Status"});
-  rules.removeData({1, 3}, 3);
-  EXPECT_EQ(list(), "Key Mode [Speed]");
-  EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status[Load Raw]]");
-  rules.removeData({0}, 0);
-  EXPECT_EQ(list(), "[Mode] Speed");
-  EXPECT_EQ(items(), "Mode:D Speed:G");
-  EXPECT_TRUE(rules.removeData({0, 1}, 1).changed);
-  EXPECT_EQ(list(), "");
-  EXPECT_FALSE(rules.removeData({}, 0).changed);
-}
-
-TEST_F(Selection, whatTheDocumentDoesNotHaveStaysInTheList) {
-  expandAll();
-  add({"Speed", "Load"});
-  item("Speed").RequestName = "Gone";
-  const auto removal = rules.removeData({0, 1}, 0);
-  EXPECT_EQ(removal.notFound, std::vector<std::string>{"Speed"});
-  EXPECT_EQ(list(), "[Speed]");
-}
-
 // An item without a row must not let the wrong one be removed or moved.
 TEST_F(Selection, itemsThatTheSessionDoesNotOfferStayWithoutARow) {
   parameters->Add("x").DataName = "Ghost";

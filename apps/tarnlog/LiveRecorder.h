@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/tarnlog/FolderSettings.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
@@ -19,7 +20,7 @@ struct WindowEnvironment;
 struct LiveOptions {
   std::string vehicle;                ///< empty: the window asks
   std::string config;                 ///< empty: none is opened
-  std::optional<std::string> folder;  ///< of the files of `config`
+  std::optional<std::string> folder;  ///< of the files of `config` and of new configurations
   host::LinkOptions link;
 };
 
@@ -42,6 +43,7 @@ class LiveRecorder {
   host::SystemLinkClock linkClock_;
   SystemFileSystem files_;
   FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
+  FolderSettings folderSettings_{settings_, options_.folder};
   QtTimer timer_;
   QtDialogs dialogs_;
   std::string failedPath_;

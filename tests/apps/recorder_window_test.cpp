@@ -17,7 +17,9 @@
 #include <optional>
 
 #include "apps/common/Signals.h"
+#include "apps/tarnlog/FolderSettings.h"
 #include "apps/tarnlog/LiveRecorder.h"
+#include "config/RegisterParameters.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/ManualLinkClock.h"
@@ -238,6 +240,19 @@ TEST_F(RecorderWindowTest, ClosesWhenTheVehicleIsOpen) {
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(window->windowTitle(), "Tarnlog2001") << "closing cancels the opening";
   EXPECT_TRUE(closed());
+}
+
+TEST(FolderSettings, HoldUntilAnotherFolderIsChosen) {
+  MemorySettingsStore stored;
+  stored.write("PathName", "/home/anna");
+  FolderSettings settings(stored, "/rec");
+  EXPECT_EQ(oTarnParameters(settings).fileFolder, "/rec");
+  SetRegisterParameter(settings, kRegisterPathName, "/rec");
+  SetRegisterParameter(settings, kRegisterPeriod, "5");
+  EXPECT_EQ(stored.read("PathName"), "/home/anna");
+  EXPECT_EQ(oTarnParameters(settings).recordingPeriod, 5);
+  SetRegisterParameter(settings, kRegisterPathName, "/other");
+  EXPECT_EQ(oTarnParameters(settings).fileFolder, "/other");
 }
 
 /// What the command line asks for is opened while signals are heard.

@@ -141,5 +141,17 @@ TEST(FoldedText, leavesOutCaseAndAccents) {
   EXPECT_LT(compareFolded("ab", "abc"), 0);
 }
 
+TEST_F(FilledTree, imagesTellReferenceDefinitions) {
+  ScriptedSession session;
+  auto& ecu = session.addEcu("E", "F", 1);
+  ecu.addRequest("A").addData("Twice");
+  auto& second = ecu.addRequest("B").addData("Twice");
+  ecu.pointTableTo(second);
+  vehicle.catalogue = BuildSessionDocument(session);
+  fill('D', kFullDepth);
+  EXPECT_EQ(imageOf("Twice (A)"), CatalogueImage::data);
+  EXPECT_EQ(imageOf("Twice (B)"), CatalogueImage::reference);
+}
+
 }  // namespace
 }  // namespace tarnlog::test

@@ -99,5 +99,12 @@ TEST(Numbers, SecondsAreRoundedWithHalvesToEven) {
   EXPECT_EQ(one(61049), "61");
 }
 
+TEST(Numbers, ExactTextIsShortAndHasAPoint) {
+  EXPECT_EQ(exactNumberText(0.1), "0.1");
+  EXPECT_EQ(exactNumberText(0.1 * 3), "0.30000000000000004");
+  EXPECT_EQ(exactNumberText(1e6), "1000000");
+  EXPECT_EQ(exactNumberText(-2e20), "-200000000000000000000");
+}
+
 }  // namespace
 }  // namespace tarnlog

@@ -110,5 +110,17 @@ TEST(XmlWriter, aFailedOutputLosesOnlyItsOwnBytes) {
   EXPECT_EQ(written, "<Root>\r\n\t<row>1</row>\r\n\t<row>3</row>\r\n</Root>\r\n");
 }
 
+TEST(SaxAttributes, isFilledAgainAfterClearing) {
+  SaxAttributes attributes;
+  attributes.addAttribute("a", "1");
+  attributes.addAttribute("b", "");
+  attributes.clear();
+  attributes.addAttribute("c", "long enough to need memory of its own");
+  attributes.addAttribute("d", "4");
+  std::string seen;
+  for (const auto [name, value] : attributes) seen.append(name).append("=").append(value).append(";");
+  EXPECT_EQ(seen, "c=long enough to need memory of its own;d=4;");
+}
+
 }  // namespace
 }  // namespace tarnlog

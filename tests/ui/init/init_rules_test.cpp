@@ -57,4 +57,15 @@ TEST_F(InitRulesTest, KeepsTheStartSessionAsBytes) {
     EXPECT_FALSE(isSendableStartSession(text)) << text;
 }
 
+TEST_F(InitRulesTest, AddsRequestsWhoseAddressFits) {
+  EXPECT_EQ(rules.add(0, 1), InitRules::Added::yes);
+  EXPECT_EQ(rules.add(2, 0), InitRules::Added::yes);
+  EXPECT_EQ(rules.add(0, 1), InitRules::Added::yes);
+  EXPECT_EQ(rules.add(3, 0), InitRules::Added::addressTooLarge);
+  EXPECT_EQ(rules.add(3, 1), InitRules::Added::nothing);
+  EXPECT_EQ(scenario(), "Engine/Reset Far/Close Engine/Reset");
+  EXPECT_EQ(parameters->initScenario->Item(2).Address, 0x18DA);
+  EXPECT_THAT(rules.selection(), ElementsAre(1));
+}
+
 }  // namespace

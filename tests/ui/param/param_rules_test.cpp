@@ -135,4 +135,14 @@ TEST_F(ParamRulesTest, DrivesAreWhatAUserCanRecordOn) {
   EXPECT_EQ(parameters->fileFolder, "/cwd");
 }
 
+TEST_F(ParamRulesTest, WritesTheInputsOfATrigger) {
+  EXPECT_TRUE(rules.start().setFalling(true));
+  EXPECT_TRUE(rules.start().setPrepost(-2.5));
+  EXPECT_TRUE(rules.start().setRestart(false));
+  EXPECT_EQ(start().edge, -1);
+  EXPECT_EQ(start().prepost, -2);
+  EXPECT_FALSE(start().restart);
+  EXPECT_FALSE(rules.start().setFalling(true));
+}
+
 }  // namespace

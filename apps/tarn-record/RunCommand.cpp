@@ -12,6 +12,7 @@
 #include "apps/common/Signals.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/tarn-record/ConsoleScreen.h"
+#include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/ProgressLine.h"
 #include "apps/tarn-record/RunDirector.h"
 #include "host/link/SystemLinkClock.h"
@@ -51,8 +52,8 @@ class Run {
     host::LinkOptions link = options.link;
     link.stopAsked = Signals::stopRequested;
     // Not earlier: `idle` looks at the members.
-    vehicle_ = host::openVehicle(
-        options.vehicle, files_, systemLocale(), linkClock_, [this] { idle(); }, link);
+    vehicle_ = openVehicle(
+        options.vehicle, files_, linkClock_, [this] { idle(); }, link);
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteFailureHandler(

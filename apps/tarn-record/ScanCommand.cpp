@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "apps/tarn-record/OpenVehicle.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/DescriptionWriter.h"
 
@@ -9,8 +10,7 @@ namespace tarnlog::record {
 
 std::string scanCar(FileSystem& files, const ScanOptions& options) {
   host::SystemLinkClock clock;
-  const auto car =
-      host::openVehicle(std::string(host::kObdCar), files, systemLocale(), clock, {}, options.link);
+  const auto car = openVehicle(std::string(host::kObdCar), files, clock, {}, options.link);
   files.replace(options.output, host::writeVehicleDescription(car->description()));
   std::string report = fmt::format("{}: {} ECUs\n", options.output, car->description().ecus.size());
   for (const host::EcuDescription& ecu : car->description().ecus) {

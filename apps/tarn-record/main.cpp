@@ -16,6 +16,7 @@
 #include "apps/tarn-record/ImportCommand.h"
 #include "apps/tarn-record/ListCommand.h"
 #include "apps/tarn-record/NewCommand.h"
+#include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
@@ -40,7 +41,7 @@ struct VehicleChoice {
 class OfflineVehicle {
  public:
   explicit OfflineVehicle(const VehicleChoice& choice)
-      : vehicle_(host::openVehicle(choice.path, files_, systemLocale(), clock_, {}, choice.link)),
+      : vehicle_(openVehicle(choice.path, files_, clock_, {}, choice.link)),
         session_(BuildSessionDocument(vehicle_->session())) {}
 
   SystemFileSystem& files() { return files_; }

@@ -1,0 +1,16 @@
+#include "apps/tarn-record/OpenVehicle.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace tarnlog::record {
+
+std::unique_ptr<host::OpenedVehicle> openVehicle(const std::string& path, FileSystem& files,
+                                                 host::LinkClock& clock, host::Link::IdleHook idleHook,
+                                                 const host::LinkOptions& link) {
+  if (path == host::kObdCar && !link.url.empty())
+    std::fprintf(stderr, "tarn-record: asking the car behind %s what it offers\n", link.url.c_str());
+  return host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), link);
+}
+
+}  // namespace tarnlog::record

@@ -73,7 +73,9 @@ TEST_F(FilledTree, inShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
   request.addData("a").withDevice("Pump", true);
   request.addData("b").withDevice("Lamp");
   request.addData("none");
-  session.addEcu("E2", "G", 2).addRequest("S").addData("m").withDevice("Pump");
+  auto& second = session.addEcu("E2", "G", 2);
+  second.addRequest("S").addData("m").withDevice("Pump");
+  second.removeFromTable("m");
   vehicle.catalogue = BuildSessionDocument(session);
   chosen.add(keyNumber(FindSessionData(vehicle.catalogue, "E1", "R", "b", 0)));
   fill('O');

@@ -119,6 +119,7 @@ TEST_F(TarnInitTest, ShowsWhatTheNextConfigurationHolds) {
   screen.setParameters(next);
   EXPECT_EQ(control<QLineEdit>("TxStartSession").text(), "10C0");
   EXPECT_EQ(list().topLevelItemCount(), 1);
+  EXPECT_EQ(selected(), "1");
   EXPECT_TRUE(request(1, 0)->isSelected()) << "the same vehicle: the tree stays as it is";
   screen.setParameters(nullptr);
   EXPECT_EQ(tree().topLevelItemCount(), 0);

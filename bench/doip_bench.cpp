@@ -96,6 +96,7 @@ BENCHMARK(doipAtTheLatencyOfACar)->UseRealTime()->Iterations(5);
 }  // namespace
 
 int main(int argc, char** argv) {
+  bench::stayOnOneCore();
   bench::Goals goals;
   goals.absolute("doip_requests_of_a_bare_loop", "doip/iterations:10/real_time", bench::atLeast(0.8),
                  "of_bare");

@@ -103,6 +103,7 @@ BENCHMARK(elm327AtTheLatencyOfAnAdapter)->UseRealTime()->Iterations(5);
 }  // namespace
 
 int main(int argc, char** argv) {
+  bench::stayOnOneCore();
   bench::Goals goals;
   const std::string direct = "elm327/iterations:10/real_time";
   goals.absolute("elm327_requests_of_the_goal", direct, bench::atLeast(1), "of_goal");

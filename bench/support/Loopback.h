@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <sched.h>
 #include <sys/socket.h>
 
 #include <chrono>
@@ -16,6 +17,15 @@ namespace tarnlog::bench {
 inline constexpr std::chrono::milliseconds kLatencyOfACar{20};
 /// Our rate of requests at that latency, of the rate that the latency itself lets pass.
 inline constexpr double kShareAtLatency = 0.97;
+
+/// Keeps this thread, and those it starts, on the core it runs on. Where the kernel puts two threads that wait
+/// for each other decides a rate more than what they do: waking another core can take longer than a request.
+inline void stayOnOneCore() {
+  cpu_set_t core;
+  CPU_ZERO(&core);
+  CPU_SET(static_cast<std::size_t>(::sched_getcpu()), &core);
+  ::sched_setaffinity(0, sizeof core, &core);
+}
 
 /// Requests a second of the clock on the wall: what counts where two programs take turns.
 class Rate {

@@ -18,8 +18,9 @@ inline constexpr std::chrono::milliseconds kLatencyOfACar{20};
 /// Our rate of requests at that latency, of the rate that the latency itself lets pass.
 inline constexpr double kShareAtLatency = 0.97;
 
-/// Keeps this thread, and those it starts, on the core it runs on. Where the kernel puts two threads that wait
-/// for each other decides a rate more than what they do: waking another core can take longer than a request.
+/// Keeps this thread, and those it starts, on the core it runs on. Where the kernel puts two threads that
+/// wait for each other decides a rate more than what they do: waking another core can take longer than a
+/// request.
 inline void stayOnOneCore() {
   cpu_set_t core;
   CPU_ZERO(&core);

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include "host/link/ElmRequest.h"
-#include "host/link/ElmSetup.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -34,8 +33,20 @@ bool ElmAdapter::tell(std::string_view command) {
   return !reply.has(ElmNotice::unknownCommand);
 }
 
+std::string ElmAdapter::reset() {
+  try {
+    return setUpElm(console_, reset_);
+  } catch (const AdapterGone&) {
+    if (reset_ == ElmReset::defaults) throw;
+  }
+  reset_ = ElmReset::defaults;
+  console_.close();
+  console_.open();
+  return setUpElm(console_, reset_);
+}
+
 std::string ElmAdapter::setUp() {
-  std::string name = setUpElm(console_);
+  std::string name = reset();
   search_.forgetPatience();
   protocol_.reset();
   address_.reset();

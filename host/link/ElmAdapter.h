@@ -10,6 +10,7 @@
 #include "host/link/ElmAddress.h"
 #include "host/link/ElmBusSearch.h"
 #include "host/link/ElmConsole.h"
+#include "host/link/ElmSetup.h"
 
 namespace tarnlog::host {
 
@@ -22,7 +23,7 @@ class ElmAdapter {
   ElmAdapter(ElmConsole& console, std::optional<char> protocol)
       : console_(console), search_(console), fixedProtocol_(protocol) {}
 
-  /// Resets it and sets it up. Gives its name.
+  /// Resets it and sets it up, over a new connection when the reset ended this one. Gives its name.
   std::string setUp();
   /// Chooses the bus for a request, searching when none is known.
   void selectBus(const LinkTarget& target, std::span<const std::uint8_t> request);
@@ -44,6 +45,7 @@ class ElmAdapter {
   [[noreturn]] static void failRestarted();
 
  private:
+  std::string reset();
   /// False when the adapter does not know the command.
   bool tell(std::string_view command);
   void setFilter(const ElmAddress& address);
@@ -52,6 +54,7 @@ class ElmAdapter {
   ElmConsole& console_;
   ElmBusSearch search_;
   std::optional<char> fixedProtocol_;
+  ElmReset reset_ = ElmReset::restart;
   std::optional<ElmProtocol> protocol_;
   bool onKLine_ = false;               ///< the bus was chosen for an ECU on the K line
   std::optional<ElmAddress> address_;  ///< as the adapter was told

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/base/TarnError.h"
-
 namespace tarnlog::host {
 namespace {
 constexpr const char* kGone = "the adapter is gone: ";
@@ -42,7 +40,7 @@ auto ElmConsole::reached(const char* failure, Step&& step) {
   } catch (const Stopped&) {
     throw;
   } catch (const TarnError& error) {
-    throw TarnError(error.number(), "Elm327Link", failure + error.description());
+    throw AdapterGone(error.number(), "Elm327Link", failure + error.description());
   }
 }
 

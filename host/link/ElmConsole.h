@@ -12,6 +12,7 @@
 #include "host/link/ByteStream.h"
 #include "host/link/ElmText.h"
 #include "host/link/LinkClock.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 
@@ -26,8 +27,13 @@ struct ElmReply {
   std::string_view text() const;
 };
 
-/// Commands and answers of an adapter. Failures of the connection are TarnErrors that say that the adapter is
-/// gone.
+/// The connection to the adapter failed.
+class AdapterGone : public TarnError {
+ public:
+  using TarnError::TarnError;
+};
+
+/// Commands and answers of an adapter. Failures of the connection are raised as AdapterGone.
 class ElmConsole {
  public:
   using Microseconds = std::int64_t;

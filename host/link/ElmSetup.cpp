@@ -20,15 +20,18 @@ constexpr int kAttempts = 3;
 
 /// A reset that finds the adapter at work only interrupts that work: it is asked for again until the name
 /// comes. An adapter that has no name is taken as it is.
-void reset(ElmConsole& console) {
+void reset(ElmConsole& console, ElmReset kind) {
+  const bool restart = kind == ElmReset::restart;
+  const ElmNotice done = restart ? ElmNotice::restarted : ElmNotice::ok;
   console.drop(kQuiet, 10 * kQuiet);
   bool prompted = false;
   bool anything = false;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    const ElmReply reply = console.command("ATZ", attempt == 0 ? kResetPatience : kNextResetPatience);
+    const ElmReply reply =
+        console.command(restart ? "ATZ" : "ATD", attempt == 0 ? kResetPatience : kNextResetPatience);
     prompted = prompted || reply.prompted;
     anything = anything || reply.anything;
-    if (reply.prompted && reply.has(ElmNotice::restarted)) return;
+    if (reply.prompted && reply.has(done)) return;
   }
   if (prompted) return;
   fail(anything ? "what answers here is no ELM327, or it never finishes an answer: is it the right port and "
@@ -66,9 +69,9 @@ std::string voltageText(ElmConsole& console) {
 
 std::string elmTimeoutCommand(int steps) { return fmt::format("ATST{:02X}", steps); }
 
-std::string setUpElm(ElmConsole& console) {
+std::string setUpElm(ElmConsole& console, ElmReset kind) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    reset(console);
+    reset(console, kind);
     // The echo goes first: with it, everything else comes twice.
     if (set(console, "ATE0").has(ElmNotice::restarted)) continue;
     const ElmReply identification = set(console, "ATI");

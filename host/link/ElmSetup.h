@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,10 +17,15 @@ inline constexpr int kElmLongestTimeout = 255;
 /// "ATST" and its steps.
 std::string elmTimeoutCommand(int steps);
 
+enum class ElmReset : std::uint8_t {
+  restart,   ///< ATZ: as if its supply had been switched on
+  defaults,  ///< ATD: for an adapter that ends the connection when it restarts
+};
+
 /// Resets the adapter whatever it is at and makes it terse: no echo, no blanks, CR alone behind a line,
 /// headers shown. Settings that an adapter does not know stay as they are. Gives the adapter's name.
 /// TarnError when nothing answers like one.
-std::string setUpElm(ElmConsole& console);
+std::string setUpElm(ElmConsole& console, ElmReset kind);
 
 /// Raises a TarnError for a mechanic: no ECU answers, why the adapter thinks so, and the voltage at the
 /// socket where it can measure that.

@@ -328,6 +328,20 @@ TEST(Elm327, BreaksOffWhatTheAdapterWasAtWhenItConnects) {
   EXPECT_EQ(rig.heard("ATZ"), 3);
 }
 
+TEST(Elm327, ConnectsAgainWhenARestartEndsTheConnection) {
+  Rig rig;
+  rig.adapter.onLine = [&](const std::string& line) {
+    if (line == "ATZ") rig.stream->closeAfter = 0;
+  };
+  EXPECT_EQ(rig.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
+  EXPECT_EQ(rig.stream->opened, 2);
+  // It is remembered, for an adapter that needs a while until it can be connected again.
+  rig.link->close();
+  rig.isOpen = false;
+  EXPECT_EQ(rig.tell(kEngine, "01 0D"), "41 0D 20; ");
+  EXPECT_EQ(rig.heard("ATZ"), 1);
+}
+
 TEST(Elm327, WaitsWhileTheAdapterStartsTheBusAgain) {
   Rig rig;
   rig.adapter.bus = Elm327Peer::Bus::kwp;
@@ -448,7 +462,6 @@ TEST(Elm327, EndsInTimeWhateverThePeerBegins) {
   auto closed = rigged("7E804410C1AF8\r\r>");
   closed->stream->closeAfter = 5;
   EXPECT_EQ(closed->tell(kEngine, "01 0C"), "the adapter is gone: box: the other end is gone");
-  closed->stream->closeAfter = SIZE_MAX;
   EXPECT_EQ(closed->tell(kEngine, "01 0C"), "41 0C 1A F8; ");
 
   auto flooding = rigged(std::string(3'000'000, '7'));

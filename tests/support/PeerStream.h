@@ -33,6 +33,7 @@ class PeerStream : public host::ByteStream {
   void open() override {
     if (!openFailure.empty()) throw TarnError(1, "Link", openFailure);
     ++opened;
+    closeAfter = SIZE_MAX;
     open_ = true;
   }
   void close() override {

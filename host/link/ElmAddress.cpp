@@ -98,6 +98,15 @@ ElmAddress onWire(const LinkTarget& target, bool obd, ElmBus bus) {
   return address;
 }
 
+/// An ECU whose answers have an identifier of their own.
+ElmAddress answeredFrom(ElmAddress address, const LinkTarget& target) {
+  if (!target.response || address.toAll) return address;
+  const auto source = static_cast<std::uint32_t>(*target.response);
+  if (address.source != source) address.ownFilter = true;
+  address.source = source;
+  return address;
+}
+
 }  // namespace
 
 ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> request, ElmBus bus) {
@@ -105,13 +114,13 @@ ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> re
   if (target.address == kEveryEcu) return toAll(bus);
   switch (bus) {
     case ElmBus::can29:
-      return on29Bits(target, obd);
+      return answeredFrom(on29Bits(target, obd), target);
     case ElmBus::kwp:
     case ElmBus::iso9141:
     case ElmBus::j1850:
       return onWire(target, obd, bus);
     default:
-      return on11Bits(target, obd);
+      return answeredFrom(on11Bits(target, obd), target);
   }
 }
 

@@ -5,6 +5,15 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+namespace {
+
+CanPair pairOf(const LinkTarget& target) {
+  CanPair pair{static_cast<std::uint32_t>(target.address),
+               static_cast<std::uint32_t>(target.response.value_or(0))};
+  return target.response && !pair.isForAll() ? pair : CanPair::ofEcu(target.address);
+}
+
+}  // namespace
 
 IsoTpLink::IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock)
     : pair_(pair), connect_(std::move(connect)), clock_(clock) {}
@@ -29,7 +38,7 @@ ByteStream& IsoTpLink::streamOf(CanPair pair) {
 }
 
 void IsoTpLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
-  current_ = &streamOf(pair_ ? *pair_ : CanPair::ofEcu(target.address));
+  current_ = &streamOf(pair_ ? *pair_ : pairOf(target));
   current_->write(request);
 }
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -14,8 +15,9 @@ namespace tarnlog::host {
 
 /// Whom a request is for: what a link needs to address an ECU.
 struct LinkTarget {
-  std::int32_t address = 0;  ///< the ECU's diagnostic address
-  std::string protocol;      ///< as the vehicle description names it, e.g. "KWP2000"
+  std::int32_t address = 0;                ///< the ECU's diagnostic address
+  std::string protocol;                    ///< as the vehicle description names it, e.g. "KWP2000"
+  std::optional<std::int32_t> response{};  ///< CAN identifier of its answers; none: follows from `address`
 };
 
 /// A request that did not reach its ECU, while the link itself works on: other ECUs can be asked over it.

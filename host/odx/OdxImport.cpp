@@ -17,6 +17,7 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::array<std::uint8_t, 5> kReadServices{0x01, 0x09, 0x1A, 0x21, 0x22};
+constexpr std::int32_t kHighestCanIdentifier = 0x1FFFFFFF;
 constexpr std::chrono::milliseconds kTimeout{200};
 constexpr std::chrono::milliseconds kPendingTimeout{5000};
 
@@ -81,6 +82,7 @@ class Importer {
     ecu.address = addressOf(layer, ecu);
     import_.vehicle.ecus.push_back(std::move(ecu));
   }
+    ecu.responseAddress = responseAddressOf(layer, ecu.address);
 
   void addRequest(const OdxLayer& layer, XmlElement service, EcuDescription& ecu,
                   std::set<std::string>& names) {
@@ -132,6 +134,18 @@ class Importer {
   std::set<std::string> functions_;
   std::set<std::int32_t> addresses_;
 };
+  /// Told only where it is not the one that follows from the request's identifier (ISO 15765-4).
+  static std::optional<std::int32_t> responseAddressOf(const OdxLayer& layer, std::int32_t address) {
+    const auto request = layer.communicationParameter("CP_CanPhysReqId");
+    const auto response = layer.communicationParameter("CP_CanRespUSDTId");
+    if (request != address || !response || *response > kHighestCanIdentifier) return {};
+    const bool follows =
+        isPhysical29(address) ? *response == (0x18DAF100 | (address >> 8 & 0xFF)) : *response == address + 8;
+    return follows ? std::nullopt : response;
+  }
+
+  static bool isPhysical29(std::int32_t identifier) { return (identifier & 0x1FFF00FF) == 0x18DA00F1; }
+
 
 }  // namespace
 

@@ -12,6 +12,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
+constexpr std::uint32_t kHighestCanIdentifier = 0x1FFFFFFF;
+
 /// Names that may occur once in their scope. The texts belong to the parsed document.
 class UniqueNames {
  public:
@@ -68,14 +70,16 @@ void checkReferences(const JsonPlace& requests, const EcuDescription& ecu) {
 }
 
 EcuDescription readEcu(const JsonPlace& place, milliseconds timeout, UniqueNames& functions) {
-  const JsonObject object =
-      place.object({"name", "function", "address", "protocol", "initialisation", "timeout", "requests"});
+  const JsonObject object = place.object({"name", "function", "address", "responseAddress", "protocol",
+                                          "initialisation", "timeout", "requests"});
   EcuDescription ecu;
   ecu.name = object.require("name").name();
   const auto function = object.find("function");
   ecu.function = functions.read(function ? *function : object.require("name"));
   ecu.address =
       static_cast<std::int32_t>(object.require("address").natural(std::numeric_limits<std::int32_t>::max()));
+  if (const auto response = object.find("responseAddress"))
+    ecu.responseAddress = static_cast<std::int32_t>(response->natural(kHighestCanIdentifier));
   ecu.protocol = object.require("protocol").name();
   if (const auto frame = object.find("initialisation")) ecu.initialisation = frame->frame();
   ecu.timeout = readTimeout(object, "timeout", timeout.count());

@@ -55,6 +55,8 @@ struct EcuDescription {
   std::string name;
   std::string function;
   std::int32_t address = 0;
+  std::optional<std::int32_t>
+      responseAddress;  ///< CAN identifier of its answers; none: follows from `address`
   std::string protocol;
   Frame initialisation;  ///< empty: none
   std::chrono::milliseconds timeout{};

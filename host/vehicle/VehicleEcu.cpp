@@ -32,7 +32,7 @@ VehicleEcu::VehicleEcu(const EcuDescription& description, SessionKeeper& convers
                        const VehicleRequest::Devices& devices, const UserLocale& locale)
     : description_(description),
       conversation_(conversation),
-      target_{description.address, description.protocol} {
+      target_{description.address, description.protocol, description.responseAddress} {
   requests_.reserve(description.requests.size());
   for (const RequestDescription& request : description.requests) {
     requests_.push_back(std::make_unique<VehicleRequest>(request, *this, devices, locale));

@@ -84,23 +84,6 @@ bool readTexts(const std::vector<XmlElement>& scales, DataDescription& data) {
 
 bool isWhole(double value) { return std::trunc(value) == value; }
 
-/// What the bits can express, or less where the data object says so.
-void setRange(XmlElement dataObject, const std::vector<XmlElement>& scales, DataDescription& data) {
-  auto lowest = static_cast<double>(data.layout.field.lowest());
-  auto highest = static_cast<double>(data.layout.field.highest());
-  const auto narrow = [&](XmlElement limits) {
-    if (const auto value = number(childText(limits, "LOWER-LIMIT"))) lowest = std::max(lowest, *value);
-    if (const auto value = number(childText(limits, "UPPER-LIMIT"))) highest = std::min(highest, *value);
-  };
-  narrow(dataObject.firstChild("INTERNAL-CONSTR"));
-  if (data.enumeration.empty() && scales.size() == 1) narrow(scales[0]);
-  if (lowest > highest) std::swap(lowest, highest);
-  const double first = scaled(data.layout, lowest);
-  const double last = scaled(data.layout, highest);
-  data.minimum = std::min(first, last);
-  data.maximum = std::max(first, last);
-}
-
 /// Integers where every value that the bits can express is one of 32 bits.
 DataKind kindOf(const DataLayout& layout) {
   const double ends[] = {scaled(layout, static_cast<double>(layout.field.lowest())),
@@ -132,7 +115,6 @@ bool readOdxComputation(XmlElement dataObject, DataDescription& data) {
     data.enumeration.clear();
     complete = false;
   }
-  setRange(dataObject, scales, data);
   const auto precision = odxInteger(childText(dataObject.firstChild("PHYSICAL-TYPE"), "PRECISION"));
   if (precision && *precision >= 0 && *precision <= 15 && data.layout.kind == DataKind::real)
     data.decimals = static_cast<int>(*precision);

@@ -7,6 +7,7 @@
 #include "host/odx/OdxCodedType.h"
 #include "host/odx/OdxComputation.h"
 #include "host/odx/OdxFrame.h"
+#include "host/odx/OdxValidity.h"
 
 namespace tarnlog::host {
 namespace {
@@ -91,6 +92,9 @@ class ResponseReader {
       placeBytes(type, place, data.layout);
     const bool complete = type.kind != DataKind::integer || readOdxComputation(object, data);
     if (!complete) leftOut_(data.name, "has texts for long ranges of values, which are shown as numbers");
+    if (type.kind == DataKind::integer) readOdxValidity(object, data);
+    if (hasOtherOdxConstraints(object, data))
+      leftOut_(data.name, "has constraints on physical values or texts, which are not checked");
     data.unit = childText(layer_.library().follow(object.firstChild("UNIT-REF")), "DISPLAY-NAME");
     names_.insert(data.name);
     data_.push_back(std::move(data));

@@ -39,8 +39,9 @@ std::int32_t DataLayout::typeCode() const {
 }
 
 bool meansNotAvailable(const DataLayout& layout, std::uint32_t pattern) {
-  return std::find(layout.notAvailable.begin(), layout.notAvailable.end(), pattern) !=
-         layout.notAvailable.end();
+  return std::ranges::any_of(layout.notAvailable, [pattern](const BitPatterns& patterns) {
+    return patterns.from <= pattern && pattern <= patterns.to;
+  });
 }
 
 double scaledNumber(const DataLayout& layout, std::uint32_t pattern) {
@@ -51,7 +52,7 @@ double scaledNumber(const DataLayout& layout, std::uint32_t pattern) {
 
 std::uint32_t patternOf(const DataLayout& layout, double value) {
   const double raw = std::nearbyint((value - layout.offset) * layout.divisor / layout.factor);
-  if (std::isnan(raw)) return layout.notAvailable.empty() ? 0 : layout.notAvailable.front();
+  if (std::isnan(raw)) return layout.notAvailable.empty() ? 0 : layout.notAvailable.front().from;
   const double within = std::clamp(raw, static_cast<double>(layout.field.lowest()),
                                    static_cast<double>(layout.field.highest()));
   return static_cast<std::uint32_t>(static_cast<std::int64_t>(within)) & layout.field.mask();

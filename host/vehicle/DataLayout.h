@@ -15,6 +15,14 @@ namespace tarnlog::host {
 enum class DataKind : std::uint8_t { integer, real, text, bytes };
 enum class CharacterSet : std::uint8_t { ascii, latin1 };
 
+/// Bits as an unsigned number, from one to another, both included.
+struct BitPatterns {
+  std::uint32_t from = 0;
+  std::uint32_t to = 0;
+
+  bool operator==(const BitPatterns&) const = default;
+};
+
 /// How a data item stands in a response, and how its bits become a value. Integers and reals use the number
 /// fields, text and bytes the byte range.
 struct DataLayout {
@@ -24,7 +32,7 @@ struct DataLayout {
   double factor = 1;  ///< value = raw * factor / divisor + offset
   double divisor = 1;
   double offset = 0;
-  std::vector<std::uint32_t> notAvailable;  ///< bits, as an unsigned number, that mean "no value"
+  std::vector<BitPatterns> notAvailable;  ///< what means "no value"
 
   std::uint16_t firstByte = 0;
   std::uint16_t byteCount = 0;  ///< 0: up to the end of the response

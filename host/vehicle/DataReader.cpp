@@ -61,16 +61,30 @@ void readScaling(const JsonObject& object, DataLayout& layout) {
     object.place().fail("expected factor, divisor and offset that give finite values");
 }
 
+/// One number, or the first and the last of a range.
+BitPatterns readPatterns(const JsonPlace& place, std::uint32_t highest) {
+  if (!place.isObject()) {
+    const std::uint32_t pattern = place.natural(highest);
+    return {pattern, pattern};
+  }
+  const JsonObject range = place.object({"from", "to"});
+  const BitPatterns patterns{range.require("from").natural(highest), range.require("to").natural(highest)};
+  if (patterns.from > patterns.to)
+    range.require("to").expected(fmt::format("a number from {} on", patterns.from));
+  return patterns;
+}
+
 void readNotAvailable(const JsonObject& object, DataLayout& layout) {
   const auto place = object.find("notAvailable");
   if (!place) return;
   const std::uint32_t highest = layout.field.mask();
   if (!place->isList()) {
-    layout.notAvailable.push_back(place->natural(highest));
+    layout.notAvailable.push_back(readPatterns(*place, highest));
     return;
   }
   if (place->size() == 0) place->expected("at least one number");
-  for (std::size_t i = 0; i < place->size(); ++i) layout.notAvailable.push_back((*place)[i].natural(highest));
+  for (std::size_t i = 0; i < place->size(); ++i)
+    layout.notAvailable.push_back(readPatterns((*place)[i], highest));
 }
 
 /// `integer` or `real`, as written or as the scaling suggests.

@@ -49,7 +49,8 @@ void writeNumber(const DataDescription& data, Json& json) {
   json["max"] = data.maximum;
   for (const EnumerationEntry& entry : data.enumeration)
     json["enumeration"].push_back(Json{{"value", entry.value}, {"label", entry.label}});
-  if (!layout.notAvailable.empty()) json["notAvailable"] = layout.notAvailable;
+  for (const BitPatterns& patterns : layout.notAvailable)
+    json["notAvailable"].push_back(patternsJson(patterns));
 }
 
 void writeBytes(const DataDescription& data, Json& json) {

@@ -37,6 +37,7 @@ class JsonPlace {
   JsonObject object(std::initializer_list<std::string_view> knownKeys) const;
 
   bool isText() const { return std::holds_alternative<std::string>(value_->content); }
+  bool isObject() const { return std::holds_alternative<JsonValue::Object>(value_->content); }
   bool isList() const { return std::holds_alternative<JsonValue::List>(value_->content); }
   std::size_t size() const { return list().size(); }
   JsonPlace operator[](std::size_t index) const { return {list()[index], *fileName_, this, {}, index}; }

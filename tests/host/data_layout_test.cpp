@@ -71,7 +71,7 @@ TEST(DataLayout, ScalesBothWays) {
   layout.field.isSigned = true;
   layout.offset = -40;
   layout.divisor = 1;
-  layout.notAvailable = {0x8000};
+  layout.notAvailable = {{0x8000, 0x8000}};
   EXPECT_EQ(patternOf(layout, -41), 0xFFFFU);
   EXPECT_EQ(patternOf(layout, std::numeric_limits<double>::quiet_NaN()), 0x8000U);
   EXPECT_TRUE(meansNotAvailable(layout, 0x8000));

@@ -141,6 +141,8 @@ TEST(Description, WhatIsWrongIsRefusedWithItsPlace) {
        "/enumeration/1/label: expected a label that no other value has"},
       {withData("{'name':'D','byte':2,'notAvailable':'0x1FF'}"),
        "/data/0/notAvailable: expected a number from 0 to 255"},
+      {withData("{'name':'D','byte':2,'notAvailable':[1,{'from':4,'to':3}]}"),
+       "/data/0/notAvailable/1/to: expected a number from 4 on"},
       {withData("{'name':'D','byte':2,'type':'text','factor':2}"), "/data/0/factor: text and bytes"},
       {withData("{'name':'D','byte':2},{'name':'D','byte':3}"),
        "/data/1/name: expected a name that is used once"},

@@ -38,6 +38,8 @@ TEST(OdxImport, TakesOverWhatCanBeReadAndSaysWhatCannot) {
                   "values, which are shown as numbers",
                   "Engine, second series / Live data / Constant: has a computation that is not linear",
                   "Engine, second series / Live data / Exact: has values of the type A_FLOAT32",
+                  "Engine, second series / Live data / Part: has constraints on physical values or texts, "
+                  "which are not checked",
                   "Engine, second series / Live data / Too far: stands beyond the longest message",
                   "Engine, second series / Vin / Behind: stands behind data of variable length",
                   "Engine, second series / Reset: is not a service that reads data (11)"));

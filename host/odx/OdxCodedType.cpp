@@ -56,7 +56,7 @@ OdxCodedType readOdxCodedType(XmlElement codedType) {
   const std::string_view highFirst = codedType.attributeOrEmpty("IS-HIGHLOW-BYTE-ORDER");
   if (highFirst == "false" || highFirst == "0") type.order = ByteOrder::little;
   // Of UTF-8, what is ASCII can be shown.
-  if (base == "A_UTF8STRING") type.characters = CharacterSet::ascii;
+  if (base == "A_ASCIISTRING") type.characters = CharacterSet::latin1;
   if (codedType.firstChild("BIT-MASK")) throw LeftOut("is taken through a bit mask");
   return type;
 }

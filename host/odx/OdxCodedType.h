@@ -13,8 +13,8 @@ struct OdxCodedType {
   DataKind kind = DataKind::integer;  ///< integer, text or bytes
   bool isSigned = false;
   ByteOrder order = ByteOrder::big;
-  CharacterSet characters = CharacterSet::latin1;  ///< of a text
-  std::optional<unsigned> bits;                    ///< none: up to the end of the message
+  CharacterSet characters = CharacterSet::ascii;  ///< of a text
+  std::optional<unsigned> bits;                   ///< none: up to the end of the message
 };
 
 /// How many bits it takes, whatever they mean; none: up to the end of the message. LeftOut when only the

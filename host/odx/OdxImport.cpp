@@ -73,6 +73,8 @@ class Importer {
     ecu.timeout = kTimeout;
     std::set<std::string> names;
     for (const XmlElement service : layer.services()) addRequest(layer, service, ecu, names);
+    for (const XmlElement job : layer.jobs())
+      import_.leftOut.push_back(ecu.name + " / " + displayName(job) + ": is a job that runs code of its own");
     if (ecu.requests.empty()) {
       import_.leftOut.push_back(ecu.name + ": has no service that reads data");
       return;
@@ -80,9 +82,9 @@ class Importer {
     ecu.function = uniqueIn(functions_, ecu.name, shortName);
     ecu.protocol = usesKwp(ecu) ? "KWP2000" : "UDS";
     ecu.address = addressOf(layer, ecu);
+    ecu.responseAddress = responseAddressOf(layer, ecu.address);
     import_.vehicle.ecus.push_back(std::move(ecu));
   }
-    ecu.responseAddress = responseAddressOf(layer, ecu.address);
 
   void addRequest(const OdxLayer& layer, XmlElement service, EcuDescription& ecu,
                   std::set<std::string>& names) {
@@ -93,12 +95,15 @@ class Importer {
       request.frame = readOdxFrame(layer, library_.follow(service.firstChild("REQUEST-REF")));
       if (std::ranges::find(kReadServices, request.frame[0]) == kReadServices.end())
         throw LeftOut(fmt::format("is not a service that reads data ({:02X})", request.frame[0]));
-      const XmlElement response =
-          library_.follow(service.selectSingleNode("POS-RESPONSE-REFS/POS-RESPONSE-REF"));
-      request.data =
-          readOdxResponse(layer, response, [&](const std::string& data, const std::string& reason) {
+      const auto responses = service.selectNodes("POS-RESPONSE-REFS/POS-RESPONSE-REF");
+      if (responses.empty()) throw LeftOut("has no positive response");
+      request.data = readOdxResponse(
+          layer, library_.follow(responses[0]), [&](const std::string& data, const std::string& reason) {
             import_.leftOut.push_back(fmt::format("{} / {}: {}", place, data, reason));
           });
+      for (std::size_t i = 1; i < responses.size(); ++i)
+        import_.leftOut.push_back(fmt::format("{} / {}: is another positive response, only the first is read",
+                                              place, displayName(library_.follow(responses[i]))));
       if (request.data.empty()) throw LeftOut("has no data that can be read");
       request.name = uniqueIn(names, displayName(service), childText(service, "SHORT-NAME"));
       ecu.requests.push_back(std::move(request));
@@ -129,11 +134,6 @@ class Importer {
     return address;
   }
 
-  OdxLibrary library_;
-  OdxImport import_;
-  std::set<std::string> functions_;
-  std::set<std::int32_t> addresses_;
-};
   /// Told only where it is not the one that follows from the request's identifier (ISO 15765-4).
   static std::optional<std::int32_t> responseAddressOf(const OdxLayer& layer, std::int32_t address) {
     const auto request = layer.communicationParameter("CP_CanPhysReqId");
@@ -146,6 +146,11 @@ class Importer {
 
   static bool isPhysical29(std::int32_t identifier) { return (identifier & 0x1FFF00FF) == 0x18DA00F1; }
 
+  OdxLibrary library_;
+  OdxImport import_;
+  std::set<std::string> functions_;
+  std::set<std::int32_t> addresses_;
+};
 
 }  // namespace
 

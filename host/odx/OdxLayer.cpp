@@ -55,11 +55,14 @@ void OdxLayer::collect(XmlElement layer, Names blocked, Names& known) {
   if (!layer || std::ranges::find(chain_, layer) != chain_.end()) return;
   chain_.push_back(layer);
   const auto add = [&](XmlElement service) {
-    if (!service || service.name() != "DIAG-SERVICE") return;
+    if (!service) return;
+    const bool isJob = service.name() == "SINGLE-ECU-JOB";
+    if (!isJob && service.name() != "DIAG-SERVICE") return;
     const std::string name = childText(service, "SHORT-NAME");
-    if (!blocked.contains(name) && known.insert(name).second) services_.push_back(service);
+    if (!blocked.contains(name) && known.insert(name).second) (isJob ? jobs_ : services_).push_back(service);
   };
-  for (const XmlElement service : layer.selectNodes("DIAG-COMMS/DIAG-SERVICE")) add(service);
+  for (const XmlElement service : layer.selectNodes("DIAG-COMMS/DIAG-SERVICE|DIAG-COMMS/SINGLE-ECU-JOB"))
+    add(service);
   for (const XmlElement reference : layer.selectNodes("DIAG-COMMS/DIAG-COMM-REF"))
     add(library_.follow(reference));
   collectParents(layer, blocked, known);

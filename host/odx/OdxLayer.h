@@ -20,6 +20,8 @@ class OdxLayer {
   XmlElement variant() const { return chain_.front(); }
   /// DIAG-SERVICE elements.
   const std::vector<XmlElement>& services() const { return services_; }
+  /// SINGLE-ECU-JOB elements.
+  const std::vector<XmlElement>& jobs() const { return jobs_; }
   /// The data object that a parameter of a request or response refers to, by identifier or short name; none
   /// when it cannot be found.
   XmlElement dataObjectOf(XmlElement parameter) const;
@@ -36,6 +38,7 @@ class OdxLayer {
   const OdxLibrary& library_;
   std::vector<XmlElement> chain_;  ///< the variant first
   std::vector<XmlElement> services_;
+  std::vector<XmlElement> jobs_;
   std::unordered_map<std::string, XmlElement> dataObjects_;  ///< by short name
 };
 

@@ -36,6 +36,11 @@ void writeField(const BitField& field, Json& json) {
   if (field.isSigned) json["signed"] = true;
 }
 
+Json patternsJson(const BitPatterns& patterns) {
+  if (patterns.from == patterns.to) return patterns.from;
+  return Json{{"from", patterns.from}, {"to", patterns.to}};
+}
+
 void writeNumber(const DataDescription& data, Json& json) {
   const DataLayout& layout = data.layout;
   writeField(layout.field, json);
@@ -58,7 +63,7 @@ void writeBytes(const DataDescription& data, Json& json) {
   json["byte"] = layout.firstByte;
   if (layout.byteCount != 0) json["bytes"] = layout.byteCount;
   json["type"] = kindText(layout.kind);
-  if (layout.characters == CharacterSet::latin1) json["encoding"] = "latin1";
+  if (layout.kind == DataKind::text && layout.characters == CharacterSet::latin1) json["encoding"] = "latin1";
   if (!data.unit.empty()) json["unit"] = data.unit;
 }
 
@@ -83,14 +88,17 @@ Json requestJson(const RequestDescription& request, std::chrono::milliseconds us
   return json;
 }
 
+/// Above a byte addresses are identifiers on a bus, which people know in hexadecimal.
+Json addressJson(std::int32_t address) {
+  if (address > 0xFF) return fmt::format("0x{:X}", address);
+  return address;
+}
+
 Json ecuJson(const EcuDescription& ecu) {
   Json json{{"name", ecu.name}};
   if (ecu.function != ecu.name) json["function"] = ecu.function;
-  // From here on addresses are identifiers on a bus, which people know in hexadecimal.
-  if (ecu.address > 0xFF)
-    json["address"] = fmt::format("0x{:X}", ecu.address);
-  else
-    json["address"] = ecu.address;
+  json["address"] = addressJson(ecu.address);
+  if (ecu.responseAddress) json["responseAddress"] = addressJson(*ecu.responseAddress);
   json["protocol"] = ecu.protocol;
   if (!ecu.initialisation.empty()) json["initialisation"] = hexText(ecu.initialisation);
   if (ecu.timeout.count() != kUsualTimeout) json["timeout"] = ecu.timeout.count();

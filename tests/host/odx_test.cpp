@@ -41,8 +41,11 @@ TEST(OdxImport, TakesOverWhatCanBeReadAndSaysWhatCannot) {
                   "Engine, second series / Live data / Part: has constraints on physical values or texts, "
                   "which are not checked",
                   "Engine, second series / Live data / Too far: stands beyond the longest message",
+                  "Engine, second series / Live data / PR_Vin: is another positive response, only the first "
+                  "is read",
                   "Engine, second series / Vin / Behind: stands behind data of variable length",
-                  "Engine, second series / Reset: is not a service that reads data (11)"));
+                  "Engine, second series / Reset: is not a service that reads data (11)",
+                  "Engine, second series / Check: is a job that runs code of its own"));
   EXPECT_EQ(writeVehicleDescription(import.vehicle),
             SystemFileSystem().readAll(kData + "small.vehicle.json"));
 }

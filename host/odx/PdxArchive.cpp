@@ -12,13 +12,33 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr zip_uint64_t kMostBytes = zip_uint64_t{512} << 20;
-/// A parsed document takes memory by its tags; a real one has 20 bytes and more to each.
-constexpr std::ptrdiff_t kMostTags = 32'000'000;
-
 [[noreturn]] void fail(const std::string& path, const std::string& text) {
   throw TarnError(1, "readPdx", path + ": " + text);
 }
+
+/// Keeps the documents to what a computer with 4 GB of memory can hold once they are parsed: that grows with
+/// their tags more than with their bytes.
+class Budget {
+ public:
+  explicit Budget(std::string path) : path_(std::move(path)) {}
+
+  void takeBytes(std::uint64_t bytes) {
+    if (bytes > kMostBytes - bytes_) fail(path_, "has more than 256 MiB of ODX, unpacked");
+    bytes_ += bytes;
+  }
+  void takeTags(std::string_view document) {
+    tags_ += std::ranges::count(document, '<');
+    if (tags_ > kMostTags) fail(path_, "has more than 8 million XML tags");
+  }
+
+ private:
+  static constexpr std::uint64_t kMostBytes = std::uint64_t{256} << 20;
+  static constexpr std::ptrdiff_t kMostTags = 8'000'000;
+
+  std::string path_;
+  std::uint64_t bytes_ = 0;
+  std::ptrdiff_t tags_ = 0;
+};
 
 struct CloseArchive {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -51,17 +71,14 @@ std::string readEntry(zip_t* archive, zip_uint64_t index, zip_uint64_t size, con
 
 std::vector<PdxEntry> readArchive(zip_t* archive, const std::string& path) {
   std::vector<PdxEntry> entries;
-  zip_uint64_t total = 0;
-  std::ptrdiff_t tags = 0;
+  Budget budget(path);
   const zip_int64_t count = zip_get_num_entries(archive, 0);
   for (zip_uint64_t i = 0; i < static_cast<zip_uint64_t>(count); ++i) {
     zip_stat_t status;
     if (zip_stat_index(archive, i, 0, &status) != 0 || !isOdx(status.name)) continue;
-    if (status.size > kMostBytes - total) fail(path, "is more than 512 MiB unpacked");
-    total += status.size;
+    budget.takeBytes(status.size);
     entries.push_back({status.name, readEntry(archive, i, status.size, path + ": " + status.name)});
-    tags += std::ranges::count(entries.back().bytes, '<');
-    if (tags > kMostTags) fail(path, "has more than 32 million XML tags");
+    budget.takeTags(entries.back().bytes);
   }
   if (entries.empty()) fail(path, "expected a container with ODX documents, found none");
   return entries;
@@ -70,11 +87,23 @@ std::vector<PdxEntry> readArchive(zip_t* archive, const std::string& path) {
 }  // namespace
 
 std::vector<PdxEntry> readPdx(const std::string& path) {
-  std::string bytes = SystemFileSystem().readAll(path);
-  if (!bytes.starts_with("PK")) return {{path, std::move(bytes)}};
-  int error = 0;
-  const std::unique_ptr<zip_t, CloseArchive> archive(zip_open(path.c_str(), ZIP_RDONLY, &error));
-  if (!archive) fail(path, "expected a PDX container (ZIP), which this is not");
+  return unpackPdx(SystemFileSystem().readAll(path), path);
+}
+
+std::vector<PdxEntry> unpackPdx(std::string bytes, const std::string& path) {
+  if (!bytes.starts_with("PK")) {
+    Budget budget(path);
+    budget.takeBytes(bytes.size());
+    budget.takeTags(bytes);
+    return {{path, std::move(bytes)}};
+  }
+  zip_source_t* const source = zip_source_buffer_create(bytes.data(), bytes.size(), 0, nullptr);
+  if (source == nullptr) fail(path, "does not fit in memory");
+  const std::unique_ptr<zip_t, CloseArchive> archive(zip_open_from_source(source, ZIP_RDONLY, nullptr));
+  if (!archive) {
+    zip_source_free(source);
+    fail(path, "expected a PDX container (ZIP), which this is not");
+  }
   return readArchive(archive.get(), path);
 }
 

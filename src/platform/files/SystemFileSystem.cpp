@@ -153,6 +153,7 @@ void SystemFileSystem::replace(const std::string& path, std::string_view bytes) 
 }
 
 std::string SystemFileSystem::readAll(const std::string& path) const {
+  constexpr std::size_t kMostBytes = std::size_t{1} << 30;  // a device may never end
   const Descriptor file(path, O_RDONLY);
   std::string bytes;
   std::array<char, 65536> block{};
@@ -162,6 +163,8 @@ std::string SystemFileSystem::readAll(const std::string& path) const {
     if (count < 0) throw systemError(path, errno);
     if (count == 0) return bytes;
     bytes.append(block.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > kMostBytes)
+      throw TarnError(EFBIG, "FileSystem", path + ": is larger than 1 GiB, which no file read here is");
   }
 }
 

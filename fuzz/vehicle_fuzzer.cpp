@@ -15,9 +15,10 @@
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 
-/// Bytes that begin with "R" are responses of an ECU, each after a byte with its length; any others are a
-/// vehicle description. Whatever a description is accepted for can be polled, and whatever an ECU answers,
-/// every data item has a value of its type and a text.
+/// Bytes that begin with "R" are responses of an ECU, each after a byte with its length; with "B", of an ECU
+/// that is asked for several PIDs at once; any others are a vehicle description. Whatever a description is
+/// accepted for can be polled, and whatever an ECU answers, every data item has a value of its type and a
+/// text.
 namespace {
 
 using namespace tarnlog;
@@ -38,6 +39,16 @@ constexpr char kEveryKind[] = R"({
       { "name": "array", "byte": 0, "bytes": 9, "type": "bytes" },
       { "name": "rest", "byte": 12, "type": "bytes" },
       { "name": "far", "byte": 4094 } ] } ] }] })";
+
+constexpr char kPids[] = R"({
+  "name": "PIDs of several lengths", "ecus": [{ "name": "E", "address": "0x7E0", "protocol": "OBD-II", "requests": [
+    { "name": "04", "frame": "01 04", "data": [ { "name": "load", "byte": 2 } ] },
+    { "name": "05", "frame": "01 05", "data": [ { "name": "coolant", "byte": 2, "offset": -40 } ] },
+    { "name": "0C", "frame": "01 0C", "data": [ { "name": "speed", "byte": 2, "bytes": 2, "divisor": 4 } ] },
+    { "name": "0D", "frame": "01 0D", "data": [ { "name": "km/h", "byte": 2 } ] },
+    { "name": "14", "frame": "01 14", "data": [ { "name": "O2", "byte": 2 } ] },
+    { "name": "24", "frame": "01 24", "data": [ { "name": "lambda", "byte": 2, "bytes": 2 } ] },
+    { "name": "66", "frame": "01 66", "data": [ { "name": "MAF", "byte": 3, "bytes": 2 } ] } ] }] })";
 
 std::string noFile(const std::string&) { throw TarnError(2, "FileSystem", "No such file or directory"); }
 
@@ -89,6 +100,13 @@ class InputPeer : public SimulatedPeer {
   std::span<const std::uint8_t> input_;
 };
 
+/// Requests for PIDs go out together, as on CAN.
+class BundlingLink : public SimulatedLink {
+ public:
+  using SimulatedLink::SimulatedLink;
+  bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
+};
+
 void pollAll(VehicleSession& session) {
   constexpr std::size_t kMost = 40;
   for (std::size_t i = 0; i < std::min(session.ecuCount(), kMost); ++i) {
@@ -101,12 +119,15 @@ void pollAll(VehicleSession& session) {
   }
 }
 
-void readResponses(std::span<const std::uint8_t> input) {
-  static const VehicleDescription vehicle = parseVehicleDescription(kEveryKind, "vehicle.json", noFile);
+void readResponses(const VehicleDescription& vehicle, std::span<const std::uint8_t> input) {
   test::ManualLinkClock clock;
   InputPeer peer(input);
-  SimulatedLink link(clock, peer);
+  BundlingLink link(clock, peer);
   VehicleSession session(vehicle, link, clock, {});
+  const auto list = session.createAcquisitionList();
+  for (std::size_t i = 0; i < session.ecu(0).requestCount(); ++i)
+    list->add(session.ecu(0).request(i).data(0));
+  const auto pollSet = list->pollSet();
   while (!peer.done()) pollAll(session);
 }
 
@@ -131,8 +152,12 @@ void readDescription(std::string_view json) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  static const VehicleDescription everyKind = parseVehicleDescription(kEveryKind, "vehicle.json", noFile);
+  static const VehicleDescription pids = parseVehicleDescription(kPids, "vehicle.json", noFile);
   if (size > 0 && bytes[0] == 'R')
-    readResponses({bytes + 1, size - 1});
+    readResponses(everyKind, {bytes + 1, size - 1});
+  else if (size > 0 && bytes[0] == 'B')
+    readResponses(pids, {bytes + 1, size - 1});
   else
     readDescription({reinterpret_cast<const char*>(bytes), size});
   return 0;

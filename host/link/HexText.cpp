@@ -1,5 +1,7 @@
 #include "host/link/HexText.h"
 
+#include <algorithm>
+
 namespace tarnlog::host {
 namespace {
 
@@ -27,6 +29,11 @@ std::string hexText(std::span<const std::uint8_t> bytes) {
   std::string text;
   appendHex(text, bytes);
   return text;
+}
+
+std::string shortHexText(std::span<const std::uint8_t> bytes) {
+  constexpr std::size_t kShown = 16;
+  return hexText(bytes.first(std::min(bytes.size(), kShown))) + (bytes.size() > kShown ? " ..." : "");
 }
 
 std::optional<std::vector<std::uint8_t>> bytesFromHex(std::string_view text) {

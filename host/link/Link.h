@@ -44,6 +44,10 @@ class Link {
   /// time.
   virtual bool receive(Bytes& response, std::chrono::milliseconds timeout) = 0;
 
+  /// Why the last `receive` gave nothing, in the words of an adapter that told it at once ("the adapter says
+  /// NO DATA"); empty: the time was over.
+  virtual std::string silence() const { return {}; }
+
   /// The ECUs that answer an OBD request (service 01, ISO 15031-5) sent to all of them at once, as targets
   /// for `send`. Empty where the link has no way to ask all.
   virtual std::vector<LinkTarget> findEcus() { return {}; }

@@ -50,6 +50,7 @@ class PatientLink : public Link {
   std::vector<LinkTarget> findEcus() override {
     return watched([this] { return link_->findEcus(); });
   }
+  std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
 
  private:

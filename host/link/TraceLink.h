@@ -23,6 +23,7 @@ class TraceLink : public Link {
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
   /// The search itself is not written down: what the ECUs found are asked then is.
   std::vector<LinkTarget> findEcus() override;
+  std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
 
  private:

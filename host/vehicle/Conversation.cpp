@@ -1,7 +1,10 @@
 #include "host/vehicle/Conversation.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
+#include "host/link/HexText.h"
 #include "host/vehicle/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 
@@ -40,6 +43,8 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   Busy busy(*this);
   endRequested_ = false;
   response.clear();
+  foreign_.clear();
+  timeout_ = timeout;
   open();
   try {
     const Outcome outcome = ask(target, request, timeout, response);
@@ -69,6 +74,30 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
   }
 }
 
+bool Conversation::next(std::span<const std::uint8_t> request, milliseconds timeout, Link::Bytes& response) {
+  if (!open_) return false;
+  Busy busy(*this);
+  const bool came =
+      link_.receive(response, timeout) && classifyResponse(request, response) == ResponseClass::positive;
+  busy.finish();
+  return came;
+}
+
+std::string Conversation::silence(std::string_view to) const {
+  const std::string what = to.empty() ? "no answer" : fmt::format("no answer to {}", to);
+  if (!foreign_.empty()) return fmt::format("{}, but {}", what, shortHexText(foreign_));
+  const std::string said = link_.silence();
+  return said.empty() ? fmt::format("{} within {} ms", what, timeout_.count())
+                      : fmt::format("{}: {}", what, said);
+}
+
+void Conversation::connect() {
+  Busy busy(*this);
+  endRequested_ = false;
+  open();
+  busy.finish();
+}
+
 std::vector<LinkTarget> Conversation::findEcus() {
   Busy busy(*this);
   endRequested_ = false;
@@ -95,6 +124,7 @@ Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t
         deadline = start + pendingTimeout_;
         break;
       case ResponseClass::foreign:
+        foreign_ = response;
         break;
     }
   }

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/link/Link.h"
@@ -31,6 +33,15 @@ class Conversation {
   Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                    std::chrono::milliseconds timeout, Link::Bytes& response);
 
+  /// One more response to the last exchange's request: on older buses an answer may come in several. False
+  /// when none comes in time.
+  bool next(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout, Link::Bytes& response);
+  /// Why the last exchange was silent: "no answer to 01 0C within 200 ms", "no answer to 01 0C: the adapter
+  /// says NO DATA". `to` may be empty.
+  std::string silence(std::string_view to) const;
+
+  /// Opens the link without asking anybody.
+  void connect();
   /// As the link's.
   std::vector<LinkTarget> findEcus();
   bool takesSeveralPids(const LinkTarget& target) const { return link_.takesSeveralPids(target); }
@@ -53,6 +64,8 @@ class Conversation {
   Link& link_;
   LinkClock& clock_;
   std::chrono::milliseconds pendingTimeout_;
+  std::chrono::milliseconds timeout_{};  ///< of the last exchange
+  Link::Bytes foreign_;                  ///< came in it and answers something else
   bool open_ = false;
   bool busy_ = false;
   bool endRequested_ = false;

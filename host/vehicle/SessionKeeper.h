@@ -21,6 +21,8 @@ class SessionKeeper {
   /// As `Conversation::exchange`.
   Conversation::Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                                  std::chrono::milliseconds timeout, Link::Bytes& response);
+  /// Of the target's exchange, as `Conversation::silence`.
+  std::string silence(std::string_view to) const { return conversation_.silence(to); }
   void end();
   bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
   std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <array>
 
 #include "host/link/HexText.h"
@@ -14,12 +13,6 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::uint8_t kStartDiagnosticSession = 0x10;
-
-/// Long frames are cut: the text goes into one line of a log.
-std::string shortHex(std::span<const std::uint8_t> bytes) {
-  constexpr std::size_t kShown = 16;
-  return hexText(bytes.first(std::min(bytes.size(), kShown))) + (bytes.size() > kShown ? " ..." : "");
-}
 
 const VehicleRawBuffer& ownBuffer(const ferrox3::RawBuffer& buffer) {
   if (const auto* const own = dynamic_cast<const VehicleRawBuffer*>(&buffer)) return *own;
@@ -75,16 +68,17 @@ void VehicleEcu::exchange(const ferrox3::RawBuffer& request, ferrox3::RawBuffer&
 void VehicleEcu::ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                      Link::Bytes& response) {
   const auto fail = [&](const std::string& text) {
-    throw TarnError(1, "VehicleEcu.ask", fmt::format("{}: request {}{}", name(), shortHex(request), text));
+    throw TarnError(1, "VehicleEcu.ask",
+                    fmt::format("{}: request {}{}", name(), shortHexText(request), text));
   };
   switch (converse(request, timeout, response)) {
     case Conversation::Outcome::answered:
       return;
     case Conversation::Outcome::refused:
-      fail(fmt::format(" refused: {} {}", shortHex(response), negativeResponseText(response[2])));
+      fail(fmt::format(" refused: {} {}", shortHexText(response), negativeResponseText(response[2])));
       break;
     case Conversation::Outcome::silent:
-      fail(fmt::format(": no answer within {} ms", timeout.count()));
+      fail(": " + conversation_.silence({}));
       break;
     case Conversation::Outcome::onlyPending:
       fail(fmt::format(": still pending after {} ms", conversation_.pendingTimeout().count()));
@@ -97,10 +91,12 @@ void VehicleEcu::initialise() {
   if (frame.empty()) return;
   const auto outcome = converse(frame, description_.timeout, response_);
   if (outcome == Conversation::Outcome::answered || outcome == Conversation::Outcome::refused) return;
-  const auto waited =
-      outcome == Conversation::Outcome::silent ? description_.timeout : conversation_.pendingTimeout();
-  throw TarnError(1, "VehicleEcu.initialise",
-                  fmt::format("no answer to {} within {} ms", shortHex(frame), waited.count()));
+  const std::string greeting = shortHexText(frame);
+  throw TarnError(
+      1, "VehicleEcu.initialise",
+      outcome == Conversation::Outcome::silent
+          ? conversation_.silence(greeting)
+          : fmt::format("no answer to {} within {} ms", greeting, conversation_.pendingTimeout().count()));
 }
 
 /// The frame that the ECU is greeted with; empty when it has no request that could be sent.

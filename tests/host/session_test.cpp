@@ -104,7 +104,7 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
   EXPECT_EQ(car.sendError("Speeds"), "none");
   car.peer.script["21 80"] = std::vector<std::string>(100, "61 81");
   const auto before = car.clock.microseconds();
-  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: no answer within 200 ms");
+  EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: no answer, but 61 81");
   EXPECT_EQ(car.clock.microseconds() - before, 200000);
   EXPECT_EQ(car.request("Speeds").receivedText(), "");
   EXPECT_EQ(car.sendError("Identity"), "Engine: request 1A 80: no answer within 50 ms");

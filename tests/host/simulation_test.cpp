@@ -117,7 +117,7 @@ TEST(Simulation, FaultsHappenWhenTheyShould) {
   }
   for (const char* const kind : {"wrongService", "garbage"}) {
     Car car(std::string(R"({ "ecu": "Engine", "kind": ")") + kind + R"(" })");
-    EXPECT_EQ(car.sendAt(0), ": no answer within 200 ms");
+    EXPECT_TRUE(car.sendAt(0).starts_with(": no answer, but "));
   }
 }
 

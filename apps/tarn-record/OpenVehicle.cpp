@@ -10,7 +10,10 @@ std::unique_ptr<host::OpenedVehicle> openVehicle(const std::string& path, FileSy
                                                  const host::LinkOptions& link) {
   if (path == host::kObdCar && !link.url.empty())
     std::fprintf(stderr, "tarn-record: asking the car behind %s what it offers\n", link.url.c_str());
-  return host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), link);
+  auto vehicle = host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), link);
+  for (const std::string& note : vehicle->description().notes)
+    std::fprintf(stderr, "tarn-record: not offered: %s\n", note.c_str());
+  return vehicle;
 }
 
 }  // namespace tarnlog::record

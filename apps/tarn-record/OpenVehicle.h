@@ -8,7 +8,7 @@
 namespace tarnlog::record {
 
 /// `host::openVehicle` with the system's locale. On standard error it says when a car is asked what it
-/// offers: that can take a minute.
+/// offers, which can take a minute, and what it lists but does not give.
 std::unique_ptr<host::OpenedVehicle> openVehicle(const std::string& path, FileSystem& files,
                                                  host::LinkClock& clock, host::Link::IdleHook idleHook,
                                                  const host::LinkOptions& link);

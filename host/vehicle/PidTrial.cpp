@@ -31,7 +31,6 @@ std::vector<std::uint8_t> PidTrial::given(std::span<const std::uint8_t> pids) {
   } catch (const TarnError&) {
     kept.insert(kept.end(), pids.begin() + static_cast<std::ptrdiff_t>(tried), pids.end());
   }
-  if (kept.empty()) kept.assign(pids.begin(), pids.end());
   return kept;
 }
 

@@ -16,8 +16,7 @@ class PidTrial {
   PidTrial(Conversation& conversation, const LinkTarget& target)
       : conversation_(conversation), target_(target) {}
 
-  /// Those that the ECU gives, or may give at another time. When the link fails, the rest is believed,
-  /// and all when nothing is given.
+  /// Those that the ECU gives, or may give at another time. When the link fails, the rest is believed.
   std::vector<std::uint8_t> given(std::span<const std::uint8_t> pids);
 
  private:

@@ -32,7 +32,10 @@ class VehicleOverLink : public OpenedVehicle {
         session_(description_, *link_, clock, std::move(locale)) {
     link_->setIdleHook(std::move(idleHook));
   }
-  void openLinkAtOnce() { link_->open(); }
+  void openLinkAtOnce(const PhaseHook& phase) {
+    if (phase) phase(OpeningPhase::adapter);
+    link_->open();
+  }
 
   const VehicleDescription& description() const override { return description_; }
   VehicleSession& session() override { return session_; }
@@ -45,9 +48,9 @@ class VehicleOverLink : public OpenedVehicle {
 };
 
 std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale locale, LinkClock& clock,
-                                          Link::IdleHook idleHook) {
+                                          Link::IdleHook idleHook, const PhaseHook& phase) {
   link->setIdleHook(idleHook);
-  VehicleDescription description = scanObdVehicle(*link, clock);
+  VehicleDescription description = scanObdVehicle(*link, clock, phase);
   return std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                            std::move(idleHook),
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });
@@ -73,7 +76,7 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
       throw TarnError(1, "openVehicle",
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
     return openObdCar(traced(openLink(options.url, clock, files)), std::move(locale), clock,
-                      std::move(idleHook));
+                      std::move(idleHook), options.phase);
   }
   VehicleDescription description = readVehicleDescription(path, files);
   const std::string url = options.url.empty() ? description.link : options.url;
@@ -83,14 +86,14 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
   };
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);
-  if (options.openAtOnce) vehicle->openLinkAtOnce();
+  if (options.openAtOnce) vehicle->openLinkAtOnce(options.phase);
   return vehicle;
 }
 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,
                                            UserLocale locale, LinkClock& clock, Link::IdleHook idleHook,
                                            std::unique_ptr<Link> link) {
-  if (path == kObdCar) return openObdCar(std::move(link), std::move(locale), clock, std::move(idleHook));
+  if (path == kObdCar) return openObdCar(std::move(link), std::move(locale), clock, std::move(idleHook), {});
   return std::make_unique<VehicleOverLink>(readVehicleDescription(path, files), std::move(locale), clock,
                                            std::move(idleHook),
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });

@@ -6,6 +6,7 @@
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/vehicle/OpeningPhase.h"
 #include "host/vehicle/VehicleDescription.h"
 #include "host/vehicle/VehicleSession.h"
 #include "platform/files/FileSystem.h"
@@ -19,7 +20,8 @@
 ///     recorder.setSession(&vehicle->session());
 namespace tarnlog::host {
 
-/// A vehicle description, a link and the session over both.
+/// A vehicle description, a link and the session over both. A car that was asked what it offers is named by
+/// its VIN ("WVWZZZ1KZAW000001 (OBD car)"), where it tells one; `description().vin` has it alone.
 class OpenedVehicle {
  public:
   virtual ~OpenedVehicle() = default;
@@ -42,6 +44,8 @@ struct LinkOptions {
   bool openAtOnce = false;
   /// True when somebody wants to end: what takes longer than a moment is broken off. May be empty.
   Link::StopQuestion stopAsked{};
+  /// Told what is done while the vehicle is opened. May be empty.
+  PhaseHook phase{};
 };
 
 /// Opens the described vehicle, or the car behind the link when the path is `kObdCar`: that one is asked at

@@ -112,6 +112,10 @@ struct VehicleDescription {
   std::chrono::milliseconds pendingTimeout{};
   std::vector<EcuDescription> ecus;
   SimulationDescription simulation;
+
+  // Of a car that was asked what it offers, and of no file:
+  std::string vin;                 ///< its identification number; empty: it tells none
+  std::vector<std::string> notes;  ///< what is not offered although the car lists it, in words for the user
 };
 
 /// Gives the text of a file that a description names, by its path relative to the description's folder; fails

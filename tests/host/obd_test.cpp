@@ -6,6 +6,7 @@
 #include "host/link/TraceLink.h"
 #include "host/vehicle/DescriptionWriter.h"
 #include "host/vehicle/ObdPids.h"
+#include "host/vehicle/ObdScan.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/DoipPeer.h"
@@ -122,10 +123,53 @@ TEST(Obd, LeavesOutWhatTheCarDoesNotGive) {
                             "Engine/PID 24/Oxygen sensor bank 1 sensor 1 equivalence ratio",
                             "Engine/PID 69/PID 69 bytes", "Transmission/PID 0D/Vehicle speed"));
   }
+  // An ECU that gives nothing of all that it lists.
+  Car mute;
+  mute.adapter.ecus[1].answers.erase("010D");
+  const auto vehicle = mute.open(mute.makeLink());
+  EXPECT_EQ(vehicle->session().ecuCount(), 1U);
+  EXPECT_THAT(vehicle->description().notes,
+              ElementsAre("the ECU at address 0x7E1 gives none of the data that it lists (1 PID)"));
   // What could not be tried is believed.
   Car gone;
   gone.adapter.instead["010C"] = {"LV RESET\r\r>"};
   EXPECT_EQ(offer(gone.open(gone.makeLink())->session()).size(), 7U);
+}
+
+TEST(Obd, NamesTheCarByItsVin) {
+  const std::string onCan =
+      "490201"
+      "5756575A5A5A314B5A4157303030303031";
+  const auto vehicleOf = [](Car& car) { return car.open(car.makeLink())->description(); };
+  Car can;
+  can.adapter.ecus[1].answers["0900"] = {"490055400000"};
+  can.adapter.ecus[1].answers["0902"] = {onCan};
+  std::vector<OpeningPhase> phases;
+  const auto link = can.makeLink();
+  const auto scanned = scanObdVehicle(*link, can.clock, [&](OpeningPhase phase) { phases.push_back(phase); });
+  EXPECT_EQ(scanned.vin, "WVWZZZ1KZAW000001");
+  EXPECT_EQ(scanned.name, "WVWZZZ1KZAW000001 (OBD car)");
+  using enum OpeningPhase;
+  EXPECT_THAT(phases, ElementsAre(adapter, bus, ecus, data, ecus, data));
+
+  Car wire;
+  wire.adapter.bus = Elm327Peer::Bus::kwp;
+  wire.adapter.ecus[0].source = 0x10;
+  wire.adapter.ecus[1].source = 0x18;
+  wire.adapter.ecus[0].answers["0900"] = {"49000140000000"};
+  auto& parts = wire.adapter.ecus[0].answers["0902"];
+  parts = {"49020100000057", "49020256575A5A", "4902035A314B5A", "49020441573030"};
+  EXPECT_EQ(vehicleOf(wire).vin, "") << "the last characters are missing";
+  parts.push_back("49020530303031");
+  EXPECT_EQ(vehicleOf(wire).vin, "WVWZZZ1KZAW000001");
+
+  // An I is in no VIN; what is not listed is not asked for.
+  can.adapter.ecus[1].answers["0902"] = {onCan.substr(0, onCan.size() - 2) + "49"};
+  EXPECT_EQ(vehicleOf(can).name, "OBD car");
+  can.adapter.ecus[1].answers["0900"] = {"490015400000"};
+  can.adapter.heard.clear();
+  EXPECT_EQ(vehicleOf(can).vin, "");
+  EXPECT_THAT(can.adapter.heard, Not(Contains("0902")));
 }
 
 TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
@@ -152,7 +196,7 @@ TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   // Each cycle gives new values; an answer that does not fit is not taken apart.
   car.adapter.ecus[0].answers["010D"] = {"410D33"};
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
-  car.adapter.instead["010C0D05042"] = {"7E806410C1AF80D33\r\r>"};
+  car.adapter.instead["010C0D05042"] = {"7E806410C1AF80D3300\r\r>"};
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
   car.adapter.heard.clear();
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));

@@ -4,6 +4,7 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
 
@@ -23,13 +24,60 @@ std::optional<std::int64_t> wholeNumber(std::string_view text) {
   return number;
 }
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::string lowerCase(std::string_view text) {
+  std::string out(text);
+  for (char& c : out)
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  return out;
+}
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  return first == std::string_view::npos ? ""
+                                         : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+/// "192.168.0.10", "adapter:35000", "[fe80::1]:35000": nothing else is written like these.
+bool isPlace(std::string_view text) {
+  constexpr std::array<std::string_view, 4> kKinds{"elm327", "doip", "isotp", "replay"};
+  text = text.substr(0, text.find_first_of("/?"));
+  if (text.starts_with('[')) return true;
+  std::string_view port = text;
+  const std::string_view host = takeUntil(port, ':');
+  if (port.empty())
+    return std::count(host.begin(), host.end(), '.') == 3 &&
+           host.find_first_not_of("0123456789.") == std::string_view::npos;
+  const bool isKind = std::find(kKinds.begin(), kKinds.end(), lowerCase(host)) != kKinds.end();
+  return !isKind && !host.empty() && std::all_of(port.begin(), port.end(), isDigit);
+}
+
+/// COM3, or COM3: with a colon behind it.
+bool isWindowsPort(std::string_view text) {
+  if (text.ends_with(':')) text.remove_suffix(1);
+  const std::string name = lowerCase(text.substr(text.find_last_of("\\/:") + 1));
+  return text.find("/dev/") == std::string_view::npos && name.size() > 3 && name.size() < 7 &&
+         name.starts_with("com") && std::all_of(name.begin() + 3, name.end(), isDigit);
+}
+
+/// With the kind of link that people leave out.
+std::string whole(std::string_view text) {
+  text = trimmed(text);
+  return (text.starts_with("/dev/") || isPlace(text) ? "elm327://" : "") + std::string(text);
+}
+
 }  // namespace
 
-LinkUrl::LinkUrl(std::string_view text) : text_(text) {
+LinkUrl::LinkUrl(std::string_view typed) : text_(whole(typed)) {
+  const std::string_view text = text_;
+  if (isWindowsPort(text.substr(0, text.find('?'))))
+    expected("port", "a name like /dev/ttyUSB0 or /dev/rfcomm0, as this is no Windows", text);
   const std::size_t colon = text.find(':');
   if (colon == std::string_view::npos || colon == 0)
     expected("beginning", "a kind of link and a colon, like elm327: or replay:", text);
-  scheme_ = text.substr(0, colon);
+  scheme_ = lowerCase(text.substr(0, colon));
   std::string_view rest = text.substr(colon + 1);
   std::string_view place = takeUntil(rest, '?');
   if (place.starts_with("//")) {

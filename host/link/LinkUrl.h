@@ -11,6 +11,7 @@
 namespace tarnlog::host {
 
 /// How a user names a link: "elm327:///dev/ttyUSB0?baud=38400", "elm327://host:35000", "replay:drive.trace".
+/// The kind may be in upper case. It may be left out for an adapter: "/dev/ttyUSB0", "192.168.0.10:35000".
 /// Every refusal is a TarnError that names the link, the place and what was expected there.
 class LinkUrl {
  public:

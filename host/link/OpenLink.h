@@ -20,6 +20,8 @@ namespace tarnlog::host {
 ///                                                    address gives its identifiers
 ///     replay:drive.trace                             the answers of a trace
 ///
+/// The kind of an adapter may be left out: "/dev/ttyUSB0", "192.168.0.10:35000".
+///
 /// After a failure the links keep further attempts to open them apart. A TarnError names the URL, the place
 /// and what was expected there. The clock must outlive the link.
 std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files);

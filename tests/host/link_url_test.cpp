@@ -24,6 +24,16 @@ TEST(LinkUrl, TellsItsParts) {
   EXPECT_EQ(LinkUrl("replay:traces/cold start.txt").path(), "traces/cold start.txt");
 }
 
+TEST(LinkUrl, UnderstandsWhatPeopleType) {
+  EXPECT_EQ(LinkUrl("192.168.0.10:35000").text(), "elm327://192.168.0.10:35000");
+  EXPECT_EQ(LinkUrl(" 192.168.0.10\n").host(), "192.168.0.10");
+  EXPECT_EQ(LinkUrl("adapter:35000?protocol=6").port(), 35000);
+  EXPECT_EQ(LinkUrl("/dev/pts/1?baud=9600").path(), "/dev/pts/1");
+  EXPECT_EQ(LinkUrl("ELM327:///dev/ttyUSB0").scheme(), "elm327");
+  EXPECT_EQ(LinkUrl("Replay:Drive.trace").path(), "Drive.trace");
+  EXPECT_EQ(LinkUrl("replay:2026").scheme(), "replay");
+}
+
 std::string refusal(std::string_view url) {
   return test::failureOf([&] {
     const LinkUrl parsed(url);
@@ -33,10 +43,11 @@ std::string refusal(std::string_view url) {
 }
 
 TEST(LinkUrl, RefusesWithThePlaceAndWhatIsExpectedThere) {
-  EXPECT_EQ(
-      refusal("/dev/ttyUSB0"),
-      "link /dev/ttyUSB0: beginning: expected a kind of link and a colon, like elm327: or replay:, found "
-      "\"/dev/ttyUSB0\"");
+  EXPECT_EQ(refusal("/tmp/x"),
+            "link /tmp/x: beginning: expected a kind of link and a colon, like elm327: or replay:, found "
+            "\"/tmp/x\"");
+  for (const char* const port : {"COM3", "com12:", "elm327://COM3", "elm327:COM3?baud=9600"})
+    EXPECT_THAT(refusal(port), testing::HasSubstr("as this is no Windows"));
   EXPECT_EQ(refusal("elm327://box:many"),
             "link elm327://box:many: port: expected a number from 1 to 65535, found \"many\"");
   EXPECT_EQ(refusal("elm327:///dev/x?speed=1"),

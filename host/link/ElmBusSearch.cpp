@@ -71,15 +71,20 @@ ElmBusSearch::Outcome ElmBusSearch::ask(std::span<const std::uint8_t> request, s
   ElmAssembler assembler;
   assembler.setBus(bus);
   Outcome outcome = reply.prompted ? Outcome::silent : Outcome::noBus;
-  if (!reply.prompted) why_ = "the adapter gives no prompt";
+  if (!reply.prompted) why_ = kNoPrompt;
+  int unnamed = 0;
   for (const ElmLine& line : reply.lines) {
     const auto message = assembler.accept(line);
-    if (message && reply.prompted && isAnswerTo(request, message->bytes)) outcome = Outcome::answered;
+    if (message && reply.prompted && isAnswerTo(request, message->bytes)) {
+      outcome = Outcome::answered;
+      if (!message->source) ++unnamed;
+    }
     if (line.notice == ElmNotice::working || line.notice == ElmNotice::none) continue;
     why_ = line.text;
     if (line.notice != ElmNotice::noData && outcome == Outcome::silent) outcome = Outcome::noBus;
   }
   bus = assembler.bus();
+  unnamed_ = unnamed;
   return outcome;
 }
 
@@ -147,7 +152,9 @@ ElmProtocol ElmBusSearch::findOnKLine(const ElmAddress& address) {
     if (number == '4' && address.source)
       console_.command(fmt::format("ATIIA{:02X}", *address.source), kCommandPatience);
     // Starts the communication, and nothing else. An ECU that says nothing about it was reached all the same.
-    if (ask(kTesterPresent, kProtocolPatience, found.bus) != Outcome::noBus) return found;
+    const Outcome outcome = ask(kTesterPresent, kProtocolPatience, found.bus);
+    unnamed_ = 0;  // one was asked alone
+    if (outcome != Outcome::noBus) return found;
   }
   failWithoutEcu(console_, why_);
 }

@@ -31,6 +31,8 @@ class ElmBusSearch {
   bool patient() const { return patient_; }
   /// The adapter is new, or was reset.
   void forgetPatience() { patient_ = false; }
+  /// How many answers without a header came to the request that found the bus.
+  int unnamedAnswers() const { return unnamed_; }
   /// Chooses a protocol without asking anybody.
   ElmProtocol choose(char number);
   /// For an ECU on the K line: fast initialisation, then 5-baud initialisation (ISO 14230-2).
@@ -53,6 +55,7 @@ class ElmBusSearch {
   char known_ = '0';
   bool oneByOne_ = false;
   bool patient_ = false;
+  int unnamed_ = 0;
   std::string why_;  ///< the adapter's words about the last failure
 };
 

@@ -46,6 +46,7 @@ auto ElmConsole::reached(const char* failure, Step&& step) {
 
 void ElmConsole::open() {
   reader_.clear();
+  said_.clear();
   begin();
   reached("the adapter cannot be reached: ", [this] { stream_->open(); });
 }
@@ -65,6 +66,8 @@ void ElmConsole::close() {
 bool ElmConsole::fill(Microseconds deadline) {
   const std::size_t count = reached(kGone, [&] { return stream_->read(bytes_, deadline); });
   reader_.feed(std::span(bytes_).first(count));
+  constexpr std::size_t kMostSaid = 200;
+  for (std::size_t i = 0; i < count && said_.size() < kMostSaid; ++i) said_ += static_cast<char>(bytes_[i]);
   anything_ = anything_ || count > 0;
   return count > 0;
 }

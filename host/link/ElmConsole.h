@@ -62,6 +62,8 @@ class ElmConsole {
   std::optional<Item> next(Microseconds deadline);
   /// The adapter has begun to say that it searches or starts a bus.
   bool atWork() const { return beginsWork(reader_.begun()); }
+  /// What came first since it was opened, as it came: some hundred bytes at most.
+  const std::string& said() const { return said_; }
   /// Sends a line and takes everything up to the prompt. At most 64 lines are kept.
   ElmReply command(std::string_view text, Microseconds patience);
 
@@ -78,6 +80,7 @@ class ElmConsole {
   std::string sent_;    ///< the line sent last
   std::string output_;  ///< kept for its capacity
   bool anything_ = false;
+  std::string said_;
   bool atRest_ = true;  ///< the prompt came after the last line
   std::function<bool()> stopAsked_;
   Microseconds begun_ = 0;

@@ -27,8 +27,10 @@ enum class ElmReset : std::uint8_t {
 /// TarnError when nothing answers like one.
 std::string setUpElm(ElmConsole& console, ElmReset kind);
 
-/// Raises a TarnError for a mechanic: no ECU answers, why the adapter thinks so, and the voltage at the
-/// socket where it can measure that.
+inline constexpr std::string_view kNoPrompt = "no prompt";
+
+/// Raises a TarnError for a mechanic: what is wrong between adapter and car, to judge by the adapter's words
+/// (or kNoPrompt), and the voltage at the socket where it can measure that.
 [[noreturn]] void failWithoutEcu(ElmConsole& console, std::string_view why);
 
 }  // namespace tarnlog::host

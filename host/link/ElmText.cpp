@@ -1,5 +1,7 @@
 #include "host/link/ElmText.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 
@@ -109,6 +111,17 @@ ElmLine parseElmLine(std::string_view text) {
     line.notice = progress;
   }
   return line;
+}
+
+std::string quotedText(std::string_view text) {
+  constexpr std::size_t kLongest = 60;
+  std::string out = "\"";
+  for (const char c : text.substr(0, kLongest)) {
+    const auto code = static_cast<unsigned char>(c);
+    const bool plain = code >= 0x20 && code < 0x7F;
+    out += plain ? std::string(1, c) : fmt::format("\\x{:02X}", code);
+  }
+  return out + (text.size() > kLongest ? "...\"" : "\"");
 }
 
 bool beginsWork(std::string_view text) {

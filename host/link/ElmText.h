@@ -35,6 +35,10 @@ struct ElmLine {
 
 ElmLine parseElmLine(std::string_view text);
 
+/// What came from outside, for one line of a message: in quotes, control characters and others that a
+/// terminal might not show as \x1B, cut with "..." when it is long.
+std::string quotedText(std::string_view text);
+
 /// The beginning of a line tells that the adapter searches or starts a bus, which takes seconds.
 bool beginsWork(std::string_view text);
 

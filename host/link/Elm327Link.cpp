@@ -3,10 +3,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "host/link/ElmRequest.h"
 #include "host/link/ElmSetup.h"
+#include "host/link/HexText.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -25,6 +27,16 @@ constexpr int kMostTroubles = 3;
 constexpr int kMostSilences = 8;
 /// Bytes of a request that fit beside the length into one CAN frame; the adapter cuts none.
 constexpr std::size_t kLongestOnCan = 7;
+
+constexpr std::uint8_t kCurrentData = 0x01;
+constexpr std::array<std::uint8_t, 2> kSupportedPids{kCurrentData, 0x00};
+
+[[noreturn]] void failMixed() {
+  throw EcuUnreachable(
+      1, "Elm327Link",
+      "several ECUs answer, and this adapter neither shows which (it gives no headers) nor asks "
+      "one alone: their values cannot be told apart; use another adapter");
+}
 
 [[noreturn]] void fail(const std::string& text) { throw TarnError(1, "Elm327Link", text); }
 
@@ -56,6 +68,7 @@ void Elm327Link::open() {
   guarded([this] {
     console_.open();
     adapterName_ = adapter_.setUp();
+    assembler_.forget();
   });
   open_ = true;
 }
@@ -67,6 +80,9 @@ void Elm327Link::close() {
   frameCounts_.clear();
   silences_ = 0;
   byDefault_ = false;
+  unnamed_ = Unnamed::unseen;
+  unnamedEcu_.reset();
+  for (auto& [address, reach] : reach_) reach.apart = false;
   console_.close();
 }
 
@@ -79,8 +95,13 @@ void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> re
       silences_ = 0;
       triedByDefault_ = false;
       adapter_.forgetBus();
+      assembler_.forget();
     }
     adapter_.selectBus(target, request);
+    noteSearch();
+    const bool toOne = target.address != kEveryEcu && isObdRequest(request);
+    if (toOne && unnamed_ == Unnamed::some) answersAlone(target);
+    if (toOne && unnamed_ == Unnamed::several && !answersAlone(target)) failMixed();
     begin(target, request);
     ask(true);
   });
@@ -122,7 +143,9 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
   exchange.address = elmAddress(target, request, bus);
   const auto reach = reach_.find(target.address);
   const bool reachedByAll = reach != reach_.end() && reach->second.toAll;
-  if ((reachedByAll || byDefault_) && isObdRequest(request))
+  if (unnamed_ == Unnamed::several && target.address != kEveryEcu)
+    exchange.address.ownFilter = exchange.address.source && (isCan(bus) || bus == ElmBus::unknown);
+  else if ((reachedByAll || byDefault_) && isObdRequest(request))
     exchange.address = elmToAll(exchange.address, bus);
   exchange.repeats = exchange.troubles = 0;
   exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
@@ -131,6 +154,7 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
 void Elm327Link::ask(bool countFrames) {
   if (!adapter_.setAddress(exchange_.address)) {
     // What it cannot send to one ECU it may send to all, where that is allowed.
+    if (unnamed_ == Unnamed::several) failMixed();
     if (!isObdRequest(exchange_.request)) fail("this adapter cannot ask a single ECU: it does not know ATSH");
     exchange_.address = elmToAll(exchange_.address, adapter_.bus());
     reach_[exchange_.target.address].toAll = true;
@@ -141,7 +165,7 @@ void Elm327Link::ask(bool countFrames) {
     if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
     if (clock_.microseconds() > longest) break;
   }
-  const bool known = countFrames && exchange_.target.address != kEveryEcu;
+  const bool known = countFrames && exchange_.target.address != kEveryEcu && !mayMix();
   exchange_.expectedFrames = known ? frameCounts_.of(exchange_.target.address, exchange_.request) : 0;
   text_.clear();
   for (const std::uint8_t byte : exchange_.request) {
@@ -151,6 +175,8 @@ void Elm327Link::ask(bool countFrames) {
   if (exchange_.expectedFrames > 0) appendDigit(text_, static_cast<unsigned>(exchange_.expectedFrames));
   exchange_.anything = exchange_.barePrompt = exchange_.answered = exchange_.others = false;
   exchange_.pending = exchange_.wasPending = false;
+  exchange_.unnamed = 0;
+  exchange_.foreign.clear();
   exchange_.notice.reset();
   assembler_.reset();
   console_.write(text_);
@@ -172,7 +198,9 @@ bool Elm327Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
 
 bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
   for (;;) {
-    if (!messages_.empty()) {
+    // Whether another ECU answers, too, is known at the prompt.
+    const bool held = awaitsPrompt_ && exchange_.unnamed > 0 && mayMix();
+    if (!messages_.empty() && !held) {
       message = std::move(messages_.front());
       messages_.pop_front();
       return true;
@@ -196,6 +224,11 @@ bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
     } else if (item || exchange_.barePrompt) {
       awaitsPrompt_ = false;
       settle();
+      if (isMixed()) {
+        messages_.clear();
+        unnamed_ = Unnamed::several;
+        failMixed();
+      }
       if (messages_.empty() && !exchange_.pending && !retry(deadline)) return false;
     } else {
       return false;
@@ -224,14 +257,22 @@ void Elm327Link::takeData(const ElmLine& line) {
     exchange_.others = true;
     return;
   }
-  if (!isAnswerTo(exchange_.request, message->bytes)) return;
-  noteAnswer();
+  if (!isAnswerTo(exchange_.request, message->bytes)) {
+    exchange_.foreign = std::move(message->bytes);
+    return;
+  }
+  noteAnswer(*message);
   exchange_.pending = isResponsePending(message->bytes);
+  // On older buses an answer of other services may come in several messages.
+  const bool counts = exchange_.request.front() == kCurrentData && !exchange_.pending;
+  if (!message->source && counts) ++exchange_.unnamed;
   exchange_.wasPending = exchange_.wasPending || exchange_.pending;
   if (messages_.size() < kMostMessages) messages_.push_back(std::move(*message));
 }
 
-void Elm327Link::noteAnswer() {
+void Elm327Link::noteAnswer(const ElmMessage& message) {
+  assembler_.confirm(message);
+  if (!message.source) noteUnnamed();
   if (exchange_.answered) return;
   exchange_.answered = true;
   silences_ = 0;
@@ -240,6 +281,56 @@ void Elm327Link::noteAnswer() {
   Reach& reach = reach_[exchange_.target.address];
   reach.answered = true;
   if (reach.triedToAll && isCan(adapter_.bus())) reach.toAll = exchange_.address.toAll;
+}
+
+/// Two addresses are two ECUs.
+void Elm327Link::noteUnnamed() {
+  if (unnamed_ == Unnamed::unseen) unnamed_ = Unnamed::some;
+  if (exchange_.target.address == kEveryEcu) return;
+  if (!unnamedEcu_) unnamedEcu_ = exchange_.target.address;
+  if (unnamedEcu_ != exchange_.target.address) unnamed_ = Unnamed::several;
+}
+
+/// The search for the bus asks all ECUs, too.
+void Elm327Link::noteSearch() {
+  const int answers = adapter_.unnamedAnswers();
+  if (answers == 0 || unnamed_ == Unnamed::several) return;
+  unnamed_ = answers > 1 ? Unnamed::several : Unnamed::one;
+}
+
+/// Answers of several ECUs may come, and be taken for one's.
+bool Elm327Link::mayMix() const {
+  if (exchange_.target.address == kEveryEcu) return false;
+  if (unnamed_ != Unnamed::some && unnamed_ != Unnamed::several) return false;
+  const auto reach = reach_.find(exchange_.target.address);
+  return exchange_.address.toAll || reach == reach_.end() || !reach->second.apart;
+}
+
+bool Elm327Link::isMixed() const {
+  if (!mayMix() || exchange_.unnamed == 0) return false;
+  return exchange_.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.toAll);
+}
+
+/// Asks what every ECU would answer, of one: an adapter may say that it asks one alone and not do so.
+bool Elm327Link::answersAlone(const LinkTarget& target) {
+  if (reach_[target.address].apart) return true;
+  finishAnswer();
+  begin(target, kSupportedPids);
+  if (exchange_.address.toAll) return false;
+  ask(false);
+  // No longer than the adapter waits anyway: most addresses are silent.
+  const std::int64_t wait = adapter_.timeout() * kElmTimeoutStep * kMillisecond;
+  const std::int64_t deadline = clock_.microseconds() + kAdapterTime + wait;
+  int answers = 0;
+  try {
+    ElmMessage message;
+    while (nextMessage(message, deadline)) ++answers;
+  } catch (const EcuUnreachable&) {
+    return false;
+  }
+  finishAnswer();
+  reach_[target.address].apart = answers > 0;
+  return answers > 0;
 }
 
 void Elm327Link::settle() {
@@ -294,12 +385,14 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
   ElmAddress& address = exchange_.address;
   if (exchange_.target.address != kEveryEcu) {
     Reach& reach = reach_[exchange_.target.address];
-    if (!reach.answered && !reach.triedToAll && !address.toAll && isObdRequest(exchange_.request)) {
+    const bool mayAskAll = unnamed_ != Unnamed::several;
+    if (mayAskAll && !reach.answered && !reach.triedToAll && !address.toAll &&
+        isObdRequest(exchange_.request)) {
       reach.triedToAll = true;
       address = elmToAll(address, adapter_.bus());
       return repeat(false);
     }
-    if (!reach.answered && retryByDefault()) return true;
+    if (mayAskAll && !reach.answered && retryByDefault()) return true;
   }
   if (adapter_.bus() == ElmBus::kwp && !address.toAll && !exchange_.restarted) {
     exchange_.restarted = true;
@@ -351,11 +444,32 @@ bool Elm327Link::listenAfterPending(std::int64_t deadline) {
   return true;
 }
 
+std::string Elm327Link::silence() const {
+  if (awaitsPrompt_) return {};
+  if (!exchange_.foreign.empty()) return "what came is " + shortHexText(exchange_.foreign);
+  if (!exchange_.notice && exchange_.others) return "only other ECUs answer";
+  if (!exchange_.notice)
+    return exchange_.anything ? "what came is no whole answer" : "the adapter says nothing";
+  const ElmLine& line = *exchange_.notice;
+  if (line.notice == ElmNotice::unknownCommand) return "the adapter does not understand the request";
+  return "the adapter says " + (line.notice == ElmNotice::none ? quotedText(line.text) : line.text);
+}
+
+/// Each ECU of emissions that can be asked alone.
+std::vector<LinkTarget> Elm327Link::findEcusApart() {
+  constexpr std::int32_t kFirst = 0x7E0;
+  constexpr std::int32_t kLast = 0x7E7;
+  std::vector<LinkTarget> ecus;
+  for (std::int32_t address = kFirst; address <= kLast; ++address)
+    if (const LinkTarget target{address, "OBD-II"}; answersAlone(target)) ecus.push_back(target);
+  silences_ = 0;
+  if (ecus.empty()) failMixed();
+  return ecus;
+}
+
 std::vector<LinkTarget> Elm327Link::findEcus() {
-  constexpr std::uint8_t kSupportedPids = 0x00;
   constexpr std::int64_t kPatience = 3000 * kMillisecond;
-  const Bytes request{0x01, kSupportedPids};
-  send({kEveryEcu, "OBD-II"}, request);
+  send({kEveryEcu, "OBD-II"}, kSupportedPids);
   std::vector<LinkTarget> ecus;
   guarded([&] {
     const std::int64_t deadline = clock_.microseconds() + kPatience;
@@ -365,8 +479,12 @@ std::vector<LinkTarget> Elm327Link::findEcus() {
       const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
       if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, "OBD-II"});
     }
+    if (exchange_.unnamed > 0 && unnamed_ != Unnamed::several)
+      unnamed_ = exchange_.unnamed > 1 ? Unnamed::several : Unnamed::one;
+    if (unnamed_ == Unnamed::several) ecus = findEcusApart();
     // Who is alone need not be told apart.
-    if (ecus.size() == 1) reach_[ecus.front().address].toAll = true;
+    else if (ecus.size() == 1 && !(unnamed_ == Unnamed::one && isCan(adapter_.bus())))
+      reach_[ecus.front().address].toAll = true;
     if (!ecus.empty()) return;
     finishAnswer();
     failWithoutEcu(console_, exchange_.notice ? exchange_.notice->text : "");

@@ -34,6 +34,7 @@ class Elm327Link : public Link {
   void close() override;
   void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  std::string silence() const override;
   /// TarnError when nobody answers.
   std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& target) const override;
@@ -47,6 +48,14 @@ class Elm327Link : public Link {
     bool answered = false;    ///< since the link was made
     bool toAll = false;       ///< only what is sent to all ECUs reaches it
     bool triedToAll = false;  ///< that was tried
+    bool apart = false;       ///< it was asked alone, and alone it answered
+  };
+  /// How many ECUs answer what is sent to all, where the adapter shows no headers.
+  enum class Unnamed : std::uint8_t {
+    unseen,  ///< no answer without a header has come
+    some,
+    one,
+    several  ///< their answers cannot be told apart: each is asked alone, or not at all
   };
   /// One request and what has come of it.
   struct Exchange {
@@ -64,6 +73,8 @@ class Elm327Link : public Link {
     bool barePrompt = false;    ///< a prompt came before any line
     bool answered = false;
     bool others = false;      ///< only other ECUs answered
+    int unnamed = 0;          ///< answers of ECUs that are not shown
+    Bytes foreign;            ///< came, and answers something else
     bool pending = false;     ///< the newest answer says "response pending"
     bool wasPending = false;  ///< any did
     bool atWork = false;      ///< the adapter searches or starts a bus
@@ -81,7 +92,13 @@ class Elm327Link : public Link {
   bool isAtWork() const;
   void take(ElmLine line);
   void takeData(const ElmLine& line);
-  void noteAnswer();
+  void noteAnswer(const ElmMessage& message);
+  void noteUnnamed();
+  void noteSearch();
+  bool mayMix() const;
+  bool isMixed() const;
+  bool answersAlone(const LinkTarget& target);
+  std::vector<LinkTarget> findEcusApart();
   /// The prompt came: learns from it, and fails where only a new start helps.
   void settle();
   /// True when the request was sent once more, so that something may still come.
@@ -101,6 +118,8 @@ class Elm327Link : public Link {
   bool awaitsPrompt_ = false;
   int silences_ = 0;  ///< exchanges without any answer, one after another
   std::map<std::int32_t, Reach> reach_;
+  Unnamed unnamed_ = Unnamed::unseen;
+  std::optional<std::int32_t> unnamedEcu_;  ///< whom answers without a header were taken for
   bool byDefault_ = false;       ///< OBD requests go to whom the adapter asks when it is told nobody
   bool triedByDefault_ = false;  ///< that was tried
   Exchange exchange_;

@@ -52,7 +52,7 @@ std::string ElmAdapter::setUp() {
   address_.reset();
   priority_ = kDefaultPriority;
   byDefault_ = true;
-  filtered_ = false;
+  filtered_ = ownFlowControl_ = false;
   started_.clear();
   timeout_ = kElmDefaultTimeout;
   return name;
@@ -99,22 +99,30 @@ void ElmAdapter::restartCommunication() {
 
 void ElmAdapter::setFilter(const ElmAddress& address) {
   if (!address.ownFilter) {
-    if (!filtered_) return;
-    tell("ATAR");
-    tell("ATFCSM0");
-    filtered_ = false;
-    return;
+    clearFilter();
+  } else {
+    filtered_ = true;
+    if (address.source)
+      tell(fmt::format("ATCRA{:0{}X}", *address.source, bus() == ElmBus::can29 ? 8 : 3));
+    else
+      openFilter(address);
   }
-  filtered_ = true;
-  if (address.source)
-    tell(fmt::format("ATCRA{:0{}X}", *address.source, bus() == ElmBus::can29 ? 8 : 3));
-  else
-    openFilter(address);
-  if (bus() == ElmBus::can29) return;
-  // The adapter knows whom to send flow control to only among the identifiers of ISO 15765-4.
-  tell("ATFCSH" + address.header);
-  tell("ATFCSD300000");
-  tell("ATFCSM1");
+  if (address.ownFlowControl) {
+    tell("ATFCSH" + address.header);
+    tell("ATFCSD300000");
+    tell("ATFCSM1");
+  } else if (ownFlowControl_) {
+    tell("ATFCSM0");
+  }
+  ownFlowControl_ = address.ownFlowControl;
+}
+
+/// Old chips know one of the two, later ones both; what one does not know is passed over.
+void ElmAdapter::clearFilter() {
+  if (!filtered_) return;
+  tell("ATCRA");
+  tell("ATAR");
+  filtered_ = false;
 }
 
 /// Whose identifier the answers have is not known: one near to the request's.

@@ -29,6 +29,8 @@ class ElmAdapter {
   void selectBus(const LinkTarget& target, std::span<const std::uint8_t> request);
   /// Nobody answers on the bus any more: the next request looks for one again.
   void forgetBus() { protocol_.reset(); }
+  /// See ElmBusSearch.
+  int unnamedAnswers() const { return search_.unnamedAnswers(); }
   ElmBus bus() const { return protocol_ ? protocol_->bus : ElmBus::unknown; }
 
   /// False when the adapter can ask nobody but all ECUs. All of them are what it asks as long as it was not
@@ -49,6 +51,7 @@ class ElmAdapter {
   /// False when the adapter does not know the command.
   bool tell(std::string_view command);
   void setFilter(const ElmAddress& address);
+  void clearFilter();
   void openFilter(const ElmAddress& address);
 
   ElmConsole& console_;
@@ -61,6 +64,7 @@ class ElmAdapter {
   std::string priority_;
   bool byDefault_ = true;
   bool filtered_ = false;            ///< it listens to identifiers of one ECU
+  bool ownFlowControl_ = false;      ///< it was told whom to send flow control to
   std::set<std::string> started_{};  ///< headers of the K line with a communication
   int timeout_ = 0;
 };

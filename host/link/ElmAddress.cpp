@@ -63,7 +63,7 @@ ElmAddress on11Bits(const LinkTarget& target, bool obd) {
   }
   ElmAddress address;
   address.header = fmt::format("{:03X}", identifier);
-  address.ownFilter = identifier < kFirstObd || identifier > kLastObd;
+  address.ownFilter = address.ownFlowControl = identifier < kFirstObd || identifier > kLastObd;
   if (identifier >= kFirstPaired && identifier <= kLastPaired)
     address.source = CanPair::ofEcu(target.address).receive;
   return address;

@@ -18,8 +18,9 @@ struct ElmAddress {
   std::string header;    ///< for ATSH
   std::string priority;  ///< for ATCP: the upper bits of a 29-bit identifier; empty where there are none
   std::optional<std::uint32_t> source;  ///< who answers; none: anybody may
-  /// The CAN identifiers are none of ISO 15765-4: the adapter must be told what to listen to.
-  bool ownFilter = false;
+  bool ownFilter = false;               ///< the adapter must be told what to listen to
+  /// The CAN identifiers are none of ISO 15765-4: the adapter does not know whom to send flow control to.
+  bool ownFlowControl = false;
   bool toAll = false;  ///< all ECUs receive the request
 
   bool operator==(const ElmAddress&) const = default;

@@ -56,13 +56,24 @@ std::size_t kwpDataStart(Frame frame) {
   return length > 0 && start + length + 1 == frame.size() ? start : 0;
 }
 
+/// Format, target (F1, the tester; 6B, all testers) and sender of a K-line or J1850 frame.
+bool looksHeaded(ElmBus bus, Frame frame) {
+  if (frame.size() < 4) return false;
+  const bool j1850 = bus == ElmBus::j1850 || bus == ElmBus::unknown;
+  // On the K line the format byte's upper bit tells that addresses follow; services' answers lack it.
+  if (frame[1] == 0xF1) return j1850 || (frame[0] & 0x80) != 0;
+  return frame[1] == 0x6B && bus != ElmBus::kwp && (frame[0] == 0x48 || (frame[0] == 0x41 && j1850));
+}
+
 /// 0 when this is no frame with header.
 std::size_t dataStart(ElmBus bus, Frame frame) {
   if (frame.size() < 3) return 0;
-  const bool three = frame.size() >= 5;
+  const bool three = frame.size() >= 5 && looksHeaded(bus, frame);
   switch (bus) {
-    case ElmBus::kwp:
-      return sumIsRight(frame) ? kwpDataStart(frame) : 0;
+    case ElmBus::kwp: {
+      const bool withoutAddresses = (frame[0] & 0xC0) == 0;
+      return (three || withoutAddresses) && sumIsRight(frame) ? kwpDataStart(frame) : 0;
+    }
     case ElmBus::iso9141:
       return three && sumIsRight(frame) ? 3 : 0;
     case ElmBus::j1850:
@@ -72,30 +83,34 @@ std::size_t dataStart(ElmBus bus, Frame frame) {
   }
 }
 
-/// What a bus of its own shows of a K-line or J1850 frame: format, target F1 or 6B, sender.
-bool looksHeaded(Frame frame) {
-  return frame.size() >= 4 &&
-         (frame[1] == 0xF1 || (frame[1] == 0x6B && (frame[0] == 0x48 || frame[0] == 0x41)));
-}
-
 /// A frame of the K line or of J1850 whose checksum says nothing.
 std::optional<ElmMessage> parseUnsummed(Frame frame) {
   constexpr std::size_t kHeader = 3;
-  if (!looksHeaded(frame) || frame.size() < kHeader + 2) return std::nullopt;
+  if (!looksHeaded(ElmBus::unknown, frame) || frame.size() < kHeader + 2) return std::nullopt;
   const bool lengthShown = frame[1] == 0xF1;
   const std::size_t length = lengthShown ? frame[0] & 0x3FU : frame.size() - kHeader - 1;
   const std::size_t rest = frame.size() - kHeader;
   if (length == 0 || rest < length || rest > length + 1) return std::nullopt;
   const Frame data = frame.subspan(kHeader, length);
-  return ElmMessage{frame[2], {data.begin(), data.end()}};
+  return ElmMessage{frame[2], {data.begin(), data.end()}, true};
 }
 
 ElmBus recognise(Frame frame) {
-  if (!looksHeaded(frame)) return ElmBus::unknown;
+  if (!looksHeaded(ElmBus::unknown, frame)) return ElmBus::unknown;
   for (const ElmBus bus : {ElmBus::kwp, ElmBus::iso9141, ElmBus::j1850})
     if (dataStart(bus, frame) != 0) return bus;
   if (!parseUnsummed(frame)) return ElmBus::unknown;
   return frame[1] == 0xF1 ? ElmBus::kwp : ElmBus::iso9141;
+}
+
+constexpr std::size_t kLongestFrame = 8;
+
+/// Bytes that a message's last CAN frame needs (ISO 15765-2).
+std::size_t lastFrameLength(std::size_t length) {
+  constexpr std::size_t kInFirst = 6;
+  constexpr std::size_t kInOthers = 7;
+  if (length <= kInOthers) return 1 + length;
+  return 2 + (length - kInFirst - 1) % kInOthers;
 }
 
 bool mayBe29(ElmBus bus, std::string_view digits) {
@@ -110,6 +125,7 @@ std::optional<ElmMessage> parseHeadedFrame(ElmBus bus, Frame frame) {
   const std::size_t start = dataStart(bus, frame);
   if (start == 0) return std::nullopt;
   ElmMessage message;
+  message.headed = true;
   if (start >= 3) message.source = frame[2];
   message.bytes.assign(frame.begin() + static_cast<std::ptrdiff_t>(start), frame.end() - 1);
   return message;
@@ -124,6 +140,17 @@ void ElmAssembler::reset() {
   frames_ = 0;
 }
 
+void ElmAssembler::forget() {
+  senders_.clear();
+  reset();
+  headers_ = Headers::unknown;
+  wrongSums_ = 0;
+}
+
+void ElmAssembler::confirm(const ElmMessage& message) {
+  if (headers_ != Headers::shown) headers_ = message.headed ? Headers::shown : Headers::hidden;
+}
+
 bool ElmAssembler::incomplete() const {
   return !numbered_.empty() ||
          std::any_of(senders_.begin(), senders_.end(), [](const Sender& each) { return each.open; });
@@ -132,19 +159,22 @@ bool ElmAssembler::incomplete() const {
 std::optional<ElmMessage> ElmAssembler::accept(const ElmLine& line) {
   if (!line.isData()) return std::nullopt;
   const std::string_view digits = line.digits;
+  const bool numbered = line.number || digits.size() == 3;
+  if (numbered && headers_ == Headers::shown) return std::nullopt;
   if (line.number) return acceptNumbered(*line.number, digits);
+  if (digits.size() == 3) {
+    announce(digits);
+    return std::nullopt;
+  }
+  // Three digits of an identifier, and whole bytes behind them.
   if (digits.size() % 2 != 0) {
-    if (digits.size() == 3) {
-      announce(digits);
-      return std::nullopt;
-    }
-    const bool may11 = isCan(bus_) || bus_ == ElmBus::unknown;
+    const bool may11 = bus_ == ElmBus::can11 || bus_ == ElmBus::unknown;
     return may11 && digits.size() >= 5 && digits[0] <= '7'
                ? acceptCan(hexNumber(digits.substr(0, 3)), digits.substr(3))
                : std::nullopt;
   }
   if (mayBe29(bus_, digits)) return acceptCan(hexNumber(digits.substr(0, 8)), digits.substr(8));
-  return acceptHeaded(hexBytes(digits));
+  return acceptBytes(hexBytes(digits));
 }
 
 ElmAssembler::Sender* ElmAssembler::senderOf(std::uint32_t identifier) {
@@ -162,21 +192,30 @@ std::optional<ElmMessage> ElmAssembler::acceptCan(std::uint32_t identifier, std:
   const std::vector<std::uint8_t> frame = hexBytes(digits);
   Sender* const sender = senderOf(identifier);
   if (sender == nullptr || frame.empty() || frame[0] >> 4 >= kFlowControl) return std::nullopt;
+  if (frame.size() > kLongestFrame || (sender->pads && frame.size() < kLongestFrame)) return std::nullopt;
   if (bus_ == ElmBus::unknown) bus_ = identifier > 0x7FF ? ElmBus::can29 : ElmBus::can11;
   ++frames_;
   const auto result = sender->receiver.accept(frame);
   if (frame[0] >> 4 == kFirstFrame) sender->open = true;
   if (!result.complete) return std::nullopt;
   sender->open = false;
-  return ElmMessage{identifier, sender->receiver.message()};
+  const auto& message = sender->receiver.message();
+  if (frame.size() == kLongestFrame && lastFrameLength(message.size()) < kLongestFrame) sender->pads = true;
+  return ElmMessage{identifier, message, true};
 }
 
-std::optional<ElmMessage> ElmAssembler::whole(std::optional<std::uint32_t> source, Frame bytes) {
+std::optional<ElmMessage> ElmAssembler::acceptBytes(Frame frame) {
+  if (frame.empty()) return std::nullopt;
+  if (headers_ != Headers::hidden) {
+    if (auto message = acceptOnWire(frame)) return message;
+    const bool headed = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(bus_, frame);
+    if (headed || headers_ == Headers::shown) return std::nullopt;
+  }
   ++frames_;
-  return ElmMessage{source, {bytes.begin(), bytes.end()}};
+  return ElmMessage{std::nullopt, {frame.begin(), frame.end()}, false};
 }
 
-std::optional<ElmMessage> ElmAssembler::acceptHeaded(Frame frame) {
+std::optional<ElmMessage> ElmAssembler::acceptOnWire(Frame frame) {
   const bool found = bus_ == ElmBus::unknown;
   if (found) bus_ = recognise(frame);
   if (auto message = parseHeadedFrame(bus_, frame)) {
@@ -186,13 +225,12 @@ std::optional<ElmMessage> ElmAssembler::acceptHeaded(Frame frame) {
   }
   // A header with a wrong checksum is a damaged frame, not the bytes of a service, unless the adapter never
   // shows a right one: it has looked at it itself.
-  const bool headed = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(frame);
+  const bool headed = !isCan(bus_) && bus_ != ElmBus::unknown && looksHeaded(bus_, frame);
   auto unsummed = headed ? parseUnsummed(frame) : std::nullopt;
-  if (unsummed && wrongSums_ != kNeverTrusted && (found || ++wrongSums_ > kTrustedAfter)) {
-    ++frames_;
-    return unsummed;
-  }
-  return headed || frame.empty() ? std::nullopt : whole(std::nullopt, frame);
+  if (!unsummed || wrongSums_ == kNeverTrusted || (!found && ++wrongSums_ <= kTrustedAfter))
+    return std::nullopt;
+  ++frames_;
+  return unsummed;
 }
 
 void ElmAssembler::announce(std::string_view digits) {
@@ -212,7 +250,7 @@ std::optional<ElmMessage> ElmAssembler::acceptNumbered(int number, std::string_v
   found->next = (found->next + 1) & 0x0F;
   if (found->bytes.size() < found->length) return std::nullopt;
   found->bytes.resize(found->length);
-  ElmMessage message{std::nullopt, std::move(found->bytes)};
+  ElmMessage message{std::nullopt, std::move(found->bytes), false};
   numbered_.erase(found);
   return message;
 }

@@ -30,14 +30,22 @@ struct ElmMessage {
   /// show headers.
   std::optional<std::uint32_t> source;
   std::vector<std::uint8_t> bytes;  ///< of the service, without header, length and checksum
+  bool headed = false;              ///< a header was shown, with the ECU's address or without
 };
 
 /// Makes messages of the data lines of an answer. It tells from a line itself whether it has a header, as not
 /// every adapter shows or hides headers as it is told. Several ECUs may answer at once. Memory is bounded.
+///
+/// Characters get lost on the way from an adapter. What an adapter and an ECU have done once they go on
+/// doing: lines that differ from it are damaged, and not taken.
 class ElmAssembler {
  public:
   /// Forgets the answer under way.
   void reset();
+  /// Forgets what the adapter and the ECUs do, too.
+  void forget();
+  /// The message answers what was asked: the adapter shows headers, or hides them, as with this one.
+  void confirm(const ElmMessage& message);
   void setBus(ElmBus bus) { bus_ = bus; }
   /// Frames of a bus that is not known tell which one it is.
   ElmBus bus() const { return bus_; }
@@ -54,6 +62,7 @@ class ElmAssembler {
   struct Sender {
     std::uint32_t identifier = 0;
     bool open = false;
+    bool pads = false;  ///< it fills frames up to 8 bytes
     IsoTpReceiver receiver;
   };
   /// A message in numbered lines: "014", "0: 49 02 ...", "1: ...".
@@ -64,13 +73,16 @@ class ElmAssembler {
   };
 
   std::optional<ElmMessage> acceptCan(std::uint32_t identifier, std::string_view digits);
-  std::optional<ElmMessage> acceptHeaded(std::span<const std::uint8_t> frame);
+  std::optional<ElmMessage> acceptBytes(std::span<const std::uint8_t> frame);
   std::optional<ElmMessage> acceptNumbered(int number, std::string_view digits);
   void announce(std::string_view digits);
-  std::optional<ElmMessage> whole(std::optional<std::uint32_t> source, std::span<const std::uint8_t> bytes);
+  std::optional<ElmMessage> acceptOnWire(std::span<const std::uint8_t> frame);
   Sender* senderOf(std::uint32_t identifier);
 
+  enum class Headers : std::uint8_t { unknown, shown, hidden };
+
   ElmBus bus_ = ElmBus::unknown;
+  Headers headers_ = Headers::unknown;
   std::deque<Sender> senders_;
   std::vector<Numbered> numbered_;
   int frames_ = 0;

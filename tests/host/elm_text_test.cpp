@@ -125,6 +125,28 @@ TEST(ElmAssembler, TakesChecksumsThatAreNeverRightForNone) {
               ElementsAre("10: 41 0D 20"));
 }
 
+TEST(ElmAssembler, RefusesLinesThatLostCharacters) {
+  ElmAssembler can;
+  can.setBus(ElmBus::can11);
+  const auto first = can.accept(parseElmLine("7E804410C1AF8AAAAAA"));
+  ASSERT_TRUE(first);
+  can.confirm(*first);
+  // Two digits of an ECU that pads, one digit, the whole header, the line's end.
+  EXPECT_THAT(messagesOf(can, {"7E804410C1A8AAAAAA", "7E804410C18AAAAAA", "410C1AF8", "004", "0:410C1AF8",
+                               "7E804410C1AF8AAAAAA7E9"}),
+              ElementsAre());
+  EXPECT_THAT(messagesOf(can, {"7E903410D20", "7E804410C1AF9AAAAAA"}),
+              ElementsAre("07E9: 41 0D 20", "07E8: 41 0C 1A F9"));
+  can.forget();
+  EXPECT_THAT(messagesOf(can, {"410C1AF8"}), ElementsAre("41 0C 1A F8"));
+  // Bytes whose last is the sum of the others, on a line without headers.
+  EXPECT_THAT(messagesOf(ElmBus::iso9141, {"41 20 00 10 A0 11"}), ElementsAre("41 20 00 10 A0 11"));
+  ElmAssembler wire;
+  wire.setBus(ElmBus::j1850);
+  wire.confirm(ElmMessage{std::nullopt, {0x41, 0x0C, 0x1A, 0xF8}, false});
+  EXPECT_THAT(messagesOf(wire, {"48 6B 10 41 0D 20 4D"}), ElementsAre("48 6B 10 41 0D 20 4D"));
+}
+
 TEST(ElmAssembler, DropsWhatMakesNoSense) {
   ElmAssembler assembler;
   assembler.setBus(ElmBus::can11);

@@ -32,8 +32,9 @@ class Elm327Peer {
   std::set<std::string> unknown;  ///< commands (as sent, without digits of a value) answered by "?"
   bool keepsEcho = false;
   bool keepsBlanks = false;
-  bool countsFrames = true;  ///< knows the digit behind a request
-  bool severalPids = false;  ///< its ECUs answer several PIDs of service 01 at once
+  bool countsFrames = true;     ///< knows the digit behind a request
+  bool ignoresAddress = false;  ///< says OK to ATSH, and asks all
+  bool severalPids = false;     ///< its ECUs answer several PIDs of service 01 at once
   std::string lineEnd = "\r";
   /// Command -> texts that are sent instead of what is right, once each, as they are.
   std::map<std::string, std::deque<std::string>> instead;
@@ -69,6 +70,7 @@ class Elm327Peer {
     blanks_ = true;
     headers_ = false;
     header_.clear();
+    filter_.clear();
     protocol_ = '0';
     searched_ = false;
   }
@@ -115,7 +117,9 @@ class Elm327Peer {
       searched_ = false;
       header_.clear();
     }
-    if (is("SH")) header_ = text.substr(2);
+    if (is("SH") && !ignoresAddress) header_ = text.substr(2);
+    if (is("CRA")) filter_ = text.substr(3);
+    if (text == "AR") filter_.clear();
     for (const std::string_view known : {"Z",  "E",   "S",  "H",  "SP", "SH", "L",  "M",  "AT",  "ST", "CAF",
                                          "CP", "CRA", "AR", "CF", "CM", "FC", "WM", "PC", "IIA", "D"})
       if (is(known)) return says("OK");
@@ -184,7 +188,7 @@ class Elm327Peer {
   std::vector<std::string> answerLines(const std::string& request) {
     std::vector<std::string> lines;
     for (Ecu& ecu : ecus)
-      if (hears(ecu))
+      if (hears(ecu) && (filter_.empty() || filter_ == hex(ecu.source, static_cast<int>(filter_.size()))))
         for (const std::string& response : responses(ecu, request))
           for (std::string& line : frames(ecu, response)) lines.push_back(std::move(line));
     return lines;
@@ -249,6 +253,7 @@ class Elm327Peer {
   bool searched_ = false;
   char protocol_ = '0';
   std::string header_;
+  std::string filter_;
 };
 
 }  // namespace tarnlog::test

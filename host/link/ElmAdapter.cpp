@@ -107,14 +107,16 @@ void ElmAdapter::setFilter(const ElmAddress& address) {
     else
       openFilter(address);
   }
-  if (address.ownFlowControl) {
+  // With 29 bits the adapter makes the address of its own.
+  const bool ownFlowControl = address.ownFlowControl && bus() != ElmBus::can29;
+  if (ownFlowControl) {
     tell("ATFCSH" + address.header);
     tell("ATFCSD300000");
     tell("ATFCSM1");
   } else if (ownFlowControl_) {
     tell("ATFCSM0");
   }
-  ownFlowControl_ = address.ownFlowControl;
+  ownFlowControl_ = ownFlowControl;
 }
 
 /// Old chips know one of the two, later ones both; what one does not know is passed over.

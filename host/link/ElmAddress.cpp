@@ -102,7 +102,7 @@ ElmAddress onWire(const LinkTarget& target, bool obd, ElmBus bus) {
 ElmAddress answeredFrom(ElmAddress address, const LinkTarget& target) {
   if (!target.response || address.toAll) return address;
   const auto source = static_cast<std::uint32_t>(*target.response);
-  if (address.source != source) address.ownFilter = true;
+  if (address.source != source) address.ownFilter = address.ownFlowControl = true;
   address.source = source;
   return address;
 }

@@ -66,7 +66,7 @@ void Setup::reset() {
 
 /// A setting that an adapter does not know ("?") is gone on without.
 ElmReply Setup::set(std::string_view command) {
-  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+  for (int attempt = 0; attempt < (identified_ ? kAttempts : 1); ++attempt) {
     ElmReply reply = console_.command(command, kCommandPatience);
     const bool word =
         reply.lines.size() == 1 && (reply.has(ElmNotice::ok) || reply.has(ElmNotice::unknownCommand));
@@ -92,8 +92,9 @@ std::string Setup::run() {
     // The echo goes first: with it, everything else comes twice.
     if (set("ATE0").has(ElmNotice::restarted)) continue;
     const ElmReply identification = set("ATI");
-    if (!settle()) continue;
+    if (!identified_) set("ATE0");
     if (!identified_) failForeign();
+    if (!settle()) continue;
     return std::string(identification.text());
   }
   fail("the adapter starts again and again: is its supply weak, or its plug loose?");

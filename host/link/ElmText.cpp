@@ -116,12 +116,13 @@ ElmLine parseElmLine(std::string_view text) {
 std::string quotedText(std::string_view text) {
   constexpr std::size_t kLongest = 60;
   std::string out = "\"";
-  for (const char c : text.substr(0, kLongest)) {
+  for (const char c : text) {
+    if (out.size() > kLongest) return out + "...\"";
     const auto code = static_cast<unsigned char>(c);
     const bool plain = code >= 0x20 && code < 0x7F;
     out += plain ? std::string(1, c) : fmt::format("\\x{:02X}", code);
   }
-  return out + (text.size() > kLongest ? "...\"" : "\"");
+  return out + '"';
 }
 
 bool beginsWork(std::string_view text) {

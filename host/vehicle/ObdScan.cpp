@@ -48,6 +48,7 @@ struct FoundEcu {
   LinkTarget target;
   Pids pids;               ///< that it gives
   std::size_t listed = 0;  ///< how many it says that it has
+  std::string silence;     ///< why it does not give the last one
   bool turns = false;      ///< it says that it has an engine speed
 };
 
@@ -153,7 +154,9 @@ std::vector<FoundEcu> Search::findEcus() {
     if (listed.empty()) continue;
     const bool turns = std::find(listed.begin(), listed.end(), kEngineSpeed) != listed.end();
     enter(OpeningPhase::data);
-    ecus.push_back({target, PidTrial(conversation_, target).given(listed), listed.size(), turns});
+    PidTrial trial(conversation_, target);
+    Pids given = trial.given(listed);
+    ecus.push_back({target, std::move(given), listed.size(), trial.silence(), turns});
   }
   return ecus;
 }
@@ -227,6 +230,12 @@ RequestDescription describePid(std::uint8_t number) {
   return request;
 }
 
+std::string nothingGiven(const FoundEcu& ecu) {
+  return fmt::format("the ECU at address 0x{:X} gives none of the data that it lists ({} PID{}){}{}",
+                     static_cast<std::uint32_t>(ecu.target.address), ecu.listed, ecu.listed == 1 ? "" : "s",
+                     ecu.silence.empty() ? "" : ": ", ecu.silence);
+}
+
 /// Why there is nothing to offer.
 std::string reason(const Search& search, const std::vector<std::string>& notes) {
   if (!notes.empty()) return fmt::format("{}", fmt::join(notes, ", "));
@@ -264,9 +273,7 @@ VehicleDescription scanObdVehicle(Link& link, LinkClock& clock, const PhaseHook&
   std::vector<std::string> notes;
   for (const FoundEcu& ecu : found)
     if (ecu.pids.empty())
-      notes.push_back(fmt::format("the ECU at address 0x{:X} gives none of the data that it lists ({} PID{})",
-                                  static_cast<std::uint32_t>(ecu.target.address), ecu.listed,
-                                  ecu.listed == 1 ? "" : "s"));
+      notes.push_back(nothingGiven(ecu));
     else
       vehicle.ecus.push_back(describe(ecu, vehicle.ecus));
   if (vehicle.ecus.empty())

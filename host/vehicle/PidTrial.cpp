@@ -62,7 +62,8 @@ bool PidTrial::comesAlone(std::uint8_t pid) {
 }
 
 Conversation::Outcome PidTrial::ask(std::span<const std::uint8_t> request) {
-  return conversation_.exchange(target_, request, kTimeout, response_);
+  outcome_ = conversation_.exchange(target_, request, kTimeout, response_);
+  return outcome_;
 }
 
 }  // namespace tarnlog::host

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "host/vehicle/Conversation.h"
@@ -18,6 +19,10 @@ class PidTrial {
 
   /// Those that the ECU gives, or may give at another time. When the link fails, the rest is believed.
   std::vector<std::uint8_t> given(std::span<const std::uint8_t> pids);
+  /// Why the PID tried last was not given, when the ECU was silent.
+  std::string silence() const {
+    return outcome_ == Conversation::Outcome::silent ? conversation_.silence({}) : std::string();
+  }
 
  private:
   bool answers(std::span<const std::uint8_t> group, std::uint8_t pid);
@@ -28,8 +33,9 @@ class PidTrial {
   Conversation& conversation_;
   const LinkTarget& target_;
   Link::Bytes response_;
-  std::vector<std::uint8_t> came_;  ///< of the group asked together
-  bool together_ = true;            ///< the car may know requests for several
+  Conversation::Outcome outcome_ = Conversation::Outcome::answered;  ///< of the newest request
+  std::vector<std::uint8_t> came_;                                   ///< of the group asked together
+  bool together_ = true;  ///< the car may know requests for several
 };
 
 }  // namespace tarnlog::host

@@ -129,7 +129,8 @@ TEST(Obd, LeavesOutWhatTheCarDoesNotGive) {
   const auto vehicle = mute.open(mute.makeLink());
   EXPECT_EQ(vehicle->session().ecuCount(), 1U);
   EXPECT_THAT(vehicle->description().notes,
-              ElementsAre("the ECU at address 0x7E1 gives none of the data that it lists (1 PID)"));
+              ElementsAre("the ECU at address 0x7E1 gives none of the data that it lists (1 PID): no answer: "
+                          "the adapter says NO DATA"));
   // What could not be tried is believed.
   Car gone;
   gone.adapter.instead["010C"] = {"LV RESET\r\r>"};
@@ -196,7 +197,7 @@ TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   // Each cycle gives new values; an answer that does not fit is not taken apart.
   car.adapter.ecus[0].answers["010D"] = {"410D33"};
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
-  car.adapter.instead["010C0D05042"] = {"7E806410C1AF80D3300\r\r>"};
+  car.adapter.instead["010C0D05042"] = {"7E806410C1AF80D33\r\r>"};
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
   car.adapter.heard.clear();
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));

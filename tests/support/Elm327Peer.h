@@ -237,7 +237,7 @@ class Elm327Peer {
       const std::size_t take = number == 0 ? 12 : 14;
       std::string part = response.substr(at, take);
       at += take;
-      while (number > 0 && part.size() < take) part += "00";
+      while (!headers_ && number > 0 && part.size() < take) part += "00";
       if (headers_)
         lines.push_back(headed((number == 0 ? "1" + hex(length, 3) : "2" + hex(number & 0xF, 1)) + part));
       else

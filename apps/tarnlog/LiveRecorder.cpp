@@ -57,7 +57,7 @@ WindowEnvironment LiveRecorder::environment() {
     options_.link.trace.clear();  // a trace is of one vehicle
     return vehicle;
   };
-  return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl},
+  return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_},
           open,
           exampleVehicles(),
           [] { return findCarDevices(); }};

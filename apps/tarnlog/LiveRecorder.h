@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
@@ -46,6 +47,7 @@ class LiveRecorder {
   FolderSettings folderSettings_{settings_, options_.folder};
   QtTimer timer_;
   QtDialogs dialogs_;
+  EndRecordingBox endQuestion_;
   std::string failedPath_;
   int attempts_ = 0;  ///< to open the vehicle that is traced
 };

@@ -8,6 +8,7 @@
 #include "platform/time/Clock.h"
 #include "platform/time/Timer.h"
 #include "ui/main/Dialogs.h"
+#include "ui/main/EndQuestion.h"
 
 namespace tarnlog {
 
@@ -21,6 +22,8 @@ struct MainEnvironment {
   UserLocale locale;
   /// Of an XSL stylesheet, written into configurations and XML records: it shows them in a browser.
   std::string stylesheetUrl = "tarnlog.xsl";
+  /// Asked before a click ends a recording that runs; without one it ends at once.
+  EndQuestion* endQuestion = nullptr;
 };
 
 }  // namespace tarnlog

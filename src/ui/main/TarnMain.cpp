@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
@@ -17,6 +18,7 @@
 #include "ui/main/LogView.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/NoticeBar.h"
+#include "ui/main/RecordingGuard.h"
 #include "ui/main/Tarn2001.h"
 
 namespace tarnlog {
@@ -47,6 +49,7 @@ TarnMain::TarnMain(const MainEnvironment& environment, QWidget* parent) : QWidge
 
 /// The views go before what they stand on.
 TarnMain::~TarnMain() {
+  delete guard_;
   configure_->disconnect(this);
   acq_->acq().setAcqStoppedHandler({});
   acq_->acq().setLogAddedHandler({});
@@ -65,6 +68,8 @@ void TarnMain::create(const MainEnvironment& environment) {
   configure_->setObjectName("ctlTarnConfigure");
   acq_->setObjectName("ctlTarnAcq");
   log_->setObjectName("logText");
+  guard_ = new RecordingGuard(
+      environment.endQuestion, [this] { return recordingRuns(); }, this);
   createTabs();
   addActions(configure_->fileActions());
 
@@ -146,12 +151,28 @@ std::string TarnMain::configurationFile() const { return configure_->desk().file
 bool TarnMain::configurationChanged() const { return configure_->desk().changed(); }
 bool TarnMain::configurationMayBeLost() { return configure_->mayBeLost(); }
 void TarnMain::stopAcquisition() { acq_->acq().AskStopAcqNow(); }
+
+bool TarnMain::recordingRuns() const {
+  const TarnAcq& acq = acq_->acq();
+  return acq.AcqState() != TarnAcq::kIdle && !acq.endAsked() && (acq.Recording() || acq.startPending());
+}
+
+void TarnMain::whenRecordingMayEnd(std::function<void()> then) { guard_->whenMayEnd(std::move(then)); }
+
 TarnAcq& TarnMain::ctlTarnAcq() { return acq_->acq(); }
 
 // --- the views
 
+/// Until a recording may end, its tab stays the current one.
 void TarnMain::onTab(int tab) {
   const QString key = tabs_->tabData(tab).toString();
+  if (!recordingRuns()) return enter(key);
+  selectTab("ACQ");
+  whenRecordingMayEnd([this, key] { enter(key); });
+}
+
+void TarnMain::enter(const QString& key) {
+  selectTab(key);
   if (key == "CONF") enterConfiguration();
   if (key == "ACQ") enterAcquisition();
   if (key == "log") enterLog();
@@ -193,10 +214,10 @@ void TarnMain::showConfiguration() {
 }
 
 /// Without the click that would start or stop something.
-void TarnMain::selectTab(const char* key) {
+void TarnMain::selectTab(const QString& key) {
   const QSignalBlocker silent(tabs_);
   for (int tab = 0; tab < tabs_->count(); ++tab)
-    if (tabs_->tabData(tab) == QString(key)) tabs_->setCurrentIndex(tab);
+    if (tabs_->tabData(tab) == key) tabs_->setCurrentIndex(tab);
 }
 
 bool TarnMain::current(const char* key) const {

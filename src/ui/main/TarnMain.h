@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,6 +14,7 @@ namespace tarnlog {
 class AcqView;
 class LogView;
 class NoticeBar;
+class RecordingGuard;
 class Tarn2001;
 class TarnAcq;
 class SettingsStore;
@@ -49,6 +51,13 @@ class TarnMain : public QWidget {
   /// Asks the acquisition to end, files closed; `acquisitionStopped` comes exactly once, maybe before this
   /// returns. The configuration view takes the place of the acquisition's.
   void stopAcquisition();
+  /// A recording runs, in an acquisition that nobody has asked to end.
+  bool recordingRuns() const;
+  /// For what ends the acquisition by the user's wish (closing, another vehicle): runs `then` at once when
+  /// nothing records, else once the environment's question was answered with yes. A later wish takes the
+  /// place of one that waits; when the recording ends while the question is open, `then` is dropped with it.
+  /// `then` may run inside a request.
+  void whenRecordingMayEnd(std::function<void()> then);
 
   Tarn2001& ctlTarnConfigure() { return *configure_; }
   TarnAcq& ctlTarnAcq();
@@ -69,11 +78,12 @@ class TarnMain : public QWidget {
   void create(const MainEnvironment& environment);
   void createTabs();
   void onTab(int tab);
+  void enter(const QString& key);
   void enterConfiguration();
   void enterAcquisition();
   void enterLog();
   void showConfiguration();
-  void selectTab(const char* key);
+  void selectTab(const QString& key);
   bool current(const char* key) const;
 
   std::unique_ptr<OwnEnvironment> own_;
@@ -84,6 +94,7 @@ class TarnMain : public QWidget {
   Tarn2001* configure_ = nullptr;
   AcqView* acq_ = nullptr;
   LogView* log_ = nullptr;
+  RecordingGuard* guard_ = nullptr;
 };
 
 }  // namespace tarnlog

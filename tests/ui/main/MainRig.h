@@ -12,6 +12,7 @@
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/ScriptedDialogs.h"
+#include "tests/support/ScriptedEndQuestion.h"
 #include "tests/support/SteppedClock.h"
 #include "ui/common/Convert.h"
 #include "ui/main/LogView.h"
@@ -104,9 +105,10 @@ class MainRig {
   MemoryFileSystem files;
   MemorySettingsStore settings;
   ScriptedDialogs dialogs;
+  ScriptedEndQuestion endQuestion;
   std::function<void()> whileWaiting;  ///< runs once, while the recorder waits for the car
   std::unique_ptr<host::OpenedVehicle> vehicle;
-  MainEnvironment environment{clock, timer, files, settings, dialogs, {}};
+  MainEnvironment environment{clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion};
   TarnMain main{environment};
   int stopped = 0;
 };

@@ -87,6 +87,7 @@ TEST(TarnMain, SwitchesViewsWhileTheLinkWaits) {
   std::string views;
   rig.whileWaiting = [&] {
     rig.view("CONF");
+    rig.endQuestion.answer(true);
     views = rig.visibleViews();
   };
   rig.ticks(1);
@@ -107,6 +108,44 @@ TEST(TarnMain, SwitchesViewsWhileTheLinkWaits) {
   EXPECT_EQ(rig.main.ctlTarnAcq().AcqState(), TarnAcq::kInitialise);
   rig.view("log");
   EXPECT_EQ(rig.visibleViews(), "logText");
+}
+
+/// One click, or one notch of the wheel on the way down a page, must not end a drive.
+TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.ticks(1);
+  const auto press = [&] {
+    rig.child<QAbstractButton>("CommandStartStop").click();
+    rig.ticks(2);
+  };
+  press();
+  rig.view("log");
+  rig.ticks(2);
+  EXPECT_EQ(rig.currentView() + ", " + rig.visibleViews(), "ACQ, ctlTarnAcq");
+  rig.endQuestion.answer(false);
+  EXPECT_TRUE(rig.main.ctlTarnAcq().Recording());
+
+  bool ended = false;
+  rig.view("CONF");
+  rig.main.whenRecordingMayEnd([&] { ended = true; });
+  EXPECT_EQ(rig.endQuestion.asked, 2) << "one question at a time";
+  press();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return rig.endQuestion.withdrawn == 1; }, 1000));
+  rig.endQuestion.answer(true);
+  EXPECT_EQ(rig.currentView(), "ACQ") << "the recording has ended by itself: nobody is asked any longer";
+  EXPECT_FALSE(ended);
+  rig.main.whenRecordingMayEnd([&] { ended = true; });
+  EXPECT_TRUE(ended) << "nothing records";
+
+  press();
+  rig.view("log");
+  rig.endQuestion.answer(true);
+  rig.ticks(1);
+  EXPECT_EQ(rig.currentView() + ", " + rig.visibleViews(), "log, logText");
+  EXPECT_EQ(rig.stopped, 1);
 }
 
 TEST(TarnMain, BeginsAnewWithASecondSession) {

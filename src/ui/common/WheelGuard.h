@@ -8,4 +8,7 @@ namespace tarnlog {
 /// changes in passing.
 void changeByWheelOnlyWithFocus(QWidget& input);
 
+/// The wheel never changes this one.
+void changeNeverByWheel(QWidget& input);
+
 }  // namespace tarnlog

@@ -14,6 +14,7 @@
 #include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
+#include "ui/common/WheelGuard.h"
 #include "ui/init/TarnInit.h"
 #include "ui/main/LackText.h"
 #include "ui/main/NoticeBar.h"
@@ -53,6 +54,7 @@ Tarn2001::Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidg
   tabStrip_->setObjectName("TabStripMain");
   tabStrip_->setAccessibleName(tr("Configuration screens"));
   tabStrip_->setExpanding(false);
+  changeNeverByWheel(*tabStrip_);
   screens_ = new QStackedWidget(this);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

@@ -15,6 +15,7 @@
 #include "ui/acquisition/AcqView.h"
 #include "ui/common/DesktopLocale.h"
 #include "ui/common/QtTimer.h"
+#include "ui/common/WheelGuard.h"
 #include "ui/main/LogView.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/NoticeBar.h"
@@ -103,6 +104,7 @@ void TarnMain::createTabs() {
   tabs_->setObjectName("TabSmain");
   tabs_->setAccessibleName(tr("Views"));
   tabs_->setExpanding(false);
+  changeNeverByWheel(*tabs_);
   const auto add = [this](const QString& caption, const char* key) {
     tabs_->setTabData(tabs_->addTab(caption), key);
   };

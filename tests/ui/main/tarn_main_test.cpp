@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
+#include <QWheelEvent>
+#include <algorithm>
 
 #include "platform/base/TarnError.h"
 #include "platform/controls/CWNumEdit.h"
@@ -114,6 +116,11 @@ TEST(TarnMain, SwitchesViewsWhileTheLinkWaits) {
 TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
   MainRig rig;
   rig.main.setSession(&rig.vehicle->session());
+void turnWheel(QWidget& over) {
+  QWheelEvent notch({5, 5}, over.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&over, &notch);
+}
+
   rig.main.OpenConfigFile("/c.xml");
   rig.tickUntil(TarnAcq::kCommunicate);
   rig.ticks(1);
@@ -126,6 +133,10 @@ TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
   rig.ticks(2);
   EXPECT_EQ(rig.currentView() + ", " + rig.visibleViews(), "ACQ, ctlTarnAcq");
   rig.endQuestion.answer(false);
+  turnWheel(rig.child<QTabBar>("TabSmain"));
+  turnWheel(rig.child<QTabBar>("TabStripMain"));
+  EXPECT_EQ(rig.endQuestion.asked, 0);
+  EXPECT_EQ(rig.child<QTabBar>("TabStripMain").currentIndex(), 0);
   EXPECT_TRUE(rig.main.ctlTarnAcq().Recording());
 
   bool ended = false;

@@ -257,7 +257,8 @@ void RecorderWindow::acquireWaiting() {
 void RecorderWindow::openConfiguration(const QString& path) {
   whenIdle_->run([this, path] {
     Tarn2001& configure = recorder_->ctlTarnConfigure();
-    if (!configure.mayBeLost()) return;
+    const bool left = configure.Parameters() == nullptr;  // for another view, while a request was under way
+    if (left || !configure.mayBeLost()) return;
     if (!configure.load(fromQString(path))) recentConfigurations_.remove(fromQString(path));
   });
 }

@@ -270,3 +270,5 @@ void Tarn2001::showLacks() {
 }
 
 }  // namespace tarnlog
+/// A dialog that waits for the end of a request belongs to the view that is left.
+  whenIdle_->drop();

@@ -16,6 +16,8 @@ class WhenIdle : public QObject {
   /// Runs the action at once, or as soon as no request is under way. An action takes the place of one that
   /// still waits.
   void run(std::function<void()> action);
+  /// What still waits is not wanted any longer.
+  void drop() { waiting_ = nullptr; }
 
  protected:
   void timerEvent(QTimerEvent* event) override;

@@ -21,6 +21,8 @@ bool assign(T& field, T value) {
 void TriggerRules::refresh(oTarnTrigger* trigger, std::int32_t dataItems) {
   trigger_ = trigger;
   dataItems_ = dataItems;
+  option_ = kManualOption;
+  channel_ = 0;
   if (trigger_ == nullptr) return;
   falling_ = trigger_->edge == -1;
   level_ = trigger_->level;
@@ -28,8 +30,7 @@ void TriggerRules::refresh(oTarnTrigger* trigger, std::int32_t dataItems) {
   seconds_ = trigger_->timeSeconde;
   restart_ = trigger_->restart;
   const std::int32_t watched = trigger_->DataIndex;
-  channel_ = watched >= 1 && watched <= dataItems_ ? watched : 0;
-  option_ = kManualOption;
+  if (watched >= 1 && watched <= dataItems_) channel_ = watched;
   if (trigger_->typeTrigger == oTarnTrigger::kChannel) option_ = channelOption();
   if (trigger_->typeTrigger == oTarnTrigger::kTime && kind_ == Kind::stop) option_ = kTimeOption;
 }

@@ -138,11 +138,17 @@ void Tarn2001::giveParameters() {
   if (screens_->currentWidget() == paramInit_) paramInit_->setParameters(desk_.Parameters());
 }
 
+/// While the catalogue is read, and when that fails, all hold none.
 void Tarn2001::setSession(ferrox3::Session* session) {
-  session_ = session;
   const BusyPointer busy;
-  auto xmlSession = std::make_shared<const SessionDocument>(
-      session == nullptr ? SessionDocument() : BuildSessionDocument(*session));
+  takeSession(nullptr, std::make_shared<const SessionDocument>());
+  if (session != nullptr)
+    takeSession(session, std::make_shared<const SessionDocument>(BuildSessionDocument(*session)));
+}
+
+void Tarn2001::takeSession(ferrox3::Session* session,
+                           const std::shared_ptr<const SessionDocument>& xmlSession) {
+  session_ = session;
   desk_.setSession(xmlSession);
   select_->setXmlSession(xmlSession);
   paramInit_->setSession(session);
@@ -271,4 +277,3 @@ void Tarn2001::showLacks() {
 
 }  // namespace tarnlog
 /// A dialog that waits for the end of a request belongs to the view that is left.
-  whenIdle_->drop();

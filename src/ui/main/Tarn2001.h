@@ -34,7 +34,8 @@ class Tarn2001 : public QWidget {
 
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return desk_.Parameters(); }
-  /// Reads the whole catalogue of the session, which the host keeps alive. What the session raises is raised.
+  /// Reads the whole catalogue of the session, which the host keeps alive. What the session raises is raised;
+  /// there is none then.
   void setSession(ferrox3::Session* session);
   /// Raises what the loader raises, and error 1, "Parameters not defined", while the configuration is put
   /// away.
@@ -80,6 +81,7 @@ class Tarn2001 : public QWidget {
   bool saveTo(const std::string& fileName);
   bool chooseAndSave();
   void chooseAndLoad();
+  void takeSession(ferrox3::Session* session, const std::shared_ptr<const SessionDocument>& xmlSession);
 
   ConfigurationDesk desk_;
   Dialogs& dialogs_;

@@ -123,6 +123,7 @@ void TarnMain::setSession(ferrox3::Session* session) {
   log_->hide();
   parameters_ = std::make_shared<oTarnParameters>(*settings_);
   configure_->setParameters(parameters_);
+  acq_->acq().setSession(nullptr);  // when the catalogue cannot be read, nobody keeps the old one
   configure_->setSession(session);
   acq_->acq().setSession(session);
 }

@@ -117,6 +117,7 @@ void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
   values_.begin(items_.items());
   if (count == 0) {
     log_.add("No data to acquire");
+    recorder_.SetRecordingDisplay(false);
     return;
   }
   const RecordingPlan plan = planRecording(*parameters_, count);
@@ -203,6 +204,11 @@ bool TarnAcq::HandleHotKey(int key) {
   else
     return false;
   return true;
+}
+
+/// Hiding ended what ran without a change to the lamp.
+void TarnAcq::shown() {
+  if (state_ == kIdle) recorder_.SetRecordingDisplay(false);
 }
 
 void TarnAcq::hidden() {

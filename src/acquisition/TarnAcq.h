@@ -78,7 +78,8 @@ class TarnAcq {
   /// Enter (13) is the start/stop button, space (32) the event button; true when the key was one of them.
   bool HandleHotKey(int key);
 
-  /// The control that shows this was hidden, its graph area scrolled or resized.
+  /// The control that shows this was shown, hidden, its graph area scrolled or resized.
+  void shown();
   void hidden();
   void scrolled();
   void resized();

@@ -166,6 +166,11 @@ void AcqView::changeEvent(QEvent* event) {
   acq_->resized();
 }
 
+void AcqView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) acq_->shown();
+}
+
 /// A minimised window is hidden by the system; the view then goes on.
 void AcqView::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);

@@ -129,7 +129,6 @@ void TarnMain::setSession(ferrox3::Session* session) {
 }
 
 void TarnMain::OpenConfigFile(const std::string& filename) {
-  log_->clearLines();
   try {
     configure_->OpenConfigFile(filename);
   } catch (const TarnError& error) {
@@ -138,6 +137,7 @@ void TarnMain::OpenConfigFile(const std::string& filename) {
     throw TarnError(error.number(), "Tarnlog2001", "Open file error : " + error.description());
   }
   configure_->hide();
+  log_->clearLines();
   log_->hide();
   try {
     acq_->acq().StartReadingData(parameters_);

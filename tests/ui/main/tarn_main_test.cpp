@@ -12,6 +12,7 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/controls/CWNumEdit.h"
+#include "tests/support/ScriptedSession.h"
 #include "tests/ui/main/MainRig.h"
 #include "ui/init/TarnInit.h"
 
@@ -65,8 +66,10 @@ TEST(TarnMain, LeavesTheConfigurationViewWhenAFileCannotBeOpened) {
   EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
   rig.main.setSession(&rig.vehicle->session());
   EXPECT_EQ(failureOf([&] { rig.main.OpenConfigFile("/bad.xml"); }),
+  rig.main.ctlTarnAcq().addLog("a drive");
             "Tarnlog2001: Open file error : the file /bad.xml is not a Tarnlog file");
   EXPECT_THAT(failureOf([&] { rig.main.OpenConfigFile("/none.xml"); }),
+  EXPECT_THAT(rig.log(), ElementsAre("a drive")) << "the log of the latest acquisition stays";
               StartsWith("Tarnlog2001: Open file error : File : /none.xml"));
   EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
   EXPECT_FALSE(rig.timer.enabled());
@@ -112,16 +115,16 @@ TEST(TarnMain, SwitchesViewsWhileTheLinkWaits) {
   EXPECT_EQ(rig.visibleViews(), "logText");
 }
 
-/// One click, or one notch of the wheel on the way down a page, must not end a drive.
-TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
-  MainRig rig;
-  rig.main.setSession(&rig.vehicle->session());
 void turnWheel(QWidget& over) {
   QWheelEvent notch({5, 5}, over.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
   QApplication::sendEvent(&over, &notch);
 }
 
   rig.main.OpenConfigFile("/c.xml");
+/// One click, or one notch of the wheel on the way down a page, must not end a drive.
+TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
   rig.tickUntil(TarnAcq::kCommunicate);
   rig.ticks(1);
   const auto press = [&] {
@@ -198,6 +201,52 @@ TEST(TarnMain, SaysInTheLogWhyItDoesNotStart) {
 }
 
 /// Minimising sends the same event as hiding, but the user comes back to what he was doing.
+/// After it was hidden while it recorded, and when there is nothing to record any more.
+TEST(TarnMain, LooksIdleWhenNothingIsAcquired) {
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  const auto& button = rig.child<QAbstractButton>("CommandStartStop");
+  const auto record = [&] {
+    rig.tickUntil(TarnAcq::kCommunicate);
+    rig.ticks(1);
+    rig.child<QAbstractButton>("CommandStartStop").click();
+    rig.ticks(2);
+    EXPECT_EQ(button.text(), "Stop recording");
+  };
+  record();
+  rig.main.hide();
+  EXPECT_EQ(button.text(), "Stop recording");
+  rig.main.show();
+  EXPECT_EQ(button.text(), "Start recording");
+  rig.main.ctlTarnAcq().StartReadingData();
+  record();
+  rig.main.ctlTarnAcq().Parameters()->RemoveAll();
+  rig.main.ctlTarnAcq().StartReadingData();
+  EXPECT_EQ(rig.log().back(), "No data to acquire");
+  EXPECT_EQ(button.text(), "Start recording");
+}
+
+/// A session whose catalogue cannot be read is nobody's: neither the acquisition nor a screen keeps the old
+/// one, which the host may delete.
+TEST(TarnMain, HasNoSessionAfterOneThatCannotBeRead) {
+  class Unreadable : public test::ScriptedSession {
+    std::size_t ecuCount() const override { throw TarnError(7, "Session", "no catalogue"); }
+  };
+  MainRig rig;
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  Unreadable unreadable;
+  EXPECT_EQ(failureOf([&] { rig.main.setSession(&unreadable); }), "Session: no catalogue");
+  rig.vehicle.reset();
+  rig.choose("TabStripMain", "initsce");
+  rig.choose("TabStripMain", "data");
+  rig.ticks(2);
+  rig.view("ACQ");
+  EXPECT_THAT(rig.log(), ElementsAre("Session not defined, unable to acquire data"));
+}
+
 TEST(TarnMain, KeepsItsConfigurationWhenMinimisedAndTakesItUpAgainWhenShown) {
   MainRig rig;
   rig.main.setSession(&rig.vehicle->session());

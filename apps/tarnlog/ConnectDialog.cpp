@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -172,15 +173,19 @@ void ConnectDialog::showState() {
 }
 
 void ConnectDialog::browseLink() {
-  const auto file = askFile_(tr("Choose a trace"), link_->text().trimmed().mid(int(qstrlen(kReplay))),
-                             tr("Traces") + " (*.trace)|*.trace|" + tr("All files") + "|*.*");
-  if (file) link_->setText(kReplay + *file);
+  askFile_(tr("Choose a trace"), link_->text().trimmed().mid(int(qstrlen(kReplay))),
+           tr("Traces") + " (*.trace)|*.trace|" + tr("All files") + "|*.*",
+           [dialog = QPointer(this)](const QString& file) {
+             if (dialog != nullptr) dialog->link_->setText(kReplay + file);
+           });
 }
 
 void ConnectDialog::browseVehicle() {
-  const auto file = askFile_(tr("Choose a vehicle description"), vehicle_->text().trimmed(),
-                             tr("Vehicles") + " (*.json)|*.json|" + tr("All files") + "|*.*");
-  if (file) vehicle_->setText(*file);
+  askFile_(tr("Choose a vehicle description"), vehicle_->text().trimmed(),
+           tr("Vehicles") + " (*.json)|*.json|" + tr("All files") + "|*.*",
+           [dialog = QPointer(this)](const QString& file) {
+             if (dialog != nullptr) dialog->vehicle_->setText(file);
+           });
 }
 
 CarConnection ConnectDialog::connection() const {

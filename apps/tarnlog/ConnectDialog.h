@@ -24,8 +24,10 @@ class Notice;
 class ConnectDialog : public QDialog {
   Q_OBJECT
  public:
-  /// Asks for a file that exists; the arguments are title, proposed file and filter.
-  using AskFile = std::function<std::optional<QString>(const QString&, const QString&, const QString&)>;
+  /// Asks for a file that exists, maybe later, when no request is under way; the arguments are title,
+  /// proposed file, filter, and what takes the file.
+  using AskFile = std::function<void(const QString&, const QString&, const QString&,
+                                     std::function<void(const QString&)>)>;
 
   ConnectDialog(const std::vector<CarConnection>& recent, const std::vector<LinkChoice>& choices,
                 AskFile askFile, QWidget* parent = nullptr);

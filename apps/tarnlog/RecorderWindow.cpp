@@ -157,8 +157,11 @@ void RecorderWindow::openConnection(const CarConnection& connection) {
 
 void RecorderWindow::connectToCar() {
   if (findChild<ConnectDialog*>() != nullptr) return;
-  const auto askFile = [this](const QString& title, const QString& proposed, const QString& filter) {
-    return environment_.recorder.dialogs.fileToOpen(this, {title, proposed, filter, {}});
+  const auto askFile = [this](const QString& title, const QString& proposed, const QString& filter,
+                              const std::function<void(const QString&)>& chosen) {
+    whenIdle_->run([this, question = FileQuestion{title, proposed, filter, {}}, chosen] {
+      if (const auto file = environment_.recorder.dialogs.fileToOpen(this, question)) chosen(*file);
+    });
   };
   const CarDevices devices = environment_.findDevices ? environment_.findDevices() : CarDevices();
   auto* const dialog = new ConnectDialog(recentConnections_.all(), linkChoices(devices), askFile, this);

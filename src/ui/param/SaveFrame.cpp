@@ -151,13 +151,18 @@ void SaveFrame::connectControls() {
   connect(watcher_, &QFileSystemWatcher::directoryChanged, this, &SaveFrame::refreshFiles);
 }
 
+/// The dialog has no loop of its own: an acquisition may be ending meanwhile.
 void SaveFrame::browse() {
-  const QString folder =
-      QFileDialog::getExistingDirectory(this, tr("Destination folder"), toQString(rules_.folder()));
-  if (folder.isEmpty()) return;
-  const bool changed = rules_.setFolder(fromQString(folder));
-  showFolder();
-  acted(changed);
+  auto* const dialog = new QFileDialog(this, tr("Destination folder"), toQString(rules_.folder()));
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& folder) {
+    const bool changed = rules_.setFolder(fromQString(folder));
+    showFolder();
+    acted(changed);
+  });
+  dialog->open();
 }
 
 void SaveFrame::setDrives(std::vector<std::string> drives) {

@@ -194,16 +194,22 @@ void ScopePanel::connectEditors() {
   connect(axeXNbPoints_, &CWNumEdit::valueChanged, this, [this](double value) {
     note(!loading_ && editor_.changePoints(static_cast<std::int32_t>(value)));
   });
-  connect(valScopeColor_, &ColourBox::clicked, this, &ScopePanel::editColour);
+  connect(valScopeColor_, &ColourBox::clicked, this, &ScopePanel::askForColour);
 }
 
 void ScopePanel::note(bool changed) {
   if (changed) emit valueEdited();
 }
 
-void ScopePanel::editColour() {
-  const std::optional<QColor> chosen = askColour_ ? askColour_(this, valScopeColor_->colour()) : std::nullopt;
-  if (!chosen || !editor_.changeColour(static_cast<std::int32_t>(fromQColor(*chosen)))) return;
+void ScopePanel::askForColour() {
+  if (!askColour_) return;
+  askColour_(this, valScopeColor_->colour(), [this, asked = editor_.current()](const QColor& colour) {
+    if (asked == editor_.current()) takeColour(colour);
+  });
+}
+
+void ScopePanel::takeColour(const QColor& colour) {
+  if (!editor_.changeColour(static_cast<std::int32_t>(fromQColor(colour)))) return;
   loadValues();
   emit colourEdited();
 }

@@ -3,7 +3,6 @@
 #include <QColor>
 #include <QFrame>
 #include <functional>
-#include <optional>
 
 #include "ui/scope/ScopeEditor.h"
 
@@ -26,8 +25,10 @@ class ScopePanel : public QFrame {
   Q_OBJECT
 
  public:
-  /// Asks the user for a colour, beginning with the given one; none when cancelled.
-  using AskColour = std::function<std::optional<QColor>(QWidget* parent, const QColor& initial)>;
+  /// Asks the user for a colour, beginning with the given one, without waiting: `chosen` is called later, or
+  /// never. An acquisition may be ending meanwhile.
+  using AskColour =
+      std::function<void(QWidget* parent, const QColor& initial, std::function<void(const QColor&)> chosen)>;
 
   /// `editor` must outlive it.
   explicit ScopePanel(ScopeEditor& editor, QWidget* parent = nullptr);
@@ -53,7 +54,8 @@ class ScopePanel : public QFrame {
   void loadGraphs();
   void loadValues();
   void showParts();
-  void editColour();
+  void askForColour();
+  void takeColour(const QColor& colour);
   void note(bool changed);
 
   ScopeEditor& editor_;

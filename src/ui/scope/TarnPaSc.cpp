@@ -19,11 +19,13 @@ namespace {
 
 constexpr int kBetweenButtons = 10;
 
-std::optional<QColor> askPlatform(QWidget* parent, const QColor& initial) {
+void askPlatform(QWidget* parent, const QColor& initial, std::function<void(const QColor&)> chosen) {
   for (std::size_t i = 0; i < kScopePalette.size(); ++i)
     QColorDialog::setCustomColor(static_cast<int>(i), toQColor(static_cast<Colour>(paletteColour(i)), {}));
-  const QColor chosen = QColorDialog::getColor(initial, parent);
-  return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+  auto* const dialog = new QColorDialog(initial, parent);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  QObject::connect(dialog, &QColorDialog::colorSelected, parent, std::move(chosen));
+  dialog->open();
 }
 
 }  // namespace

@@ -138,9 +138,9 @@ TEST_F(ScopeScreen, TheColourComesFromTheDialog) {
   open("a:G b:I1");
   std::optional<QColor> answer;
   QColor offered;
-  screen_.setAskColour([&](QWidget*, const QColor& initial) {
+  screen_.setAskColour([&](QWidget*, const QColor& initial, const auto& chosen) {
     offered = initial;
-    return answer;
+    if (answer) chosen(*answer);
   });
   auto* const box = child<QWidget>("ValScopeColor");
   QTest::mouseClick(box, Qt::LeftButton);

@@ -31,7 +31,7 @@ LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsSto
                                       const std::string& file, const SessionDocument& session) {
   LoadedConfiguration loaded;
   loaded.parameters = std::make_shared<oTarnParameters>(settings);
-  loaded.lacks = loadForSession(*loaded.parameters, files, file, session);
+  loaded.lacks = loadForSession(*loaded.parameters, files, file, session).lacks;
   return loaded;
 }
 

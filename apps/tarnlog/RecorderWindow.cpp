@@ -271,7 +271,16 @@ void RecorderWindow::noteConfiguration() {
   if (file != notedConfiguration_ && !file.isEmpty())
     recentConfigurations_.add(fromQString(QFileInfo(file).absoluteFilePath()));
   notedConfiguration_ = file;
+  showEarlyConfiguration();
   showTitle();
+}
+
+/// The recorder, which tells the same, is not shown yet.
+void RecorderWindow::showEarlyConfiguration() {
+  const std::string& early = recorder_->ctlTarnConfigure().earlyFile();
+  if (early.empty()) return notices_->removeNotice("early");
+  const QString name = QFileInfo(toQString(early)).fileName();
+  notices_->showNotice("early", tr("%1 is opened as soon as there is a vehicle.").arg(name));
 }
 
 // --- the window

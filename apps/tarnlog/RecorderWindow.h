@@ -84,6 +84,7 @@ class RecorderWindow : public QMainWindow {
   bool communicating() const;
   void acquireWaiting();
   void noteConfiguration();
+  void showEarlyConfiguration();
   void showStart();
   void showTitle();
   void closeNow();

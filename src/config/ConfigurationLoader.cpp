@@ -4,6 +4,7 @@
 
 #include "config/ConfigurationReader.h"
 #include "config/LegacyConfigurationReader.h"
+#include "config/RecordMark.h"
 #include "config/oTarnParameters.h"
 
 /// Tells what a configuration file is and hands it to the reader of its version.
@@ -42,6 +43,8 @@ void oTarnParameters::LoadXmlConfiguration(const FileSystem& files, const std::s
   if (const auto error = document.parse(bytesOf(files, fileName))) throw notReadable(fileName, *error);
   const XmlElement root = document.documentNode().firstChild("Tarnlog2000");
   if (!root) throw loadError("the file " + fileName + " is not a Tarnlog file");
+  if (report != nullptr)
+    report->record = root.firstChild("row") || describesRecord(root.firstChild("Description").text());
   std::string version(root.attributeOrEmpty("Version"));
   std::replace(version.begin(), version.end(), ',', '.');
   if (version == "2.0")

@@ -5,7 +5,7 @@
 
 namespace tarnlog {
 
-/// What a load dropped from a configuration file, by name, in the order of the file.
+/// What a load passed over in a configuration file; names in the order of the file.
 struct LoadReport {
   struct Dropped {
     std::string ecu;
@@ -15,6 +15,7 @@ struct LoadReport {
   };
   std::vector<Dropped> data;
   std::vector<Dropped> scenarioRequests;
+  bool record = false;  ///< the file is a record or an event file; its rows are no configuration
 };
 
 }  // namespace tarnlog

@@ -33,8 +33,8 @@ void addWrongFunctions(std::vector<Lack>& lacks, const oTarnParameters& paramete
 
 }  // namespace
 
-std::vector<Lack> loadForSession(oTarnParameters& parameters, const FileSystem& files,
-                                 const std::string& fileName, const SessionDocument& session) {
+SessionLoad loadForSession(oTarnParameters& parameters, const FileSystem& files, const std::string& fileName,
+                           const SessionDocument& session) {
   parameters.RemoveAll();
   LoadReport report;
   parameters.LoadXmlConfiguration(files, fileName, session, &report);
@@ -50,7 +50,7 @@ std::vector<Lack> loadForSession(oTarnParameters& parameters, const FileSystem& 
     lacks.push_back({Lack::Kind::ScenarioRequest, pathOf(request.ecu, request.request, {})});
   if (parameters.startTrigger->typeTrigger != start) lacks.push_back({Lack::Kind::StartTrigger, {}});
   if (parameters.stopTrigger->typeTrigger != stop) lacks.push_back({Lack::Kind::StopTrigger, {}});
-  return lacks;
+  return {std::move(lacks), report.record};
 }
 
 }  // namespace tarnlog

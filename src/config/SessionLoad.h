@@ -23,11 +23,16 @@ struct Lack {
   std::string path;  ///< "ECU/REQUEST/DATA" or "ECU/REQUEST"; empty for triggers
 };
 
+/// What a load tells besides the configuration.
+struct SessionLoad {
+  std::vector<Lack> lacks;  ///< in the order of `Kind` and of the file
+  bool record = false;      ///< the file is a record or an event file
+};
+
 /// Replaces the data items by those of a configuration file, as this session can run them: numbered by
-/// position, references mapped and corrected. Returns what the session lacks, in the order of `Kind` and of
-/// the file. Raises the loader's TarnError when the file is not a configuration; there are no data items then
-/// and the rest is as before.
-std::vector<Lack> loadForSession(oTarnParameters& parameters, const FileSystem& files,
-                                 const std::string& fileName, const SessionDocument& session);
+/// position, references mapped and corrected. Raises the loader's TarnError when the file is not a
+/// configuration; there are no data items then and the rest is as before.
+SessionLoad loadForSession(oTarnParameters& parameters, const FileSystem& files, const std::string& fileName,
+                           const SessionDocument& session);
 
 }  // namespace tarnlog

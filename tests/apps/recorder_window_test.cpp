@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
@@ -17,6 +19,7 @@
 #include <optional>
 
 #include "apps/common/Signals.h"
+#include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
 #include "apps/tarnlog/LiveRecorder.h"
 #include "config/RegisterParameters.h"
@@ -54,17 +57,18 @@ struct RecorderWindowTest : ::testing::Test {
   /// Starts the program anew.
   void open() {
     window.reset();
-    window.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
-                                     [this](const CarConnection& car, const host::Link::IdleHook& hook) {
-                                       if (whileOpening) std::exchange(whileOpening, nullptr)();
-                                       hook();
-                                       return host::openVehicle(car.vehicle, files, {}, linkClock,
-                                                                [this] {
-                                                                  if (whileWaiting)
-                                                                    std::exchange(whileWaiting, nullptr)();
-                                                                },
-                                                                {car.link, {}, !car.link.empty(), {}});
-                                     }});
+    window.emplace(
+        WindowEnvironment{{clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion},
+                          [this](const CarConnection& car, const host::Link::IdleHook& hook) {
+                            if (whileOpening) std::exchange(whileOpening, nullptr)();
+                            hook();
+                            return host::openVehicle(car.vehicle, files, {}, linkClock,
+                                                     [this] {
+                                                       if (whileWaiting)
+                                                         std::exchange(whileWaiting, nullptr)();
+                                                     },
+                                                     {car.link, {}, !car.link.empty(), {}});
+                          }});
     window->show();
   }
   void ticks(int count) {
@@ -101,6 +105,7 @@ struct RecorderWindowTest : ::testing::Test {
   test::MemoryFileSystem files;
   FileSettingsStore settings{files, "/cfg/settings"};
   test::ScriptedDialogs dialogs;
+  EndRecordingBox endQuestion;
   std::function<void()> whileWaiting;  ///< these run once, where events may run
   std::function<void()> whileOpening;
   std::optional<RecorderWindow> window;
@@ -189,6 +194,40 @@ TEST_F(RecorderWindowTest, StaysUsableWithBrokenFiles) {
   EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001") << "the old vehicle stays";
   open();
   EXPECT_FALSE(window->findChild<NoticeBar*>()->isVisible()) << "said once";
+}
+
+TEST_F(RecorderWindowTest, KeepsAConfigurationThatIsOpenedBeforeTheVehicle) {
+  dialogs.filesToOpen = {"/c.xml"};
+  window->recorder().ctlTarnConfigure().fileActions().front()->trigger();
+  EXPECT_EQ(window->findChild<NoticeBar*>()->notice("early"),
+            "c.xml is opened as soon as there is a vehicle.");
+  window->openVehicle("/car.json");
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(window->recorder().ctlTarnConfigure().Parameters()->Count(), 1);
+  EXPECT_FALSE(window->findChild<NoticeBar*>()->isVisible());
+}
+
+/// The box has no loop of its own: the recording goes on below it.
+TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
+  window->acquire("/c.xml");
+  window->openVehicle("/car.json");
+  ticks(12);
+  press("CommandStartStop");
+  ticks(3);
+  view(0);
+  QPointer box = window->findChild<QMessageBox*>("endRecording");
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->text(), "A recording is running. End it?");
+  const auto rows = files.files[recordFiles().front()].size();
+  ticks(2);
+  EXPECT_GT(files.files[recordFiles().front()].size(), rows);
+  QTest::keyClick(box, Qt::Key_Return);
+  EXPECT_TRUE(window->recorder().recordingRuns());
+  view(0);
+  for (QAbstractButton* const button : window->findChild<QMessageBox*>("endRecording")->buttons())
+    if (button->text() == "&End recording") button->click();
+  ticks(1);
+  EXPECT_FALSE(window->recorder().recordingRuns());
 }
 
 TEST_F(RecorderWindowTest, EndsTheRecordingBeforeItCloses) {

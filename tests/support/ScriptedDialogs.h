@@ -15,6 +15,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<QString> filesToOpen;
   std::deque<QString> filesToSave;
   std::deque<Changed> decisions;
+  std::deque<Incomplete> places;
   std::vector<std::string> asked;  ///< every question and message in turn
 
   std::optional<QString> fileToOpen(QWidget*, const FileQuestion& question) override {
@@ -28,6 +29,9 @@ class ScriptedDialogs : public Dialogs {
   }
   Changed changedWork(QWidget*, const QString& what) override {
     return answer(decisions, "changed " + what).value_or(Changed::Cancel);
+  }
+  Incomplete incompleteWork(QWidget*, const QString& what) override {
+    return answer(places, "incomplete " + what).value_or(Incomplete::Cancel);
   }
 
  private:

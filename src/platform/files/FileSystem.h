@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -48,6 +49,10 @@ class FileSystem {
   /// Writes a whole file beside `path` and renames it into place.
   virtual void replace(const std::string& path, std::string_view bytes) = 0;
   virtual std::string readAll(const std::string& path) const = 0;
+  /// At most so many bytes.
+  virtual std::string readBeginning(const std::string& path, std::size_t most) const {
+    return readAll(path).substr(0, most);
+  }
 
   /// Called with the system's text at each failed write of a stream that this file system opened; also, once,
   /// when the file was removed meanwhile, which fails no write.

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -154,18 +155,24 @@ void SystemFileSystem::replace(const std::string& path, std::string_view bytes) 
 
 std::string SystemFileSystem::readAll(const std::string& path) const {
   constexpr std::size_t kMostBytes = std::size_t{1} << 30;  // a device may never end
+  std::string bytes = readBeginning(path, kMostBytes + 1);
+  if (bytes.size() > kMostBytes)
+    throw TarnError(EFBIG, "FileSystem", path + ": is larger than 1 GiB, which no file read here is");
+  return bytes;
+}
+
+std::string SystemFileSystem::readBeginning(const std::string& path, std::size_t most) const {
   const Descriptor file(path, O_RDONLY);
   std::string bytes;
   std::array<char, 65536> block{};
-  for (;;) {
-    const ssize_t count = ::read(file.get(), block.data(), block.size());
+  while (bytes.size() < most) {
+    const ssize_t count = ::read(file.get(), block.data(), std::min(block.size(), most - bytes.size()));
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw systemError(path, errno);
-    if (count == 0) return bytes;
+    if (count == 0) break;
     bytes.append(block.data(), static_cast<std::size_t>(count));
-    if (bytes.size() > kMostBytes)
-      throw TarnError(EFBIG, "FileSystem", path + ": is larger than 1 GiB, which no file read here is");
   }
+  return bytes;
 }
 
 }  // namespace tarnlog

@@ -15,6 +15,7 @@ class SystemFileSystem : public FileSystem {
   std::unique_ptr<FileStream> create(const std::string& path) override;
   void replace(const std::string& path, std::string_view bytes) override;
   std::string readAll(const std::string& path) const override;
+  std::string readBeginning(const std::string& path, std::size_t most) const override;
 };
 
 }  // namespace tarnlog

@@ -27,12 +27,13 @@ class ConfigurationDesk {
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
 
-  /// Loads into the object, which is then unchanged and belongs to the file. Raises the loader's TarnError;
-  /// the configuration is then without data and without a file, so that saving it overwrites nothing. Raises
-  /// error 1, "Parameters not defined", without an object; nothing has changed then.
-  void load(const std::string& fileName);
-  /// Also while the object is put away. Raises what the file system raises; file and `changed` are as before
+  /// Loads into the object, which is then unchanged and belongs to the file, unless that is a record. Raises
+  /// the loader's TarnError; the configuration is then without data and without a file, so that saving it
+  /// overwrites nothing. Raises error 1, "Parameters not defined", without an object; nothing has changed
   /// then.
+  void load(const std::string& fileName);
+  /// Also while the object is put away. Raises what the file system raises, and error 1 when the file is a
+  /// record; file and `changed` are as before then.
   void save(const std::string& fileName);
   /// The user changed something.
   void noteEdit();
@@ -42,12 +43,16 @@ class ConfigurationDesk {
   bool changed() const { return changed_; }
   /// What the vehicle does not give of the loaded file.
   const std::vector<Lack>& lacks() const { return lacks_; }
+  /// Parts of the file were left out at loading: saving over it would lose them.
+  bool incomplete() const { return incomplete_; }
+  /// The configuration came from a record and has no file of its own yet.
+  bool fromRecord() const { return fromRecord_; }
 
   /// Called when file, `changed` or the lacks may be others.
   void setStateHandler(std::function<void()> handler) { stateHandler_ = std::move(handler); }
 
  private:
-  void become(std::string fileName, bool changed, std::vector<Lack> lacks);
+  void become(std::string fileName, SessionLoad load, bool incomplete);
   static oTarnParameters& required(oTarnParameters* parameters, const char* operation);
 
   FileSystem& files_;
@@ -58,6 +63,8 @@ class ConfigurationDesk {
   std::string fileName_;
   bool changed_ = false;
   std::vector<Lack> lacks_;
+  bool incomplete_ = false;
+  bool fromRecord_ = false;
   std::function<void()> stateHandler_;
 };
 

@@ -75,4 +75,18 @@ Dialogs::Changed QtDialogs::changedWork(QWidget* parent, const QString& what) {
   }
 }
 
+Dialogs::Incomplete QtDialogs::incompleteWork(QWidget* parent, const QString& what) {
+  QMessageBox box(QMessageBox::Warning, tr("Save configuration"),
+                  tr("Parts of %1 do not fit this vehicle and were left out.").arg(what), QMessageBox::Cancel,
+                  parent);
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(tr("Saving it in place loses them. Save what is left under another name?"));
+  const QPushButton* const overwrite = box.addButton(tr("Save in &place"), QMessageBox::DestructiveRole);
+  QPushButton* const saveAs = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+  box.setDefaultButton(saveAs);
+  box.exec();
+  if (box.clickedButton() == saveAs) return Incomplete::SaveAs;
+  return box.clickedButton() == overwrite ? Incomplete::Save : Incomplete::Cancel;
+}
+
 }  // namespace tarnlog

@@ -17,11 +17,13 @@ struct FileQuestion {
   QString name = {};      ///< of the dialog, for those who look for it
 };
 
-/// Everything that asks the user and waits for the answer. Tests and hosts with dialogs of their own replace
-/// it.
+/// Everything that asks the user and waits for the answer, in a loop of its own: not to be asked inside a
+/// request, whose tick would stand still below it (see WhenIdle). Tests and hosts with dialogs of their own
+/// replace it.
 class Dialogs {
  public:
   enum class Changed { Save, Discard, Cancel };
+  enum class Incomplete { SaveAs, Save, Cancel };
 
   virtual ~Dialogs() = default;
   /// A file that exists; none when the user cancels.
@@ -32,6 +34,8 @@ class Dialogs {
   virtual void error(QWidget* parent, const QString& title, const QString& text) = 0;
   /// What to do with changed work that would be lost; `what` names it.
   virtual Changed changedWork(QWidget* parent, const QString& what) = 0;
+  /// Where to save what would replace a file of which parts were left out at loading; `what` names the file.
+  virtual Incomplete incompleteWork(QWidget* parent, const QString& what) = 0;
 };
 
 /// The toolkit's own dialogs.
@@ -42,6 +46,7 @@ class QtDialogs : public Dialogs {
   std::optional<QString> fileToSave(QWidget* parent, const FileQuestion& question) override;
   void error(QWidget* parent, const QString& title, const QString& text) override;
   Changed changedWork(QWidget* parent, const QString& what) override;
+  Incomplete incompleteWork(QWidget* parent, const QString& what) override;
 };
 
 }  // namespace tarnlog

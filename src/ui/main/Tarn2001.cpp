@@ -30,9 +30,9 @@ namespace {
 constexpr std::int16_t kLoad = 0;
 constexpr std::int16_t kSave = 1;
 
-FileQuestion configurationQuestion(const QString& title, const std::string& fileName) {
+FileQuestion configurationQuestion(const QString& title, const QString& proposed) {
   const QString filter = "Tarnlog (*.xml)|*.xml|" + Tarn2001::tr("All files") + "|*.*";
-  return {title, toQString(fileName), filter, ".xml", "ChooseFileName"};
+  return {title, proposed, filter, ".xml", "ChooseFileName"};
 }
 
 QString shownName(const std::string& fileName) { return QFileInfo(toQString(fileName)).fileName(); }
@@ -126,7 +126,7 @@ void Tarn2001::addScreen(QWidget* screen, const QString& caption, const char* ke
 void Tarn2001::setParameters(std::shared_ptr<oTarnParameters> parameters) {
   desk_.setParameters(std::move(parameters));
   giveParameters();
-  if (desk_.lacks().empty()) showLacks();
+  if (desk_.fileName().empty() && !desk_.fromRecord()) showLoad({});
   showState();
 }
 
@@ -153,6 +153,7 @@ void Tarn2001::takeSession(ferrox3::Session* session,
   select_->setXmlSession(xmlSession);
   paramInit_->setSession(session);
   if (screens_->currentWidget() == paramInit_) paramInit_->setParameters(desk_.Parameters());
+  showState();
 }
 
 void Tarn2001::showScreen(int tab) {
@@ -170,7 +171,8 @@ void Tarn2001::showScreen(int tab) {
 void Tarn2001::OpenConfigFile(const std::string& fileName) {
   const BusyPointer busy;
   desk_.load(fileName);
-  showLacks();
+  earlyFile_.clear();
+  showLoad(fileName);
   giveParameters();
 }
 
@@ -186,12 +188,30 @@ bool Tarn2001::load(const std::string& fileName) {
   }
   if (!failure.isEmpty())
     dialogs_.error(this, tr("Load error"), tr("Error when loading configuration file") + "\r\n" + failure);
-  showLacks();
+  earlyFile_ = failure.isEmpty() && session_ == nullptr ? fileName : "";
+  showLoad(fileName);
   giveParameters();
+  showState();
   return failure.isEmpty();
 }
 
-bool Tarn2001::save() { return desk_.fileName().empty() ? chooseAndSave() : saveTo(desk_.fileName()); }
+void Tarn2001::loadAgain() {
+  if (session_ != nullptr && !earlyFile_.empty()) load(std::string(earlyFile_));
+}
+
+bool Tarn2001::save() {
+  if (desk_.fileName().empty()) return chooseAndSave();
+  if (!desk_.incomplete()) return saveTo(desk_.fileName());
+  switch (dialogs_.incompleteWork(this, shownName(desk_.fileName()))) {
+    case Dialogs::Incomplete::SaveAs:
+      return chooseAndSave();
+    case Dialogs::Incomplete::Save:
+      return saveTo(desk_.fileName());
+    case Dialogs::Incomplete::Cancel:
+      break;
+  }
+  return false;
+}
 
 bool Tarn2001::mayBeLost() {
   if (!desk_.changed()) return true;
@@ -217,13 +237,15 @@ void Tarn2001::OuvrirSelecteurFichier(std::int16_t mode) {
 void Tarn2001::chooseAndLoad() {
   if (!mayBeLost()) return;
   const auto chosen =
-      dialogs_.fileToOpen(this, configurationQuestion(tr("Load configuration"), desk_.fileName()));
+      dialogs_.fileToOpen(this, configurationQuestion(tr("Load configuration"), toQString(desk_.fileName())));
   if (chosen) load(fromQString(*chosen));
 }
 
 bool Tarn2001::chooseAndSave() {
-  const auto chosen =
-      dialogs_.fileToSave(this, configurationQuestion(tr("Save configuration"), desk_.fileName()));
+  // The file that would lose parts is not the one that is proposed.
+  QString proposed = toQString(desk_.fileName());
+  if (desk_.incomplete() && !proposed.isEmpty()) proposed = QFileInfo(proposed).path();
+  const auto chosen = dialogs_.fileToSave(this, configurationQuestion(tr("Save configuration"), proposed));
   return chosen && saveTo(fromQString(*chosen));
 }
 
@@ -239,6 +261,7 @@ bool Tarn2001::saveTo(const std::string& fileName) {
     return false;
   }
   notices_.removeNotice("save");
+  notices_.removeNotice("record");
   return true;
 }
 
@@ -255,25 +278,40 @@ void Tarn2001::hideEvent(QHideEvent* event) {
   if (!event->spontaneous()) putAway();
 }
 
+/// A dialog that waits for the end of a request belongs to the view that is left.
 void Tarn2001::putAway() {
+  whenIdle_->drop();
   desk_.setParameters(nullptr);
   showState();
 }
 
 void Tarn2001::showState() {
   const bool held = desk_.Parameters() != nullptr;
-  for (QAction* const action : fileActions()) action->setEnabled(held);
+  open_->setEnabled(held);
+  for (QAction* const action : {save_, saveAs_}) action->setEnabled(held && session_ != nullptr);
   emit stateChanged();
 }
 
 /// Once after a load: who closes the message has read it.
-void Tarn2001::showLacks() {
+void Tarn2001::showLoad(const std::string& fileName) {
+  showLacks(fileName);
+  if (desk_.fromRecord())
+    notices_.showNotice("record", tr("%1 is a record: its configuration was opened without a name, the "
+                                     "record stays as it is.")
+                                      .arg(shownName(fileName)));
+  else
+    notices_.removeNotice("record");
+}
+
+void Tarn2001::showLacks(const std::string& fileName) {
   if (desk_.lacks().empty())
     notices_.removeNotice("lacks");
+  else if (!earlyFile_.empty())
+    notices_.showNotice(
+        "lacks", tr("%1: its data are loaded as soon as there is a vehicle.").arg(shownName(fileName)));
   else
-    notices_.showNotice("lacks", LackText::summary(desk_.lacks(), shownName(desk_.fileName())),
+    notices_.showNotice("lacks", LackText::summary(desk_.lacks(), shownName(fileName)),
                         LackText::lines(desk_.lacks()));
 }
 
 }  // namespace tarnlog
-/// A dialog that waits for the end of a request belongs to the view that is left.

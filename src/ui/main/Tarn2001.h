@@ -44,9 +44,14 @@ class Tarn2001 : public QWidget {
   void OuvrirSelecteurFichier(std::int16_t mode);
 
   /// Loads as the "load" button does once a file is chosen: failures go into a box, and the screens show what
-  /// is left. False when it failed.
+  /// is left. False when it failed. Without a session nothing is offered yet: `loadAgain` is to follow.
   bool load(const std::string& fileName);
-  /// Saves into the configuration's own file, or asks for one. False when that failed or was cancelled.
+  /// Loads once more what the user loaded before there was a session.
+  void loadAgain();
+  /// The file that waits for a session; empty when there is none.
+  const std::string& earlyFile() const { return earlyFile_; }
+  /// Saves into the configuration's own file, or asks for one: also when parts of it would be lost. False
+  /// when that failed or was cancelled.
   bool save();
   /// Asks what to do with changed work that would be lost, and does it. False when the user keeps it.
   bool mayBeLost();
@@ -55,7 +60,8 @@ class Tarn2001 : public QWidget {
   void noteEdit() { desk_.noteEdit(); }
 
   const ConfigurationDesk& desk() const { return desk_; }
-  /// Open, save, save as: for the menus of whoever shows this. Disabled while the configuration is put away.
+  /// Open, save, save as: for the menus of whoever shows this. Disabled while the configuration is put away;
+  /// without a session there is nothing to save.
   QList<QAction*> fileActions() const { return {open_, save_, saveAs_}; }
 
   void setVisible(bool visible) override;
@@ -75,19 +81,21 @@ class Tarn2001 : public QWidget {
   void addScreen(QWidget* screen, const QString& caption, const char* key);
   void showScreen(int tab);
   void giveParameters();
+  void takeSession(ferrox3::Session* session, const std::shared_ptr<const SessionDocument>& xmlSession);
   void putAway();
   void showState();
-  void showLacks();
+  void showLoad(const std::string& fileName);
+  void showLacks(const std::string& fileName);
   bool saveTo(const std::string& fileName);
   bool chooseAndSave();
   void chooseAndLoad();
-  void takeSession(ferrox3::Session* session, const std::shared_ptr<const SessionDocument>& xmlSession);
 
   ConfigurationDesk desk_;
   Dialogs& dialogs_;
   NoticeBar& notices_;
   WhenIdle* whenIdle_;
   ferrox3::Session* session_ = nullptr;
+  std::string earlyFile_;
   QAction* open_;
   QAction* save_;
   QAction* saveAs_;

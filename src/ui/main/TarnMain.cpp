@@ -126,6 +126,7 @@ void TarnMain::setSession(ferrox3::Session* session) {
   acq_->acq().setSession(nullptr);  // when the catalogue cannot be read, nobody keeps the old one
   configure_->setSession(session);
   acq_->acq().setSession(session);
+  configure_->loadAgain();
 }
 
 void TarnMain::OpenConfigFile(const std::string& filename) {
@@ -136,8 +137,8 @@ void TarnMain::OpenConfigFile(const std::string& filename) {
     showConfiguration();
     throw TarnError(error.number(), "Tarnlog2001", "Open file error : " + error.description());
   }
-  configure_->hide();
   log_->clearLines();
+  configure_->hide();
   log_->hide();
   try {
     acq_->acq().StartReadingData(parameters_);

@@ -35,7 +35,8 @@ class TarnMain : public QWidget {
 
   /// The diagnostic session to record from; the host owns it and keeps it until it has given another (or
   /// null) and no request of the old one is under way. Every assignment begins anew with an empty
-  /// configuration and ends an acquisition. What the session raises while its catalogue is read is raised.
+  /// configuration, but for one that the user opened before there was a session, and ends an acquisition.
+  /// What the session raises while its catalogue is read is raised; there is no session then.
   void setSession(ferrox3::Session* session);
   /// Loads a configuration file (UTF-8 path) and starts acquiring at once. Raises a TarnError with source
   /// "Tarnlog2001" and a description that begins with "Open file error : " when the file cannot be loaded, or

@@ -79,6 +79,41 @@ TEST_F(ConfigurationDeskTest, ForgetsItsFileWhenALoadFails) {
   EXPECT_THAT(desk.lacks(), IsEmpty());
 }
 
+/// What was not understood at loading must not be written over: parts that are left out, and records.
+TEST_F(ConfigurationDeskTest, KnowsWhatSavingInPlaceWouldLose) {
+  files.files["/c.xml"] = kOneOfTwo;
+  desk.load("/c.xml");
+  EXPECT_TRUE(desk.incomplete());
+  desk.save("/d.xml");
+  EXPECT_FALSE(desk.incomplete()) << "the new file has all that there is";
+  desk.load("/d.xml");
+  EXPECT_FALSE(desk.incomplete());
+
+  const std::string opening = R"(<Tarnlog2000 Version="2.0">)";
+  const auto withHead = [&](const std::string& head) {
+    return opening + head + kOneOfTwo.substr(kOneOfTwo.find("<Parameters>"));
+  };
+  files.files["/record.xml"] = withHead("<Description>Data file</Description>");
+  files.files["/event.xml"] = withHead("<Description>Event 1 for file : a.xml</Description>");
+  files.files["/rows.xml"] = withHead("<row/>");
+  files.files["/record.txt"] = "time\tevent\t\"Engine\"\r\n";
+  for (const std::string name : {"/record.xml", "/event.xml", "/rows.xml"}) {
+    SCOPED_TRACE(name);
+    desk.load(name);
+    EXPECT_TRUE(desk.fromRecord());
+    EXPECT_EQ(desk.fileName(), "");
+    EXPECT_EQ(parameters->Count(), 1);
+  }
+  for (const std::string name : {"/record.xml", "/event.xml", "/record.txt"}) {
+    SCOPED_TRACE(name);
+    const std::string before = files.files[name];
+    EXPECT_THROW(desk.save(name), TarnError);
+    EXPECT_EQ(files.files[name], before);
+  }
+  desk.save("/d.xml");
+  EXPECT_FALSE(desk.fromRecord());
+}
+
 TEST_F(ConfigurationDeskTest, IsPutAwayAndTakenUpAgain) {
   files.files["/c.xml"] = kOneOfTwo;
   desk.load("/c.xml");

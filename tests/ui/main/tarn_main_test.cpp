@@ -15,6 +15,7 @@
 #include "tests/support/ScriptedSession.h"
 #include "tests/ui/main/MainRig.h"
 #include "ui/init/TarnInit.h"
+#include "ui/main/WhenIdle.h"
 
 namespace tarnlog {
 namespace {
@@ -65,11 +66,11 @@ TEST(TarnMain, LeavesTheConfigurationViewWhenAFileCannotBeOpened) {
             "TarnAcq.StartReadingData: Session not defined, unable to acquire data");
   EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
   rig.main.setSession(&rig.vehicle->session());
-  EXPECT_EQ(failureOf([&] { rig.main.OpenConfigFile("/bad.xml"); }),
   rig.main.ctlTarnAcq().addLog("a drive");
+  EXPECT_EQ(failureOf([&] { rig.main.OpenConfigFile("/bad.xml"); }),
             "Tarnlog2001: Open file error : the file /bad.xml is not a Tarnlog file");
-  EXPECT_THAT(failureOf([&] { rig.main.OpenConfigFile("/none.xml"); }),
   EXPECT_THAT(rig.log(), ElementsAre("a drive")) << "the log of the latest acquisition stays";
+  EXPECT_THAT(failureOf([&] { rig.main.OpenConfigFile("/none.xml"); }),
               StartsWith("Tarnlog2001: Open file error : File : /none.xml"));
   EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
   EXPECT_FALSE(rig.timer.enabled());
@@ -120,11 +121,11 @@ void turnWheel(QWidget& over) {
   QApplication::sendEvent(&over, &notch);
 }
 
-  rig.main.OpenConfigFile("/c.xml");
 /// One click, or one notch of the wheel on the way down a page, must not end a drive.
 TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
   MainRig rig;
   rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
   rig.tickUntil(TarnAcq::kCommunicate);
   rig.ticks(1);
   const auto press = [&] {
@@ -132,14 +133,14 @@ TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
     rig.ticks(2);
   };
   press();
-  rig.view("log");
-  rig.ticks(2);
-  EXPECT_EQ(rig.currentView() + ", " + rig.visibleViews(), "ACQ, ctlTarnAcq");
-  rig.endQuestion.answer(false);
   turnWheel(rig.child<QTabBar>("TabSmain"));
   turnWheel(rig.child<QTabBar>("TabStripMain"));
   EXPECT_EQ(rig.endQuestion.asked, 0);
   EXPECT_EQ(rig.child<QTabBar>("TabStripMain").currentIndex(), 0);
+  rig.view("log");
+  rig.ticks(2);
+  EXPECT_EQ(rig.currentView() + ", " + rig.visibleViews(), "ACQ, ctlTarnAcq");
+  rig.endQuestion.answer(false);
   EXPECT_TRUE(rig.main.ctlTarnAcq().Recording());
 
   bool ended = false;
@@ -200,7 +201,6 @@ TEST(TarnMain, SaysInTheLogWhyItDoesNotStart) {
   EXPECT_THAT(rig.log(), ElementsAre("Session not defined, unable to acquire data"));
 }
 
-/// Minimising sends the same event as hiding, but the user comes back to what he was doing.
 /// After it was hidden while it recorded, and when there is nothing to record any more.
 TEST(TarnMain, LooksIdleWhenNothingIsAcquired) {
   MainRig rig;
@@ -247,6 +247,7 @@ TEST(TarnMain, HasNoSessionAfterOneThatCannotBeRead) {
   EXPECT_THAT(rig.log(), ElementsAre("Session not defined, unable to acquire data"));
 }
 
+/// Minimising sends the same event as hiding, but the user comes back to what he was doing.
 TEST(TarnMain, KeepsItsConfigurationWhenMinimisedAndTakesItUpAgainWhenShown) {
   MainRig rig;
   rig.main.setSession(&rig.vehicle->session());
@@ -322,6 +323,80 @@ TEST(Tarn2001, KeepsChangedWorkUntilTheUserGivesItUp) {
   EXPECT_FALSE(rig.main.configurationChanged());
   EXPECT_EQ(rig.main.notices().notice("save"), "");
   EXPECT_THAT(rig.dialogs.asked, SizeIs(4)) << "no box for the failure";
+}
+
+TEST(Tarn2001, AsksBeforeSavingLosesPartsOfTheFile) {
+  using Incomplete = Dialogs::Incomplete;
+  test::Recipe recipe;
+  recipe.data = {"Status/Speed", "Status/Boost"};
+  MainRig rig(recipe);
+  const std::string original = rig.files.files["/c.xml"];
+  rig.main.setSession(&rig.vehicle->session());
+  auto& configure = rig.main.ctlTarnConfigure();
+  configure.load("/c.xml");
+  rig.dialogs.places = {Incomplete::Cancel, Incomplete::SaveAs, Incomplete::Save};
+  rig.dialogs.filesToSave = {"/record.txt"};
+  rig.files.files["/record.txt"] = "time\tevent\r\n";
+  EXPECT_FALSE(configure.save());
+  EXPECT_FALSE(configure.save());
+  EXPECT_EQ(rig.dialogs.asked.back(), "save /") << "the folder, not the file";
+  EXPECT_EQ(rig.main.notices().notice("save"),
+            "Not saved: /record.txt is a record, whose rows would be lost: choose another name");
+  EXPECT_EQ(rig.files.files["/c.xml"], original);
+  EXPECT_TRUE(configure.save());
+  EXPECT_NE(rig.files.files["/c.xml"], original);
+  EXPECT_TRUE(configure.save()) << "nothing is left to lose";
+  EXPECT_EQ(std::count(rig.dialogs.asked.begin(), rig.dialogs.asked.end(), "incomplete c.xml"), 3);
+
+  rig.files.files["/r.xml"] = R"(<Tarnlog2000 Version="2.0"><row/></Tarnlog2000>)";
+  configure.load("/r.xml");
+  EXPECT_THAT(fromQString(rig.main.notices().notice("record")), StartsWith("r.xml is a record"));
+  configure.save();
+  EXPECT_EQ(rig.dialogs.asked.back(), "save ") << "it has no file of its own";
+}
+
+TEST(Tarn2001, LoadsAgainWhatWasLoadedBeforeThereWasAVehicle) {
+  MainRig rig;
+  auto& configure = rig.main.ctlTarnConfigure();
+  EXPECT_FALSE(configure.fileActions().at(1)->isEnabled()) << "there is nothing to save";
+  EXPECT_TRUE(configure.load("/c.xml"));
+  EXPECT_EQ(rig.main.notices().notice("lacks"), "c.xml: its data are loaded as soon as there is a vehicle.");
+  rig.main.setSession(&rig.vehicle->session());
+  EXPECT_EQ(configure.Parameters()->Count(), 1);
+  EXPECT_EQ(rig.main.configurationFile(), "/c.xml");
+  EXPECT_FALSE(rig.main.notices().isVisible());
+  rig.main.setSession(&rig.vehicle->session());
+  EXPECT_EQ(configure.Parameters()->Count(), 0) << "once";
+}
+
+/// The click comes while the recorder waits for the car, and so does the next one, on another view. Screens
+/// that are left hold no configuration.
+TEST(Tarn2001, DropsTheDialogThatWaitsWhenItsViewIsLeft) {
+  test::Recipe slow;
+  slow.latency = 60;
+  slow.start = "rising 50";
+  MainRig rig(slow);
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.dialogs.filesToOpen = {"/c.xml"};
+  rig.whileWaiting = [&] {
+    rig.view("CONF");
+    rig.child<QAction>("load").trigger();
+    rig.view("log");
+  };
+  rig.ticks(1);
+  for (auto* const waiting : rig.main.findChildren<WhenIdle*>()) {
+    QTimerEvent lookAgain(0);
+    QApplication::sendEvent(waiting, &lookAgain);
+  }
+  EXPECT_THAT(rig.dialogs.asked, IsEmpty());
+  EXPECT_EQ(rig.main.configurationFile(), "/c.xml");
+  for (const char* const screen : {"data", "param", "scope", "initsce"}) {
+    rig.view("CONF");
+    rig.choose("TabStripMain", screen);
+    rig.main.ctlTarnConfigure().setParameters(nullptr);
+  }
 }
 
 TEST(Tarn2001, NamesWhatTheVehicleDoesNotOffer) {

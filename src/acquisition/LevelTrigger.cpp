@@ -1,15 +1,18 @@
 #include "acquisition/LevelTrigger.h"
 
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "acquisition/ValueReading.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog {
 
 bool LevelTrigger::evaluate() {
   if (data_ == nullptr) return false;
-  const double value = numericValue(data_->value());
+  double value = std::numeric_limits<double>::quiet_NaN();
+  skipOnFailure([&] { value = numericValue(data_->value()); });
   if (std::isnan(value)) return false;
   const double before = std::exchange(previous_, value);
   return (edge_ == 1 && value >= level_ && before < level_) ||

@@ -16,8 +16,8 @@ class LevelTrigger {
       : data_(data), edge_(edge), level_(level), previous_(edge + level) {}
 
   explicit operator bool() const { return data_ != nullptr; }
-  /// A value that is not a number does not fire and is not remembered: the crossing is found at the next
-  /// number.
+  /// A value that is not a number, or cannot be read, does not fire and is not remembered: the crossing is
+  /// found at the next number.
   bool evaluate();
 
  private:

@@ -38,6 +38,18 @@ void extendFrame(GraphArea& area, Twips extraHeight) {
 
 }  // namespace
 
+/// While it lives, what is asked for is remembered.
+class TarnAcq::Busy {
+ public:
+  explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
 TarnAcq::TarnAcq(AcqEnvironment environment)
     : env_(std::move(environment)),
       log_(env_.screen, env_.clock),
@@ -62,17 +74,15 @@ TarnAcq::~TarnAcq() {
 // --- what the host and the user ask for
 
 void TarnAcq::setSession(ferrox3::Session* session) {
-  if (busy_) {
-    deferred_.session = session;
-    deferred_.start = false;
+  deferred_.session = session;
+  deferred_.start = false;
+  if (busy_)
     stopAcqRequested_ = true;
-  } else {
-    takeSession(session);
-  }
+  else
+    settleAndTell();
 }
 
 void TarnAcq::takeSession(ferrox3::Session* session) {
-  if (acquiring()) EndAcquisition();
   session_ = session;
   env_.screen.rebuildValueColumns();
   env_.screen.setRecordingCaption("rec");
@@ -97,41 +107,45 @@ void TarnAcq::refuseMissing() const {
 
 void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
   if (parameters != nullptr) parameters_ = std::move(parameters);
-  if (busy_) {
-    if (!deferred_.session) refuseMissing();
-    deferred_.start = true;
-    deferred_.hide = false;
-    stopAsked_ = false;
-    stopAcqRequested_ = true;
-    return;
-  }
-  refuseMissing();
+  if (!deferred_.session) refuseMissing();
+  deferred_.start = true;
   stopAsked_ = false;
-  if (acquiring()) EndAcquisition();
+  if (busy_) {
+    deferred_.hide = false;
+    stopAcqRequested_ = true;
+  } else {
+    settle();
+  }
+}
 
+/// Other parameters may be given while the host is called: those of the start are held.
+void TarnAcq::startNow() {
+  refuseMissing();
+  const Busy busy(busy_);
+  const std::shared_ptr<oTarnParameters> parameters = parameters_;
   log_.clear();
   clearDisplay();
   display_ = std::make_unique<ScopeItem>();
   const std::int32_t count =
-      items_.BuildAcquisitionList(*session_, *parameters_, env_.screen, display_->graphes());
+      items_.BuildAcquisitionList(*session_, *parameters, env_.screen, display_->graphes());
   values_.begin(items_.items());
   if (count == 0) {
     log_.add("No data to acquire");
     recorder_.SetRecordingDisplay(false);
     return;
   }
-  const RecordingPlan plan = planRecording(*parameters_, count);
+  const RecordingPlan plan = planRecording(*parameters, count);
   createBuffers(plan);
-  logPlan(plan);
+  logPlan(*parameters, plan);
   buildDisplay();
-  beginRecording(plan);
+  beginRecording(parameters, plan);
   beginTicking();
 }
 
-void TarnAcq::beginRecording(const RecordingPlan& plan) {
-  files_.begin(parameters_, items_.items());
+void TarnAcq::beginRecording(const std::shared_ptr<oTarnParameters>& parameters, const RecordingPlan& plan) {
+  files_.begin(parameters, items_.items());
   events_.reset();
-  recorder_.begin(plan, items_.startTrigger(), items_.stopTrigger(), parameters_->stopTrigger);
+  recorder_.begin(plan, items_.startTrigger(), items_.stopTrigger(), parameters->stopTrigger);
   env_.screen.setEventCaption("Event");
   env_.screen.setPanelText(StatusPanel::Record, "no record file");
   env_.screen.setPanelText(StatusPanel::AcqTime, "0");
@@ -140,7 +154,6 @@ void TarnAcq::beginRecording(const RecordingPlan& plan) {
 void TarnAcq::beginTicking() {
   SetAcqState(kInitialise);
   recorder_.SetRecordingDisplay(false);
-  stopAcqRequested_ = false;
   scrollPending_ = false;
   cycles_ = 0;
   env_.timer.setInterval(1);
@@ -154,9 +167,9 @@ void TarnAcq::createBuffers(const RecordingPlan& plan) {
   preTriggerBuffer_.Create(columns, plan.preTriggerPoints + 1);
 }
 
-void TarnAcq::logPlan(const RecordingPlan& plan) {
-  const oTarnTrigger& start = *parameters_->startTrigger;
-  const oTarnTrigger& stop = *parameters_->stopTrigger;
+void TarnAcq::logPlan(const oTarnParameters& parameters, const RecordingPlan& plan) {
+  const oTarnTrigger& start = *parameters.startTrigger;
+  const oTarnTrigger& stop = *parameters.stopTrigger;
   const auto times = [&](const char* what, std::int32_t seconds, std::int32_t points) {
     log_.add(what + std::to_string(seconds) + " s  = " + std::to_string(points) + " points");
   };
@@ -181,10 +194,8 @@ void TarnAcq::AskStopAcqNow() {
     stopAcqRequested_ = true;
     env_.timer.setInterval(1);
     env_.timer.setEnabled(true);
-  } else if (acquiring()) {
-    EndAcquisition();
   } else {
-    announceStop();
+    settleAndTell();
   }
 }
 
@@ -278,14 +289,15 @@ void TarnAcq::applyScroll() {
 void TarnAcq::onTick() {
   env_.timer.setEnabled(false);
   if (busy_) return;
-  if (stopAcqRequested_) return honourStop();
+  if (stopAcqRequested_) return settleAndTell();
   if (state_ == kIdle) return;
-  busy_ = true;
-  skipOnFailure([&] { runState(); });
-  endTick();
-  busy_ = false;
+  {
+    const Busy busy(busy_);
+    skipOnFailure([&] { runState(); });
+    endTick();
+  }
   if (stopAcqRequested_)
-    honourStop();
+    settleAndTell();
   else
     env_.timer.setEnabled(true);
 }
@@ -343,7 +355,8 @@ bool TarnAcq::sendRequests() {
     try {
       request.send();
     } catch (const std::exception& error) {
-      log_.add(std::string("Send error : ") + error.what() + " UCE=" + request.ecu().name());
+      skipOnFailure(
+          [&] { log_.add(std::string("Send error : ") + error.what() + " UCE=" + request.ecu().name()); });
       SetAcqState(kInitialise);
       return false;
     }
@@ -375,39 +388,49 @@ void TarnAcq::SetAcqState(State state) {
   }
 }
 
-/// Ends the acquisition that runs; what was asked for while the tick ran comes next.
-void TarnAcq::honourStop() {
+/// Ends the acquisition that runs; then comes what was asked for until its end. Of a stop and a start the
+/// later one counts, and what is asked for while it starts is honoured in the same way.
+void TarnAcq::settle() {
+  if (acquiring()) EndAcquisition();
+  stopAcqRequested_ = false;
   const Deferred next = std::exchange(deferred_, {});
-  EndAcquisition();
   if (next.session) takeSession(*next.session);
   if (next.hide) hideNow();
-  if (!next.start) return;
+  if (!next.start) return announceStop();
   try {
-    StartReadingData();
-  } catch (const TarnError& error) {
-    log_.add(error.description());
+    startNow();
+  } catch (const std::exception&) {
+    if (!stopAcqRequested_) throw;  // else something else is wanted by now
+  }
+  if (stopAcqRequested_) settle();
+}
+
+/// For a start that failed when nobody waits for it any more: it is told in the log, and the host that no
+/// acquisition runs.
+void TarnAcq::settleAndTell() {
+  try {
+    settle();
+  } catch (const std::exception& error) {
+    log_.add(error.what());
     stopAsked_ = true;
     announceStop();
   }
 }
 
-/// Only whoever asked for the stop waits for AcqStopped: starting anew, changing the session and hiding do
-/// not.
 void TarnAcq::EndAcquisition() {
-  busy_ = true;
+  const Busy busy(busy_);
   env_.timer.setEnabled(false);
   if (session_ != nullptr) skipOnFailure([&] { session_->endCommunication(); });
-  stopAcqRequested_ = false;
   SetAcqState(kIdle);
   recorder_.endWithAcquisition();
   values_.clear();
   items_.release();
   skipOnFailure([&] { clearDisplay(); });
   files_.closeAll();
-  busy_ = false;
-  announceStop();
 }
 
+/// Only whoever asked for the stop waits for AcqStopped: starting anew, changing the session and hiding do
+/// not.
 void TarnAcq::announceStop() {
   if (std::exchange(stopAsked_, false) && acqStopped_) acqStopped_();
 }

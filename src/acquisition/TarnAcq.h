@@ -37,8 +37,8 @@ struct AcqEnvironment {
 
 /// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,
 /// start sessions, poll). The work itself is done by its parts. One thread; ticks never overlap. While a tick
-/// runs (host calls may let clicks in), a stop, a start, a new session and hiding are remembered and honoured
-/// when the tick ends.
+/// runs, or an acquisition starts or ends (host calls may let clicks in), a stop, a start, a new session and
+/// hiding are remembered and honoured when that is over.
 class TarnAcq {
  public:
   enum State : std::int32_t {
@@ -66,7 +66,7 @@ class TarnAcq {
   /// "TarnAcq.StartReadingData", without a session or configuration, or with times that overflow.
   void StartReadingData(std::shared_ptr<oTarnParameters> parameters = nullptr);
   /// Asks the acquisition to end. AcqStopped comes exactly once: at once when idle or between ticks with no
-  /// file open, else when the tick that honours it ends.
+  /// file open, else when what runs is over. A start that is asked for after that takes its place.
   void AskStopAcqNow();
   /// The tick that runs is to be the last: what it waits for need not be waited for any longer.
   bool endAsked() const { return stopAcqRequested_; }
@@ -102,17 +102,19 @@ class TarnAcq {
   const std::string& RecordPath() const { return files_.recordPath(); }
 
  private:
-  /// What arrived while a tick ran.
+  /// What is to follow the end of the acquisition that runs.
   struct Deferred {
     bool hide = false;
     std::optional<ferrox3::Session*> session;
     bool start = false;
   };
+  class Busy;
 
   void refuseMissing() const;
+  void startNow();
   void createBuffers(const RecordingPlan& plan);
-  void logPlan(const RecordingPlan& plan);
-  void beginRecording(const RecordingPlan& plan);
+  void logPlan(const oTarnParameters& parameters, const RecordingPlan& plan);
+  void beginRecording(const std::shared_ptr<oTarnParameters>& parameters, const RecordingPlan& plan);
   void beginTicking();
   void buildDisplay();
   void clearDisplay();
@@ -130,7 +132,8 @@ class TarnAcq {
   void SetAcqState(State state);
   void EndAcquisition();
   void announceStop();
-  void honourStop();
+  void settle();
+  void settleAndTell();
   void takeSession(ferrox3::Session* session);
   void hideNow();
   void applyScroll();
@@ -143,7 +146,7 @@ class TarnAcq {
   State state_ = kIdle;
   bool stopAcqRequested_ = false;
   bool stopAsked_ = false;  ///< AcqStopped is owed to whoever asked; a start after that pays it
-  bool busy_ = false;       ///< a tick, or an end of acquisition, is running
+  bool busy_ = false;       ///< a tick, or the start or the end of an acquisition, is running
   bool scrollPending_ = false;
   Deferred deferred_;
   Milliseconds stateSince_ = 0;

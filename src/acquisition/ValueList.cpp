@@ -1,7 +1,11 @@
 #include "acquisition/ValueList.h"
 
 #include <cstdint>
+#include <string_view>
 #include <utility>
+
+#include "acquisition/ValueReading.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog {
 
@@ -25,8 +29,15 @@ void ValueList::noteCycle(const RollingBuffer& current) {
 
 void ValueList::refresh() {
   for (std::size_t i = 0; i < items_.size(); ++i)
-    if (std::exchange(owed_[i], char{0}) != 0)
-      screen_.setValueText(static_cast<int>(i) + 1, items_[i]->valueText());
+    if (owed_[i] != 0) owed_[i] = write(i) ? 0 : 1;
+}
+
+/// False when the text could not be read: it stays owed.
+bool ValueList::write(std::size_t item) {
+  std::string_view text = kUnreadable;
+  const bool readable = skipOnFailure([&] { text = items_[item]->valueText(); });
+  screen_.setValueText(static_cast<int>(item) + 1, text);
+  return readable;
 }
 
 }  // namespace tarnlog

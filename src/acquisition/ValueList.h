@@ -24,6 +24,8 @@ class ValueList {
   void refresh();
 
  private:
+  bool write(std::size_t item);
+
   AcqScreen& screen_;
   std::vector<ferrox3::DataItem*> items_;
   std::vector<char> owed_;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
@@ -34,7 +35,7 @@ void ValueReader::read(const std::vector<ferrox3::DataItem*>& items, Millisecond
   std::int32_t column = 0;
   for (const ferrox3::DataItem* item : items) {
     text_.clear();
-    appendCellText(text_, *item, decimalSeparator_);
+    if (!skipOnFailure([&] { appendCellText(text_, *item, decimalSeparator_); })) text_ = kUnreadable;
     buffer.SetData(++column, text_);
   }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "acquisition/RollingBuffer.h"
@@ -8,6 +9,9 @@
 #include "platform/time/Clock.h"
 
 namespace tarnlog {
+
+/// What is shown of an item whose value cannot be read: everything else of the cycle goes on.
+inline constexpr std::string_view kUnreadable = "---";
 
 /// The value as a number; NaN for texts and byte arrays.
 double numericValue(const ferrox3::Value& value);

@@ -49,23 +49,52 @@ TEST(Ending, isAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
     }
 }
 
-TEST(Ending, aStartInsideATickReplacesTheAcquisitionAfterIt) {
-  AcqRig rig;
-  auto other = std::make_shared<oTarnParameters>(rig.settings);
-  rig.start();
-  rig.run("1000:0");
-  bool asked = false;
-  rig.session.script.whileWaiting = [&] {
-    if (std::exchange(asked, true)) return;
+// A start during the end was lost, and came at the next stop; a stop during the start was a crash.
+TEST(Ending, isFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
+  struct Case {
+    std::function<void(AcqRig&)> call;
+    int waits;  ///< of the vehicle, before the one in which something arrives
+    std::function<void(AcqRig&)> arriving;
+    int answers;
+    bool runs;
+  };
+  const auto stop = [](AcqRig& rig) { rig.acq.AskStopAcqNow(); };
+  const auto start = [](AcqRig& rig) { rig.acq.StartReadingData(rig.parameters); };
+  const auto tick = [](AcqRig& rig) { rig.timer.fire(); };
+  const auto sameSession = [](AcqRig& rig) { rig.acq.setSession(&rig.session); };
+  const auto stopAndStart = [](AcqRig& rig) {
     rig.acq.AskStopAcqNow();
     rig.acq.StartReadingData(rig.parameters);
     EXPECT_EQ(rig.session.unfinishedPollSets, 1);
   };
-  rig.run("1100:1");
-  EXPECT_EQ(rig.stopped, 0);
-  EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kInitialise);
-  EXPECT_TRUE(rig.timer.enabled());
-  EXPECT_EQ(rig.session.unfinishedPollSets, 1);
+  const auto spoil = [](AcqRig& rig) {
+    rig.parameters->recordingPeriod = -1;
+    rig.acq.AskStopAcqNow();
+  };
+  int number = 0;
+  for (const Case& wanted :
+       {Case{tick, 0, stopAndStart, 0, true}, Case{stop, 0, start, 0, true}, Case{stop, 0, stop, 1, false},
+        Case{sameSession, 0, start, 0, true}, Case{start, 0, stop, 1, false}, Case{start, 1, stop, 1, false},
+        Case{start, 2, stop, 1, false}, Case{start, 1, start, 0, true}, Case{start, 2, sameSession, 0, false},
+        Case{start, 1, spoil, 1, false}}) {
+    SCOPED_TRACE(number++);
+    AcqRig rig;
+    rig.start();
+    rig.run("1000:0");
+    int waits = wanted.waits;
+    rig.session.script.whileWaiting = rig.session.script.whileListing = [&] {
+      if (waits-- == 0) wanted.arriving(rig);
+    };
+    wanted.call(rig);
+    EXPECT_EQ(rig.stopped, wanted.answers);
+    if (!wanted.runs) {
+      expectReleased(rig);
+      continue;
+    }
+    EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kInitialise);
+    EXPECT_TRUE(rig.timer.enabled());
+    EXPECT_EQ(rig.session.unfinishedPollSets, 1);
+  }
 }
 
 TEST(Hiding, betweenTicksLeavesTheFileToTheNextStart) {

@@ -7,6 +7,7 @@ namespace tarnlog {
 namespace {
 
 using test::AcqRig;
+using test::ScriptedData;
 using testing::ElementsAre;
 
 TEST(Recording, aButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
@@ -51,6 +52,36 @@ TEST(Recording, aSendErrorKeepsTheFileAndASecondStopArmsAgain) {
   rig.run("2300:65 2400:66 2500:67 2600:68");
   EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|60", "0.9|\"\"|62", "1|\"Stop\"|63", "1.1|\"\"|64",
                                             "1.2|\"Stop\"|65", "1.3|\"\"|66", "1.4|\"\"|67"));
+}
+
+// A datum that could not be read cost the whole row, and a recording with an armed stop never ended.
+TEST(Recording, goesOnAroundADatumThatCannotBeRead) {
+  AcqRig rig;
+  ScriptedData& other = rig.status.addData("Other", ferrox3::kDouble);
+  rig.add(other);
+  rig.triggerStart(1, 50);
+  rig.parameters->stopTrigger->prepost = 1;
+  rig.start();
+  rig.run("1000:0");
+  rig.speed.raisingAt("value");
+  rig.run("1100:99");
+  EXPECT_FALSE(rig.acq.startPending() || rig.acq.Recording());
+  rig.speed.raisingAt("");
+  rig.run("1200:60");
+  other.raisingAt("value").setValue(7.0);
+  rig.run("1300:61");
+  rig.acq.ToggleRecording();
+  rig.run("1400:62");
+  EXPECT_EQ(rig.screen.rows[1].value, "7") << "its text can be read";
+  rig.speed.raisingAt("valueText");
+  rig.run("1500:63");
+  EXPECT_EQ(rig.screen.rows[0].value, "---");
+  rig.speed.raisingAt("");
+  rig.run("1600:63 1700:64");
+  EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|60|0", "0.1|\"\"|61|---", "0.2|\"Stop\"|62|---",
+                                            "0.3|\"\"|63|---", "0.4|\"\"|63|---"));
+  EXPECT_EQ(rig.screen.rows[0].value, "64");
+  EXPECT_FALSE(rig.acq.Recording());
 }
 
 // The schedule of period 0 stands still: half a turn of the clock later it once seemed to lie ahead.

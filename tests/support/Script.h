@@ -38,6 +38,7 @@ struct Script {
   std::vector<std::string> calls;
   /// Runs inside every call that waits for the vehicle, as the host's idle hook does.
   std::function<void()> whileWaiting;
+  std::function<void()> whileListing;  ///< the same, where an acquisition list or a poll set is made
   bool communicating = false;
 
   void call(const std::string& what) {

@@ -82,7 +82,7 @@ class ScriptedData : public ferrox3::DataItem {
     return *this;
   }
   /// Reading this property ("name", "unit", "minimum", "maximum", "typeCode", "device", "enumeration",
-  /// "readable") raises from now on.
+  /// "readable", "value", "valueText") raises from now on; "" for none.
   ScriptedData& raisingAt(std::string property) {
     raisingAt_ = std::move(property);
     return *this;
@@ -115,8 +115,8 @@ class ScriptedData : public ferrox3::DataItem {
   }
   bool failure() const override { return failure_; }
   ferrox3::Request& request() const override { return request_; }
-  const ferrox3::Value& value() const override { return value_; }
-  const std::string& valueText() const override { return text_; }
+  const ferrox3::Value& value() const override { return checked("value", value_); }
+  const std::string& valueText() const override { return checked("valueText", text_); }
 
  private:
   template <class T>

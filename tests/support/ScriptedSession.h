@@ -45,7 +45,7 @@ class ScriptedSession : public ferrox3::Session {
     return std::make_unique<ScriptedRawBuffer>();
   }
   bool communicating() const override { return script.communicating; }
-  void endCommunication() override { script.calls.push_back("end communication"); }
+  void endCommunication() override { script.call("end communication"); }
 
  private:
   std::vector<std::unique_ptr<ScriptedEcu>> ecus_;
@@ -100,6 +100,7 @@ class ScriptedList : public ferrox3::AcquisitionList {
 
   void add(ferrox3::DataItem& item) override { items_.push_back(&item); }
   std::unique_ptr<ferrox3::PollSet> pollSet() override {
+    if (session_.script.whileListing) session_.script.whileListing();
     return std::make_unique<ScriptedPollSet>(session_, items_);
   }
   void finish() override {
@@ -113,6 +114,7 @@ class ScriptedList : public ferrox3::AcquisitionList {
 };
 
 inline std::unique_ptr<ferrox3::AcquisitionList> ScriptedSession::createAcquisitionList() {
+  if (script.whileListing) script.whileListing();
   return std::make_unique<ScriptedList>(*this);
 }
 

@@ -18,6 +18,8 @@ class BackOff {
   void wait(const std::function<void()>& idleHook) const {
     if (delay_ > 0) clock_.waitUntil(failed_ + delay_, idleHook);
   }
+  /// When the next attempt is due, in microseconds of the clock.
+  std::int64_t due() const { return delay_ > 0 ? failed_ + delay_ : clock_.microseconds(); }
   void failed() {
     failed_ = clock_.microseconds();
     delay_ = std::clamp(delay_ * 2, kShortest, kLongest);

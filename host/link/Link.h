@@ -66,10 +66,12 @@ class Link {
   void setStopQuestion(StopQuestion question) { stopQuestion_ = std::move(question); }
   bool stopAsked() const { return stopQuestion_ && stopQuestion_(); }
 
- protected:
+  /// Runs the idle hook: also for whoever waits between two uses of the link.
   void idle() const {
     if (idleHook_) idleHook_();
   }
+
+ protected:
   const IdleHook& idleHook() const { return idleHook_; }
 
  private:

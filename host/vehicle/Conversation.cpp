@@ -45,15 +45,42 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   response.clear();
   foreign_.clear();
   timeout_ = timeout;
-  open();
   try {
+    open();
     const Outcome outcome = ask(target, request, timeout, response);
     busy.finish();
+    if (outcome != Outcome::silent) noteSuccess(target, request);
     return outcome;
-  } catch (const EcuUnreachable&) {
-    busy.finish();
+  } catch (const TarnError& error) {
+    if (dynamic_cast<const EcuUnreachable*>(&error) != nullptr) busy.finish();
+    returnLater(target, request);
     throw;
   }
+}
+
+void Conversation::returnLater(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  const auto failing =
+      failing_.try_emplace({target.address, Link::Bytes(request.begin(), request.end())}, clock_).first;
+  waitUntil(failing->second.due());
+  failing->second.failed();
+}
+
+void Conversation::noteSuccess(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  ++answers_;
+  if (!failing_.empty()) failing_.erase({target.address, Link::Bytes(request.begin(), request.end())});
+}
+
+void Conversation::pause(milliseconds time) {
+  Busy busy(*this);
+  endRequested_ = false;
+  waitUntil(clock_.microseconds() + microseconds(time).count());
+  busy.finish();
+}
+
+void Conversation::waitUntil(std::int64_t moment) {
+  constexpr std::int64_t kLookAround = 20'000;  // microseconds
+  while (clock_.microseconds() < moment && !link_.stopAsked() && !endRequested_)
+    clock_.waitUntil(std::min(moment, clock_.microseconds() + kLookAround), [this] { link_.idle(); });
 }
 
 Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,

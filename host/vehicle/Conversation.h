@@ -2,11 +2,14 @@
 
 #include <chrono>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "host/link/BackOff.h"
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 
@@ -29,7 +32,8 @@ class Conversation {
   /// Sends and waits for the response that belongs to it; responses to other requests are passed over. An ECU
   /// that is busy is asked again until `timeout` is over; a request that asks for no answer counts as
   /// answered when none came within 0.1 s. The link's failures are TarnErrors, and so is an exchange begun
-  /// while one is under way (by the idle hook).
+  /// while one is under way (by the idle hook). A request that fails again and again raises later each time,
+  /// up to two seconds after the failure before: whoever repeats it at once need not know.
   Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                    std::chrono::milliseconds timeout, Link::Bytes& response);
 
@@ -46,6 +50,10 @@ class Conversation {
   std::vector<LinkTarget> findEcus();
   bool takesSeveralPids(const LinkTarget& target) const { return link_.takesSeveralPids(target); }
   bool busy() const { return busy_; }
+  /// How many exchanges were answered, in whatever way.
+  std::uint64_t answers() const { return answers_; }
+  /// Waits like an exchange; not longer than somebody wants to end.
+  void pause(std::chrono::milliseconds time);
   std::chrono::milliseconds pendingTimeout() const { return pendingTimeout_; }
 
   /// Closes the link; during an exchange, as soon as it is over.
@@ -58,6 +66,9 @@ class Conversation {
               std::chrono::milliseconds timeout, Link::Bytes& response);
   Outcome waitForResponse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                           Link::Bytes& response);
+  void returnLater(const LinkTarget& target, std::span<const std::uint8_t> request);
+  void noteSuccess(const LinkTarget& target, std::span<const std::uint8_t> request);
+  void waitUntil(std::int64_t moment);
   void open();
   void close();
 
@@ -69,6 +80,8 @@ class Conversation {
   bool open_ = false;
   bool busy_ = false;
   bool endRequested_ = false;
+  std::uint64_t answers_ = 0;
+  std::map<std::pair<std::int32_t, Link::Bytes>, BackOff> failing_;  ///< by address and request
 };
 
 }  // namespace tarnlog::host

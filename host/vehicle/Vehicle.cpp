@@ -67,9 +67,10 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
                                            LinkClock& clock, Link::IdleHook idleHook,
                                            const LinkOptions& options) {
   const auto traced = [&](std::unique_ptr<Link> link) -> std::unique_ptr<Link> {
+    if (!options.trace.empty())
+      link = std::make_unique<TraceLink>(std::move(link), clock, files.create(options.trace));
     link->setStopQuestion(options.stopAsked);
-    if (options.trace.empty()) return link;
-    return std::make_unique<TraceLink>(std::move(link), clock, files.create(options.trace));
+    return link;
   };
   if (path == kObdCar) {
     if (options.url.empty())

@@ -119,6 +119,38 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
   EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: still pending after 1000 ms");
 }
 
+// A gateway that refused at once was asked a thousand times a second.
+TEST(VehicleSession, AFailureThatRepeatsIsReturnedLater) {
+  Car car;
+  car.peer.script["1A 80"] = {"5A 80 41"};
+  car.peer.unreachable = "21 80";
+  int hooks = 0;
+  car.link.setIdleHook([&] { ++hooks; });
+  const auto duration = [&] {
+    const auto before = car.clock.microseconds();
+    EXPECT_EQ(car.sendError("Speeds"), "the ECU cannot be reached");
+    return (car.clock.microseconds() - before) / 1000;
+  };
+  for (const int expected : {0, 240, 490, 990, 1990}) {
+    EXPECT_EQ(duration(), expected);
+    EXPECT_EQ(car.sendError("Identity"), "none")
+        << "10 ms, and no reason to ask for the other one more often";
+  }
+  EXPECT_GE(hooks, 3700 / 20);
+  bool stop = false;
+  car.link.setIdleHook([&] { stop = ++hooks > 5; });
+  car.link.setStopQuestion([&] { return stop; });
+  hooks = 0;
+  EXPECT_LE(duration(), 120);
+  stop = false;
+  car.link.setIdleHook({});
+  car.peer.unreachable.clear();
+  car.peer.script["21 80"] = {"61 80 00 08"};
+  car.request("Speeds").send();
+  car.peer.unreachable = "21 80";
+  EXPECT_EQ(duration(), 0);
+}
+
 TEST(VehicleSession, ABusyEcuIsAskedAgain) {
   Car car;
   car.peer.script["21 80"] = {"7F 21 21"};

@@ -70,10 +70,10 @@ void requireSound(const ferrox3::DataItem& item) {
       require(isNone || (number != nullptr && std::isfinite(*number)), "no number");
       break;
     case ferrox3::kString:
-      require(std::holds_alternative<std::string>(value), "no text");
+      require(isNone || std::holds_alternative<std::string>(value), "no text");
       break;
     default:
-      require(std::holds_alternative<ferrox3::Bytes>(value), "no byte array");
+      require(isNone || std::holds_alternative<ferrox3::Bytes>(value), "no byte array");
       break;
   }
   require((item.valueText() == "---") >= isNone, "a missing number has a text");

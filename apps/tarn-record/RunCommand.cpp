@@ -68,6 +68,8 @@ class Run {
   int run() {
     const LoadedConfiguration configuration = load();
     acq_->setSession(&vehicle_->session());
+    vehicle_->session().setNoticeHandler(
+        [this](const host::Notice& notice) { progress_.print("tarn-record: " + notice.text); });
     acq_->StartReadingData(configuration.parameters);
     // Idle now, nothing would ever end the run.
     if (acq_->AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");

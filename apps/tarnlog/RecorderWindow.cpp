@@ -201,6 +201,9 @@ void RecorderWindow::useVehicle(const CarConnection& connection) {
   if (vehicle_ != nullptr) recorder_->ctlTarnAcq().setSession(&vehicle_->session());
   auto vehicle = vehicleAt(connection);
   recorder_->setSession(&vehicle->session());
+  vehicle->session().setNoticeHandler([this](const host::Notice& notice) {
+    recorder_->notices().showNotice(toQString(notice.subject), toQString(notice.text));
+  });
   vehicle_ = std::move(vehicle);
   rememberVehicle(connection);
   pages_->setCurrentWidget(recorder_);

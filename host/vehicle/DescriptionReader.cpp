@@ -35,12 +35,14 @@ milliseconds readTimeout(const JsonObject& object, std::string_view key, std::in
 }
 
 RequestDescription readRequest(const JsonPlace& place, milliseconds timeout, UniqueNames& names) {
-  const JsonObject object = place.object({"name", "frame", "available", "timeout", "data"});
+  const JsonObject object = place.object({"name", "frame", "available", "timeout", "onRefusal", "data"});
   RequestDescription request;
   request.name = names.read(object.require("name"));
   request.frame = object.require("frame").frame();
   request.available = object.boolean("available", true);
   request.timeout = readTimeout(object, "timeout", timeout.count());
+  if (const auto refusal = object.find("onRefusal"))
+    request.refusalIsError = refusal->choice({"notAvailable", "error"}) == 1;
   const auto data = object.find("data");
   if (!data) return request;
   UniqueNames dataNames("in its request");

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "host/vehicle/ObdPids.h"
 #include "host/vehicle/ResponseCheck.h"
@@ -40,66 +41,94 @@ std::vector<std::unique_ptr<PidBundle>> PidBundle::of(std::span<VehicleRequest* 
   return bundles;
 }
 
-PidBundle::PidBundle(VehicleEcu& ecu, const std::vector<VehicleRequest*>& members)
-    : ecu_(ecu), frame_{kCurrentData} {
+PidBundle::PidBundle(VehicleEcu& ecu, const std::vector<VehicleRequest*>& members) : ecu_(ecu) {
   for (VehicleRequest* const request : members) {
     const ObdPid* const pid = pidOf(*request);
     members_.push_back({request, pid->number, pid->bytes});
-    frame_.push_back(pid->number);
     request->setBundle(this);
   }
+  makeFrame();
 }
 
 PidBundle::~PidBundle() {
   for (const Member& member : members_) member.request->setBundle(nullptr);
 }
 
+void PidBundle::makeFrame() {
+  frame_.assign({kCurrentData});
+  for (const Member& member : members_)
+    if (!member.apart) frame_.push_back(member.pid);
+}
+
 void PidBundle::forget() {
-  for (Member& member : members_) member.place.reset();
+  for (Member& member : members_) member.share = Share::due;
 }
 
 bool PidBundle::take(const VehicleRequest& request, Link::Bytes& response) {
   if (!usable_ || !ecu_.takesSeveralPids()) return false;
   const auto member = std::find_if(members_.begin(), members_.end(),
                                    [&](const Member& each) { return each.request == &request; });
-  if (!member->place) ask();
-  if (!member->place) return false;
-  const auto* const first = response_.data() + *member->place;
+  if (member->apart) return false;
+  if (member->share == Share::due) ask();
+  if (std::exchange(member->share, Share::due) != Share::arrived) return false;
+  const auto* const first = response_.data() + member->place;
   response.assign({positiveService(kCurrentData)});
   response.insert(response.end(), first, first + 1 + member->bytes);
-  member->place.reset();
   return true;
 }
 
 void PidBundle::ask() {
-  forget();
+  for (Member& member : members_) member.share = Share::missing;
   const auto outcome = ecu_.converse(frame_, members_.front().request->description().timeout, response_);
-  if (outcome == Conversation::Outcome::answered && split()) {
-    worked_ = true;
-    failures_ = 0;
-    return;
-  }
-  const auto understood = std::count_if(members_.begin(), members_.end(),
-                                        [](const Member& each) { return each.place.has_value(); });
-  forget();
-  // What worked before may only have been disturbed.
-  usable_ = worked_ && ++failures_ < kMostFailures;
-  if (!worked_ && understood <= 1) ecu_.setOnePidOnly();
+  judge(outcome == Conversation::Outcome::answered ? split() : 0);
 }
 
-/// Finds each PID with its data in the response: the service, then PID and data, PID and data, ...
-bool PidBundle::split() {
+/// What worked before may only have been disturbed.
+void PidBundle::judge(std::size_t came) {
+  if (!worked_ && came < 2) {
+    usable_ = false;
+    ecu_.setOnePidOnly();
+  } else if (came == 0) {
+    usable_ = ++failures_ < kMostFailures;
+  } else {
+    worked_ = true;
+    failures_ = 0;
+    noteMissing();
+  }
+}
+
+void PidBundle::noteMissing() {
+  bool changed = false;
+  for (Member& member : members_) {
+    if (member.share == Share::arrived) {
+      member.cameBefore = true;
+      member.missed = 0;
+    } else if (!member.apart && (++member.missed == kMostFailures || !member.cameBefore)) {
+      member.apart = changed = true;
+    }
+  }
+  if (changed) makeFrame();
+}
+
+/// Finds each PID with its data in the response (the service, then PID and data, PID and data, ...) and tells
+/// how many came. ECUs leave out what they do not have; but what does not end with a PID's data was not
+/// understood, unless all have come: fill bytes are none of the message, but not every car keeps to that.
+std::size_t PidBundle::split() {
+  std::size_t came = 0;
   std::size_t at = 1;
   while (at < response_.size()) {
-    const auto member = std::find_if(members_.begin(), members_.end(),
-                                     [&](const Member& each) { return each.pid == response_[at]; });
-    // Fill bytes behind the last PID are none of the message, but not every car keeps to that.
-    if (member == members_.end() || member->place || at + 1 + member->bytes > response_.size()) break;
+    const auto member = std::find_if(members_.begin(), members_.end(), [&](const Member& each) {
+      return each.pid == response_[at] && !each.apart && each.share == Share::missing;
+    });
+    if (member == members_.end() || at + 1 + member->bytes > response_.size()) break;
+    member->share = Share::arrived;
     member->place = at;
     at += 1 + member->bytes;
+    ++came;
   }
-  return std::all_of(members_.begin(), members_.end(),
-                     [](const Member& each) { return each.place.has_value(); });
+  if (at >= response_.size() || came == frame_.size() - 1) return came;
+  for (Member& member : members_) member.share = Share::missing;
+  return 0;
 }
 
 }  // namespace tarnlog::host

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -15,8 +14,8 @@ class VehicleEcu;
 class VehicleRequest;
 
 /// Up to six PIDs of service 01 that one request asks for at once, as ISO 15031-5 allows on CAN. The first of
-/// them that is sent asks for all; the others take what came with it, once. A car that cannot do it is asked
-/// one by one from then on.
+/// them that is sent asks for all; the others take what came with it, once. A PID that does not come with the
+/// others is asked for by itself, and so are all in a car that cannot do it.
 class PidBundle {
  public:
   /// Bundles of the requests that can be bundled, in their order, at least two each.
@@ -34,15 +33,23 @@ class PidBundle {
   void forget();
 
  private:
+  enum class Share : std::uint8_t { due, arrived, missing };
   struct Member {
     VehicleRequest* request;
     std::uint8_t pid;
-    std::size_t bytes;                   ///< of data behind the PID
-    std::optional<std::size_t> place{};  ///< of the PID in the response, not taken yet
+    std::size_t bytes;  ///< of data behind the PID
+    Share share = Share::due;
+    std::size_t place = 0;  ///< of the PID in the response, when it arrived
+    bool cameBefore = false;
+    int missed = 0;      ///< in a row
+    bool apart = false;  ///< not asked for together with the others any more
   };
 
   void ask();
-  bool split();
+  std::size_t split();
+  void judge(std::size_t came);
+  void noteMissing();
+  void makeFrame();
 
   VehicleEcu& ecu_;
   std::vector<Member> members_;

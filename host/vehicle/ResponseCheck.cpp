@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "host/link/HexText.h"
+
 namespace tarnlog::host {
 namespace {
 
@@ -92,6 +94,11 @@ bool isBusy(std::span<const std::uint8_t> response) {
   return response.size() >= 3 && response[0] == kNegativeResponse && response[2] == kBusyRepeatRequest;
 }
 
+bool isOutsideSession(std::span<const std::uint8_t> response) {
+  return response.size() >= 3 && response[0] == kNegativeResponse && response[2] >= 0x7E &&
+         response[2] <= 0x80;
+}
+
 bool suppressesAnswer(std::string_view protocol, std::span<const std::uint8_t> request) {
   constexpr std::uint8_t kTesterPresent = 0x3E;
   constexpr std::array<std::uint8_t, 5> kWithSubFunction{0x10, 0x11, 0x28, kTesterPresent, 0x85};
@@ -120,6 +127,10 @@ ResponseClass classifyResponse(std::span<const std::uint8_t> request,
                     response.begin() + 1)
              ? ResponseClass::positive
              : ResponseClass::foreign;
+}
+
+std::string refusalText(std::span<const std::uint8_t> response) {
+  return hexText(response.first(3)) + " " + std::string(negativeResponseText(response[2]));
 }
 
 std::string_view negativeResponseText(std::uint8_t code) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 /// Telling whether a response belongs to a request (ISO 14229-1, ISO 14230-3, ISO 15031-5).
@@ -26,6 +27,9 @@ constexpr std::uint8_t positiveService(std::uint8_t service) {
 /// 7F, service, 21: the ECU has no time now and is to be asked again.
 bool isBusy(std::span<const std::uint8_t> response);
 
+/// 7F, service, 7E, 7F or 80: another session than the active one would be needed.
+bool isOutsideSession(std::span<const std::uint8_t> response);
+
 /// The request asks for no positive answer: the sub-function's upper bit of UDS in sessions (10), resets
 /// (11), CommunicationControl (28), TesterPresent (3E) and ControlDTCSetting (85), or TesterPresent 02 of
 /// KWP2000.
@@ -38,6 +42,9 @@ std::size_t repeatedBytes(std::span<const std::uint8_t> request);
 
 /// The request has at least one byte.
 ResponseClass classifyResponse(std::span<const std::uint8_t> request, std::span<const std::uint8_t> response);
+
+/// A negative response as text: "7F 21 31 request out of range".
+std::string refusalText(std::span<const std::uint8_t> response);
 
 /// What a negative response code means, in the words of the standards.
 std::string_view negativeResponseText(std::uint8_t code);

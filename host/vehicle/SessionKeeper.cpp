@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/vehicle/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -28,8 +29,10 @@ std::array<std::uint8_t, 2> testerPresent(const LinkTarget& target) {
 
 Conversation::Outcome SessionKeeper::exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                                               std::chrono::milliseconds timeout, Link::Bytes& response) {
-  keepOthersOpen(target);
-  const Conversation::Outcome outcome = send(target, request, timeout, response);
+  keepOpen(&target);
+  Conversation::Outcome outcome = send(target, request, timeout, response);
+  if (outcome == Conversation::Outcome::refused && isOutsideSession(response) && openAgain(target))
+    outcome = send(target, request, timeout, response);
   note(target, request, timeout, outcome);
   return outcome;
 }
@@ -47,15 +50,30 @@ Conversation::Outcome SessionKeeper::send(const LinkTarget& target, std::span<co
   }
 }
 
-void SessionKeeper::keepOthersOpen(const LinkTarget& target) {
+bool SessionKeeper::openAgain(const LinkTarget& target) {
+  const auto known =
+      std::ranges::find_if(open_, [&](const OpenSession& session) { return isSame(session.target, target); });
+  if (known == open_.end()) return false;
+  const OpenSession session = *known;
+  return send(target, session.opening, session.timeout, ignored_) == Conversation::Outcome::answered;
+}
+
+void SessionKeeper::pause(std::chrono::milliseconds time) {
+  keepOpen(nullptr);
+  conversation_.pause(time);
+}
+
+void SessionKeeper::keepOpen(const LinkTarget* except) {
   // The end of the communication, asked for while an answer is awaited, empties the list.
   for (std::size_t i = 0; i < open_.size();) {
     OpenSession& known = open_[i++];
-    if (isSame(known.target, target) || clock_.microseconds() - known.lastSent < kQuiet) continue;
+    if ((except != nullptr && isSame(known.target, *except)) ||
+        clock_.microseconds() - known.lastSent < kQuiet)
+      continue;
     known.lastSent = clock_.microseconds();
-    const OpenSession session = known;
+    const LinkTarget target = known.target;
     try {
-      send(session.target, testerPresent(session.target), session.timeout, ignored_);
+      send(target, testerPresent(target), known.timeout, ignored_);
     } catch (const EcuUnreachable&) {
       continue;  // no failure of the request that was asked for
     }
@@ -68,12 +86,15 @@ void SessionKeeper::note(const LinkTarget& target, std::span<const std::uint8_t>
       std::ranges::find_if(open_, [&](const OpenSession& session) { return isSame(session.target, target); });
   const bool opens = request.size() >= 2 && request[0] == kStartDiagnosticSession &&
                      outcome == Conversation::Outcome::answered;
-  if (known != open_.end() && opens && isDefault(request[1]))
+  if (known == open_.end()) {
+    if (opens && !isDefault(request[1]))
+      open_.push_back({target, Link::Bytes(request.begin(), request.end()), timeout, clock_.microseconds()});
+  } else if (opens && isDefault(request[1])) {
     open_.erase(known);
-  else if (known != open_.end())
+  } else {
     known->lastSent = clock_.microseconds();
-  else if (opens && !isDefault(request[1]))
-    open_.push_back({target, timeout, clock_.microseconds()});
+    if (opens) known->opening.assign(request.begin(), request.end());
+  }
 }
 
 void SessionKeeper::end() {

@@ -6,16 +6,16 @@
 namespace tarnlog::host {
 
 void VehicleAcquisitionList::add(ferrox3::DataItem& item) {
-  ferrox3::Request& request = item.request();
-  auto* const ecu = dynamic_cast<VehicleEcu*>(&request.ecu());
-  if (ecu == nullptr)
+  auto* const request = dynamic_cast<VehicleRequest*>(&item.request());
+  if (request == nullptr)
     throw TarnError(5, "VehicleAcquisitionList.add", item.name() + " does not come from this session");
-  if (known_.insert(&request).second) requests_.push_back(&request);
+  if (known_.insert(request).second) requests_.push_back(request);
+  VehicleEcu* const ecu = &request->vehicleEcu();
   if (known_.insert(ecu).second) ecus_.push_back(ecu);
 }
 
 std::unique_ptr<ferrox3::PollSet> VehicleAcquisitionList::pollSet() {
-  return std::make_unique<VehiclePollSet>(requests_, ecus_);
+  return std::make_unique<VehiclePollSet>(requests_, ecus_, polling_);
 }
 
 void VehicleAcquisitionList::finish() {

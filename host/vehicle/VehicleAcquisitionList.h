@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/vehicle/PolledRequest.h"
 #include "host/vehicle/VehicleEcu.h"
 #include "platform/ferrox3/Session.h"
 
@@ -12,6 +13,7 @@ namespace tarnlog::host {
 /// Collects data items and finds the requests that carry them, in the order of first appearance.
 class VehicleAcquisitionList : public ferrox3::AcquisitionList {
  public:
+  explicit VehicleAcquisitionList(const Polling& polling) : polling_(polling) {}
   /// Raises error 5 for an item of another session.
   void add(ferrox3::DataItem& item) override;
   std::unique_ptr<ferrox3::PollSet> pollSet() override;
@@ -19,7 +21,8 @@ class VehicleAcquisitionList : public ferrox3::AcquisitionList {
   void finish() override;
 
  private:
-  std::vector<ferrox3::Request*> requests_;
+  const Polling& polling_;
+  std::vector<VehicleRequest*> requests_;
   std::vector<VehicleEcu*> ecus_;
   std::unordered_set<const void*> known_;
 };

@@ -108,18 +108,7 @@ void VehicleDataItem::decodeBytes(std::span<const std::uint8_t> response) {
 void VehicleDataItem::setNotAvailable() {
   available_ = false;
   textIsCurrent_ = false;
-  switch (description_.layout.kind) {
-    case DataKind::integer:
-    case DataKind::real:
-      value_ = kNoNumber;
-      break;
-    case DataKind::text:
-      contentOf<std::string>(value_).clear();
-      break;
-    case DataKind::bytes:
-      contentOf<ferrox3::Bytes>(value_).clear();
-      break;
-  }
+  value_ = kNoNumber;
 }
 
 void VehicleDataItem::writeText() const {

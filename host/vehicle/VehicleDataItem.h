@@ -37,8 +37,7 @@ class VehicleEnumeration : public ferrox3::Enumeration {
 };
 
 /// A data item of a description. Its value is worked out when a response arrives, its text when somebody asks
-/// for it. A number that is not available is a double NaN, for integers too; a text or byte array is empty
-/// then; the value text of both is "---".
+/// for it. What is not available is a double NaN, whatever its type, and its value text is "---".
 class VehicleDataItem : public ferrox3::DataItem {
  public:
   VehicleDataItem(const DataDescription& description, const VehicleDevice* device, ferrox3::Request& request,
@@ -61,11 +60,11 @@ class VehicleDataItem : public ferrox3::DataItem {
   const DataDescription& description() const { return description_; }
   /// Takes the value from a response, which may end before the item does.
   void decode(std::span<const std::uint8_t> response);
+  void setNotAvailable();
 
  private:
   void decodeNumber(std::span<const std::uint8_t> response);
   void decodeBytes(std::span<const std::uint8_t> response);
-  void setNotAvailable();
   void writeText() const;
 
   const DataDescription& description_;

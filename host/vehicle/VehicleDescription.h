@@ -46,6 +46,7 @@ struct RequestDescription {
   Frame frame;  ///< at least one byte
   bool available = true;
   std::chrono::milliseconds timeout{};
+  bool refusalIsError = false;  ///< else what the ECU refuses is "not available" while others are polled
   std::vector<DataDescription> data;
 
   bool operator==(const RequestDescription&) const = default;

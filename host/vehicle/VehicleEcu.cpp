@@ -32,6 +32,7 @@ VehicleEcu::VehicleEcu(const EcuDescription& description, SessionKeeper& convers
     requestsByName_.emplace(request.name, requests_.back().get());
   }
   collectData();
+  while (greeting_ < requests_.size() && !requests_[greeting_]->available()) ++greeting_;
   if (description.protocol == "KWP2000") kwp2000_.emplace(*this);
 }
 
@@ -67,30 +68,28 @@ void VehicleEcu::exchange(const ferrox3::RawBuffer& request, ferrox3::RawBuffer&
 
 void VehicleEcu::ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                      Link::Bytes& response) {
-  const auto fail = [&](const std::string& text) {
-    throw TarnError(1, "VehicleEcu.ask",
-                    fmt::format("{}: request {}{}", name(), shortHexText(request), text));
-  };
-  switch (converse(request, timeout, response)) {
-    case Conversation::Outcome::answered:
-      return;
-    case Conversation::Outcome::refused:
-      fail(fmt::format(" refused: {} {}", shortHexText(response), negativeResponseText(response[2])));
-      break;
-    case Conversation::Outcome::silent:
-      fail(": " + conversation_.silence({}));
-      break;
-    case Conversation::Outcome::onlyPending:
-      fail(fmt::format(": still pending after {} ms", conversation_.pendingTimeout().count()));
-      break;
-  }
+  const auto outcome = converse(request, timeout, response);
+  if (outcome != Conversation::Outcome::answered) throw failure(outcome, request, response);
+}
+
+TarnError VehicleEcu::failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
+                              std::span<const std::uint8_t> response) const {
+  std::string text;
+  if (outcome == Conversation::Outcome::refused)
+    text = " refused: " + refusalText(response);
+  else if (outcome == Conversation::Outcome::onlyPending)
+    text = fmt::format(": still pending after {} ms", conversation_.pendingTimeout().count());
+  else
+    text = ": " + conversation_.silence({});
+  return {1, "VehicleEcu.ask", fmt::format("{}: request {}{}", name(), shortHexText(request), text)};
 }
 
 void VehicleEcu::initialise() {
-  const auto frame = firstFrame();
+  const auto frame = greetingFrame();
   if (frame.empty()) return;
   const auto outcome = converse(frame, description_.timeout, response_);
   if (outcome == Conversation::Outcome::answered || outcome == Conversation::Outcome::refused) return;
+  if (outcome == Conversation::Outcome::silent) changeGreeting();
   const std::string greeting = shortHexText(frame);
   throw TarnError(
       1, "VehicleEcu.initialise",
@@ -99,17 +98,29 @@ void VehicleEcu::initialise() {
           : fmt::format("no answer to {} within {} ms", greeting, conversation_.pendingTimeout().count()));
 }
 
-/// The frame that the ECU is greeted with; empty when it has no request that could be sent.
-std::span<const std::uint8_t> VehicleEcu::firstFrame() const {
+/// Empty when the ECU has no request that could be sent.
+std::span<const std::uint8_t> VehicleEcu::greetingFrame() const {
   if (!description_.initialisation.empty()) return description_.initialisation;
-  for (const RequestDescription& request : description_.requests)
-    if (request.available) return request.frame;
-  return {};
+  if (greeting_ == description_.requests.size()) return {};
+  return description_.requests[greeting_].frame;
+}
+
+/// To the next request that only reads something.
+void VehicleEcu::changeGreeting() {
+  const auto& requests = description_.requests;
+  for (std::size_t step = 1; step < requests.size(); ++step) {
+    const std::size_t next = (greeting_ + step) % requests.size();
+    if (!requests[next].available || requests[next].data.empty()) continue;
+    greeting_ = next;
+    return;
+  }
 }
 
 Conversation::Outcome VehicleEcu::converse(std::span<const std::uint8_t> request,
                                            std::chrono::milliseconds timeout, Link::Bytes& response) {
-  return conversation_.exchange(target_, request, timeout, response);
+  const auto outcome = conversation_.exchange(target_, request, timeout, response);
+  if (outcome != Conversation::Outcome::silent) ++answers_;
+  return outcome;
 }
 
 void VehicleEcu::SessionStarter::startDiagnosticSession(std::uint8_t mode) {

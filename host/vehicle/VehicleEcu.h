@@ -13,6 +13,7 @@
 
 #include "host/vehicle/SessionKeeper.h"
 #include "host/vehicle/VehicleRequest.h"
+#include "platform/base/TarnError.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog::host {
@@ -42,11 +43,17 @@ class VehicleEcu : public ferrox3::Ecu {
   /// The same, telling what came instead of raising; failures of the link are TarnErrors.
   Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                                  Link::Bytes& response);
+  /// What `ask` raises when that came instead of the positive response.
+  TarnError failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
+                    std::span<const std::uint8_t> response) const;
+  /// How often the ECU has answered, in whatever way.
+  std::uint64_t answers() const { return answers_; }
   bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }
   /// It was tried, and the ECU did not.
   void setOnePidOnly() { onePidOnly_ = true; }
 
-  /// Finds out whether the ECU is there; raises when it does not answer. A refusal is an answer.
+  /// Finds out whether the ECU is there; raises when it does not answer. A refusal is an answer. Where a
+  /// request is asked for that, and was silent, it is another one the next time: not every car has all.
   void initialise();
 
  private:
@@ -60,7 +67,8 @@ class VehicleEcu : public ferrox3::Ecu {
   };
 
   void collectData();
-  std::span<const std::uint8_t> firstFrame() const;
+  std::span<const std::uint8_t> greetingFrame() const;
+  void changeGreeting();
 
   const EcuDescription& description_;
   SessionKeeper& conversation_;
@@ -70,6 +78,8 @@ class VehicleEcu : public ferrox3::Ecu {
   std::unordered_map<std::string_view, ferrox3::DataItem*> dataByName_;
   std::optional<SessionStarter> kwp2000_;
   bool onePidOnly_ = false;
+  std::uint64_t answers_ = 0;
+  std::size_t greeting_ = 0;  ///< the request that the ECU is greeted with, where it has no frame for that
   Link::Bytes response_;
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <vector>
 
 #include "host/vehicle/PidBundle.h"
+#include "host/vehicle/PolledRequest.h"
 #include "host/vehicle/VehicleEcu.h"
 #include "host/vehicle/VehicleProtocol.h"
 #include "platform/ferrox3/Session.h"
@@ -12,10 +14,11 @@
 namespace tarnlog::host {
 
 /// Requests and ECUs in the order in which their first data item was added. OBD requests that can be asked
-/// for together are bundled.
+/// for together are bundled; what the car refuses is left out, unless the description wants an error.
 class VehiclePollSet : public ferrox3::PollSet {
  public:
-  VehiclePollSet(std::vector<ferrox3::Request*> requests, std::vector<VehicleEcu*> ecus);
+  VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
+                 const Polling& polling);
   std::size_t requestCount() const override { return requests_.size(); }
   ferrox3::Request& request(std::size_t position) const override { return *requests_[position]; }
   std::size_t ecuCount() const override { return ecus_.size(); }
@@ -25,6 +28,7 @@ class VehiclePollSet : public ferrox3::PollSet {
   void finish() override;
 
  private:
+  std::deque<PolledRequest> polled_;
   std::vector<ferrox3::Request*> requests_;
   std::vector<VehicleEcu*> ecus_;
   std::vector<std::unique_ptr<PidBundle>> bundles_;

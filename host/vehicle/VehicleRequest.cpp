@@ -29,10 +29,26 @@ ferrox3::DataItem* VehicleRequest::findData(std::string_view name) const {
 ferrox3::Ecu& VehicleRequest::ecu() const { return ecu_; }
 
 void VehicleRequest::send() {
+  const auto outcome = ask(false);
+  if (outcome != Conversation::Outcome::answered) throw failure(outcome);
+}
+
+Conversation::Outcome VehicleRequest::ask(bool alone) {
   sent_ = true;
-  if (bundle_ == nullptr || !bundle_->take(*this, received_))
-    ecu_.ask(description_.frame, description_.timeout, received_);
-  for (VehicleDataItem& item : data_) item.decode(received_);
+  auto outcome = Conversation::Outcome::answered;
+  if (alone || bundle_ == nullptr || !bundle_->take(*this, received_))
+    outcome = ecu_.converse(description_.frame, received_);
+  if (outcome == Conversation::Outcome::answered)
+    for (VehicleDataItem& item : data_) item.decode(received_);
+  return outcome;
+}
+
+TarnError VehicleRequest::failure(Conversation::Outcome outcome) const {
+  return ecu_.failure(outcome, description_.frame, description_.timeout, received_);
+}
+
+void VehicleRequest::setNotAvailable() {
+  for (VehicleDataItem& item : data_) item.setNotAvailable();
 }
 
 std::string VehicleRequest::sentText() const { return sent_ ? hexText(description_.frame) : std::string(); }

@@ -1,15 +1,19 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "host/link/Link.h"
+#include "host/vehicle/Conversation.h"
 #include "host/vehicle/VehicleDataItem.h"
+#include "platform/base/TarnError.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog::host {
@@ -40,6 +44,13 @@ class VehicleRequest : public ferrox3::Request {
 
   const RequestDescription& description() const { return description_; }
   VehicleEcu& vehicleEcu() const { return ecu_; }
+
+  /// As `send`, telling what came instead of raising. `alone`: not together with others.
+  Conversation::Outcome ask(bool alone);
+  /// What `send` raises when that came.
+  TarnError failure(Conversation::Outcome outcome) const;
+  std::span<const std::uint8_t> received() const { return received_; }
+  void setNotAvailable();
   /// Other requests that are asked for together with this one; null for none.
   void setBundle(PidBundle* bundle) { bundle_ = bundle; }
 

@@ -12,7 +12,8 @@ VehicleSession::VehicleSession(const VehicleDescription& description, Link& link
                                UserLocale locale)
     : locale_(std::move(locale)),
       conversation_(link, clock, description.pendingTimeout),
-      keeper_(conversation_, clock) {
+      keeper_(conversation_, clock),
+      polling_{keeper_, clock} {
   ecus_.reserve(description.ecus.size());
   for (const EcuDescription& ecu : description.ecus) {
     ecus_.push_back(std::make_unique<VehicleEcu>(
@@ -31,7 +32,7 @@ ferrox3::Ecu* VehicleSession::findEcuByFunction(std::string_view functionName) c
 }
 
 std::unique_ptr<ferrox3::AcquisitionList> VehicleSession::createAcquisitionList() {
-  return std::make_unique<VehicleAcquisitionList>();
+  return std::make_unique<VehicleAcquisitionList>(polling_);
 }
 
 std::unique_ptr<ferrox3::RawBuffer> VehicleSession::createRawBuffer() {

@@ -4,11 +4,14 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 #include "host/vehicle/Conversation.h"
+#include "host/vehicle/Notice.h"
+#include "host/vehicle/PolledRequest.h"
 #include "host/vehicle/SessionKeeper.h"
 #include "host/vehicle/VehicleDescription.h"
 #include "host/vehicle/VehicleEcu.h"
@@ -36,12 +39,17 @@ class VehicleSession : public ferrox3::Session {
   /// Closes the link; a request sent later opens it again.
   void endCommunication() override { keeper_.end(); }
 
+  /// Is told, while a request of a poll set is sent, when the car begins and ends to refuse it or not to know
+  /// it. It may do anything but use the session.
+  void setNoticeHandler(NoticeHandler handler) { polling_.notify = std::move(handler); }
+
  private:
   const VehicleDevice* deviceOf(const std::string& name);
 
   UserLocale locale_;
   Conversation conversation_;
   SessionKeeper keeper_;
+  Polling polling_;
   std::unordered_map<std::string, std::unique_ptr<VehicleDevice>> devices_;
   std::vector<std::unique_ptr<VehicleEcu>> ecus_;
   std::unordered_map<std::string_view, VehicleEcu*> byFunction_;

@@ -204,6 +204,26 @@ TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   EXPECT_THAT(car.adapter.heard, ElementsAre("010C0D05042"));
 }
 
+TEST(Obd, GoesOnWithoutAPidThatIsNotGivenAnyMore) {
+  Car car;
+  car.adapter.severalPids = true;
+  const auto vehicle = car.open(car.makeLink());
+  std::size_t notices = 0;
+  vehicle->session().setNoticeHandler([&](const Notice&) { ++notices; });
+  Poll poll(vehicle->session(), {"PID 0C", "PID 0D", "PID 05", "PID 04"});
+  auto& answers = car.adapter.ecus[0].answers;
+  answers["0105"] = {"7F0112"};
+  answers["010C0D0504"] = {"410C1AF80D200480"};
+  for (int i = 0; i < 3; ++i) EXPECT_THAT(poll.cycle(), ElementsAre("1726", "32", "---", "50.2"));
+  car.adapter.heard.clear();
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "32", "---", "50.2"));
+  EXPECT_THAT(car.adapter.heard, ElementsAre(testing::StartsWith("010C0D04")));
+  answers["0105"] = {"41057B"};
+  car.clock.step(5'000'000);
+  EXPECT_THAT(poll.cycle(), ElementsAre("1726", "32", "83", "50.2"));
+  EXPECT_EQ(notices, 2U);
+}
+
 TEST(Obd, ComesAgainFromItsTrace) {
   Car car;
   car.adapter.severalPids = true;

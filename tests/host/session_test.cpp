@@ -86,7 +86,7 @@ TEST(VehicleSession, TextsAndBytesAreTakenAsTheyAre) {
   car.peer.script["1A 80"] = {"5A 80 41"};
   identity.send();
   EXPECT_EQ(identity.findData("Number")->valueText(), "---");
-  EXPECT_EQ(std::get<std::string>(identity.findData("Number")->value()), "");
+  EXPECT_TRUE(std::isnan(std::get<double>(identity.findData("Number")->value())));
   EXPECT_EQ(std::get<ferrox3::Bytes>(identity.findData("Raw")->value()), ferrox3::Bytes{0x41});
 }
 
@@ -117,6 +117,110 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
   EXPECT_EQ(car.text("Speed"), "3,0");
   car.peer.script["21 80"] = std::vector<std::string>(200, "7F 21 78");
   EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: still pending after 1000 ms");
+}
+
+/// The requests "Speeds" and "Identity" as a poll set sends them.
+struct PolledCar : Car {
+  PolledCar() {
+    session.setNoticeHandler([this](const Notice& notice) { notices.push_back(notice.text); });
+    peer.script = {{"10 81", {"50 81"}}, {"21 80", {"61 80 00 04 01 05"}}, {"1A 80", {"5A 80 41 42 43"}}};
+    list->add(*request("Speeds").findData("Speed"));
+    list->add(*request("Identity").findData("Number"));
+  }
+  void begin() {
+    set = list->pollSet();
+    set->protocol().initialiseAll();
+  }
+  std::string cycle() {
+    for (std::size_t i = 0; i < set->requestCount(); ++i)
+      if (const std::string error = test::failureOf([&] { set->request(i).send(); }); error != "none")
+        return error;
+    return text("Speed") + " " + request("Identity").findData("Number")->valueText();
+  }
+  std::ptrdiff_t asked(const std::string& frame) {
+    return std::count(peer.sent.begin(), peer.sent.end(), "16: " + frame);
+  }
+
+  std::vector<std::string> notices;
+  std::unique_ptr<ferrox3::AcquisitionList> list = session.createAcquisitionList();
+  std::unique_ptr<ferrox3::PollSet> set;
+};
+
+TEST(VehicleSession, PollsOnWithoutWhatTheCarRefuses) {
+  PolledCar car;
+  car.begin();
+  EXPECT_EQ(car.cycle(), "1,0 ABC");
+  car.peer.script["1A 80"] = {"7F 1A 31"};
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(car.cycle(), "1,0 ---");
+  EXPECT_TRUE(std::isnan(std::get<double>(car.request("Identity").findData("Number")->value())));
+  EXPECT_EQ(car.asked("1A 80"), 2);
+  EXPECT_NE(car.sendError("Identity"), "none") << "for whoever asks for it by itself it is an error";
+  car.clock.step(5'000'000);
+  EXPECT_EQ(car.cycle(), "1,0 ---");
+  car.peer.script["1A 80"] = {"5A 80 41 42 43"};
+  car.clock.step(5'000'000);
+  EXPECT_EQ(car.cycle(), "1,0 ABC");
+  EXPECT_EQ(car.notices,
+            (std::vector<std::string>{
+                "Engine: Identity is refused (7F 1A 31 request out of range): left out, and asked "
+                "again every 5 s",
+                "Engine: Identity is answered again"}));
+  car.peer.script["1A 80"] = {"7F 1A 21"};
+  EXPECT_EQ(car.cycle(), "Engine: request 1A 80 refused: 7F 1A 21 busy, repeat request");
+
+  // With everything refused, cycles do not follow one another at full speed.
+  car.peer.script["21 80"] = car.peer.script["1A 80"] = {"7F 21 22", "7F 1A 22"};
+  EXPECT_EQ(car.cycle(), "--- ---");
+  const auto before = car.clock.microseconds();
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(car.cycle(), "--- ---");
+  EXPECT_GE(car.clock.microseconds() - before, 200'000);
+
+  PolledCar strict;
+  strict.description.ecus[0].requests[1].refusalIsError = true;
+  strict.peer.script["1A 80"] = {"7F 1A 31"};
+  strict.begin();
+  EXPECT_EQ(strict.cycle(), "Engine: request 1A 80 refused: 7F 1A 31 request out of range");
+}
+
+TEST(VehicleSession, PollsOnWithoutWhatTheCarNeverAnswersUnlessTheWholeEcuIsSilent) {
+  const std::string silent = "Engine: request 21 80: no answer within 200 ms";
+  PolledCar car;
+  car.peer.script["21 80"] = {};
+  for (int i = 0; i < 2; ++i) {
+    if (i == 0) car.begin();
+    EXPECT_EQ(car.cycle(), silent);
+    car.set->protocol().initialiseAll();
+  }
+  const auto elapsed = [&] {
+    const auto before = car.clock.microseconds();
+    EXPECT_EQ(car.cycle(), "--- ABC");
+    return car.clock.microseconds() - before;
+  };
+  EXPECT_GE(elapsed(), 200'000);
+  EXPECT_LT(elapsed(), 50'000);
+  car.clock.step(5'000'000);
+  EXPECT_GE(elapsed(), 200'000);
+  EXPECT_LT(elapsed(), 50'000);
+  EXPECT_EQ(car.notices.size(), 1U);
+  car.clock.step(5'000'000);
+  car.peer.script["21 80"] = {"61 80 00 08"};
+  EXPECT_EQ(car.cycle(), "2,0 ABC");
+  EXPECT_EQ(car.notices.back(), "Engine: Speeds is answered again");
+
+  car.peer.script.clear();
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(car.cycle(), silent);
+    car.set->protocol().initialiseAll();
+  }
+}
+
+TEST(VehicleSession, IsGreetedWithAnotherRequestAfterSilence) {
+  PolledCar car;
+  car.description.ecus[0].initialisation.clear();
+  car.peer.script["21 80"] = {};
+  car.begin();
+  car.set->protocol().initialiseAll();
+  EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"16: 21 80", "16: 1A 80"}));
 }
 
 // A gateway that refused at once was asked a thousand times a second.
@@ -267,6 +371,18 @@ TEST(VehicleSession, OpenSessionsAreKeptWhileAnotherEcuIsAsked) {
   EXPECT_EQ(askWheelsFor(2), 0);
   car.session.endCommunication();
   EXPECT_EQ(askWheelsFor(9), 0);
+}
+
+// Refusals of a session that has lapsed once led to a new initialisation; now they only leave out.
+TEST(VehicleSession, ALostSessionIsOpenedAgain) {
+  PolledCar car;
+  car.begin();
+  car.peer.script["10 A0"] = {"50 A0"};
+  car.session.ecu(0).kwp2000()->startDiagnosticSession(0xA0);
+  car.peer.script["21 80"] = {"7F 21 80"};
+  car.peer.sent.clear();
+  EXPECT_EQ(car.cycle(), "--- ABC");
+  EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"16: 21 80", "16: 10 A0", "16: 21 80", "16: 1A 80"}));
 }
 
 TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {

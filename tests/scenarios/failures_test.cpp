@@ -51,6 +51,23 @@ TEST(Failures, endARecordingWhoseStopIsArmed) {
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60", "1|\"\"|60")) << "without a mark of the one before";
 }
 
+TEST(Failures, aRefusedRequestIsNotAvailableAndTheOthersGoOn) {
+  Scenario car(
+      {.speed = "0:40 6000:60",
+       .faults =
+           R"({"ecu": "Injection", "request": "Status", "kind": "negativeResponse", "from": 1.05, "to": 2})",
+       .data = {"Status/Speed", "Identification/Raw"},
+       .start = "rising 50"});
+  car.start();
+  car.run("1000 1100 2100");
+  EXPECT_EQ(car.screen.rows[0].value, "---");
+  EXPECT_EQ(car.screen.state, "com");
+  car.run("6200 6300");
+  EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60|0A 1B", "0.1|\"\"|60|0A 1B"))
+      << "the trigger remembers the value before the gap";
+  EXPECT_THAT(car.screen.logTexts(), Not(Contains(StartsWith("Send error"))));
+}
+
 TEST(Failures, whileTheEcuStartsAreToldAndPassedOver) {
   const std::string refused =
       R"({"ecu": "Injection", "kind": "negativeResponse", "code": "0x12", "from": 0.1, "to": 0.3})";

@@ -9,8 +9,8 @@ namespace tarnlog::ferrox3 {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// The current value of a data item. A double NaN stands for no number (no value yet, or the ECU says "not
-/// available"), for integer items as well.
+/// The current value of a data item. A double NaN stands for no value (none yet, or none available), whatever
+/// the type of the item.
 using Value = std::variant<std::int32_t, double, std::string, Bytes>;
 
 /// Value-type codes.

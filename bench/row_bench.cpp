@@ -41,7 +41,7 @@ void appendedTextRow(benchmark::State& state) {
       end += text.size();
     };
     time.clear();
-    appendSeconds2(time, static_cast<std::int32_t>(number * 100), '.');
+    appendSeconds2(time, static_cast<std::int64_t>(number) * 100, '.');
     append(time);
     append("\t\"\"");
     for (const std::string& cell : texts.row(number)) {
@@ -62,7 +62,7 @@ void writeStreamRows(benchmark::State& state, const std::string& path) {
   std::size_t number = 0;
   for (auto _ : state) {
     time.clear();
-    appendSeconds2(time, static_cast<std::int32_t>(number * 100), '.');
+    appendSeconds2(time, static_cast<std::int64_t>(number) * 100, '.');
     file << time << "\t\"\"";
     for (const std::string& cell : texts.row(number)) file << '\t' << cell;
     file << "\r\n" << std::flush;

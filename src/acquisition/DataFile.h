@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "acquisition/RollingBuffer.h"
-#include "platform/time/Clock.h"
+#include "acquisition/TimeOrigin.h"
 
 namespace tarnlog {
 
@@ -12,8 +12,8 @@ namespace tarnlog {
 class DataFile {
  public:
   virtual ~DataFile() = default;
-  virtual void writeBuffer(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) = 0;
-  virtual void writeCurrent(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) = 0;
+  virtual void writeBuffer(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) = 0;
+  virtual void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) = 0;
   /// Writes what the format needs at its end. At most once, before destroying.
   virtual void finish() = 0;
 };

@@ -46,7 +46,7 @@ void Recorder::userEvent() {
   screen_.beep();
   try {
     if (recording_) {
-      events_.recordWhileRecording(current_, recordStartTime_);
+      events_.recordWhileRecording(current_, recordStart_);
       screen_.setEventCaption("Event " + std::to_string(events_.count()));
     } else {
       events_.recordWhileIdle(current_);
@@ -78,13 +78,15 @@ bool Recorder::OpenRecordFile() {
 /// With history the newest history row is the start; without, it is the newest polling cycle, and the
 /// schedule of rows starts anew from there.
 void Recorder::writeFirstRows() {
-  if (plan_.preTriggerPoints != 0) {
-    preTrigger_.GetTime(recordStartTime_);
-    skipOnFailure([&] { files_.record()->writeBuffer(preTrigger_, recordStartTime_, "Start"); });
+  const bool history = plan_.preTriggerPoints != 0;
+  Milliseconds start = 0;
+  (history ? preTrigger_ : current_).GetTime(start);
+  recordStart_ = start;
+  if (history) {
+    skipOnFailure([&] { files_.record()->writeBuffer(preTrigger_, recordStart_, "Start"); });
   } else {
-    current_.GetTime(recordStartTime_);
-    nextSampleTime_ = recordStartTime_ + static_cast<Milliseconds>(plan_.samplePeriod);
-    skipOnFailure([&] { files_.record()->writeCurrent(current_, recordStartTime_, "Start"); });
+    nextSampleTime_ = start + static_cast<Milliseconds>(plan_.samplePeriod);
+    skipOnFailure([&] { files_.record()->writeCurrent(current_, recordStart_, "Start"); });
   }
   ++rowsWritten_;
 }
@@ -124,6 +126,7 @@ void Recorder::startRecording() {
 }
 
 Recorder::Refresh Recorder::cycleRecording(Milliseconds pollTime) {
+  recordStart_.follow(pollTime);
   if (!stopRequested_ && stopFires(pollTime)) armStop();
   if (!rowDue(pollTime)) return cycleWithoutRow(pollTime);
   addToPreTrigger(pollTime);
@@ -145,7 +148,7 @@ Recorder::Refresh Recorder::cycleWithoutRow(Milliseconds pollTime) {
 bool Recorder::stopFires(Milliseconds pollTime) {
   switch (stopTrigger_->typeTrigger) {
     case oTarnTrigger::kTime:
-      return millisecondsBetween(recordStartTime_, pollTime) > std::int64_t{stopTrigger_->timeSeconde} * 1000;
+      return recordStart_.millisecondsTo(pollTime) > std::int64_t{stopTrigger_->timeSeconde} * 1000;
     case oTarnTrigger::kChannel:
       return stop_.evaluate();
     default:
@@ -161,11 +164,11 @@ void Recorder::armStop() {
 
 void Recorder::writeRow(Milliseconds pollTime) {
   elapsed_.clear();
-  appendSeconds1(elapsed_, millisecondsBetween(recordStartTime_, pollTime), decimalSeparator_);
+  appendSeconds1(elapsed_, recordStart_.millisecondsTo(pollTime), decimalSeparator_);
   screen_.setPanelText(StatusPanel::AcqTime, elapsed_);
   const std::string& mark = takeMark();
   if (DataFile* const file = files_.record())
-    if (skipOnFailure([&] { file->writeCurrent(current_, recordStartTime_, mark); })) ++rowsWritten_;
+    if (skipOnFailure([&] { file->writeCurrent(current_, recordStart_, mark); })) ++rowsWritten_;
 }
 
 /// "Stop" goes before an event, whose mark then waits for the next row.

@@ -10,6 +10,7 @@
 #include "acquisition/RecordFiles.h"
 #include "acquisition/RecordingPlan.h"
 #include "acquisition/RollingBuffer.h"
+#include "acquisition/TimeOrigin.h"
 #include "acquisition/UserEvents.h"
 #include "acquisition/ValueList.h"
 #include "config/oTarnTrigger.h"
@@ -101,7 +102,7 @@ class Recorder {
   bool stopMarkPending_ = false;
   std::int32_t postCountdown_ = 0;
   Milliseconds nextSampleTime_ = 0;
-  Milliseconds recordStartTime_ = 0;
+  TimeOrigin recordStart_;
   std::int32_t finishedRecordings_ = 0;
   std::uint64_t rowsWritten_ = 0;
   std::string mark_;     ///< scratch, kept for its capacity

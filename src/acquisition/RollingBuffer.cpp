@@ -69,28 +69,28 @@ void RollingBuffer::forEachRowOldestFirst(WriteRow writeRow) const {
   } while (row != current_);
 }
 
-void RollingBuffer::WriteBufferToFile(TextStream& stream, Milliseconds t0, std::string_view mark) {
+void RollingBuffer::WriteBufferToFile(TextStream& stream, TimeOrigin t0, std::string_view mark) {
   forEachRowOldestFirst(
       [&](std::int32_t row) { writeTextRow(stream, row, t0, row == current_ ? mark : std::string_view()); });
 }
 
-void RollingBuffer::WriteCurrentToFile(TextStream& stream, Milliseconds t0, std::string_view mark) {
+void RollingBuffer::WriteCurrentToFile(TextStream& stream, TimeOrigin t0, std::string_view mark) {
   if (!empty()) writeTextRow(stream, current_, t0, mark);
 }
 
-void RollingBuffer::WriteBufferToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark) {
+void RollingBuffer::WriteBufferToSaxFile(ContentHandler& handler, TimeOrigin t0, std::string_view mark) {
   forEachRowOldestFirst(
       [&](std::int32_t row) { writeSaxRow(handler, row, t0, row == current_ ? mark : std::string_view()); });
 }
 
-void RollingBuffer::WriteCurrentToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark) {
+void RollingBuffer::WriteCurrentToSaxFile(ContentHandler& handler, TimeOrigin t0, std::string_view mark) {
   if (!empty()) writeSaxRow(handler, current_, t0, mark);
 }
 
-void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, Milliseconds t0,
+void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, TimeOrigin t0,
                                  std::string_view mark) {
   time_.clear();
-  appendSeconds2(time_, millisecondsBetween(t0, timeOf(number)), decimalSeparator_);
+  appendSeconds2(time_, t0.millisecondsTo(timeOf(number)), decimalSeparator_);
   line_.clear();
   line_.append(time_);
   line_.append("\t\"");
@@ -106,10 +106,10 @@ void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, Millis
   stream.writeLine(line_.view());
 }
 
-void RollingBuffer::writeSaxRow(ContentHandler& handler, std::int32_t number, Milliseconds t0,
+void RollingBuffer::writeSaxRow(ContentHandler& handler, std::int32_t number, TimeOrigin t0,
                                 std::string_view mark) {
   time_.clear();
-  appendSeconds2(time_, millisecondsBetween(t0, timeOf(number)), decimalSeparator_);
+  appendSeconds2(time_, t0.millisecondsTo(timeOf(number)), decimalSeparator_);
   attributes_.clear();
   attributes_.addBorrowed("Time", time_);
   attributes_.addBorrowed("Event", mark);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "acquisition/CellRow.h"
+#include "acquisition/TimeOrigin.h"
 #include "platform/base/ByteBuffer.h"
 #include "platform/files/FileSystem.h"
 #include "platform/time/Clock.h"
@@ -36,10 +37,10 @@ class RollingBuffer {
   std::int32_t columns() const { return columns_; }
 
   /// Every row, oldest first, or the newest one only; times relative to `t0`, the mark on the newest row.
-  void WriteBufferToFile(TextStream& stream, Milliseconds t0, std::string_view mark);
-  void WriteCurrentToFile(TextStream& stream, Milliseconds t0, std::string_view mark);
-  void WriteBufferToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark);
-  void WriteCurrentToSaxFile(ContentHandler& handler, Milliseconds t0, std::string_view mark);
+  void WriteBufferToFile(TextStream& stream, TimeOrigin t0, std::string_view mark);
+  void WriteCurrentToFile(TextStream& stream, TimeOrigin t0, std::string_view mark);
+  void WriteBufferToSaxFile(ContentHandler& handler, TimeOrigin t0, std::string_view mark);
+  void WriteCurrentToSaxFile(ContentHandler& handler, TimeOrigin t0, std::string_view mark);
 
  private:
   template <class WriteRow>
@@ -47,8 +48,8 @@ class RollingBuffer {
   CellRow& row(std::int32_t number) { return cells_[static_cast<std::size_t>(number - 1)]; }
   const CellRow& row(std::int32_t number) const { return cells_[static_cast<std::size_t>(number - 1)]; }
   Milliseconds& timeOf(std::int32_t number) { return times_[static_cast<std::size_t>(number - 1)]; }
-  void writeTextRow(TextStream& stream, std::int32_t number, Milliseconds t0, std::string_view mark);
-  void writeSaxRow(ContentHandler& handler, std::int32_t number, Milliseconds t0, std::string_view mark);
+  void writeTextRow(TextStream& stream, std::int32_t number, TimeOrigin t0, std::string_view mark);
+  void writeSaxRow(ContentHandler& handler, std::int32_t number, TimeOrigin t0, std::string_view mark);
 
   char decimalSeparator_;
   std::int32_t columns_ = 0;

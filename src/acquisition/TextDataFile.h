@@ -22,10 +22,10 @@ class TextDataFile : public DataFile {
   /// One line: data with their units.
   void writeEventHeader(const Columns& columns);
 
-  void writeBuffer(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) override {
+  void writeBuffer(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteBufferToFile(*stream_, t0, mark);
   }
-  void writeCurrent(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) override {
+  void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteCurrentToFile(*stream_, t0, mark);
   }
   void finish() override {}

@@ -19,14 +19,14 @@ void UserEvents::recordWhileIdle(RollingBuffer& history) {
   activate(history, newest);
 }
 
-void UserEvents::recordWhileRecording(RollingBuffer& history, Milliseconds recordStart) {
+void UserEvents::recordWhileRecording(RollingBuffer& history, TimeOrigin recordStart) {
   files_.openEventFile(count_ + 1);
   ++count_;
   markPending_ = true;
   activate(history, recordStart);
 }
 
-void UserEvents::activate(RollingBuffer& history, Milliseconds timeOrigin) {
+void UserEvents::activate(RollingBuffer& history, TimeOrigin timeOrigin) {
   timeOrigin_ = timeOrigin;
   skipOnFailure([&] { files_.event()->writeBuffer(history, timeOrigin, "event"); });
   active_ = true;

@@ -4,6 +4,7 @@
 
 #include "acquisition/RecordFiles.h"
 #include "acquisition/RollingBuffer.h"
+#include "acquisition/TimeOrigin.h"
 
 namespace tarnlog {
 
@@ -24,7 +25,7 @@ class UserEvents {
   /// Opens the event file and writes the history. While recording, `recordStart` is its time origin; while
   /// not, times count from the newest row. Raises when the file cannot be opened; nothing is activated then.
   void recordWhileIdle(RollingBuffer& history);
-  void recordWhileRecording(RollingBuffer& history, Milliseconds recordStart);
+  void recordWhileRecording(RollingBuffer& history, TimeOrigin recordStart);
 
   /// After each polling cycle: one more row, and the end of the file after the last.
   void addRow(RollingBuffer& current);
@@ -35,14 +36,14 @@ class UserEvents {
   void end();
 
  private:
-  void activate(RollingBuffer& history, Milliseconds timeOrigin);
+  void activate(RollingBuffer& history, TimeOrigin timeOrigin);
 
   RecordFiles& files_;
   bool active_ = false;
   bool markPending_ = false;
   std::int32_t rowsLeft_ = 0;
   std::int32_t count_ = 0;
-  Milliseconds timeOrigin_ = 0;
+  TimeOrigin timeOrigin_;
 };
 
 }  // namespace tarnlog

@@ -26,10 +26,10 @@ class XmlDataFile : public DataFile {
   XmlDataFile(std::unique_ptr<FileStream> stream, const XmlDataHeader& header,
               const oTarnParameters& parameters, const UserLocale& locale);
 
-  void writeBuffer(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) override {
+  void writeBuffer(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteBufferToSaxFile(writer_, t0, mark);
   }
-  void writeCurrent(RollingBuffer& buffer, Milliseconds t0, std::string_view mark) override {
+  void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteCurrentToSaxFile(writer_, t0, mark);
   }
   void finish() override { writer_.endElement("Tarnlog2000"); }

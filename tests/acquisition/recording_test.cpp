@@ -84,14 +84,19 @@ TEST(Recording, goesOnAroundADatumThatCannotBeRead) {
   EXPECT_FALSE(rig.acq.Recording());
 }
 
-// The schedule of period 0 stands still: half a turn of the clock later it once seemed to lie ahead.
+// The schedule of period 0 stands still: half a turn of the clock later it once seemed to lie ahead, and
+// times were below 0 from then on.
 TEST(Recording, everyCycleIsARowAlsoAfterWeeks) {
   AcqRig rig;
+  rig.parameters->stopTrigger->typeTrigger = oTarnTrigger::kTime;
+  rig.parameters->stopTrigger->timeSeconde = 2147000;
   rig.start();
   rig.run("1000:0");
   rig.acq.ToggleRecording();
-  rig.run("1100:1 1200:2 2200000000:3");
-  EXPECT_EQ(rig.recordRows().size(), 3U);
+  rig.run("1100:1 1200:2 2000000000:3 2200001000:4");
+  EXPECT_THAT(rig.recordRows(),
+              ElementsAre("0|\"Start\"|0", "0.2|\"\"|2", "1999999|\"\"|3", "2200000|\"Stop\"|4"));
+  EXPECT_EQ(rig.screen.timePanel, "2200000");
 }
 
 TEST(Recording, namesWhyAFileCannotBeOpened) {

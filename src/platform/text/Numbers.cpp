@@ -234,11 +234,11 @@ std::int32_t roundHalfEven(double value) {
                                                       std::numeric_limits<std::int32_t>::max()));
 }
 
-void appendSeconds2(std::string& out, std::int32_t milliseconds, char decimalSeparator) {
+void appendSeconds2(std::string& out, std::int64_t milliseconds, char decimalSeparator) {
   appendScaled(out, divideHalfEven(milliseconds, 10), 2, decimalSeparator);
 }
 
-void appendSeconds1(std::string& out, std::int32_t milliseconds, char decimalSeparator) {
+void appendSeconds1(std::string& out, std::int64_t milliseconds, char decimalSeparator) {
   appendScaled(out, divideHalfEven(milliseconds, 100), 1, decimalSeparator);
 }
 

@@ -40,8 +40,8 @@ std::int64_t divideHalfEven(std::int64_t value, std::int64_t divisor);
 
 /// A difference of milliseconds as seconds rounded to 2 decimals (halves to even) in the shortest form: -20
 /// is "-0.02", 5 is "0", 15 is "0.02".
-void appendSeconds2(std::string& out, std::int32_t milliseconds, char decimalSeparator);
+void appendSeconds2(std::string& out, std::int64_t milliseconds, char decimalSeparator);
 /// The same rounded to 1 decimal.
-void appendSeconds1(std::string& out, std::int32_t milliseconds, char decimalSeparator);
+void appendSeconds1(std::string& out, std::int64_t milliseconds, char decimalSeparator);
 
 }  // namespace tarnlog

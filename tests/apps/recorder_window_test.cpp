@@ -223,6 +223,7 @@ TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
   EXPECT_GT(files.files[recordFiles().front()].size(), rows);
   QTest::keyClick(box, Qt::Key_Return);
   EXPECT_TRUE(window->recorder().recordingRuns());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return box == nullptr; }, 1000));
   view(0);
   for (QAbstractButton* const button : window->findChild<QMessageBox*>("endRecording")->buttons())
     if (button->text() == "&End recording") button->click();

@@ -13,6 +13,7 @@ class SerialStream : public DescriptorStream {
   static bool isBaudRate(std::int64_t baud);
 
   void open() override;
+  void close() override;
 
  private:
   std::string path_;

@@ -20,6 +20,7 @@ void SimulatedLink::close() {
 
 void SimulatedLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
   if (!open_) throw TarnError(1, "SimulatedLink.send", "the simulated link is not open");
+  patience_.begin();
   sent_ = clock_.microseconds();
   answers_.clear();
   next_ = 0;
@@ -32,13 +33,13 @@ bool SimulatedLink::receive(Bytes& response, std::chrono::milliseconds timeout) 
     SimulatedAnswers::Answer& answer = answers_[next_];
     const std::int64_t due = sent_ + answer.delay.count();
     if (due <= deadline) {
-      clock_.waitUntil(due, idleHook());
+      clock_.waitUntil(due, waitHook_);
       response.swap(answer.bytes);
       ++next_;
       return true;
     }
   }
-  clock_.waitUntil(deadline, idleHook());
+  clock_.waitUntil(deadline, waitHook_);
   return false;
 }
 

@@ -6,6 +6,7 @@
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 #include "host/link/SimulatedPeer.h"
+#include "host/link/StopPatience.h"
 
 namespace tarnlog::host {
 
@@ -28,6 +29,11 @@ class SimulatedLink : public Link {
   std::int64_t opened_ = 0;
   std::int64_t sent_ = 0;
   bool open_ = false;
+  StopPatience patience_{*this, clock_};
+  IdleHook waitHook_ = [this] {
+    idle();
+    patience_.check();
+  };
 };
 
 }  // namespace tarnlog::host

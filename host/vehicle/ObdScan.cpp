@@ -56,7 +56,7 @@ struct FoundEcu {
 class Search {
  public:
   Search(Link& link, LinkClock& clock, const PhaseHook& phase)
-      : clock_(clock), conversation_(link, clock, kPendingTimeout), phase_(phase) {}
+      : link_(link), clock_(clock), conversation_(link, clock, kPendingTimeout), phase_(phase) {}
 
   /// After a failure the conversation opens the link anew.
   std::vector<FoundEcu> findPatiently() {
@@ -67,6 +67,7 @@ class Search {
       } catch (const EcuUnreachable&) {
         throw;
       } catch (const TarnError&) {
+          if (link_.stopAsked()) throw;
         const std::int64_t now = clock_.microseconds();
         if (attempt == 1) failed_ = now;
         const bool mayComeBack = reached_ && now < failed_ + kReturn;
@@ -90,6 +91,7 @@ class Search {
   Pids askPids(const LinkTarget& target, std::chrono::milliseconds timeout);
   Link::Bytes askMask(const LinkTarget& target, std::uint8_t mask, std::chrono::milliseconds timeout);
 
+  Link& link_;
   LinkClock& clock_;
   Conversation conversation_;
   const PhaseHook& phase_;

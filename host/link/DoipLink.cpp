@@ -13,6 +13,7 @@ constexpr std::int64_t kActivationTime = 2'000'000;  ///< microseconds
 constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a request to all ECUs
 constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
 constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
+constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message, after its last bytes
 constexpr const char* kObd = "OBD-II";
 
 /// Requests to a group of ECUs are answered by each in its own name.
@@ -35,7 +36,7 @@ void DoipLink::fail(const std::string& text) const {
 
 std::string DoipLink::findHost() {
   if (settings_.host != "*") return settings_.host;
-  const auto entity = findDoipEntity(settings_.host, settings_.port, clock_, idleHook());
+  const auto entity = findDoipEntity(settings_.host, settings_.port, clock_, waitHook_);
   if (!entity) fail("no vehicle answers on the local networks; is the cable plugged in and the ignition on?");
   gateway_ = entity->address;
   return entity->host;
@@ -44,11 +45,12 @@ std::string DoipLink::findHost() {
 void DoipLink::connect(const std::string& host) {
   close();
   stream_ = connect_(host, settings_.port);
-  stream_->setIdleHook([this] { idle(); });
+  stream_->setIdleHook(waitHook_);
   stream_->open();
 }
 
 void DoipLink::open() {
+  patience_.begin();
   const std::string host = findHost();
   connect(host);
   if (activateRouting()) return;
@@ -61,7 +63,9 @@ void DoipLink::close() {
   if (stream_) stream_->close();
   stream_.reset();
   messages_.clear();
-  unanswered_ = false;
+  unasked_.clear();
+  acknowledgesFirst_ = false;
+  misjudged_ = 0;
 }
 
 /// False when the gateway asks for another version of the protocol, which is the one spoken from then on.
@@ -104,40 +108,86 @@ bool DoipLink::isGranted(std::span<const std::uint8_t> activation) const {
   return code == kGranted;
 }
 
+std::uint16_t DoipLink::ecuOf(const LinkTarget& target) const {
+  const auto own = static_cast<std::uint16_t>(target.address);
+  return settings_.ecu.value_or(target.address > 0 && target.address <= 0xFFFF ? own : gateway_);
+}
+
 void DoipLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
   if (!stream_) fail("the connection is not open");
-  if (unanswered_) dropLateAnswers();
-  unanswered_ = true;
-  const auto own = static_cast<std::uint16_t>(target.address);
-  target_ = settings_.ecu.value_or(target.address > 0 && target.address <= 0xFFFF ? own : gateway_);
+  patience_.begin();
+  readAway();
+  post(ecuOf(target), request);
+}
+
+void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
+  target_ = ecu;
+  acknowledged_ = early_ = false;
   doipDiagnostic(settings_.tester, target_, request, version_, frame_);
   stream_->write(frame_);
 }
 
-/// What has come meanwhile belongs to a request that was given up, not to the next one.
-void DoipLink::dropLateAnswers() {
+bool DoipLink::readUnasked(const LinkTarget& target) {
+  if (!stream_) return false;
+  patience_.begin();
+  readAway();
+  return unasked_.erase(ecuOf(target)) > 0;
+}
+
+/// What has come meanwhile belongs to a request that is over, not to the next one. A message that has begun
+/// is read to its end: what the next request brings would fill it up.
+void DoipLink::readAway() {
   constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
   target_ = 0;
-  for (int i = 0; i < kMost && nextMessage(clock_.microseconds()); ++i) {
+  for (int i = 0; i < kMost; ++i) {
+    auto message = nextMessage(clock_.microseconds());
+    if (!message && messages_.hasBegun()) {
+      message = nextMessage(heard_ + kRestTime);
+      if (!message) fail("the gateway broke off in the middle of a message");
+    }
+    if (!message) return;
+    noteUnasked(*message);
   }
+}
+
+void DoipLink::noteUnasked(const DoipMessage& message) {
+  if (message.type != DoipType::diagnostic || message.payload.size() <= 4) return;
+  if (doipNumber(message.payload, 2) == settings_.tester) unasked_.insert(*doipNumber(message.payload, 0));
 }
 
 bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   if (!stream_) fail("the connection is not open");
   const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
-  unanswered_ = true;
   // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
   do {
     const auto message = nextMessage(deadline);
-    if (!message) return false;
-    if (isAnswer(*message)) {
+    if (!message) break;
+    if (isAnswer(*message) && !isEarly()) {
       const auto bytes = message->payload.subspan(4);
       response.assign(bytes.begin(), bytes.end());
-      unanswered_ = false;
+      learnOrder(true);
       return true;
     }
+    early_ = early_ || isAnswer(*message);
+    noteUnasked(*message);
   } while (clock_.microseconds() < deadline);
+  learnOrder(false);
   return false;
+}
+
+/// A gateway acknowledges a request before its ECU can answer. What comes from the ECU before that is late or
+/// doubled, where the gateway is known to keep to it.
+bool DoipLink::isEarly() const { return acknowledgesFirst_ && !acknowledged_; }
+
+/// Twice in a row, what was passed over may have been the answer.
+void DoipLink::learnOrder(bool answered) {
+  constexpr int kMostMisjudged = 2;
+  if (answered && misjudged_ < kMostMisjudged) {
+    acknowledgesFirst_ = acknowledged_;
+    misjudged_ = 0;
+  } else if (!answered && std::exchange(early_, false) && ++misjudged_ >= kMostMisjudged) {
+    acknowledgesFirst_ = false;
+  }
 }
 
 bool DoipLink::isAnswer(const DoipMessage& message) const {
@@ -158,6 +208,7 @@ std::optional<DoipMessage> DoipLink::nextMessage(std::int64_t deadline) {
     if (messages_.broken()) fail("what answers at this port does not speak diagnostics over IP");
     const std::size_t count = stream_->read(bytes, deadline);
     if (count == 0) return {};
+    heard_ = clock_.microseconds();
     messages_.append(std::span(bytes).first(count));
   }
 }
@@ -169,6 +220,9 @@ void DoipLink::handle(const DoipMessage& message) {
       break;
     case DoipType::refused:
       if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
+      break;
+    case DoipType::diagnosticAcknowledged:
+      acknowledged_ = true;
       break;
     case DoipType::diagnosticRefused:
       // Some gateways refuse in their own name.
@@ -182,6 +236,7 @@ void DoipLink::handle(const DoipMessage& message) {
 }
 
 std::vector<LinkTarget> DoipLink::findEcus() {
+  patience_.begin();
   // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
   constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};
   if (settings_.ecu) return {LinkTarget{*settings_.ecu, kObd}};
@@ -203,8 +258,7 @@ std::vector<LinkTarget> DoipLink::findEcus() {
 /// Asks one ECU, or a group, and notes who answers.
 void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
   constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
-  unanswered_ = false;  // an answer that comes late is one of those that are looked for
-  send({address, kObd}, kSupportedPids);
+  post(address, kSupportedPids);  // an answer that comes late is one of those that are looked for
   try {
     do {
       const auto message = nextMessage(deadline);

@@ -12,6 +12,7 @@
 #include "host/link/DoipMessage.h"
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/link/StopPatience.h"
 
 namespace tarnlog::host {
 
@@ -39,6 +40,8 @@ class DoipLink : public Link {
   /// where the gateway passes none on, those that answer at addresses near its own. EcuUnreachable when there
   /// is none.
   std::vector<LinkTarget> findEcus() override;
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
+  bool readUnasked(const LinkTarget& target) override;
 
  private:
   std::string findHost();
@@ -46,12 +49,17 @@ class DoipLink : public Link {
   bool activateRouting();
   bool isGranted(std::span<const std::uint8_t> activation) const;
   bool speaksOtherVersion(const DoipMessage& refusal) const;
-  void dropLateAnswers();
+  std::uint16_t ecuOf(const LinkTarget& target) const;
+  void post(std::uint16_t ecu, std::span<const std::uint8_t> request);
+  void readAway();
+  void noteUnasked(const DoipMessage& message);
   void askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found);
   void askNeighbours(std::set<std::uint16_t>& found);
   std::optional<DoipMessage> nextMessage(std::int64_t deadline);
   void handle(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;
+  bool isEarly() const;
+  void learnOrder(bool answered);
   [[noreturn]] void fail(const std::string& text) const;
 
   DoipSettings settings_;
@@ -62,8 +70,18 @@ class DoipLink : public Link {
   std::uint16_t gateway_ = 0;  ///< as found or as it answered the activation
   std::uint16_t target_ = 0;   ///< of the request that was sent last
   std::uint8_t version_ = kDoipVersion;
-  bool unanswered_ = false;  ///< the request before was given up, so its answer may still come
-  Bytes frame_;              ///< kept for its capacity
+  std::int64_t heard_ = 0;           ///< when the last bytes came
+  std::set<std::uint16_t> unasked_;  ///< those who sent what was not asked for
+  bool acknowledged_ = false;        ///< the gateway has taken the request that was sent last
+  bool acknowledgesFirst_ = false;   ///< it says so before the ECU's answer comes, so far
+  bool early_ = false;               ///< an answer was passed over because it came before that
+  int misjudged_ = 0;                ///< exchanges, one after another, that lacked an answer then
+  StopPatience patience_{*this, clock_};
+  IdleHook waitHook_ = [this] {
+    idle();
+    patience_.check();
+  };
+  Bytes frame_;  ///< kept for its capacity
 };
 
 }  // namespace tarnlog::host

@@ -14,8 +14,10 @@ std::size_t lengthIn(std::span<const std::uint8_t> header) {
   return length;
 }
 
+/// So far as it has come.
 bool isHeader(std::span<const std::uint8_t> header) {
-  return static_cast<std::uint8_t>(~header[0]) == header[1] && lengthIn(header) <= DoipStream::kLongest;
+  if (header.size() >= 2 && static_cast<std::uint8_t>(~header[0]) != header[1]) return false;
+  return header.size() < kHeader || lengthIn(header) <= DoipStream::kLongest;
 }
 
 DoipType typeIn(std::span<const std::uint8_t> header) {
@@ -47,15 +49,15 @@ void DoipStream::append(std::span<const std::uint8_t> bytes) {
 std::optional<DoipMessage> DoipStream::next() {
   const std::span<const std::uint8_t> rest = std::span<const std::uint8_t>(bytes_).subspan(used_);
   if (broken_ || rest.size() < kHeader) return {};
-  if (!isHeader(rest)) {
+  const std::size_t size = isHeader(rest) ? kHeader + lengthIn(rest) : 0;
+  if (rest.size() < size) return {};
+  if (size == 0 || !isHeader(rest.subspan(size))) {
     clear();
     broken_ = true;
     return {};
   }
-  const std::size_t length = lengthIn(rest);
-  if (rest.size() < kHeader + length) return {};
-  used_ += kHeader + length;
-  return DoipMessage{typeIn(rest), rest[0], rest.subspan(kHeader, length)};
+  used_ += size;
+  return DoipMessage{typeIn(rest), rest[0], rest.subspan(kHeader, size - kHeader)};
 }
 
 void DoipStream::clear() {

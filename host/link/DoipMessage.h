@@ -33,7 +33,8 @@ struct DoipMessage {
 };
 
 /// Cuts a stream into messages. What cannot be a header, or announces more than `kLongest` bytes, ends the
-/// stream: there is no way to find the next header.
+/// stream: there is no way to find the next header. The message before it was cut short then and filled up
+/// with the one behind; it is not given.
 class DoipStream {
  public:
   static constexpr std::size_t kLongest = 64 * 1024;  ///< bytes of a payload
@@ -43,6 +44,8 @@ class DoipStream {
   /// broken.
   std::optional<DoipMessage> next();
   bool broken() const { return broken_; }
+  /// A message has begun, and more bytes of it are to come.
+  bool hasBegun() const { return used_ < bytes_.size(); }
   void clear();
 
  private:

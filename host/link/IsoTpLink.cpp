@@ -7,7 +7,7 @@
 namespace tarnlog::host {
 namespace {
 
-CanPair pairOf(const LinkTarget& target) {
+CanPair ownPairOf(const LinkTarget& target) {
   CanPair pair{static_cast<std::uint32_t>(target.address),
                static_cast<std::uint32_t>(target.response.value_or(0))};
   return target.response && !pair.isForAll() ? pair : CanPair::ofEcu(target.address);
@@ -19,6 +19,7 @@ IsoTpLink::IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& cl
     : pair_(pair), connect_(std::move(connect)), clock_(clock) {}
 
 void IsoTpLink::open() {
+  patience_.begin();
   close();
   if (pair_) current_ = &streamOf(*pair_);
 }
@@ -28,29 +29,60 @@ void IsoTpLink::close() {
   streams_.clear();
 }
 
-ByteStream& IsoTpLink::streamOf(CanPair pair) {
-  for (const auto& [known, stream] : streams_)
-    if (known == pair) return *stream;
+CanPair IsoTpLink::pairOf(const LinkTarget& target) const { return pair_ ? *pair_ : ownPairOf(target); }
+
+std::unique_ptr<ByteStream> IsoTpLink::connected(CanPair pair) {
   auto stream = connect_(pair);
-  stream->setIdleHook([this] { idle(); });
+  stream->setIdleHook([this] {
+    idle();
+    patience_.check();
+  });
   stream->open();
-  return *streams_.emplace_back(pair, std::move(stream)).second;
+  return stream;
+}
+
+ByteStream* IsoTpLink::knownStreamOf(CanPair pair) const {
+  for (const auto& [known, stream] : streams_)
+    if (known == pair) return stream.get();
+  return nullptr;
+}
+
+ByteStream& IsoTpLink::streamOf(CanPair pair) {
+  if (ByteStream* const known = knownStreamOf(pair)) return *known;
+  return *streams_.emplace_back(pair, connected(pair)).second;
 }
 
 void IsoTpLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
-  current_ = &streamOf(pair_ ? *pair_ : pairOf(target));
+  patience_.begin();
+  current_ = &streamOf(pairOf(target));
   current_->write(request);
+}
+
+/// A message that breaks off says as little about the next request as one that is whole.
+bool IsoTpLink::readUnasked(const LinkTarget& target) {
+  constexpr int kMost = 100;  // an ECU that floods must not hold the caller
+  ByteStream* const stream = knownStreamOf(pairOf(target));
+  if (stream == nullptr) return false;
+  patience_.begin();
+  int count = 0;
+  try {
+    while (count < kMost && stream->read(came_, clock_.microseconds()) > 0) ++count;
+  } catch (const EcuUnreachable&) {
+    ++count;
+  }
+  return count > 0;
 }
 
 bool IsoTpLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   if (current_ == nullptr) throw TarnError(1, "IsoTpLink", "nothing was asked yet");
-  response.resize(IsoTpReceiver::kLongest);
   const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
-  response.resize(current_->read(response, deadline));
-  return !response.empty();
+  const std::size_t count = current_->read(came_, deadline);
+  if (count > 0) response.assign(came_.begin(), came_.begin() + static_cast<std::ptrdiff_t>(count));
+  return count > 0;
 }
 
 std::vector<LinkTarget> IsoTpLink::findEcus() {
+  patience_.begin();
   if (!pair_) {
     // ISO 15765-4: eight ECUs with 11 bits. SAE J2178: engine and transmission controllers.
     auto ecus = findEcus(0x7DF, 0x7E0, 8);
@@ -68,11 +100,8 @@ std::vector<LinkTarget> IsoTpLink::findEcus(std::uint32_t everybody, std::int32_
     std::unique_ptr<ByteStream> stream;
   };
   std::vector<Ear> ears;
-  for (std::int32_t address = first; address < first + count; ++address) {
-    ears.push_back({address, connect_(CanPair{everybody, CanPair::ofEcu(address).receive})});
-    ears.back().stream->setIdleHook([this] { idle(); });
-    ears.back().stream->open();
-  }
+  for (std::int32_t address = first; address < first + count; ++address)
+    ears.push_back({address, connected(CanPair{everybody, CanPair::ofEcu(address).receive})});
   ears.front().stream->write(kSupportedPids);
   const std::int64_t deadline = clock_.microseconds() + kPatience;
   std::vector<LinkTarget> ecus;

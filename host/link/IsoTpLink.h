@@ -10,6 +10,7 @@
 #include "host/link/CanPort.h"
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/link/StopPatience.h"
 
 namespace tarnlog::host {
 
@@ -31,8 +32,15 @@ class IsoTpLink : public Link {
   /// all of them, with identifiers of 11 bits, or else of 29.
   std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
+    return pairOf(target).receive;
+  }
+  bool readUnasked(const LinkTarget& target) override;
 
  private:
+  CanPair pairOf(const LinkTarget& target) const;
+  std::unique_ptr<ByteStream> connected(CanPair pair);
+  ByteStream* knownStreamOf(CanPair pair) const;
   ByteStream& streamOf(CanPair pair);
   std::vector<LinkTarget> findEcus(std::uint32_t everybody, std::int32_t first, int count);
 
@@ -41,6 +49,8 @@ class IsoTpLink : public Link {
   LinkClock& clock_;
   std::vector<std::pair<CanPair, std::unique_ptr<ByteStream>>> streams_;
   ByteStream* current_ = nullptr;  ///< of the request that was sent last
+  StopPatience patience_{*this, clock_};
+  Bytes came_ = Bytes(IsoTpReceiver::kLongest);
 };
 
 }  // namespace tarnlog::host

@@ -1,6 +1,8 @@
 #include "host/link/IsoTpStream.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "host/link/Link.h"
@@ -87,13 +89,15 @@ void IsoTpStream::awaitFlowControl() {
 std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
   const std::int64_t last = deadline + kLongResponseTime;
   CanPayload frame;
+  std::string_view fault;
   // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
   do {
     const std::int64_t limit =
         receiver_.isUnderWay() ? std::min(clock_.microseconds() + kNextFrameTime, last) : deadline;
-    if (!port_->receive(frame, limit)) return 0;
+    if (!port_->receive(frame, limit)) break;
     const IsoTpReceiver::Result result = receiver_.accept(frame.bytes());
     if (result.reply) port_->send(pair_.ownRequests(), *result.reply);
+    if (!result.fault.empty()) fault = result.fault;
     if (result.complete) {
       const auto& message = receiver_.message();
       const std::size_t count = std::min(message.size(), into.size());
@@ -101,6 +105,9 @@ std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadlin
       return count;
     }
   } while (clock_.microseconds() < (receiver_.isUnderWay() ? last : deadline));
+  if (receiver_.isUnderWay()) fault = "no more frames came";
+  receiver_.reset();
+  if (!fault.empty()) throw EcuUnreachable(1, "IsoTpStream", "no whole answer came: " + std::string(fault));
   return 0;
 }
 

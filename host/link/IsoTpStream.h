@@ -8,8 +8,8 @@
 namespace tarnlog::host {
 
 /// Messages of one pair over single CAN frames: each write is one request, each read one whole response. The
-/// deadline is one for the first frame of a response; the others may take up to 5 s more. A request to all
-/// ECUs has to fit into one frame; EcuUnreachable else.
+/// deadline is one for the first frame of a response; the others may take up to 5 s more; EcuUnreachable when
+/// they do not come. A request to all ECUs has to fit into one frame; EcuUnreachable else.
 class IsoTpStream : public ByteStream {
  public:
   /// The clock must outlive the stream.

@@ -58,11 +58,23 @@ class Link {
     return false;
   }
 
+  /// Where several requests may have their answers under way, and an answer is known only by who sent it: a
+  /// number for whoever answers this target. None where the link itself finds the request of each answer.
+  virtual std::optional<std::int64_t> answererOf(const LinkTarget& target) const {
+    static_cast<void>(target);
+    return {};
+  }
+  /// Reads away what has come from this answerer and was not asked for by the request sent last, or was not
+  /// received then. True when there was something since the last call.
+  virtual bool readUnasked(const LinkTarget& target) {
+    static_cast<void>(target);
+    return false;
+  }
+
   /// Called at least every 20 ms while the link waits. It may do anything but use the link.
   void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
 
-  /// Asked while the link waits: true breaks off with a TarnError what takes longer than a second. Links that
-  /// never wait so long need not ask.
+  /// Asked while the link waits: true breaks off with a TarnError what takes longer than a second.
   void setStopQuestion(StopQuestion question) { stopQuestion_ = std::move(question); }
   bool stopAsked() const { return stopQuestion_ && stopQuestion_(); }
 

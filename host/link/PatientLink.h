@@ -52,6 +52,12 @@ class PatientLink : public Link {
   }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
+    return link_->answererOf(target);
+  }
+  bool readUnasked(const LinkTarget& target) override {
+    return watched([&] { return link_->readUnasked(target); });
+  }
 
  private:
   std::unique_ptr<Link> link_;

@@ -62,6 +62,10 @@ bool TraceLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
   return came;
 }
 
+bool TraceLink::readUnasked(const LinkTarget& target) {
+  return watched([&] { return link_->readUnasked(target); });
+}
+
 std::vector<LinkTarget> TraceLink::findEcus() {
   return watched([this] { return link_->findEcus(); });
 }

@@ -25,6 +25,10 @@ class TraceLink : public Link {
   std::vector<LinkTarget> findEcus() override;
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
+    return link_->answererOf(target);
+  }
+  bool readUnasked(const LinkTarget& target) override;
 
  private:
   void write(TraceEntry& entry);

@@ -91,12 +91,21 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
   const bool noAnswer = suppressesAnswer(target.protocol, request);
   const microseconds last = microseconds(clock_.microseconds()) + timeout;
   for (;;) {
+    if (!lateAnswers_.readAway(target, request, timeout)) return Outcome::silent;
     link_.send(target, request);
     const Outcome outcome =
         waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
-    if (outcome == Outcome::silent && noAnswer) return Outcome::answered;
+    if (outcome == Outcome::answered || outcome == Outcome::refused)
+      lateAnswers_.answered();
+    else
+      lateAnswers_.givenUp();
+    if (outcome == Outcome::silent && noAnswer) {
+      lateAnswers_.noneExpected();
+      return Outcome::answered;
+    }
     const microseconds again = microseconds(clock_.microseconds()) + kBusyPause;
-    if (outcome != Outcome::refused || !isBusy(response) || again >= last) return outcome;
+    const bool askAgain = outcome == Outcome::refused && isBusy(response) && again < last;
+    if (!askAgain || link_.stopAsked()) return outcome;
     clock_.waitUntil(again.count(), {});
   }
 }
@@ -173,7 +182,6 @@ void Conversation::open() {
 }
 
 void Conversation::close() {
-  if (!open_) return;
   open_ = false;
   link_.close();
 }

@@ -12,6 +12,7 @@
 #include "host/link/BackOff.h"
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/vehicle/LateAnswers.h"
 
 namespace tarnlog::host {
 
@@ -29,11 +30,11 @@ class Conversation {
   /// `pendingTimeout` limits an exchange in which the ECU says "response pending".
   Conversation(Link& link, LinkClock& clock, std::chrono::milliseconds pendingTimeout);
 
-  /// Sends and waits for the response that belongs to it; responses to other requests are passed over. An ECU
-  /// that is busy is asked again until `timeout` is over; a request that asks for no answer counts as
-  /// answered when none came within 0.1 s. The link's failures are TarnErrors, and so is an exchange begun
-  /// while one is under way (by the idle hook). A request that fails again and again raises later each time,
-  /// up to two seconds after the failure before: whoever repeats it at once need not know.
+  /// Sends and waits for the response that belongs to it; responses to other requests, and late ones to this,
+  /// are passed over. An ECU that is busy is asked again until `timeout` is over; a request that asks for no
+  /// answer counts as answered when none came within 0.1 s. The link's failures are TarnErrors, and so is an
+  /// exchange begun while one is under way (by the idle hook). A request that fails again and again raises
+  /// later each time, up to two seconds after the failure before: whoever repeats it at once need not know.
   Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                    std::chrono::milliseconds timeout, Link::Bytes& response);
 
@@ -56,7 +57,7 @@ class Conversation {
   void pause(std::chrono::milliseconds time);
   std::chrono::milliseconds pendingTimeout() const { return pendingTimeout_; }
 
-  /// Closes the link; during an exchange, as soon as it is over.
+  /// Closes the link, whoever opened it; during an exchange, as soon as it is over.
   void end();
 
  private:
@@ -77,6 +78,7 @@ class Conversation {
   std::chrono::milliseconds pendingTimeout_;
   std::chrono::milliseconds timeout_{};  ///< of the last exchange
   Link::Bytes foreign_;                  ///< came in it and answers something else
+  LateAnswers lateAnswers_{link_, clock_};
   bool open_ = false;
   bool busy_ = false;
   bool endRequested_ = false;

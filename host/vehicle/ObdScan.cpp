@@ -67,7 +67,7 @@ class Search {
       } catch (const EcuUnreachable&) {
         throw;
       } catch (const TarnError&) {
-          if (link_.stopAsked()) throw;
+        if (link_.stopAsked()) throw;
         const std::int64_t now = clock_.microseconds();
         if (attempt == 1) failed_ = now;
         const bool mayComeBack = reached_ && now < failed_ + kReturn;

@@ -1,11 +1,19 @@
 #include <gmock/gmock.h>
 
+#include <array>
+#include <utility>
+
+#include "host/link/DoipLink.h"
+#include "host/link/HexText.h"
 #include "host/link/OpenLink.h"
 #include "host/link/PatientLink.h"
+#include "host/link/SimulatedLink.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/PeerStream.h"
+#include "tests/support/ScriptedPeer.h"
 
 namespace tarnlog::host {
 namespace {
@@ -45,6 +53,46 @@ TEST(PatientLink, KeepsAttemptsApart) {
   Link::Bytes response;
   link.receive(response, std::chrono::milliseconds(1));
   EXPECT_EQ(attempt(), 0);
+}
+
+TEST(Links, NoWaitOutlastsAWishToEnd) {
+  test::ManualLinkClock clock;
+  /// Milliseconds until a step ends when somebody wants to end all along.
+  const auto timeOf = [&](Link& link, const std::function<void()>& step) {
+    link.setStopQuestion([] { return true; });
+    const std::int64_t before = clock.microseconds();
+    EXPECT_THROW(step(), TarnError);
+    return (clock.microseconds() - before) / 1000;
+  };
+  bool grants = false;
+  const auto gateway = [&](std::string_view) {
+    const auto granted = *bytesFromHex("02 FD 00 06 00 00 00 09 0E 00 10 01 10 00 00 00 00");
+    return std::exchange(grants, false) ? std::string(granted.begin(), granted.end()) : std::string();
+  };
+  DoipLink doip(
+      {.host = "car", .ecu = {}},
+      [&](const std::string&, std::uint16_t) { return std::make_unique<test::PeerStream>(gateway, clock); },
+      clock);
+  EXPECT_LE(timeOf(doip, [&] { doip.open(); }), 600) << "the activation";
+  grants = true;
+  doip.open();
+  Link::Bytes response;
+  const std::array<std::uint8_t, 2> request{0x21, 0x80};
+  const auto ask = [&](Link& link) {
+    link.send({18, "UDS"}, request);
+    link.receive(response, std::chrono::milliseconds(10'000));
+  };
+  EXPECT_LE(timeOf(doip, [&] { ask(doip); }), 600);
+  EXPECT_LE(timeOf(doip, [&] { doip.findEcus(); }), 600);
+
+  test::ScriptedPeer mute;
+  SimulatedLink simulated(clock, mute);
+  simulated.open();
+  EXPECT_LE(timeOf(simulated, [&] { ask(simulated); }), 600);
+
+  PatientLink patient(std::make_unique<BrokenLink>(), clock);
+  for (int i = 0; i < 5; ++i) skipOnFailure([&] { patient.open(); });
+  EXPECT_LE(timeOf(patient, [&] { patient.open(); }), 100);
 }
 
 TEST(OpenLink, RefusesWhatNamesNoLink) {

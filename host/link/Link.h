@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,7 @@ class Link {
   using Bytes = std::vector<std::uint8_t>;
   using IdleHook = std::function<void()>;
   using StopQuestion = std::function<bool()>;
+  using TextHook = std::function<void(bool sent, std::string_view line)>;
 
   virtual ~Link() = default;
   /// May find the link open already; then it is open afterwards, too.
@@ -78,6 +80,13 @@ class Link {
   void setStopQuestion(StopQuestion question) { stopQuestion_ = std::move(question); }
   bool stopAsked() const { return stopQuestion_ && stopQuestion_(); }
 
+  /// Told what an adapter that is spoken to in text is sent and says, each line without its end.
+  virtual void setTextHook(TextHook hook) { textHook_ = std::move(hook); }
+  bool textWanted() const { return static_cast<bool>(textHook_); }
+  void tellText(bool sent, std::string_view line) const {
+    if (textHook_) textHook_(sent, line);
+  }
+
   /// Runs the idle hook: also for whoever waits between two uses of the link.
   void idle() const {
     if (idleHook_) idleHook_();
@@ -89,6 +98,7 @@ class Link {
  private:
   IdleHook idleHook_;
   StopQuestion stopQuestion_;
+  TextHook textHook_;
 };
 
 }  // namespace tarnlog::host

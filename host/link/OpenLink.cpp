@@ -13,6 +13,7 @@
 #include "host/link/SimulatedLink.h"
 #include "host/link/SocketCan.h"
 #include "host/link/TcpStream.h"
+#include "host/link/TextTap.h"
 #include "host/link/Trace.h"
 
 namespace tarnlog::host {
@@ -20,17 +21,20 @@ namespace {
 
 class ReplayLink : private ReplayPeer, public SimulatedLink {
  public:
-  ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock)
-      : ReplayPeer(std::move(entries), file), SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
+  ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock,
+             const PidBytes& pidBytes)
+      : ReplayPeer(std::move(entries), file, pidBytes),
+        SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
   std::vector<LinkTarget> findEcus() override { return obdEcus(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return asksSeveralPids(target); }
 };
 
-std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files) {
+std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files,
+                             const PidBytes& pidBytes) {
   url.allowOptions({});
   const std::string& file = url.path();
   if (file.empty()) url.expected("path", "the file of a trace", file);
-  return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock);
+  return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock, pidBytes);
 }
 
 std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
@@ -77,8 +81,11 @@ std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
     if (!known) url.expected("protocol", "one digit from 0 (search) to 9, or A to C", *text);
     if (*text != "0") protocol = text->front();
   }
-  return std::make_unique<PatientLink>(
-      std::make_unique<Elm327Link>(elm327Stream(url, clock), protocol, clock), clock);
+  auto stream = std::make_unique<TextTap>(elm327Stream(url, clock));
+  TextTap& tap = *stream;
+  auto link = std::make_unique<Elm327Link>(std::move(stream), protocol, clock);
+  tap.tellTo(*link);
+  return std::make_unique<PatientLink>(std::move(link), clock);
 }
 
 /// CAN identifiers are written in hexadecimal, with or without 0x.
@@ -112,12 +119,13 @@ std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
 
 }  // namespace
 
-std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files) {
+std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files,
+                               const PidBytes& pidBytes) {
   const LinkUrl link(url);
   if (link.scheme() == "elm327") return elm327(link, clock);
   if (link.scheme() == "doip") return doip(link, clock);
   if (link.scheme() == "isotp") return isoTp(link, clock);
-  if (link.scheme() == "replay") return replay(link, clock, files);
+  if (link.scheme() == "replay") return replay(link, clock, files, pidBytes);
   link.expected("kind", "elm327, doip, isotp or replay", link.scheme());
 }
 

@@ -5,6 +5,7 @@
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/link/ReplayPeer.h"
 #include "platform/files/FileSystem.h"
 
 namespace tarnlog::host {
@@ -23,7 +24,8 @@ namespace tarnlog::host {
 /// The kind of an adapter may be left out: "/dev/ttyUSB0", "192.168.0.10:35000".
 ///
 /// After a failure the links keep further attempts to open them apart. A TarnError names the URL, the place
-/// and what was expected there. The clock must outlive the link.
-std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files);
+/// and what was expected there. The clock must outlive the link. `pidBytes` is for a replay: see ReplayPeer.
+std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files,
+                               const PidBytes& pidBytes = {});
 
 }  // namespace tarnlog::host

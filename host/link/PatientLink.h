@@ -52,6 +52,7 @@ class PatientLink : public Link {
   }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  void setTextHook(TextHook hook) override { link_->setTextHook(std::move(hook)); }
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
     return link_->answererOf(target);
   }

@@ -34,9 +34,10 @@ bool SimulatedLink::receive(Bytes& response, std::chrono::milliseconds timeout) 
     const std::int64_t due = sent_ + answer.delay.count();
     if (due <= deadline) {
       clock_.waitUntil(due, waitHook_);
-      response.swap(answer.bytes);
       ++next_;
-      return true;
+      if (answer.failure) std::rethrow_exception(answer.failure);
+      if (!answer.silence) response.swap(answer.bytes);
+      return !answer.silence;
     }
   }
   clock_.waitUntil(deadline, waitHook_);

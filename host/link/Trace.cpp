@@ -67,11 +67,18 @@ std::string onOneLine(std::string text) {
   return text;
 }
 
+std::string seconds(std::chrono::microseconds time) {
+  return fmt::format("{}.{:06}", time.count() / 1000000, time.count() % 1000000);
+}
+
 }  // namespace
 
+std::string traceRemark(std::chrono::microseconds time, bool sent, std::string_view text) {
+  return fmt::format("# {} adapter {} {}", seconds(time), sent ? '>' : '<', text);
+}
+
 std::string traceLine(const TraceEntry& entry) {
-  const auto micros = entry.time.count();
-  std::string line = fmt::format("{}.{:06} ", micros / 1000000, micros % 1000000);
+  std::string line = seconds(entry.time) + " ";
   switch (entry.kind) {
     case Kind::request:
       line += fmt::format("> {} {} ", entry.target.address, withoutBlanks(entry.target.protocol));

@@ -13,13 +13,21 @@ TraceLink::TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_p
     : link_(std::move(link)), clock_(clock), file_(std::move(file)) {
   link_->setIdleHook([this] { idle(); });
   link_->setStopQuestion([this] { return stopAsked(); });
+  link_->setTextHook([this](bool sent, std::string_view text) { writeLine(traceRemark(now(), sent, text)); });
   skipOnFailure([this] { file_->write(std::string(kTraceHeading) + "\n"); });
 }
 
+std::chrono::microseconds TraceLink::now() const {
+  return std::chrono::microseconds(start_ < 0 ? 0 : clock_.microseconds() - start_);
+}
+
 void TraceLink::write(TraceEntry& entry) {
-  if (!file_) return;
-  entry.time = std::chrono::microseconds(clock_.microseconds() - start_);
-  if (!skipOnFailure([&] { file_->write(traceLine(entry) + "\n"); })) file_.reset();
+  entry.time = now();
+  writeLine(traceLine(entry));
+}
+
+void TraceLink::writeLine(const std::string& line) {
+  if (file_ && !skipOnFailure([&] { file_->write(line + "\n"); })) file_.reset();
 }
 
 /// Runs a step of the link; its failure is written down and passed on.

@@ -10,8 +10,8 @@
 
 namespace tarnlog::host {
 
-/// Another link, with all that goes over it written down, each line as it happens. A trace that cannot be
-/// written any more is given up; the link goes on.
+/// Another link, with all that goes over it written down, each line as it happens, and what an adapter is
+/// sent and says as remarks. A trace that cannot be written any more is given up; the link goes on.
 class TraceLink : public Link {
  public:
   /// `file` takes the lines. `clock` must outlive the link.
@@ -32,6 +32,8 @@ class TraceLink : public Link {
 
  private:
   void write(TraceEntry& entry);
+  void writeLine(const std::string& line);
+  std::chrono::microseconds now() const;
   template <class Step>
   auto watched(Step&& step);
 

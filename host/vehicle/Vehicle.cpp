@@ -6,6 +6,7 @@
 #include "host/link/OpenLink.h"
 #include "host/link/SimulatedLink.h"
 #include "host/link/TraceLink.h"
+#include "host/vehicle/ObdPids.h"
 #include "host/vehicle/ObdScan.h"
 #include "host/vehicle/VehicleSimulator.h"
 #include "platform/base/TarnError.h"
@@ -17,6 +18,14 @@ namespace {
 std::string besides(const std::string& path, const std::string& name) {
   const std::size_t slash = path.rfind('/');
   return name.starts_with('/') || slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
+}
+
+/// A link of this URL; a replay of a drive tells PIDs apart that were asked for together.
+std::unique_ptr<Link> linkAt(const std::string& url, LinkClock& clock, const FileSystem& files) {
+  return openLink(url, clock, files, [](std::uint8_t number) {
+    const ObdPid* const pid = findObdPid(number);
+    return pid == nullptr ? std::size_t{0} : pid->bytes;
+  });
 }
 
 /// Makes the link; the peer is the description's simulation.
@@ -76,14 +85,14 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     if (options.url.empty())
       throw TarnError(1, "openVehicle",
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
-    return openObdCar(traced(openLink(options.url, clock, files)), std::move(locale), clock,
+    return openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
                       std::move(idleHook), options.phase);
   }
   VehicleDescription description = readVehicleDescription(path, files);
   const std::string url = options.url.empty() ? description.link : options.url;
   const auto makeLink = [&](SimulatedPeer& simulation) {
     return traced(url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
-                              : openLink(url, clock, files));
+                              : linkAt(url, clock, files));
   };
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);

@@ -1,12 +1,19 @@
 #include <gmock/gmock.h>
 
+#include <array>
+#include <memory>
+#include <optional>
+
 #include "host/link/HexText.h"
 #include "host/link/ReplayPeer.h"
 #include "host/link/SimulatedLink.h"
+#include "host/link/TextTap.h"
 #include "host/link/TraceLink.h"
+#include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/PeerStream.h"
 #include "tests/support/ScriptedPeer.h"
 
 namespace tarnlog::host {
@@ -15,6 +22,29 @@ namespace {
 using std::chrono::milliseconds;
 using test::failureOf;
 using ::testing::HasSubstr;
+
+/// Sends a request as text and never finds an answer in what comes.
+class SimpleTextLink : public Link {
+ public:
+  SimpleTextLink(std::unique_ptr<TextTap> tap, LinkClock& clock) : tap_(std::move(tap)), clock_(clock) {
+    tap_->tellTo(*this);
+  }
+  void open() override { tap_->open(); }
+  void close() override { tap_->close(); }
+  void send(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {
+    constexpr std::array<std::uint8_t, 5> kText{'2', '1', '8', '0', '\r'};
+    tap_->write(kText);
+  }
+  bool receive(Bytes& /*response*/, milliseconds /*timeout*/) override {
+    std::array<std::uint8_t, 100> bytes{};
+    tap_->read(bytes, clock_.microseconds());
+    return false;
+  }
+
+ private:
+  std::unique_ptr<TextTap> tap_;
+  LinkClock& clock_;
+};
 
 std::string ask(Link& link, std::int32_t address, std::string_view request) {
   link.send({address, "KWP 2000"}, *bytesFromHex(request));
@@ -59,6 +89,74 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
   EXPECT_THROW(ask(link, 18, "10 03"), EcuUnreachable);
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the simulated link is not open");
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "t.trace: the trace has ended");
+}
+
+TEST(Trace, ADriveIsReplayedWithOtherDataThanItWasMadeWith) {
+  constexpr const char* kDrive =
+      "0.000 > 2016 OBD-II 01 05 0C 0D\n0.020 < 41 05 50 0C 0D 05 0D 21\n"
+      "1.000 > 2016 OBD-II 01 05 0C 0D\n1.020 < 7F 01 78\n1.050 < 41 05 51 0C 0D 06 0D 22\n"
+      "2.000 > 2016 OBD-II 01 2F\n2.010 < 41 2F 80\n"
+      "3.000 > 2016 OBD-II 01 05 0C 0D\n3.030 < 7F 01 22\n"
+      "4.000 > 2016 OBD-II 01 0C\n4.070 > 2016 OBD-II 01 0D\n4.090 x the gateway is asleep\n"
+      "5.000 > 2016 UDS 22 F1 90 F1 91\n5.010 < 62 F1 90 41 42 F1 91 43\n"
+      "6.000 > 2016 UDS 22 F1 90\n6.010 < 62 F1 90 44 45\n";
+  test::ManualLinkClock clock;
+  const auto pidBytes = [](std::uint8_t pid) -> std::size_t { return pid == 0x0C ? 2 : 1; };
+  std::optional<ReplayPeer> replay;
+  std::optional<SimulatedLink> link;
+  const auto rewind = [&] {
+    link.reset();
+    replay.emplace(parseTrace(kDrive, "t.trace"), "t.trace", pidBytes);
+    link.emplace(clock, *replay);
+    link->open();
+  };
+  /// The first answer and after how many milliseconds it came.
+  const auto first = [&](std::string_view request) {
+    const std::int64_t before = clock.microseconds();
+    const auto after = [&] { return " after " + std::to_string((clock.microseconds() - before) / 1000); };
+    try {
+      link->send({2016, "OBD-II"}, *bytesFromHex(request));
+      Link::Bytes answer;
+      return (link->receive(answer, milliseconds(200)) ? hexText(answer) : "nothing") + after();
+    } catch (const TarnError& error) {
+      return error.description() + after();
+    }
+  };
+  rewind();
+  EXPECT_EQ(first("01 0C"), "41 0C 0D 05 after 20") << "the second 0D is a value";
+  EXPECT_EQ(first("01 0D"), "41 0D 21 after 20") << "from the same answer";
+  EXPECT_EQ(first("01 0D 05"), "41 0D 22 05 51 after 50");
+  EXPECT_EQ(first("01 0C 2F"), "41 0C 0D 06 2F 80 after 50") << "from two";
+  EXPECT_EQ(first("01 05"), "7F 01 22 after 30");
+  EXPECT_EQ(first("01 0C 0D 05"), "7F 01 22 after 30") << "each of them was refused";
+  EXPECT_EQ(first("01 0C"), "nothing after 70") << "silence, as long as it took";
+  EXPECT_EQ(first("01 0D"), "the gateway is asleep after 20");
+  EXPECT_EQ(first("22 F1 91"), "62 F1 91 43 after 10") << "the length of F1 90 is known from another answer";
+  EXPECT_EQ(first("22 F1 90"), "62 F1 90 41 42 after 10");
+  EXPECT_EQ(first("01 0C"), "nothing after 200") << "it does not come again, but others do";
+  EXPECT_EQ(first("22 F1 90"), "62 F1 90 44 45 after 10");
+  EXPECT_EQ(first("01 0C"), "t.trace: the trace has ended after 0");
+  rewind();
+  EXPECT_EQ(first("01 05 0C 0D"), "41 05 50 0C 0D 05 0D 21 after 20");
+  EXPECT_EQ(first("01 05 0C 0D"), "7F 01 78 after 20") << "as it was, with all that came";
+}
+
+TEST(Trace, HoldsWhatAnAdapterWasSentAndSaid) {
+  test::ManualLinkClock clock;
+  test::MemoryFileSystem files;
+  auto stream = std::make_unique<test::PeerStream>(
+      [](std::string_view) { return std::string("SEARCHING...\r\nNO\x07 DATA\r\r>"); }, clock);
+  auto link = std::make_unique<SimpleTextLink>(std::make_unique<TextTap>(std::move(stream)), clock);
+  TraceLink traced(std::move(link), clock, files.create("/rec/t.trace"));
+  traced.open();
+  ask(traced, 18, "21 80");
+  EXPECT_EQ(files.files["/rec/t.trace"],
+            "# tarnlog trace 1\n"
+            "0.000000 > 18 KWP_2000 21 80\n"
+            "# 0.000000 adapter > 2180\n"
+            "# 0.000000 adapter < SEARCHING...\n"
+            "# 0.000000 adapter < NO\\x07 DATA\n"
+            "# 0.000000 adapter < >\n");
 }
 
 TEST(Trace, RefusesWhatIsNotOneAndLeavesOutALineCutOff) {

@@ -47,6 +47,8 @@ WindowEnvironment LiveRecorder::environment() {
     // Whoever chooses a link wants to know whether it works.
     link.openAtOnce = !car.link.empty();
     if (link.openAtOnce) link.url = car.link;
+    // Until somebody records, others may use the adapter.
+    link.keepOpen = !options_.config.empty() && !link.openAtOnce;
     // An attempt that failed keeps its trace.
     if (!link.trace.empty() && ++attempts_ > 1) link.trace += "_" + std::to_string(attempts_);
     const auto wait = [whileOpening] {

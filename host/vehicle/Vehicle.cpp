@@ -65,6 +65,12 @@ std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });
 }
 
+/// What holds a port or a connection keeps others from it.
+std::unique_ptr<OpenedVehicle> letGoUnless(bool keepOpen, std::unique_ptr<OpenedVehicle> vehicle) {
+  if (!keepOpen) vehicle->session().endCommunication();
+  return vehicle;
+}
+
 }  // namespace
 
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files) {
@@ -85,8 +91,8 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     if (options.url.empty())
       throw TarnError(1, "openVehicle",
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
-    return openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
-                      std::move(idleHook), options.phase);
+    return letGoUnless(options.keepOpen, openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale),
+                                                    clock, std::move(idleHook), options.phase));
   }
   VehicleDescription description = readVehicleDescription(path, files);
   const std::string url = options.url.empty() ? description.link : options.url;
@@ -97,7 +103,7 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);
   if (options.openAtOnce) vehicle->openLinkAtOnce(options.phase);
-  return vehicle;
+  return letGoUnless(options.keepOpen, std::move(vehicle));
 }
 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,

@@ -42,6 +42,9 @@ struct LinkOptions {
   std::string trace;  ///< a file, not there yet, that takes what goes over the link; empty: none
   /// A link that cannot be opened fails at once, not only with the first request.
   bool openAtOnce = false;
+  /// A link that was opened to open the vehicle stays open, for who records at once; else it is let go until
+  /// the first request.
+  bool keepOpen = true;
   /// True when somebody wants to end: what takes longer than a moment is broken off. May be empty.
   Link::StopQuestion stopAsked{};
   /// Told what is done while the vehicle is opened. May be empty.

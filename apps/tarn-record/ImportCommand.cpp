@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "apps/tarn-record/OutputFile.h"
 #include "host/odx/OdxImport.h"
 #include "host/vehicle/DescriptionWriter.h"
 
@@ -23,6 +24,7 @@ void addLines(std::string& report, const char* heading, const std::vector<std::s
 }  // namespace
 
 std::string importOdxFile(FileSystem& files, const ImportOptions& options) {
+  refuseInput(options.output, options.odx);
   const host::OdxImport import = host::importOdx(host::readPdx(options.odx),
                                                  options.name.empty() ? baseName(options.odx) : options.name);
   const std::string description = host::writeVehicleDescription(import.vehicle);

@@ -2,13 +2,27 @@
 
 #include <fmt/format.h>
 
+#include <string_view>
+
+#include "apps/common/BadInput.h"
 #include "apps/tarn-record/OpenVehicle.h"
+#include "apps/tarn-record/OutputFile.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/DescriptionWriter.h"
 
 namespace tarnlog::record {
 
+namespace {
+
+constexpr std::string_view kReplay = "replay:";
+
+}  // namespace
+
 std::string scanCar(FileSystem& files, const ScanOptions& options) {
+  if (options.link.url.starts_with(kReplay))
+    refuseInput(options.output, options.link.url.substr(kReplay.size()));
+  if (options.output == options.link.trace)
+    throw BadInput("--trace " + options.link.trace + ": expected another file than the output");
   host::SystemLinkClock clock;
   const auto car = openVehicle(std::string(host::kObdCar), files, clock, {}, options.link);
   files.replace(options.output, host::writeVehicleDescription(car->description()));

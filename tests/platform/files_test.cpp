@@ -1,10 +1,13 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <filesystem>
+#include <limits>
 #include <vector>
 
 #include "platform/files/SystemFileSystem.h"
@@ -115,6 +118,37 @@ TEST(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {
   }
   EXPECT_EQ(files.readAll(folder / "real"), "new") << "a failed replacement leaves the old file";
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+}
+
+// As root, "--output /dev/stdout" put a regular file in the place of the link in /dev.
+TEST(Files, WhatIsNoRegularFileIsWrittenThroughInsteadOfReplaced) {
+  const TempFolder folder;
+  Files files;
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  const int reader = open((folder / "pipe").c_str(), O_RDWR);
+  files.replace(folder / "pipe", "through");
+  std::array<char, 16> bytes{};
+  EXPECT_EQ(std::string(bytes.data(), static_cast<std::size_t>(read(reader, bytes.data(), 7))), "through");
+  close(reader);
+  EXPECT_TRUE(std::filesystem::is_fifo(folder / "pipe"));
+  EXPECT_EQ(failureOf([&] { files.replace(folder.path(), "new"); }), folder.path() + ": Is a directory");
+}
+
+TEST(Files, ReplacingFollowsNoLinkBesideAndRemovesWhatKilledProgramsLeft) {
+  const TempFolder folder;
+  Files files;
+  constexpr auto kNoProcess = std::numeric_limits<pid_t>::max();
+  const auto beside = [&](auto process) { return folder / "file.new-" + std::to_string(process); };
+  files.replace(folder / "victim", "kept");
+  std::filesystem::create_symlink("victim", beside(getpid()));
+  files.replace(beside(kNoProcess), "left by a killed program");
+  files.replace(beside(getppid()), "of a program that runs");
+  files.replace(folder / "file", "new");
+  EXPECT_EQ(files.readAll(folder / "victim"), "kept");
+  EXPECT_EQ(files.readAll(folder / "file"), "new");
+  EXPECT_FALSE(files.fileExists(beside(getpid())));
+  EXPECT_FALSE(files.fileExists(beside(kNoProcess)));
+  EXPECT_TRUE(files.fileExists(beside(getppid())));
 }
 
 }  // namespace

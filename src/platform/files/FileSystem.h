@@ -46,7 +46,8 @@ class FileSystem {
   virtual std::unique_ptr<TextStream> openForAppending(const std::string& path) = 0;
   /// Creates a file that must not exist yet.
   virtual std::unique_ptr<FileStream> create(const std::string& path) = 0;
-  /// Writes a whole file beside `path` and renames it into place.
+  /// Writes a whole file beside `path` and renames it into place. What is no regular file, such as a device,
+  /// a pipe, or where the program's own output goes, is written to instead.
   virtual void replace(const std::string& path, std::string_view bytes) = 0;
   virtual std::string readAll(const std::string& path) const = 0;
   /// At most so many bytes.

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -57,6 +59,66 @@ std::string linkTarget(const std::string& path) {
   std::error_code error;
   const std::filesystem::path target = std::filesystem::canonical(path, error);
   return error ? path : target.string();
+}
+
+/// Standard output or standard error, when the path names the file, terminal or pipe that they go to; -1
+/// otherwise.
+int standardStreamAt(const struct stat& target) {
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+    if (struct stat status{};
+        ::fstat(stream, &status) == 0 && status.st_dev == target.st_dev && status.st_ino == target.st_ino)
+      return stream;
+  return -1;
+}
+
+void writeThrough(const std::string& path, std::string_view bytes) {
+  const Descriptor file(path, O_WRONLY | O_NOCTTY);
+  if (writeAll(file.get(), bytes) < bytes.size()) throw systemError(path, errno);
+}
+
+/// What cannot be replaced: a device, a pipe, or where this program's output goes. True when it has been
+/// written to.
+bool writtenThrough(const std::string& path, std::string_view bytes) {
+  struct stat target {};
+  if (::stat(path.c_str(), &target) != 0) return false;
+  if (const int stream = standardStreamAt(target); stream >= 0) {
+    if (writeAll(stream, bytes) < bytes.size()) throw systemError(path, errno);
+    return true;
+  }
+  if (S_ISREG(target.st_mode)) return false;
+  writeThrough(path, bytes);
+  return true;
+}
+
+constexpr const char* kBeside = ".new-";
+
+/// Removes what killed programs left beside a file that they were replacing. The number at the end is that of
+/// the process; this one replaces one file at a time.
+void removeLeftovers(const std::string& target) {
+  const std::filesystem::path path(target);
+  const std::string prefix = path.filename().string() + kBeside;
+  std::error_code error;
+  const auto folder = path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (!name.starts_with(prefix)) continue;
+    pid_t process = 0;
+    const auto [rest, bad] = std::from_chars(name.data() + prefix.size(), name.data() + name.size(), process);
+    if (bad != std::errc{} || rest != name.data() + name.size() || process <= 0) continue;
+    const bool gone = process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
+    if (gone) ::unlink(entry->path().c_str());
+  }
+}
+
+/// A new file with the mode of the one that it is to replace. What has been replaced must be whole after a
+/// power cut: the bytes reach the disk before the name does.
+void writeBeside(const std::string& beside, const std::string& target, std::string_view bytes) {
+  const Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+  if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
+    throw systemError(beside, errno);
+  if (writeAll(file.get(), bytes) < bytes.size() || ::fsync(file.get()) != 0)
+    throw systemError(beside, errno);
 }
 
 /// A file whose writes are whole or taken back: what a failed write left behind is cut off again, so that the
@@ -134,21 +196,16 @@ std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {
       [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); });
 }
 
-/// What has been replaced must be whole after a power cut: the bytes reach the disk before the name does.
 void SystemFileSystem::replace(const std::string& path, std::string_view bytes) {
+  if (writtenThrough(path, bytes)) return;
   const std::string target = linkTarget(path);
-  const std::string beside = target + ".new-" + std::to_string(::getpid());
+  const std::string beside = target + kBeside + std::to_string(::getpid());
+  removeLeftovers(target);
   try {
-    {
-      const Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC);
-      if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
-        throw systemError(path, errno);
-      if (writeAll(file.get(), bytes) < bytes.size() || ::fsync(file.get()) != 0)
-        throw systemError(path, errno);
-    }
+    writeBeside(beside, target, bytes);
     if (::rename(beside.c_str(), target.c_str()) != 0) throw systemError(path, errno);
   } catch (const TarnError& error) {
-    ::unlink(beside.c_str());
+    if (error.number() != EEXIST) ::unlink(beside.c_str());
     throw TarnError(error.number(), error.source(), path + ": " + std::strerror(error.number()));
   }
 }

@@ -9,8 +9,6 @@
 #include <cerrno>
 #include <system_error>
 
-#include "apps/common/BadInput.h"
-
 namespace tarnlog {
 
 namespace {
@@ -28,22 +26,26 @@ void wake() {
   errno = before;
 }
 
+void handle(int signal, void (*handler)(int)) {
+  struct sigaction action {};
+  action.sa_handler = handler;
+  sigemptyset(&action.sa_mask);
+  sigaction(signal, &action, nullptr);
+}
+
+/// The next one is the system's: it ends the process in calls, too, in which no handler runs, such as opening
+/// a file on a network disk that hangs. Not so SIGHUP, which a terminal that closes may send twice, by itself
+/// and through its shell: nobody is impatient then.
 void onStop(int) {
-  if (stops != 0) _exit(kFailed);
   stops = 1;
+  handle(SIGINT, SIG_DFL);
+  handle(SIGTERM, SIG_DFL);
   wake();
 }
 
 void onEvent(int) {
   events = 1;
   wake();
-}
-
-void handle(int signal, void (*handler)(int)) {
-  struct sigaction action {};
-  action.sa_handler = handler;
-  sigemptyset(&action.sa_mask);
-  sigaction(signal, &action, nullptr);
 }
 
 /// As under nohup.

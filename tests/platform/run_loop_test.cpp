@@ -1,7 +1,9 @@
 #include "platform/time/RunLoop.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <array>
 #include <csignal>
 
 #include "platform/time/Clock.h"
@@ -10,6 +12,7 @@ namespace tarnlog {
 namespace {
 
 volatile std::sig_atomic_t stopAsked = 0;
+std::array<int, 2> wakePipe{};
 
 TEST(RunLoop, TicksUntilQuit) {
   RunLoop loop;
@@ -30,8 +33,13 @@ TEST(RunLoop, TicksUntilQuit) {
 }
 
 TEST(RunLoop, SignalBetweenTheLookAndTheWaitIsNotLost) {
-  const auto before = std::signal(SIGUSR1, [](int) { stopAsked = 1; });
+  ASSERT_EQ(pipe(wakePipe.data()), 0);
+  const auto before = std::signal(SIGUSR1, [](int) {
+    stopAsked = 1;
+    [[maybe_unused]] const ssize_t written = write(wakePipe[1], "", 1);
+  });
   RunLoop loop;
+  loop.setWakeDescriptor(wakePipe[0]);
   bool raised = false;
   loop.setWakeHandler([&] {
     if (stopAsked != 0) return loop.quit();
@@ -40,6 +48,7 @@ TEST(RunLoop, SignalBetweenTheLookAndTheWaitIsNotLost) {
   });
   loop.run();  // without a timer it waits for ever, unless the signal gets through
   std::signal(SIGUSR1, before);
+  for (const int end : wakePipe) close(end);
   EXPECT_TRUE(raised);
 }
 

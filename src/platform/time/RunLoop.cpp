@@ -1,7 +1,6 @@
 #include "platform/time/RunLoop.h"
 
 #include <poll.h>
-#include <signal.h>
 
 #include <algorithm>
 #include <chrono>
@@ -13,27 +12,8 @@ namespace {
 
 using SteadyClock = std::chrono::steady_clock;
 
-/// Keeps back the signals that ask a program to stop or to do something. Raised meanwhile, they arrive in a
-/// wait that is given `before`, or at the end.
-class SignalsKeptBack {
- public:
-  SignalsKeptBack() {
-    sigset_t keptBack;
-    sigemptyset(&keptBack);
-    for (const int signal : {SIGHUP, SIGINT, SIGTERM, SIGUSR1, SIGUSR2}) sigaddset(&keptBack, signal);
-    pthread_sigmask(SIG_BLOCK, &keptBack, &before_);
-  }
-  ~SignalsKeptBack() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-  SignalsKeptBack(const SignalsKeptBack&) = delete;
-  SignalsKeptBack& operator=(const SignalsKeptBack&) = delete;
-  const sigset_t& before() const { return before_; }
-
- private:
-  sigset_t before_{};
-};
-
-/// Waits for a signal that the mask lets in, or for the time, if any.
-void waitUntil(std::optional<SteadyClock::time_point> time, const sigset_t& mask) {
+/// Waits until the descriptor can be read from, or for the time, if any.
+void waitUntil(std::optional<SteadyClock::time_point> time, int descriptor) {
   timespec wait{};
   if (time) {
     const auto left =
@@ -41,7 +21,8 @@ void waitUntil(std::optional<SteadyClock::time_point> time, const sigset_t& mask
     wait.tv_sec = std::max<long>(left, 0) / 1'000'000'000;
     wait.tv_nsec = std::max<long>(left, 0) % 1'000'000'000;
   }
-  ppoll(nullptr, 0, time ? &wait : nullptr, &mask);
+  pollfd wake{descriptor, POLLIN, 0};
+  ppoll(&wake, 1, time ? &wait : nullptr, nullptr);
 }
 
 }  // namespace
@@ -85,16 +66,11 @@ RunLoop::~RunLoop() = default;
 
 std::unique_ptr<Timer> RunLoop::createTimer() { return std::make_unique<LoopTimer>(*this); }
 
-/// The wake handler looks at the flags that signal handlers set. Between that look and the wait, signals are
-/// kept back; the wait itself lets them in, so none is missed. During a tick they arrive as ever, so that
-/// whoever waits for the vehicle can see them.
+/// Signals arrive at any time, also while a handler or a tick waits for a file or for the vehicle.
 void RunLoop::run() {
   while (!quit_) {
-    {
-      const SignalsKeptBack signals;
-      if (wakeHandler_) wakeHandler_();
-      if (!quit_) waitUntil(nextTick(), signals.before());
-    }
+    if (wakeHandler_) wakeHandler_();
+    if (!quit_) waitUntil(nextTick(), wakeDescriptor_);
     if (!quit_) fireDueTimers();
     std::erase(timers_, nullptr);
   }

@@ -24,8 +24,12 @@ class RunLoop {
   /// Called before every wait, that is after every tick and every signal.
   void setWakeHandler(std::function<void()> handler) { wakeHandler_ = std::move(handler); }
 
-  /// Runs until `quit`; a `quit` before it ends it at once. A signal handler that sets a flag interrupts the
-  /// wait, so the wake handler sees it at once.
+  /// A descriptor that ends the wait as long as it can be read from, such as a pipe that signal handlers
+  /// write to: so no signal is missed that comes between the wake handler's look at its flags and the wait.
+  /// The wake handler reads it empty.
+  void setWakeDescriptor(int descriptor) { wakeDescriptor_ = descriptor; }
+
+  /// Runs until `quit`; a `quit` before it ends it at once.
   void run();
   void quit() { quit_ = true; }
 
@@ -37,6 +41,7 @@ class RunLoop {
 
   std::vector<LoopTimer*> timers_;
   std::function<void()> wakeHandler_;
+  int wakeDescriptor_ = -1;
   bool quit_ = false;
 };
 

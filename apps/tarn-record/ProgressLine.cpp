@@ -4,6 +4,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "apps/common/TerminalText.h"
+
 namespace tarnlog::record {
 
 namespace {
@@ -36,21 +38,29 @@ std::string firstCharacters(const std::string& text, std::size_t count) {
   return text.substr(0, at);
 }
 
-void ProgressLine::print(std::string_view line) {
-  clear();
-  std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+ProgressLine::ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal)
+    : clock_(clock),
+      out_(out),
+      lines_(clock, [this](std::string_view line) { printAbove(line); }),
+      terminal_(terminal) {}
+
+/// Above the progress line, which the next `show` draws anew.
+void ProgressLine::printAbove(std::string_view line) {
+  out_.write((shown_ ? kEraseLine : "") + printableLine(line) + "\n");
 }
 
+/// A terminal that is stopped gets no progress, which would be old when it goes on.
 void ProgressLine::show(const TarnAcq& acq, const ConsoleScreen& screen) {
-  if (!terminal_) return;
+  out_.flush();
+  lines_.tellOverdue();
+  if (!terminal_ || !out_.empty()) return;
   const Milliseconds now = clock_.milliseconds();
   const std::int32_t since = millisecondsBetween(lastShown_, now);
   if (shown_ && since < kRedraw) return;
   measureRate(acq.cycles(), now);
   // A line that wraps could not be erased.
-  const std::string line = firstCharacters(progressText(acq, screen, rate_), terminalWidth() - 1);
-  std::fprintf(stderr, "%s%s", kEraseLine, line.c_str());
-  std::fflush(stderr);
+  const std::string text = printableLine(progressText(acq, screen, rate_));
+  out_.write(kEraseLine + firstCharacters(text, terminalWidth() - 1));
   shown_ = true;
   lastShown_ = now;
 }
@@ -63,9 +73,9 @@ void ProgressLine::measureRate(std::uint64_t cycles, Milliseconds now) {
   rateCycles_ = cycles;
 }
 
-void ProgressLine::clear() {
-  if (terminal_ && shown_) std::fputs(kEraseLine, stderr);
-  if (terminal_) std::fflush(stderr);
+void ProgressLine::end() {
+  lines_.tellAll();
+  if (shown_) out_.write(kEraseLine);
 }
 
 }  // namespace tarnlog::record

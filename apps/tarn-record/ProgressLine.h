@@ -2,30 +2,37 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
 #include "acquisition/TarnAcq.h"
+#include "apps/common/NonWaitingStream.h"
+#include "apps/common/RepeatedLines.h"
 #include "apps/tarn-record/ConsoleScreen.h"
 #include "platform/time/Clock.h"
 
 namespace tarnlog::record {
 
-/// Prints lines to standard error, with one line of progress below them when that is a terminal.
+/// Prints lines to standard error, equal ones as one with their number, with one line of progress below them
+/// when that is a terminal.
 class ProgressLine {
  public:
-  explicit ProgressLine(const Clock& clock, bool terminal) : clock_(clock), terminal_(terminal) {}
+  ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal);
 
-  void print(std::string_view line);
-  /// Redraws the progress line, at most four times a second.
+  void print(std::string_view line) { lines_.add(line); }
+  /// To be called often: goes on with what had to wait, and redraws the progress line, at most four times a
+  /// second.
   void show(const TarnAcq& acq, const ConsoleScreen& screen);
-  void clear();
+  /// Tells what is left to tell and removes the progress line.
+  void end();
 
  private:
+  void printAbove(std::string_view line);
   void measureRate(std::uint64_t cycles, Milliseconds now);
 
   const Clock& clock_;
+  NonWaitingStream& out_;
+  RepeatedLines lines_;
   bool terminal_;
   bool shown_ = false;
   Milliseconds lastShown_ = 0;

@@ -2,15 +2,17 @@
 
 #include <unistd.h>
 
-#include <cstdio>
+#include <chrono>
 #include <memory>
 
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/LoadedConfiguration.h"
+#include "apps/common/NonWaitingStream.h"
 #include "apps/common/RecordFolder.h"
 #include "apps/common/Signals.h"
 #include "apps/common/Stylesheet.h"
+#include "apps/common/TerminalText.h"
 #include "apps/tarn-record/ConsoleScreen.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/ProgressLine.h"
@@ -24,6 +26,8 @@
 namespace tarnlog::record {
 
 namespace {
+
+constexpr std::chrono::seconds kLogPatience{1};
 
 void applyOptions(oTarnParameters& parameters, const RunOptions& options) {
   if (options.folder) useFolder(parameters, *options.folder);
@@ -46,7 +50,7 @@ class Run {
  public:
   explicit Run(const RunOptions& options)
       : options_(options),
-        progress_(clock_, ::isatty(STDERR_FILENO) != 0),
+        progress_(clock_, errors_, ::isatty(STDERR_FILENO) != 0),
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()) {
     host::LinkOptions link = options.link;
@@ -59,10 +63,8 @@ class Run {
     files_.setWriteFailureHandler(
         [this](const std::string& path, const std::string& why) { noteFailure(path, why); });
     acq_->setAcqStoppedHandler([this] { loop_.quit(); });
-    acq_->setFileFinishedHandler([](const std::string& path) {
-      std::printf("%s\n", path.c_str());
-      std::fflush(stdout);
-    });
+    acq_->setFileFinishedHandler([this](const std::string& path) { printPath(path); });
+    loop_.setWakeDescriptor(Signals::wakeDescriptor());
   }
 
   int run() {
@@ -75,20 +77,22 @@ class Run {
     if (acq_->AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");
     RunDirector director(*acq_, clock_, limitsOf(options_, *configuration.parameters));
     loop_.setWakeHandler([&] {
+      Signals::clearWake();
       director.step(Signals::stopRequested(), Signals::takeEvent());
-      progress_.show(*acq_, screen_);
+      goOnPrinting();
     });
     loop_.run();
     loop_.setWakeHandler(nullptr);
-    progress_.clear();
-    return conclude(director);
+    const int code = conclude(director);
+    finishPrinting();
+    return code;
   }
 
  private:
   /// While an answer is awaited. A car that is asked what it offers is asked before there is a recorder.
   void idle() {
     if (acq_)
-      progress_.show(*acq_, screen_);
+      goOnPrinting();
     else if (Signals::stopRequested())
       throw BadInput("stopped while the car was asked what it offers");
   }
@@ -98,6 +102,24 @@ class Run {
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
     applyOptions(*configuration.parameters, options_);
     return configuration;
+  }
+
+  /// Programs read it; what a terminal would act on is escaped there only.
+  void printPath(const std::string& path) {
+    paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
+  }
+
+  void goOnPrinting() {
+    paths_.flush();
+    progress_.show(*acq_, screen_);
+  }
+
+  /// All files are closed now: no path may be lost because its reader is slow. The log must not keep the
+  /// program from ending.
+  void finishPrinting() {
+    progress_.end();
+    paths_.wait();
+    errors_.wait(kLogPatience);
   }
 
   /// Said at once, and again only for another file: the recorder goes on polling meanwhile.
@@ -118,6 +140,8 @@ class Run {
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
   SystemFileSystem files_;
+  NonWaitingStream paths_{STDOUT_FILENO, NonWaitingStream::kNoBound};
+  NonWaitingStream errors_{STDERR_FILENO};
   ProgressLine progress_;
   ConsoleScreen screen_;
   RunLoop loop_;

@@ -9,6 +9,7 @@
 #include "host/link/SystemLinkClock.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
+#include "tests/support/PseudoTerminal.h"
 
 namespace tarnlog::host {
 namespace {
@@ -18,9 +19,8 @@ using ::testing::HasSubstr;
 std::string text(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
 
 TEST(SerialStream, CarriesEveryByteAndNoticesAnAdapterThatIsGone) {
-  Descriptor adapter(::posix_openpt(O_RDWR | O_NOCTTY));
-  if (!adapter || ::grantpt(adapter.number()) != 0 || ::unlockpt(adapter.number()) != 0)
-    GTEST_SKIP() << "this machine gives no pseudo-terminal";
+  Descriptor adapter(test::openPseudoTerminal());
+  if (!adapter) GTEST_SKIP() << "this machine gives no pseudo-terminal";
   SystemLinkClock clock;
   SerialStream port(::ptsname(adapter.number()), 38400, clock);
   port.open();

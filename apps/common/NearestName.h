@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarnlog {
+
+/// How many single-character changes lie between two texts.
+std::size_t distance(std::string_view a, std::string_view b);
+
+/// The one of these names that was probably meant; empty when none is near.
+std::string nearestName(const std::vector<std::string>& names, std::string_view given);
+
+}  // namespace tarnlog

@@ -1,6 +1,7 @@
 #include "apps/common/LoadedConfiguration.h"
 
 #include "apps/common/BadInput.h"
+#include "apps/common/RecordPrefix.h"
 #include "platform/settings/FileSettingsStore.h"
 
 namespace tarnlog {
@@ -29,6 +30,7 @@ std::string lineOf(const Lack& lack) {
 
 LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
                                       const std::string& file, const SessionDocument& session) {
+  refusePrefixOutside(files, file);
   LoadedConfiguration loaded;
   loaded.parameters = std::make_shared<oTarnParameters>(settings);
   loaded.lacks = loadForSession(*loaded.parameters, files, file, session).lacks;

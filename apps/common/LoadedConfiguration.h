@@ -18,7 +18,8 @@ struct LoadedConfiguration {
   std::vector<Lack> lacks;
 };
 
-/// Raises the loader's TarnError when the file is not a configuration.
+/// Raises the loader's TarnError when the file is not a configuration, and one when it would write outside
+/// the folder of its records.
 LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
                                       const std::string& file, const SessionDocument& session);
 

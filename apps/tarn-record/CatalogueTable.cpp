@@ -25,6 +25,13 @@ std::string typeName(std::string_view code) {
   }
 }
 
+/// Without the last digits of a product such as 32767 * 0.1, which is 3276.7000000000003.
+std::string limitText(std::string_view exact) {
+  std::string text;
+  if (!exact.empty()) appendNumber(text, leadingNumber(exact), '.');
+  return text;
+}
+
 CatalogueRow rowOf(XmlElement ecu, XmlElement request, XmlElement data) {
   const auto text = [](XmlElement element, const char* name) {
     return std::string(element.attributeOrEmpty(name));
@@ -33,8 +40,8 @@ CatalogueRow rowOf(XmlElement ecu, XmlElement request, XmlElement data) {
                    .request = text(request, "name"),
                    .data = text(data, "name"),
                    .unit = text(data, "unit"),
-                   .minimum = text(data, "min"),
-                   .maximum = text(data, "max"),
+                   .minimum = limitText(data.attributeOrEmpty("min")),
+                   .maximum = limitText(data.attributeOrEmpty("max")),
                    .type = typeName(data.attributeOrEmpty("type")),
                    .device = text(data, "device"),
                    .failure = data.attributeOrEmpty("failure") == "1",

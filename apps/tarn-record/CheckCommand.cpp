@@ -2,6 +2,17 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+
+#include "acquisition/AcquisitionItems.h"
+#include "acquisition/RecordingPlan.h"
+#include "acquisition/SilentAcqScreen.h"
+#include "apps/common/TerminalText.h"
+#include "apps/tarn-record/ConfigurationOddities.h"
+#include "platform/text/Numbers.h"
+
 namespace tarnlog::record {
 
 namespace {
@@ -12,27 +23,125 @@ std::string triggerText(const oTarnParameters& parameters, const oTarnTrigger& t
       trigger.typeTrigger == oTarnTrigger::kChannel ? parameters.ItemIndex(trigger.DataIndex) : nullptr;
   if (watched == nullptr) return "manual";
   return fmt::format("{} {} {} {}", watched->DataName, trigger.edge < 0 ? "falls to" : "rises to",
-                     trigger.level, watched->Unit);
+                     exactNumberText(trigger.level), watched->Unit);
 }
+
+bool neverFires(const oTarnTrigger& trigger) {
+  return trigger.typeTrigger == oTarnTrigger::kChannel && trigger.edge != 1 && trigger.edge != -1;
+}
+
+/// A run that is put together and not started.
+class Check {
+ public:
+  Check(const FileSystem& files, const LoadedConfiguration& configuration, ferrox3::Session& session)
+      : files_(files),
+        parameters_(*configuration.parameters),
+        lacks_(lackingLines(configuration)),
+        session_(session) {
+    columns_ = items_.BuildAcquisitionList(session, parameters_, screen_, display_);
+  }
+
+  CheckedConfiguration result(const std::vector<std::string>& oddities) {
+    describeTiming();
+    describeRequests();
+    describeFiles();
+    describeData();
+    for (const std::string& lack : lacks_) add(lack);
+    for (const std::string& oddity : oddities) add("odd: " + oddity);
+    return {report_, refusal_};
+  }
+
+ private:
+  void add(const std::string& line) { report_ += printableLine(line) + "\n"; }
+
+  void describeTiming() {
+    const oTarnTrigger& start = *parameters_.startTrigger;
+    const oTarnTrigger& stop = *parameters_.stopTrigger;
+    RecordingPlan plan;
+    try {
+      if (columns_ == 0) throw TarnError(1, "check", "no data to acquire");
+      plan = planRecording(parameters_, columns_);
+    } catch (const TarnError& error) {
+      refusal_ = error.description();
+    }
+    add(parameters_.recordingPeriod == 0 ? "period 0 s, a row every polling cycle"
+                                         : fmt::format("period {} s", parameters_.recordingPeriod));
+    add(fmt::format("start: {}, pre-trigger {} s = {} points", triggerText(parameters_, start),
+                    -std::min<std::int64_t>(start.prepost, 0), plan.preTriggerPoints));
+    add(fmt::format("stop: {}, post-trigger {} s = {} points", triggerText(parameters_, stop),
+                    std::llabs(std::int64_t{stop.prepost}), plan.postTriggerPoints));
+    if (neverFires(start)) add("the start trigger never fires: its edge is neither 1 nor -1");
+    if (neverFires(stop)) add("the stop trigger never fires: its edge is neither 1 nor -1");
+  }
+
+  /// Sent to the ECUs whose data are recorded, and to no other.
+  void describeRequests() {
+    if (!parameters_.startSession.empty()) describeStartSession();
+    for (const oScenarioRequest& request : *parameters_.initScenario) {
+      const bool sent = polls(request.Address);
+      add(fmt::format("init scenario: {}/{}{}", request.EcuName, request.RequestName,
+                      sent ? "" : ", never sent: nothing is recorded from this ECU"));
+    }
+  }
+
+  void describeStartSession() {
+    std::string to;
+    for (std::size_t i = 0; i < items_.pollSet().ecuCount(); ++i)
+      to += (i == 0 ? "" : ", ") + items_.pollSet().ecu(i).name();
+    add("start session: " + parameters_.startSession + ", sent to " + to);
+    try {
+      session_.createRawBuffer()->fill(parameters_.startSession);
+    } catch (const TarnError& error) {
+      add("odd: Parameters/StartSession: " + error.description() + "; nothing is sent");
+    }
+  }
+
+  bool polls(std::int16_t address) {
+    for (std::size_t i = 0; i < items_.pollSet().ecuCount(); ++i)
+      if (items_.pollSet().ecu(i).address() == address) return true;
+    return false;
+  }
+
+  void describeFiles() {
+    const bool there = files_.folderExists(parameters_.fileFolder);
+    const std::string folder = there ? parameters_.fileFolder : files_.currentFolder();
+    add(fmt::format("files: {}, {}",
+                    joinPath(folder, parameters_.filePrefix + "DATE_TIME" + parameters_.fileFormat),
+                    parameters_.fileFormat == ".xml" ? "XML" : "tab-separated text"));
+    if (!there && !parameters_.fileFolder.empty())
+      add("odd: the folder " + parameters_.fileFolder + " is missing: the files go into the current one");
+    if (!files_.folderWritable(folder)) add("odd: no file can be made in the folder " + folder);
+    if (!parameters_.fileFormat.starts_with('.'))
+      add("odd: format=\"" + parameters_.fileFormat +
+          "\": expected .xml, .txt or another extension with its dot");
+  }
+
+  void describeData() {
+    add(fmt::format("{} data load:", parameters_.Count()));
+    for (const oTarnScope& scope : parameters_)
+      add(fmt::format("  {}/{}/{}{}", scope.EcuName, scope.RequestName, scope.DataName,
+                      scope.Unit.empty() ? "" : " (" + scope.Unit + ")"));
+  }
+
+  const FileSystem& files_;
+  const oTarnParameters& parameters_;
+  std::vector<std::string> lacks_;
+  ferrox3::Session& session_;
+  SilentAcqScreen screen_;
+  GrapheItems display_;
+  AcquisitionItems items_;
+  std::int32_t columns_ = 0;
+  std::string report_;
+  std::string refusal_;
+};
 
 }  // namespace
 
-std::string checkReport(const LoadedConfiguration& configuration) {
-  const oTarnParameters& parameters = *configuration.parameters;
-  std::string out =
-      fmt::format("period {} s, format {}\n", parameters.recordingPeriod, parameters.fileFormat);
-  out += fmt::format("start: {}, pre-trigger {} s\n", triggerText(parameters, *parameters.startTrigger),
-                     -std::min(parameters.startTrigger->prepost, 0));
-  out += fmt::format("stop: {}, post-trigger {} s\n", triggerText(parameters, *parameters.stopTrigger),
-                     std::abs(parameters.stopTrigger->prepost));
-  for (const oScenarioRequest& request : *parameters.initScenario)
-    out += fmt::format("init scenario: {}/{}\n", request.EcuName, request.RequestName);
-  out += fmt::format("{} data load:\n", parameters.Count());
-  for (const oTarnScope& scope : parameters)
-    out += fmt::format("  {}/{}/{}{}\n", scope.EcuName, scope.RequestName, scope.DataName,
-                       scope.Unit.empty() ? "" : " (" + scope.Unit + ")");
-  for (const std::string& line : lackingLines(configuration)) out += line + "\n";
-  return out;
+CheckedConfiguration checkConfiguration(const FileSystem& files, const SettingsStore& settings,
+                                        const std::string& file, ferrox3::Session& session,
+                                        const SessionDocument& document) {
+  const LoadedConfiguration loaded = loadConfiguration(files, settings, file, document);
+  return Check(files, loaded, session).result(configurationOddities(files, file));
 }
 
 }  // namespace tarnlog::record

@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
+#include "apps/common/TerminalText.h"
 #include "apps/tarn-record/CatalogueTable.h"
 #include "platform/text/Numbers.h"
 
@@ -34,7 +35,10 @@ std::size_t widthOf(const std::string& text) {
 
 std::string table(const std::vector<CatalogueRow>& rows) {
   std::vector<Cells> lines{{"ECU", "REQUEST", "DATA", "UNIT", "RANGE", "TYPE", "DEVICE"}};
-  for (const CatalogueRow& row : rows) lines.push_back(cellsOf(row));
+  for (const CatalogueRow& row : rows) {
+    lines.push_back(cellsOf(row));
+    for (std::string& cell : lines.back()) cell = printableLine(cell);
+  }
   std::array<std::size_t, 7> widths{};
   for (const Cells& cells : lines)
     for (std::size_t i = 0; i < cells.size(); ++i) widths[i] = std::max(widths[i], widthOf(cells[i]));
@@ -64,7 +68,8 @@ std::string jsonArray(const std::vector<CatalogueRow>& rows) {
     if (!row.labels.empty()) item["enumeration"] = row.labels;
     array.push_back(std::move(item));
   }
-  return array.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+  // The escapes are JSON's, too.
+  return printableText(array.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace)) + "\n";
 }
 
 }  // namespace

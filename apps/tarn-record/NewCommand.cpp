@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "apps/common/BadInput.h"
+#include "apps/common/NearestName.h"
 #include "apps/tarn-record/CatalogueTable.h"
 #include "config/CatalogueMatch.h"
 #include "platform/ferrox3/Value.h"
@@ -17,22 +18,6 @@ namespace tarnlog::record {
 namespace {
 
 constexpr std::array<std::int32_t, 6> kColours = {0xB47700, 0x2828D6, 0x2CA02C, 0x0E7FFF, 0xBD6794, 0x4B568C};
-
-/// How many single-character changes lie between two texts.
-std::size_t distance(const std::string& a, const std::string& b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t above = row[j];
-      row[j] = std::min({above + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
-      diagonal = above;
-    }
-  }
-  return row[b.size()];
-}
 
 std::string nearNames(const std::vector<CatalogueRow>& rows, const std::string& path) {
   std::vector<std::pair<std::size_t, std::string>> near;

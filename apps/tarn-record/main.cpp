@@ -9,14 +9,17 @@
 #include <vector>
 
 #include "apps/common/BadInput.h"
+#include "apps/common/CommandLine.h"
 #include "apps/common/LoadedConfiguration.h"
 #include "apps/common/StandardStreams.h"
 #include "apps/common/Stylesheet.h"
+#include "apps/common/TerminalText.h"
 #include "apps/tarn-record/CheckCommand.h"
 #include "apps/tarn-record/ImportCommand.h"
 #include "apps/tarn-record/ListCommand.h"
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/OpenVehicle.h"
+#include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
@@ -45,6 +48,7 @@ class OfflineVehicle {
         session_(BuildSessionDocument(vehicle_->session())) {}
 
   SystemFileSystem& files() { return files_; }
+  ferrox3::Session& ferrox3() { return vehicle_->session(); }
   const SessionDocument& session() const { return session_; }
 
  private:
@@ -67,6 +71,15 @@ void addVehicle(CLI::App& command, std::string& vehicle, host::LinkOptions& link
       ->type_name("FILE");
   command.add_option("--link", link.url, "How the car is reached (default: the description's simulation)")
       ->type_name("URL");
+}
+
+/// What a command did, with names out of files.
+void report(const std::string& output, const std::string& text) {
+  const std::string shown = printableText(text);
+  if (isStandardOutput(output))
+    std::fputs(shown.c_str(), stderr);
+  else
+    print(shown);
 }
 
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
@@ -136,7 +149,10 @@ std::function<int()> addCheck(CLI::App& app, CheckOptions& options) {
   return [&options] {
     OfflineVehicle vehicle(options.vehicle);
     const FileSettingsStore settings(vehicle.files(), FileSettingsStore::defaultPath());
-    print(checkReport(loadConfiguration(vehicle.files(), settings, options.config, vehicle.session())));
+    const CheckedConfiguration checked =
+        checkConfiguration(vehicle.files(), settings, options.config, vehicle.ferrox3(), vehicle.session());
+    print(checked.report);
+    if (!checked.refusal.empty()) throw BadInput(options.config + ": " + checked.refusal);
     return kDone;
   };
 }
@@ -153,7 +169,9 @@ std::function<int()> addNew(CLI::App& app, NewOptions& options) {
   command.add_option("--data", options.data, "Data to record, as `list` names them")
       ->required()
       ->type_name("ECU/REQUEST/DATA");
-  command.add_option("--output", options.output, "Configuration file to write (replaced when it exists)")
+  command
+      .add_option("--output", options.output,
+                  "Configuration file to write (replaced when it exists; - is standard output)")
       ->required()
       ->type_name("FILE");
   command.footer(
@@ -162,6 +180,8 @@ std::function<int()> addNew(CLI::App& app, NewOptions& options) {
       "      --data \"Engine/PID 0C/Engine speed\" --data \"Engine/PID 05/Coolant temperature\" \\\n"
       "      --output warm-up.xml");
   return [&options] {
+    options.output = outputPath(options.output);
+    refuseInput(options.output, options.vehicle.path);
     OfflineVehicle vehicle(options.vehicle);
     oTarnParameters parameters(FileSettingsStore(vehicle.files(), FileSettingsStore::defaultPath()));
     addNamedData(parameters, vehicle.session(), options.data);
@@ -176,7 +196,7 @@ std::function<int()> addRepair(CLI::App& app, std::string& file) {
   command.footer("Example:\n  tarn-record repair recordings/16-11-26_19h05mn07.xml");
   return [&file] {
     SystemFileSystem files;
-    print(repairFile(files, file));
+    print(printableText(repairFile(files, file)));
     return kDone;
   };
 }
@@ -186,7 +206,9 @@ std::function<int()> addImport(CLI::App& app, ImportOptions& options) {
   command.add_option("--odx", options.odx, "ODX 2.2 container (.pdx), or one of its documents")
       ->required()
       ->type_name("FILE");
-  command.add_option("--output", options.output, "Vehicle description to write (replaced when it exists)")
+  command
+      .add_option("--output", options.output,
+                  "Vehicle description to write (replaced when it exists; - is standard output)")
       ->required()
       ->type_name("FILE");
   command.add_option("--name", options.name, "Name of the vehicle (default: the container's)")
@@ -194,7 +216,8 @@ std::function<int()> addImport(CLI::App& app, ImportOptions& options) {
   command.footer("Example:\n  tarn-record import --odx car.pdx --output car.vehicle.json");
   return [&options] {
     SystemFileSystem files;
-    print(importOdxFile(files, options));
+    options.output = outputPath(options.output);
+    report(options.output, importOdxFile(files, options));
     return kDone;
   };
 }
@@ -205,13 +228,16 @@ std::function<int()> addScan(CLI::App& app, ScanOptions& options) {
   command.add_option("--link", options.link.url, "How the car is reached")->required()->type_name("URL");
   command.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
       ->type_name("FILE");
-  command.add_option("--output", options.output, "Vehicle description to write (replaced when it exists)")
+  command
+      .add_option("--output", options.output,
+                  "Vehicle description to write (replaced when it exists; - is standard output)")
       ->required()
       ->type_name("FILE");
   command.footer("Example:\n  tarn-record scan --link elm327:///dev/ttyUSB0 --output car.vehicle.json");
   return [&options] {
     SystemFileSystem files;
-    print(scanCar(files, options));
+    options.output = outputPath(options.output);
+    report(options.output, scanCar(files, options));
     return kDone;
   };
 }
@@ -242,6 +268,9 @@ int program(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
+    const std::string unknown = unknownWord(app, argc, argv);
+    if (error.get_exit_code() != 0 && !unknown.empty())
+      throw BadInput(unknown + "\nRun with --help for more information.");
     return app.exit(error) == 0 ? kDone : kBadInput;
   }
   return runChosen(app, actions);
@@ -254,7 +283,7 @@ int main(int argc, char** argv) {
     openClosedStandardStreams();
     return program(argc, argv);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "tarn-record: %s\n", error.what());
+    std::fprintf(stderr, "tarn-record: %s\n", printableText(error.what()).c_str());
     return exitCodeAfter(error);
   }
 }

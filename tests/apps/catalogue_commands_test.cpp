@@ -7,6 +7,7 @@
 #include "apps/tarn-record/CheckCommand.h"
 #include "apps/tarn-record/ListCommand.h"
 #include "apps/tarn-record/NewCommand.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/ScriptedSession.h"
 
@@ -28,6 +29,10 @@ class Commands : public testing::Test {
 
   LoadedConfiguration load(const std::string& file) {
     return loadConfiguration(files, settings, file, BuildSessionDocument(session));
+  }
+
+  CheckedConfiguration check(const std::string& file) {
+    return checkConfiguration(files, settings, file, session, BuildSessionDocument(session));
   }
 
   test::ScriptedSession session;
@@ -53,16 +58,18 @@ TEST_F(Commands, listShowsAFilteredTableOrJson) {
 TEST_F(Commands, newWritesWhatCheckLoads) {
   oTarnParameters made(settings);
   addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Part", "Engine/21/80/Speed"});
+  made.fileFolder = "/rec";
   made.startTrigger->typeTrigger = oTarnTrigger::kChannel;
   made.startTrigger->edge = -1;
   made.startTrigger->level = 12.5;
   made.startTrigger->prepost = -3;
   made.startTrigger->DataIndex = 2;
   made.SaveXmlConfiguration(files, "/rec/c.xml", "tarnlog.xsl");
-  EXPECT_EQ(checkReport(load("/rec/c.xml")),
-            "period 1 s, format .txt\n"
-            "start: Speed falls to 12.5 km/h, pre-trigger 3 s\n"
-            "stop: manual, post-trigger 0 s\n"
+  EXPECT_EQ(check("/rec/c.xml").report,
+            "period 1 s\n"
+            "start: Speed falls to 12.5 km/h, pre-trigger 3 s = 3 points\n"
+            "stop: manual, post-trigger 0 s = 0 points\n"
+            "files: /rec/DATE_TIME.txt, tab-separated text\n"
             "2 data load:\n"
             "  Engine/21/80/Part\n"
             "  Engine/21/80/Speed (km/h)\n");
@@ -103,6 +110,59 @@ TEST_F(Commands, checkNamesWhatTheVehicleLacks) {
                           "init scenario request not offered by this vehicle: Engine/Clear",
                           "the stop trigger watches data that this vehicle does not offer: stop is manual"));
   EXPECT_EQ(loaded.parameters->Item(1)->index, 1);
+}
+
+// A run refused what check had approved, and passed over what check did not mention.
+TEST_F(Commands, checkRefusesWhatARunRefusesAndNamesWhatIsOdd) {
+  session.addEcu("Gearbox", "Gearbox", 0x18).addRequest("Clear");
+  const auto checked = [&](const std::string& recording, const std::string& rest) {
+    files.files["/rec/c.xml"] =
+        "<Tarnlog2000 Version='2.0'><Parameters><StartSession>10 C</StartSession><InitScenario>"
+        "<Request Name='Clear' EcuName='Gearbox' Address='24'/></InitScenario>" +
+        recording +
+        "</Parameters><Datas><Data index='1' name='Speed' request='21/80'>"
+        "<ECU name='Engine' function='Injection' address='16'/><Scope type='Graf'/></Data>" +
+        rest + "</Datas></Tarnlog2000>";
+    return check("/rec/c.xml");
+  };
+  const auto odd = checked(
+      "<Recording period='1.6'><Trigger><Start type='Channel'><Channel edge='0' level='1,5' "
+      "index='1'/></Start>"
+      "</Trigger><File prefix='a' folder='/none' format='txt'/></Recording>",
+      "<Data index='2' name='Speed' request='21/80' colour='1'><ECU name='Engine'/><Scope "
+      "type='None'/></Data>");
+  EXPECT_EQ(odd.refusal, "");
+  for (const char* line :
+       {"period 2 s\n", "the start trigger never fires: its edge is neither 1 nor -1\n",
+        "start session: 10 C, sent to Engine\n",
+        "init scenario: Gearbox/Clear, never sent: nothing is recorded from this ECU\n",
+        "odd: the folder /none is missing: the files go into the current one\n",
+        "odd: format=\"txt\": expected", "configured twice, taken once: Engine/21/80/Speed\n",
+        "odd: Parameters/Recording: period=\"1.6\": expected a whole number of 32 bits; 2 is taken\n",
+        "odd: Parameters/Recording/Trigger/Start/Channel: level=\"1,5\": expected a number with \".\"; 1 is "
+        "taken\n",
+        "odd: Datas/Data[1]/Scope: type=\"Graf\": expected one of None, Digital",
+        "odd: Datas/Data[2]: colour=\"1\": unknown attribute\n"})
+    EXPECT_THAT(odd.report, HasSubstr(line));
+  EXPECT_EQ(checked("<Recording period='3000000'/>", "").refusal,
+            "Recording period of 3000000 s is too long, at most 2147483 s are possible");
+}
+
+TEST_F(Commands, aPrefixThatLeadsOutOfTheFolderIsRefused) {
+  oTarnParameters made(settings);
+  addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Speed"});
+  const auto refused = [&](const std::string& prefix) {
+    made.filePrefix = prefix;
+    made.SaveXmlConfiguration(files, "/rec/c.xml", "");
+    return test::failureOf([&] { load("/rec/c.xml"); });
+  };
+  EXPECT_EQ(
+      refused("../x"),
+      "/rec/c.xml: Parameters/Recording/File: prefix=\"../x\": expected one that stays in the folder of "
+      "the record files");
+  EXPECT_NE(refused("/tmp/x"), "none");
+  EXPECT_NE(refused("a/../../x"), "none");
+  for (const char* prefix : {"", "..x", "day/a..", "a/b"}) EXPECT_EQ(refused(prefix), "none") << prefix;
 }
 
 }  // namespace

@@ -79,6 +79,13 @@ std::optional<XmlParseError> checkStructure(const pugi::xml_document& document, 
 
 std::string_view XmlElement::name() const { return pugi::xml_node(node_).name(); }
 
+std::vector<std::string_view> XmlElement::attributeNames() const {
+  std::vector<std::string_view> names;
+  for (const pugi::xml_attribute attribute : pugi::xml_node(node_).attributes())
+    names.emplace_back(attribute.name());
+  return names;
+}
+
 std::optional<std::string_view> XmlElement::attribute(const char* name) const {
   const pugi::xml_attribute found = pugi::xml_node(node_).attribute(name);
   if (!found) return std::nullopt;

@@ -31,6 +31,8 @@ class XmlElement {
   /// All text below this element, in document order.
   std::string text() const;
 
+  std::vector<std::string_view> attributeNames() const;
+
   XmlElement parent() const;
   XmlElement firstChild(const char* name) const;
   XmlElement nextSibling(const char* name) const;

@@ -1,16 +1,19 @@
 #include "apps/tarnlog/LiveRecorder.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QTimer>
-#include <cstdio>
 #include <utility>
 #include <vector>
 
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordFolder.h"
+#include "apps/common/RecordPrefix.h"
 #include "apps/common/Stylesheet.h"
+#include "apps/common/TerminalText.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
 #include "ui/common/Convert.h"
@@ -59,7 +62,8 @@ WindowEnvironment LiveRecorder::environment() {
     options_.link.trace.clear();  // a trace is of one vehicle
     return vehicle;
   };
-  return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_},
+  return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_,
+           [this](const std::string& file) { refusePrefixOutside(files_, file); }},
           open,
           exampleVehicles(),
           [] { return findCarDevices(); }};
@@ -72,10 +76,15 @@ int LiveRecorder::run() {
   TarnAcq& acq = window.recorder().ctlTarnAcq();
   files_.setWriteFailureHandler(
       [&](const std::string& path, const std::string& why) { noteFailure(window, path, why); });
-  acq.setFileFinishedHandler([](const std::string& path) {
-    std::printf("%s\n", path.c_str());
-    std::fflush(stdout);
+  acq.setFileFinishedHandler([this](const std::string& path) {
+    paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
   });
+  QTimer printing;
+  QObject::connect(&printing, &QTimer::timeout, [this] {
+    paths_.flush();
+    errors_.flush();
+  });
+  printing.start(1000);
   const SignalWatch signalWatch([&] { window.endAndClose(); }, [&] { acq.RecordUserEvent(); });
   window.show();
   // From within the loop, which a box about them must not keep from ending.
@@ -86,6 +95,7 @@ int LiveRecorder::run() {
   const int code = QApplication::exec();
   window_ = nullptr;
   files_.setWriteFailureHandler({});
+  paths_.wait();
   return failedPath_.empty() ? code : kFailed;
 }
 
@@ -93,7 +103,7 @@ int LiveRecorder::run() {
 void LiveRecorder::noteFailure(RecorderWindow& window, const std::string& path, const std::string& why) {
   if (path == failedPath_) return;
   failedPath_ = path;
-  std::fprintf(stderr, "tarnlog: write failed: %s: %s\n", path.c_str(), why.c_str());
+  errors_.write(printableLine("tarnlog: write failed: " + path + ": " + why) + "\n");
   window.showWriteFailure(path, why);
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <unistd.h>
+
 #include <optional>
 #include <string>
 
+#include "apps/common/NonWaitingStream.h"
 #include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
 #include "host/link/SystemLinkClock.h"
@@ -42,6 +45,8 @@ class LiveRecorder {
   const RecorderWindow* window_ = nullptr;  ///< while it runs
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
+  NonWaitingStream paths_{STDOUT_FILENO, NonWaitingStream::kNoBound};
+  NonWaitingStream errors_{STDERR_FILENO};
   SystemFileSystem files_;
   FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
   FolderSettings folderSettings_{settings_, options_.folder};

@@ -7,8 +7,10 @@
 #include <string>
 
 #include "apps/common/BadInput.h"
+#include "apps/common/CommandLine.h"
 #include "apps/common/Signals.h"
 #include "apps/common/StandardStreams.h"
+#include "apps/common/TerminalText.h"
 #include "apps/tarnlog/Display.h"
 #include "apps/tarnlog/LiveRecorder.h"
 #include "apps/tarnlog/SignalWatch.h"
@@ -44,6 +46,11 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
+    const std::string unknown = unknownWord(app, argc, argv);
+    if (error.get_exit_code() != 0 && !unknown.empty()) {
+      std::fprintf(stderr, "tarnlog: %s\nRun with --help for more information.\n", unknown.c_str());
+      return kBadInput;
+    }
     return app.exit(error) == 0 ? kDone : kBadInput;
   }
   return std::nullopt;
@@ -65,7 +72,7 @@ int program(int argc, char** argv) {
 
 /// On standard error, and in a box for those who see none.
 void complain(int argc, char** argv, const std::exception& error) {
-  std::fprintf(stderr, "tarnlog: %s\n", error.what());
+  std::fprintf(stderr, "tarnlog: %s\n", printableText(error.what()).c_str());
   if (!displayUsable()) return;
   const QApplication application(argc, argv);
   QMessageBox box(QMessageBox::Critical, "Tarnlog", QString::fromUtf8(error.what()));

@@ -1,5 +1,6 @@
 #include "host/vehicle/Vehicle.h"
 
+#include <filesystem>
 #include <functional>
 #include <utility>
 
@@ -14,10 +15,14 @@
 namespace tarnlog::host {
 namespace {
 
-/// A file's path relative to the folder of another file; absolute paths stay.
+/// The path of a file that another file names, relative to that one's folder. A description comes from
+/// somebody else: it must not show what lies elsewhere on this machine.
 std::string besides(const std::string& path, const std::string& name) {
+  const std::filesystem::path relative = std::filesystem::path(name).lexically_normal();
+  if (relative.is_absolute() || (!relative.empty() && *relative.begin() == ".."))
+    throw TarnError(1, "readVehicleDescription", name + ": it lies outside the folder of the description");
   const std::size_t slash = path.rfind('/');
-  return name.starts_with('/') || slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
+  return slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
 }
 
 /// A link of this URL; a replay of a drive tells PIDs apart that were asked for together.

@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <string>
 
@@ -65,6 +65,20 @@ struct Car {
   std::int64_t start = 0;
   bool started = false;
 };
+
+// A description from somebody else showed what stood in other files of the machine.
+TEST(Simulation, ReadsNoTableOutsideTheDescriptionsFolder) {
+  for (const char* outside : {"../secret.csv", "/cars/drive.csv", "a/../../cars/drive.csv"}) {
+    Car car;
+    std::string json = car.files.files["/cars/road.json"];
+    car.files.files["/secret.csv"] = "password\n";
+    car.files.files["/cars/road.json"] = json.replace(json.find("drive.csv"), 9, outside);
+    const std::string failure =
+        test::failureOf([&] { readVehicleDescription("/cars/road.json", car.files); });
+    EXPECT_THAT(failure, testing::HasSubstr(std::string(outside) + ": it lies outside the folder"));
+    EXPECT_THAT(failure, testing::Not(testing::HasSubstr("password")));
+  }
+}
 
 TEST(Simulation, SignalsAndTemplateMakeTheAnswer) {
   Car car;

@@ -35,6 +35,7 @@ oTarnParameters& ConfigurationDesk::required(oTarnParameters* parameters, const 
 
 void ConfigurationDesk::load(const std::string& fileName) {
   oTarnParameters& parameters = required(parameters_.get(), "Tarn2001.OpenConfigFile");
+  if (loadCheck_) loadCheck_(fileName);
   try {
     SessionLoad load = loadForSession(parameters, files_, fileName, *session_);
     const bool incomplete = std::any_of(load.lacks.begin(), load.lacks.end(), leftOut);

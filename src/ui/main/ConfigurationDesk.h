@@ -27,6 +27,9 @@ class ConfigurationDesk {
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
 
+  /// Asked before each load; raises the TarnError of a file that is not taken. May be empty.
+  void setLoadCheck(std::function<void(const std::string& fileName)> check) { loadCheck_ = std::move(check); }
+
   /// Loads into the object, which is then unchanged and belongs to the file, unless that is a record. Raises
   /// the loader's TarnError; the configuration is then without data and without a file, so that saving it
   /// overwrites nothing. Raises error 1, "Parameters not defined", without an object; nothing has changed
@@ -65,6 +68,7 @@ class ConfigurationDesk {
   std::vector<Lack> lacks_;
   bool incomplete_ = false;
   bool fromRecord_ = false;
+  std::function<void(const std::string&)> loadCheck_;
   std::function<void()> stateHandler_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/files/FileSystem.h"
@@ -24,6 +25,9 @@ struct MainEnvironment {
   std::string stylesheetUrl = "tarnlog.xsl";
   /// Asked before a click ends a recording that runs; without one it ends at once.
   EndQuestion* endQuestion = nullptr;
+  /// Looks at a configuration file before it is loaded, and raises a TarnError when this program does not
+  /// take it; nothing has changed then. May be empty.
+  std::function<void(const std::string& fileName)> checkConfiguration{};
 };
 
 }  // namespace tarnlog

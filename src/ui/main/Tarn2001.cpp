@@ -65,6 +65,7 @@ Tarn2001::Tarn2001(const MainEnvironment& environment, NoticeBar& notices, QWidg
   createScreens(environment);
   setAutoFillBackground(true);  // the acquisition may still be shown behind it
   connect(tabStrip_, &QTabBar::currentChanged, this, &Tarn2001::showScreen);
+  desk_.setLoadCheck(environment.checkConfiguration);
   desk_.setStateHandler([this] { showState(); });
   showState();
 }

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
+#include <string>
+#include <vector>
 
 #include "platform/text/DateText.h"
 #include "platform/text/TextEncoding.h"
 #include "platform/text/UserLocale.h"
+#include "tests/support/TempFolder.h"
 
 namespace tarnlog {
 namespace {
@@ -20,6 +24,8 @@ TEST(DateText, RendersThePatternsOfFileNamesAndHeaders) {
   EXPECT_EQ(formatDateTime(kEvening, "d/m/yy", german), "6.11.26");
   EXPECT_EQ(formatDateTime(kEvening, "Hh:Nn:ss", german), "09-05-07");
   EXPECT_EQ(formatDateTime(kEvening, "DD MM YYYY h", german), "06 11 2026 9");
+  EXPECT_EQ(formatDateTime(kEvening, "dddd, d. mmm | ddd mmmm 'd''m' d''y", UserLocale()),
+            "Friday, 6. Nov | Fri November d'm 6'26");
   EXPECT_EQ(shortDateText(kEvening, UserLocale()), "11/6/2026");
   EXPECT_EQ(timeOfDayText(kEvening, UserLocale()), "9:05:07");
 }
@@ -56,6 +62,44 @@ TEST(TextEncoding, TellsUtf8) {
     EXPECT_FALSE(isUtf8(broken)) << broken;
   EXPECT_TRUE(isAscii("twelve bytes"));
   EXPECT_FALSE(isAscii("twelve byt\xE9s"));
+}
+
+/// Locales as the system has them, made from its sources where those are installed.
+class OwnLocales {
+ public:
+  explicit OwnLocales(const std::string& name, const std::string& charset = "UTF-8") {
+    made_ =
+        std::system(("localedef -i " + name + " -f " + charset + " " + (folder_ / name) + " > /dev/null 2>&1")
+                        .c_str()) == 0;
+    setenv("LOCPATH", folder_.path().c_str(), 1);
+    setenv("LC_ALL", name.c_str(), 1);
+  }
+  ~OwnLocales() {
+    unsetenv("LC_ALL");
+    unsetenv("LOCPATH");
+  }
+  OwnLocales(const OwnLocales&) = delete;
+  OwnLocales& operator=(const OwnLocales&) = delete;
+  bool made() const { return made_; }
+
+ private:
+  test::TempFolder folder_;
+  bool made_ = false;
+};
+
+TEST(UserLocale, DatesFollowTheSystemsShortFormatWithItsNamesAndWords) {
+  const std::vector<std::array<const char*, 3>> expected = {
+      {"nb_NO", "06. nov. 2026", "kl. 09.05"},
+      {"eu_ES", "or., 2026.eko aza.ren 06a", "09:05:07"},
+      {"cs_CZ", "6.11.2026", "09:05:07"},
+      {"en_DK", "2026-11-06", "09:05:07"},
+      {"is_IS", "f\u00F6s 6.n\u00F3v 2026", "09:05:07"}};
+  for (const auto& [name, date, time] : expected) {
+    const OwnLocales locales(name, name == std::string("is_IS") ? "ISO-8859-1" : "UTF-8");
+    if (!locales.made()) GTEST_SKIP() << "no sources of locales here";
+    EXPECT_EQ(shortDateText(kEvening, systemLocale()), date) << name;
+    EXPECT_EQ(timeOfDayText(kEvening, systemLocale()), time) << name;
+  }
 }
 
 TEST(UserLocale, EnvironmentWithoutALocaleGivesTheDefaults) {

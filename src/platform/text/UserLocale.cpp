@@ -3,7 +3,11 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <algorithm>
 #include <cstddef>
+#include <utility>
+
+#include "platform/text/TextEncoding.h"
 
 namespace tarnlog {
 
@@ -20,21 +24,39 @@ class EnvironmentLocale {
   EnvironmentLocale& operator=(const EnvironmentLocale&) = delete;
 
   /// Empty when the environment names a locale that this system lacks.
-  std::string_view info(nl_item item) const {
-    return locale_ == nullptr ? std::string_view() : nl_langinfo_l(item, locale_);
+  /// Texts of old locales are taken for windows-1252.
+  std::string info(nl_item item) const {
+    std::string text = locale_ == nullptr ? "" : nl_langinfo_l(item, locale_);
+    return isUtf8(text) ? text : utf8FromWindows1252(text);
+  }
+  template <std::size_t count>
+  void takeNames(std::array<std::string, count>& names, nl_item first) const {
+    for (std::size_t i = 0; i < count; ++i)
+      if (auto name = info(first + static_cast<nl_item>(i)); !name.empty()) names[i] = std::move(name);
   }
 
  private:
   locale_t locale_;
 };
 
-const char* fieldFor(char conversion) {
+/// `plain`: without leading zeros.
+const char* fieldFor(char conversion, bool plain) {
   switch (conversion) {
     case 'd':
+      return plain ? "d" : "dd";
     case 'e':
-      return "dd";
+      return "d";
     case 'm':
-      return "mm";
+      return plain ? "m" : "mm";
+    case 'b':
+    case 'h':
+      return "mmm";
+    case 'B':
+      return "mmmm";
+    case 'a':
+      return "ddd";
+    case 'A':
+      return "dddd";
     case 'y':
       return "yy";
     case 'Y':
@@ -66,23 +88,43 @@ const char* fieldFor(char conversion) {
 std::string patternOf(std::string_view format) {
   std::string pattern;
   for (std::size_t i = 0; i < format.size(); ++i) {
-    if (format[i] != '%' || i + 1 == format.size()) {
-      pattern.push_back(format[i]);
-      continue;
-    }
-    ++i;
-    while (i + 1 < format.size() && (format[i] == '-' || format[i] == 'E' || format[i] == 'O')) ++i;
-    pattern.append(fieldFor(format[i]));
+    const std::size_t field = std::min(format.find('%', i), format.size());
+    pattern.append(literalPattern(format.substr(i, field - i)));
+    i = format.find_first_not_of("-_0^#EO", field + 1);
+    if (i == std::string_view::npos) break;
+    pattern.append(fieldFor(format[i], format[i - 1] == '-'));
   }
-  while (!pattern.empty() && pattern.back() == ' ') pattern.pop_back();
-  return pattern;
+  return trimmedPattern(pattern);
 }
+
+bool isFieldLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 }  // namespace
 
+std::string literalPattern(std::string_view text) {
+  std::string pattern;
+  bool quoted = false;
+  for (const char c : text) {
+    if (std::exchange(quoted, isFieldLetter(c)) != quoted) pattern.push_back('\'');
+    pattern.append(c == '\'' ? 2 : 1, c);
+  }
+  if (quoted) pattern.push_back('\'');
+  return pattern;
+}
+
+std::string trimmedPattern(std::string_view pattern) {
+  constexpr std::string_view kAround = " ,";
+  pattern.remove_prefix(std::min(pattern.find_first_not_of(kAround), pattern.size()));
+  return std::string(pattern.substr(0, pattern.find_last_not_of(kAround) + 1));
+}
+
 char separatorOf(std::string_view pattern, char fallback) {
-  const std::size_t at = pattern.find_first_of("/-.:");
-  return at == std::string_view::npos ? fallback : pattern[at];
+  bool quoted = false;
+  for (const char c : pattern) {
+    if (c == '\'') quoted = !quoted;
+    if (!quoted && std::string_view("/-.:").find(c) != std::string_view::npos) return c;
+  }
+  return fallback;
 }
 
 UserLocale systemLocale() {
@@ -93,6 +135,10 @@ UserLocale systemLocale() {
     locale.decimalSeparator = radix.front();
   if (const auto date = patternOf(environment.info(D_FMT)); !date.empty()) locale.shortDatePattern = date;
   if (const auto time = patternOf(environment.info(T_FMT)); !time.empty()) locale.timePattern = time;
+  environment.takeNames(locale.months, MON_1);
+  environment.takeNames(locale.shortMonths, ABMON_1);
+  environment.takeNames(locale.days, DAY_1);
+  environment.takeNames(locale.shortDays, ABDAY_1);
   locale.dateSeparator = separatorOf(locale.shortDatePattern, '/');
   locale.timeSeparator = separatorOf(locale.timePattern, ':');
   return locale;

@@ -2,8 +2,8 @@
 
 #include <QChar>
 #include <QString>
+#include <QStringView>
 #include <string>
-#include <string_view>
 
 namespace tarnlog {
 
@@ -14,17 +14,17 @@ char plainCharacter(const QString& text, char fallback) {
   return text.size() == 1 && text.front().unicode() < 128 ? text.front().toLatin1() : fallback;
 }
 
-/// One field of a toolkit pattern ("dd", "MMM", "AP") as one of formatDateTime; names of days, names of
-/// months (numbers here), time zones and halves of days have none.
+/// One field of a toolkit pattern ("dd", "MMM", "AP") as one of formatDateTime; time zones and halves of days
+/// have none.
 std::string fieldFor(QChar letter, qsizetype length) {
   const auto repeated = [](char field, qsizetype count) {
     return std::string(static_cast<std::size_t>(count), field);
   };
   switch (letter.unicode()) {
     case 'd':
-      return length > 2 ? "" : repeated('d', length);
+      return repeated('d', length);
     case 'M':
-      return length > 2 ? "" : repeated('m', length);
+      return repeated('m', length);
     case 'y':
       return repeated('y', length > 2 ? 4 : 2);
     case 'h':
@@ -39,27 +39,45 @@ std::string fieldFor(QChar letter, qsizetype length) {
   }
 }
 
+std::string literal(QStringView text) {
+  QString words = text.toString();
+  for (QChar& c : words)
+    if (c.isSpace()) c = QLatin1Char(' ');  // the narrow ones that dates have, too
+  return literalPattern(words.toStdString());
+}
+
 std::string patternOf(const QString& format) {
   std::string pattern;
-  bool quoted = false;
   for (qsizetype i = 0; i < format.size();) {
     const QChar letter = format[i];
-    if (letter == QLatin1Char('\'')) quoted = !quoted;
-    if (quoted || !letter.isLetter()) {
-      // What is quoted are words, which the date of a file has no place for.
-      if (!quoted && letter.unicode() < 128 && letter != QLatin1Char('\'')) pattern += letter.toLatin1();
-      ++i;
-      continue;
+    qsizetype end = i + 1;
+    if (letter == QLatin1Char('\'')) {
+      while (end < format.size() && format[end] != letter) ++end;
+      const QStringView words = QStringView(format).mid(i + 1, end - i - 1);
+      pattern += words.isEmpty() ? literalPattern("'") : literal(words);
+      ++end;
+    } else if (letter.unicode() >= 128 || !letter.isLetter()) {
+      pattern += literal(QStringView(format).mid(i, 1));
+    } else {
+      while (end < format.size() && format[end] == letter) ++end;
+      pattern += fieldFor(letter, end - i);
     }
-    qsizetype length = 1;
-    while (i + length < format.size() && format[i + length] == letter) ++length;
-    pattern += fieldFor(letter, length);
-    i += length;
+    i = end;
   }
-  constexpr std::string_view kAround = " ,";
-  pattern.erase(0, pattern.find_first_not_of(kAround));
-  pattern.erase(pattern.find_last_not_of(kAround) + 1);
-  return pattern;
+  return trimmedPattern(pattern);
+}
+
+void takeNames(UserLocale& user, const QLocale& locale) {
+  for (int month = 1; month <= 12; ++month) {
+    const auto i = static_cast<std::size_t>(month - 1);
+    user.months[i] = locale.monthName(month).toStdString();
+    user.shortMonths[i] = locale.monthName(month, QLocale::ShortFormat).toStdString();
+  }
+  for (std::size_t day = 0; day < user.days.size(); ++day) {
+    const int number = day == 0 ? 7 : static_cast<int>(day);  // Sunday is the last one there
+    user.days[day] = locale.dayName(number).toStdString();
+    user.shortDays[day] = locale.dayName(number, QLocale::ShortFormat).toStdString();
+  }
 }
 
 }  // namespace
@@ -67,9 +85,11 @@ std::string patternOf(const QString& format) {
 UserLocale desktopLocale(const QLocale& locale) {
   UserLocale user;
   user.decimalSeparator = plainCharacter(locale.decimalPoint(), user.decimalSeparator);
-  // A date with the month's name has no separators.
-  if (const QString date = locale.dateFormat(QLocale::ShortFormat); !date.contains("MMM"))
-    user.shortDatePattern = patternOf(date);
+  // Nobody chose the toolkit's date of the C locale.
+  if (const auto date = patternOf(locale.dateFormat(QLocale::ShortFormat));
+      !date.empty() && locale.language() != QLocale::C)
+    user.shortDatePattern = date;
+  takeNames(user, locale);
   // The long format has the seconds.
   if (const auto time = patternOf(locale.timeFormat(QLocale::LongFormat)); !time.empty())
     user.timePattern = time;

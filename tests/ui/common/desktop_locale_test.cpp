@@ -18,6 +18,8 @@ TEST(DesktopLocale, WritesNumbersAndDatesAsTheDesktopDoes) {
   EXPECT_EQ(shown("fr_FR"), ", 06/01/2026 19:05:07");
   EXPECT_EQ(shown("en_US"), ". 1/6/26 19:05:07");
   EXPECT_EQ(shown("sv_SE"), ", 2026-01-06 19:05:07");
+  EXPECT_EQ(shown("bg_BG"), ", 6.01.26 \u0433. 19:05:07 \u0447.");
+  EXPECT_EQ(shown("eu_ES"), ", 26/1/6 19:05:07");
   EXPECT_EQ(shown("C"), ". 1/6/2026 19:05:07");
 }
 

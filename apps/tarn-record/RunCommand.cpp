@@ -13,6 +13,7 @@
 #include "apps/common/Signals.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/common/TerminalText.h"
+#include "apps/common/WriteTroubleText.h"
 #include "apps/tarn-record/ConsoleScreen.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/ProgressLine.h"
@@ -60,8 +61,7 @@ class Run {
         options.vehicle, files_, linkClock_, [this] { idle(); }, link);
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
-    files_.setWriteFailureHandler(
-        [this](const std::string& path, const std::string& why) { noteFailure(path, why); });
+    files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
     acq_->setAcqStoppedHandler([this] { loop_.quit(); });
     acq_->setFileFinishedHandler([this](const std::string& path) { printPath(path); });
     loop_.setWakeDescriptor(Signals::wakeDescriptor());
@@ -122,18 +122,17 @@ class Run {
     errors_.wait(kLogPatience);
   }
 
-  /// Said at once, and again only for another file: the recorder goes on polling meanwhile.
-  void noteFailure(const std::string& path, const std::string& why) {
-    if (path == failedPath_) return;
-    failedPath_ = path;
-    progress_.print("tarn-record: write failed: " + path + ": " + why);
+  /// The recorder goes on polling meanwhile.
+  void noteTrouble(const WriteTrouble& trouble) {
+    troubled_ = true;
+    progress_.print("tarn-record: " + textOf(trouble));
   }
 
   int conclude(const RunDirector& director) {
     if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
       progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");
-    return !failedPath_.empty() || screen_.openFailed() || director.nothingArrived() ? kFailed : kDone;
+    return troubled_ || screen_.openFailed() || director.nothingArrived() ? kFailed : kDone;
   }
 
   const RunOptions& options_;
@@ -148,7 +147,7 @@ class Run {
   std::unique_ptr<Timer> timer_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;
   std::unique_ptr<TarnAcq> acq_;
-  std::string failedPath_;
+  bool troubled_ = false;  ///< something that was to be written is not in its file
 };
 
 }  // namespace

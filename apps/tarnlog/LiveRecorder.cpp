@@ -14,6 +14,7 @@
 #include "apps/common/RecordPrefix.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/common/TerminalText.h"
+#include "apps/common/WriteTroubleText.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
 #include "ui/common/Convert.h"
@@ -74,8 +75,14 @@ int LiveRecorder::run() {
   RecorderWindow window(environment());
   window_ = &window;
   TarnAcq& acq = window.recorder().ctlTarnAcq();
-  files_.setWriteFailureHandler(
-      [&](const std::string& path, const std::string& why) { noteFailure(window, path, why); });
+  files_.setWriteTroubleHandler([&](const WriteTrouble& trouble) {
+    noteFailure(textOf(trouble));
+    window.showWriteTrouble(trouble);
+  });
+  acq.setOpenFailedHandler([&](const std::string& text) {
+    noteFailure(text);
+    window.showOpenFailed(text);
+  });
   acq.setFileFinishedHandler([this](const std::string& path) {
     paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
   });
@@ -94,17 +101,15 @@ int LiveRecorder::run() {
   });
   const int code = QApplication::exec();
   window_ = nullptr;
-  files_.setWriteFailureHandler({});
+  files_.setWriteTroubleHandler({});
   paths_.wait();
-  return failedPath_.empty() ? code : kFailed;
+  return failed_ ? kFailed : code;
 }
 
-/// Said once for each file; the recorder goes on polling.
-void LiveRecorder::noteFailure(RecorderWindow& window, const std::string& path, const std::string& why) {
-  if (path == failedPath_) return;
-  failedPath_ = path;
-  errors_.write(printableLine("tarnlog: write failed: " + path + ": " + why) + "\n");
-  window.showWriteFailure(path, why);
+/// The recorder goes on polling.
+void LiveRecorder::noteFailure(const std::string& text) {
+  failed_ = true;
+  errors_.write(printableLine("tarnlog: " + text) + "\n");
 }
 
 }  // namespace tarnlog

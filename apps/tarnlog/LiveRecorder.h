@@ -39,7 +39,7 @@ class LiveRecorder {
 
  private:
   WindowEnvironment environment();
-  void noteFailure(RecorderWindow& window, const std::string& path, const std::string& why);
+  void noteFailure(const std::string& text);
 
   LiveOptions options_;
   const RecorderWindow* window_ = nullptr;  ///< while it runs
@@ -53,8 +53,8 @@ class LiveRecorder {
   QtTimer timer_;
   QtDialogs dialogs_;
   EndRecordingBox endQuestion_;
-  std::string failedPath_;
-  int attempts_ = 0;  ///< to open the vehicle that is traced
+  bool failed_ = false;  ///< something that was to be recorded is in no file
+  int attempts_ = 0;     ///< to open the vehicle that is traced
 };
 
 }  // namespace tarnlog

@@ -320,8 +320,24 @@ void RecorderWindow::storePlace() {
       [&] { environment_.recorder.settings.write(kGeometry, saveGeometry().toBase64().toStdString()); });
 }
 
-void RecorderWindow::showWriteFailure(const std::string& path, const std::string& why) {
-  notices_->showNotice("write", tr("Write failed: %1: %2").arg(toQString(path), toQString(why)));
+/// One message a file: its end takes the place of its beginning.
+void RecorderWindow::showWriteTrouble(const WriteTrouble& trouble) {
+  const QString path = toQString(trouble.path);
+  QString text;
+  if (trouble.kind == WriteTrouble::Kind::Begun) {
+    text = tr("Rows are lost, the file cannot be written: %1: %2").arg(path, toQString(trouble.why));
+  } else if (trouble.kind == WriteTrouble::Kind::CutShort) {
+    text = tr("The file was cut short: %1: %2").arg(path, toQString(trouble.why));
+  } else {
+    text = (trouble.closed ? tr("The file was closed while it could not be written: %1: lost rows: %2")
+                           : tr("The file can be written again: %1: lost rows: %2"))
+               .arg(path, QString::number(trouble.lostInFile));
+  }
+  notices_->showNotice("write " + path, text);
+}
+
+void RecorderWindow::showOpenFailed(const std::string& text) {
+  notices_->showNotice("open", tr("Nothing is recorded: %1").arg(toQString(text)));
 }
 
 void RecorderWindow::closeEvent(QCloseEvent* event) {

@@ -10,6 +10,7 @@
 #include "apps/tarnlog/CarConnection.h"
 #include "apps/tarnlog/LinkChoices.h"
 #include "host/vehicle/Vehicle.h"
+#include "platform/files/WriteTrouble.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/RecentFiles.h"
 
@@ -58,7 +59,8 @@ class RecorderWindow : public QMainWindow {
   void endAndClose();
   /// What runs is to end, or the window is to close: nothing need be waited for much longer.
   bool wantsToEnd() const;
-  void showWriteFailure(const std::string& path, const std::string& why);
+  void showWriteTrouble(const WriteTrouble& trouble);
+  void showOpenFailed(const std::string& text);
 
   TarnMain& recorder() { return *recorder_; }
 

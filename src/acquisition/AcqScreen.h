@@ -29,6 +29,8 @@ class AcqScreen {
 
   virtual void setRecordingCaption(std::string_view caption) = 0;  ///< LblRec
   virtual void setRecordingColour(Colour colour) = 0;
+  /// Rows do not reach an open record or event file, or do so again; told when it changes.
+  virtual void setWriteFailing(bool failing) = 0;
   virtual void setStateIndicator(std::string_view caption, Colour colour) = 0;  ///< LblDiag
   virtual void setStartStopCaption(std::string_view caption) = 0;               ///< CommandStartStop
   virtual void setEventCaption(std::string_view caption) = 0;                   ///< EventBouton

@@ -16,6 +16,8 @@ class DataFile {
   virtual void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) = 0;
   /// Writes what the format needs at its end. At most once, before destroying.
   virtual void finish() = 0;
+  /// Rows that are written now get lost.
+  virtual bool failing() const = 0;
 };
 
 }  // namespace tarnlog

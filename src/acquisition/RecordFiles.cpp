@@ -6,6 +6,12 @@
 
 namespace tarnlog {
 
+namespace {
+
+constexpr int kMostNumbers = 9999;  ///< behind one name
+
+}  // namespace
+
 RecordFiles::RecordFiles(FileSystem& files, const Clock& clock, UserLocale locale, std::string stylesheetUrl)
     : files_(files), clock_(clock), locale_(std::move(locale)), stylesheetUrl_(std::move(stylesheetUrl)) {}
 
@@ -19,15 +25,36 @@ void RecordFiles::begin(std::shared_ptr<oTarnParameters> parameters, const Colum
 
 bool RecordFiles::xmlWanted() const { return parameters_->fileFormat == ".xml"; }
 
+/// Makes a file of this name, or with a number where the name is taken: a text file by another program that
+/// writes it, an XML file by any, since a second document cannot be appended.
+template <class Open>
+RecordFiles::OpenFile RecordFiles::openNumbered(const std::string& folder, const std::string& name,
+                                                Open open) const {
+  std::string candidate = name;
+  for (int number = 2;; ++number) {
+    try {
+      const std::string path = joinPath(folder, parameters_->filePrefix + candidate);
+      return {open(path, candidate), path, candidate, xmlWanted()};
+    } catch (const NameTaken&) {
+      if (number > kMostNumbers) throw;
+    }
+    candidate = numberedName(name, parameters_->fileFormat, number);
+  }
+}
+
 template <class WriteHeader>
-RecordFiles::OpenFile RecordFiles::openText(const std::string& path, WriteHeader writeHeader) const {
+std::unique_ptr<DataFile> RecordFiles::openText(const std::string& path, WriteHeader writeHeader) const {
   std::unique_ptr<TextStream> stream = files_.openForAppending(path);
-  if (stream == nullptr) return {};
+  if (stream == nullptr) return nullptr;
   auto file = std::make_unique<TextDataFile>(std::move(stream));
-  // The file is open: like a row, a header that could not be written does not keep the rows behind it from
-  // coming.
-  skipOnFailure([&] { writeHeader(*file); });
-  return {std::move(file), path, false};
+  writeHeader(*file);
+  return file;
+}
+
+std::unique_ptr<DataFile> RecordFiles::openXml(const std::string& path, const std::string& description,
+                                               const std::string& baseName, const LocalDateTime& now) const {
+  const XmlDataHeader header{stylesheetUrl_, description, baseName, now};
+  return std::make_unique<XmlDataFile>(files_.create(path), header, *parameters_, locale_);
 }
 
 bool RecordFiles::openRecordFile() {
@@ -35,15 +62,13 @@ bool RecordFiles::openRecordFile() {
   const LocalDateTime now = clock_.now();
   if (!files_.folderExists(parameters_->fileFolder)) parameters_->fileFolder = files_.currentFolder();
   recordBaseName_ = recordBaseName(now, parameters_->fileFormat, locale_);
-  if (xmlWanted())
-    recordBaseName_ = freeName(parameters_->fileFolder, parameters_->filePrefix, recordBaseName_);
-  recordPath_ = joinPath(parameters_->fileFolder, parameters_->filePrefix + recordBaseName_);
-  if (xmlWanted()) {
-    record_ = openXml(recordPath_, "Data file", now);
-  } else {
-    record_ =
-        openText(recordPath_, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
-  }
+  record_ = openNumbered(
+      parameters_->fileFolder, recordBaseName_, [&](const std::string& path, const std::string& name) {
+        if (xmlWanted()) return openXml(path, "Data file", name, now);
+        return openText(path, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
+      });
+  recordBaseName_ = record_.name;
+  recordPath_ = record_.path;
   return record_.file != nullptr;
 }
 
@@ -52,15 +77,12 @@ void RecordFiles::openEventFile(std::int32_t number) {
   const LocalDateTime now = clock_.now();
   const std::string folder =
       files_.folderExists(parameters_->fileFolder) ? parameters_->fileFolder : files_.currentFolder();
-  std::string name = number == 0 ? looseEventName(now, parameters_->fileFormat, locale_)
-                                 : recordEventName(number, recordBaseName_);
-  if (xmlWanted()) name = freeName(folder, parameters_->filePrefix, name);
-  const std::string path = joinPath(folder, parameters_->filePrefix + name);
-  if (xmlWanted()) {
-    event_ = openXml(path, eventDescription(number), now);
-  } else {
-    event_ = openText(path, [&](TextDataFile& file) { file.writeEventHeader(columns_); });
-  }
+  const std::string name = number == 0 ? looseEventName(now, parameters_->fileFormat, locale_)
+                                       : recordEventName(number, recordBaseName_);
+  event_ = openNumbered(folder, name, [&](const std::string& path, const std::string&) {
+    if (xmlWanted()) return openXml(path, eventDescription(number), recordBaseName_, now);
+    return openText(path, [&](TextDataFile& file) { file.writeEventHeader(columns_); });
+  });
   if (event_.file == nullptr) throw TarnError(1, "RecordFiles.openEventFile", "Unable to create file");
 }
 
@@ -69,19 +91,9 @@ std::string RecordFiles::eventDescription(std::int32_t number) const {
   return "Event " + std::to_string(number) + " for file : " + parameters_->filePrefix + recordBaseName_;
 }
 
-/// A second document cannot be appended to an XML file, and nothing is overwritten.
-std::string RecordFiles::freeName(const std::string& folder, const std::string& prefix,
-                                  const std::string& name) const {
-  std::string candidate = name;
-  for (int number = 2; files_.fileExists(joinPath(folder, prefix + candidate)); ++number)
-    candidate = numberedName(name, parameters_->fileFormat, number);
-  return candidate;
-}
-
-RecordFiles::OpenFile RecordFiles::openXml(const std::string& path, const std::string& description,
-                                           const LocalDateTime& now) const {
-  const XmlDataHeader header{stylesheetUrl_, description, recordBaseName_, now};
-  return {std::make_unique<XmlDataFile>(files_.create(path), header, *parameters_, locale_), path, true};
+bool RecordFiles::failing() const {
+  const auto fails = [](const OpenFile& open) { return open.file != nullptr && open.file->failing(); };
+  return fails(record_) || fails(event_);
 }
 
 void RecordFiles::CloseRecordFiles() {
@@ -99,8 +111,8 @@ void RecordFiles::closeAll() {
 void RecordFiles::close(OpenFile& open) {
   if (open.file == nullptr) return;
   skipOnFailure([&] { open.file->finish(); });
-  const OpenFile closed = std::exchange(open, {});
-  if (finished_) finished_(closed.path);
+  const std::string path = std::exchange(open, {}).path;
+  if (finished_ && files_.fileExists(path)) finished_(path);
 }
 
 }  // namespace tarnlog

@@ -37,26 +37,32 @@ class RecordFiles {
   DataFile* record() const { return record_.file.get(); }
   DataFile* event() const { return event_.file.get(); }
   const std::string& recordPath() const { return recordPath_; }
+  /// Rows that are written now do not reach an open file.
+  bool failing() const;
 
   /// Closes the record file, and the event file when it is XML.
   void CloseRecordFiles();
   void closeEventFile();
   void closeAll();
 
+  /// Not called for a file that is there no more, since it got nothing or was removed.
   void setFinished(Finished finished) { finished_ = std::move(finished); }
 
  private:
   struct OpenFile {
     std::unique_ptr<DataFile> file;
     std::string path;
+    std::string name;  ///< without folder and prefix
     bool xml = false;
   };
 
   bool xmlWanted() const;
+  template <class Open>
+  OpenFile openNumbered(const std::string& folder, const std::string& name, Open open) const;
   template <class WriteHeader>
-  OpenFile openText(const std::string& path, WriteHeader writeHeader) const;
-  OpenFile openXml(const std::string& path, const std::string& description, const LocalDateTime& now) const;
-  std::string freeName(const std::string& folder, const std::string& prefix, const std::string& name) const;
+  std::unique_ptr<DataFile> openText(const std::string& path, WriteHeader writeHeader) const;
+  std::unique_ptr<DataFile> openXml(const std::string& path, const std::string& description,
+                                    const std::string& baseName, const LocalDateTime& now) const;
   std::string eventDescription(std::int32_t number) const;
   void close(OpenFile& open);
 

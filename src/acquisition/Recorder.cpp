@@ -52,7 +52,7 @@ void Recorder::userEvent() {
       events_.recordWhileIdle(current_);
     }
   } catch (const TarnError& error) {
-    screen_.setPanelText(StatusPanel::Record, "Open error : " + error.description());
+    tellOpenFailed("Open error : " + error.description());
     return;
   }
   log_.add("User event");
@@ -62,17 +62,22 @@ bool Recorder::OpenRecordFile() {
   dropMarks();
   try {
     if (!files_.openRecordFile()) {
-      screen_.setPanelText(StatusPanel::Record, "Error : Unable to create file");
+      tellOpenFailed("Error : Unable to create file");
       return false;
     }
   } catch (const TarnError& error) {
-    screen_.setPanelText(StatusPanel::Record, "Open error : " + error.description());
+    tellOpenFailed("Open error : " + error.description());
     return false;
   }
   screen_.setPanelText(StatusPanel::Record, files_.recordPath());
   writeFirstRows();
   screen_.setRecordingColour(indicator::kOpened);
   return true;
+}
+
+void Recorder::tellOpenFailed(const std::string& text) {
+  screen_.setPanelText(StatusPanel::Record, text);
+  if (openFailed_) openFailed_(text);
 }
 
 /// With history the newest history row is the start; without, it is the newest polling cycle, and the

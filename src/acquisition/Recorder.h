@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "acquisition/AcqLog.h"
 #include "acquisition/AcqScreen.h"
@@ -23,6 +25,7 @@ namespace tarnlog {
 class Recorder {
  public:
   enum class Refresh { Nothing, Display };
+  using OpenFailed = std::function<void(const std::string& text)>;
 
   /// Rows may be late by less than the list's time to refresh: so close to a due row the list is left alone.
   static constexpr std::int32_t kQuietBeforeRow = 250;
@@ -54,6 +57,9 @@ class Recorder {
   /// Forgets a pending start or stop.
   void forgetRequests() { startPending_ = stopRequested_ = false; }
 
+  /// Called when a record or event file cannot be opened.
+  void setOpenFailed(OpenFailed handler) { openFailed_ = std::move(handler); }
+
   bool recording() const { return recording_; }
   bool startPending() const { return startPending_; }
   std::int32_t finishedRecordings() const { return finishedRecordings_; }
@@ -63,6 +69,7 @@ class Recorder {
 
  private:
   bool OpenRecordFile();
+  void tellOpenFailed(const std::string& text);
   void writeFirstRows();
   void addToPreTrigger(Milliseconds pollTime);
   /// With period 0 the schedule stands still, and after half a turn of the clock it would lie ahead.
@@ -105,6 +112,7 @@ class Recorder {
   TimeOrigin recordStart_;
   std::int32_t finishedRecordings_ = 0;
   std::uint64_t rowsWritten_ = 0;
+  OpenFailed openFailed_;
   std::string mark_;     ///< scratch, kept for its capacity
   std::string elapsed_;  ///< scratch, kept for its capacity
 };

@@ -9,6 +9,7 @@ class SilentAcqScreen : public AcqScreen {
  public:
   void setRecordingCaption(std::string_view) override {}
   void setRecordingColour(Colour) override {}
+  void setWriteFailing(bool) override {}
   void setStateIndicator(std::string_view, Colour) override {}
   void setStartStopCaption(std::string_view) override {}
   void setEventCaption(std::string_view) override {}

@@ -367,6 +367,12 @@ bool TarnAcq::sendRequests() {
 
 void TarnAcq::endTick() {
   if (std::exchange(scrollPending_, false)) skipOnFailure([&] { applyScroll(); });
+  showWriting();
+}
+
+void TarnAcq::showWriting() {
+  const bool failing = files_.failing();
+  if (std::exchange(writeFailing_, failing) != failing) env_.screen.setWriteFailing(failing);
 }
 
 // --- states and the end
@@ -427,6 +433,7 @@ void TarnAcq::EndAcquisition() {
   items_.release();
   skipOnFailure([&] { clearDisplay(); });
   files_.closeAll();
+  showWriting();
 }
 
 /// Only whoever asked for the stop waits for AcqStopped: starting anew, changing the session and hiding do

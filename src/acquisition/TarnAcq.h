@@ -88,6 +88,8 @@ class TarnAcq {
   void setLogAddedHandler(AcqLog::LogAdded handler) { log_.setLogAdded(std::move(handler)); }
   /// Called with the path of each record or event file that was closed.
   void setFileFinishedHandler(RecordFiles::Finished handler) { files_.setFinished(std::move(handler)); }
+  /// Called with the status panel's text when a record or event file cannot be opened.
+  void setOpenFailedHandler(Recorder::OpenFailed handler) { recorder_.setOpenFailed(std::move(handler)); }
 
   State AcqState() const { return state_; }
   bool Recording() const { return recorder_.recording(); }
@@ -128,6 +130,7 @@ class TarnAcq {
   void communicate();
   bool sendRequests();
   void endTick();
+  void showWriting();
 
   void SetAcqState(State state);
   void EndAcquisition();
@@ -148,6 +151,7 @@ class TarnAcq {
   bool stopAsked_ = false;  ///< AcqStopped is owed to whoever asked; a start after that pays it
   bool busy_ = false;       ///< a tick, or the start or the end of an acquisition, is running
   bool scrollPending_ = false;
+  bool writeFailing_ = false;  ///< as the screen shows it
   Deferred deferred_;
   Milliseconds stateSince_ = 0;
   std::uint64_t cycles_ = 0;

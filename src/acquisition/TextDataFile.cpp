@@ -29,15 +29,16 @@ std::string dataHeading(const ferrox3::DataItem& item) {
 
 void TextDataFile::writeRecordHeader(const Columns& columns, const LocalDateTime& now,
                                      const UserLocale& locale) {
-  stream_->writeLine(headerLine("time\tevent", columns,
-                                [](const ferrox3::DataItem& item) { return item.request().ecu().name(); }));
-  stream_->writeLine(headerLine(formatDateTime(now, "d/m/yy", locale) + "\t", columns,
-                                [](const ferrox3::DataItem& item) { return item.request().name(); }));
-  stream_->writeLine(headerLine(formatDateTime(now, "Hh:Nn:ss", locale) + "\t", columns, dataHeading));
+  stream_->writeHeading(
+      {headerLine("time\tevent", columns,
+                  [](const ferrox3::DataItem& item) { return item.request().ecu().name(); }),
+       headerLine(formatDateTime(now, "d/m/yy", locale) + "\t", columns,
+                  [](const ferrox3::DataItem& item) { return item.request().name(); }),
+       headerLine(formatDateTime(now, "Hh:Nn:ss", locale) + "\t", columns, dataHeading)});
 }
 
 void TextDataFile::writeEventHeader(const Columns& columns) {
-  stream_->writeLine(headerLine("time\tevent", columns, dataHeading));
+  stream_->writeHeading({headerLine("time\tevent", columns, dataHeading)});
 }
 
 }  // namespace tarnlog

@@ -29,6 +29,7 @@ class TextDataFile : public DataFile {
     buffer.WriteCurrentToFile(*stream_, t0, mark);
   }
   void finish() override {}
+  bool failing() const override { return stream_->failing(); }
 
  private:
   std::unique_ptr<TextStream> stream_;

@@ -1,13 +1,32 @@
 #include "acquisition/XmlDataFile.h"
 
+#include <utility>
+
 #include "platform/text/DateText.h"
 
 namespace tarnlog {
 
 XmlDataFile::XmlDataFile(std::unique_ptr<FileStream> stream, const XmlDataHeader& header,
                          const oTarnParameters& parameters, const UserLocale& locale)
-    : stream_(std::move(stream)), writer_([this](std::string_view bytes) { stream_->write(bytes); }) {
-  writeXmlDataHeader(header, parameters, locale);
+    : stream_(std::move(stream)), writer_([this](std::string_view bytes) {
+        if (gathered_)
+          gathered_->append(bytes);
+        else
+          stream_->write(bytes);
+      }) {
+  writeOrOwe([&] { writeXmlDataHeader(header, parameters, locale); });
+}
+
+void XmlDataFile::finish() {
+  writeOrOwe([this] { writer_.endElement("Tarnlog2000"); });
+}
+
+/// Rows may be lost on a full disk, but what makes a document of them may not.
+template <class Write>
+void XmlDataFile::writeOrOwe(Write write) {
+  gathered_.emplace();
+  write();
+  stream_->writeOrOwe(*std::exchange(gathered_, std::nullopt));
 }
 
 void XmlDataFile::writeXmlDataHeader(const XmlDataHeader& header, const oTarnParameters& parameters,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "acquisition/DataFile.h"
@@ -32,13 +33,18 @@ class XmlDataFile : public DataFile {
   void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteCurrentToSaxFile(writer_, t0, mark);
   }
-  void finish() override { writer_.endElement("Tarnlog2000"); }
+  void finish() override;
+  bool failing() const override { return stream_->failing(); }
 
  private:
   void writeXmlDataHeader(const XmlDataHeader& header, const oTarnParameters& parameters,
                           const UserLocale& locale);
 
+  template <class Write>
+  void writeOrOwe(Write write);
+
   std::unique_ptr<FileStream> stream_;
+  std::optional<std::string> gathered_;  ///< what is written, while it must go out as a whole
   XmlWriter writer_;
 };
 

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,10 +22,15 @@ using test::failureOf;
 using test::TempFolder;
 
 struct Files : SystemFileSystem {
-  std::vector<std::string> failures;
+  std::vector<std::string> told;
   Files() {
-    setWriteFailureHandler(
-        [this](const std::string&, const std::string& description) { failures.push_back(description); });
+    setWriteTroubleHandler([this](const WriteTrouble& trouble) {
+      const bool ended = trouble.kind == WriteTrouble::Kind::Ended;
+      told.push_back(ended
+                         ? (trouble.closed ? "closed, lost " : "well again, lost ") +
+                               std::to_string(trouble.lostRows) + " of " + std::to_string(trouble.lostInFile)
+                         : trouble.why);
+    });
   }
 };
 
@@ -70,34 +76,97 @@ TEST(Files, WhatCannotBeOpenedSaysWhyAndWhere) {
   EXPECT_EQ(failureOf([&] { files.openForAppending(folder.path()); }), folder.path() + ": Is a directory");
 }
 
-TEST(Files, FullDiskIsToldWithTheSystemsText) {
-  Files files;
-  const auto stream = files.openForAppending("/dev/full");
-  EXPECT_EQ(failureOf([&] { stream->writeLine("row"); }), "/dev/full: No space left on device");
-  EXPECT_EQ(files.failures, std::vector<std::string>{"No space left on device"});
-}
-
-TEST(Files, RowsStayWholeWhenTheDiskFillsUpAndIsFreedAgain) {
+TEST(Files, RowsStayWholeOnAFullDiskAndEachOutageIsToldWithWhatItCost) {
   const TempFolder folder;
   Files files;
-  const auto stream = files.openForAppending(folder / "a.txt");
-  stream->writeLine("first row");
   {
-    const FullDisk full(15);
-    EXPECT_NE(failureOf([&] { stream->writeLine("second row"); }), "none");
+    const auto stream = files.openForAppending(folder / "a.txt");
+    stream->writeLine("first row");
+    for (int outage = 0; outage < 2; ++outage) {
+      {
+        const FullDisk full(15 + 11 * static_cast<rlim_t>(outage));
+        for (int row = 0; row < 3; ++row)
+          EXPECT_EQ(failureOf([&] { stream->writeLine("second row"); }), folder / "a.txt: File too large");
+        EXPECT_TRUE(stream->failing());
+      }
+      stream->writeLine("third row");
+      EXPECT_FALSE(stream->failing());
+    }
+    EXPECT_EQ(files.readAll(folder / "a.txt"), "first row\r\nthird row\r\nthird row\r\n");
   }
-  stream->writeLine("third row");
-  EXPECT_EQ(files.readAll(folder / "a.txt"), "first row\r\nthird row\r\n");
-  EXPECT_EQ(files.failures.size(), 1U);
+  const auto full = files.openForAppending("/dev/full");
+  EXPECT_EQ(failureOf([&] { full->writeLine("row"); }), "/dev/full: No space left on device");
+  EXPECT_EQ(files.told,
+            (std::vector<std::string>{"File too large", "well again, lost 3 of 3", "File too large",
+                                      "well again, lost 3 of 6", "No space left on device"}));
 }
 
-TEST(Files, FileThatIsRemovedWhileWrittenIsToldOnce) {
+TEST(Files, HeadingComesFirstAndWholeWhenSpaceReturnsAndAFileThatGotNothingIsRemoved) {
   const TempFolder folder;
   Files files;
-  const auto stream = files.openForAppending(folder / "a.txt");
-  std::filesystem::remove(folder / "a.txt");
-  for (int i = 0; i < 30; ++i) stream->writeLine("row");
-  EXPECT_EQ(files.failures.size(), 1U);
+  {
+    const auto text = files.openForAppending(folder / "a.txt");
+    {
+      const FullDisk full(9);
+      const auto nothing = files.create(folder / "b.xml");
+      nothing->writeOrOwe("<root a='b'>");
+      text->writeHeading({"head", "line"});
+      EXPECT_NE(failureOf([&] { text->writeLine("lost"); }), "none");
+    }
+    text->writeLine("row");
+  }
+  EXPECT_EQ(files.readAll(folder / "a.txt"), "head\r\nline\r\nrow\r\n");
+  EXPECT_FALSE(files.fileExists(folder / "b.xml"));
+  EXPECT_EQ(files.told, (std::vector<std::string>{"File too large", "File too large", "closed, lost 0 of 0",
+                                                  "well again, lost 1 of 1"}));
+}
+
+/// A file that may grow but not be cut: what got out of a row cannot be taken back.
+TEST(Files, CutRowIsFinishedByTheNextWrite) {
+  const int sealed = memfd_create("rows", MFD_ALLOW_SEALING | MFD_CLOEXEC);
+  ASSERT_EQ(fcntl(sealed, F_ADD_SEALS, F_SEAL_SHRINK), 0);
+  const std::string path = "/proc/self/fd/" + std::to_string(sealed);
+  Files files;
+  const auto stream = files.openForAppending(path);
+  stream->writeLine("first row");
+  for (const rlim_t room : {15U, 18U, 27U}) {
+    const FullDisk full(room);
+    EXPECT_NE(failureOf([&] { stream->writeLine("row of " + std::to_string(room)); }), "none");
+  }
+  stream->writeLine("last");
+  EXPECT_EQ(files.readAll(path), "first row\r\nrow of 15\r\nrow of 27\r\nlast\r\n");
+  EXPECT_EQ(files.told, (std::vector<std::string>{"File too large", "well again, lost 1 of 1"}));
+  close(sealed);
+}
+
+TEST(Files, BelongToOneStreamAtATimeAndBeginBehindAWholeLine) {
+  const TempFolder folder;
+  Files files;
+  {
+    const auto first = files.openForAppending(folder / "a.txt");
+    EXPECT_THROW(files.openForAppending(folder / "a.txt"), NameTaken);
+    EXPECT_THROW(files.create(folder / "a.txt"), NameTaken);
+  }
+  files.replace(folder / "a.txt", "half a li");
+  files.openForAppending(folder / "a.txt")->writeLine("second");
+  EXPECT_EQ(files.readAll(folder / "a.txt"), "half a li\r\nsecond\r\n");
+}
+
+TEST(Files, WhatOtherProgramsDoToThemIsTold) {
+  const TempFolder folder;
+  Files files;
+  {
+    const auto removed = files.openForAppending(folder / "a.txt");
+    std::filesystem::remove(folder / "a.txt");
+    for (int i = 0; i < 30; ++i) removed->writeLine("row");
+    EXPECT_TRUE(removed->failing());
+    const auto cut = files.openForAppending(folder / "b.txt");
+    for (int i = 0; i < 5; ++i) cut->writeLine("row");
+    std::filesystem::resize_file(folder / "b.txt", 10);
+  }
+  EXPECT_EQ(files.told,
+            (std::vector<std::string>{"the file was removed while it was being written",
+                                      "15 bytes were cut off by another program", "closed, lost 30 of 30"}));
 }
 
 TEST(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {

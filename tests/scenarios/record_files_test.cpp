@@ -178,8 +178,9 @@ TEST(RecordFiles, onARealDiskSayWhenItIsFullOrTheyAreRemoved) {
     const std::string path = folder / "16-11-26_19h05mn08.txt";
     SystemFileSystem disk;
     std::vector<std::string> failures;
-    disk.setWriteFailureHandler(
-        [&](const std::string& failed, const std::string& why) { failures.push_back(failed + ": " + why); });
+    disk.setWriteTroubleHandler([&](const WriteTrouble& trouble) {
+      if (trouble.kind == WriteTrouble::Kind::Begun) failures.push_back(trouble.path + ": " + trouble.why);
+    });
     if (full) std::filesystem::create_symlink("/dev/full", path);
     Scenario car({.speed = "0:40 1100:60", .start = "rising 50", .folder = folder.path()}, &disk);
     car.start();

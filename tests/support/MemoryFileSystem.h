@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <set>
@@ -18,9 +19,10 @@ class MemoryFileSystem : public FileSystem {
   std::map<std::string, std::string> files;
   std::set<std::string> folders{"/rec", "/cwd"};
   std::set<std::string> readOnlyFolders;
-  std::string openError;   ///< opening fails with this text
-  std::string writeError;  ///< writing fails with this text
-  bool noStream = false;   ///< opening for appending gives nothing
+  std::string openError;        ///< opening fails with this text
+  std::string writeError;       ///< writing fails with this text
+  bool noStream = false;        ///< opening for appending gives nothing
+  std::set<std::string> inUse;  ///< files that are being written, by streams of this or by another program
   int writes = 0;
 
   bool folderExists(const std::string& path) const override { return folders.count(path) != 0; }
@@ -35,7 +37,7 @@ class MemoryFileSystem : public FileSystem {
     return std::make_unique<TextLineStream>(open(path));
   }
   std::unique_ptr<FileStream> create(const std::string& path) override {
-    if (fileExists(path)) throw TarnError(17, "FileSystem", path + ": File exists");
+    if (fileExists(path)) throw NameTaken(17, "FileSystem", path + ": File exists");
     return open(path);
   }
   void replace(const std::string& path, std::string_view bytes) override {
@@ -51,24 +53,54 @@ class MemoryFileSystem : public FileSystem {
  private:
   class Stream : public FileStream {
    public:
-    Stream(MemoryFileSystem& system, std::string path) : system_(system), path_(std::move(path)) {}
-    void write(std::string_view bytes) override {
-      if (!system_.writeError.empty()) {
-        system_.reportWriteFailure(path_, system_.writeError);
-        throw TarnError(28, "FileSystem", system_.writeError);
-      }
-      ++system_.writes;
-      system_.files[path_].append(bytes);
+    Stream(MemoryFileSystem& system, std::string path) : system_(system), path_(std::move(path)) {
+      if (!system_.inUse.insert(path_).second) throw NameTaken(11, "FileSystem", path_ + ": in use");
+      system_.files[path_];
     }
+    ~Stream() override {
+      system_.inUse.erase(path_);
+      if (failing_ && system_.files[path_].empty()) system_.files.erase(path_);
+      endFailing(true);
+    }
+    void write(std::string_view bytes) override {
+      if (put(bytes)) return;
+      ++lost_;
+      throw TarnError(28, "FileSystem", system_.writeError);
+    }
+    void writeOrOwe(std::string_view bytes) override {
+      owed_.append(bytes);
+      put({});
+    }
+    bool failing() const override { return failing_; }
 
    private:
+    bool put(std::string_view bytes) {
+      if (!system_.writeError.empty()) {
+        if (!std::exchange(failing_, true))
+          system_.tellTrouble({.kind = WriteTrouble::Kind::Begun, .path = path_, .why = system_.writeError});
+        return false;
+      }
+      ++system_.writes;
+      system_.files[path_].append(std::exchange(owed_, {})).append(bytes);
+      endFailing(false);
+      return true;
+    }
+    void endFailing(bool closed) {
+      if (!std::exchange(failing_, false)) return;
+      inFile_ += lost_;
+      system_.tellTrouble({WriteTrouble::Kind::Ended, path_, "", std::exchange(lost_, 0), inFile_, closed});
+    }
+
     MemoryFileSystem& system_;
     std::string path_;
+    std::string owed_;
+    bool failing_ = false;
+    std::uint64_t lost_ = 0;
+    std::uint64_t inFile_ = 0;
   };
 
   std::unique_ptr<FileStream> open(const std::string& path) {
     if (!openError.empty()) throw TarnError(13, "FileSystem", openError);
-    files[path];
     return std::make_unique<Stream>(*this, path);
   }
 };

@@ -19,6 +19,7 @@ class RecordingScreen : public AcqScreen {
 
   std::string recordingCaption;
   std::vector<Colour> recordingColours;  ///< every colour in turn
+  std::vector<bool> writeFailing;        ///< in turn
   std::string state;
   Colour stateColour = 0;
   std::string startStopCaption;
@@ -33,6 +34,7 @@ class RecordingScreen : public AcqScreen {
 
   void setRecordingCaption(std::string_view caption) override { recordingCaption = caption; }
   void setRecordingColour(Colour colour) override { recordingColours.push_back(colour); }
+  void setWriteFailing(bool failing) override { writeFailing.push_back(failing); }
   void setStateIndicator(std::string_view caption, Colour colour) override {
     state = caption;
     stateColour = colour;

@@ -11,48 +11,15 @@
 #include <csignal>
 #include <cstring>
 #include <filesystem>
-#include <functional>
 #include <memory>
-#include <utility>
 
 #include "platform/base/TarnError.h"
+#include "platform/files/Descriptor.h"
 #include "platform/files/TextLineStream.h"
 
 namespace tarnlog {
 
 namespace {
-
-TarnError systemError(const std::string& path, int error) {
-  return {error, "FileSystem", path + ": " + std::strerror(error)};
-}
-
-/// An open file descriptor, closed at the end.
-class Descriptor {
- public:
-  Descriptor(const std::string& path, int flags, mode_t mode = 0666)
-      : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
-    if (fd_ < 0) throw systemError(path, errno);
-  }
-  ~Descriptor() { ::close(fd_); }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  int get() const { return fd_; }
-
- private:
-  int fd_;
-};
-
-/// Writes all bytes; returns how many got out, which is fewer when errno tells why.
-std::size_t writeAll(int fd, std::string_view bytes) {
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t count = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) break;
-    done += static_cast<std::size_t>(count);
-  }
-  return done;
-}
 
 /// The file that a symbolic link leads to, so that replacing a linked file keeps the link.
 std::string linkTarget(const std::string& path) {
@@ -73,7 +40,7 @@ int standardStreamAt(const struct stat& target) {
 
 void writeThrough(const std::string& path, std::string_view bytes) {
   const Descriptor file(path, O_WRONLY | O_NOCTTY);
-  if (writeAll(file.get(), bytes) < bytes.size()) throw systemError(path, errno);
+  if (file.writeAll(bytes) < bytes.size()) throw systemError(path, errno);
 }
 
 /// What cannot be replaced: a device, a pipe, or where this program's output goes. True when it has been
@@ -117,50 +84,9 @@ void writeBeside(const std::string& beside, const std::string& target, std::stri
   const Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
   if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
     throw systemError(beside, errno);
-  if (writeAll(file.get(), bytes) < bytes.size() || ::fsync(file.get()) != 0)
+  if (file.writeAll(bytes) < bytes.size() || ::fsync(file.get()) != 0)
     throw systemError(beside, errno);
 }
-
-/// A file whose writes are whole or taken back: what a failed write left behind is cut off again, so that the
-/// file holds finished rows only.
-class SystemFileStream : public FileStream {
- public:
-  using Failure = std::function<void(const std::string& path, const std::string& description)>;
-
-  SystemFileStream(std::string path, int flags, Failure failure)
-      : path_(std::move(path)), file_(path_, flags), failure_(std::move(failure)) {}
-
-  void write(std::string_view bytes) override {
-    const std::size_t done = writeAll(file_.get(), bytes);
-    if (done < bytes.size()) fail(done, errno);
-    noticeRemoval();
-  }
-
- private:
-  [[noreturn]] void fail(std::size_t done, int error) {
-    if (struct stat status{}; done > 0 && ::fstat(file_.get(), &status) == 0)
-      static_cast<void>(::ftruncate(file_.get(), status.st_size - static_cast<off_t>(done)) == 0);
-    failure_(path_, std::strerror(error));
-    throw systemError(path_, error);
-  }
-
-  /// Rows written to a file without a name are lost when it closes; nothing fails, so somebody must be told.
-  void noticeRemoval() {
-    if (removed_ || ++writesSinceCheck_ < kWritesPerCheck) return;
-    writesSinceCheck_ = 0;
-    struct stat status {};
-    removed_ = ::fstat(file_.get(), &status) == 0 && status.st_nlink == 0;
-    if (removed_) failure_(path_, "the file was removed while it was being written");
-  }
-
-  static constexpr int kWritesPerCheck = 8;
-
-  std::string path_;
-  Descriptor file_;
-  Failure failure_;
-  int writesSinceCheck_ = kWritesPerCheck - 1;
-  bool removed_ = false;
-};
 
 }  // namespace
 
@@ -185,15 +111,17 @@ std::string SystemFileSystem::currentFolder() const {
 }
 
 std::unique_ptr<TextStream> SystemFileSystem::openForAppending(const std::string& path) {
-  return std::make_unique<TextLineStream>(std::make_unique<SystemFileStream>(
-      path, O_WRONLY | O_CREAT | O_APPEND,
-      [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); }));
+  return std::make_unique<TextLineStream>(open(path, SystemFileStream::Opening::Append));
 }
 
 std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {
-  return std::make_unique<SystemFileStream>(
-      path, O_WRONLY | O_CREAT | O_EXCL | O_APPEND,
-      [this](const std::string& failed, const std::string& why) { reportWriteFailure(failed, why); });
+  return open(path, SystemFileStream::Opening::New);
+}
+
+std::unique_ptr<FileStream> SystemFileSystem::open(const std::string& path,
+                                                   SystemFileStream::Opening opening) const {
+  return std::make_unique<SystemFileStream>(path, opening,
+                                            [this](const WriteTrouble& trouble) { tellTrouble(trouble); });
 }
 
 void SystemFileSystem::replace(const std::string& path, std::string_view bytes) {

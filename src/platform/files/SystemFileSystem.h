@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/FileSystem.h"
+#include "platform/files/SystemFileStream.h"
 
 namespace tarnlog {
 
@@ -16,6 +17,9 @@ class SystemFileSystem : public FileSystem {
   void replace(const std::string& path, std::string_view bytes) override;
   std::string readAll(const std::string& path) const override;
   std::string readBeginning(const std::string& path, std::size_t most) const override;
+
+ private:
+  std::unique_ptr<FileStream> open(const std::string& path, SystemFileStream::Opening opening) const;
 };
 
 }  // namespace tarnlog

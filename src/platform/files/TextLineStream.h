@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/files/FileSystem.h"
 #include "platform/text/TextEncoding.h"
@@ -24,6 +25,15 @@ class TextLineStream : public TextStream {
     } const emptied{line_};
     bytes_->write(line_);
   }
+  void writeHeading(const std::vector<std::string>& lines) override {
+    std::string heading;
+    for (const std::string& line : lines) {
+      appendWindows1252(heading, line);
+      heading.append("\r\n");
+    }
+    bytes_->writeOrOwe(heading);
+  }
+  bool failing() const override { return bytes_->failing(); }
 
  private:
   std::unique_ptr<FileStream> bytes_;

@@ -50,7 +50,16 @@ void AcqHeader::setRecordingCaption(std::string_view caption) { lblRec_->setText
 
 void AcqHeader::setRecordingColour(Colour colour) {
   lblRec_->setColour(colour);
-  const IndicatorMeaning meaning = recordingMeaning(colour);
+  showMeaning();
+}
+
+void AcqHeader::setWriteFailing(bool failing) {
+  writeFailing_ = failing;
+  showMeaning();
+}
+
+void AcqHeader::showMeaning() {
+  const IndicatorMeaning meaning = recordingMeaning(lblRec_->colour(), writeFailing_);
   lblRec_->setMeaning(meaning.sign, meaning.words);
 }
 

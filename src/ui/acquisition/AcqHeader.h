@@ -25,6 +25,7 @@ class AcqHeader {
 
   void setRecordingCaption(std::string_view caption);
   void setRecordingColour(Colour colour);
+  void setWriteFailing(bool failing);
   void setStateIndicator(std::string_view caption, Colour colour);
   void setStartStopCaption(std::string_view caption);
   void setEventCaption(std::string_view caption);
@@ -39,11 +40,14 @@ class AcqHeader {
   int place(const QRect& area);
 
  private:
+  void showMeaning();
+
   Indicator* lblRec_;
   Indicator* lblDiag_;
   QPushButton* commandStartStop_;
   QPushButton* eventBouton_;
   LogList* log_;
+  bool writeFailing_ = false;
 };
 
 }  // namespace tarnlog

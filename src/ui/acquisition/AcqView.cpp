@@ -221,6 +221,8 @@ void AcqView::setRecordingCaption(std::string_view caption) { header_->setRecord
 
 void AcqView::setRecordingColour(Colour colour) { header_->setRecordingColour(colour); }
 
+void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing); }
+
 void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
   header_->setStateIndicator(caption, colour);
 }

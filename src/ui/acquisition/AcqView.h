@@ -56,6 +56,7 @@ class AcqView : public QWidget, public AcqScreen {
 
   void setRecordingCaption(std::string_view caption) override;
   void setRecordingColour(Colour colour) override;
+  void setWriteFailing(bool failing) override;
   void setStateIndicator(std::string_view caption, Colour colour) override;
   void setStartStopCaption(std::string_view caption) override;
   void setEventCaption(std::string_view caption) override;

@@ -71,6 +71,7 @@ void Indicator::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void Indicator::paintSign(QPainter& painter, const QRectF& square) const {
+  if (sign_ == Sign::Warning) return paintWarning(painter, square);
   const QRectF ring = square.adjusted(1, 1, -1, -1);
   const QColor ink = painter.pen().color();
   painter.setBrush(sign_ == Sign::Disc ? QBrush(ink) : QBrush(Qt::NoBrush));
@@ -78,6 +79,17 @@ void Indicator::paintSign(QPainter& painter, const QRectF& square) const {
   painter.setBrush(ink);
   if (sign_ == Sign::HalfDisc) painter.drawPie(ring, 90 * 16, 180 * 16);
   if (sign_ == Sign::RingWithDot) painter.drawEllipse(ring.center(), ring.width() / 8, ring.height() / 8);
+}
+
+/// A triangle with an exclamation mark.
+void Indicator::paintWarning(QPainter& painter, const QRectF& square) {
+  const QRectF box = square.adjusted(1, 1, -1, -1);
+  const qreal middle = box.center().x();
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolygon(QPolygonF({QPointF(middle, box.top()), box.bottomRight(), box.bottomLeft()}));
+  painter.drawLine(QPointF(middle, box.top() + 0.4 * box.height()),
+                   QPointF(middle, box.top() + 0.65 * box.height()));
+  painter.drawPoint(QPointF(middle, box.top() + 0.85 * box.height()));
 }
 
 }  // namespace tarnlog

@@ -13,7 +13,7 @@ namespace tarnlog {
 class Indicator : public QLabel {
   Q_OBJECT
  public:
-  enum class Sign : std::uint8_t { None, Ring, HalfDisc, RingWithDot, Disc };
+  enum class Sign : std::uint8_t { None, Ring, HalfDisc, RingWithDot, Disc, Warning };
 
   explicit Indicator(const QString& name, QWidget* parent = nullptr);
 
@@ -32,6 +32,7 @@ class Indicator : public QLabel {
  private:
   int signSize() const;
   void paintSign(QPainter& painter, const QRectF& square) const;
+  static void paintWarning(QPainter& painter, const QRectF& square);
 
   Colour colour_ = kButtonFace;
   Sign sign_ = Sign::None;

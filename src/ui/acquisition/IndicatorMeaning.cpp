@@ -14,8 +14,9 @@ struct Words {
 
 }  // namespace
 
-IndicatorMeaning recordingMeaning(Colour colour) {
+IndicatorMeaning recordingMeaning(Colour colour, bool writeFailing) {
   using Sign = Indicator::Sign;
+  if (writeFailing) return {Sign::Warning, Words::tr("Rows are lost: the file cannot be written")};
   switch (colour) {
     case indicator::kRecording:
       return {Sign::Disc, Words::tr("Recording")};

@@ -13,8 +13,8 @@ struct IndicatorMeaning {
   QString words;
 };
 
-/// Of a colour of `LblRec`.
-IndicatorMeaning recordingMeaning(Colour colour);
+/// Of a colour of `LblRec`; while rows get lost that is what it says.
+IndicatorMeaning recordingMeaning(Colour colour, bool writeFailing = false);
 /// Of a caption of `LblDiag`.
 QString stateMeaning(std::string_view caption);
 

@@ -1,0 +1,44 @@
+#include "platform/files/Descriptor.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace tarnlog {
+
+TarnError systemError(const std::string& path, int error) {
+  return {error, "FileSystem", path + ": " + std::strerror(error)};
+}
+
+std::size_t writeAll(int fd, std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t count = ::write(fd, bytes.data() + done, bytes.size() - done);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  return done;
+}
+
+Descriptor::Descriptor(const std::string& path, int flags, mode_t mode)
+    : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
+  if (fd_ < 0) throw systemError(path, errno);
+}
+
+Descriptor::~Descriptor() { ::close(fd_); }
+
+/// A lock of the open file, not of the process: one that any close in this process drops would protect
+/// nothing.
+bool Descriptor::lock() const {
+  while (::flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) return false;
+    if (errno != EINTR) return true;
+  }
+  return true;
+}
+
+}  // namespace tarnlog

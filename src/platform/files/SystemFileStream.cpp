@@ -1,0 +1,172 @@
+#include "platform/files/SystemFileStream.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kWritesPerLook = 8;
+
+int flagsFor(SystemFileStream::Opening opening) {
+  return O_WRONLY | O_CREAT | O_APPEND | (opening == SystemFileStream::Opening::New ? O_EXCL : 0);
+}
+
+Descriptor open(const std::string& path, SystemFileStream::Opening opening) {
+  try {
+    return Descriptor(path, flagsFor(opening));
+  } catch (const TarnError& error) {
+    if (error.number() != EEXIST) throw;
+    throw NameTaken(error.number(), error.source(), error.description());
+  }
+}
+
+bool sameFile(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+}  // namespace
+
+SystemFileStream::SystemFileStream(std::string path, Opening opening, Tell tell)
+    : path_(std::move(path)),
+      file_(open(path_, opening)),
+      tell_(std::move(tell)),
+      writesSinceLook_(kWritesPerLook - 1) {
+  takeFile(opening);
+}
+
+SystemFileStream::~SystemFileStream() {
+  skipOnFailure([this] {
+    if (!owed_.empty() && put({}) == 0 && !removed_) endFailing(false);
+    look();
+    if (rowOwed_) ++lost_;
+    if (failing_) removeIfEmpty();
+    endFailing(true);
+  });
+}
+
+/// Devices and pipes belong to nobody. A file that somebody else removed before it was locked is not ours.
+void SystemFileStream::takeFile(Opening opening) {
+  struct stat status {};
+  regular_ = ::fstat(file_.get(), &status) == 0 && S_ISREG(status.st_mode);
+  if (!regular_) return;
+  const bool ours = file_.lock();
+  if (!ours && opening == Opening::New) ::unlink(path_.c_str());
+  if (!ours || ::fstat(file_.get(), &status) != 0 || status.st_nlink == 0)
+    throw NameTaken(EWOULDBLOCK, "FileSystem", path_ + ": another program is writing this file");
+  size_ = status.st_size;
+  wasEmpty_ = size_ == 0;
+  if (!wasEmpty_) skipOnFailure([this] { endLastLine(); });
+}
+
+/// What a killed program or a power cut left behind may end within a line.
+void SystemFileStream::endLastLine() {
+  const Descriptor reading(path_, O_RDONLY);
+  char last = 0;
+  if (::pread(reading.get(), &last, 1, size_ - 1) == 1 && last != '\n') owed_ = "\r\n";
+}
+
+void SystemFileStream::write(std::string_view row) {
+  if (const int error = put(row)) {
+    beginFailing(std::strerror(error));
+    throw systemError(path_, error);
+  }
+  ++rows_;
+  if (removed_)
+    ++lost_;
+  else
+    endFailing(false);
+  if (++writesSinceLook_ >= kWritesPerLook) look();
+}
+
+void SystemFileStream::writeOrOwe(std::string_view bytes) {
+  owed_.append(bytes);
+  if (const int error = put({}))
+    beginFailing(std::strerror(error));
+  else if (!removed_)
+    endFailing(false);
+}
+
+/// What is owed and the row, as one write. Returns errno, or 0.
+int SystemFileStream::put(std::string_view row) {
+  const std::size_t owed = owed_.size();
+  if (owed != 0) owed_.append(row);
+  const std::string_view whole = owed == 0 ? row : std::string_view(owed_);
+  const std::size_t done = file_.writeAll(whole);
+  if (done < whole.size()) {
+    const int error = errno;
+    keepRest(whole, owed, takeBack(done) ? 0 : done);
+    return error;
+  }
+  size_ += static_cast<std::int64_t>(done);
+  owed_.clear();
+  rowOwed_ = false;
+  return 0;
+}
+
+/// Of `whole`, which begins with what was owed, `out` bytes are in the file for good. A row that has begun
+/// there is owed from now on; one that has not is lost.
+void SystemFileStream::keepRest(std::string_view whole, std::size_t owed, std::size_t out) {
+  size_ += static_cast<std::int64_t>(out);
+  if (owed != 0 && out >= owed) rowOwed_ = false;
+  if (out > owed)
+    rowOwed_ = true;
+  else if (whole.size() > owed)
+    ++lost_;
+  owed_ = std::string(out > owed ? whole.substr(out) : whole.substr(out, owed - out));
+}
+
+bool SystemFileStream::takeBack(std::size_t done) {
+  struct stat status {};
+  return done == 0 || (regular_ && ::fstat(file_.get(), &status) == 0 &&
+                       ::ftruncate(file_.get(), status.st_size - static_cast<off_t>(done)) == 0);
+}
+
+void SystemFileStream::beginFailing(const std::string& why) {
+  if (std::exchange(failing_, true)) return;
+  tell_({.kind = WriteTrouble::Kind::Begun, .path = path_, .why = why});
+}
+
+void SystemFileStream::endFailing(bool closed) {
+  if (!std::exchange(failing_, false)) return;
+  lostInFile_ += lost_;
+  tell_({.kind = WriteTrouble::Kind::Ended,
+         .path = path_,
+         .lostRows = std::exchange(lost_, 0),
+         .lostInFile = lostInFile_,
+         .closed = closed});
+}
+
+/// What other programs do to the file fails no write, so somebody must be told: rows in a file without a name
+/// are lost when it closes.
+void SystemFileStream::look() {
+  writesSinceLook_ = 0;
+  struct stat status {};
+  if (!regular_ || removed_ || ::fstat(file_.get(), &status) != 0) return;
+  if (status.st_nlink == 0) {
+    removed_ = true;
+    lost_ += rows_;
+    beginFailing("the file was removed while it was being written");
+  } else if (status.st_size < size_) {
+    tell_({.kind = WriteTrouble::Kind::CutShort,
+           .path = path_,
+           .why = std::to_string(size_ - status.st_size) + " bytes were cut off by another program"});
+  }
+  size_ = status.st_size;
+}
+
+void SystemFileStream::removeIfEmpty() {
+  struct stat ours {};
+  struct stat named {};
+  if (regular_ && wasEmpty_ && ::fstat(file_.get(), &ours) == 0 && ours.st_size == 0 &&
+      ::lstat(path_.c_str(), &named) == 0 && sameFile(ours, named))
+    ::unlink(path_.c_str());
+}
+
+}  // namespace tarnlog

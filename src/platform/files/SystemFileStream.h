@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/files/Descriptor.h"
+#include "platform/files/FileSystem.h"
+
+namespace tarnlog {
+
+/// A file of this machine whose writes are whole or taken back: what a failed write left behind is cut off
+/// again, or, where that is not possible, finished by the next one. It is locked while it is open.
+class SystemFileStream : public FileStream {
+ public:
+  enum class Opening { New, Append };
+  using Tell = std::function<void(const WriteTrouble&)>;
+
+  /// Raises NameTaken when a new file is there already, or when another stream writes this one.
+  SystemFileStream(std::string path, Opening opening, Tell tell);
+  ~SystemFileStream() override;
+
+  void write(std::string_view row) override;
+  void writeOrOwe(std::string_view bytes) override;
+  bool failing() const override { return failing_; }
+
+ private:
+  void takeFile(Opening opening);
+  void endLastLine();
+  int put(std::string_view row);
+  void keepRest(std::string_view whole, std::size_t owed, std::size_t out);
+  bool takeBack(std::size_t done);
+  void beginFailing(const std::string& why);
+  void endFailing(bool closed);
+  void look();
+  void removeIfEmpty();
+
+  std::string path_;
+  Descriptor file_;
+  Tell tell_;
+  bool regular_ = false;
+  bool wasEmpty_ = false;
+  std::int64_t size_ = 0;  ///< that the file should have at least
+  std::string owed_;       ///< the next write begins with this
+  bool rowOwed_ = false;   ///< it holds the end of a row
+  bool failing_ = false;
+  bool removed_ = false;
+  std::uint64_t rows_ = 0;  ///< that got into the file
+  std::uint64_t lost_ = 0;  ///< in this outage
+  std::uint64_t lostInFile_ = 0;
+  int writesSinceLook_;
+};
+
+}  // namespace tarnlog

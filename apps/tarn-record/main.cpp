@@ -11,6 +11,7 @@
 #include "apps/common/BadInput.h"
 #include "apps/common/CommandLine.h"
 #include "apps/common/LoadedConfiguration.h"
+#include "apps/common/RecordRepair.h"
 #include "apps/common/StandardStreams.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/common/TerminalText.h"
@@ -20,7 +21,6 @@
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/OutputFile.h"
-#include "apps/tarn-record/RepairCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
 #include "host/link/SystemLinkClock.h"
@@ -195,8 +195,7 @@ std::function<int()> addRepair(CLI::App& app, std::string& file) {
   command.add_option("FILE", file, "XML record or event file")->required();
   command.footer("Example:\n  tarn-record repair recordings/16-11-26_19h05mn07.xml");
   return [&file] {
-    SystemFileSystem files;
-    print(printableText(repairFile(files, file)));
+    print(printableText(repairRecord(file)));
     return kDone;
   };
 }

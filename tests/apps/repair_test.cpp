@@ -1,13 +1,24 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <filesystem>
 
 #include "apps/common/BadInput.h"
-#include "apps/tarn-record/RepairCommand.h"
-#include "apps/tarn-record/XmlRepair.h"
+#include "apps/common/RecordRepair.h"
+#include "apps/common/RecordWalk.h"
+#include "apps/common/UnfinishedRecords.h"
+#include "platform/files/SystemFileSystem.h"
 #include "platform/xml/XmlDocument.h"
 #include "tests/support/AcqRig.h"
+#include "tests/support/FailureOf.h"
+#include "tests/support/TempFolder.h"
 
-namespace tarnlog::record {
+namespace tarnlog {
 namespace {
+
+using test::failureOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// An XML record with a comment that needs escaping and three rows.
 std::string recordFile() {
@@ -22,52 +33,118 @@ std::string recordFile() {
   return rig.files.files.at(rig.acq.RecordPath());
 }
 
-std::size_t rowsIn(const std::string& xml) {
+struct Walked {
+  RecordFaults faults;
+  std::string text;
+};
+
+/// In blocks of a few bytes, so that each border between two blocks is met.
+Walked walked(const std::string& text, std::size_t block = 7) {
+  Walked result;
+  std::size_t at = 0;
+  const auto read = [&](char* out, std::size_t size) {
+    const std::size_t count = text.copy(out, std::min(block, size), at);
+    at += count;
+    return count;
+  };
+  result.faults = walkRecord(read, [&](std::string_view piece) { result.text.append(piece); });
+  return result;
+}
+
+std::vector<std::string> speedsIn(const std::string& xml) {
   XmlDocument document;
   const auto error = document.parse(xml);
   EXPECT_FALSE(error) << error->reason << "\n" << xml;
-  return document.selectNodes("Tarnlog2000/row").size();
+  std::vector<std::string> speeds;
+  for (const XmlElement& row : document.selectNodes("Tarnlog2000/row"))
+    speeds.emplace_back(row.attributeOrEmpty("C1"));
+  return speeds;
 }
 
-TEST(Repair, keepsEveryFinishedRowWhereverTheFileEnds) {
+TEST(Repair, KeepsEveryFinishedRowWhereverTheFileEnds) {
   const std::string whole = recordFile();
-  const std::size_t rootStart = whole.find("<Tarnlog2000");
-  const std::size_t firstWhole = whole.find('>', rootStart) + 1;
+  const std::size_t firstWhole = whole.find('>', whole.find("<Tarnlog2000")) + 1;
   for (std::size_t length = firstWhole; length < whole.find("</Tarnlog2000>"); ++length) {
     const std::string cut = whole.substr(0, length);
-    const auto repaired = repairXml(cut);
-    ASSERT_TRUE(repaired) << cut;
+    const Walked repaired = walked(cut);
+    ASSERT_TRUE(repaired.faults.record && !repaired.faults.closed) << cut;
     std::size_t finished = 0;
     for (std::size_t at = cut.find("<row "); at != std::string::npos; at = cut.find("<row ", at + 1))
       if (cut.find("/>", at) != std::string::npos) ++finished;
-    ASSERT_EQ(rowsIn(repaired->text), finished) << cut;
+    ASSERT_EQ(speedsIn(repaired.text).size(), finished) << cut;
+    ASSERT_TRUE(walked(repaired.text).faults.whole()) << cut;
   }
 }
 
-TEST(Repair, leavesWholeFilesAndOtherFilesAlone) {
+/// Whatever of a row is missing before the next one: neither that one nor a whole cell is lost.
+TEST(Repair, PartsRowsThatWereGlued) {
   const std::string whole = recordFile();
-  EXPECT_TRUE(repairXml(whole)->whole);
-  EXPECT_TRUE(
-      repairXml("<!-- </x> --><?p > ?><Tarnlog2000 a='>'><b><![CDATA[</Tarnlog2000>]]></b></Tarnlog2000>")
-          ->whole);
-  EXPECT_FALSE(repairXml(""));
-  EXPECT_FALSE(repairXml("<other><row/>"));
-  EXPECT_FALSE(repairXml("time\tevent\r\n"));
-  EXPECT_FALSE(repairXml("</Tarnlog2000>"));
+  const std::size_t second = whole.find("<row ", whole.find("<row ") + 1);
+  const std::size_t end = whole.find("/>", second);
+  const std::size_t cellEnd = whole.rfind('"', end) + 1;
+  for (std::size_t cut = second + 1; cut <= end + 1; ++cut) {
+    const std::string glued = whole.substr(0, cut) + whole.substr(end + 4);
+    const Walked repaired = walked(glued);
+    EXPECT_EQ(repaired.faults.cutRows, cut >= cellEnd ? 1U : 0U) << glued;
+    const auto speeds = speedsIn(repaired.text);
+    if (cut >= cellEnd)
+      EXPECT_THAT(speeds, ElementsAre("60", "61", "62")) << glued;
+    else
+      EXPECT_THAT(speeds, ElementsAre("60", "62")) << glued;
+    EXPECT_TRUE(walked(repaired.text).faults.whole()) << repaired.text;
+  }
+  std::string head = whole;
+  head.erase(head.find("</Parameters>"), std::string("</Parameters>").size());
+  EXPECT_EQ(speedsIn(walked(head).text).size(), 3U);
+  head = whole;
+  head.insert(second, std::string(3, '\0') + "junk");
+  EXPECT_EQ(walked(head).faults.droppedBytes, 7U);
+  EXPECT_THAT(speedsIn(walked(head).text), ElementsAre("60", "61", "62"));
 }
 
-TEST(Repair, replacesTheFileAndSaysWhatItDid) {
-  test::MemoryFileSystem files;
+TEST(Repair, LeavesWholeFilesAndOtherFilesAlone) {
   const std::string whole = recordFile();
-  files.files["/rec/a.xml"] = whole.substr(0, whole.rfind("<row ") + 9);
-  EXPECT_EQ(repairFile(files, "/rec/a.xml"),
-            "/rec/a.xml: closed, 9 bytes of an unfinished element dropped\n");
-  EXPECT_EQ(rowsIn(files.files["/rec/a.xml"]), 2U);
-  EXPECT_EQ(repairFile(files, "/rec/a.xml"), "/rec/a.xml: whole, nothing to do\n");
-  files.files["/rec/b.txt"] = "time\tevent";
-  EXPECT_THROW(repairFile(files, "/rec/b.txt"), BadInput);
-  EXPECT_THROW(repairFile(files, "/rec/missing.xml"), BadInput);
+  for (const std::string& text :
+       {whole, std::string("<!-- </x> --><?p > ?><Tarnlog2000 a='>'><b><![CDATA[</Tarnlog2000>]]></b>"
+                           "</Tarnlog2000>")}) {
+    EXPECT_TRUE(walked(text).faults.whole());
+    EXPECT_EQ(walked(text).text, text);
+  }
+  for (const char* other : {"", "<other><row/>", "time\tevent\r\n", "</Tarnlog2000>", "<!--"})
+    EXPECT_FALSE(walked(other).faults.record) << other;
+}
+
+TEST(Repair, WorksOnACopyKeepsTheOriginalAndLeavesARunningRecordingAlone) {
+  const test::TempFolder folder;
+  SystemFileSystem files;
+  const std::string whole = recordFile();
+  const std::string cut = whole.substr(0, whole.rfind("<row ") + 9);
+  const std::string path = folder / "a.xml";
+  files.replace(folder / "whole.xml", whole);
+  files.replace(folder / "a.xml.bak", "taken");
+  {
+    const auto recorder = files.create(path);
+    recorder->write(cut);
+    EXPECT_THAT(failureOf([&] { repairRecord(path); }), HasSubstr("is being written"));
+    EXPECT_TRUE(unfinishedRecords(folder.path()).empty());
+  }
+  EXPECT_THAT(unfinishedRecords(folder.path()), ElementsAre(path));
+  EXPECT_EQ(repairRecord(path), path + ": closed, 9 bytes of what was not finished dropped\n" + path +
+                                    ": the original is " + path + ".bak2\n");
+  EXPECT_EQ(speedsIn(files.readAll(path)).size(), 2U);
+  EXPECT_EQ(files.readAll(path + ".bak2"), cut);
+  EXPECT_TRUE(unfinishedRecords(folder.path()).empty());
+  EXPECT_EQ(repairRecord(path), path + ": whole, nothing to do\n");
+
+  std::string broken = whole;
+  broken.insert(broken.find("<Datas>"), "<1/>");
+  files.replace(path, broken.substr(0, broken.rfind("</")));
+  EXPECT_THAT(failureOf([&] { repairRecord(path); }), HasSubstr("could not be read"));
+  files.replace(folder / "b.txt", "time\tevent");
+  EXPECT_THROW(repairRecord(folder / "b.txt"), BadInput);
+  EXPECT_THROW(repairRecord(folder / "missing.xml"), TarnError);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 5) << "no copy is left";
 }
 
 }  // namespace
-}  // namespace tarnlog::record
+}  // namespace tarnlog

@@ -26,14 +26,18 @@ std::string_view nameIn(std::string_view markup) {
   return markup.substr(start, markup.find_first_of(" \t\r\n/>", start) - start);
 }
 
+bool isName(std::string_view name) {
+  return !name.empty() && name.find_first_of("\"'=&") == std::string_view::npos;
+}
+
 /// Length of the beginning of a tag that ends with a whole attribute; 0 when there is none.
 std::size_t wholeAttributes(std::string_view tag) {
   std::size_t whole = 0;
   for (std::size_t at = tag.find_first_of(kBlanks);;) {
     at = std::min(tag.find_first_not_of(kBlanks, at), tag.size());
-    const std::size_t open = tag.find("=\"", at);
-    if (open == std::string_view::npos) return whole;
-    const std::size_t close = tag.find('"', open + 2);
+    const std::size_t nameEnd = tag.find_first_of(" \t\r\n'\"/=", at);
+    if (nameEnd == at || nameEnd == std::string_view::npos || tag.substr(nameEnd, 2) != "=\"") return whole;
+    const std::size_t close = tag.find('"', nameEnd + 2);
     if (close == std::string_view::npos) return whole;
     whole = at = close + 1;
   }
@@ -52,14 +56,14 @@ class Window {
     if (rest().size() > kLongest) throw BadInput("an element does not end within 16 MB, this is no record");
     bytes_.erase(0, at_);
     at_ = 0;
-    const std::size_t before = bytes_.size();
-    bytes_.resize(before + kBlock);
-    bytes_.resize(before + read_(bytes_.data() + before, kBlock));
-    return bytes_.size() > before;
+    const std::size_t count = read_(block_.data(), block_.size());
+    bytes_.append(block_, 0, count);
+    return count != 0;
   }
 
  private:
   const ReadBlock& read_;
+  std::string block_ = std::string(kBlock, '\0');
   std::string bytes_;
   std::size_t at_ = 0;
 };
@@ -150,7 +154,7 @@ class Walk {
 
   void takeStart(std::string_view markup) {
     const std::string_view name = nameIn(markup);
-    if (faults_.closed) return drop(markup);
+    if (faults_.closed || !isName(name)) return drop(markup);
     if (!faults_.record) {
       foreign_ = name != kRoot;
       faults_.record = !foreign_;
@@ -173,6 +177,7 @@ class Walk {
 
   /// At the very end of the file it is what was being written when the recorder was killed.
   void takeCut(std::string_view markup) {
+    if (faults_.closed) return drop(markup);
     const bool atEnd = markup.size() == window_.rest().size();
     if (atEnd) return put(markup);
     const std::size_t kept = wholeAttributes(markup);

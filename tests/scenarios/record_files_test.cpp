@@ -151,24 +151,52 @@ TEST(RecordFiles, goToTheCurrentFolderWhenTheirsIsMissing) {
   EXPECT_EQ(car.files.files.count("/cwd/event_16-11-26__19h05mn08.txt"), 1U);
 }
 
+TEST(RecordFiles, thatAnotherProgramWritesAreLeftToItWithTheirEvents) {
+  Scenario car({});
+  car.files.inUse = {kText, "/rec/event1_16-11-26_19h05mn08_2.txt"};
+  car.start();
+  car.run("1000");
+  car.press();
+  car.run("1010");
+  EXPECT_EQ(car.screen.recordPanel, "/rec/16-11-26_19h05mn08_2.txt");
+  car.acq.RecordUserEvent();
+  car.end();
+  EXPECT_THAT(car.finished,
+              ElementsAre("/rec/16-11-26_19h05mn08_2.txt", "/rec/event1_16-11-26_19h05mn08_2_2.txt"));
+  EXPECT_EQ(car.files.files.count(kText), 0U);
+}
+
 TEST(RecordFiles, loseOnlyTheRowsForWhichTheDiskHasNoRoom) {
   for (const std::string format : {".txt", ".xml"}) {
-    Scenario car({.speed = "0:40 1100:60 1200:61 1300:62 1400:63", .start = "rising 50", .format = format});
-    car.start();
-    car.run("1000 1100");
-    car.files.writeError = "No space left on device";
-    car.run("1200 1300");
-    car.files.writeError.clear();
-    car.run("1400");
-    EXPECT_EQ(car.screen.rows[0].value, "63") << "the polling went on";
-    car.end();
-    if (format == ".txt") {
-      EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60", "0.3|\"\"|63"));
-      continue;
+    for (const bool fullAtOpening : {false, true}) {
+      Scenario car({.speed = "0:40 1100:60 1200:61 1300:62 1400:63", .start = "rising 50", .format = format});
+      car.start();
+      car.run("1000");
+      if (!fullAtOpening) car.run("1100");
+      car.files.writeError = "No space left on device";
+      car.run("1100 1200 1300");
+      EXPECT_EQ(car.screen.writeFailing, std::vector{true});
+      car.files.writeError.clear();
+      car.run("1400");
+      EXPECT_EQ(car.screen.rows[0].value, "63") << "the polling went on";
+      EXPECT_EQ(car.screen.writeFailing, (std::vector{true, false}));
+      car.end();
+      if (format == ".txt") {
+        EXPECT_EQ(car.rows().back(), "0.3|\"\"|63");
+        EXPECT_EQ(car.rows().size(), fullAtOpening ? 1U : 2U);
+        continue;
+      }
+      XmlDocument document;
+      ASSERT_FALSE(document.parse(car.files.files[kXml]));
+      EXPECT_EQ(document.selectNodes("Tarnlog2000/row").size(), fullAtOpening ? 1U : 2U);
     }
-    XmlDocument document;
-    ASSERT_FALSE(document.parse(car.files.files[kXml]));
-    EXPECT_EQ(document.selectNodes("Tarnlog2000/row").size(), 2U);
+    Scenario full({.speed = "0:40 1100:60", .start = "rising 50", .format = format});
+    full.files.writeError = "No space left on device";
+    full.start();
+    full.run("1000 1100 1200");
+    full.end();
+    EXPECT_THAT(full.finished, ElementsAre()) << "there is no file";
+    EXPECT_EQ(full.screen.writeFailing, (std::vector{true, false}));
   }
 }
 

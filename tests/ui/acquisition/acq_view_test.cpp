@@ -91,6 +91,13 @@ TEST(AcqView, ButtonsRecordAndIndicatorsSayItInColourSignAndWords) {
   rig.tick(2080);
   rig.tick();
   EXPECT_EQ(rig.child<QLabel>("AcqTime").text(), "2.1");
+  rig.files.writeError = "No space left on device";
+  rig.tick();
+  EXPECT_EQ(lamp.colour(), indicator::kRecording) << "the state of the recording is the same";
+  EXPECT_EQ(lamp.sign(), Indicator::Sign::Warning);
+  rig.files.writeError.clear();
+  rig.tick();
+  EXPECT_EQ(lamp.sign(), Indicator::Sign::Disc);
   QTest::mouseClick(&button, Qt::LeftButton);
   rig.tick();
   EXPECT_EQ(lamp.colour(), kButtonFace);

@@ -58,10 +58,13 @@ void SystemFileStream::takeFile(Opening opening) {
   if (!regular_) return;
   const bool ours = file_.lock();
   if (!ours && opening == Opening::New) ::unlink(path_.c_str());
-  if (!ours || ::fstat(file_.get(), &status) != 0 || status.st_nlink == 0)
+  struct stat named {};
+  if (!ours || ::fstat(file_.get(), &status) != 0 || ::stat(path_.c_str(), &named) != 0 ||
+      !sameFile(status, named))
     throw NameTaken(EWOULDBLOCK, "FileSystem", path_ + ": another program is writing this file");
   size_ = status.st_size;
   wasEmpty_ = size_ == 0;
+  hasName_ = status.st_nlink != 0;
   if (!wasEmpty_) skipOnFailure([this] { endLastLine(); });
 }
 
@@ -149,7 +152,7 @@ void SystemFileStream::look() {
   writesSinceLook_ = 0;
   struct stat status {};
   if (!regular_ || removed_ || ::fstat(file_.get(), &status) != 0) return;
-  if (status.st_nlink == 0) {
+  if (hasName_ && status.st_nlink == 0) {
     removed_ = true;
     lost_ += rows_;
     beginFailing("the file was removed while it was being written");

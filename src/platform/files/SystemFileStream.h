@@ -42,6 +42,7 @@ class SystemFileStream : public FileStream {
   Tell tell_;
   bool regular_ = false;
   bool wasEmpty_ = false;
+  bool hasName_ = true;    ///< in a folder, when it was opened
   std::int64_t size_ = 0;  ///< that the file should have at least
   std::string owed_;       ///< the next write begins with this
   bool rowOwed_ = false;   ///< it holds the end of a row

@@ -48,20 +48,25 @@ TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
   EXPECT_EQ(scale.range(), (AxisRange{0, 10}));
 }
 
-TEST(PlotHistory, ExtremesAgreeWithAWalkWhileOldPointsAreDropped) {
+TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
   PlotHistory history;
-  history.setCapacity(300);
-  for (int i = 0; i < 1500; ++i) {
-    history.append(0, i % 97 == 0 ? kNaN : (i * 7919 % 1009) - 500);
+  history.setKeepsX(true);
+  history.setCapacity(PlotHistory::kMostPoints);
+  EXPECT_LE(history.held(), 1024) << "what a file asks for is not reserved at once";
+  history.setCapacity(3000);
+  for (int i = 0; i < 15000; ++i) {
+    history.append(i, i % 97 == 0 ? kNaN : (i * 7919 % 1009) - 500);
     if (i % 11 != 0) continue;
     const std::int64_t first = history.begin() + i % 130;
     Extremes walked;
     for (std::int64_t k = first; k < history.end(); ++k) walked.add(history.y(k));
+    ASSERT_EQ(history.x(first), first);
     const Extremes asked = history.extremes(first, history.end());
     ASSERT_EQ(asked.lowest, walked.lowest) << i;
     ASSERT_EQ(asked.highest, walked.highest) << i;
   }
-  EXPECT_EQ(history.begin(), 1200);
+  EXPECT_EQ(history.begin(), 12000);
+  EXPECT_EQ(history.held(), 3000);
 }
 
 TEST(ScrollingCanvas, ScrollsWithoutMovingPixelsAndCutsOffWhatIsOutside) {

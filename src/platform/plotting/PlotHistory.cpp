@@ -5,6 +5,12 @@
 
 namespace tarnlog {
 
+namespace {
+
+constexpr std::int32_t kFirstPoints = 1024;
+
+}  // namespace
+
 void Extremes::add(double value) {
   if (!std::isfinite(value)) return;
   lowest = std::min(lowest, value);
@@ -17,19 +23,34 @@ void Extremes::add(const Extremes& other) {
 }
 
 void PlotHistory::setCapacity(std::int32_t points) {
-  const auto size = static_cast<std::size_t>(std::clamp(points, 1, kMostPoints));
-  y_.assign(size, 0);
-  if (!x_.empty()) x_.assign(size, 0);
-  blocks_.assign(size / kBlock + 3, {});  // both ends may stand in a block that is only partly kept
+  capacity_ = std::clamp(points, 1, kMostPoints);
+  const bool keepsX = !x_.empty();
+  y_ = {};
+  x_ = keepsX ? std::vector<double>(1) : std::vector<double>();
+  blocks_ = {};
   end_ = 0;
+  makeRoom(static_cast<std::size_t>(std::min(capacity_, kFirstPoints)));
 }
 
 void PlotHistory::setKeepsX(bool x) {
-  x_.assign(x ? y_.size() : 0, 0);
+  x_.resize(x ? 1 : 0);
   clear();
 }
 
+/// Exactly that much, where `resize` alone might take twice as much at the end.
+void PlotHistory::makeRoom(std::size_t points) {
+  y_.reserve(points);
+  y_.resize(points);
+  if (!x_.empty()) {
+    x_.reserve(points);
+    x_.resize(points);
+  }
+  blocks_.resize(points / kBlock + 3);  // both ends may stand in a block that is only partly kept
+}
+
 void PlotHistory::append(double x, double y) {
+  if (end_ == held() && held() < capacity_)
+    makeRoom(std::min(2 * y_.size(), static_cast<std::size_t>(capacity_)));
   Extremes& extremes = block(end_);
   if (end_ % kBlock == 0) extremes = {};
   extremes.add(y);
@@ -38,7 +59,7 @@ void PlotHistory::append(double x, double y) {
   ++end_;
 }
 
-void PlotHistory::clear() { setCapacity(capacity()); }
+void PlotHistory::clear() { setCapacity(capacity_); }
 
 std::span<const double> PlotHistory::run(std::int64_t index) const {
   const std::size_t from = slot(index);

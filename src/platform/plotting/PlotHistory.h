@@ -20,14 +20,17 @@ struct Extremes {
 
 /// The last N points of a plot. Points are numbered from 0 in the order of arrival and keep their number
 /// while older ones are dropped. Extremes of blocks are kept as points arrive, so that asking for those of a
-/// long stretch costs a fraction of the points. Appending allocates nothing.
+/// long stretch costs a fraction of the points. Memory grows with the points, doubling until all N fit;
+/// appending allocates nothing from then on.
 class PlotHistory {
  public:
   static constexpr std::int32_t kMostPoints = 10'000'000;
 
   /// 1 to kMostPoints; what lies outside is limited. Forgets all points.
   void setCapacity(std::int32_t points);
-  std::int32_t capacity() const { return static_cast<std::int32_t>(y_.size()); }
+  std::int32_t capacity() const { return capacity_; }
+  /// Points that there is memory for now, at most `capacity`.
+  std::int32_t held() const { return static_cast<std::int32_t>(y_.size()); }
   /// With x = false (the time chart) only y is kept.
   void setKeepsX(bool x);
   void append(double x, double y);
@@ -48,6 +51,7 @@ class PlotHistory {
  private:
   static constexpr std::int64_t kBlock = 64;
 
+  /// While the memory grows no point is dropped, so that each stands at its number.
   std::size_t slot(std::int64_t index) const {
     return static_cast<std::size_t>(index % static_cast<std::int64_t>(y_.size()));
   }
@@ -55,6 +59,9 @@ class PlotHistory {
     return blocks_[static_cast<std::size_t>(index / kBlock) % blocks_.size()];
   }
 
+  void makeRoom(std::size_t points);
+
+  std::int32_t capacity_ = 1;
   std::vector<double> y_ = std::vector<double>(1);
   std::vector<double> x_;  ///< empty for a time chart
   std::vector<Extremes> blocks_ = std::vector<Extremes>(3);

@@ -356,7 +356,7 @@ TEST(CWNumEdit, TakesWhatIsTypedWhenItIsFinished) {
   EXPECT_EQ(typed("1,25e2"), QStringLiteral("125"));
   EXPECT_EQ(typed("300"), QStringLiteral("200")) << "not 30, its last digit refused";
   EXPECT_EQ(typed("-"), QStringLiteral("200"));
-  EXPECT_EQ(typed("x0,0000001"), QStringLiteral("0,0000001"));
+  EXPECT_EQ(typed("0,0000001"), QStringLiteral("0,0000001"));
   EXPECT_EQ(typed("1e"), QStringLiteral("0,0000001"));
   EXPECT_EQ(typed("-99"), QStringLiteral("-10"));
   EXPECT_EQ(changes, (std::vector<double>{12.5, 125, 200, 1e-7, -10}));
@@ -365,6 +365,62 @@ TEST(CWNumEdit, TakesWhatIsTypedWhenItIsFinished) {
   edit.setSuffix(QStringLiteral(" km/h"));
   EXPECT_EQ(typed("300"), QStringLiteral("200 km/h"));
   EXPECT_EQ(changes, (std::vector<double>{3, 30, 200}));
+}
+
+/// Keys that were refused one by one left digits that made another number.
+TEST(CWNumEdit, ReadsTheWholeEntryOrRefusesItAsAWhole) {
+  struct Case {
+    QLocale::Language language;
+    int decimals;
+    const char* keys;
+    double value;
+    bool refused;
+  };
+  constexpr double kBefore = 7;
+  const Case cases[] = {
+      {QLocale::English, 12, "1.5", 1.5, false},
+      {QLocale::English, 12, "1,5", 1.5, false},
+      {QLocale::English, 12, "0,500", 0.5, false},
+      {QLocale::English, 12, "1234,500", 1234.5, false},
+      {QLocale::English, 12, "-,25", -0.25, false},
+      {QLocale::English, 12, "1,500", kBefore, true},
+      {QLocale::English, 12, "1.234,5", kBefore, true},
+      {QLocale::English, 12, "1.2.3", kBefore, true},
+      {QLocale::English, 12, "1 500", kBefore, true},
+      {QLocale::English, 12, "12x", kBefore, true},
+      {QLocale::English, 12, "nan", kBefore, true},
+      {QLocale::English, 12, "1e", kBefore, false},
+      {QLocale::German, 12, "1.5", 1.5, false},
+      {QLocale::German, 12, "-1.500", kBefore, true},
+      {QLocale::English, 0, "2.7", kBefore, true},
+      {QLocale::English, 0, "2,7", kBefore, true},
+      {QLocale::English, 0, "12.0", 12, false},
+      {QLocale::English, 0, "1,000", kBefore, true},
+      {QLocale::French, 0, "30", 30, false},
+      {QLocale::English, 0, "-", kBefore, false},
+  };
+  for (const bool tracking : {false, true}) {
+    for (const Case& each : cases) {
+      SCOPED_TRACE(each.keys);
+      CWNumEdit edit;
+      edit.setLocale(QLocale(each.language));
+      edit.setDecimals(each.decimals);
+      edit.setRange(-5000, 5000);
+      edit.setKeyboardTracking(tracking);
+      edit.setValue(kBefore);
+      double heard = kBefore;
+      QObject::connect(&edit, &CWNumEdit::valueChanged, [&](double value) { heard = value; });
+      edit.selectAll();
+      QTest::keyClicks(&edit, QLatin1String(each.keys));
+      EXPECT_EQ(edit.text(), QLatin1String(each.keys)) << "what is typed stands there";
+      EXPECT_EQ(edit.refuses(), each.refused);
+      QTest::keyClick(&edit, Qt::Key_Return);
+      EXPECT_EQ(edit.value(), each.value);
+      EXPECT_EQ(heard, each.value);
+      EXPECT_EQ(edit.text(), edit.textFromValue(each.value));
+      EXPECT_FALSE(edit.refuses());
+    }
+  }
 }
 
 TEST(CWButton, ShowsItsStateAndTogglesByKeyAndMouse) {

@@ -3,14 +3,21 @@
 #include <QDoubleSpinBox>
 #include <QLocale>
 #include <limits>
+#include <optional>
+
+class QAction;
 
 namespace tarnlog {
 
 /// Entry of a number with limits, in the widget's locale. Arrow keys step by `singleStep`, page keys by
-/// `fastStep`. A number beyond the limits becomes the nearest one when it is finished (Enter, leaving the
-/// field), and what is no number gives way to the value before; unless keyboard tracking is switched on,
-/// nothing that is typed counts earlier. A point is taken as the locale's decimal separator: number pads have
-/// no other.
+/// `fastStep`. The entry is read as a whole when it is finished (Enter, leaving the field): a number beyond
+/// the limits becomes the nearest one, and what is no number, or a fraction in a field without decimals, is
+/// marked while it stands there and gives way to the value before it was typed. Unless keyboard tracking is
+/// switched on, nothing that is typed counts earlier.
+///
+/// The other one of "." and "," is understood as the decimal separator where it is the only separator and
+/// cannot be meant for grouping: 1,5 but not 1,500 where the point is the locale's own. Number pads have one
+/// of the two only.
 class CWNumEdit : public QDoubleSpinBox {
   Q_OBJECT
   Q_PROPERTY(double fastStep READ fastStep WRITE setFastStep)
@@ -27,16 +34,28 @@ class CWNumEdit : public QDoubleSpinBox {
   double valueFromText(const QString& text) const override;
   QValidator::State validate(QString& text, int& position) const override;
   void fixup(QString& text) const override;
+  /// The entry is marked as one that cannot be taken.
+  bool refuses() const;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  /// The number that the whole entry says, whatever the limits; none when it says none.
+  virtual std::optional<double> entered(const QString& text) const;
 
  private:
+  void beginEntry();
+  void finishEntry();
+  void mark(bool refused);
   void moveBy(double difference);
   QLocale plainLocale() const;
   /// Without prefix and suffix.
-  QString numberIn(QString text) const;
+  QString bare(QString text) const;
+  QString withSeparator(QString number) const;
+  bool mayBecomeNumber(const QString& text) const;
 
+  QAction* refusal_;
+  bool typing_ = false;
+  double before_ = 0;  ///< the value when typing began
   double fastStep_ = 10;
   double lowestStep_ = -std::numeric_limits<double>::infinity();
   double highestStep_ = std::numeric_limits<double>::infinity();

@@ -16,13 +16,9 @@ constexpr double kHighestLevelStep = 100;
 constexpr double kLevelLimit = 1e15;
 
 class SecondsBefore : public CWNumEdit {
- public:
-  QValidator::State validate(QString& text, int& position) const override {
-    QString meant = signedText(text);
-    return CWNumEdit::validate(meant, position);
-  }
-  double valueFromText(const QString& text) const override {
-    return CWNumEdit::valueFromText(signedText(text));
+ protected:
+  std::optional<double> entered(const QString& text) const override {
+    return CWNumEdit::entered(signedText(text));
   }
 
  private:

@@ -12,6 +12,7 @@
 #include "platform/controls/CWNumEdit.h"
 #include "ui/common/Convert.h"
 #include "ui/common/ElidedLabel.h"
+#include "ui/common/WheelGuard.h"
 #include "ui/scope/ColourBox.h"
 #include "ui/scope/CurvePreview.h"
 #include "ui/scope/ScopeOffers.h"
@@ -69,6 +70,9 @@ ScopePanel::ScopePanel(ScopeEditor& editor, QWidget* parent) : QFrame(parent), e
   column->addLayout(typeForm);
   column->addWidget(makeTypeEditors());
   column->addStretch();
+  for (QWidget* const input :
+       std::initializer_list<QWidget*>{scopeType_, cbGraphIndex_, axeYmini_, axeYmaxi_, axeXNbPoints_})
+    changeByWheelOnlyWithFocus(*input);
   alignLabels();
   setFixedWidth(fontMetrics().horizontalAdvance('0') * kWidthInDigits);
   connectEditors();

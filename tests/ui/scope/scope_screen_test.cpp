@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
+#include <QWheelEvent>
 #include <memory>
 
 #include "platform/controls/CWNumEdit.h"
@@ -81,6 +82,12 @@ TEST_F(ScopeScreen, ShowingItemsWritesNothingBack) {
   at(1).SetGraph("", false, 1e-9, 4e18, 500, 0);
   click(1);
   click(0);
+  for (const char* const name : {"ScopeType", "CBgraphIndex", "AxeYmini", "AxeYmaxi", "AxeXNbPoints"}) {
+    QWheelEvent inPassing({3, 3}, child<QWidget>(name)->mapToGlobal(QPointF(3, 3)), {}, {0, -120}, {}, {},
+                          Qt::NoScrollPhase, false);
+    QApplication::sendEvent(child<QWidget>(name), &inPassing);
+    EXPECT_EQ(child<QWidget>(name)->focusPolicy(), Qt::StrongFocus);
+  }
   EXPECT_EQ(edited_.count(), 0);
   EXPECT_EQ(at(1).oTarnGraph->AxeYmini, 1e-9);
   child<CWNumEdit>("AxeYmaxi")->setValue(3);

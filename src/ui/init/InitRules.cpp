@@ -22,6 +22,7 @@ bool fits16Bits(std::int32_t address) {
 
 bool InitRules::setParameters(std::shared_ptr<oTarnParameters> parameters) {
   parameters_ = std::move(parameters);
+  shown_ = parameters_ != nullptr && session_ != nullptr;
   if (!parameters_) {
     offered_.clear();
     return true;
@@ -33,8 +34,7 @@ bool InitRules::setParameters(std::shared_ptr<oTarnParameters> parameters) {
 }
 
 InitRules::Added InitRules::add(std::size_t ecu, std::size_t request) {
-  if (!parameters_ || ecu >= offered_.size() || request >= offered_[ecu].requests.size())
-    return Added::nothing;
+  if (!shown_ || ecu >= offered_.size() || request >= offered_[ecu].requests.size()) return Added::nothing;
   const OfferedEcu& from = offered_[ecu];
   if (!fits16Bits(from.address)) return Added::addressTooLarge;
   const auto address = static_cast<std::int16_t>(from.address);
@@ -45,7 +45,7 @@ InitRules::Added InitRules::add(std::size_t ecu, std::size_t request) {
 }
 
 bool InitRules::remove(const Rows& rows) {
-  if (!parameters_ || rows.empty()) return false;
+  if (!shown_ || rows.empty()) return false;
   // From the last to the first, so that the rows before keep their positions.
   std::for_each(rows.rbegin(), rows.rend(), [&](std::size_t row) { parameters_->initScenario->Remove(row); });
   selection_ = {1};
@@ -53,7 +53,7 @@ bool InitRules::remove(const Rows& rows) {
 }
 
 bool InitRules::moveUp(const Rows& rows) {
-  if (!parameters_ || rows.empty() || rows.contains(1)) return false;
+  if (!shown_ || rows.empty() || rows.contains(1)) return false;
   oScenario& scenario = *parameters_->initScenario;
   selection_.clear();
   for (const std::size_t row : rows)
@@ -62,7 +62,7 @@ bool InitRules::moveUp(const Rows& rows) {
 }
 
 bool InitRules::moveDown(const Rows& rows) {
-  if (!parameters_ || rows.empty() || rows.contains(rowCount())) return false;
+  if (!shown_ || rows.empty() || rows.contains(rowCount())) return false;
   oScenario& scenario = *parameters_->initScenario;
   selection_.clear();
   std::for_each(rows.rbegin(), rows.rend(), [&](std::size_t row) {

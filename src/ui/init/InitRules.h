@@ -13,7 +13,8 @@
 namespace tarnlog {
 
 /// What the screen of the initialisation scenario shows, and what its controls do to the configuration. List
-/// rows are positions in the scenario, from 1. Without parameters every action does nothing.
+/// rows are positions in the scenario, from 1. Without parameters every action does nothing; while the screen
+/// shows the rows of others, those on rows and requests do nothing.
 class InitRules {
  public:
   using Rows = std::set<std::size_t>;
@@ -30,6 +31,8 @@ class InitRules {
   /// session the screen stays as it was. No parameters empty the tree.
   bool setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
+  /// Tree and rows are those of the parameters. They are not when these came without a session.
+  bool shown() const { return shown_; }
 
   /// The tree: ECUs and their requests.
   const std::vector<OfferedEcu>& offered() const { return offered_; }
@@ -52,6 +55,7 @@ class InitRules {
 
   ferrox3::Session* session_ = nullptr;
   std::shared_ptr<oTarnParameters> parameters_;
+  bool shown_ = false;
   std::vector<OfferedEcu> offered_;
   Rows selection_;
 };

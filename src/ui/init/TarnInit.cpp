@@ -192,7 +192,9 @@ void TarnInit::changeEvent(QEvent* event) {
 }
 
 void TarnInit::setParameters(std::shared_ptr<oTarnParameters> parameters) {
-  if (!rules_.setParameters(std::move(parameters))) return;
+  const bool anew = rules_.setParameters(std::move(parameters));
+  enableButtons();
+  if (!anew) return;
   notice_->setText({});
   fillRequestTree();
   if (!Parameters()) return;
@@ -268,8 +270,8 @@ InitRules::Rows TarnInit::selectedRows() const {
 
 void TarnInit::enableButtons() {
   const QList<QTreeWidgetItem*> request = requests_->selectedItems();
-  add_->setEnabled(!request.isEmpty() && request.first()->parent() != nullptr);
-  const InitRules::Rows rows = selectedRows();
+  add_->setEnabled(rules_.shown() && !request.isEmpty() && request.first()->parent() != nullptr);
+  const InitRules::Rows rows = rules_.shown() ? selectedRows() : InitRules::Rows();
   remove_->setEnabled(!rows.empty());
   // At the edge they stay, and do nothing: a button that is disabled while it is pressed gives the focus to
   // the next one.

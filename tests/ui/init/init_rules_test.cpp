@@ -57,6 +57,18 @@ TEST_F(InitRulesTest, KeepsTheStartSessionAsBytes) {
     EXPECT_FALSE(isSendableStartSession(text)) << text;
 }
 
+/// Rows of a scenario that is shown no longer were looked for in the next one.
+TEST_F(InitRulesTest, TakesNoRowsOfAnotherConfiguration) {
+  rules.add(0, 1);
+  rules.setSession(nullptr);
+  EXPECT_FALSE(rules.setParameters(std::make_shared<oTarnParameters>(settings)));
+  EXPECT_FALSE(rules.remove({1}));
+  EXPECT_FALSE(rules.moveDown({1}));
+  EXPECT_FALSE(rules.moveUp({2}));
+  EXPECT_EQ(rules.add(0, 1), InitRules::Added::nothing);
+  EXPECT_TRUE(rules.setStartSession("10A0")) << "the text is a whole";
+}
+
 TEST_F(InitRulesTest, AddsRequestsWhoseAddressFits) {
   EXPECT_EQ(rules.add(0, 1), InitRules::Added::yes);
   EXPECT_EQ(rules.add(2, 0), InitRules::Added::yes);

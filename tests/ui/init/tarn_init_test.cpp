@@ -121,6 +121,17 @@ TEST_F(TarnInitTest, ShowsWhatTheNextConfigurationHolds) {
   EXPECT_EQ(list().topLevelItemCount(), 1);
   EXPECT_EQ(selected(), "1");
   EXPECT_TRUE(request(1, 0)->isSelected()) << "the same vehicle: the tree stays as it is";
+  // Without a session the rows stay, but they are none of the next configuration's.
+  screen.setSession(nullptr);
+  screen.setParameters(parameters);
+  parameters->initScenario->Add("Bleed", "Brakes", 17);
+  EXPECT_EQ(selected(), "1");
+  list().setFocus();
+  QTest::keyClick(&list(), Qt::Key_Delete);
+  QTest::keyClick(&list(), Qt::Key_Down, Qt::ControlModifier);
+  doubleClick(request(0, 1));
+  EXPECT_FALSE(control<QPushButton>("removeData").isEnabled());
+  EXPECT_EQ(scenario(), "Brakes/Bleed");
   screen.setParameters(nullptr);
   EXPECT_EQ(tree().topLevelItemCount(), 0);
   EXPECT_EQ(edited.count(), 0);

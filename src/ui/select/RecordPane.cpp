@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
@@ -22,6 +23,7 @@ RecordPane::RecordPane(SelectedDataModel& selected, int buttonsHeight, QWidget* 
       selected_(selected),
       list_(new HintedTreeView(this)),
       filter_(new FilterBox(*list_, this)),
+      hidden_(new QLabel(this)),
       buttons_(new QHBoxLayout) {
   setObjectName("FrSelData");
   createButtons();
@@ -35,9 +37,14 @@ RecordPane::RecordPane(SelectedDataModel& selected, int buttonsHeight, QWidget* 
   auto* const column = new QVBoxLayout(this);
   column->addLayout(buttons_);
   buttons_->addStrut(buttonsHeight_);
-  column->addWidget(filter_);
+  auto* const filterRow = new QHBoxLayout;
+  filterRow->addWidget(filter_, 1);
+  filterRow->addWidget(hidden_);
+  column->addLayout(filterRow);
   column->addWidget(list_, 1);
+  hidden_->setObjectName("hiddenToRecord");
   showHint();
+  showHidden();
 }
 
 void RecordPane::createButtons() {
@@ -83,7 +90,10 @@ void RecordPane::createList() {
   list_->header()->setSectionsMovable(false);
   new ListColumns(*list_);
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RecordPane::changed);
-  connect(&selected_, &QAbstractItemModel::modelReset, this, &RecordPane::changed);
+  connect(&selected_, &QAbstractItemModel::modelReset, this, [this] {
+    showHidden();
+    emit changed();
+  });
 }
 
 void RecordPane::addKeys() {
@@ -121,10 +131,22 @@ void RecordPane::filter(const QString& text) {
   emit changed();
 }
 
-void RecordPane::selectRow(std::size_t row) {
-  if (!selected_.indexOf(row).isValid()) filter_->clear();
-  list_->setCurrentIndex(selected_.indexOf(row));
-  list_->scrollTo(selected_.indexOf(row));
+void RecordPane::showHidden() {
+  const std::size_t hidden = selected_.hiddenRows();
+  hidden_->setText(tr("%1 hidden").arg(hidden));
+  hidden_->setToolTip(tr("Data to record that the filter does not show"));
+  hidden_->setVisible(hidden > 0);
+}
+
+void RecordPane::selectRow(std::size_t row) { select(selected_.indexOf(row)); }
+
+void RecordPane::selectRowOrNext(std::size_t row) { select(selected_.indexFrom(row)); }
+
+/// Whichever keys are held: Ctrl would turn the selection of the row around.
+void RecordPane::select(const QModelIndex& index) {
+  list_->selectionModel()->setCurrentIndex(index,
+                                           QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  if (index.isValid()) list_->scrollTo(index);
 }
 
 std::vector<std::size_t> RecordPane::selectedRows() const {

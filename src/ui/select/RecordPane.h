@@ -6,6 +6,7 @@
 
 class QAbstractButton;
 class QHBoxLayout;
+class QLabel;
 
 namespace tarnlog {
 
@@ -25,8 +26,10 @@ class RecordPane : public QGroupBox {
   /// Enables what can be done; whether data of the tree can be added is for others to know.
   void showButtons(bool canAdd);
   void showHint();
-  /// Selects this row alone and shows it; a filter that hides it has served its purpose.
+  /// Selects this row alone and shows it. A filter stays: where it hides the row, nothing is selected, or the
+  /// next row that can be seen, and the number of hidden rows tells.
   void selectRow(std::size_t row);
+  void selectRowOrNext(std::size_t row);
   std::vector<std::size_t> selectedRows() const;
   /// SelectionRules::kNoRow when there is none.
   std::size_t focusedRow() const;
@@ -47,10 +50,13 @@ class RecordPane : public QGroupBox {
   QAbstractButton* createMover(const char* name, const char* icon, const QString& toolTip);
   void addKeys();
   void filter(const QString& text);
+  void showHidden();
+  void select(const QModelIndex& index);
 
   SelectedDataModel& selected_;
   HintedTreeView* list_;
   FilterBox* filter_;
+  QLabel* hidden_;
   QHBoxLayout* buttons_;
   QAbstractButton* addData_ = nullptr;
   QAbstractButton* removeData_ = nullptr;

@@ -62,6 +62,12 @@ QModelIndex SelectedDataModel::indexOf(std::size_t row) const {
   return createIndex(static_cast<int>(found - visible_.begin()), 0);
 }
 
+QModelIndex SelectedDataModel::indexFrom(std::size_t row) const {
+  if (visible_.empty()) return {};
+  const auto found = std::lower_bound(visible_.begin(), visible_.end(), row);
+  return indexOf(found == visible_.end() ? visible_.back() : *found);
+}
+
 std::vector<std::size_t> SelectedDataModel::rowsOf(const QModelIndexList& indexes) const {
   std::vector<std::size_t> rows;
   for (const QModelIndex& index : indexes)

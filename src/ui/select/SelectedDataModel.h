@@ -28,6 +28,9 @@ class SelectedDataModel : public DraggedModel<QAbstractTableModel> {
   /// From a row of the view to one of the rules and back; kNoRow and invalid when there is none.
   std::size_t rowOf(const QModelIndex& index) const;
   QModelIndex indexOf(std::size_t row) const;
+  /// Of the row, else of the next one that is shown, else of the last one.
+  QModelIndex indexFrom(std::size_t row) const;
+  std::size_t hiddenRows() const { return rules_.rows().size() - visible_.size(); }
   std::vector<std::size_t> rowsOf(const QModelIndexList& indexes) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -139,13 +139,13 @@ void TarnSelect::addNodes(const std::vector<CatalogueNode>& nodes, std::size_t b
 
 void TarnSelect::removeRows(const std::vector<std::size_t>& rows) {
   if (rows.empty()) return;
-  std::vector<std::string> notFound;
+  SelectionRules::Removal removal;
   edit([&] {
-    auto removal = rules_.removeData(rows, record_->focusedRow());
-    notFound = std::move(removal.notFound);
+    removal = rules_.removeData(rows, record_->focusedRow());
     return removal.changed;
   });
-  reportNotFound(notFound);
+  if (removal.changed) record_->selectRowOrNext(rules_.selectedRow());
+  reportNotFound(removal.notFound);
 }
 
 void TarnSelect::undoRemoval() {

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
@@ -196,9 +197,22 @@ TEST_F(SelectScreen, filtersFindWhileTyping) {
   QTest::keyClicks(&listFilter, "km/h");
   EXPECT_EQ(rows(), "[Speed]");
   EXPECT_FALSE(screen.findChild<QAbstractButton*>("dataUp")->isEnabled());
+  const auto& hidden = child<QLabel>("hiddenToRecord");
+  EXPECT_EQ(fromQString(hidden.text()), "4 hidden");
   child<QPushButton>("removeData").click();
-  EXPECT_EQ(rows(), "Key Load Mode [Raw]") << "what is selected now must be seen";
-  EXPECT_EQ(fromQString(listFilter.text()), "");
+  EXPECT_EQ(rows(), "");
+  listFilter.setText("o");
+  EXPECT_EQ(rows(), "Load Mode");
+  list.setCurrentIndex(list.model()->index(1, 0));
+  child<QPushButton>("removeData").click();
+  EXPECT_EQ(rows(), "[Load]") << "the filter stays, and what is selected can be seen";
+  EXPECT_EQ(fromQString(hidden.text()), "2 hidden");
+  select({"Speed"});
+  child<QPushButton>("addData").click();
+  EXPECT_EQ(rows(), "Load");
+  EXPECT_EQ(fromQString(hidden.text()), "3 hidden");
+  listFilter.clear();
+  EXPECT_FALSE(hidden.isVisible());
 }
 
 TEST_F(SelectScreen, dragsFromTreeToListInsideTheListAndBack) {

@@ -1,6 +1,5 @@
 #include "ui/main/Tarn2001.h"
 
-#include <QAbstractSpinBox>
 #include <QAction>
 #include <QFileInfo>
 #include <QHideEvent>
@@ -13,6 +12,7 @@
 #include "platform/base/TarnError.h"
 #include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
+#include "ui/common/FinishTyping.h"
 #include "ui/common/Icons.h"
 #include "ui/common/WheelGuard.h"
 #include "ui/init/TarnInit.h"
@@ -253,8 +253,7 @@ bool Tarn2001::chooseAndSave() {
 /// A failure opens no box: the mark of the changed work stays, and the bar tells why.
 bool Tarn2001::saveTo(const std::string& fileName) {
   const BusyPointer busy;
-  // A shortcut leaves the focus where it is: a number beyond its limits is not finished yet.
-  if (auto* const number = qobject_cast<QAbstractSpinBox*>(focusWidget())) number->interpretText();
+  finishTyping(*this);
   try {
     desk_.save(fileName);
   } catch (const TarnError& error) {

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QWheelEvent>
@@ -290,6 +291,13 @@ TEST(Tarn2001, LoadsAndSavesThroughItsToolBar) {
   QTest::keyClicks(&period, "99999");
   configure.save();
   EXPECT_EQ(parameters.recordingPeriod, 10000) << "a number that is being typed is saved within its limits";
+  rig.choose("TabStripMain", "initsce");
+  auto& session = rig.child<QLineEdit>("TxStartSession");
+  session.setFocus();
+  QTest::keyClicks(&session, " 7 ");
+  configure.save();
+  EXPECT_EQ(parameters.startSession, "07") << "and a text is completed";
+  EXPECT_FALSE(rig.main.configurationChanged());
 
   rig.files.files["/bad.xml"] = "<Other/>";
   rig.dialogs.filesToOpen = {"/bad.xml"};

@@ -152,6 +152,7 @@ void TarnAcq::beginRecording(const std::shared_ptr<oTarnParameters>& parameters,
 }
 
 void TarnAcq::beginTicking() {
+  cycleTime_ = answerTime_ = std::nullopt;  // the screen may ask with the new state
   SetAcqState(kInitialise);
   recorder_.SetRecordingDisplay(false);
   scrollPending_ = false;
@@ -341,6 +342,7 @@ void TarnAcq::communicate() {
   const Milliseconds pollTime = env_.clock.milliseconds();
   if (!sendRequests()) return;
   ++cycles_;
+  cycleTime_ = env_.clock.milliseconds();
   reader_.read(items_.items(), pollTime, currentBuffer_);
   values_.noteCycle(currentBuffer_);
   if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && env_.screen.graphArea() != nullptr)
@@ -360,9 +362,15 @@ bool TarnAcq::sendRequests() {
       SetAcqState(kInitialise);
       return false;
     }
+    answerTime_ = env_.clock.milliseconds();
     if (stopAcqRequested_) return false;
   }
   return true;
+}
+
+std::optional<std::int64_t> TarnAcq::since(const std::optional<Milliseconds>& moment) const {
+  if (state_ == kIdle || !moment) return std::nullopt;
+  return Milliseconds(env_.clock.milliseconds() - *moment);
 }
 
 void TarnAcq::endTick() {

@@ -100,6 +100,10 @@ class TarnAcq {
   /// A row has been read since the acquisition started, so that a start or an event would be honoured.
   bool hasRow() const { return !currentBuffer_.empty(); }
   std::uint64_t cycles() const { return cycles_; }
+  /// Since the last complete polling cycle of this acquisition, and since the last answer in one; none before
+  /// the first. The clock's 32 bits hold 49.7 days.
+  std::optional<std::int64_t> millisecondsSinceCycle() const { return since(cycleTime_); }
+  std::optional<std::int64_t> millisecondsSinceAnswer() const { return since(answerTime_); }
   std::uint64_t rowsWritten() const { return recorder_.rowsWritten(); }
   const std::string& RecordPath() const { return files_.recordPath(); }
 
@@ -140,6 +144,7 @@ class TarnAcq {
   void takeSession(ferrox3::Session* session);
   void hideNow();
   void applyScroll();
+  std::optional<std::int64_t> since(const std::optional<Milliseconds>& moment) const;
   bool acquiring() const { return state_ != kIdle || items_.held(); }
 
   AcqEnvironment env_;
@@ -155,6 +160,8 @@ class TarnAcq {
   Deferred deferred_;
   Milliseconds stateSince_ = 0;
   std::uint64_t cycles_ = 0;
+  std::optional<Milliseconds> cycleTime_;
+  std::optional<Milliseconds> answerTime_;
 
   AcqLog log_;
   AcquisitionItems items_;

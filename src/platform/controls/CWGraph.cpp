@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/controls/Readable.h"
 #include "platform/plotting/CurveDrawing.h"
@@ -88,15 +89,24 @@ void CWGraph::setPlotColour(int plot, const QColor& colour) {
   chooseColours();
 }
 
-void CWGraph::chooseColours() {
+QColor CWGraph::colourOf(const Plot& plot) const {
   const QColor base = palette().color(QPalette::Base);
-  for (Plot& plot : plots_) plot.painted = rgb(readableCurve(plot.colour, base));
+  const QColor own = readableCurve(plot.colour, base);
+  return faded_ ? blend(blend(base, palette().color(QPalette::Text), 0.4F), own, 0.2F) : own;
+}
+
+void CWGraph::chooseColours() {
+  for (Plot& plot : plots_) plot.painted = rgb(colourOf(plot));
   redrawAll();
+}
+
+void CWGraph::setFaded(bool faded) {
+  if (std::exchange(faded_, faded) != faded) chooseColours();
 }
 
 QColor CWGraph::plotColour(int plot) const {
   if (plot < 1 || plot > plotCount()) return {};
-  return readableCurve(plots_[static_cast<std::size_t>(plot - 1)].colour, palette().color(QPalette::Base));
+  return colourOf(plots_[static_cast<std::size_t>(plot - 1)]);
 }
 
 void CWGraph::chartY(int plot, double y, double moment) { append(plot, moment, y); }

@@ -70,6 +70,8 @@ class CWGraph : public QWidget {
   /// and shown when it is released.
   void setFrozen(bool frozen);
   bool isFrozen() const { return frozen_; }
+  /// Faded curves are nearly grey: they are not of now.
+  void setFaded(bool faded);
 
   // Points are numbered from 0 in the order of arrival; those of several plots with one number belong
   // together. What follows is about the points that are shown.
@@ -118,6 +120,7 @@ class CWGraph : public QWidget {
   std::int64_t nearestPoint(const QPoint& position) const;
   double distanceTo(const QPoint& position, int plot, std::int64_t point) const;
   void append(int plot, double x, double y);
+  QColor colourOf(const Plot& plot) const;
   void chooseColours();
   void layOut();
   void redrawAll();
@@ -139,6 +142,7 @@ class CWGraph : public QWidget {
   int history_ = 100;
   bool xy_ = false;
   bool frozen_ = false;
+  bool faded_ = false;
   GraphFrame outline_;
   ScrollingCanvas canvas_;
   bool stale_ = true;    ///< the canvas is to be drawn from the start

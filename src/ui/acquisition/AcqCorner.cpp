@@ -15,9 +15,9 @@ namespace {
 
 constexpr int kSpacing = 6;
 
-QLabel* makeMark(const QString& text, const QString& tip, QWidget& parent) {
+QLabel* makeMark(const char* name, const QString& text, const QString& tip, QWidget& parent) {
   auto* const mark = new QLabel(text, &parent);
-  mark->setObjectName("LblPaused");
+  mark->setObjectName(name);
   mark->setMargin(2);
   QPalette colours;
   colours.setColor(QPalette::Window, toQColor(indicator::kRequested, colours));
@@ -43,7 +43,8 @@ QToolButton* makeButton(const QString& icon, const QString& name, const QString&
 }  // namespace
 
 AcqCorner::AcqCorner(QWidget& view)
-    : pausedMark_(makeMark(tr("Paused"),
+    : silenceMark_(makeMark("LblSilence", {}, tr("The values shown are as old as that."), view)),
+      pausedMark_(makeMark("LblPaused", tr("Paused"),
                            tr("The picture stands still, recording goes on. P lets it run again."), view)),
       pauseButton_(makeButton("pause", tr("Pause"),
                               tr("Freeze the picture while recording goes on (P or Pause)"), view)),
@@ -56,9 +57,15 @@ void AcqCorner::setPaused(bool paused) {
   pausedMark_->setVisible(paused);
 }
 
+void AcqCorner::setSilence(qint64 seconds) {
+  silenceMark_->setText(tr("No connection for %1 s").arg(seconds));
+  silenceMark_->setVisible(seconds > 0);
+}
+
 void AcqCorner::place(const QRect& area) {
   int right = area.right() + 1;
-  for (QWidget* const control : std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_}) {
+  for (QWidget* const control :
+       std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_, silenceMark_}) {
     const QSize size = control->sizeHint();
     const int height = std::min(size.height(), area.height() - 2);
     right -= size.width();

@@ -19,9 +19,12 @@ class AcqCorner {
   QToolButton& pauseButton() { return *pauseButton_; }
   QToolButton& helpButton() { return *helpButton_; }
   void setPaused(bool paused);
+  /// Since when the vehicle has not answered, in seconds; 0 when it does.
+  void setSilence(qint64 seconds);
   void place(const QRect& area);
 
  private:
+  QLabel* silenceMark_;
   QLabel* pausedMark_;
   QToolButton* pauseButton_;
   QToolButton* helpButton_;

@@ -15,6 +15,7 @@
 #include "platform/base/TarnError.h"
 #include "ui/acquisition/AcqCorner.h"
 #include "ui/acquisition/AcqHeader.h"
+#include "ui/acquisition/ConnectionWatch.h"
 #include "ui/acquisition/HotKeys.h"
 #include "ui/acquisition/KeyboardHelp.h"
 #include "ui/acquisition/LogList.h"
@@ -44,6 +45,7 @@ AcqView::AcqView(Environment environment, QWidget* parent) : QWidget(parent) {
   acq_ = std::make_unique<TarnAcq>(AcqEnvironment{*this, environment.clock, environment.timer,
                                                   environment.files, std::move(environment.locale),
                                                   std::move(environment.stylesheetUrl)});
+  watch_ = new ConnectionWatch(*acq_, this);
   header_ = std::make_unique<AcqHeader>(*this);
   makeStatusBar();
   makeValues();
@@ -105,6 +107,7 @@ void AcqView::connectControls() {
     keys_->watch(*control);
   connect(&header_->startStop(), &QPushButton::clicked, this, [this] { acq_->ToggleRecording(); });
   connect(&header_->event(), &QPushButton::clicked, this, [this] { acq_->RecordUserEvent(); });
+  connect(watch_, &ConnectionWatch::aged, this, &AcqView::showAge);
   connect(tabs_, &TabStrip::selected, this, &AcqView::showTab);
   connect(graphs_, &ScrolledGraphs::scrolled, this, [this] { acq_->scrolled(); });
   connect(&corner_->pauseButton(), &QToolButton::toggled, this, &AcqView::setPaused);
@@ -217,6 +220,14 @@ void AcqView::toggleHelp() {
 
 // --- what the recorder shows
 
+/// Once a second in an outage, and when it is over.
+void AcqView::showAge(qint64 seconds) {
+  values_->setOld(seconds > 0);
+  graphs_->surface().setOld(seconds > 0);
+  corner_->setSilence(seconds);
+  corner_->place(tabs_->corner().translated(tabs_->pos()));
+}
+
 void AcqView::setRecordingCaption(std::string_view caption) { header_->setRecordingCaption(caption); }
 
 void AcqView::setRecordingColour(Colour colour) { header_->setRecordingColour(colour); }
@@ -225,6 +236,7 @@ void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing);
 
 void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
   header_->setStateIndicator(caption, colour);
+  watch_->look();
 }
 
 void AcqView::setStartStopCaption(std::string_view caption) { header_->setStartStopCaption(caption); }

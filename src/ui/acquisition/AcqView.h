@@ -16,6 +16,7 @@ namespace tarnlog {
 
 class AcqCorner;
 class AcqHeader;
+class ConnectionWatch;
 class ElidedLabel;
 class HotKeys;
 class KeyboardHelp;
@@ -91,9 +92,11 @@ class AcqView : public QWidget, public AcqScreen {
   void showTab(const QString& key);
   void toggleFullScreen();
   void toggleHelp();
+  void showAge(qint64 seconds);
 
   std::unique_ptr<TarnAcq> acq_;
   HotKeys* keys_ = nullptr;
+  ConnectionWatch* watch_ = nullptr;
 
   std::unique_ptr<AcqHeader> header_;
   QStatusBar* statusBar_ = nullptr;

@@ -71,6 +71,10 @@ void FrameControls::setFrozen(bool frozen) {
   each([frozen](auto& block) { block.setFrozen(frozen); });
 }
 
+void FrameControls::setOld(bool old) {
+  each([old](auto& block) { block.setOld(old); });
+}
+
 void FrameControls::restyle() {
   each([](auto& block) { block.restyle(); });
 }

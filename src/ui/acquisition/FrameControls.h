@@ -44,6 +44,7 @@ class FrameControls : public GraphicFrame {
 
   bool empty() const;
   void setFrozen(bool frozen);
+  void setOld(bool old);
   /// The font of the desktop has changed.
   void restyle();
 

@@ -40,6 +40,7 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   bool knowsMoments() const { return clock_ != nullptr && !shown().isXY(); }
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
+  void setOld(bool old) { shown().setFaded(old); }
   /// The font of the desktop has changed.
   void restyle();
 

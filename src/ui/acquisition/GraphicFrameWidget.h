@@ -24,6 +24,8 @@ class GraphicFrameWidget : public QWidget {
   /// frozen.
   void setFrozen(bool frozen);
   bool isFrozen() const { return frozen_; }
+  /// Values, bars and curves are grey: they are not of now.
+  void setOld(bool old) { controls_.setOld(old); }
 
   /// A graph with its labels, as it is seen.
   QPixmap pictureOf(const GraphBlock& block);

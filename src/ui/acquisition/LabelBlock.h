@@ -24,6 +24,7 @@ class LabelBlock : public Placed<LabelControl, TextLabel> {
   void bringToFront() override { shown().raise(); }
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
+  void setOld(bool old) { shown().setOld(old && role_ == TextLabel::Role::Value); }
   void restyle() { shown().restyle(); }
 
  private:

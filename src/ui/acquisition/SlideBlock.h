@@ -21,6 +21,7 @@ class SlideBlock : public Placed<SlideControl, CWSlide> {
   void setPointerColour(int pointer, Colour colour) override;
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
+  void setOld(bool old) { shown().setEnabled(!old); }
   /// The font of the desktop has changed.
   void restyle();
 

@@ -99,6 +99,12 @@ void TextLabel::setFrozen(bool frozen) {
   update();
 }
 
+void TextLabel::setOld(bool old) {
+  old_ = old;
+  ink_ = textColour();
+  update();
+}
+
 /// Values are what a passenger looks for: bold beside a graph or bar, large in a cell of their own.
 QFont TextLabel::usualFont() const {
   const QFont desktop = parentWidget()->font();
@@ -157,6 +163,7 @@ QColor TextLabel::background() const {
 }
 
 QColor TextLabel::textColour() const {
+  if (old_) return blend(background(), palette().color(QPalette::WindowText), 0.5F);
   if (!textColour_) return palette().color(QPalette::WindowText);
   const QColor colour = toQColor(*textColour_, palette());
   return readable(backColour_ ? cellColour(palette(), colour) : colour, background(), kTextContrast);

@@ -35,6 +35,8 @@ class TextLabel : public QWidget {
   /// Without one the label takes the desktop's font at the size of its lines.
   void setLabelFont(const QFont& font);
   void setFrozen(bool frozen);
+  /// An old text is grey.
+  void setOld(bool old);
   void restyle();
 
   /// Of the text in the label's width: a caption's lines, or one.
@@ -86,6 +88,7 @@ class TextLabel : public QWidget {
   std::optional<Colour> textColour_;
   std::optional<Colour> backColour_;
   bool border_ = false;
+  bool old_ = false;
   std::optional<QFont> font_;
   QColor ink_;
   mutable Fitted fitted_;

@@ -1,6 +1,9 @@
 #include "ui/acquisition/ValueListModel.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <cstddef>
+#include <utility>
 
 #include "ui/common/Convert.h"
 
@@ -41,7 +44,15 @@ void ValueListModel::setFrozen(bool frozen) {
     return;
   }
   frozen_.reset();
-  if (rowCount() > 0) emit dataChanged(index(0, kValue), index(rowCount() - 1, kValue), {Qt::DisplayRole});
+  valuesChanged(Qt::DisplayRole);
+}
+
+void ValueListModel::setOld(bool old) {
+  if (std::exchange(old_, old) != old) valuesChanged(Qt::ForegroundRole);
+}
+
+void ValueListModel::valuesChanged(int role) {
+  if (rowCount() > 0) emit dataChanged(index(0, kValue), index(rowCount() - 1, kValue), {role});
 }
 
 int ValueListModel::rowCount(const QModelIndex& parent) const {
@@ -54,6 +65,8 @@ QVariant ValueListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::TextAlignmentRole && index.column() == kValue)
     return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+  if (role == Qt::ForegroundRole && index.column() == kValue && old_)
+    return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
   const Row& row = (frozen_ ? *frozen_ : rows_)[static_cast<std::size_t>(index.row())];
   switch (index.column()) {

@@ -23,6 +23,8 @@ class ValueListModel : public QAbstractTableModel {
   /// Also ends a freeze.
   void clear();
   void setFrozen(bool frozen);
+  /// Old values are grey.
+  void setOld(bool old);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,8 +38,11 @@ class ValueListModel : public QAbstractTableModel {
     std::string unit;
   };
 
+  void valuesChanged(int role);
+
   std::vector<Row> rows_;
   std::optional<std::vector<Row>> frozen_;
+  bool old_ = false;
 };
 
 }  // namespace tarnlog

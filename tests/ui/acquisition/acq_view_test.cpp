@@ -9,11 +9,14 @@
 #include <QPaintEvent>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QTreeView>
 
 #include "acquisition/Indicators.h"
+#include "platform/controls/CWGraph.h"
 #include "tests/ui/acquisition/ViewRig.h"
+#include "ui/acquisition/ConnectionWatch.h"
 #include "ui/acquisition/Indicator.h"
 #include "ui/acquisition/TabStrip.h"
 
@@ -265,6 +268,69 @@ TEST(AcqView, PaintsOnlyTheValuesThatChangedAndNoneWhilePaused) {
   QTest::keyClick(&list, Qt::Key_Pause);
   EXPECT_EQ(shownValue(rig, 0), "99");
   EXPECT_FALSE(rig.child("LblPaused").isVisible());
+}
+
+/// What of the display is grey.
+std::string greyParts(const ViewRig& rig) {
+  const auto& list = *rig.child<QTreeView>("LVvisuText").model();
+  std::string parts;
+  if (list.index(0, 1).data(Qt::ForegroundRole).isValid()) parts += "list ";
+  if (rig.child<CWGraph>("GT1").plotColour(1) != QColor(0, 0, 255)) parts += "curve ";
+  if (!rig.child("SL1").isEnabled()) parts += "bar ";
+  return parts;
+}
+
+TEST(AcqView, SaysHowOldTheValuesAreWhenNoAnswerComes) {
+  ViewRig rig;
+  auto& second = rig.engine.addRequest("Other", "21 81");
+  rig.add(second.addData("Boost")).SetSlide("", 0, 2, 0);
+  rig.start();
+  auto& watch = *rig.view.findChild<ConnectionWatch*>();
+  QSignalSpy aged(&watch, &ConnectionWatch::aged);
+  const auto& mark = rig.child<QLabel>("LblSilence");
+  const auto waitAtEachRequest = [&](Milliseconds time) {
+    rig.session.script.whileWaiting = [&rig, &watch, time] {
+      rig.clock.step(time);
+      watch.look();
+    };
+  };
+
+  waitAtEachRequest(900);
+  rig.tick(0);
+  EXPECT_EQ(aged.count(), 0) << "a slow cycle is no outage while answers come";
+
+  waitAtEachRequest(1100);
+  rig.tick(0);
+  EXPECT_EQ(mark.text(), "No connection for 2 s") << "one request that waits";
+  EXPECT_EQ(greyParts(rig), "list curve bar ");
+  rig.session.script.whileWaiting = nullptr;
+  watch.look();
+  EXPECT_FALSE(mark.isVisible());
+  EXPECT_EQ(greyParts(rig), "");
+
+  // One ECU answers and the next does not: values are as old as the last complete cycle.
+  second.failing.next("no answer", 100);
+  aged.clear();
+  for (int i = 0; i < 100; ++i) rig.tick(100);
+  for (int i = 0; i < 5; ++i) watch.look();
+  EXPECT_EQ(mark.text(), "No connection for 10 s");
+  EXPECT_GE(aged.count(), 2);
+  EXPECT_LE(aged.count(), 10) << "painted once a second at most";
+  EXPECT_EQ(greyParts(rig), "list curve bar ");
+  second.failing.never();
+  for (int i = 0; i < 8; ++i) rig.tick(51);
+  watch.look();
+  EXPECT_EQ(greyParts(rig), "");
+
+  rig.session.script.whileWaiting = nullptr;
+  rig.clock.step(5000);
+  watch.look();
+  EXPECT_TRUE(mark.isVisible());
+  rig.view.acq().AskStopAcqNow();
+  EXPECT_FALSE(mark.isVisible()) << "there are no values";
+  rig.clock.step(60'000);
+  rig.view.acq().StartReadingData(rig.parameters);
+  EXPECT_FALSE(mark.isVisible()) << "nor any of this acquisition";
 }
 
 TEST(AcqView, KeepsTheFirstLogLineAndTheNewestAndCopiesWhatIsSelected) {

@@ -1,9 +1,9 @@
 #include "ui/acquisition/AcqHeader.h"
 
-#include <QPushButton>
 #include <algorithm>
 
 #include "acquisition/Indicators.h"
+#include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/Indicator.h"
 #include "ui/acquisition/IndicatorMeaning.h"
 #include "ui/acquisition/LogList.h"
@@ -22,8 +22,8 @@ Indicator* makeLamp(const char* name, const QString& accessibleName, QWidget& pa
   return lamp;
 }
 
-QPushButton* makeButton(const char* name, const QString& tip, QWidget& parent) {
-  auto* const button = new QPushButton(&parent);
+GreyableButton* makeButton(const char* name, const QString& tip, QWidget& parent) {
+  auto* const button = new GreyableButton(&parent);
   button->setObjectName(name);
   button->setToolTip(tip);
   button->setAutoDefault(false);
@@ -44,6 +44,7 @@ AcqHeader::AcqHeader(QWidget& view)
   setStateIndicator("", indicator::kIdle);
   setStartStopCaption("Start recording");
   setEventCaption("Event");
+  setButtonsAct(false);
 }
 
 void AcqHeader::setRecordingCaption(std::string_view caption) { lblRec_->setText(inUsersWords(caption)); }
@@ -75,6 +76,11 @@ void AcqHeader::setStartStopCaption(std::string_view caption) {
 
 void AcqHeader::setEventCaption(std::string_view caption) {
   eventBouton_->setText(headInUsersWords(caption, "Event"));
+}
+
+void AcqHeader::setButtonsAct(bool act) {
+  commandStartStop_->setGreyed(!act);
+  eventBouton_->setGreyed(!act);
 }
 
 QSize AcqHeader::leastViewSize() const {

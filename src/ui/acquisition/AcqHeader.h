@@ -6,11 +6,11 @@
 
 #include "platform/screen/Controls.h"
 
-class QPushButton;
 class QWidget;
 
 namespace tarnlog {
 
+class GreyableButton;
 class Indicator;
 class LogList;
 
@@ -30,8 +30,11 @@ class AcqHeader {
   void setStartStopCaption(std::string_view caption);
   void setEventCaption(std::string_view caption);
 
-  QPushButton& startStop() { return *commandStartStop_; }
-  QPushButton& event() { return *eventBouton_; }
+  /// Buttons that act look so.
+  void setButtonsAct(bool act);
+
+  GreyableButton& startStop() { return *commandStartStop_; }
+  GreyableButton& event() { return *eventBouton_; }
   LogList& log() { return *log_; }
 
   /// Of a view in which the header and some values can be read.
@@ -44,8 +47,8 @@ class AcqHeader {
 
   Indicator* lblRec_;
   Indicator* lblDiag_;
-  QPushButton* commandStartStop_;
-  QPushButton* eventBouton_;
+  GreyableButton* commandStartStop_;
+  GreyableButton* eventBouton_;
   LogList* log_;
   bool writeFailing_ = false;
 };

@@ -4,7 +4,6 @@
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolButton>
@@ -16,6 +15,7 @@
 #include "ui/acquisition/AcqCorner.h"
 #include "ui/acquisition/AcqHeader.h"
 #include "ui/acquisition/ConnectionWatch.h"
+#include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/HotKeys.h"
 #include "ui/acquisition/KeyboardHelp.h"
 #include "ui/acquisition/LogList.h"
@@ -105,8 +105,15 @@ void AcqView::connectControls() {
   for (QWidget* const control :
        std::initializer_list<QWidget*>{&header_->event(), &header_->log(), valueList_})
     keys_->watch(*control);
-  connect(&header_->startStop(), &QPushButton::clicked, this, [this] { acq_->ToggleRecording(); });
-  connect(&header_->event(), &QPushButton::clicked, this, [this] { acq_->RecordUserEvent(); });
+  keys_->setTaken([this] { answerPress(); });
+  connect(&header_->startStop(), &QPushButton::clicked, this, [this] {
+    acq_->ToggleRecording();
+    answerPress();
+  });
+  connect(&header_->event(), &QPushButton::clicked, this, [this] {
+    acq_->RecordUserEvent();
+    answerPress();
+  });
   connect(watch_, &ConnectionWatch::aged, this, &AcqView::showAge);
   connect(tabs_, &TabStrip::selected, this, &AcqView::showTab);
   connect(graphs_, &ScrolledGraphs::scrolled, this, [this] { acq_->scrolled(); });
@@ -218,6 +225,12 @@ void AcqView::toggleHelp() {
   help_->setVisible(!help_->isVisible());
 }
 
+/// Start, stop and event act while values are polled only; what is pressed before is not forgotten silently.
+void AcqView::answerPress() {
+  const TarnAcq::State state = acq_->AcqState();
+  if (state != TarnAcq::kIdle && state != TarnAcq::kCommunicate) emit pressedInVain();
+}
+
 // --- what the recorder shows
 
 /// Once a second in an outage, and when it is over.
@@ -236,7 +249,9 @@ void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing);
 
 void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
   header_->setStateIndicator(caption, colour);
+  header_->setButtonsAct(acq_->AcqState() == TarnAcq::kCommunicate);
   watch_->look();
+  emit stateEntered();
 }
 
 void AcqView::setStartStopCaption(std::string_view caption) { header_->setStartStopCaption(caption); }

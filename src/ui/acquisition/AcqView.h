@@ -73,6 +73,12 @@ class AcqView : public QWidget, public AcqScreen {
   void focusStartStop() override;
   void beep() override;
 
+ signals:
+  /// Start, stop or event was asked for while an acquisition runs but no values are polled: it has no effect.
+  void pressedInVain();
+  /// The acquisition has entered another state.
+  void stateEntered();
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -92,6 +98,7 @@ class AcqView : public QWidget, public AcqScreen {
   void showTab(const QString& key);
   void toggleFullScreen();
   void toggleHelp();
+  void answerPress();
   void showAge(qint64 seconds);
 
   std::unique_ptr<TarnAcq> acq_;

@@ -32,7 +32,11 @@ void HotKeys::swallow(QWidget& control) {
 
 bool HotKeys::take(const QKeyEvent& key) {
   const int code = codeOf(key);
-  return code != kNone && (key.isAutoRepeat() || acq_.HandleHotKey(code));
+  if (code == kNone) return false;
+  if (key.isAutoRepeat()) return true;
+  const bool taken = acq_.HandleHotKey(code);
+  if (taken && taken_) taken_();
+  return taken;
 }
 
 bool HotKeys::eventFilter(QObject* control, QEvent* event) {

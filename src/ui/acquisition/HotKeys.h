@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
+#include <utility>
 
 class QKeyEvent;
 class QWidget;
@@ -19,6 +21,9 @@ class HotKeys : public QObject {
   /// The control itself never sees a key, but those that move the focus.
   void swallow(QWidget& control);
 
+  /// Called after the recorder has taken a key.
+  void setTaken(std::function<void()> taken) { taken_ = std::move(taken); }
+
   /// True when the key was one of the recorder's. Keys that repeat while they are held act once.
   bool take(const QKeyEvent& key);
 
@@ -27,6 +32,7 @@ class HotKeys : public QObject {
 
  private:
   TarnAcq& acq_;
+  std::function<void()> taken_;
   QWidget* swallowing_ = nullptr;
 };
 

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -18,10 +19,10 @@ constexpr int kMostLines = 6;
 
 }  // namespace
 
-/// One message: icon, text, the way to its details, and a cross.
+/// One message: icon, text, what can be done, the way to its details, and a cross.
 class NoticeBar::Notice : public QWidget {
  public:
-  Notice(const QString& text, const QStringList& details, QWidget* parent)
+  Notice(const QString& text, const QStringList& details, const Action& action, QWidget* parent)
       : QWidget(parent), text_(text), details_(details) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -29,6 +30,7 @@ class NoticeBar::Notice : public QWidget {
     row->setContentsMargins(8, 2, 4, 2);
     row->addWidget(icon());
     row->addWidget(label(), 1);
+    if (!action.text.isEmpty()) row->addWidget(actionButton(action));
     if (details.size() > 1) row->addWidget(detailsButton());
     closer_ = new QToolButton(this);
     closer_->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
@@ -58,6 +60,13 @@ class NoticeBar::Notice : public QWidget {
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
+  }
+
+  QPushButton* actionButton(const Action& action) {
+    auto* const button = new QPushButton(action.text, this);
+    button->setObjectName("action");
+    connect(button, &QPushButton::clicked, this, action.run);
+    return button;
   }
 
   QToolButton* detailsButton() {
@@ -100,9 +109,10 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(th
   hide();
 }
 
-void NoticeBar::showNotice(const QString& subject, const QString& text, const QStringList& details) {
+void NoticeBar::showNotice(const QString& subject, const QString& text, const QStringList& details,
+                           const Action& action) {
   removeNotice(subject);
-  auto* const notice = new Notice(text, details, this);
+  auto* const notice = new Notice(text, details, action, this);
   notices_.insert(subject, notice);
   rows_->addWidget(notice);
   connect(notice->closer(), &QToolButton::clicked, this, [this, subject] { removeNotice(subject); });

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QHash>
 #include <QStringList>
+#include <functional>
 
 class QVBoxLayout;
 
@@ -15,8 +16,15 @@ class NoticeBar : public QFrame {
  public:
   explicit NoticeBar(QWidget* parent = nullptr);
 
+  /// A button beside the text, and what a click on it does; none without a text.
+  struct Action {
+    QString text;
+    std::function<void()> run;
+  };
+
   /// `details`, when there are several, open below the text at a click.
-  void showNotice(const QString& subject, const QString& text, const QStringList& details = {});
+  void showNotice(const QString& subject, const QString& text, const QStringList& details = {},
+                  const Action& action = {});
   void removeNotice(const QString& subject);
   /// Empty when there is none.
   QString notice(const QString& subject) const;

@@ -52,6 +52,7 @@ TarnMain::TarnMain(const MainEnvironment& environment, QWidget* parent) : QWidge
 TarnMain::~TarnMain() {
   delete guard_;
   configure_->disconnect(this);
+  acq_->disconnect(this);
   acq_->acq().setAcqStoppedHandler({});
   acq_->acq().setLogAddedHandler({});
   delete acq_;
@@ -94,6 +95,8 @@ void TarnMain::create(const MainEnvironment& environment) {
     emit acquisitionStopped();
   });
   acq_->acq().setLogAddedHandler([this](std::string_view line) { log_->add(line); });
+  connect(acq_, &AcqView::pressedInVain, this, &TarnMain::offerToEnd);
+  connect(acq_, &AcqView::stateEntered, this, &TarnMain::withdrawOffer);
   connect(configure_, &Tarn2001::stateChanged, this, &TarnMain::configurationStateChanged);
   parameters_ = std::make_shared<oTarnParameters>(*settings_);
   configure_->setParameters(parameters_);
@@ -215,6 +218,20 @@ void TarnMain::showConfiguration() {
   configure_->show();
   configure_->raise();
   configure_->setParameters(parameters_);
+}
+
+/// The answer to a press that has no effect before values are polled again.
+void TarnMain::offerToEnd() {
+  const bool recording = acq_->acq().Recording() || acq_->acq().startPending();
+  notices_->showNotice("connection",
+                       recording ? tr("No connection to the car: the recording goes on when it is back")
+                                 : tr("No connection to the car: recording can begin when it is there"),
+                       {}, {tr("End now"), [this] { acq_->acq().AskStopAcqNow(); }});
+}
+
+void TarnMain::withdrawOffer() {
+  const TarnAcq::State state = acq_->acq().AcqState();
+  if (state == TarnAcq::kIdle || state == TarnAcq::kCommunicate) notices_->removeNotice("connection");
 }
 
 /// Without the click that would start or stop something.

@@ -84,6 +84,8 @@ class TarnMain : public QWidget {
   void enterAcquisition();
   void enterLog();
   void showConfiguration();
+  void offerToEnd();
+  void withdrawOffer();
   void selectTab(const QString& key);
   bool current(const char* key) const;
 

@@ -333,6 +333,31 @@ TEST(AcqView, SaysHowOldTheValuesAreWhenNoAnswerComes) {
   EXPECT_FALSE(mark.isVisible()) << "nor any of this acquisition";
 }
 
+TEST(AcqView, GreysButtonsThatDoNothingNowAndAnswersTheirPress) {
+  ViewRig rig;
+  QSignalSpy inVain(&rig.view, &AcqView::pressedInVain);
+  auto& button = rig.child<QPushButton>("CommandStartStop");
+  auto& event = rig.child<QPushButton>("EventBouton");
+  button.click();
+  EXPECT_EQ(inVain.count(), 0) << "nothing runs";
+  rig.start();
+  button.click();
+  rig.tick();
+  rig.child("log").setFocus();
+  const QImage acting = button.grab().toImage();
+  rig.status.failing.next("no answer");
+  rig.tick();
+  EXPECT_NE(button.grab().toImage(), acting);
+  QTest::mouseClick(&button, Qt::LeftButton);
+  QTest::mouseClick(&event, Qt::LeftButton);
+  QTest::keyClick(&rig.child("log"), Qt::Key_Space);
+  EXPECT_EQ(inVain.count(), 3);
+  EXPECT_TRUE(rig.view.acq().Recording());
+  for (int i = 0; i < 8; ++i) rig.tick(51);
+  rig.child("log").setFocus();
+  EXPECT_EQ(button.grab().toImage(), acting);
+}
+
 TEST(AcqView, KeepsTheFirstLogLineAndTheNewestAndCopiesWhatIsSelected) {
   ViewRig rig;
   rig.start();

@@ -164,6 +164,31 @@ TEST(TarnMain, AsksBeforeARecordingThatRunsIsEnded) {
   EXPECT_EQ(rig.stopped, 1);
 }
 
+/// Stop and event act while values are polled only; a press in an outage was forgotten without a word.
+TEST(TarnMain, OffersToEndARecordingThatWaitsForTheCar) {
+  MainRig rig({.faults = R"({"ecu": "Injection", "kind": "noAnswer", "from": 0.8, "to": 60})"});
+  rig.main.setSession(&rig.vehicle->session());
+  rig.main.OpenConfigFile("/c.xml");
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.ticks(1);
+  auto& button = rig.child<QAbstractButton>("CommandStartStop");
+  button.click();
+  rig.tickUntil(TarnAcq::kInitialise);
+  ASSERT_TRUE(rig.main.ctlTarnAcq().Recording());
+  EXPECT_FALSE(rig.main.notices().isVisible());
+  button.click();
+  EXPECT_EQ(rig.main.notices().notice("connection"),
+            "No connection to the car: the recording goes on when it is back");
+  rig.ticks(3);
+  rig.child<QAbstractButton>("action").click();
+  EXPECT_EQ(rig.stopped, 0) << "files are closed by one more tick";
+  rig.ticks(1);
+  EXPECT_EQ(rig.stopped, 1);
+  EXPECT_FALSE(rig.main.ctlTarnAcq().Recording());
+  EXPECT_EQ(rig.main.notices().notice("connection"), "");
+  EXPECT_EQ(rig.visibleViews(), "ctlTarnConfigure");
+}
+
 TEST(TarnMain, BeginsAnewWithASecondSession) {
   MainRig rig;
   rig.main.setSession(&rig.vehicle->session());

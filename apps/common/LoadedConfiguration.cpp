@@ -30,10 +30,10 @@ std::string lineOf(const Lack& lack) {
 
 LoadedConfiguration loadConfiguration(const FileSystem& files, const SettingsStore& settings,
                                       const std::string& file, const SessionDocument& session) {
-  refusePrefixOutside(files, file);
   LoadedConfiguration loaded;
   loaded.parameters = std::make_shared<oTarnParameters>(settings);
   loaded.lacks = loadForSession(*loaded.parameters, files, file, session).lacks;
+  refusePrefixOutside(file, loaded.parameters->filePrefix);
   return loaded;
 }
 

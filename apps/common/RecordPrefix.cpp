@@ -19,15 +19,18 @@ bool leadsOut(std::string_view prefix) {
 
 }  // namespace
 
-void refusePrefixOutside(const FileSystem& files, const std::string& configuration) {
-  XmlDocument document;
-  if (!skipOnFailure([&] { static_cast<void>(document.parse(files.readAll(configuration))); })) return;
-  const XmlElement file = document.selectSingleNode("Tarnlog2000/Parameters/Recording/File");
-  const std::string prefix(file.attributeOrEmpty("prefix"));
+void refusePrefixOutside(const std::string& configuration, const std::string& prefix) {
   if (leadsOut(prefix))
     throw TarnError(1, "configuration",
                     configuration + ": Parameters/Recording/File: prefix=\"" + prefix +
                         "\": expected one that stays in the folder of the record files");
+}
+
+void refusePrefixOutside(const FileSystem& files, const std::string& configuration) {
+  XmlDocument document;
+  if (!skipOnFailure([&] { static_cast<void>(document.parse(files.readAll(configuration))); })) return;
+  const XmlElement file = document.selectSingleNode("Tarnlog2000/Parameters/Recording/File");
+  refusePrefixOutside(configuration, std::string(file.attributeOrEmpty("prefix")));
 }
 
 }  // namespace tarnlog

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -39,6 +40,18 @@ struct VehicleChoice {
   host::LinkOptions link;
 };
 
+/// Reads a file once and gives the same again: a pipe has its content only once.
+class ReadOnceFiles : public SystemFileSystem {
+ public:
+  std::string readAll(const std::string& path) const override {
+    const auto known = read_.find(path);
+    return known != read_.end() ? known->second : read_[path] = SystemFileSystem::readAll(path);
+  }
+
+ private:
+  mutable std::map<std::string, std::string> read_;
+};
+
 /// The session of a vehicle description, without sending anything; that of a car, which is asked what it
 /// offers.
 class OfflineVehicle {
@@ -47,12 +60,12 @@ class OfflineVehicle {
       : vehicle_(openVehicle(choice.path, files_, clock_, {}, choice.link)),
         session_(BuildSessionDocument(vehicle_->session())) {}
 
-  SystemFileSystem& files() { return files_; }
+  FileSystem& files() { return files_; }
   ferrox3::Session& ferrox3() { return vehicle_->session(); }
   const SessionDocument& session() const { return session_; }
 
  private:
-  SystemFileSystem files_;
+  ReadOnceFiles files_;
   host::SystemLinkClock clock_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;
   SessionDocument session_;

@@ -62,6 +62,12 @@ class Run {
     acq_ = std::make_unique<TarnAcq>(
         AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
+    if (options.folderPerVehicle)
+      acq_->setFolderRule([this](const std::string& folder) {
+        return folderOfVehicle(folder, vehicle_->description(), [this](const std::string& why) {
+          progress_.print("tarn-record: folder of the vehicle: " + why);
+        });
+      });
     acq_->setAcqStoppedHandler([this] { loop_.quit(); });
     acq_->setFileFinishedHandler([this](const std::string& path) { printPath(path); });
     loop_.setWakeDescriptor(Signals::wakeDescriptor());

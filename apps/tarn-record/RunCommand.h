@@ -13,6 +13,7 @@ struct RunOptions {
   host::LinkOptions link;
   std::string config;
   std::optional<std::string> folder;
+  bool folderPerVehicle = false;
   std::optional<std::string> format;
   std::optional<std::int32_t> period;
   std::optional<std::string> prefix;

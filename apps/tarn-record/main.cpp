@@ -104,6 +104,8 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
       ->required()
       ->type_name("FILE");
   command.add_option("--folder", options.folder, "Write the files here; made when missing")->type_name("DIR");
+  command.add_flag("--folder-per-vehicle", options.folderPerVehicle,
+                   "Write the files into a folder there that is named after the vehicle");
   command.add_option("--format", options.format, "File format")->check(CLI::IsMember({".txt", ".xml"}));
   command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
       ->check(CLI::Range(0, 2147483))

@@ -61,12 +61,12 @@ bool RecordFiles::openRecordFile() {
   close(record_);
   const LocalDateTime now = clock_.now();
   if (!files_.folderExists(parameters_->fileFolder)) parameters_->fileFolder = files_.currentFolder();
+  const std::string folder = placeIn(parameters_->fileFolder);
   recordBaseName_ = recordBaseName(now, parameters_->fileFormat, locale_);
-  record_ = openNumbered(
-      parameters_->fileFolder, recordBaseName_, [&](const std::string& path, const std::string& name) {
-        if (xmlWanted()) return openXml(path, "Data file", name, now);
-        return openText(path, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
-      });
+  record_ = openNumbered(folder, recordBaseName_, [&](const std::string& path, const std::string& name) {
+    if (xmlWanted()) return openXml(path, "Data file", name, now);
+    return openText(path, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
+  });
   recordBaseName_ = record_.name;
   recordPath_ = record_.path;
   return record_.file != nullptr;
@@ -75,8 +75,8 @@ bool RecordFiles::openRecordFile() {
 void RecordFiles::openEventFile(std::int32_t number) {
   closeEventFile();
   const LocalDateTime now = clock_.now();
-  const std::string folder =
-      files_.folderExists(parameters_->fileFolder) ? parameters_->fileFolder : files_.currentFolder();
+  const std::string folder = placeIn(files_.folderExists(parameters_->fileFolder) ? parameters_->fileFolder
+                                                                                  : files_.currentFolder());
   const std::string name = number == 0 ? looseEventName(now, parameters_->fileFormat, locale_)
                                        : recordEventName(number, recordBaseName_);
   event_ = openNumbered(folder, name, [&](const std::string& path, const std::string&) {

@@ -21,6 +21,7 @@ class RecordFiles {
  public:
   using Columns = TextDataFile::Columns;
   using Finished = std::function<void(const std::string& path)>;
+  using FolderRule = std::function<std::string(const std::string& folder)>;
 
   RecordFiles(FileSystem& files, const Clock& clock, UserLocale locale, std::string stylesheetUrl);
   ~RecordFiles();
@@ -47,6 +48,8 @@ class RecordFiles {
 
   /// Not called for a file that is there no more, since it got nothing or was removed.
   void setFinished(Finished finished) { finished_ = std::move(finished); }
+  /// Where the files go, given the folder of the configuration, which stays as it is.
+  void setFolderRule(FolderRule rule) { folderRule_ = std::move(rule); }
 
  private:
   struct OpenFile {
@@ -59,6 +62,7 @@ class RecordFiles {
   bool xmlWanted() const;
   template <class Open>
   OpenFile openNumbered(const std::string& folder, const std::string& name, Open open) const;
+  std::string placeIn(const std::string& folder) const { return folderRule_ ? folderRule_(folder) : folder; }
   template <class WriteHeader>
   std::unique_ptr<DataFile> openText(const std::string& path, WriteHeader writeHeader) const;
   std::unique_ptr<DataFile> openXml(const std::string& path, const std::string& description,
@@ -77,6 +81,7 @@ class RecordFiles {
   OpenFile record_;
   OpenFile event_;
   Finished finished_;
+  FolderRule folderRule_;
 };
 
 }  // namespace tarnlog

@@ -90,6 +90,8 @@ class TarnAcq {
   void setFileFinishedHandler(RecordFiles::Finished handler) { files_.setFinished(std::move(handler)); }
   /// Called with the status panel's text when a record or event file cannot be opened.
   void setOpenFailedHandler(Recorder::OpenFailed handler) { recorder_.setOpenFailed(std::move(handler)); }
+  /// Asked for the folder of each new file, given that of the configuration. Without it, that one.
+  void setFolderRule(RecordFiles::FolderRule rule) { files_.setFolderRule(std::move(rule)); }
 
   State AcqState() const { return state_; }
   bool Recording() const { return recorder_.recording(); }

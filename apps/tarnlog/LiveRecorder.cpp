@@ -41,12 +41,10 @@ std::vector<std::string> exampleVehicles() {
 
 }  // namespace
 
-LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {
-  options_.link.stopAsked = [this] { return window_ != nullptr && window_->wantsToEnd(); };
-}
+LiveRecorder::LiveRecorder(LiveOptions options) : options_(std::move(options)) {}
 
 WindowEnvironment LiveRecorder::environment() {
-  const auto open = [this](const CarConnection& car, const host::Link::IdleHook& whileOpening) {
+  const auto open = [this](const CarConnection& car, const LinkHooks& hooks) {
     host::LinkOptions link = options_.link;
     // Whoever chooses a link wants to know whether it works.
     link.openAtOnce = !car.link.empty();
@@ -55,9 +53,10 @@ WindowEnvironment LiveRecorder::environment() {
     link.keepOpen = !options_.config.empty() && !link.openAtOnce;
     // An attempt that failed keeps its trace.
     if (!link.trace.empty() && ++attempts_ > 1) link.trace += "_" + std::to_string(attempts_);
-    const auto wait = [whileOpening] {
+    link.stopAsked = hooks.stopAsked;
+    const auto wait = [whileWaiting = hooks.whileWaiting] {
       letEventsRun();
-      whileOpening();
+      whileWaiting();
     };
     auto vehicle = host::openVehicle(car.vehicle, files_, desktopLocale(), linkClock_, wait, link);
     options_.link.trace.clear();  // a trace is of one vehicle
@@ -66,6 +65,7 @@ WindowEnvironment LiveRecorder::environment() {
   return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_,
            [this](const std::string& file) { refusePrefixOutside(files_, file); }},
           open,
+          options_.link.url,
           exampleVehicles(),
           [] { return findCarDevices(); }};
 }
@@ -73,7 +73,6 @@ WindowEnvironment LiveRecorder::environment() {
 int LiveRecorder::run() {
   if (options_.folder) makeFolder(*options_.folder);
   RecorderWindow window(environment());
-  window_ = &window;
   TarnAcq& acq = window.recorder().ctlTarnAcq();
   files_.setWriteTroubleHandler([&](const WriteTrouble& trouble) {
     noteFailure(textOf(trouble));
@@ -100,7 +99,6 @@ int LiveRecorder::run() {
     if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
   });
   const int code = QApplication::exec();
-  window_ = nullptr;
   files_.setWriteTroubleHandler({});
   paths_.wait();
   return failed_ ? kFailed : code;

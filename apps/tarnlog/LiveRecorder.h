@@ -42,7 +42,6 @@ class LiveRecorder {
   void noteFailure(const std::string& text);
 
   LiveOptions options_;
-  const RecorderWindow* window_ = nullptr;  ///< while it runs
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
   NonWaitingStream paths_{STDOUT_FILENO, NonWaitingStream::kNoBound};

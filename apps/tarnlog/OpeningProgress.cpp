@@ -16,6 +16,7 @@ OpeningProgress::OpeningProgress(QWidget& window, const QString& what) : window_
   // It is shown by `show` alone; by itself it would come only once there was progress.
   dialog_.setMinimumDuration(std::numeric_limits<int>::max());
   dialog_.setObjectName("openingProgress");
+  dialog_.setWindowTitle(tr("Connecting"));
   dialog_.setWindowModality(Qt::WindowModal);
   dialog_.setRange(0, 0);
   dialog_.setLabelText(what);

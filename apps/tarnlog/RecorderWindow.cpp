@@ -7,14 +7,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScopeGuard>
+#include <QPointer>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
-#include "apps/tarnlog/OpeningProgress.h"
 #include "apps/tarnlog/StartPage.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
@@ -47,7 +46,8 @@ RecorderWindow::RecorderWindow(WindowEnvironment environment)
       recentVehicles_(environment_.recorder.settings, "RecentVehicles"),
       recentConfigurations_(environment_.recorder.settings, "RecentConfigurations"),
       recentConnections_(environment_.recorder.settings),
-      whenIdle_(new WhenIdle([this] { return communicating(); }, this)) {
+      whenIdle_(new WhenIdle([this] { return slot_->communicating(); }, this)),
+      whenOpened_(new WhenIdle([this] { return slot_->opening(); }, this)) {
   setWindowIcon(tarnIcon("tarnlog"));
   createContent();
   createMenus();
@@ -56,12 +56,16 @@ RecorderWindow::RecorderWindow(WindowEnvironment environment)
 }
 
 /// The recorder goes before the vehicle that it records from.
-RecorderWindow::~RecorderWindow() { delete recorder_; }
+RecorderWindow::~RecorderWindow() {
+  slot_->letGoOfRecorder();
+  delete recorder_;
+}
 
 void RecorderWindow::createContent() {
   notices_ = new NoticeBar;
   start_ = new StartPage;
   recorder_ = new TarnMain(environment_.recorder);
+  slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
   pages_->addWidget(recorder_);
@@ -146,12 +150,13 @@ void RecorderWindow::chooseVehicle() {
 void RecorderWindow::openVehicle(const QString& path) { openConnection({fromQString(path)}); }
 
 void RecorderWindow::openConnection(const CarConnection& connection) {
-  whenIdle_->run([this, connection] {
-    if (closing_ || !recorder_->configurationMayBeLost()) return;
-    const QString failure = tryToOpen(connection);
-    if (failure.isEmpty()) return;
-    environment_.recorder.dialogs.error(this, tr("Vehicle error"), failure);
-    forgetVehicle(connection);
+  if (closing_) return;
+  slot_->change(connection, [this, connection](const QString& failure) {
+    if (!failure.isEmpty()) {
+      environment_.recorder.dialogs.error(this, tr("Vehicle error"), failure);
+      forgetVehicle(connection);
+    }
+    showChange(failure.isNull());
   });
 }
 
@@ -166,54 +171,32 @@ void RecorderWindow::connectToCar() {
   const CarDevices devices = environment_.findDevices ? environment_.findDevices() : CarDevices();
   auto* const dialog = new ConnectDialog(recentConnections_.all(), linkChoices(devices), askFile, this);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
-  connect(dialog, &ConnectDialog::connectWanted, this,
-          [this, dialog] { whenIdle_->run([this, dialog] { connectAsAsked(*dialog); }); });
+  connect(dialog, &ConnectDialog::connectWanted, this, [this, dialog] { connectAsAsked(*dialog); });
   dialog->open();
 }
 
 void RecorderWindow::connectAsAsked(ConnectDialog& dialog) {
-  if (!recorder_->configurationMayBeLost()) return;
-  const QString failure = tryToOpen(dialog.connection());
-  if (failure.isNull())
-    dialog.accept();
-  else
-    dialog.setFailure(failure);
+  slot_->change(dialog.connection(), [this, asked = QPointer(&dialog)](const QString& failure) {
+    if (asked && failure.isNull()) asked->accept();
+    if (asked) asked->setFailure(failure);
+    showChange(failure.isNull());
+  });
 }
 
-/// What went wrong; empty but not null when the user cancelled it.
-QString RecorderWindow::tryToOpen(const CarConnection& connection) {
-  QString failure;
-  try {
-    useVehicle(connection);
-  } catch (const TarnError& error) {
-    failure = toQString(error.description());
-  } catch (const OpeningCancelled&) {
-    failure = "";
+void RecorderWindow::showChange(bool opened) {
+  if (opened) {
+    rememberVehicle();
+    pages_->setCurrentWidget(recorder_);
   }
   showTitle();
   acquireWaiting();
-  return failure;
-}
-
-/// The old vehicle goes when the recorder has let it go. What it acquires ends before: both may be reached
-/// over one adapter.
-void RecorderWindow::useVehicle(const CarConnection& connection) {
-  if (vehicle_ != nullptr) recorder_->ctlTarnAcq().setSession(&vehicle_->session());
-  auto vehicle = vehicleAt(connection);
-  recorder_->setSession(&vehicle->session());
-  vehicle->session().setNoticeHandler([this](const host::Notice& notice) {
-    recorder_->notices().showNotice(toQString(notice.subject), toQString(notice.text));
-  });
-  vehicle_ = std::move(vehicle);
-  rememberVehicle(connection);
-  pages_->setCurrentWidget(recorder_);
 }
 
 /// The car behind the command line's link is asked for there again.
-void RecorderWindow::rememberVehicle(const CarConnection& connection) {
-  const bool asked = connection.vehicle == host::kObdCar;
-  CarConnection found = connection;
-  if (!asked) found.vehicle = fromQString(QFileInfo(toQString(connection.vehicle)).absoluteFilePath());
+void RecorderWindow::rememberVehicle() {
+  CarConnection found = slot_->connection();
+  const bool asked = found.vehicle == host::kObdCar;
+  if (!asked) found.vehicle = fromQString(QFileInfo(toQString(found.vehicle)).absoluteFilePath());
   if (!found.link.empty()) recentConnections_.add(found);
   if (found.link.empty() && !asked) recentVehicles_.add(found.vehicle);
 }
@@ -223,26 +206,6 @@ void RecorderWindow::forgetVehicle(const CarConnection& connection) {
   if (connection.link.empty()) recentVehicles_.remove(connection.vehicle);
 }
 
-/// A car that is asked what it offers takes a while. Events run meanwhile, but nobody may use what is there.
-std::unique_ptr<host::OpenedVehicle> RecorderWindow::vehicleAt(const CarConnection& connection) {
-  const QString place = toQString(connection.link.empty() ? connection.vehicle : connection.link);
-  OpeningProgress progress(*this, tr("Connecting to %1...").arg(place));
-  opening_ = &progress;
-  const auto ended = qScopeGuard([this] { opening_ = nullptr; });
-  try {
-    return environment_.openVehicle(connection, [this] {
-      if (opening_ != nullptr) opening_->raiseIfCancelled();
-    });
-  } catch (const TarnError&) {
-    if (progress.cancelled()) throw OpeningCancelled();
-    throw;
-  }
-}
-
-bool RecorderWindow::communicating() const {
-  return opening_ != nullptr || (vehicle_ != nullptr && vehicle_->session().communicating());
-}
-
 void RecorderWindow::acquire(const QString& configuration, std::optional<std::string> folder) {
   waitingConfiguration_ = configuration;
   waitingFolder_ = std::move(folder);
@@ -250,7 +213,7 @@ void RecorderWindow::acquire(const QString& configuration, std::optional<std::st
 }
 
 void RecorderWindow::acquireWaiting() {
-  if (vehicle_ == nullptr || waitingConfiguration_.isEmpty()) return;
+  if (slot_->vehicle() == nullptr || waitingConfiguration_.isEmpty()) return;
   const auto folder = std::exchange(waitingFolder_, std::nullopt);
   try {
     recorder_->OpenConfigFile(fromQString(std::exchange(waitingConfiguration_, {})));
@@ -295,10 +258,11 @@ void RecorderWindow::showStart() {
 }
 
 void RecorderWindow::showTitle() {
-  if (vehicle_ == nullptr) return setWindowTitle(kProgram);
+  if (slot_->vehicle() == nullptr) return setWindowTitle(kProgram);
   const QString file = QFileInfo(toQString(recorder_->configurationFile())).fileName();
   setWindowTitle((file.isEmpty() ? tr("New configuration") : file) + "[*] - " +
-                 toQString(vehicle_->description().name) + " - " + kProgram);
+                 toQString(slot_->vehicle()->description().name) + " - " +
+                 kProgram);
   setWindowModified(recorder_->configurationChanged());
 }
 
@@ -340,29 +304,28 @@ void RecorderWindow::showOpenFailed(const std::string& text) {
   notices_->showNotice("open", tr("Nothing is recorded: %1").arg(toQString(text)));
 }
 
+/// In the middle of a request, too: during an outage there is hardly a moment outside of one.
 void RecorderWindow::closeEvent(QCloseEvent* event) {
-  if (opening_ != nullptr) opening_->cancel();
-  if (!mayClose_)
-    whenIdle_->run([this] {
+  event->setAccepted(mayClose_);
+  if (mayClose_ || closing_) return;
+  slot_->cancel();
+  whenOpened_->run([this] {
+    if (!recorder_->configurationChanged()) return endAndClose();
+    slot_->whenIdle([this] {
       if (recorder_->configurationMayBeLost()) endAndClose();
     });
-  event->setAccepted(mayClose_);
+  });
 }
 
 /// The acquisition may need one more tick for its end.
 void RecorderWindow::endAndClose() {
-  if (opening_ != nullptr) {
-    opening_->cancel();
-    return whenIdle_->run([this] { endAndClose(); });
-  }
+  slot_->cancel();
+  if (slot_->opening()) return whenOpened_->run([this] { endAndClose(); });
   closing_ = true;
   cancelQuestions();
+  notices_->showNotice("closing", tr("Closing: what runs is being ended."));
   setEnabled(false);
   recorder_->stopAcquisition();
-}
-
-bool RecorderWindow::wantsToEnd() const {
-  return (opening_ != nullptr && opening_->cancelled()) || recorder_->ctlTarnAcq().endAsked();
 }
 
 void RecorderWindow::closeNow() {

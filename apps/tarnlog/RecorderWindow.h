@@ -9,7 +9,7 @@
 
 #include "apps/tarnlog/CarConnection.h"
 #include "apps/tarnlog/LinkChoices.h"
-#include "host/vehicle/Vehicle.h"
+#include "apps/tarnlog/VehicleSlot.h"
 #include "platform/files/WriteTrouble.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/RecentFiles.h"
@@ -21,7 +21,6 @@ namespace tarnlog {
 
 class ConnectDialog;
 class NoticeBar;
-class OpeningProgress;
 class StartPage;
 class TarnMain;
 class WhenIdle;
@@ -29,10 +28,9 @@ class WhenIdle;
 /// What the window needs from around it; all of it outlives the window.
 struct WindowEnvironment {
   MainEnvironment recorder;
-  /// Opens a vehicle, or raises. Where a car is waited for it lets events run and calls the hook, which may
-  /// raise OpeningCancelled.
-  std::function<std::unique_ptr<host::OpenedVehicle>(const CarConnection&, const host::Link::IdleHook&)>
-      openVehicle;
+  /// Where the car is waited for, it lets events run, too.
+  VehicleSlot::Opener openVehicle;
+  std::string usualLink = {};  ///< of vehicles that are opened without naming one
   std::vector<std::string> exampleVehicles = {};
   std::function<CarDevices()> findDevices = {};
 };
@@ -57,8 +55,6 @@ class RecorderWindow : public QMainWindow {
 
   /// Ends an acquisition in order, then closes without a question; open ones are cancelled.
   void endAndClose();
-  /// What runs is to end, or the window is to close: nothing need be waited for much longer.
-  bool wantsToEnd() const;
   void showWriteTrouble(const WriteTrouble& trouble);
   void showOpenFailed(const std::string& text);
 
@@ -78,12 +74,9 @@ class RecorderWindow : public QMainWindow {
   void chooseVehicle();
   void connectToCar();
   void connectAsAsked(ConnectDialog& dialog);
-  void rememberVehicle(const CarConnection& connection);
+  void showChange(bool opened);
+  void rememberVehicle();
   void forgetVehicle(const CarConnection& connection);
-  QString tryToOpen(const CarConnection& connection);
-  void useVehicle(const CarConnection& connection);
-  std::unique_ptr<host::OpenedVehicle> vehicleAt(const CarConnection& connection);
-  bool communicating() const;
   void acquireWaiting();
   void noteConfiguration();
   void showEarlyConfiguration();
@@ -96,12 +89,11 @@ class RecorderWindow : public QMainWindow {
   RecentFiles recentVehicles_;
   RecentFiles recentConfigurations_;
   RecentConnections recentConnections_;
-  WhenIdle* whenIdle_;
-  std::unique_ptr<host::OpenedVehicle> vehicle_;
+  WhenIdle* whenIdle_;    ///< no request is under way
+  WhenIdle* whenOpened_;  ///< no vehicle is being opened
   QString waitingConfiguration_;
   std::optional<std::string> waitingFolder_;
   QString notedConfiguration_;
-  OpeningProgress* opening_ = nullptr;  ///< while a vehicle is being opened
   bool closing_ = false;
   bool mayClose_ = false;
 
@@ -109,6 +101,7 @@ class RecorderWindow : public QMainWindow {
   NoticeBar* notices_ = nullptr;
   StartPage* start_ = nullptr;
   TarnMain* recorder_ = nullptr;
+  std::unique_ptr<VehicleSlot> slot_;
 };
 
 }  // namespace tarnlog

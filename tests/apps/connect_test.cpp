@@ -62,13 +62,14 @@ struct ConnectTest : ::testing::Test {
   }
   void open() {
     window.reset();
-    window.emplace(WindowEnvironment{
-        {clock, timer, files, settings, dialogs, {}},
-        [this](const CarConnection& car, const host::Link::IdleHook& hook) {
-          if (whileOpening) std::exchange(whileOpening, nullptr)();
-          hook();
-          return host::openVehicle(car.vehicle, files, {}, linkClock, hook, {car.link, {}, true, {}});
-        }});
+    window.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
+                                     [this](const CarConnection& car, const LinkHooks& hooks) {
+                                       if (whileOpening) std::exchange(whileOpening, nullptr)();
+                                       hooks.whileWaiting();
+                                       return host::openVehicle(car.vehicle, files, {}, linkClock,
+                                                                hooks.whileWaiting,
+                                                                {car.link, {}, true, hooks.stopAsked});
+                                     }});
     window->show();
   }
   ConnectDialog& dialog() {

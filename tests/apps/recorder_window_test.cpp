@@ -10,25 +10,33 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 
+#include "acquisition/TarnAcq.h"
 #include "apps/common/Signals.h"
 #include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
+#include "apps/tarnlog/LinkAddress.h"
 #include "apps/tarnlog/LiveRecorder.h"
 #include "config/RegisterParameters.h"
+#include "host/link/SimulatedLink.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/Rows.h"
 #include "tests/support/ScriptedDialogs.h"
+#include "tests/support/ScriptedPeer.h"
 #include "tests/support/SteppedClock.h"
 #include "tests/support/TempFolder.h"
 #include "ui/main/NoticeBar.h"
@@ -57,18 +65,20 @@ struct RecorderWindowTest : ::testing::Test {
   /// Starts the program anew.
   void open() {
     window.reset();
-    window.emplace(
-        WindowEnvironment{{clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion},
-                          [this](const CarConnection& car, const host::Link::IdleHook& hook) {
-                            if (whileOpening) std::exchange(whileOpening, nullptr)();
-                            hook();
-                            return host::openVehicle(car.vehicle, files, {}, linkClock,
-                                                     [this] {
-                                                       if (whileWaiting)
-                                                         std::exchange(whileWaiting, nullptr)();
-                                                     },
-                                                     {car.link, {}, !car.link.empty(), {}});
-                          }});
+    WindowEnvironment environment{{clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion},
+                                  [this](const CarConnection& car, const LinkHooks& hooks) {
+                                    stopAsked = hooks.stopAsked;
+                                    if (whileOpening) std::exchange(whileOpening, nullptr)();
+                                    hooks.whileWaiting();
+                                    const auto idle = [this] {
+                                      if (whileWaiting) std::exchange(whileWaiting, nullptr)();
+                                    };
+                                    if (openLink)
+                                      return host::openVehicle(car.vehicle, files, {}, linkClock, idle,
+                                                               openLink(car.link));
+                                    return host::openVehicle(car.vehicle, files, {}, linkClock, idle);
+                                  }};
+    window.emplace(std::move(environment));
     window->show();
   }
   void ticks(int count) {
@@ -76,6 +86,18 @@ struct RecorderWindowTest : ::testing::Test {
       timer.fire();
       linkClock.step(51'000);
     }
+  }
+  void startRecording() {
+    window->acquire("/c.xml");
+    window->openVehicle("/car.json");
+    ticks(12);
+    press("CommandStartStop");
+    ticks(3);
+    ASSERT_THAT(recordFiles(), SizeIs(1));
+  }
+  TarnAcq& acq() { return window->recorder().ctlTarnAcq(); }
+  bool titled(const QString& beginning) {
+    return QTest::qWaitFor([&] { return window->windowTitle().startsWith(beginning); }, 1000);
   }
   void view(int tab) { window->findChild<QTabBar*>("TabSmain")->setCurrentIndex(tab); }
   void press(const char* button) { window->findChild<QAbstractButton*>(button)->click(); }
@@ -108,6 +130,10 @@ struct RecorderWindowTest : ::testing::Test {
   EndRecordingBox endQuestion;
   std::function<void()> whileWaiting;  ///< these run once, where events may run
   std::function<void()> whileOpening;
+  std::function<std::unique_ptr<host::Link>(const std::string&)> openLink;  ///< null: the simulation
+  host::Link::StopQuestion stopAsked;  ///< of the vehicle that was opened last
+  test::ScriptedPeer mute;
+  bool taken = false;  ///< the port of a PortLink
   std::optional<RecorderWindow> window;
 };
 
@@ -232,13 +258,9 @@ TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
 }
 
 TEST_F(RecorderWindowTest, EndsTheRecordingBeforeItCloses) {
-  window->acquire("/c.xml");
-  window->openVehicle("/car.json");
-  ticks(12);
-  press("CommandStartStop");
-  ticks(3);
-  ASSERT_THAT(recordFiles(), SizeIs(1));
+  startRecording();
   window->close();
+  EXPECT_FALSE(window->findChild<NoticeBar*>()->notice("closing").isEmpty());
   EXPECT_TRUE(window->isVisible()) << "one more tick ends the acquisition";
   ticks(1);
   EXPECT_TRUE(closed());
@@ -252,7 +274,7 @@ TEST_F(RecorderWindowTest, ClosesAndChangesTheVehicleAfterTheRequestUnderWay) {
   ticks(12);
   whileWaiting = [&] { window->openVehicle("/car.json"); };
   ticks(1);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return window->windowTitle().startsWith("New"); }, 1000));
+  ASSERT_TRUE(titled("New"));
   window->acquire("/c.xml");
   ticks(12);
   window->recorder().ctlTarnConfigure().noteEdit();
@@ -265,6 +287,106 @@ TEST_F(RecorderWindowTest, ClosesAndChangesTheVehicleAfterTheRequestUnderWay) {
   ticks(1);
   EXPECT_EQ(asked, 0U);
   EXPECT_TRUE(closed());
+}
+
+/// In an outage the acquisition is nearly always in the middle of a request, whose link has to be told.
+TEST_F(RecorderWindowTest, WantsToEndAsSoonAsItIsClosed) {
+  startRecording();
+  whileWaiting = [&] {
+    window->close();
+    EXPECT_TRUE(acq().endAsked());
+    EXPECT_TRUE(stopAsked());
+  };
+  ticks(1);
+  EXPECT_TRUE(closed());
+}
+
+/// It used to end before there was anything in its place.
+TEST_F(RecorderWindowTest, RecordsUntilTheOtherVehicleIsOpen) {
+  startRecording();
+  const auto running = stopAsked;
+  whileOpening = [&] {
+    emit window->findChild<QProgressDialog*>()->canceled();
+    EXPECT_TRUE(stopAsked());
+    EXPECT_FALSE(running());
+  };
+  window->openVehicle("/car.json");
+  window->openVehicle("/broken.json");
+  EXPECT_THAT(dialogs.asked, SizeIs(1));
+  whileOpening = [&] { ticks(1); };
+  window->openVehicle("/car.json");
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  const auto rows = test::rowsOf(files.files[recordFiles().front()]);
+  ticks(1);
+  EXPECT_TRUE(titled("New configuration[*] - Car"));
+  EXPECT_THAT(rows, SizeIs(4)) << "one while the other vehicle was opened";
+  EXPECT_EQ(acq().AcqState(), TarnAcq::kIdle);
+}
+
+/// A link to a port that only one can have.
+class PortLink : public host::SimulatedLink {
+ public:
+  PortLink(host::LinkClock& clock, host::SimulatedPeer& peer, bool& taken)
+      : SimulatedLink(clock, peer), taken_(taken) {}
+  ~PortLink() override { close(); }
+  PortLink(const PortLink&) = delete;
+  PortLink& operator=(const PortLink&) = delete;
+  void open() override {
+    if (std::exchange(taken_, true)) throw TarnError(1, "Link", "busy");
+    SimulatedLink::open();
+  }
+  void close() override {
+    taken_ = false;
+    SimulatedLink::close();
+  }
+
+ private:
+  bool& taken_;
+};
+
+/// The window itself used to hold the adapter that it could not connect to again.
+TEST_F(RecorderWindowTest, LetsAnAdapterGoThatTheNextVehicleNeeds) {
+  bool takenAtOpening = false;
+  openLink = [&](const std::string& link) {
+    takenAtOpening = taken;
+    if (link == "elm327://box:1" || link.ends_with("00?baud=1")) throw TarnError(1, "Link", "no adapter");
+    return std::make_unique<PortLink>(linkClock, mute, taken);
+  };
+  window->openConnection({"/car.json", "elm327://box"});
+  window->acquire("/c.xml");
+  ticks(2);
+  ASSERT_TRUE(taken);
+  window->openConnection({"/car.json", "elm327://box:1"});
+  EXPECT_TRUE(takenAtOpening) << "another adapter";
+  EXPECT_NE(acq().AcqState(), TarnAcq::kIdle);
+
+  window->openConnection({"/car.json", "elm327://BOX:35000?baud=1"});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return dialogs.asked.size() == 2; }, 1000));
+  EXPECT_FALSE(takenAtOpening);
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  view(1);
+  ticks(2);
+  EXPECT_TRUE(taken) << "the vehicle that was there is acquired again";
+  window->openConnection({"/car.json", "elm327://box:35000"});
+  EXPECT_TRUE(titled("New configuration[*] - Car"));
+  window->acquire("/c.xml");
+  ticks(2);
+  EXPECT_TRUE(taken);
+}
+
+TEST(LinkAddress, IsSharedByOnePortUnderDifferentNames) {
+  const test::TempFolder folder;
+  std::ofstream(folder / "ttyUSB0").put('x');
+  std::filesystem::create_symlink(folder / "ttyUSB0", folder / "by-id");
+  EXPECT_TRUE(
+      shareAddress("elm327://" + (folder / "ttyUSB0") + "?baud=9600", "elm327://" + (folder / "by-id")));
+  EXPECT_FALSE(shareAddress("elm327:///dev/ttyUSB0", "elm327:///dev/ttyUSB1"));
+  EXPECT_TRUE(shareAddress("elm327://box", "elm327://BOX:35000"));
+  EXPECT_FALSE(shareAddress("elm327://box", "elm327://box:23"));
+  EXPECT_TRUE(shareAddress("doip://*", "doip://10.0.0.5?ecu=1"));
+  EXPECT_FALSE(shareAddress("doip://10.0.0.5", "elm327://10.0.0.5"));
+  EXPECT_FALSE(shareAddress("", "")) << "simulations";
+  EXPECT_FALSE(shareAddress("replay:a.trace", "replay:a.trace"));
 }
 
 /// A car that is asked what it offers may take a minute.

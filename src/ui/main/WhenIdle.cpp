@@ -6,7 +6,9 @@ namespace tarnlog {
 
 namespace {
 
-constexpr int kLookAgain = 5;  // ms; a request takes about as long
+/// As often as the acquisition's timer: later, each next tick would begin before this looks, and in an outage
+/// there is no moment without a request but the one between two ticks.
+constexpr int kLookAgain = 1;  // ms
 
 }  // namespace
 

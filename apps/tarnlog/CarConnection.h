@@ -14,10 +14,7 @@ namespace tarnlog {
 struct CarConnection {
   std::string vehicle;    ///< path of a description, or kObdCar
   std::string link = {};  ///< URL; empty: the link that the command line or the description names
-
-  friend bool operator==(const CarConnection& a, const CarConnection& b) {
-    return a.vehicle == b.vehicle && a.link == b.link;
-  }
+  std::string name = {};  ///< of the car that was there last; empty: not known
 };
 
 /// The connections that were made last, newest first.
@@ -27,8 +24,8 @@ class RecentConnections {
   explicit RecentConnections(SettingsStore& settings) : entries_(settings, "RecentConnections") {}
 
   std::vector<CarConnection> all() const;
+  /// Takes the place of an earlier one over the same link: who is there now is known only once it is open.
   void add(const CarConnection& connection);
-  void remove(const CarConnection& connection);
 
  private:
   RecentFiles entries_;

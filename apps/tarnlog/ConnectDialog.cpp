@@ -122,7 +122,9 @@ QBoxLayout* ConnectDialog::createVehicleRows() {
 
 void ConnectDialog::addRecent(const CarConnection& connection) {
   const bool asked = connection.vehicle == host::kObdCar;
-  const QString car = asked ? tr("OBD car") : QFileInfo(toQString(connection.vehicle)).fileName();
+  const QString known = toQString(connection.name);
+  const QString usual = asked ? tr("OBD car") : QFileInfo(toQString(connection.vehicle)).fileName();
+  const QString car = known.isEmpty() ? usual : known;
   connections_.push_back(connection);
   new QListWidgetItem(tarnIcon("ecu"), tr("%1, as before").arg(car) + "\n" + toQString(connection.link),
                       links_);

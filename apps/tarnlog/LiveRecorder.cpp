@@ -67,7 +67,15 @@ WindowEnvironment LiveRecorder::environment() {
           open,
           options_.link.url,
           exampleVehicles(),
-          [] { return findCarDevices(); }};
+          [] { return findCarDevices(); },
+          options_.folderPerVehicle,
+          [](const std::string& folder, const host::VehicleDescription& vehicle,
+             const std::function<void(const std::string&)>& tell) {
+            return folderOfVehicle(folder, vehicle, [&](const std::string& why) {
+              std::fprintf(stderr, "tarnlog: folder of the vehicle: %s\n", why.c_str());
+              tell(why);
+            });
+          }};
 }
 
 int LiveRecorder::run() {

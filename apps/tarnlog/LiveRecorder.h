@@ -25,6 +25,7 @@ struct LiveOptions {
   std::string vehicle;                ///< empty: the window asks
   std::string config;                 ///< empty: none is opened
   std::optional<std::string> folder;  ///< of the files of `config` and of new configurations
+  bool folderPerVehicle = false;      ///< for this time; else as the user's settings have it
   host::LinkOptions link;
 };
 

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -28,6 +29,7 @@ namespace tarnlog {
 namespace {
 
 constexpr const char* kGeometry = "WindowGeometry";
+constexpr const char* kFolderPerVehicle = "FolderPerVehicle";
 constexpr const char* kProgram = "Tarnlog2001";
 
 /// Nobody is left to answer them: menus, messages, and dialogs that wait in a loop of their own.
@@ -90,6 +92,13 @@ void RecorderWindow::createContent() {
 
 void RecorderWindow::createMenus() {
   addFileActions(*menuBar()->addMenu(tr("&File")));
+  place_ = new QLabel;
+  place_->setObjectName("vehicleAndLink");
+  place_->setTextFormat(Qt::PlainText);
+  place_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  place_->setMinimumHeight(menuBar()->sizeHint().height());
+  place_->setContentsMargins(8, 0, 8, 0);
+  menuBar()->setCornerWidget(place_);
   QMenu* const help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&About Tarnlog2001"), this, [this] { whenIdle_->run([this] { about(); }); });
 }
@@ -108,9 +117,36 @@ void RecorderWindow::addFileActions(QMenu& menu) {
                                       &RecorderWindow::openConfiguration);
   menu.addActions(actions.mid(1));
   menu.addSeparator();
+  addFolderPerVehicle(menu);
+  menu.addSeparator();
   menu.addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   connect(&menu, &QMenu::aboutToShow, this,
           [this, recent] { recent->setEnabled(recorder_->ctlTarnConfigure().Parameters() != nullptr); });
+}
+
+/// Asked at each new file, so that it may be changed at any time.
+void RecorderWindow::addFolderPerVehicle(QMenu& menu) {
+  folderPerVehicle_ = menu.addAction(tr("A &folder for each vehicle"));
+  folderPerVehicle_->setObjectName("folderPerVehicle");
+  folderPerVehicle_->setToolTip(tr("Files go into a folder named after the vehicle"));
+  folderPerVehicle_->setCheckable(true);
+  SettingsStore& settings = environment_.recorder.settings;
+  bool on = environment_.folderPerVehicle;
+  skipOnFailure([&] { on = on || settings.read(kFolderPerVehicle).value_or("") == "1"; });
+  folderPerVehicle_->setChecked(on);
+  connect(folderPerVehicle_, &QAction::toggled, this, [&settings](bool checked) {
+    skipOnFailure([&] { settings.write(kFolderPerVehicle, checked ? "1" : "0"); });
+  });
+  recorder_->ctlTarnAcq().setFolderRule([this](const std::string& folder) { return folderFor(folder); });
+}
+
+std::string RecorderWindow::folderFor(const std::string& folder) {
+  notices_->removeNotice("folder");
+  if (!folderPerVehicle_->isChecked() || slot_->vehicle() == nullptr) return folder;
+  return environment_.folderOfVehicle(
+      folder, slot_->vehicle()->description(), [this](const std::string& why) {
+        notices_->showNotice("folder", tr("The vehicle's folder cannot be made: %1").arg(toQString(why)));
+      });
 }
 
 QMenu* RecorderWindow::addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
@@ -197,6 +233,7 @@ void RecorderWindow::rememberVehicle() {
   CarConnection found = slot_->connection();
   const bool asked = found.vehicle == host::kObdCar;
   if (!asked) found.vehicle = fromQString(QFileInfo(toQString(found.vehicle)).absoluteFilePath());
+  found.name = slot_->vehicle()->description().name;
   if (!found.link.empty()) recentConnections_.add(found);
   if (found.link.empty() && !asked) recentVehicles_.add(found.vehicle);
 }
@@ -257,13 +294,31 @@ void RecorderWindow::showStart() {
   showTitle();
 }
 
+QString RecorderWindow::vehicleText() const {
+  const QString name = toQString(slot_->vehicle()->description().name);
+  const QString link = toQString(slot_->link());
+  return link.isEmpty() ? name : tr("%1 over %2").arg(name, link);
+}
+
 void RecorderWindow::showTitle() {
+  showPlace();
   if (slot_->vehicle() == nullptr) return setWindowTitle(kProgram);
   const QString file = QFileInfo(toQString(recorder_->configurationFile())).fileName();
-  setWindowTitle((file.isEmpty() ? tr("New configuration") : file) + "[*] - " +
-                 toQString(slot_->vehicle()->description().name) + " - " +
+  setWindowTitle((file.isEmpty() ? tr("New configuration") : file) + "[*] - " + vehicleText() + " - " +
                  kProgram);
   setWindowModified(recorder_->configurationChanged());
+}
+
+/// The menus need their place, too.
+void RecorderWindow::showPlace() {
+  const QString text = slot_->vehicle() == nullptr ? QString() : vehicleText();
+  place_->setText(place_->fontMetrics().elidedText(text, Qt::ElideMiddle, width() * 2 / 3));
+  place_->setToolTip(text);
+}
+
+void RecorderWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  showPlace();
 }
 
 /// Settings that cannot be read are told once: at the end they are written anew.

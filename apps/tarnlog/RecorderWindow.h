@@ -14,6 +14,8 @@
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/RecentFiles.h"
 
+class QAction;
+class QLabel;
 class QMenu;
 class QStackedWidget;
 
@@ -33,6 +35,12 @@ struct WindowEnvironment {
   std::string usualLink = {};  ///< of vehicles that are opened without naming one
   std::vector<std::string> exampleVehicles = {};
   std::function<CarDevices()> findDevices = {};
+  bool folderPerVehicle = false;  ///< whatever the settings say
+  /// The folder below `folder` for the files of a vehicle; `folder` itself, and the reason told, when it
+  /// cannot be made.
+  std::function<std::string(const std::string& folder, const host::VehicleDescription& vehicle,
+                            const std::function<void(const std::string& why)>& tell)>
+      folderOfVehicle = {};
 };
 
 /// The program's window: first a choice of vehicles, then the recorder on the chosen one. It remembers
@@ -62,11 +70,13 @@ class RecorderWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void createContent();
   void createMenus();
   void addFileActions(QMenu& menu);
+  void addFolderPerVehicle(QMenu& menu);
   QMenu* addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
                        void (RecorderWindow::*open)(const QString&));
   void restorePlace();
@@ -82,6 +92,9 @@ class RecorderWindow : public QMainWindow {
   void showEarlyConfiguration();
   void showStart();
   void showTitle();
+  void showPlace();
+  QString vehicleText() const;
+  std::string folderFor(const std::string& folder);
   void closeNow();
   void about();
 
@@ -100,6 +113,8 @@ class RecorderWindow : public QMainWindow {
   QStackedWidget* pages_ = nullptr;
   NoticeBar* notices_ = nullptr;
   StartPage* start_ = nullptr;
+  QLabel* place_ = nullptr;  ///< vehicle and link, beside the menus
+  QAction* folderPerVehicle_ = nullptr;
   TarnMain* recorder_ = nullptr;
   std::unique_ptr<VehicleSlot> slot_;
 };

@@ -99,7 +99,9 @@ void StartPage::addConnection(const CarConnection& connection) {
   const QString path = toQString(connection.vehicle);
   const QString link = toQString(connection.link);
   const bool asked = connection.vehicle == host::kObdCar;
-  const QString name = asked ? tr("OBD car") : QFileInfo(path).fileName().section('.', 0, 0);
+  const QString known = toQString(connection.name);
+  const QString usual = asked ? tr("OBD car") : QFileInfo(path).fileName().section('.', 0, 0);
+  const QString name = known.isEmpty() ? usual : known;
   auto* const item = new QListWidgetItem(tarnIcon("plug"), name + "\n" + link, vehicles_);
   item->setData(kPath, path);
   item->setData(kLink, link);

@@ -30,6 +30,8 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
   app.add_option("--config", options.config, "Recording configuration (XML): acquire at once")
       ->type_name("FILE");
   app.add_option("--folder", options.folder, "Write its files here; made when missing")->type_name("DIR");
+  app.add_flag("--folder-per-vehicle", options.folderPerVehicle,
+               "Write the files of each vehicle into a folder of its own there (File menu)");
   app.add_option("--link", options.link.url,
                  "How the vehicle is reached (default: the description's simulation)")
       ->type_name("URL");

@@ -106,14 +106,14 @@ TEST_F(ConnectTest, SaysInPlaceWhatIsWrongAndRemembersWhatWorked) {
   dialog().findChild<QListWidget*>("links")->setCurrentRow(4);
   dialog().findChild<QAbstractButton*>("browseLink")->click();
   dialog().findChild<QPushButton*>("connect")->click();
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car - Tarnlog2001");
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
   EXPECT_FALSE(dialog().isVisible());
 
   open();
   auto* const known = window->findChild<QListWidget*>("vehicles");
   EXPECT_EQ(known->item(0)->text(), "OBD car\nreplay:/drive.trace");
   emit known->itemActivated(known->item(0));
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car - Tarnlog2001");
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
   EXPECT_EQ(dialog().findChild<QListWidget*>("links")->item(0)->text(),
             "OBD car, as before\nreplay:/drive.trace");
   EXPECT_THAT(dialog().connection().link, "replay:/drive.trace");
@@ -133,7 +133,7 @@ TEST_F(ConnectTest, KeepsWhatThereIsWhenTheUserCancels) {
   EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
   EXPECT_THAT(dialogs.asked, IsEmpty());
   connectOver("replay:/drive.trace");
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car - Tarnlog2001");
+  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
 }
 
 }  // namespace

@@ -78,6 +78,8 @@ struct RecorderWindowTest : ::testing::Test {
                                                                openLink(car.link));
                                     return host::openVehicle(car.vehicle, files, {}, linkClock, idle);
                                   }};
+    environment.folderOfVehicle = [](const std::string& folder, const host::VehicleDescription& vehicle,
+                                     const auto&) { return folder + "/" + vehicle.name; };
     window.emplace(std::move(environment));
     window->show();
   }
@@ -363,12 +365,12 @@ TEST_F(RecorderWindowTest, LetsAnAdapterGoThatTheNextVehicleNeeds) {
   window->openConnection({"/car.json", "elm327://BOX:35000?baud=1"});
   ASSERT_TRUE(QTest::qWaitFor([&] { return dialogs.asked.size() == 2; }, 1000));
   EXPECT_FALSE(takenAtOpening);
-  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car over elm327://box - Tarnlog2001");
   view(1);
   ticks(2);
   EXPECT_TRUE(taken) << "the vehicle that was there is acquired again";
   window->openConnection({"/car.json", "elm327://box:35000"});
-  EXPECT_TRUE(titled("New configuration[*] - Car"));
+  EXPECT_TRUE(titled("New configuration[*] - Car over elm327://box:35000"));
   window->acquire("/c.xml");
   ticks(2);
   EXPECT_TRUE(taken);
@@ -387,6 +389,18 @@ TEST(LinkAddress, IsSharedByOnePortUnderDifferentNames) {
   EXPECT_FALSE(shareAddress("doip://10.0.0.5", "elm327://10.0.0.5"));
   EXPECT_FALSE(shareAddress("", "")) << "simulations";
   EXPECT_FALSE(shareAddress("replay:a.trace", "replay:a.trace"));
+}
+
+/// Asked for at each file, and never part of the configuration: that would grow a folder at each saving.
+TEST_F(RecorderWindowTest, PutsTheFilesIntoAFolderOfTheVehicle) {
+  window->findChild<QAction*>("folderPerVehicle")->trigger();
+  startRecording();
+  EXPECT_THAT(recordFiles(), ElementsAre(HasSubstr("/rec/Car/16-11-26")));
+  EXPECT_EQ(acq().Parameters()->fileFolder, "/rec");
+  view(2);
+  ticks(1);
+  open();
+  EXPECT_TRUE(window->findChild<QAction*>("folderPerVehicle")->isChecked());
 }
 
 /// A car that is asked what it offers may take a minute.

@@ -16,6 +16,7 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
 #include "apps/tarnlog/StartPage.h"
+#include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
@@ -55,6 +56,7 @@ RecorderWindow::RecorderWindow(WindowEnvironment environment)
   createMenus();
   restorePlace();
   showStart();
+  lookForUnfinished();
 }
 
 /// The recorder goes before the vehicle that it records from.
@@ -68,6 +70,8 @@ void RecorderWindow::createContent() {
   start_ = new StartPage;
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
+  unfinished_.emplace(environment_.unfinished, *notices_,
+                      [this] { return recorder_->ctlTarnAcq().AcqState() != TarnAcq::kIdle; });
   pages_ = new QStackedWidget;
   pages_->addWidget(start_);
   pages_->addWidget(recorder_);
@@ -273,6 +277,7 @@ void RecorderWindow::noteConfiguration() {
   const QString file = toQString(recorder_->configurationFile());
   if (file != notedConfiguration_ && !file.isEmpty())
     recentConfigurations_.add(fromQString(QFileInfo(file).absoluteFilePath()));
+  if (file != notedConfiguration_) lookForUnfinished();
   notedConfiguration_ = file;
   showEarlyConfiguration();
   showTitle();
@@ -284,6 +289,14 @@ void RecorderWindow::showEarlyConfiguration() {
   if (early.empty()) return notices_->removeNotice("early");
   const QString name = QFileInfo(toQString(early)).fileName();
   notices_->showNotice("early", tr("%1 is opened as soon as there is a vehicle.").arg(name));
+}
+
+/// Where this configuration puts its files. A new one has the folder of the settings.
+void RecorderWindow::lookForUnfinished() {
+  const auto& configuration = recorder_->ctlTarnConfigure().Parameters();
+  if (configuration == nullptr) return;
+  const std::string& folder = configuration->fileFolder;
+  unfinished_->lookInto(folder.empty() ? environment_.recorder.files.currentFolder() : folder);
 }
 
 // --- the window

@@ -9,6 +9,7 @@
 
 #include "apps/tarnlog/CarConnection.h"
 #include "apps/tarnlog/LinkChoices.h"
+#include "apps/tarnlog/UnfinishedOffer.h"
 #include "apps/tarnlog/VehicleSlot.h"
 #include "platform/files/WriteTrouble.h"
 #include "ui/main/MainEnvironment.h"
@@ -41,6 +42,7 @@ struct WindowEnvironment {
   std::function<std::string(const std::string& folder, const host::VehicleDescription& vehicle,
                             const std::function<void(const std::string& why)>& tell)>
       folderOfVehicle = {};
+  UnfinishedRecords unfinished = {};
 };
 
 /// The program's window: first a choice of vehicles, then the recorder on the chosen one. It remembers
@@ -90,6 +92,7 @@ class RecorderWindow : public QMainWindow {
   void acquireWaiting();
   void noteConfiguration();
   void showEarlyConfiguration();
+  void lookForUnfinished();
   void showStart();
   void showTitle();
   void showPlace();
@@ -117,6 +120,7 @@ class RecorderWindow : public QMainWindow {
   QAction* folderPerVehicle_ = nullptr;
   TarnMain* recorder_ = nullptr;
   std::unique_ptr<VehicleSlot> slot_;
+  std::optional<UnfinishedOffer> unfinished_;
 };
 
 }  // namespace tarnlog

@@ -80,6 +80,13 @@ struct RecorderWindowTest : ::testing::Test {
                                   }};
     environment.folderOfVehicle = [](const std::string& folder, const host::VehicleDescription& vehicle,
                                      const auto&) { return folder + "/" + vehicle.name; };
+    environment.unfinished.find = [this](const std::string& folder) {
+      return folder == "/rec" ? unfinished : std::vector<std::string>{};
+    };
+    environment.unfinished.close = [](const std::string& path) {
+      if (path == "/rec/b.xml") throw TarnError(1, "repair", "no space");
+      return path + ": closed\n";
+    };
     window.emplace(std::move(environment));
     window->show();
   }
@@ -134,6 +141,7 @@ struct RecorderWindowTest : ::testing::Test {
   std::function<void()> whileOpening;
   std::function<std::unique_ptr<host::Link>(const std::string&)> openLink;  ///< null: the simulation
   host::Link::StopQuestion stopAsked;  ///< of the vehicle that was opened last
+  std::vector<std::string> unfinished;
   test::ScriptedPeer mute;
   bool taken = false;  ///< the port of a PortLink
   std::optional<RecorderWindow> window;
@@ -205,6 +213,28 @@ TEST_F(RecorderWindowTest, RemembersVehiclesConfigurationsAndItsPlace) {
   auto* const vehicles = window->findChild<QListWidget*>("vehicles");
   emit vehicles->itemActivated(vehicles->item(0));
   EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001");
+}
+
+TEST_F(RecorderWindowTest, OffersToCloseRecordsThatAKillLeftOpen) {
+  unfinished = {"/rec/a.xml", "/rec/b.xml"};
+  files.files["/cfg/settings"] = "PathName=/rec\n";
+  open();
+  auto& notices = *window->findChild<NoticeBar*>();
+  EXPECT_EQ(notices.notice("unfinished"), "2 records were not closed, their recorder was killed");
+  press("action");
+  EXPECT_THAT(notices.details("unfinished"), ElementsAre("/rec/a.xml: closed", "/rec/b.xml: no space"));
+
+  unfinished = {"/rec/c.xml"};
+  files.files["/cfg/settings"] = "";
+  open();
+  EXPECT_EQ(window->findChild<NoticeBar*>()->notice("unfinished"), "");
+  window->acquire("/c.xml");
+  window->openVehicle("/car.json");
+  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("unfinished")), HasSubstr("/rec/c.xml"))
+      << "the configuration's folder";
+  press("action");
+  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("unfinished")),
+              HasSubstr("end the acquisition first"));
 }
 
 TEST_F(RecorderWindowTest, StaysUsableWithBrokenFiles) {

@@ -54,6 +54,7 @@ WindowEnvironment LiveRecorder::environment() {
     // An attempt that failed keeps its trace.
     if (!link.trace.empty() && ++attempts_ > 1) link.trace += "_" + std::to_string(attempts_);
     link.stopAsked = hooks.stopAsked;
+    link.phase = hooks.phase;
     const auto wait = [whileWaiting = hooks.whileWaiting] {
       letEventsRun();
       whileWaiting();

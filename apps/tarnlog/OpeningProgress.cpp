@@ -12,14 +12,15 @@ constexpr std::chrono::milliseconds kMoment{500};
 
 }  // namespace
 
-OpeningProgress::OpeningProgress(QWidget& window, const QString& what) : window_(window), dialog_(&window) {
+OpeningProgress::OpeningProgress(QWidget& window, const QString& what)
+    : window_(window), what_(what), dialog_(&window) {
   // It is shown by `show` alone; by itself it would come only once there was progress.
   dialog_.setMinimumDuration(std::numeric_limits<int>::max());
   dialog_.setObjectName("openingProgress");
   dialog_.setWindowTitle(tr("Connecting"));
   dialog_.setWindowModality(Qt::WindowModal);
   dialog_.setRange(0, 0);
-  dialog_.setLabelText(what);
+  showStep({});
   connect(&dialog_, &QProgressDialog::canceled, this, &OpeningProgress::cancel);
   QTimer::singleShot(kMoment, this, &OpeningProgress::show);
   window_.setEnabled(false);
@@ -27,6 +28,8 @@ OpeningProgress::OpeningProgress(QWidget& window, const QString& what) : window_
 }
 
 OpeningProgress::~OpeningProgress() { window_.setEnabled(true); }
+
+void OpeningProgress::showStep(const QString& step) { dialog_.setLabelText(what_ + "\n" + step); }
 
 /// Whoever can click "Cancel" needs a pointer that says so.
 void OpeningProgress::show() {

@@ -23,6 +23,8 @@ class OpeningProgress : public QObject {
   OpeningProgress(QWidget& window, const QString& what);
   ~OpeningProgress() override;
 
+  /// Tells what is done just now.
+  void showStep(const QString& step);
   void cancel() { cancelled_ = true; }
   bool cancelled() const { return cancelled_; }
   /// To be called while the car is waited for: raises OpeningCancelled when the user has cancelled. Not while
@@ -33,6 +35,7 @@ class OpeningProgress : public QObject {
   void show();
 
   QWidget& window_;
+  QString what_;
   QProgressDialog dialog_;
   std::optional<BusyPointer> pointer_{std::in_place};
   bool cancelled_ = false;

@@ -226,10 +226,22 @@ void RecorderWindow::connectAsAsked(ConnectDialog& dialog) {
 void RecorderWindow::showChange(bool opened) {
   if (opened) {
     rememberVehicle();
+    showNotes();
     pages_->setCurrentWidget(recorder_);
   }
   showTitle();
   acquireWaiting();
+}
+
+/// What the car lists but does not give.
+void RecorderWindow::showNotes() {
+  QStringList notes;
+  for (const std::string& note : slot_->vehicle()->description().notes) notes += toQString(note);
+  notices_->removeNotice("notes");
+  if (!notes.isEmpty())
+    notices_->showNotice(
+        "notes", notes.size() == 1 ? tr("Not offered: %1").arg(notes.front()) : tr("Not all is offered"),
+        notes);
 }
 
 /// The car behind the command line's link is asked for there again.
@@ -377,11 +389,13 @@ void RecorderWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(mayClose_);
   if (mayClose_ || closing_) return;
   slot_->cancel();
-  whenOpened_->run([this] {
-    if (!recorder_->configurationChanged()) return endAndClose();
-    slot_->whenIdle([this] {
-      if (recorder_->configurationMayBeLost()) endAndClose();
-    });
+  whenOpened_->run([this] { recorder_->whenRecordingMayEnd([this] { askAndClose(); }); });
+}
+
+void RecorderWindow::askAndClose() {
+  if (!recorder_->configurationChanged()) return endAndClose();
+  slot_->whenIdle([this] {
+    if (recorder_->configurationMayBeLost()) endAndClose();
   });
 }
 

@@ -87,6 +87,7 @@ class RecorderWindow : public QMainWindow {
   void connectToCar();
   void connectAsAsked(ConnectDialog& dialog);
   void showChange(bool opened);
+  void showNotes();
   void rememberVehicle();
   void forgetVehicle(const CarConnection& connection);
   void acquireWaiting();
@@ -98,6 +99,7 @@ class RecorderWindow : public QMainWindow {
   void showPlace();
   QString vehicleText() const;
   std::string folderFor(const std::string& folder);
+  void askAndClose();
   void closeNow();
   void about();
 

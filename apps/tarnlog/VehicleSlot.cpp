@@ -9,6 +9,7 @@
 #include "apps/tarnlog/OpeningProgress.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
+#include "ui/main/NoticeBar.h"
 #include "ui/main/TarnMain.h"
 #include "ui/main/WhenIdle.h"
 
@@ -102,7 +103,10 @@ VehicleSlot::Vehicle VehicleSlot::open(const CarConnection& connection) {
   const LinkHooks hooks{[opening] {
                           if (opening) opening->raiseIfCancelled();
                         },
-                        [this, opening] { return opening ? opening->cancelled() : endWanted(); }};
+                        [this, opening] { return opening ? opening->cancelled() : endWanted(); },
+                        [opening](host::OpeningPhase phase) {
+                          if (opening) opening->showStep(toQString(openingPhaseText(phase)));
+                        }};
   try {
     Vehicle vehicle = opener_(connection, hooks);
     progress.raiseIfCancelled();
@@ -123,16 +127,22 @@ void VehicleSlot::replace(const Vehicle& vehicle, const CarConnection& connectio
     skipOnFailure([this] { recorder_->setSession(vehicle_ == nullptr ? nullptr : &vehicle_->session()); });
     return ended(failure);
   }
+  vehicle->session().setNoticeHandler([this](const host::Notice& notice) {
+    if (recorder_ != nullptr)
+      recorder_->notices().showNotice(toQString(notice.subject), toQString(notice.text));
+  });
   vehicle_ = vehicle;
   connection_ = connection;
   ended({});
 }
 
 /// A recording is asked about first.
-void VehicleSlot::endAcquisition(std::function<void()> then) {
-  if (recorder_->ctlTarnAcq().AcqState() == TarnAcq::kIdle) return then();
-  afterAcquisition_ = [this, then = std::move(then)] { whenIdle(then); };
-  recorder_->stopAcquisition();
+void VehicleSlot::endAcquisition(const std::function<void()>& then) {
+  recorder_->whenRecordingMayEnd([this, then] {
+    if (recorder_->ctlTarnAcq().AcqState() == TarnAcq::kIdle) return then();
+    afterAcquisition_ = [this, then] { whenIdle(then); };
+    recorder_->stopAcquisition();
+  });
 }
 
 void VehicleSlot::cancel() {

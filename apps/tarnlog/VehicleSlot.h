@@ -23,6 +23,8 @@ struct LinkHooks {
   host::Link::IdleHook whileWaiting;
   /// Whether somebody waits for the end of what this vehicle's link does.
   host::Link::StopQuestion stopAsked;
+  /// Told what is done while the vehicle is being opened.
+  host::PhaseHook phase;
 };
 
 /// The vehicle that the window records from, and its exchange for another one. Until the other one is open
@@ -70,7 +72,7 @@ class VehicleSlot : public QObject {
   Vehicle open(const CarConnection& connection);
   bool endWanted() const;
   void replace(const Vehicle& vehicle, const CarConnection& connection, const Ended& ended);
-  void endAcquisition(std::function<void()> then);
+  void endAcquisition(const std::function<void()>& then);
 
   Opener opener_;
   std::string usualLink_;

@@ -104,6 +104,11 @@ struct RecorderWindowTest : ::testing::Test {
     ticks(3);
     ASSERT_THAT(recordFiles(), SizeIs(1));
   }
+  /// The recording that runs may end.
+  void agree() {
+    for (QAbstractButton* const button : window->findChild<QMessageBox*>("endRecording")->buttons())
+      if (button->text() == "&End recording") button->click();
+  }
   TarnAcq& acq() { return window->recorder().ctlTarnAcq(); }
   bool titled(const QString& beginning) {
     return QTest::qWaitFor([&] { return window->windowTitle().startsWith(beginning); }, 1000);
@@ -267,11 +272,7 @@ TEST_F(RecorderWindowTest, KeepsAConfigurationThatIsOpenedBeforeTheVehicle) {
 
 /// The box has no loop of its own: the recording goes on below it.
 TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
-  window->acquire("/c.xml");
-  window->openVehicle("/car.json");
-  ticks(12);
-  press("CommandStartStop");
-  ticks(3);
+  startRecording();
   view(0);
   QPointer box = window->findChild<QMessageBox*>("endRecording");
   ASSERT_NE(box, nullptr);
@@ -283,8 +284,7 @@ TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
   EXPECT_TRUE(window->recorder().recordingRuns());
   ASSERT_TRUE(QTest::qWaitFor([&] { return box == nullptr; }, 1000));
   view(0);
-  for (QAbstractButton* const button : window->findChild<QMessageBox*>("endRecording")->buttons())
-    if (button->text() == "&End recording") button->click();
+  agree();
   ticks(1);
   EXPECT_FALSE(window->recorder().recordingRuns());
 }
@@ -292,6 +292,8 @@ TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
 TEST_F(RecorderWindowTest, EndsTheRecordingBeforeItCloses) {
   startRecording();
   window->close();
+  EXPECT_FALSE(acq().endAsked());
+  agree();
   EXPECT_FALSE(window->findChild<NoticeBar*>()->notice("closing").isEmpty());
   EXPECT_TRUE(window->isVisible()) << "one more tick ends the acquisition";
   ticks(1);
@@ -326,6 +328,7 @@ TEST_F(RecorderWindowTest, WantsToEndAsSoonAsItIsClosed) {
   startRecording();
   whileWaiting = [&] {
     window->close();
+    agree();
     EXPECT_TRUE(acq().endAsked());
     EXPECT_TRUE(stopAsked());
   };
@@ -348,10 +351,12 @@ TEST_F(RecorderWindowTest, RecordsUntilTheOtherVehicleIsOpen) {
   whileOpening = [&] { ticks(1); };
   window->openVehicle("/car.json");
   EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  ticks(1);
+  agree();
   const auto rows = test::rowsOf(files.files[recordFiles().front()]);
   ticks(1);
   EXPECT_TRUE(titled("New configuration[*] - Car"));
-  EXPECT_THAT(rows, SizeIs(4)) << "one while the other vehicle was opened";
+  EXPECT_THAT(rows, SizeIs(5)) << "one while the other vehicle was opened, one while the user was asked";
   EXPECT_EQ(acq().AcqState(), TarnAcq::kIdle);
 }
 
@@ -427,8 +432,6 @@ TEST_F(RecorderWindowTest, PutsTheFilesIntoAFolderOfTheVehicle) {
   startRecording();
   EXPECT_THAT(recordFiles(), ElementsAre(HasSubstr("/rec/Car/16-11-26")));
   EXPECT_EQ(acq().Parameters()->fileFolder, "/rec");
-  view(2);
-  ticks(1);
   open();
   EXPECT_TRUE(window->findChild<QAction*>("folderPerVehicle")->isChecked());
 }

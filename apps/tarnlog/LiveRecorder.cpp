@@ -12,8 +12,10 @@
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordFolder.h"
 #include "apps/common/RecordPrefix.h"
+#include "apps/common/RecordRepair.h"
 #include "apps/common/Stylesheet.h"
 #include "apps/common/TerminalText.h"
+#include "apps/common/UnfinishedRecords.h"
 #include "apps/common/WriteTroubleText.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
@@ -37,6 +39,16 @@ std::vector<std::string> exampleVehicles() {
     if (!paths.empty()) return paths;
   }
   return {};
+}
+
+/// In a folder and, where each vehicle has one of its own, in those below it.
+std::vector<std::string> unfinishedIn(const std::string& folder, bool ofVehicles) {
+  std::vector<std::string> paths = unfinishedRecords(folder);
+  if (!ofVehicles) return paths;
+  for (const QFileInfo& below : QDir(toQString(folder)).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+    for (std::string& path : unfinishedRecords(fromQString(below.filePath())))
+      paths.push_back(std::move(path));
+  return paths;
 }
 
 }  // namespace
@@ -70,13 +82,9 @@ WindowEnvironment LiveRecorder::environment() {
           exampleVehicles(),
           [] { return findCarDevices(); },
           options_.folderPerVehicle,
-          [](const std::string& folder, const host::VehicleDescription& vehicle,
-             const std::function<void(const std::string&)>& tell) {
-            return folderOfVehicle(folder, vehicle, [&](const std::string& why) {
-              std::fprintf(stderr, "tarnlog: folder of the vehicle: %s\n", why.c_str());
-              tell(why);
-            });
-          }};
+          folderOfVehicle,
+          {unfinishedIn, repairRecord},
+          [this](const std::string& text) { say(text); }};
 }
 
 int LiveRecorder::run() {
@@ -116,7 +124,9 @@ int LiveRecorder::run() {
 /// The recorder goes on polling.
 void LiveRecorder::noteFailure(const std::string& text) {
   failed_ = true;
-  errors_.write(printableLine("tarnlog: " + text) + "\n");
+  say(text);
 }
+
+void LiveRecorder::say(const std::string& text) { errors_.write(printableLine("tarnlog: " + text) + "\n"); }
 
 }  // namespace tarnlog

@@ -41,6 +41,7 @@ class LiveRecorder {
  private:
   WindowEnvironment environment();
   void noteFailure(const std::string& text);
+  void say(const std::string& text);
 
   LiveOptions options_;
   SystemClock clock_;

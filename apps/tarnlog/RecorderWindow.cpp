@@ -82,6 +82,7 @@ void RecorderWindow::createContent() {
   column->addWidget(notices_);
   column->addWidget(pages_, 1);
   setCentralWidget(content);
+  connect(slot_.get(), &VehicleSlot::noticed, this, &RecorderWindow::say);
   connect(start_, &StartPage::vehicleChosen, this, &RecorderWindow::openVehicle);
   connect(start_, &StartPage::connectionChosen, this, &RecorderWindow::openConnection);
   connect(start_, &StartPage::otherVehicleWanted, this, &RecorderWindow::chooseVehicle);
@@ -149,7 +150,7 @@ std::string RecorderWindow::folderFor(const std::string& folder) {
   if (!folderPerVehicle_->isChecked() || slot_->vehicle() == nullptr) return folder;
   return environment_.folderOfVehicle(
       folder, slot_->vehicle()->description(), [this](const std::string& why) {
-        notices_->showNotice("folder", tr("The vehicle's folder cannot be made: %1").arg(toQString(why)));
+        say("folder", tr("The vehicle's folder cannot be made: %1").arg(toQString(why)));
       });
 }
 
@@ -308,7 +309,8 @@ void RecorderWindow::lookForUnfinished() {
   const auto& configuration = recorder_->ctlTarnConfigure().Parameters();
   if (configuration == nullptr) return;
   const std::string& folder = configuration->fileFolder;
-  unfinished_->lookInto(folder.empty() ? environment_.recorder.files.currentFolder() : folder);
+  unfinished_->lookInto(folder.empty() ? environment_.recorder.files.currentFolder() : folder,
+                        folderPerVehicle_->isChecked());
 }
 
 // --- the window
@@ -323,6 +325,11 @@ QString RecorderWindow::vehicleText() const {
   const QString name = toQString(slot_->vehicle()->description().name);
   const QString link = toQString(slot_->link());
   return link.isEmpty() ? name : tr("%1 over %2").arg(name, link);
+}
+
+void RecorderWindow::say(const QString& subject, const QString& text) {
+  notices_->showNotice(subject, text);
+  if (environment_.say) environment_.say(fromQString(text));
 }
 
 void RecorderWindow::showTitle() {

@@ -43,6 +43,8 @@ struct WindowEnvironment {
                             const std::function<void(const std::string& why)>& tell)>
       folderOfVehicle = {};
   UnfinishedRecords unfinished = {};
+  /// Takes a line for whoever reads along at the terminal.
+  std::function<void(const std::string& line)> say = {};
 };
 
 /// The program's window: first a choice of vehicles, then the recorder on the chosen one. It remembers
@@ -99,6 +101,7 @@ class RecorderWindow : public QMainWindow {
   void showPlace();
   QString vehicleText() const;
   std::string folderFor(const std::string& folder);
+  void say(const QString& subject, const QString& text);
   void askAndClose();
   void closeNow();
   void about();

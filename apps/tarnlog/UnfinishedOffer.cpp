@@ -20,10 +20,10 @@ constexpr const char* kSubject = "unfinished";
 UnfinishedOffer::UnfinishedOffer(UnfinishedRecords records, NoticeBar& notices, std::function<bool()> busy)
     : records_(std::move(records)), notices_(notices), busy_(std::move(busy)) {}
 
-void UnfinishedOffer::lookInto(const std::string& folder) {
+void UnfinishedOffer::lookInto(const std::string& folder, bool ofVehicles) {
   if (!records_.find || !looked_.insert(folder).second) return;
   std::vector<std::string> paths;
-  skipOnFailure([&] { paths = records_.find(folder); });
+  skipOnFailure([&] { paths = records_.find(folder, ofVehicles); });
   if (paths.empty()) return;
   found_.insert(found_.end(), paths.begin(), paths.end());
   show();

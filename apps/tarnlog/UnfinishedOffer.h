@@ -12,8 +12,8 @@ class NoticeBar;
 
 /// Who knows about records that a kill or a power cut left without their end.
 struct UnfinishedRecords {
-  /// Those in this folder that nobody writes any more.
-  std::function<std::vector<std::string>(const std::string& folder)> find = {};
+  /// Those in this folder that nobody writes any more; with `ofVehicles` also those in the folders below it.
+  std::function<std::vector<std::string>(const std::string& folder, bool ofVehicles)> find = {};
   /// Closes one and says what was done; may raise.
   std::function<std::string(const std::string& path)> close = {};
 };
@@ -26,7 +26,7 @@ class UnfinishedOffer {
   UnfinishedOffer(UnfinishedRecords records, NoticeBar& notices, std::function<bool()> busy);
 
   /// Looks into a folder, once.
-  void lookInto(const std::string& folder);
+  void lookInto(const std::string& folder, bool ofVehicles);
 
  private:
   void show(const QString& hint = {});

@@ -9,7 +9,6 @@
 #include "apps/tarnlog/OpeningProgress.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
-#include "ui/main/NoticeBar.h"
 #include "ui/main/TarnMain.h"
 #include "ui/main/WhenIdle.h"
 
@@ -128,8 +127,7 @@ void VehicleSlot::replace(const Vehicle& vehicle, const CarConnection& connectio
     return ended(failure);
   }
   vehicle->session().setNoticeHandler([this](const host::Notice& notice) {
-    if (recorder_ != nullptr)
-      recorder_->notices().showNotice(toQString(notice.subject), toQString(notice.text));
+    emit noticed(toQString(notice.subject), toQString(notice.text));
   });
   vehicle_ = vehicle;
   connection_ = connection;

@@ -65,6 +65,10 @@ class VehicleSlot : public QObject {
   /// The recorder is about to go.
   void letGoOfRecorder() { recorder_ = nullptr; }
 
+ signals:
+  /// Something about the vehicle that people should know while they record.
+  void noticed(const QString& subject, const QString& text);
+
  private:
   bool needsOurLink(const CarConnection& connection) const;
   std::string linkOf(const CarConnection& connection) const;

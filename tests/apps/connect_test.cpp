@@ -62,14 +62,17 @@ struct ConnectTest : ::testing::Test {
   }
   void open() {
     window.reset();
-    window.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
-                                     [this](const CarConnection& car, const LinkHooks& hooks) {
-                                       if (whileOpening) std::exchange(whileOpening, nullptr)();
-                                       hooks.whileWaiting();
-                                       return host::openVehicle(car.vehicle, files, {}, linkClock,
-                                                                hooks.whileWaiting,
-                                                                {car.link, {}, true, hooks.stopAsked});
-                                     }});
+    const auto openCar = [this](const CarConnection& car, const LinkHooks& hooks) {
+      if (whileOpening) std::exchange(whileOpening, nullptr)();
+      hooks.whileWaiting();
+      host::LinkOptions link;
+      link.url = car.link;
+      link.openAtOnce = true;
+      link.stopAsked = hooks.stopAsked;
+      link.phase = hooks.phase;
+      return host::openVehicle(car.vehicle, files, {}, linkClock, hooks.whileWaiting, link);
+    };
+    window.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}}, openCar});
     window->show();
   }
   ConnectDialog& dialog() {

@@ -80,7 +80,7 @@ struct RecorderWindowTest : ::testing::Test {
                                   }};
     environment.folderOfVehicle = [](const std::string& folder, const host::VehicleDescription& vehicle,
                                      const auto&) { return folder + "/" + vehicle.name; };
-    environment.unfinished.find = [this](const std::string& folder) {
+    environment.unfinished.find = [this](const std::string& folder, bool) {
       return folder == "/rec" ? unfinished : std::vector<std::string>{};
     };
     environment.unfinished.close = [](const std::string& path) {

@@ -96,8 +96,9 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     if (options.url.empty())
       throw TarnError(1, "openVehicle",
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
-    return letGoUnless(options.keepOpen, openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale),
-                                                    clock, std::move(idleHook), options.phase));
+    return letGoUnless(options.keepOpen,
+                       openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
+                                  std::move(idleHook), options.phase));
   }
   VehicleDescription description = readVehicleDescription(path, files);
   const std::string url = options.url.empty() ? description.link : options.url;

@@ -469,6 +469,7 @@ TEST(LiveRecorder, ASignalEndsItAlsoWhileABoxIsOpen) {
   const test::TempFolder folder;
   qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path()));
   Signals::install();
+  constexpr int kMostLooks = 100;  // a busy machine takes its time
   QTimer look;
   int looks = 0;
   QObject::connect(&look, &QTimer::timeout, [&] {
@@ -476,7 +477,7 @@ TEST(LiveRecorder, ASignalEndsItAlsoWhileABoxIsOpen) {
     if (looks == 0 && box == nullptr) return;
     if (++looks == 1) {
       std::raise(SIGTERM);
-    } else {  // for a red test that ends
+    } else if (looks > kMostLooks) {  // for a red test that ends
       if (box != nullptr) box->close();
       QApplication::quit();
     }
@@ -485,7 +486,8 @@ TEST(LiveRecorder, ASignalEndsItAlsoWhileABoxIsOpen) {
   LiveOptions options;
   options.vehicle = folder / "none.json";
   EXPECT_EQ(LiveRecorder(options).run(), 0);
-  EXPECT_EQ(looks, 1);
+  EXPECT_GE(looks, 1);
+  EXPECT_LE(looks, kMostLooks);
 }
 
 }  // namespace

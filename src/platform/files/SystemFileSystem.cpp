@@ -84,8 +84,7 @@ void writeBeside(const std::string& beside, const std::string& target, std::stri
   const Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
   if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
     throw systemError(beside, errno);
-  if (file.writeAll(bytes) < bytes.size() || ::fsync(file.get()) != 0)
-    throw systemError(beside, errno);
+  if (file.writeAll(bytes) < bytes.size() || ::fsync(file.get()) != 0) throw systemError(beside, errno);
 }
 
 }  // namespace

@@ -37,14 +37,14 @@ Conversation::Outcome VehicleRequest::ask(bool alone) {
   sent_ = true;
   auto outcome = Conversation::Outcome::answered;
   if (alone || bundle_ == nullptr || !bundle_->take(*this, received_))
-    outcome = ecu_.converse(description_.frame, received_);
+    outcome = ecu_.converse(description_.frame, description_.timeout, received_);
   if (outcome == Conversation::Outcome::answered)
     for (VehicleDataItem& item : data_) item.decode(received_);
   return outcome;
 }
 
 TarnError VehicleRequest::failure(Conversation::Outcome outcome) const {
-  return ecu_.failure(outcome, description_.frame, description_.timeout, received_);
+  return ecu_.failure(outcome, description_.frame, received_);
 }
 
 void VehicleRequest::setNotAvailable() {

@@ -117,7 +117,8 @@ TEST(Trace, ADriveIsReplayedWithOtherDataThanItWasMadeWith) {
     try {
       link->send({2016, "OBD-II"}, *bytesFromHex(request));
       Link::Bytes answer;
-      return (link->receive(answer, milliseconds(200)) ? hexText(answer) : "nothing") + after();
+      const std::string came = link->receive(answer, milliseconds(200)) ? hexText(answer) : "nothing";
+      return came + after();
     } catch (const TarnError& error) {
       return error.description() + after();
     }

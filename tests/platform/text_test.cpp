@@ -24,7 +24,7 @@ TEST(DateText, RendersThePatternsOfFileNamesAndHeaders) {
   EXPECT_EQ(formatDateTime(kEvening, "d/m/yy", german), "6.11.26");
   EXPECT_EQ(formatDateTime(kEvening, "Hh:Nn:ss", german), "09-05-07");
   EXPECT_EQ(formatDateTime(kEvening, "DD MM YYYY h", german), "06 11 2026 9");
-  EXPECT_EQ(formatDateTime(kEvening, "dddd, d. mmm | ddd mmmm 'd''m' d''y", UserLocale()),
+  EXPECT_EQ(formatDateTime(kEvening, "dddd, d. mmm | ddd mmmm 'd''''m' d''y", UserLocale()),
             "Friday, 6. Nov | Fri November d'm 6'26");
   EXPECT_EQ(shortDateText(kEvening, UserLocale()), "11/6/2026");
   EXPECT_EQ(timeOfDayText(kEvening, UserLocale()), "9:05:07");

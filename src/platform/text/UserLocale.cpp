@@ -113,7 +113,7 @@ std::string literalPattern(std::string_view text) {
 }
 
 std::string trimmedPattern(std::string_view pattern) {
-  constexpr std::string_view kAround = " ,";
+  constexpr std::string_view kAround = " ,()";
   pattern.remove_prefix(std::min(pattern.find_first_not_of(kAround), pattern.size()));
   return std::string(pattern.substr(0, pattern.find_last_not_of(kAround) + 1));
 }

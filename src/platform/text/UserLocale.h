@@ -27,7 +27,7 @@ struct UserLocale {
 char separatorOf(std::string_view pattern, char fallback);
 /// Text as a pattern that renders it: letters of patterns and quotes are quoted.
 std::string literalPattern(std::string_view text);
-/// Without the blanks and commas that fields which a pattern lacks have left at its ends.
+/// Without the blanks, commas and brackets that fields which a pattern lacks have left at its ends.
 std::string trimmedPattern(std::string_view pattern);
 
 /// The locale of this process's environment (LC_ALL, LC_NUMERIC, LC_TIME, LANG). Does not change the global

@@ -150,8 +150,22 @@ std::vector<Destination> destinationsOf(const std::string& host, std::uint16_t p
   return {destination};
 }
 
-/// VIN (17 characters), logical address, and more that is of no use here.
-std::optional<DoipEntity> entityIn(std::span<const std::uint8_t> datagram, const std::string& sender) {
+std::optional<DoipEntity> firstEntity(Datagrams& datagrams, std::int64_t deadline) {
+  constexpr int kMost = 1000;  // whoever floods must not hold the caller
+  std::string sender;
+  for (int i = 0; i < kMost; ++i) {
+    const auto datagram = datagrams.receive(deadline, sender);
+    if (!datagram) break;
+    if (auto entity = readDoipAnnouncement(*datagram, sender)) return entity;
+  }
+  return {};
+}
+
+}  // namespace
+
+/// Behind VIN and address stands more that is of no use here.
+std::optional<DoipEntity> readDoipAnnouncement(std::span<const std::uint8_t> datagram,
+                                               const std::string& sender) {
   constexpr std::size_t kVin = 17;
   const auto message = parseDoipDatagram(datagram);
   if (!message || message->type != DoipType::announcement) return {};
@@ -162,19 +176,6 @@ std::optional<DoipEntity> entityIn(std::span<const std::uint8_t> datagram, const
     if (byte >= 0x20 && byte < 0x7F) vin += static_cast<char>(byte);
   return DoipEntity{sender, vin, *address};
 }
-
-std::optional<DoipEntity> firstEntity(Datagrams& datagrams, std::int64_t deadline) {
-  constexpr int kMost = 1000;  // whoever floods must not hold the caller
-  std::string sender;
-  for (int i = 0; i < kMost; ++i) {
-    const auto datagram = datagrams.receive(deadline, sender);
-    if (!datagram) break;
-    if (auto entity = entityIn(*datagram, sender)) return entity;
-  }
-  return {};
-}
-
-}  // namespace
 
 std::optional<DoipEntity> findDoipEntity(const std::string& host, std::uint16_t port, LinkClock& clock,
                                          const std::function<void()>& idleHook) {

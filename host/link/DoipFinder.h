@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "host/link/LinkClock.h"
@@ -16,6 +17,10 @@ struct DoipEntity {
   std::string vin;            ///< vehicle identification number
   std::uint16_t address = 0;  ///< its logical address
 };
+
+/// What a datagram from `sender` (an address in numbers) announces; none when it announces nothing.
+std::optional<DoipEntity> readDoipAnnouncement(std::span<const std::uint8_t> datagram,
+                                               const std::string& sender);
 
 /// Asks one host (its address in numbers), or with "*" everybody on the networks of all interfaces, for a
 /// vehicle, and waits two seconds at most. None when nobody answered.

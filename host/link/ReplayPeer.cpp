@@ -156,8 +156,9 @@ bool ReplayPeer::replayParts(const std::vector<Found>& found, SimulatedAnswers& 
     joined.insert(joined.end(), bytes.begin(), bytes.end());
     delay = std::max(delay, delayOf(*answer, each.place));
   }
-  if (!joined.empty()) answers.add(delay) = std::move(joined);
-  return !joined.empty();
+  if (joined.empty()) return false;
+  answers.add(delay) = std::move(joined);
+  return true;
 }
 
 Span ReplayPeer::part(std::size_t place, Span identifier) const {

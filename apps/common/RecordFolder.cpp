@@ -39,7 +39,7 @@ std::string folderNameOf(std::string_view vehicle) {
 
 std::string folderOfVehicle(const std::string& folder, const host::VehicleDescription& vehicle,
                             const std::function<void(const std::string& why)>& tell) {
-  const std::string path = joinPath(folder, folderNameOf(vehicle.vin.empty() ? vehicle.name : vehicle.vin));
+  std::string path = joinPath(folder, folderNameOf(vehicle.vin.empty() ? vehicle.name : vehicle.vin));
   std::error_code error;
   std::filesystem::create_directory(path, error);
   if (!error) return path;

@@ -124,7 +124,7 @@ class RepairedCopy {
 /// A second name for the original. A file system without links gets it as the only one, for a moment.
 std::string keepOriginal(const std::string& path) {
   for (int number = 1;; ++number) {
-    const std::string kept = path + ".bak" + (number == 1 ? std::string() : std::to_string(number));
+    std::string kept = path + ".bak" + (number == 1 ? std::string() : std::to_string(number));
     if (::link(path.c_str(), kept.c_str()) == 0) return kept;
     if (errno == EEXIST) continue;
     std::error_code error;

@@ -49,6 +49,7 @@ std::vector<std::string> unfinishedRecords(const std::string& folder) {
   }
   std::sort(found.begin(), found.end());
   std::vector<std::string> paths;
+  paths.reserve(found.size());
   for (auto& [time, path] : found) paths.push_back(std::move(path));
   return paths;
 }

@@ -111,7 +111,7 @@ class Search {
     std::map<std::string, int> numbers;
     for (const XmlElement child : element.selectNodes("*")) {
       const std::string name(child.name());
-      const std::string path = (place.empty() ? "" : place + "/") + name;
+      const std::string path = place.empty() ? name : fmt::format("{}/{}", place, name);
       const int number = ++numbers[name];
       if (std::find(known->elements.begin(), known->elements.end(), name) == known->elements.end())
         found.push_back(path + ": unknown element");

@@ -346,6 +346,7 @@ void RecorderWindow::showPlace() {
   const QString text = slot_->vehicle() == nullptr ? QString() : vehicleText();
   place_->setText(place_->fontMetrics().elidedText(text, Qt::ElideMiddle, width() * 2 / 3));
   place_->setToolTip(text);
+  menuBar()->setCornerWidget(place_);  // the bar makes room for a longer text only then
 }
 
 void RecorderWindow::resizeEvent(QResizeEvent* event) {

@@ -16,6 +16,10 @@ using std::chrono::milliseconds;
 constexpr std::int64_t kForgotten = 5'000'000;  // microseconds
 /// Requests after an answer that nobody asked for.
 constexpr int kDistrusted = 100;
+/// Equal requests, one behind the other, after which their answers are compared with something else.
+constexpr int kUnproven = 100;
+/// For that comparison, which an ECU need not understand.
+constexpr milliseconds kProofTime{300};
 
 constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
 constexpr std::uint8_t kTesterPresent = 0x3E;
@@ -37,7 +41,9 @@ bool LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_
   if (link_.readUnasked(target)) distrustDoubled(ecu);
   if (clock_.microseconds() > ecu.givenUp + kForgotten) settle(ecu);
   const bool doubtful = ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(kTesterPresent);
+  const bool unproven = isUnproven(ecu, request);
   if (doubtful && !catchUp(ecu, target, timeout)) return false;
+  if (!doubtful && unproven) ecu.unprovable = !catchUp(ecu, target, std::min(timeout, kProofTime));
   ecu.distrusted -= ecu.distrusted > 0 ? 1 : 0;
   ecu.service = request[0];
   ecu.owesPids = (ecu.owesPids && ecu.owed.any()) || std::ranges::equal(request, kSupportedPids);
@@ -45,6 +51,18 @@ bool LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_
   ecu.strayed = ecu.aside;
   ecu.givenUp = clock_.microseconds() + microseconds(timeout).count();
   return true;
+}
+
+/// Once a surplus answer was taken, each further one is old, and yet there is always one when the next equal
+/// request is sent: nothing comes unasked.
+bool LateAnswers::isUnproven(Ecu& ecu, std::span<const std::uint8_t> request) {
+  if (!std::ranges::equal(ecu.request, request)) {
+    ecu.request.assign(request.begin(), request.end());
+    ecu.alike = 0;
+  }
+  if (++ecu.alike <= kUnproven) return false;
+  ecu.alike = 1;
+  return !ecu.unprovable;
 }
 
 /// Where nothing is owed, the answer before came twice.

@@ -16,7 +16,8 @@ namespace tarnlog::host {
 ///
 /// An ECU answers in the order in which it is asked. So an answer that can belong to the newest request alone
 /// tells that all before it are through. An ECU that owes answers, or gives more than it was asked for, is
-/// first asked something else than what it owes, and what comes before the answer to that is read away.
+/// first asked something else than what it owes, and what comes before the answer to that is read away. So is
+/// one that is asked the same again and again, now and then.
 class LateAnswers {
  public:
   /// Both must outlive it.
@@ -43,10 +44,14 @@ class LateAnswers {
     std::uint8_t service = 0;  ///< of the request sent last
     int aside = 0;             ///< questions of our own that it has not answered
     int strayed = 0;           ///< those of them that are older than the request sent last
+    Link::Bytes request;       ///< sent last
+    int alike = 0;             ///< how often in a row
+    bool unprovable = false;   ///< it did not answer something else when it owed nothing
   };
 
   static void settle(Ecu& ecu);
   static void distrustDoubled(Ecu& ecu);
+  static bool isUnproven(Ecu& ecu, std::span<const std::uint8_t> request);
   bool catchUp(Ecu& ecu, const LinkTarget& target, std::chrono::milliseconds timeout);
 
   Link& link_;

@@ -232,6 +232,28 @@ TEST(LateAnswers, CostNothingWhileNoneCome) {
   EXPECT_GT(car.ecu.asked.count(Bytes{0x3E, 0x00}), 0U);
 }
 
+TEST(LateAnswers, EqualRequestsDoNotFallBehindWithoutEnd) {
+  DoipCar car(false);
+  Tester tester(car);
+  unsigned behind = 0;
+  for (int i = 0; i < 2000; ++i) {
+    // The copy of an answer comes behind the next, equal request; once taken, the ECU's answer is left over.
+    if (i % 320 == 150) {
+      const unsigned count = car.ecu.asked[*bytesFromHex("22 F1 90")];
+      Bytes copy = *bytesFromHex("10 01 0E 00 62 F1 90");
+      copy.insert(copy.end(), {static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
+      car.put(2 * kMillisecond, "80 01", copy);
+    }
+    behind += tester.ask("22 F1 90", 0x1001) == "old" ? 1 : 0;
+  }
+  EXPECT_GT(behind, 0U);
+  EXPECT_LT(behind, 1000U);
+  EXPECT_EQ(tester.ask("22 F1 90", 0x1001), "new");
+
+  car.ecu.knowsTesterPresent = false;
+  for (int i = 0; i < 500; ++i) EXPECT_EQ(tester.ask("22 F1 91", 0x1001), "new");
+}
+
 TEST(LateAnswers, AnEcuThatDoesNotKnowTesterPresentIsBelievedAgainAfterAWhile) {
   CanCar car;
   Tester tester(car);

@@ -76,6 +76,18 @@ TEST(Files, WhatCannotBeOpenedSaysWhyAndWhere) {
   EXPECT_EQ(failureOf([&] { files.openForAppending(folder.path()); }), folder.path() + ": Is a directory");
 }
 
+TEST(Files, WhatIsTooLargeIsRefusedBeforeItFillsTheMemory) {
+  const TempFolder folder;
+  Files files;
+  EXPECT_EQ(failureOf([&] { files.readAll("/dev/zero"); }),
+            "/dev/zero: gives more than 64 MiB, so much is read from regular files only");
+  files.replace(folder / "sparse", "");
+  std::filesystem::resize_file(folder / "sparse", (std::uintmax_t{1} << 40));
+  EXPECT_EQ(failureOf([&] { files.readAll(folder / "sparse"); }),
+            folder / "sparse: is larger than 1 GiB, which no file read here is");
+  EXPECT_FALSE(files.readAll("/proc/self/status").empty()) << "a file that does not tell its size";
+}
+
 TEST(Files, RowsStayWholeOnAFullDiskAndEachOutageIsToldWithWhatItCost) {
   const TempFolder folder;
   Files files;

@@ -87,6 +87,26 @@ void writeBeside(const std::string& beside, const std::string& target, std::stri
   if (file.writeAll(bytes) < bytes.size() || ::fsync(file.get()) != 0) throw systemError(beside, errno);
 }
 
+constexpr std::size_t kBlock = 65536;
+constexpr std::size_t kMostOfFile = std::size_t{1} << 30;
+constexpr std::size_t kMostOfDevice = std::size_t{64} << 20;  ///< or of a pipe: they may never end
+
+/// What is left in the file, `most` bytes of it.
+std::string readUpTo(const Descriptor& file, const std::string& path, std::size_t most,
+                     std::size_t expected = 0) {
+  std::string bytes;
+  bytes.reserve(expected);
+  std::array<char, kBlock> block{};
+  while (bytes.size() < most) {
+    const ssize_t count = ::read(file.get(), block.data(), std::min(block.size(), most - bytes.size()));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw systemError(path, errno);
+    if (count == 0) break;
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+  }
+  return bytes;
+}
+
 }  // namespace
 
 bool SystemFileSystem::folderExists(const std::string& path) const {
@@ -138,25 +158,23 @@ void SystemFileSystem::replace(const std::string& path, std::string_view bytes) 
 }
 
 std::string SystemFileSystem::readAll(const std::string& path) const {
-  constexpr std::size_t kMostBytes = std::size_t{1} << 30;  // a device may never end
-  std::string bytes = readBeginning(path, kMostBytes + 1);
-  if (bytes.size() > kMostBytes)
-    throw TarnError(EFBIG, "FileSystem", path + ": is larger than 1 GiB, which no file read here is");
+  const Descriptor file(path, O_RDONLY);
+  struct stat status {};
+  if (::fstat(file.get(), &status) != 0) throw systemError(path, errno);
+  const bool regular = S_ISREG(status.st_mode);
+  const std::size_t most = regular ? kMostOfFile : kMostOfDevice;
+  const std::size_t size = regular ? static_cast<std::size_t>(status.st_size) : 0;
+  std::string bytes;
+  if (size <= most) bytes = readUpTo(file, path, most + 1, size);
+  if (size > most || bytes.size() > most)
+    throw TarnError(EFBIG, "FileSystem",
+                    path + (regular ? ": is larger than 1 GiB, which no file read here is"
+                                    : ": gives more than 64 MiB, so much is read from regular files only"));
   return bytes;
 }
 
 std::string SystemFileSystem::readBeginning(const std::string& path, std::size_t most) const {
-  const Descriptor file(path, O_RDONLY);
-  std::string bytes;
-  std::array<char, 65536> block{};
-  while (bytes.size() < most) {
-    const ssize_t count = ::read(file.get(), block.data(), std::min(block.size(), most - bytes.size()));
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw systemError(path, errno);
-    if (count == 0) break;
-    bytes.append(block.data(), static_cast<std::size_t>(count));
-  }
-  return bytes;
+  return readUpTo(Descriptor(path, O_RDONLY), path, most);
 }
 
 }  // namespace tarnlog

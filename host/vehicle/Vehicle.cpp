@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <system_error>
 #include <utility>
 
 #include "host/link/OpenLink.h"
@@ -15,14 +16,20 @@
 namespace tarnlog::host {
 namespace {
 
+bool leadsOut(const std::filesystem::path& relative) {
+  return relative.is_absolute() || (!relative.empty() && *relative.begin() == "..");
+}
+
 /// The path of a file that another file names, relative to that one's folder. A description comes from
-/// somebody else: it must not show what lies elsewhere on this machine.
+/// somebody else: it must not show what lies elsewhere on this machine, not by a symbolic link either.
 std::string besides(const std::string& path, const std::string& name) {
-  const std::filesystem::path relative = std::filesystem::path(name).lexically_normal();
-  if (relative.is_absolute() || (!relative.empty() && *relative.begin() == ".."))
-    throw TarnError(1, "readVehicleDescription", name + ": it lies outside the folder of the description");
   const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
+  const std::string folder = slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+  std::error_code error;
+  if (leadsOut(std::filesystem::path(name).lexically_normal()) ||
+      leadsOut(std::filesystem::relative(folder + name, folder, error)) || error)
+    throw TarnError(1, "readVehicleDescription", name + ": it lies outside the folder of the description");
+  return slash == std::string::npos ? name : folder + name;
 }
 
 /// A link of this URL; a replay of a drive tells PIDs apart that were asked for together.

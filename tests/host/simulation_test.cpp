@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "host/link/HexText.h"
@@ -8,6 +10,7 @@
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/TempFolder.h"
 
 namespace tarnlog::host {
 namespace {
@@ -78,6 +81,16 @@ TEST(Simulation, ReadsNoTableOutsideTheDescriptionsFolder) {
     EXPECT_THAT(failure, testing::HasSubstr(std::string(outside) + ": it lies outside the folder"));
     EXPECT_THAT(failure, testing::Not(testing::HasSubstr("password")));
   }
+  Car car;
+  const test::TempFolder folder;
+  std::filesystem::create_directory(folder / "car");
+  std::ofstream(folder / "secret.csv") << "password\n";
+  std::filesystem::create_symlink("../secret.csv", folder / "car/drive.csv");
+  const std::string road = folder / "car/road.json";
+  car.files.files[road] = car.files.files["/cars/road.json"];
+  car.files.files[folder / "car/drive.csv"] = "password\n";
+  EXPECT_THAT(test::failureOf([&] { readVehicleDescription(road, car.files); }),
+              testing::HasSubstr("drive.csv: it lies outside the folder"));
 }
 
 TEST(Simulation, SignalsAndTemplateMakeTheAnswer) {

@@ -181,8 +181,8 @@ class Walk {
     const bool atEnd = markup.size() == window_.rest().size();
     if (atEnd) return put(markup);
     const std::size_t kept = wholeAttributes(markup);
-    if (nameIn(markup) != kRow || markup.substr(0, kept).find(" C1=") == std::string_view::npos)
-      return drop(markup);
+    const bool isRow = markup[1] != '/' && nameIn(markup) == kRow;
+    if (!isRow || markup.substr(0, kept).find(" C1=") == std::string_view::npos) return drop(markup);
     closeDownTo(1);
     put(markup.substr(0, kept));
     put("/>\r\n\t");

@@ -62,6 +62,7 @@ void converse(char protocol, std::string_view input) {
   bool open = false;
   while (!input.empty()) {
     const std::int64_t before = clock.microseconds();
+    const std::size_t left = input.size();
     open = skipOnFailure([&] {
       if (!open) link.open();
       const Link::Bytes request{0x01, 0x0C};
@@ -71,7 +72,8 @@ void converse(char protocol, std::string_view input) {
         require(response.size() <= kLongestMessage && response.size() >= 2);
     });
     require(clock.microseconds() - before < kTwoMinutes);
-    if (input.size() < 2) break;
+    const bool refusedUnasked = input.size() == left;  // ECUs that cannot be told apart are not asked again
+    if (input.size() < 2 || refusedUnasked) break;
   }
 }
 

@@ -10,6 +10,9 @@
 #include "platform/text/UserLocale.h"
 #include "tests/support/TempFolder.h"
 
+/// The C library keeps the path of LOCPATH for ever, once for each category of a locale.
+extern "C" const char* __lsan_default_suppressions() { return "leak:__argz_add_sep"; }
+
 namespace tarnlog {
 namespace {
 

@@ -51,8 +51,11 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
     busy.finish();
     if (outcome != Outcome::silent) noteSuccess(target, request);
     return outcome;
-  } catch (const TarnError& error) {
-    if (dynamic_cast<const EcuUnreachable*>(&error) != nullptr) busy.finish();
+  } catch (const EcuUnreachable&) {
+    busy.finish();
+    returnLater(target, request);
+    throw;
+  } catch (const TarnError&) {
     returnLater(target, request);
     throw;
   }

@@ -10,6 +10,8 @@ namespace {
 
 std::string lineOf(const Lack& lack) {
   switch (lack.kind) {
+    case Lack::Kind::Parameters:
+      return "nothing was read: the file has no element \"Parameters\"";
     case Lack::Kind::Data:
       return "not offered by this vehicle: " + lack.path;
     case Lack::Kind::Duplicate:

@@ -49,7 +49,10 @@ void readScenarioRequest(oScenario& scenario, XmlElement element, const SessionD
 void ReadXmlParameters(oTarnParameters& parameters, XmlElement root, const SessionDocument& session,
                        LoadReport* report) {
   const XmlElement element = root.firstChild("Parameters");
-  if (!element) return;
+  if (!element) {
+    if (report != nullptr) report->noParameters = true;
+    return;
+  }
   readChildText(element, "Comment", parameters.userDescription);
   readChildText(element, "StartSession", parameters.startSession);
   parameters.initScenario = std::make_shared<oScenario>();

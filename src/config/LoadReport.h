@@ -15,7 +15,8 @@ struct LoadReport {
   };
   std::vector<Dropped> data;
   std::vector<Dropped> scenarioRequests;
-  bool record = false;  ///< the file is a record or an event file; its rows are no configuration
+  bool noParameters = false;  ///< a version-2.0 file without its "Parameters": nothing of it was taken
+  bool record = false;        ///< the file is a record or an event file; its rows are no configuration
 };
 
 }  // namespace tarnlog

@@ -44,6 +44,7 @@ SessionLoad loadForSession(oTarnParameters& parameters, const FileSystem& files,
   parameters.CheckAndCorrect();
 
   std::vector<Lack> lacks;
+  if (report.noParameters) lacks.push_back({Lack::Kind::Parameters, {}});
   addData(lacks, report);
   addWrongFunctions(lacks, parameters, session);
   for (const LoadReport::Dropped& request : report.scenarioRequests)

@@ -12,6 +12,7 @@ namespace tarnlog {
 /// One thing that a configuration asks for and the connected vehicle does not give.
 struct Lack {
   enum class Kind {
+    Parameters,       ///< the file has no "Parameters" element, and nothing in it was taken
     Data,             ///< not offered, dropped
     Duplicate,        ///< in the file before, taken once
     WrongFunction,    ///< loaded, but cannot be acquired: the ECU has another function in the vehicle

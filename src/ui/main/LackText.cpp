@@ -23,6 +23,8 @@ QString firstNames(const std::vector<Lack>& lacks) {
 QString LackText::lineOf(const Lack& lack) {
   const QString path = toQString(lack.path);
   switch (lack.kind) {
+    case Lack::Kind::Parameters:
+      return tr("Nothing was read: the file has no element \"Parameters\"");
     case Lack::Kind::Data:
       return tr("Not offered by this vehicle: %1").arg(path);
     case Lack::Kind::Duplicate:

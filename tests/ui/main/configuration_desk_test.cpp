@@ -88,6 +88,10 @@ TEST_F(ConfigurationDeskTest, KnowsWhatSavingInPlaceWouldLose) {
   EXPECT_FALSE(desk.incomplete()) << "the new file has all that there is";
   desk.load("/d.xml");
   EXPECT_FALSE(desk.incomplete());
+  files.files["/none.xml"] = kOneOfTwo.substr(0, kOneOfTwo.find("<Parameters>")) +
+                             kOneOfTwo.substr(kOneOfTwo.find("<Datas>"));
+  desk.load("/none.xml");
+  EXPECT_TRUE(desk.incomplete()) << "without \"Parameters\" nothing is read";
 
   const std::string opening = R"(<Tarnlog2000 Version="2.0">)";
   const auto withHead = [&](const std::string& head) {

@@ -1,5 +1,8 @@
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -95,6 +98,19 @@ void report(const std::string& output, const std::string& text) {
     print(shown);
 }
 
+/// The library's own range says "not in range" of 2.7.
+CLI::Validator wholeNumber(int least, int most) {
+  return {[least, most](const std::string& text) {
+            int value = 0;
+            const char* const end = text.data() + text.size();
+            const auto read = std::from_chars(text.data(), end, value);
+            if (read.ec == std::errc() && read.ptr == end && value >= least && value <= most)
+              return std::string();
+            return fmt::format("{} is not a whole number from {} to {}", text, least, most);
+          },
+          fmt::format("INT in [{} - {}]", least, most)};
+}
+
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
   addVehicle(command, options.vehicle, options.link);
@@ -108,16 +124,16 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
                    "Write the files into a folder there that is named after the vehicle");
   command.add_option("--format", options.format, "File format")->check(CLI::IsMember({".txt", ".xml"}));
   command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
-      ->check(CLI::Range(0, 2147483))
+      ->check(wholeNumber(0, 2147483))
       ->type_name("S");
   command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
   command.add_option("--duration", options.duration, "End the run S seconds after the first data")
-      ->check(CLI::Range(1, 2147483))
+      ->check(wholeNumber(1, 2147483))
       ->type_name("S");
   command
       .add_option("--recordings", options.recordings,
                   "End the run after N recordings (default: 1 when the start is manual, else no limit)")
-      ->check(CLI::Range(1, 1000000000))
+      ->check(wholeNumber(1, 1000000000))
       ->type_name("N");
   command.footer(
       "Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is the event "

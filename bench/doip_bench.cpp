@@ -7,10 +7,10 @@
 
 #include "bench/support/Goals.h"
 #include "bench/support/Loopback.h"
-#include "host/link/DoipLink.h"
-#include "host/link/HexText.h"
 #include "host/link/SystemLinkClock.h"
-#include "host/link/TcpStream.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/link/stream/TcpStream.h"
+#include "host/service/HexText.h"
 #include "tests/support/LoopbackServer.h"
 
 namespace {

@@ -7,11 +7,11 @@
 
 #include "bench/support/CountedAllocations.h"
 #include "bench/support/Goals.h"
-#include "host/link/SimulatedLink.h"
 #include "host/link/SystemLinkClock.h"
-#include "host/vehicle/VehicleDescription.h"
-#include "host/vehicle/VehicleSession.h"
-#include "host/vehicle/VehicleSimulator.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/vehicle/description/VehicleDescription.h"
+#include "host/vehicle/session/VehicleSession.h"
+#include "host/vehicle/simulation/VehicleSimulator.h"
 #include "tests/support/ManualLinkClock.h"
 
 /// What does polling a described vehicle cost beside the vehicle's own time?

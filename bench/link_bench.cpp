@@ -10,9 +10,9 @@
 
 #include "bench/support/Goals.h"
 #include "bench/support/Loopback.h"
-#include "host/link/Elm327Link.h"
 #include "host/link/SystemLinkClock.h"
-#include "host/link/TcpStream.h"
+#include "host/link/elm/Elm327Link.h"
+#include "host/link/stream/TcpStream.h"
 #include "tests/support/LoopbackServer.h"
 
 namespace {

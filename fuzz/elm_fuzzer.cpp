@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/link/Elm327Link.h"
+#include "host/link/elm/Elm327Link.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/PeerStream.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/odx/OdxImport.h"
-#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/description/DescriptionWriter.h"
 #include "platform/base/TarnError.h"
 
 using namespace tarnlog;

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "host/link/OpenLink.h"
-#include "host/vehicle/CsvTable.h"
+#include "host/vehicle/description/CsvTable.h"
 #include "platform/base/TarnError.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "tests/support/ManualLinkClock.h"

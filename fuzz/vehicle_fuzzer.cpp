@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
-#include "host/link/SimulatedLink.h"
-#include "host/vehicle/VehicleDescription.h"
-#include "host/vehicle/VehicleSession.h"
-#include "host/vehicle/VehicleSimulator.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/vehicle/description/VehicleDescription.h"
+#include "host/vehicle/session/VehicleSession.h"
+#include "host/vehicle/simulation/VehicleSimulator.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 

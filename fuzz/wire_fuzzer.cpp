@@ -7,13 +7,13 @@
 #include <span>
 #include <string_view>
 
-#include "host/link/DoipFinder.h"
-#include "host/link/DoipLink.h"
-#include "host/link/DoipMessage.h"
-#include "host/link/HexText.h"
-#include "host/link/IsoTp.h"
-#include "host/link/IsoTpStream.h"
-#include "host/link/Trace.h"
+#include "host/link/can/IsoTp.h"
+#include "host/link/can/IsoTpStream.h"
+#include "host/link/doip/DoipFinder.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/link/doip/DoipMessage.h"
+#include "host/link/trace/Trace.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/PeerStream.h"

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "config/oTarnParameters.h"
-#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/description/VehicleDescription.h"
 
 namespace tarnlog {
 

@@ -4,7 +4,7 @@
 
 #include "apps/tarn-record/OutputFile.h"
 #include "host/odx/OdxImport.h"
-#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/description/DescriptionWriter.h"
 
 namespace tarnlog::record {
 namespace {

@@ -8,7 +8,7 @@
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/OutputFile.h"
 #include "host/link/SystemLinkClock.h"
-#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/description/DescriptionWriter.h"
 
 namespace tarnlog::record {
 

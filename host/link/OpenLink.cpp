@@ -3,18 +3,18 @@
 #include <charconv>
 #include <utility>
 
-#include "host/link/DoipLink.h"
-#include "host/link/Elm327Link.h"
-#include "host/link/IsoTpLink.h"
 #include "host/link/LinkUrl.h"
 #include "host/link/PatientLink.h"
-#include "host/link/ReplayPeer.h"
-#include "host/link/SerialStream.h"
-#include "host/link/SimulatedLink.h"
-#include "host/link/SocketCan.h"
-#include "host/link/TcpStream.h"
-#include "host/link/TextTap.h"
-#include "host/link/Trace.h"
+#include "host/link/can/IsoTpLink.h"
+#include "host/link/can/SocketCan.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/link/elm/Elm327Link.h"
+#include "host/link/stream/SerialStream.h"
+#include "host/link/stream/TcpStream.h"
+#include "host/link/stream/TextTap.h"
+#include "host/link/trace/ReplayPeer.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/link/trace/Trace.h"
 
 namespace tarnlog::host {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
-#include "host/link/ReplayPeer.h"
+#include "host/link/trace/ReplayPeer.h"
 #include "platform/files/FileSystem.h"
 
 namespace tarnlog::host {

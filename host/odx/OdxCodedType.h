@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "host/vehicle/DataLayout.h"
+#include "host/vehicle/description/DataLayout.h"
 #include "platform/xml/XmlDocument.h"
 
 namespace tarnlog::host {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "host/link/HexText.h"
 #include "host/odx/LeftOut.h"
 #include "host/odx/OdxCodedType.h"
+#include "host/service/HexText.h"
 
 namespace tarnlog::host {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/odx/PdxArchive.h"
-#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/description/VehicleDescription.h"
 
 namespace tarnlog::host {
 

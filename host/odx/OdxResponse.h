@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/odx/OdxLayer.h"
-#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/description/VehicleDescription.h"
 
 namespace tarnlog::host {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/odx/OdxLibrary.h"
-#include "host/vehicle/VehicleDescription.h"
+#include "host/vehicle/description/VehicleDescription.h"
 
 namespace tarnlog::host {
 

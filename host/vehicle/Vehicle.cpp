@@ -6,11 +6,11 @@
 #include <utility>
 
 #include "host/link/OpenLink.h"
-#include "host/link/SimulatedLink.h"
-#include "host/link/TraceLink.h"
-#include "host/vehicle/ObdPids.h"
-#include "host/vehicle/ObdScan.h"
-#include "host/vehicle/VehicleSimulator.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/link/trace/TraceLink.h"
+#include "host/vehicle/description/ObdPids.h"
+#include "host/vehicle/obd/ObdScan.h"
+#include "host/vehicle/simulation/VehicleSimulator.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {

@@ -6,9 +6,9 @@
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
-#include "host/vehicle/OpeningPhase.h"
-#include "host/vehicle/VehicleDescription.h"
-#include "host/vehicle/VehicleSession.h"
+#include "host/vehicle/description/VehicleDescription.h"
+#include "host/vehicle/obd/OpeningPhase.h"
+#include "host/vehicle/session/VehicleSession.h"
 #include "platform/files/FileSystem.h"
 #include "platform/text/UserLocale.h"
 

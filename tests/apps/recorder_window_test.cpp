@@ -28,7 +28,7 @@
 #include "apps/tarnlog/LinkAddress.h"
 #include "apps/tarnlog/LiveRecorder.h"
 #include "config/RegisterParameters.h"
-#include "host/link/SimulatedLink.h"
+#include "host/link/trace/SimulatedLink.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/ManualLinkClock.h"

@@ -3,10 +3,10 @@
 #include <cmath>
 #include <limits>
 
-#include "host/link/HexText.h"
-#include "host/vehicle/DataLayout.h"
-#include "host/vehicle/ResponseCheck.h"
-#include "host/vehicle/ValueText.h"
+#include "host/service/HexText.h"
+#include "host/service/ResponseCheck.h"
+#include "host/vehicle/description/DataLayout.h"
+#include "host/vehicle/session/ValueText.h"
 
 namespace tarnlog::host {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "SourceDir.h"
-#include "host/link/HexText.h"
-#include "host/vehicle/DescriptionWriter.h"
+#include "host/service/HexText.h"
+#include "host/vehicle/description/DescriptionWriter.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 

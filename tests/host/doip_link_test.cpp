@@ -4,11 +4,11 @@
 #include <future>
 #include <thread>
 
-#include "host/link/DoipFinder.h"
-#include "host/link/DoipLink.h"
-#include "host/link/HexText.h"
 #include "host/link/SystemLinkClock.h"
-#include "host/link/TcpStream.h"
+#include "host/link/doip/DoipFinder.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/link/stream/TcpStream.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/LoopbackServer.h"
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "host/link/Elm327Link.h"
-#include "host/link/HexText.h"
 #include "host/link/PatientLink.h"
+#include "host/link/elm/Elm327Link.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/Elm327Peer.h"
 #include "tests/support/FailureOf.h"

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "host/link/ElmFrames.h"
-#include "host/link/HexText.h"
+#include "host/link/elm/ElmFrames.h"
+#include "host/service/HexText.h"
 
 namespace tarnlog::host {
 namespace {

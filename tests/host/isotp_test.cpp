@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
-#include "host/link/HexText.h"
-#include "host/link/IsoTpLink.h"
-#include "host/link/IsoTpStream.h"
+#include "host/link/can/IsoTpLink.h"
+#include "host/link/can/IsoTpStream.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/ScriptedBus.h"

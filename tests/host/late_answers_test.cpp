@@ -5,11 +5,11 @@
 #include <map>
 #include <random>
 
-#include "host/link/DoipLink.h"
-#include "host/link/HexText.h"
-#include "host/link/IsoTpLink.h"
-#include "host/link/IsoTpStream.h"
-#include "host/vehicle/Conversation.h"
+#include "host/link/can/IsoTpLink.h"
+#include "host/link/can/IsoTpStream.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/service/HexText.h"
+#include "host/vehicle/session/Conversation.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"

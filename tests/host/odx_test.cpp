@@ -6,7 +6,7 @@
 
 #include "SourceDir.h"
 #include "host/odx/OdxImport.h"
-#include "host/vehicle/DescriptionWriter.h"
+#include "host/vehicle/description/DescriptionWriter.h"
 #include "platform/files/SystemFileSystem.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/TempFolder.h"

@@ -3,11 +3,11 @@
 #include <array>
 #include <utility>
 
-#include "host/link/DoipLink.h"
-#include "host/link/HexText.h"
 #include "host/link/OpenLink.h"
 #include "host/link/PatientLink.h"
-#include "host/link/SimulatedLink.h"
+#include "host/link/doip/DoipLink.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"

@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdlib>
 
-#include "host/link/SerialStream.h"
 #include "host/link/SystemLinkClock.h"
+#include "host/link/stream/SerialStream.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/PseudoTerminal.h"

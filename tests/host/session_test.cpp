@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "host/link/SimulatedLink.h"
-#include "host/vehicle/VehicleSession.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/vehicle/session/VehicleSession.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"

@@ -4,9 +4,10 @@
 #include <fstream>
 #include <string>
 
-#include "host/link/HexText.h"
+#include "host/service/HexText.h"
 #include "host/vehicle/Vehicle.h"
-#include "host/vehicle/VehicleSimulator.h"
+#include "host/vehicle/simulation/SignalValue.h"
+#include "host/vehicle/simulation/VehicleSimulator.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
@@ -166,23 +167,23 @@ TEST(Simulation, TheSameSeedGivesTheSameRun) {
 
 TEST(Signal, IsAFunctionOfTime) {
   Signal ramp{Signal::Kind::ramp, 20, 90, 10};
-  EXPECT_DOUBLE_EQ(ramp.valueAt(5), 55);
-  EXPECT_DOUBLE_EQ(ramp.valueAt(15), 55);
+  EXPECT_DOUBLE_EQ(signalValue(ramp, 5), 55);
+  EXPECT_DOUBLE_EQ(signalValue(ramp, 15), 55);
   ramp.repeats = false;
-  EXPECT_DOUBLE_EQ(ramp.valueAt(15), 90);
+  EXPECT_DOUBLE_EQ(signalValue(ramp, 15), 90);
   const Signal sine{Signal::Kind::sine, 50, 10, 4, 1};
-  EXPECT_NEAR(sine.valueAt(0), 40, 1e-9);
-  EXPECT_NEAR(sine.valueAt(2), 60, 1e-9);
+  EXPECT_NEAR(signalValue(sine, 0), 40, 1e-9);
+  EXPECT_NEAR(signalValue(sine, 2), 60, 1e-9);
   const Signal square{Signal::Kind::square, 0, 1, 2, 0.5};
-  EXPECT_EQ(square.valueAt(0), 1);
-  EXPECT_EQ(square.valueAt(0.5), 0);
-  EXPECT_EQ(square.valueAt(1.5), 1);
+  EXPECT_EQ(signalValue(square, 0), 1);
+  EXPECT_EQ(signalValue(square, 0.5), 0);
+  EXPECT_EQ(signalValue(square, 1.5), 1);
   Signal table{Signal::Kind::table, 0, 0, 6, 0, false, true, {1, 2, 4}, {10, 20, 40}};
-  EXPECT_EQ(table.valueAt(0), 10);
-  EXPECT_DOUBLE_EQ(table.valueAt(3), 30);
-  EXPECT_EQ(table.valueAt(100), 40);
+  EXPECT_EQ(signalValue(table, 0), 10);
+  EXPECT_DOUBLE_EQ(signalValue(table, 3), 30);
+  EXPECT_EQ(signalValue(table, 100), 40);
   table.repeats = true;
-  EXPECT_DOUBLE_EQ(table.valueAt(9), 30);
+  EXPECT_DOUBLE_EQ(signalValue(table, 9), 30);
 }
 
 }  // namespace

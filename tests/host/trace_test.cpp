@@ -4,11 +4,11 @@
 #include <memory>
 #include <optional>
 
-#include "host/link/HexText.h"
-#include "host/link/ReplayPeer.h"
-#include "host/link/SimulatedLink.h"
-#include "host/link/TextTap.h"
-#include "host/link/TraceLink.h"
+#include "host/link/stream/TextTap.h"
+#include "host/link/trace/ReplayPeer.h"
+#include "host/link/trace/SimulatedLink.h"
+#include "host/link/trace/TraceLink.h"
+#include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/ManualLinkClock.h"

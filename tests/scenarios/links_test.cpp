@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "host/link/Elm327Link.h"
-#include "host/link/HexText.h"
-#include "host/link/IsoTpLink.h"
-#include "host/link/IsoTpStream.h"
+#include "host/link/can/IsoTpLink.h"
+#include "host/link/can/IsoTpStream.h"
+#include "host/link/elm/Elm327Link.h"
+#include "host/service/HexText.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/Elm327Peer.h"
 #include "tests/support/LoopbackServer.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/link/HexText.h"
+#include "host/service/HexText.h"
 
 namespace tarnlog::test {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "host/link/ByteStream.h"
+#include "host/link/stream/ByteStream.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "host/link/CanPort.h"
-#include "host/link/HexText.h"
+#include "host/link/can/CanPort.h"
+#include "host/service/HexText.h"
 #include "tests/support/ManualLinkClock.h"
 
 namespace tarnlog::test {

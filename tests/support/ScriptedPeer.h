@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/link/HexText.h"
-#include "host/link/SimulatedPeer.h"
+#include "host/link/trace/SimulatedPeer.h"
+#include "host/service/HexText.h"
 
 namespace tarnlog::test {
 

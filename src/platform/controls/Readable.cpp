@@ -41,4 +41,9 @@ QColor readableCurve(const QColor& colour, const QColor& background) {
   return readable(colour, background, isDark(background) ? kCurveContrastOnDark : kCurveContrast);
 }
 
+QColor cellColour(const QPalette& palette, const QColor& colour) {
+  if (!isDark(palette.color(QPalette::Window))) return colour;
+  return QColor::fromHsl(std::max(colour.hslHue(), 0), colour.hslSaturation(), 255 - colour.lightness());
+}
+
 }  // namespace tarnlog

@@ -19,13 +19,13 @@
 #include "ui/acquisition/HotKeys.h"
 #include "ui/acquisition/KeyboardHelp.h"
 #include "ui/acquisition/LogList.h"
-#include "ui/acquisition/ScrolledGraphs.h"
 #include "ui/acquisition/TabStrip.h"
 #include "ui/acquisition/UserWords.h"
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/acquisition/ValueListView.h"
 #include "ui/common/Convert.h"
 #include "ui/common/ElidedLabel.h"
+#include "ui/live/ScrolledGraphs.h"
 
 namespace tarnlog {
 

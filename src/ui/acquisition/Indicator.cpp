@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "ui/acquisition/Readable.h"
+#include "platform/controls/Readable.h"
 #include "ui/common/Convert.h"
 
 namespace tarnlog {

@@ -4,7 +4,7 @@
 
 #include "tests/display/DisplayFixture.h"
 #include "tests/support/SteppedClock.h"
-#include "ui/acquisition/GraphicFrameWidget.h"
+#include "ui/live/GraphicFrameWidget.h"
 
 namespace tarnlog::test {
 

@@ -8,8 +8,8 @@
 
 #include "LiveDisplay.h"
 #include "tests/support/TempFolder.h"
-#include "ui/acquisition/GraphMenu.h"
-#include "ui/acquisition/ValueText.h"
+#include "ui/live/GraphMenu.h"
+#include "ui/live/ValueText.h"
 
 namespace tarnlog::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "LiveDisplay.h"
-#include "ui/acquisition/Readable.h"
+#include "platform/controls/Readable.h"
 
 namespace tarnlog::test {
 namespace {

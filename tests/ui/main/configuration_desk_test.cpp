@@ -88,8 +88,8 @@ TEST_F(ConfigurationDeskTest, KnowsWhatSavingInPlaceWouldLose) {
   EXPECT_FALSE(desk.incomplete()) << "the new file has all that there is";
   desk.load("/d.xml");
   EXPECT_FALSE(desk.incomplete());
-  files.files["/none.xml"] = kOneOfTwo.substr(0, kOneOfTwo.find("<Parameters>")) +
-                             kOneOfTwo.substr(kOneOfTwo.find("<Datas>"));
+  files.files["/none.xml"] =
+      kOneOfTwo.substr(0, kOneOfTwo.find("<Parameters>")) + kOneOfTwo.substr(kOneOfTwo.find("<Datas>"));
   desk.load("/none.xml");
   EXPECT_TRUE(desk.incomplete()) << "without \"Parameters\" nothing is read";
 

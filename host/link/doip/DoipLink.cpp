@@ -1,0 +1,286 @@
+#include "host/link/doip/DoipLink.h"
+
+#include <array>
+#include <utility>
+
+#include "host/link/doip/DoipFinder.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kActivationTime = 2'000'000;  ///< microseconds
+constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a request to all ECUs
+constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
+constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
+constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message, after its last bytes
+constexpr const char* kObd = "OBD-II";
+
+/// Requests to a group of ECUs are answered by each in its own name.
+bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
+
+/// The supported PIDs (service 01, PID 00), or the word that they follow.
+bool offersObd(std::span<const std::uint8_t> response) {
+  return (response.size() >= 2 && response[0] == 0x41 && response[1] == 0x00) ||
+         (response.size() >= 3 && response[0] == 0x7F && response[1] == 0x01 && response[2] == 0x78);
+}
+
+}  // namespace
+
+DoipLink::DoipLink(DoipSettings settings, Connect connect, LinkClock& clock)
+    : settings_(std::move(settings)), connect_(std::move(connect)), clock_(clock) {}
+
+void DoipLink::fail(const std::string& text) const {
+  throw TarnError(1, "DoipLink", settings_.host + ": " + text);
+}
+
+std::string DoipLink::findHost() {
+  if (settings_.host != "*") return settings_.host;
+  const auto entity = findDoipEntity(settings_.host, settings_.port, clock_, waitHook_);
+  if (!entity) fail("no vehicle answers on the local networks; is the cable plugged in and the ignition on?");
+  gateway_ = entity->address;
+  return entity->host;
+}
+
+void DoipLink::connect(const std::string& host) {
+  close();
+  stream_ = connect_(host, settings_.port);
+  stream_->setIdleHook(waitHook_);
+  stream_->open();
+}
+
+void DoipLink::open() {
+  patience_.begin();
+  const std::string host = findHost();
+  connect(host);
+  if (activateRouting()) return;
+  // Having refused a version, the gateway closes the connection.
+  connect(host);
+  if (!activateRouting()) fail("the gateway did not understand a message");
+}
+
+void DoipLink::close() {
+  if (stream_) stream_->close();
+  stream_.reset();
+  messages_.clear();
+  unasked_.clear();
+  acknowledgesFirst_ = false;
+  misjudged_ = 0;
+}
+
+/// False when the gateway asks for another version of the protocol, which is the one spoken from then on.
+bool DoipLink::activateRouting() {
+  stream_->write(doipRoutingActivation(settings_.tester, version_));
+  const std::int64_t deadline = clock_.microseconds() + kActivationTime;
+  bool pending = false;
+  do {
+    const auto message = nextMessage(deadline);
+    if (!message) break;
+    if (speaksOtherVersion(*message)) {
+      version_ = message->version;
+      return false;
+    }
+    if (message->type != DoipType::routingActivationResponse) continue;
+    if (isGranted(message->payload)) {
+      gateway_ = doipNumber(message->payload, 2).value_or(gateway_);
+      return true;
+    }
+    pending = true;
+  } while (clock_.microseconds() < deadline);
+  fail(pending ? "the gateway waits until the connection is confirmed in the car"
+               : "the gateway does not answer the activation of the connection");
+}
+
+bool DoipLink::speaksOtherVersion(const DoipMessage& refusal) const {
+  constexpr std::uint8_t kIncorrectPattern = 0x00;
+  return refusal.type == DoipType::refused && !refusal.payload.empty() &&
+         refusal.payload[0] == kIncorrectPattern && refusal.version != version_;
+}
+
+/// False while somebody in the car is asked; a refusal is raised.
+bool DoipLink::isGranted(std::span<const std::uint8_t> activation) const {
+  constexpr std::size_t kCode = 4;
+  constexpr std::uint8_t kGranted = 0x10;
+  constexpr std::uint8_t kConfirmationPending = 0x11;
+  if (activation.size() <= kCode) fail("the gateway's answer to the activation is cut off");
+  const std::uint8_t code = activation[kCode];
+  if (code != kGranted && code != kConfirmationPending) fail(doipActivationText(code));
+  return code == kGranted;
+}
+
+std::uint16_t DoipLink::ecuOf(const LinkTarget& target) const {
+  const auto own = static_cast<std::uint16_t>(target.address);
+  return settings_.ecu.value_or(target.address > 0 && target.address <= 0xFFFF ? own : gateway_);
+}
+
+void DoipLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  if (!stream_) fail("the connection is not open");
+  patience_.begin();
+  readAway();
+  post(ecuOf(target), request);
+}
+
+void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
+  target_ = ecu;
+  acknowledged_ = early_ = false;
+  doipDiagnostic(settings_.tester, target_, request, version_, frame_);
+  stream_->write(frame_);
+}
+
+bool DoipLink::readUnasked(const LinkTarget& target) {
+  if (!stream_) return false;
+  patience_.begin();
+  readAway();
+  return unasked_.erase(ecuOf(target)) > 0;
+}
+
+/// What has come meanwhile belongs to a request that is over, not to the next one. A message that has begun
+/// is read to its end: what the next request brings would fill it up.
+void DoipLink::readAway() {
+  constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
+  target_ = 0;
+  for (int i = 0; i < kMost; ++i) {
+    auto message = nextMessage(clock_.microseconds());
+    if (!message && messages_.hasBegun()) {
+      message = nextMessage(heard_ + kRestTime);
+      if (!message) fail("the gateway broke off in the middle of a message");
+    }
+    if (!message) return;
+    noteUnasked(*message);
+  }
+}
+
+void DoipLink::noteUnasked(const DoipMessage& message) {
+  if (message.type != DoipType::diagnostic || message.payload.size() <= 4) return;
+  if (doipNumber(message.payload, 2) == settings_.tester) unasked_.insert(*doipNumber(message.payload, 0));
+}
+
+bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
+  if (!stream_) fail("the connection is not open");
+  const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
+  // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
+  do {
+    const auto message = nextMessage(deadline);
+    if (!message) break;
+    if (isAnswer(*message) && !isEarly()) {
+      const auto bytes = message->payload.subspan(4);
+      response.assign(bytes.begin(), bytes.end());
+      learnOrder(true);
+      return true;
+    }
+    early_ = early_ || isAnswer(*message);
+    noteUnasked(*message);
+  } while (clock_.microseconds() < deadline);
+  learnOrder(false);
+  return false;
+}
+
+/// A gateway acknowledges a request before its ECU can answer. What comes from the ECU before that is late or
+/// doubled, where the gateway is known to keep to it.
+bool DoipLink::isEarly() const { return acknowledgesFirst_ && !acknowledged_; }
+
+/// Twice in a row, what was passed over may have been the answer.
+void DoipLink::learnOrder(bool answered) {
+  constexpr int kMostMisjudged = 2;
+  if (answered && misjudged_ < kMostMisjudged) {
+    acknowledgesFirst_ = acknowledged_;
+    misjudged_ = 0;
+  } else if (!answered && std::exchange(early_, false) && ++misjudged_ >= kMostMisjudged) {
+    acknowledgesFirst_ = false;
+  }
+}
+
+bool DoipLink::isAnswer(const DoipMessage& message) const {
+  if (message.type != DoipType::diagnostic || message.payload.size() <= 4) return false;
+  const auto source = doipNumber(message.payload, 0);
+  const auto receiver = doipNumber(message.payload, 2);
+  return receiver == settings_.tester && (source == target_ || isGroup(target_));
+}
+
+/// The next message, after what the protocol itself asks for; none when none came in time.
+std::optional<DoipMessage> DoipLink::nextMessage(std::int64_t deadline) {
+  std::array<std::uint8_t, 4096> bytes;
+  for (;;) {
+    if (const auto message = messages_.next()) {
+      handle(*message);
+      return message;
+    }
+    if (messages_.broken()) fail("what answers at this port does not speak diagnostics over IP");
+    const std::size_t count = stream_->read(bytes, deadline);
+    if (count == 0) return {};
+    heard_ = clock_.microseconds();
+    messages_.append(std::span(bytes).first(count));
+  }
+}
+
+void DoipLink::handle(const DoipMessage& message) {
+  switch (message.type) {
+    case DoipType::aliveCheckRequest:
+      stream_->write(doipAliveResponse(settings_.tester, version_));
+      break;
+    case DoipType::refused:
+      if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
+      break;
+    case DoipType::diagnosticAcknowledged:
+      acknowledged_ = true;
+      break;
+    case DoipType::diagnosticRefused:
+      // Some gateways refuse in their own name.
+      if (message.payload.size() > 4 && (doipNumber(message.payload, 0) == target_ ||
+                                         (doipNumber(message.payload, 0) == gateway_ && target_ != 0)))
+        throw EcuUnreachable(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
+      break;
+    default:
+      break;
+  }
+}
+
+std::vector<LinkTarget> DoipLink::findEcus() {
+  patience_.begin();
+  // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
+  constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};
+  if (settings_.ecu) return {LinkTarget{*settings_.ecu, kObd}};
+  std::set<std::uint16_t> found;
+  for (const std::uint16_t group : kGroups)
+    if (found.empty()) askForObd(group, clock_.microseconds() + kGroupTime, found);
+  if (found.empty()) askNeighbours(found);
+  if (found.empty())
+    throw EcuUnreachable(1, "DoipLink",
+                         settings_.host +
+                             ": the gateway knows no ECU that offers OBD data; is the ignition "
+                             "on? ?ecu= in the link names the address of one");
+  std::vector<LinkTarget> ecus;
+  ecus.reserve(found.size());
+  for (const std::uint16_t address : found) ecus.push_back({address, kObd});
+  return ecus;
+}
+
+/// Asks one ECU, or a group, and notes who answers.
+void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
+  constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
+  post(address, kSupportedPids);  // an answer that comes late is one of those that are looked for
+  try {
+    do {
+      const auto message = nextMessage(deadline);
+      if (!message) return;
+      if (message->type != DoipType::diagnostic || message->payload.size() <= 4) continue;
+      const std::uint16_t source = doipNumber(message->payload, 0).value_or(0);
+      if (offersObd(message->payload.subspan(4))) found.insert(source);
+      if (source == address) return;
+    } while (clock_.microseconds() < deadline);
+  } catch (const EcuUnreachable&) {
+    // There is none at this address.
+  }
+}
+
+/// The addresses that share the upper byte with the gateway's, its own first.
+void DoipLink::askNeighbours(std::set<std::uint16_t>& found) {
+  const std::int64_t last = clock_.microseconds() + kNeighboursTime;
+  for (unsigned i = 0; i < 0x100 && clock_.microseconds() < last; ++i) {
+    const auto address = static_cast<std::uint16_t>((gateway_ & 0xFF00) | ((gateway_ + i) & 0xFF));
+    if (address != 0 && address != settings_.tester)
+      askForObd(address, clock_.microseconds() + kNeighbourTime, found);
+  }
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+#include "host/link/StopPatience.h"
+#include "host/link/doip/DoipMessage.h"
+#include "host/link/stream/ByteStream.h"
+
+namespace tarnlog::host {
+
+struct DoipSettings {
+  std::string host;  ///< name or address; "*" looks for a vehicle on the local networks
+  std::uint16_t port = kDoipPort;
+  std::uint16_t tester = 0x0E00;     ///< our own logical address
+  std::optional<std::uint16_t> ecu;  ///< logical address of the ECU for every request; else the request's own
+};
+
+/// Diagnostics over IP (ISO 13400-2): one TCP connection to the vehicle's gateway, over which all of its ECUs
+/// are reached.
+class DoipLink : public Link {
+ public:
+  using Connect = std::function<std::unique_ptr<ByteStream>(const std::string& host, std::uint16_t port)>;
+
+  /// `connect` makes a stream that is not open yet. The clock must outlive the link.
+  DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The ECU of the settings, where they name one. Else the ECUs that answer a request to all of them, and
+  /// where the gateway passes none on, those that answer at addresses near its own. EcuUnreachable when there
+  /// is none.
+  std::vector<LinkTarget> findEcus() override;
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
+  bool readUnasked(const LinkTarget& target) override;
+
+ private:
+  std::string findHost();
+  void connect(const std::string& host);
+  bool activateRouting();
+  bool isGranted(std::span<const std::uint8_t> activation) const;
+  bool speaksOtherVersion(const DoipMessage& refusal) const;
+  std::uint16_t ecuOf(const LinkTarget& target) const;
+  void post(std::uint16_t ecu, std::span<const std::uint8_t> request);
+  void readAway();
+  void noteUnasked(const DoipMessage& message);
+  void askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found);
+  void askNeighbours(std::set<std::uint16_t>& found);
+  std::optional<DoipMessage> nextMessage(std::int64_t deadline);
+  void handle(const DoipMessage& message);
+  bool isAnswer(const DoipMessage& message) const;
+  bool isEarly() const;
+  void learnOrder(bool answered);
+  [[noreturn]] void fail(const std::string& text) const;
+
+  DoipSettings settings_;
+  Connect connect_;
+  LinkClock& clock_;
+  std::unique_ptr<ByteStream> stream_;
+  DoipStream messages_;
+  std::uint16_t gateway_ = 0;  ///< as found or as it answered the activation
+  std::uint16_t target_ = 0;   ///< of the request that was sent last
+  std::uint8_t version_ = kDoipVersion;
+  std::int64_t heard_ = 0;           ///< when the last bytes came
+  std::set<std::uint16_t> unasked_;  ///< those who sent what was not asked for
+  bool acknowledged_ = false;        ///< the gateway has taken the request that was sent last
+  bool acknowledgesFirst_ = false;   ///< it says so before the ECU's answer comes, so far
+  bool early_ = false;               ///< an answer was passed over because it came before that
+  int misjudged_ = 0;                ///< exchanges, one after another, that lacked an answer then
+  StopPatience patience_{*this, clock_};
+  IdleHook waitHook_ = [this] {
+    idle();
+    patience_.check();
+  };
+  Bytes frame_;  ///< kept for its capacity
+};
+
+}  // namespace tarnlog::host

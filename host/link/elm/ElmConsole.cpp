@@ -1,0 +1,124 @@
+#include "host/link/elm/ElmConsole.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnlog::host {
+namespace {
+constexpr const char* kGone = "the adapter is gone: ";
+/// How long a wait may last although somebody wants to end.
+constexpr std::int64_t kStopPatience = 1'000'000;  // microseconds
+
+/// It says nothing about the adapter.
+class Stopped : public TarnError {
+ public:
+  using TarnError::TarnError;
+};
+}  // namespace
+
+bool ElmReply::has(ElmNotice notice) const {
+  return std::any_of(lines.begin(), lines.end(), [&](const ElmLine& line) { return line.notice == notice; });
+}
+
+std::string_view ElmReply::text() const { return lines.empty() ? std::string_view() : lines.front().text; }
+
+ElmConsole::ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock)
+    : stream_(std::move(stream)), clock_(clock) {}
+
+void ElmConsole::setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion) {
+  stopAsked_ = std::move(stopQuestion);
+  stream_->setIdleHook([this, hook = std::move(idleHook)] {
+    hook();
+    breakOffWhenAsked();
+  });
+}
+
+template <class Step>
+auto ElmConsole::reached(const char* failure, Step&& step) {
+  try {
+    return std::forward<Step>(step)();
+  } catch (const Stopped&) {
+    throw;
+  } catch (const TarnError& error) {
+    throw AdapterGone(error.number(), "Elm327Link", failure + error.description());
+  }
+}
+
+void ElmConsole::open() {
+  reader_.clear();
+  said_.clear();
+  begin();
+  reached("the adapter cannot be reached: ", [this] { stream_->open(); });
+}
+
+void ElmConsole::breakOffWhenAsked() const {
+  if (stopAsked_ && clock_.microseconds() > begun_ + kStopPatience && stopAsked_())
+    throw Stopped(1, "Elm327Link", "stopped while the adapter was awaited");
+}
+
+void ElmConsole::close() {
+  // A search may go on for a minute. A blank means nothing to an adapter at rest.
+  constexpr std::array<std::uint8_t, 1> kBlank{' '};
+  if (!std::exchange(atRest_, true)) skipOnFailure([&] { stream_->write(kBlank); });
+  stream_->close();
+}
+
+bool ElmConsole::fill(Microseconds deadline) {
+  const std::size_t count = reached(kGone, [&] { return stream_->read(bytes_, deadline); });
+  reader_.feed(std::span(bytes_).first(count));
+  constexpr std::size_t kMostSaid = 200;
+  for (std::size_t i = 0; i < count && said_.size() < kMostSaid; ++i) said_ += static_cast<char>(bytes_[i]);
+  anything_ = anything_ || count > 0;
+  return count > 0;
+}
+
+void ElmConsole::drop(Microseconds quiet, Microseconds longest) {
+  const Microseconds end = clock_.microseconds() + longest;
+  while (fill(std::min(end, clock_.microseconds() + quiet)) && clock_.microseconds() < end) {
+  }
+  reader_.clear();
+}
+
+void ElmConsole::write(std::string_view text) {
+  sent_ = text;
+  output_ = text;
+  output_ += '\r';
+  const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
+  reached(kGone, [&] { stream_->write({first, output_.size()}); });
+  atRest_ = false;
+}
+
+std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {
+  for (;;) {
+    while (const auto item = reader_.next()) {
+      if (item->prompt) {
+        atRest_ = true;
+        return Item{true, {}};
+      }
+      ElmLine line = parseElmLine(item->text);
+      // An echo that cannot be switched off.
+      if (line.text != sent_ && !line.text.empty()) return Item{false, std::move(line)};
+    }
+    // Something may come without end, and never a whole line.
+    if (!fill(deadline) || clock_.microseconds() > deadline) return std::nullopt;
+  }
+}
+
+ElmReply ElmConsole::command(std::string_view text, Microseconds patience) {
+  constexpr std::size_t kMostLines = 64;
+  drop(0, 0);
+  anything_ = false;
+  write(text);
+  const Microseconds deadline = clock_.microseconds() + patience;
+  ElmReply reply;
+  while (auto item = next(deadline)) {
+    reply.prompted = item->prompt;
+    if (reply.prompted) break;
+    if (reply.lines.size() < kMostLines) reply.lines.push_back(std::move(item->line));
+    if (clock_.microseconds() > deadline) break;
+  }
+  reply.anything = anything_;
+  return reply;
+}
+
+}  // namespace tarnlog::host

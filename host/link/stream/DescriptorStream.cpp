@@ -1,0 +1,88 @@
+#include "host/link/stream/DescriptorStream.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+#include <system_error>
+
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kIdlePeriod = 20000;  ///< microseconds
+
+bool wouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
+
+timespec toTimespec(std::int64_t microseconds) {
+  return {static_cast<time_t>(microseconds / 1000000), static_cast<long>(microseconds % 1000000 * 1000)};
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+  if (number_ >= 0) ::close(number_);
+}
+
+void DescriptorStream::fail(const std::string& text) const {
+  throw TarnError(1, "Link", name_ + ": " + text);
+}
+
+void DescriptorStream::failWith(int error) const {
+  if (error == EPIPE || error == ECONNRESET) fail("the other end is gone");
+  fail(std::generic_category().message(error));
+}
+
+bool DescriptorStream::wait(short events, std::int64_t deadline) {
+  for (;;) {
+    std::int64_t now = clock_.microseconds();
+    if (now >= nextIdle_) {
+      idle();
+      now = clock_.microseconds();
+      nextIdle_ = now + kIdlePeriod;
+    }
+    pollfd watched{descriptor_.number(), events, 0};
+    const timespec limit = toTimespec(std::max<std::int64_t>(0, std::min(deadline, nextIdle_) - now));
+    const int ready = ::ppoll(&watched, 1, &limit, nullptr);
+    if (ready > 0) return true;
+    if (ready < 0 && errno != EINTR) failWith(errno);
+    if (clock_.microseconds() >= deadline) return false;
+  }
+}
+
+std::ptrdiff_t DescriptorStream::writeSome(std::span<const std::uint8_t> bytes) {
+  return ::write(descriptor_.number(), bytes.data(), bytes.size());
+}
+
+void DescriptorStream::write(std::span<const std::uint8_t> bytes) {
+  if (!descriptor_) fail("is not open");
+  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  while (!bytes.empty()) {
+    const std::ptrdiff_t written = writeSome(bytes);
+    if (written >= 0)
+      bytes = bytes.subspan(static_cast<std::size_t>(written));
+    else if (!wouldBlock(errno))
+      failWith(errno);
+    else if (!wait(POLLOUT, deadline))
+      fail("takes no more bytes");
+  }
+}
+
+std::size_t DescriptorStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
+  if (!descriptor_) fail("is not open");
+  for (;;) {
+    const bool ready = wait(POLLIN, deadline);
+    const ssize_t count = ::read(descriptor_.number(), into.data(), into.size());
+    if (count > 0) return static_cast<std::size_t>(count);
+    // A terminal whose other end is gone reads as ended or as EIO; a serial port with no byte as 0 too, but
+    // then poll(2) had not called it ready.
+    if (count == 0 && ready) fail("the other end is gone");
+    if (count < 0 && !wouldBlock(errno)) failWith(errno);
+    if (!ready) return 0;
+  }
+}
+
+}  // namespace tarnlog::host

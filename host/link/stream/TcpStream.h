@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "host/link/stream/DescriptorStream.h"
+
+struct addrinfo;
+
+namespace tarnlog::host {
+
+/// A TCP connection to a host's port.
+class TcpStream : public DescriptorStream {
+ public:
+  TcpStream(std::string host, std::uint16_t port, LinkClock& clock);
+  void open() override;
+
+ protected:
+  std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override;
+
+ private:
+  struct FreeAddresses {
+    void operator()(addrinfo* addresses) const;
+  };
+  using Addresses = std::unique_ptr<addrinfo, FreeAddresses>;
+  struct Found {
+    int problem = 0;  ///< of getaddrinfo
+    Addresses addresses;
+  };
+
+  static Found find(const std::string& host, std::uint16_t port, int flags);
+  Addresses lookUp();
+  /// The system's error number, 0 when connected.
+  int connectTo(const addrinfo& address);
+
+  std::string host_;
+  std::uint16_t port_;
+};
+
+}  // namespace tarnlog::host

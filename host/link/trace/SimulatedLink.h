@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+#include "host/link/StopPatience.h"
+#include "host/link/trace/SimulatedPeer.h"
+
+namespace tarnlog::host {
+
+/// A link without a car: the peer's answers arrive when their time has come, counted from the moment of the
+/// request. A new request ends the wait for what is left of the one before. Clock and peer must outlive it.
+class SimulatedLink : public Link {
+ public:
+  SimulatedLink(LinkClock& clock, SimulatedPeer& peer) : clock_(clock), peer_(peer) {}
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+
+ private:
+  LinkClock& clock_;
+  SimulatedPeer& peer_;
+  SimulatedAnswers answers_;
+  std::size_t next_ = 0;  ///< the answer that arrives next
+  std::int64_t opened_ = 0;
+  std::int64_t sent_ = 0;
+  bool open_ = false;
+  StopPatience patience_{*this, clock_};
+  IdleHook waitHook_ = [this] {
+    idle();
+    patience_.check();
+  };
+};
+
+}  // namespace tarnlog::host

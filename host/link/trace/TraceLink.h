@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/link/Link.h"
+#include "host/link/LinkClock.h"
+#include "host/link/trace/Trace.h"
+#include "platform/files/FileSystem.h"
+
+namespace tarnlog::host {
+
+/// Another link, with all that goes over it written down, each line as it happens, and what an adapter is
+/// sent and says as remarks. A trace that cannot be written any more is given up; the link goes on.
+class TraceLink : public Link {
+ public:
+  /// `file` takes the lines. `clock` must outlive the link.
+  TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_ptr<FileStream> file);
+
+  void open() override;
+  void close() override;
+  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The search itself is not written down: what the ECUs found are asked then is.
+  std::vector<LinkTarget> findEcus() override;
+  std::string silence() const override { return link_->silence(); }
+  bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
+    return link_->answererOf(target);
+  }
+  bool readUnasked(const LinkTarget& target) override;
+
+ private:
+  void write(TraceEntry& entry);
+  void writeLine(const std::string& line);
+  std::chrono::microseconds now() const;
+  template <class Step>
+  auto watched(Step&& step);
+
+  std::unique_ptr<Link> link_;
+  LinkClock& clock_;
+  std::unique_ptr<FileStream> file_;
+  std::int64_t start_ = -1;
+};
+
+}  // namespace tarnlog::host

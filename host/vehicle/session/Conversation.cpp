@@ -1,0 +1,192 @@
+#include "host/vehicle/session/Conversation.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "host/service/HexText.h"
+#include "host/service/ResponseCheck.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+using std::chrono::ceil;
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+
+/// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
+/// is closed like after `end`; not so where the request alone did not get through.
+class Conversation::Busy {
+ public:
+  explicit Busy(Conversation& conversation) : conversation_(conversation) {
+    if (conversation_.busy_) throw TarnError(1, "Conversation", "another request is on its way");
+    conversation_.busy_ = true;
+  }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+  ~Busy() {
+    conversation_.busy_ = false;
+    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.close(); });
+  }
+  void finish() { finished_ = true; }
+
+ private:
+  Conversation& conversation_;
+  bool finished_ = false;
+};
+
+Conversation::Conversation(Link& link, LinkClock& clock, milliseconds pendingTimeout)
+    : link_(link), clock_(clock), pendingTimeout_(pendingTimeout) {}
+
+Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                             milliseconds timeout, Link::Bytes& response) {
+  Busy busy(*this);
+  endRequested_ = false;
+  response.clear();
+  foreign_.clear();
+  timeout_ = timeout;
+  try {
+    open();
+    const Outcome outcome = ask(target, request, timeout, response);
+    busy.finish();
+    if (outcome != Outcome::silent) noteSuccess(target, request);
+    return outcome;
+  } catch (const EcuUnreachable&) {
+    busy.finish();
+    returnLater(target, request);
+    throw;
+  } catch (const TarnError&) {
+    returnLater(target, request);
+    throw;
+  }
+}
+
+void Conversation::returnLater(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  const auto failing =
+      failing_.try_emplace({target.address, Link::Bytes(request.begin(), request.end())}, clock_).first;
+  waitUntil(failing->second.due());
+  failing->second.failed();
+}
+
+void Conversation::noteSuccess(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  ++answers_;
+  if (!failing_.empty()) failing_.erase({target.address, Link::Bytes(request.begin(), request.end())});
+}
+
+void Conversation::pause(milliseconds time) {
+  Busy busy(*this);
+  endRequested_ = false;
+  waitUntil(clock_.microseconds() + microseconds(time).count());
+  busy.finish();
+}
+
+void Conversation::waitUntil(std::int64_t moment) {
+  constexpr std::int64_t kLookAround = 20'000;  // microseconds
+  while (clock_.microseconds() < moment && !link_.stopAsked() && !endRequested_)
+    clock_.waitUntil(std::min(moment, clock_.microseconds() + kLookAround), [this] { link_.idle(); });
+}
+
+Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                        milliseconds timeout, Link::Bytes& response) {
+  // ISO 14229-2: an ECU answers within 50 ms.
+  constexpr milliseconds kRefusalTime{100};
+  constexpr milliseconds kBusyPause{20};
+  const bool noAnswer = suppressesAnswer(target.protocol, request);
+  const microseconds last = microseconds(clock_.microseconds()) + timeout;
+  for (;;) {
+    if (!lateAnswers_.readAway(target, request, timeout)) return Outcome::silent;
+    link_.send(target, request);
+    const Outcome outcome =
+        waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
+    if (outcome == Outcome::answered || outcome == Outcome::refused)
+      lateAnswers_.answered();
+    else
+      lateAnswers_.givenUp();
+    if (outcome == Outcome::silent && noAnswer) {
+      lateAnswers_.noneExpected();
+      return Outcome::answered;
+    }
+    const microseconds again = microseconds(clock_.microseconds()) + kBusyPause;
+    const bool askAgain = outcome == Outcome::refused && isBusy(response) && again < last;
+    if (!askAgain || link_.stopAsked()) return outcome;
+    clock_.waitUntil(again.count(), {});
+  }
+}
+
+bool Conversation::next(std::span<const std::uint8_t> request, milliseconds timeout, Link::Bytes& response) {
+  if (!open_) return false;
+  Busy busy(*this);
+  const bool came =
+      link_.receive(response, timeout) && classifyResponse(request, response) == ResponseClass::positive;
+  busy.finish();
+  return came;
+}
+
+std::string Conversation::silence(std::string_view to) const {
+  const std::string what = to.empty() ? "no answer" : fmt::format("no answer to {}", to);
+  if (!foreign_.empty()) return fmt::format("{}, but {}", what, shortHexText(foreign_));
+  const std::string said = link_.silence();
+  return said.empty() ? fmt::format("{} within {} ms", what, timeout_.count())
+                      : fmt::format("{}: {}", what, said);
+}
+
+void Conversation::connect() {
+  Busy busy(*this);
+  endRequested_ = false;
+  open();
+  busy.finish();
+}
+
+std::vector<LinkTarget> Conversation::findEcus() {
+  Busy busy(*this);
+  endRequested_ = false;
+  open();
+  std::vector<LinkTarget> ecus = link_.findEcus();
+  busy.finish();
+  return ecus;
+}
+
+Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t> request,
+                                                    milliseconds timeout, Link::Bytes& response) {
+  const microseconds start(clock_.microseconds());
+  microseconds deadline = start + timeout;
+  bool pending = false;
+  for (microseconds now = start; now <= deadline; now = microseconds(clock_.microseconds())) {
+    if (!link_.receive(response, ceil<milliseconds>(deadline - now))) break;
+    switch (classifyResponse(request, response)) {
+      case ResponseClass::positive:
+        return Outcome::answered;
+      case ResponseClass::negative:
+        return Outcome::refused;
+      case ResponseClass::pending:
+        pending = true;
+        deadline = start + pendingTimeout_;
+        break;
+      case ResponseClass::foreign:
+        foreign_ = response;
+        break;
+    }
+  }
+  response.clear();
+  return pending ? Outcome::onlyPending : Outcome::silent;
+}
+
+void Conversation::end() {
+  if (busy_)
+    endRequested_ = true;
+  else
+    close();
+}
+
+void Conversation::open() {
+  if (open_) return;
+  link_.open();
+  open_ = true;
+}
+
+void Conversation::close() {
+  open_ = false;
+  link_.close();
+}
+
+}  // namespace tarnlog::host

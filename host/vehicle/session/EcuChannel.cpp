@@ -1,0 +1,40 @@
+#include "host/vehicle/session/EcuChannel.h"
+
+#include <fmt/format.h>
+
+#include "host/service/HexText.h"
+#include "host/service/ResponseCheck.h"
+
+namespace tarnlog::host {
+
+EcuChannel::EcuChannel(const EcuDescription& description, SessionKeeper& conversation)
+    : name_(description.name),
+      conversation_(conversation),
+      target_{description.address, description.protocol, description.responseAddress} {}
+
+void EcuChannel::ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
+                     Link::Bytes& response) {
+  const auto outcome = converse(request, timeout, response);
+  if (outcome != Conversation::Outcome::answered) throw failure(outcome, request, response);
+}
+
+Conversation::Outcome EcuChannel::converse(std::span<const std::uint8_t> request,
+                                           std::chrono::milliseconds timeout, Link::Bytes& response) {
+  const auto outcome = conversation_.exchange(target_, request, timeout, response);
+  if (outcome != Conversation::Outcome::silent) ++answers_;
+  return outcome;
+}
+
+TarnError EcuChannel::failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
+                              std::span<const std::uint8_t> response) const {
+  std::string text;
+  if (outcome == Conversation::Outcome::refused)
+    text = " refused: " + refusalText(response);
+  else if (outcome == Conversation::Outcome::onlyPending)
+    text = fmt::format(": still pending after {} ms", pendingTimeout().count());
+  else
+    text = ": " + silence({});
+  return {1, "VehicleEcu.ask", fmt::format("{}: request {}{}", name_, shortHexText(request), text)};
+}
+
+}  // namespace tarnlog::host

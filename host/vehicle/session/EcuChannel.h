@@ -1,0 +1,48 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "host/link/Link.h"
+#include "host/vehicle/description/VehicleDescription.h"
+#include "host/vehicle/session/SessionKeeper.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+
+/// The way to one ECU: requests go out to its address, and what it turned out to be able to do is kept.
+class EcuChannel {
+ public:
+  /// Both must outlive the channel.
+  EcuChannel(const EcuDescription& description, SessionKeeper& conversation);
+
+  /// Sends and waits for the positive response; anything else raises with a text like "Engine: request 21 80:
+  /// no answer within 200 ms". What was received last stays in `response`.
+  void ask(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout, Link::Bytes& response);
+  /// The same, telling what came instead of raising; failures of the link are TarnErrors.
+  Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
+                                 Link::Bytes& response);
+  /// What `ask` raises when that came instead of the positive response.
+  TarnError failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
+                    std::span<const std::uint8_t> response) const;
+  /// Of the last exchange, as `Conversation::silence`.
+  std::string silence(std::string_view to) const { return conversation_.silence(to); }
+  std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
+
+  /// How often the ECU has answered, in whatever way.
+  std::uint64_t answers() const { return answers_; }
+  bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }
+  /// It was tried, and the ECU did not.
+  void setOnePidOnly() { onePidOnly_ = true; }
+
+ private:
+  const std::string& name_;
+  SessionKeeper& conversation_;
+  LinkTarget target_;
+  bool onePidOnly_ = false;
+  std::uint64_t answers_ = 0;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,115 @@
+#include "host/vehicle/session/LateAnswers.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/service/ResponseCheck.h"
+
+namespace tarnlog::host {
+namespace {
+
+using std::chrono::ceil;
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+
+/// An ECU that was silent for so long after its time does not answer any more.
+constexpr std::int64_t kForgotten = 5'000'000;  // microseconds
+/// Requests after an answer that nobody asked for.
+constexpr int kDistrusted = 100;
+/// Equal requests, one behind the other, after which their answers are compared with something else.
+constexpr int kUnproven = 100;
+/// For that comparison, which an ECU need not understand.
+constexpr milliseconds kProofTime{300};
+
+constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
+constexpr std::uint8_t kTesterPresent = 0x3E;
+
+/// Something that each ECU answers and that changes nothing: what OBD asks of all, or else TesterPresent.
+std::array<std::uint8_t, 2> harmlessRequest(std::string_view protocol, bool owesPids) {
+  if (protocol.starts_with("OBD") && !owesPids) return kSupportedPids;
+  return {kTesterPresent, protocol.starts_with("KWP") ? std::uint8_t{0x01} : std::uint8_t{0x00}};
+}
+
+}  // namespace
+
+bool LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
+                           milliseconds timeout) {
+  const auto answerer = link_.answererOf(target);
+  asked_ = answerer ? &ecus_[*answerer] : nullptr;
+  if (asked_ == nullptr) return true;
+  Ecu& ecu = *asked_;
+  if (link_.readUnasked(target)) distrustDoubled(ecu);
+  if (clock_.microseconds() > ecu.givenUp + kForgotten) settle(ecu);
+  const bool doubtful = ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(kTesterPresent);
+  const bool unproven = isUnproven(ecu, request);
+  if (doubtful && !catchUp(ecu, target, timeout)) return false;
+  if (!doubtful && unproven) ecu.unprovable = !catchUp(ecu, target, std::min(timeout, kProofTime));
+  ecu.distrusted -= ecu.distrusted > 0 ? 1 : 0;
+  ecu.service = request[0];
+  ecu.owesPids = (ecu.owesPids && ecu.owed.any()) || std::ranges::equal(request, kSupportedPids);
+  ecu.owed.set(request[0]);
+  ecu.strayed = ecu.aside;
+  ecu.givenUp = clock_.microseconds() + microseconds(timeout).count();
+  return true;
+}
+
+/// Once a surplus answer was taken, each further one is old, and yet there is always one when the next equal
+/// request is sent: nothing comes unasked.
+bool LateAnswers::isUnproven(Ecu& ecu, std::span<const std::uint8_t> request) {
+  if (!std::ranges::equal(ecu.request, request)) {
+    ecu.request.assign(request.begin(), request.end());
+    ecu.alike = 0;
+  }
+  if (++ecu.alike <= kUnproven) return false;
+  ecu.alike = 1;
+  return !ecu.unprovable;
+}
+
+/// Where nothing is owed, the answer before came twice.
+void LateAnswers::distrustDoubled(Ecu& ecu) {
+  if (ecu.owed.none()) ecu.distrusted = kDistrusted;
+}
+
+/// All that it was asked before is through.
+void LateAnswers::settle(Ecu& ecu) {
+  ecu.owed.reset();
+  ecu.aside = ecu.strayed = 0;
+}
+
+void LateAnswers::answered() {
+  if (asked_ != nullptr) settle(*asked_);
+}
+
+void LateAnswers::givenUp() {
+  if (asked_ != nullptr) asked_->givenUp = clock_.microseconds();
+}
+
+void LateAnswers::noneExpected() {
+  if (asked_ != nullptr) asked_->owed.reset(asked_->service);
+}
+
+/// A refusal names the service only, so it may be one of what the ECU owes. An answer may be that to an
+/// earlier question aside, which says nothing about requests behind that one.
+bool LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
+  const auto request = harmlessRequest(target.protocol, ecu.owesPids && ecu.owed.any());
+  link_.send(target, request);
+  ++ecu.aside;
+  const microseconds deadline = microseconds(clock_.microseconds()) + timeout;
+  for (microseconds now(clock_.microseconds()); now <= deadline; now = microseconds(clock_.microseconds())) {
+    if (!link_.receive(came_, ceil<milliseconds>(deadline - now))) return false;
+    const ResponseClass kind = classifyResponse(request, came_);
+    if (kind != ResponseClass::positive && (kind == ResponseClass::foreign || request[0] != kTesterPresent)) {
+      distrustDoubled(ecu);
+      continue;
+    }
+    --ecu.aside;
+    if (ecu.strayed == 0) {
+      ecu.owed.reset();
+      return true;
+    }
+    --ecu.strayed;
+  }
+  return false;
+}
+
+}  // namespace tarnlog::host

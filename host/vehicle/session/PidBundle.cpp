@@ -1,0 +1,109 @@
+#include "host/vehicle/session/PidBundle.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/service/ResponseCheck.h"
+#include "host/vehicle/description/ObdPids.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::uint8_t kCurrentData = 0x01;
+constexpr int kMostFailures = 3;
+
+const ObdPid* pidOf(const RequestDescription& request) {
+  const Frame& frame = request.frame;
+  return frame.size() == 2 && frame[0] == kCurrentData ? findObdPid(frame[1]) : nullptr;
+}
+
+}  // namespace
+
+bool PidBundle::canHold(const RequestDescription& request) { return pidOf(request) != nullptr; }
+
+PidBundle::PidBundle(EcuChannel& ecu, const std::vector<const RequestDescription*>& members) : ecu_(ecu) {
+  for (const RequestDescription* const request : members) {
+    const ObdPid* const pid = pidOf(*request);
+    members_.push_back({request, pid->number, pid->bytes});
+  }
+  makeFrame();
+}
+
+void PidBundle::makeFrame() {
+  frame_.assign({kCurrentData});
+  for (const Member& member : members_)
+    if (!member.apart) frame_.push_back(member.pid);
+}
+
+void PidBundle::forget() {
+  for (Member& member : members_) member.share = Share::due;
+}
+
+bool PidBundle::take(const RequestDescription& request, Link::Bytes& response) {
+  if (!usable_ || !ecu_.takesSeveralPids()) return false;
+  const auto member = std::find_if(members_.begin(), members_.end(),
+                                   [&](const Member& each) { return each.request == &request; });
+  if (member->apart) return false;
+  if (member->share == Share::due) ask();
+  if (std::exchange(member->share, Share::due) != Share::arrived) return false;
+  const auto* const first = response_.data() + member->place;
+  response.assign({positiveService(kCurrentData)});
+  response.insert(response.end(), first, first + 1 + member->bytes);
+  return true;
+}
+
+void PidBundle::ask() {
+  for (Member& member : members_) member.share = Share::missing;
+  const auto outcome = ecu_.converse(frame_, members_.front().request->timeout, response_);
+  judge(outcome == Conversation::Outcome::answered ? split() : 0);
+}
+
+/// What worked before may only have been disturbed.
+void PidBundle::judge(std::size_t came) {
+  if (!worked_ && came < 2) {
+    usable_ = false;
+    ecu_.setOnePidOnly();
+  } else if (came == 0) {
+    usable_ = ++failures_ < kMostFailures;
+  } else {
+    worked_ = true;
+    failures_ = 0;
+    noteMissing();
+  }
+}
+
+void PidBundle::noteMissing() {
+  bool changed = false;
+  for (Member& member : members_) {
+    if (member.share == Share::arrived) {
+      member.cameBefore = true;
+      member.missed = 0;
+    } else if (!member.apart && (++member.missed == kMostFailures || !member.cameBefore)) {
+      member.apart = changed = true;
+    }
+  }
+  if (changed) makeFrame();
+}
+
+/// Finds each PID with its data in the response (the service, then PID and data, PID and data, ...) and tells
+/// how many came. ECUs leave out what they do not have; but what does not end with a PID's data was not
+/// understood, unless all have come: fill bytes are none of the message, but not every car keeps to that.
+std::size_t PidBundle::split() {
+  std::size_t came = 0;
+  std::size_t at = 1;
+  while (at < response_.size()) {
+    const auto member = std::find_if(members_.begin(), members_.end(), [&](const Member& each) {
+      return each.pid == response_[at] && !each.apart && each.share == Share::missing;
+    });
+    if (member == members_.end() || at + 1 + member->bytes > response_.size()) break;
+    member->share = Share::arrived;
+    member->place = at;
+    at += 1 + member->bytes;
+    ++came;
+  }
+  if (at >= response_.size() || came == frame_.size() - 1) return came;
+  for (Member& member : members_) member.share = Share::missing;
+  return 0;
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "host/link/Link.h"
+#include "host/vehicle/description/VehicleDescription.h"
+#include "host/vehicle/session/EcuChannel.h"
+
+namespace tarnlog::host {
+
+/// Up to six PIDs of service 01 that one request asks for at once, as ISO 15031-5 allows on CAN. The first of
+/// them that is sent asks for all; the others take what came with it, once. A PID that does not come with the
+/// others is asked for by itself, and so are all in a car that cannot do it.
+class PidBundle {
+ public:
+  static constexpr std::size_t kMostPids = 6;
+  /// Whether the request asks for one PID of the table, and nothing else.
+  static bool canHold(const RequestDescription& request);
+
+  /// At most `kMostPids` requests that it can hold; all must outlive the bundle.
+  PidBundle(EcuChannel& ecu, const std::vector<const RequestDescription*>& members);
+
+  /// The response to a member as if it had been asked for alone; false when it has to be. Failures of the
+  /// link are TarnErrors.
+  bool take(const RequestDescription& request, Link::Bytes& response);
+  /// What came and was not taken is old.
+  void forget();
+
+ private:
+  enum class Share : std::uint8_t { due, arrived, missing };
+  struct Member {
+    const RequestDescription* request;
+    std::uint8_t pid;
+    std::size_t bytes;  ///< of data behind the PID
+    Share share = Share::due;
+    std::size_t place = 0;  ///< of the PID in the response, when it arrived
+    bool cameBefore = false;
+    int missed = 0;      ///< in a row
+    bool apart = false;  ///< not asked for together with the others any more
+  };
+
+  void ask();
+  std::size_t split();
+  void judge(std::size_t came);
+  void noteMissing();
+  void makeFrame();
+
+  EcuChannel& ecu_;
+  std::vector<Member> members_;
+  Link::Bytes frame_;
+  Link::Bytes response_;
+  bool worked_ = false;
+  int failures_ = 0;
+  bool usable_ = true;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,68 @@
+#include "host/vehicle/session/PolledRequest.h"
+
+#include <utility>
+
+#include "host/service/ResponseCheck.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kAskAgain = 5'000'000;  // microseconds
+constexpr int kMostSilences = 3;
+
+using Outcome = Conversation::Outcome;
+
+}  // namespace
+
+void PolledRequest::send() {
+  if (leftOut_ && polling_.clock.microseconds() < again_) return pass();
+  const Outcome outcome = request_.ask(leftOut_);
+  if (outcome == Outcome::answered)
+    takeBack();
+  else if (outcome == Outcome::refused && !isBusy(request_.received()))
+    leaveOut("is refused (" + refusalText(request_.received()) + ")");
+  else if (outcome != Outcome::refused && isLeftOutBySilence())
+    leaveOut("is not answered");
+  else
+    throw request_.failure(outcome);
+}
+
+/// Where everything is left out, cycles without an exchange would follow one another at full speed.
+void PolledRequest::pass() {
+  constexpr std::chrono::milliseconds kPause{20};
+  const std::uint64_t answers = polling_.conversation.answers();
+  if (std::exchange(turnAnswers_, answers) == answers) polling_.conversation.pause(kPause);
+}
+
+/// An ECU that answers nothing at all has to be initialised again, and so has a car of which nothing is left.
+bool PolledRequest::isLeftOutBySilence() {
+  const std::uint64_t ofEcu = request_.channel().answers();
+  const std::uint64_t ofAll = polling_.conversation.answers();
+  const bool ecuLives = std::exchange(ecuAnswers_, ofEcu) != ofEcu;
+  const bool carLives = std::exchange(allAnswers_, ofAll) != ofAll;
+  if (leftOut_) {
+    again_ = polling_.clock.microseconds() + kAskAgain;
+    return carLives;
+  }
+  silences_ = ecuLives ? silences_ + 1 : 1;
+  return silences_ >= kMostSilences;
+}
+
+void PolledRequest::takeBack() {
+  silences_ = 0;
+  if (std::exchange(leftOut_, false)) tell("is answered again", true);
+}
+
+void PolledRequest::leaveOut(const std::string& why) {
+  again_ = polling_.clock.microseconds() + kAskAgain;
+  request_.setNotAvailable();
+  if (!std::exchange(leftOut_, true)) tell(why + ": left out, and asked again every 5 s", false);
+}
+
+void PolledRequest::tell(const std::string& what, bool over) const {
+  if (!polling_.notify) return;
+  const std::string subject = request_.ecu().name() + ": " + request_.name();
+  polling_.notify({subject, subject + " " + what, over});
+}
+
+}  // namespace tarnlog::host

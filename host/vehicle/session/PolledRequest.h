@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "host/link/LinkClock.h"
+#include "host/vehicle/session/Notice.h"
+#include "host/vehicle/session/SessionKeeper.h"
+#include "host/vehicle/session/VehicleRequest.h"
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog::host {
+
+/// What the polled requests of a session share. Outlives the poll sets.
+struct Polling {
+  SessionKeeper& conversation;
+  LinkClock& clock;
+  NoticeHandler notify{};
+};
+
+/// A request as a poll set sends it: one that the car refuses, or does not know, must not stop the others.
+/// What its ECU refuses makes its data "not available"; so does silence for the third time in a row, when the
+/// ECU answered something else each time before. Such a request is left out, and asked again every few
+/// seconds. Everything else raises as the request itself does.
+class PolledRequest : public ferrox3::Request {
+ public:
+  PolledRequest(VehicleRequest& request, const Polling& polling) : request_(request), polling_(polling) {}
+
+  const std::string& name() const override { return request_.name(); }
+  bool available() const override { return request_.available(); }
+  std::string frameText(bool sent) const override { return request_.frameText(sent); }
+  std::size_t dataCount() const override { return request_.dataCount(); }
+  ferrox3::DataItem& data(std::size_t position) const override { return request_.data(position); }
+  ferrox3::DataItem* findData(std::string_view name) const override { return request_.findData(name); }
+  ferrox3::Ecu& ecu() const override { return request_.ecu(); }
+  void send() override;
+  std::string sentText() const override { return request_.sentText(); }
+  std::string receivedText() const override { return request_.receivedText(); }
+
+ private:
+  void pass();
+  bool isLeftOutBySilence();
+  void takeBack();
+  void leaveOut(const std::string& why);
+  void tell(const std::string& what, bool over) const;
+
+  VehicleRequest& request_;
+  const Polling& polling_;
+  bool leftOut_ = false;
+  std::int64_t again_ = 0;         ///< when a request that is left out is asked again
+  int silences_ = 0;               ///< in a row
+  std::uint64_t ecuAnswers_ = 0;   ///< of its ECU, at the last silence
+  std::uint64_t allAnswers_ = 0;   ///< of all ECUs, at the last silence
+  std::uint64_t turnAnswers_ = 0;  ///< of all ECUs, when its turn was passed
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,105 @@
+#include "host/vehicle/session/SessionKeeper.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/service/ResponseCheck.h"
+#include "platform/base/TarnError.h"
+
+namespace tarnlog::host {
+namespace {
+
+constexpr std::int64_t kQuiet = 2'000'000;  ///< microseconds
+constexpr std::uint8_t kStartDiagnosticSession = 0x10;
+
+bool isSame(const LinkTarget& a, const LinkTarget& b) {
+  return a.address == b.address && a.protocol == b.protocol;
+}
+
+/// 01 is the default session of UDS (81 without an answer), 81 that of KWP2000: they need nobody to keep them
+/// open.
+bool isDefault(std::uint8_t session) { return session == 0x01 || session == 0x81; }
+
+/// With a response, so that the line is free again when it has come.
+std::array<std::uint8_t, 2> testerPresent(const LinkTarget& target) {
+  return {0x3E, target.protocol.starts_with("KWP") ? std::uint8_t{0x01} : std::uint8_t{0x00}};
+}
+
+}  // namespace
+
+Conversation::Outcome SessionKeeper::exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                              std::chrono::milliseconds timeout, Link::Bytes& response) {
+  keepOpen(&target);
+  Conversation::Outcome outcome = send(target, request, timeout, response);
+  if (outcome == Conversation::Outcome::refused && isOutsideSession(response) && openAgain(target))
+    outcome = send(target, request, timeout, response);
+  note(target, request, timeout, outcome);
+  return outcome;
+}
+
+/// A failure of the link leaves nobody knowing which sessions are open; they are opened anew then.
+Conversation::Outcome SessionKeeper::send(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                          std::chrono::milliseconds timeout, Link::Bytes& response) {
+  try {
+    return conversation_.exchange(target, request, timeout, response);
+  } catch (const EcuUnreachable&) {
+    throw;
+  } catch (const TarnError&) {
+    if (!conversation_.busy()) open_.clear();
+    throw;
+  }
+}
+
+bool SessionKeeper::openAgain(const LinkTarget& target) {
+  const auto known =
+      std::ranges::find_if(open_, [&](const OpenSession& session) { return isSame(session.target, target); });
+  if (known == open_.end()) return false;
+  const OpenSession session = *known;
+  return send(target, session.opening, session.timeout, ignored_) == Conversation::Outcome::answered;
+}
+
+void SessionKeeper::pause(std::chrono::milliseconds time) {
+  keepOpen(nullptr);
+  conversation_.pause(time);
+}
+
+void SessionKeeper::keepOpen(const LinkTarget* except) {
+  // The end of the communication, asked for while an answer is awaited, empties the list.
+  for (std::size_t i = 0; i < open_.size();) {
+    OpenSession& known = open_[i++];
+    if ((except != nullptr && isSame(known.target, *except)) ||
+        clock_.microseconds() - known.lastSent < kQuiet)
+      continue;
+    known.lastSent = clock_.microseconds();
+    const LinkTarget target = known.target;
+    try {
+      send(target, testerPresent(target), known.timeout, ignored_);
+    } catch (const EcuUnreachable&) {
+      continue;  // no failure of the request that was asked for
+    }
+  }
+}
+
+void SessionKeeper::note(const LinkTarget& target, std::span<const std::uint8_t> request,
+                         std::chrono::milliseconds timeout, Conversation::Outcome outcome) {
+  const auto known =
+      std::ranges::find_if(open_, [&](const OpenSession& session) { return isSame(session.target, target); });
+  const bool opens = request.size() >= 2 && request[0] == kStartDiagnosticSession &&
+                     outcome == Conversation::Outcome::answered;
+  if (known == open_.end()) {
+    if (opens && !isDefault(request[1]))
+      open_.push_back({target, Link::Bytes(request.begin(), request.end()), timeout, clock_.microseconds()});
+  } else if (opens && isDefault(request[1])) {
+    open_.erase(known);
+  } else {
+    known->lastSent = clock_.microseconds();
+    if (opens) known->opening.assign(request.begin(), request.end());
+  }
+}
+
+void SessionKeeper::end() {
+  open_.clear();
+  conversation_.end();
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "host/vehicle/session/Conversation.h"
+
+namespace tarnlog::host {
+
+/// A conversation in which diagnostic sessions stay open: an ECU whose session was opened (service 10) and
+/// that nothing was sent to for two seconds gets TesterPresent (3E) before the next request to another one;
+/// left alone, it would fall back to its default session after five (ISO 14229-2, ISO 14230-2). One that fell
+/// back nevertheless, and refuses a request therefore, gets its session opened again. The end of the
+/// communication and a failure of the link forget all sessions.
+class SessionKeeper {
+ public:
+  /// Both must outlive the keeper.
+  SessionKeeper(Conversation& conversation, LinkClock& clock) : conversation_(conversation), clock_(clock) {}
+
+  /// As `Conversation::exchange`.
+  Conversation::Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                 std::chrono::milliseconds timeout, Link::Bytes& response);
+  /// Of the target's exchange, as `Conversation::silence`.
+  std::string silence(std::string_view to) const { return conversation_.silence(to); }
+  void end();
+  bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
+  std::uint64_t answers() const { return conversation_.answers(); }
+  /// As `Conversation::pause`.
+  void pause(std::chrono::milliseconds time);
+  std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
+
+ private:
+  struct OpenSession {
+    LinkTarget target;
+    Link::Bytes opening;  ///< the request that opened it
+    std::chrono::milliseconds timeout;
+    std::int64_t lastSent;  ///< microseconds
+  };
+
+  Conversation::Outcome send(const LinkTarget& target, std::span<const std::uint8_t> request,
+                             std::chrono::milliseconds timeout, Link::Bytes& response);
+  void keepOpen(const LinkTarget* except);
+  bool openAgain(const LinkTarget& target);
+  void note(const LinkTarget& target, std::span<const std::uint8_t> request,
+            std::chrono::milliseconds timeout, Conversation::Outcome outcome);
+
+  Conversation& conversation_;
+  LinkClock& clock_;
+  std::vector<OpenSession> open_;
+  Link::Bytes ignored_;
+};
+
+}  // namespace tarnlog::host

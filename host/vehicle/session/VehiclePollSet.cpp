@@ -1,0 +1,60 @@
+#include "host/vehicle/session/VehiclePollSet.h"
+
+#include <map>
+#include <utility>
+
+namespace tarnlog::host {
+
+VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
+                               const Polling& polling)
+    : ecus_(std::move(ecus)), protocol_(ecus_, [this] {
+        for (const auto& bundle : bundles_) bundle->forget();
+      }) {
+  bundlePids(requests);
+  for (VehicleRequest* const request : requests)
+    if (request->description().refusalIsError)
+      requests_.push_back(request);
+    else
+      requests_.push_back(&polled_.emplace_back(*request, polling));
+}
+
+VehiclePollSet::~VehiclePollSet() { unbundle(); }
+
+/// In the order of the requests, at least two each.
+void VehiclePollSet::bundlePids(const std::vector<VehicleRequest*>& requests) {
+  std::map<EcuChannel*, std::vector<VehicleRequest*>> gathered;
+  for (VehicleRequest* const request : requests) {
+    if (!PidBundle::canHold(request->description())) continue;
+    auto& members = gathered[&request->channel()];
+    members.push_back(request);
+    if (members.size() == PidBundle::kMostPids) bundle(members);
+  }
+  for (auto& [ecu, members] : gathered) bundle(members);
+}
+
+void VehiclePollSet::bundle(std::vector<VehicleRequest*>& members) {
+  if (members.size() > 1) {
+    std::vector<const RequestDescription*> descriptions;
+    for (const VehicleRequest* const request : members) descriptions.push_back(&request->description());
+    bundles_.push_back(std::make_unique<PidBundle>(members.front()->channel(), descriptions));
+    for (VehicleRequest* const request : members) request->setBundle(bundles_.back().get());
+    bundled_.insert(bundled_.end(), members.begin(), members.end());
+  }
+  members.clear();
+}
+
+void VehiclePollSet::unbundle() {
+  for (VehicleRequest* const request : bundled_) request->setBundle(nullptr);
+  bundled_.clear();
+  bundles_.clear();
+}
+
+void VehiclePollSet::finish() {
+  unbundle();
+  requests_.clear();
+  polled_.clear();
+  ecus_.clear();
+  protocol_.forgetEcus();
+}
+
+}  // namespace tarnlog::host

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "host/vehicle/session/PidBundle.h"
+#include "host/vehicle/session/PolledRequest.h"
+#include "host/vehicle/session/VehicleEcu.h"
+#include "host/vehicle/session/VehicleProtocol.h"
+#include "platform/ferrox3/Session.h"
+
+namespace tarnlog::host {
+
+/// Requests and ECUs in the order in which their first data item was added. OBD requests that can be asked
+/// for together are bundled; what the car refuses is left out, unless the description wants an error.
+class VehiclePollSet : public ferrox3::PollSet {
+ public:
+  VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
+                 const Polling& polling);
+  ~VehiclePollSet() override;
+  VehiclePollSet(const VehiclePollSet&) = delete;
+  VehiclePollSet& operator=(const VehiclePollSet&) = delete;
+  std::size_t requestCount() const override { return requests_.size(); }
+  ferrox3::Request& request(std::size_t position) const override { return *requests_[position]; }
+  std::size_t ecuCount() const override { return ecus_.size(); }
+  ferrox3::Ecu& ecu(std::size_t position) const override { return *ecus_[position]; }
+  ferrox3::Protocol& protocol() override { return protocol_; }
+  /// Empties the set.
+  void finish() override;
+
+ private:
+  void bundlePids(const std::vector<VehicleRequest*>& requests);
+  void bundle(std::vector<VehicleRequest*>& members);
+  void unbundle();
+
+  std::deque<PolledRequest> polled_;
+  std::vector<ferrox3::Request*> requests_;
+  std::vector<VehicleEcu*> ecus_;
+  std::vector<std::unique_ptr<PidBundle>> bundles_;
+  std::vector<VehicleRequest*> bundled_;
+  VehicleProtocol protocol_;
+};
+
+}  // namespace tarnlog::host

@@ -1,0 +1,54 @@
+#include "host/vehicle/session/VehicleRequest.h"
+
+#include "host/service/HexText.h"
+
+namespace tarnlog::host {
+
+VehicleRequest::VehicleRequest(const RequestDescription& description, ferrox3::Ecu& ecu, EcuChannel& channel,
+                               const Devices& devices, const UserLocale& locale)
+    : description_(description), ecu_(ecu), channel_(channel) {
+  byName_.reserve(description.data.size());
+  for (const DataDescription& data : description.data) {
+    VehicleDataItem& item = data_.emplace_back(data, devices(data.device), *this, locale);
+    items_.push_back(&item);
+    byName_.emplace(data.name, &item);
+  }
+}
+
+std::string VehicleRequest::frameText(bool sent) const {
+  return hexText(sent ? description_.frame : received_);
+}
+
+ferrox3::DataItem* VehicleRequest::findData(std::string_view name) const {
+  const auto found = byName_.find(name);
+  return found == byName_.end() ? nullptr : found->second;
+}
+
+void VehicleRequest::send() {
+  const auto outcome = ask(false);
+  if (outcome != Conversation::Outcome::answered) throw failure(outcome);
+}
+
+Conversation::Outcome VehicleRequest::ask(bool alone) {
+  sent_ = true;
+  auto outcome = Conversation::Outcome::answered;
+  if (alone || bundle_ == nullptr || !bundle_->take(description_, received_))
+    outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  if (outcome == Conversation::Outcome::answered)
+    for (VehicleDataItem& item : data_) item.decode(received_);
+  return outcome;
+}
+
+TarnError VehicleRequest::failure(Conversation::Outcome outcome) const {
+  return channel_.failure(outcome, description_.frame, received_);
+}
+
+void VehicleRequest::setNotAvailable() {
+  for (VehicleDataItem& item : data_) item.setNotAvailable();
+}
+
+std::string VehicleRequest::sentText() const { return sent_ ? hexText(description_.frame) : std::string(); }
+
+std::string VehicleRequest::receivedText() const { return hexText(received_); }
+
+}  // namespace tarnlog::host

@@ -1,0 +1,123 @@
+#include "host/vehicle/simulation/VehicleSimulator.h"
+
+#include <algorithm>
+
+#include "host/service/ResponseCheck.h"
+#include "host/vehicle/simulation/SignalValue.h"
+
+namespace tarnlog::host {
+namespace {
+
+using std::chrono::microseconds;
+
+constexpr std::uint8_t kStartDiagnosticSession = 0x10;
+constexpr std::uint8_t kTesterPresent = 0x3E;
+constexpr std::uint8_t kServiceNotSupported = 0x11;
+constexpr std::uint8_t kSubFunctionNotSupported = 0x12;
+
+std::string_view asText(std::span<const std::uint8_t> bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+void refuse(std::span<const std::uint8_t> request, std::uint8_t code, Link::Bytes& bytes) {
+  bytes.assign({kNegativeResponse, request[0], code});
+}
+
+}  // namespace
+
+VehicleSimulator::VehicleSimulator(const VehicleDescription& description)
+    : description_(description), faults_(description.simulation) {
+  for (std::size_t i = 0; i < description.ecus.size(); ++i) {
+    const EcuDescription& ecu = description.ecus[i];
+    auto& atAddress = stations_[ecu.address];
+    auto found = std::find_if(atAddress.begin(), atAddress.end(),
+                              [&](const auto& entry) { return entry.first == ecu.protocol; });
+    if (found == atAddress.end()) found = atAddress.insert(found, {ecu.protocol, Station{i, {}, {}}});
+    Station& station = found->second;
+    for (std::size_t j = 0; j < ecu.requests.size(); ++j) {
+      const Frame& frame = ecu.requests[j].frame;
+      station.byFrame.emplace(asText(frame), Place{i, j});
+      station.services[frame[0]] = true;
+    }
+  }
+}
+
+void VehicleSimulator::start() { faults_.start(); }
+
+void VehicleSimulator::answer(const LinkTarget& target, std::span<const std::uint8_t> request,
+                              microseconds sinceStart, SimulatedAnswers& answers) {
+  const Station* const station = findStation(target);
+  if (station == nullptr || request.empty()) return;
+  const auto described = station->byFrame.find(asText(request));
+  const Place place = described != station->byFrame.end() ? described->second : Place{station->firstEcu, {}};
+  const double seconds = std::chrono::duration<double>(sinceStart).count();
+  const microseconds latency = latencyOf(place);
+  const FaultDescription* const fault = faults_.next(place.ecu, place.request, seconds);
+  if (fault != nullptr && fault->kind == FaultKind::noAnswer) return;
+  if (fault != nullptr && fault->kind == FaultKind::pending) {
+    refuse(request, kResponsePending, answers.add(latency));
+    writeAnswer(*station, place, request, seconds, answers.add(latency + fault->delay));
+    return;
+  }
+  Link::Bytes& bytes = answers.add(latency);
+  writeAnswer(*station, place, request, seconds, bytes);
+  if (fault != nullptr) spoil(*fault, request, bytes);
+}
+
+const VehicleSimulator::Station* VehicleSimulator::findStation(const LinkTarget& target) const {
+  const auto atAddress = stations_.find(target.address);
+  if (atAddress == stations_.end()) return nullptr;
+  for (const auto& [protocol, station] : atAddress->second)
+    if (protocol == target.protocol) return &station;
+  return nullptr;
+}
+
+microseconds VehicleSimulator::latencyOf(const Place& place) const {
+  const SimulationDescription& simulation = description_.simulation;
+  return place.request ? simulation.requests[place.ecu][*place.request].latency : simulation.latency;
+}
+
+void VehicleSimulator::writeAnswer(const Station& station, const Place& place,
+                                   std::span<const std::uint8_t> request, double seconds,
+                                   Link::Bytes& bytes) const {
+  if (place.request) {
+    writeDescribed(place, seconds, bytes);
+  } else if (request[0] == kStartDiagnosticSession || request[0] == kTesterPresent) {
+    bytes.assign(request.begin(), request.begin() + (request.size() > 1 ? 2 : 1));
+    bytes[0] = positiveService(request[0]);
+  } else {
+    refuse(request, station.services[request[0]] ? kSubFunctionNotSupported : kServiceNotSupported, bytes);
+  }
+}
+
+void VehicleSimulator::writeDescribed(const Place& place, double seconds, Link::Bytes& bytes) const {
+  const SimulatedRequestDescription& simulated = description_.simulation.requests[place.ecu][*place.request];
+  const auto& data = description_.ecus[place.ecu].requests[*place.request].data;
+  bytes = simulated.response;
+  for (const DrivenData& driven : simulated.driven)
+    encodeNumber(data[driven.data].layout, signalValue(driven.signal, seconds), bytes);
+}
+
+void VehicleSimulator::spoil(const FaultDescription& fault, std::span<const std::uint8_t> request,
+                             Link::Bytes& bytes) {
+  switch (fault.kind) {
+    case FaultKind::negativeResponse:
+      refuse(request, fault.code, bytes);
+      break;
+    case FaultKind::shortAnswer:
+      bytes.resize(std::min(bytes.size(), fault.bytes));
+      break;
+    case FaultKind::wrongService:
+      bytes[0] = static_cast<std::uint8_t>(bytes[0] ^ 0x01);
+      break;
+    case FaultKind::garbage:
+      bytes.resize(fault.bytes);
+      std::generate(bytes.begin(), bytes.end(), [this] { return faults_.randomByte(); });
+      break;
+    case FaultKind::noAnswer:
+    case FaultKind::pending:
+      break;
+  }
+}
+
+}  // namespace tarnlog::host

@@ -205,7 +205,7 @@ void headless(benchmark::State& state) {
   SilentAcqScreen screen;
   RunLoop loop;
   const auto timer = loop.createTimer();
-  TarnAcq acq({screen, example.clock, *timer, example.files, {}, ""});
+  TarnAcq acq(screen, {example.clock, *timer, example.files, {}, ""});
   acq.setSession(&example.vehicle->session());
   acq.StartReadingData(example.configuration.parameters);
   Rate rate;

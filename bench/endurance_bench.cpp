@@ -40,7 +40,7 @@ int main() {
   SilentAcqScreen screen;
   test::ManualTimer timer;
   SystemFileSystem files;
-  TarnAcq acq({screen, clock, timer, files, {}, ""});
+  TarnAcq acq(screen, {clock, timer, files, {}, ""});
   acq.setSession(&vehicle->session());
   acq.StartReadingData(bench::everything(4, 10, folder.path()));
   const auto minute = [&] {

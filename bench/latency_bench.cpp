@@ -61,7 +61,7 @@ void record(benchmark::State& state) {
   RunLoop loop;
   const auto timer = loop.createTimer();
   SystemFileSystem files;
-  TarnAcq acq({screen, clock, *timer, files, {}, ""});
+  TarnAcq acq(screen, {clock, *timer, files, {}, ""});
   acq.setSession(&vehicle->session());
   acq.StartReadingData(bench::everything(kRequests, 10, folder.path()));
   double rate = 0;

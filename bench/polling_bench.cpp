@@ -63,7 +63,7 @@ void recordedCycle(benchmark::State& state) {
   test::SteppedClock clock;
   test::ManualTimer timer;
   SystemFileSystem files;
-  TarnAcq acq({screen, clock, timer, files, {}, ""});
+  TarnAcq acq(screen, {clock, timer, files, {}, ""});
   acq.setSession(&vehicle->session());
   acq.StartReadingData(bench::everything(kRequests, kDataPerRequest, folder.path()));
   const auto cycle = [&] {

@@ -1,14 +1,12 @@
 #include "apps/tarn-record/ConsoleScreen.h"
 
+#include "acquisition/AcqWords.h"
+
 namespace tarnlog::record {
 
-void ConsoleScreen::setPanelText(StatusPanel panel, std::string_view text) {
-  if (panel == StatusPanel::AcqTime) {
-    elapsed_ = text;
-  } else if (text.starts_with("Open error : ") || text.starts_with("Error : ")) {
-    openFailed_ = true;
-    print_(text);
-  }
+void ConsoleScreen::setOpenFailure(OpenFailure failure, std::string_view reason) {
+  openFailed_ = true;
+  print_(words::openFailureText(failure, reason));
 }
 
 }  // namespace tarnlog::record

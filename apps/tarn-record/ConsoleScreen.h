@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
-#include <string>
 #include <string_view>
 
 #include "acquisition/SilentAcqScreen.h"
@@ -16,19 +16,21 @@ class ConsoleScreen : public SilentAcqScreen {
 
   explicit ConsoleScreen(Print print) : print_(std::move(print)) {}
 
-  const std::string& state() const { return state_; }
-  const std::string& elapsed() const { return elapsed_; }
+  AcquisitionState state() const { return state_; }
+  /// Milliseconds that the recording has lasted at its newest row.
+  std::int64_t elapsed() const { return elapsed_; }
   /// A record or event file could not be opened since the start.
   bool openFailed() const { return openFailed_; }
 
-  void setStateIndicator(std::string_view caption, Colour) override { state_ = caption; }
-  void setPanelText(StatusPanel panel, std::string_view text) override;
+  void setState(AcquisitionState state) override { state_ = state; }
+  void setElapsed(std::int64_t milliseconds) override { elapsed_ = milliseconds; }
+  void setOpenFailure(OpenFailure failure, std::string_view reason) override;
   void appendLogLine(std::string_view line) override { print_(line); }
 
  private:
   Print print_;
-  std::string state_;
-  std::string elapsed_ = "0";
+  AcquisitionState state_ = AcquisitionState::kIdle;
+  std::int64_t elapsed_ = 0;
   bool openFailed_ = false;
 };
 

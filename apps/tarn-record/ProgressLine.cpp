@@ -4,6 +4,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "acquisition/AcqWords.h"
 #include "apps/common/TerminalText.h"
 
 namespace tarnlog::record {
@@ -25,10 +26,13 @@ bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 
 }  // namespace
 
-std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond) {
-  const std::string recording = acq.Recording() ? "recording " + screen.elapsed() + " s" : "not recording";
-  return fmt::format("{:5} {}  rows {}  {:.1f} cycles/s  {}", screen.state(), recording, acq.rowsWritten(),
-                     cyclesPerSecond, acq.RecordPath());
+std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond,
+                         char decimalSeparator) {
+  const std::string recording =
+      acq.Recording() ? "recording " + words::elapsedText(screen.elapsed(), decimalSeparator) + " s"
+                      : "not recording";
+  return fmt::format("{:5} {}  rows {}  {:.1f} cycles/s  {}", words::of(screen.state()).caption, recording,
+                     acq.rowsWritten(), cyclesPerSecond, acq.RecordPath());
 }
 
 std::string firstCharacters(const std::string& text, std::size_t count) {
@@ -38,11 +42,12 @@ std::string firstCharacters(const std::string& text, std::size_t count) {
   return text.substr(0, at);
 }
 
-ProgressLine::ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal)
+ProgressLine::ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal, char decimalSeparator)
     : clock_(clock),
       out_(out),
       lines_(clock, [this](std::string_view line) { printAbove(line); }),
-      terminal_(terminal) {}
+      terminal_(terminal),
+      decimalSeparator_(decimalSeparator) {}
 
 /// Above the progress line, which the next `show` draws anew.
 void ProgressLine::printAbove(std::string_view line) {
@@ -59,7 +64,7 @@ void ProgressLine::show(const TarnAcq& acq, const ConsoleScreen& screen) {
   if (shown_ && since < kRedraw) return;
   measureRate(acq.cycles(), now);
   // A line that wraps could not be erased.
-  const std::string text = printableLine(progressText(acq, screen, rate_));
+  const std::string text = printableLine(progressText(acq, screen, rate_, decimalSeparator_));
   out_.write(kEraseLine + firstCharacters(text, terminalWidth() - 1));
   shown_ = true;
   lastShown_ = now;

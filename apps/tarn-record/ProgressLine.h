@@ -17,7 +17,7 @@ namespace tarnlog::record {
 /// when that is a terminal.
 class ProgressLine {
  public:
-  ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal);
+  ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal, char decimalSeparator);
 
   void print(std::string_view line) { lines_.add(line); }
   /// To be called often: goes on with what had to wait, and redraws the progress line, at most four times a
@@ -34,6 +34,7 @@ class ProgressLine {
   NonWaitingStream& out_;
   RepeatedLines lines_;
   bool terminal_;
+  char decimalSeparator_;
   bool shown_ = false;
   Milliseconds lastShown_ = 0;
   Milliseconds rateSince_ = 0;
@@ -45,6 +46,7 @@ class ProgressLine {
 std::string firstCharacters(const std::string& text, std::size_t count);
 
 /// "com  recording 12.3 s  rows 123  35.2 cycles/s  /rec/16-11-26_19h05mn07.txt"
-std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond);
+std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond,
+                         char decimalSeparator);
 
 }  // namespace tarnlog::record

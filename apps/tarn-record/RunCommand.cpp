@@ -51,7 +51,7 @@ class Run {
  public:
   explicit Run(const RunOptions& options)
       : options_(options),
-        progress_(clock_, errors_, ::isatty(STDERR_FILENO) != 0),
+        progress_(clock_, errors_, ::isatty(STDERR_FILENO) != 0, systemLocale().decimalSeparator),
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()) {
     host::LinkOptions link = options.link;
@@ -59,8 +59,8 @@ class Run {
     // Not earlier: `idle` looks at the members.
     vehicle_ = openVehicle(
         options.vehicle, files_, linkClock_, [this] { idle(); }, link);
-    acq_ = std::make_unique<TarnAcq>(
-        AcqEnvironment{screen_, clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
+    acq_ = std::make_unique<TarnAcq>(screen_,
+                                     AcqEnvironment{clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
     files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
     if (options.folderPerVehicle)
       acq_->setFolderRule([this](const std::string& folder) {

@@ -1,4 +1,5 @@
 #include "apps/tarnlog/LiveRecorder.h"
+#include "acquisition/AcqWords.h"
 
 #include <unistd.h>
 
@@ -95,7 +96,8 @@ int LiveRecorder::run() {
     noteFailure(textOf(trouble));
     window.showWriteTrouble(trouble);
   });
-  acq.setOpenFailedHandler([&](const std::string& text) {
+  acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
+    const std::string text = words::openFailureText(failure, reason);
     noteFailure(text);
     window.showOpenFailed(text);
   });

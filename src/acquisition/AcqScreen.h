@@ -7,7 +7,31 @@
 
 namespace tarnlog {
 
-enum class StatusPanel { Record, AcqTime };
+/// The states of an acquisition, under the system's numbers.
+enum class AcquisitionState : std::int32_t {
+  kIdle = 0,
+  kInitialise = 1,
+  kStartSessions = 2,
+  kCommunicate = 3,
+  kWaitAfterInit = 4,
+  kWaitBeforePolling = 5
+};
+
+/// What there is to know about the recording. A screen shows what it heard last. `Off` and `On` say what the
+/// start/stop button does next, too; the others leave that as it is.
+enum class RecordingFact : std::uint8_t {
+  Cleared,    ///< another session was taken
+  Off,        ///< nothing is recorded
+  Requested,  ///< a start or a stop is pending
+  Opened,     ///< a record file has just been opened
+  On          ///< rows are recorded
+};
+
+/// Why a record or event file is not open.
+enum class OpenFailure : std::uint8_t {
+  Failed,   ///< the system refused, with a reason
+  NoStream  ///< it gave nothing to write to
+};
 
 /// The scrolled area that the live display draws in: `FrGraphic` inside `FrScroll`, moved by `VScroll`
 /// (pixels).
@@ -21,20 +45,22 @@ class GraphArea {
   virtual std::int16_t scrollValue() const = 0;
 };
 
-/// What the acquisition shows, whoever shows it: a window, a console or nobody. Positions in the log are
-/// 0-based, rows of the value list 1-based. No call may run the acquisition.
+/// What the acquisition tells whoever shows it: a window, a console or nobody. It hears facts; the words and
+/// colours for them are in AcqWords.h. Positions in the log are 0-based, rows of the value list 1-based. No
+/// call may run the acquisition.
 class AcqScreen {
  public:
   virtual ~AcqScreen() = default;
 
-  virtual void setRecordingCaption(std::string_view caption) = 0;  ///< LblRec
-  virtual void setRecordingColour(Colour colour) = 0;
+  virtual void setState(AcquisitionState state) = 0;       ///< LblDiag
+  virtual void setRecording(RecordingFact fact) = 0;       ///< LblRec, CommandStartStop
+  virtual void setRecordPath(std::string_view path) = 0;   ///< of the newest record file; empty: none yet
+  virtual void setElapsed(std::int64_t milliseconds) = 0;  ///< time of the recording at its newest row
+  virtual void setEventNumber(std::int32_t number) = 0;    ///< of the newest event; 0: none yet
+  /// In place of the path, until there is a new one.
+  virtual void setOpenFailure(OpenFailure failure, std::string_view reason) = 0;
   /// Rows do not reach an open record or event file, or do so again; told when it changes.
   virtual void setWriteFailing(bool failing) = 0;
-  virtual void setStateIndicator(std::string_view caption, Colour colour) = 0;  ///< LblDiag
-  virtual void setStartStopCaption(std::string_view caption) = 0;               ///< CommandStartStop
-  virtual void setEventCaption(std::string_view caption) = 0;                   ///< EventBouton
-  virtual void setPanelText(StatusPanel panel, std::string_view text) = 0;      ///< StatusBar1
 
   virtual void clearLog() = 0;
   virtual void removeLogLine(int position) = 0;

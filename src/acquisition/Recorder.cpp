@@ -2,22 +2,19 @@
 
 #include <utility>
 
-#include "acquisition/Indicators.h"
 #include "platform/base/TarnError.h"
-#include "platform/text/Numbers.h"
 
 namespace tarnlog {
 
 Recorder::Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
-                   RollingBuffer& current, RollingBuffer& preTrigger, char decimalSeparator)
+                   RollingBuffer& current, RollingBuffer& preTrigger)
     : screen_(screen),
       log_(log),
       files_(files),
       events_(events),
       values_(values),
       current_(current),
-      preTrigger_(preTrigger),
-      decimalSeparator_(decimalSeparator) {}
+      preTrigger_(preTrigger) {}
 
 void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
                      std::shared_ptr<const oTarnTrigger> stopTrigger) {
@@ -38,7 +35,7 @@ void Recorder::toggle() {
     armStop();
   else if (!stopRequested_)
     startPending_ = OpenRecordFile();
-  screen_.setRecordingColour(indicator::kRequested);
+  screen_.setRecording(RecordingFact::Requested);
 }
 
 void Recorder::userEvent() {
@@ -47,12 +44,12 @@ void Recorder::userEvent() {
   try {
     if (recording_) {
       events_.recordWhileRecording(current_, recordStart_);
-      screen_.setEventCaption("Event " + std::to_string(events_.count()));
+      screen_.setEventNumber(events_.count());
     } else {
       events_.recordWhileIdle(current_);
     }
   } catch (const TarnError& error) {
-    tellOpenFailed("Open error : " + error.description());
+    tellOpenFailed(OpenFailure::Failed, error.description());
     return;
   }
   log_.add("User event");
@@ -62,22 +59,22 @@ bool Recorder::OpenRecordFile() {
   dropMarks();
   try {
     if (!files_.openRecordFile()) {
-      tellOpenFailed("Error : Unable to create file");
+      tellOpenFailed(OpenFailure::NoStream, {});
       return false;
     }
   } catch (const TarnError& error) {
-    tellOpenFailed("Open error : " + error.description());
+    tellOpenFailed(OpenFailure::Failed, error.description());
     return false;
   }
-  screen_.setPanelText(StatusPanel::Record, files_.recordPath());
+  screen_.setRecordPath(files_.recordPath());
   writeFirstRows();
-  screen_.setRecordingColour(indicator::kOpened);
+  screen_.setRecording(RecordingFact::Opened);
   return true;
 }
 
-void Recorder::tellOpenFailed(const std::string& text) {
-  screen_.setPanelText(StatusPanel::Record, text);
-  if (openFailed_) openFailed_(text);
+void Recorder::tellOpenFailed(OpenFailure failure, const std::string& reason) {
+  screen_.setOpenFailure(failure, reason);
+  if (openFailed_) openFailed_(failure, reason);
 }
 
 /// With history the newest history row is the start; without, it is the newest polling cycle, and the
@@ -125,7 +122,7 @@ Recorder::Refresh Recorder::cycleIdle(Milliseconds pollTime) {
 void Recorder::startRecording() {
   startPending_ = false;
   log_.add("Start record");
-  screen_.setPanelText(StatusPanel::AcqTime, "0");
+  screen_.setElapsed(0);
   SetRecordingDisplay(true);
   recording_ = true;
 }
@@ -164,13 +161,11 @@ bool Recorder::stopFires(Milliseconds pollTime) {
 void Recorder::armStop() {
   stopRequested_ = stopMarkPending_ = true;
   postCountdown_ = plan_.postTriggerPoints;
-  screen_.setRecordingColour(indicator::kRequested);
+  screen_.setRecording(RecordingFact::Requested);
 }
 
 void Recorder::writeRow(Milliseconds pollTime) {
-  elapsed_.clear();
-  appendSeconds1(elapsed_, recordStart_.millisecondsTo(pollTime), decimalSeparator_);
-  screen_.setPanelText(StatusPanel::AcqTime, elapsed_);
+  screen_.setElapsed(recordStart_.millisecondsTo(pollTime));
   const std::string& mark = takeMark();
   if (DataFile* const file = files_.record())
     if (skipOnFailure([&] { file->writeCurrent(current_, recordStart_, mark); })) ++rowsWritten_;
@@ -223,11 +218,6 @@ void Recorder::suspend() {
 void Recorder::dropMarks() {
   stopMarkPending_ = false;
   events_.dropMark();
-}
-
-void Recorder::SetRecordingDisplay(bool on) {
-  screen_.setRecordingColour(on ? indicator::kRecording : indicator::kIdle);
-  screen_.setStartStopCaption(on ? "Stop recording" : "Start recording");
 }
 
 }  // namespace tarnlog

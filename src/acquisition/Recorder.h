@@ -25,7 +25,7 @@ namespace tarnlog {
 class Recorder {
  public:
   enum class Refresh { Nothing, Display };
-  using OpenFailed = std::function<void(const std::string& text)>;
+  using OpenFailed = std::function<void(OpenFailure failure, const std::string& reason)>;
 
   /// Rows may be late by less than the list's time to refresh: so close to a due row the list is left alone.
   static constexpr std::int32_t kQuietBeforeRow = 250;
@@ -33,7 +33,7 @@ class Recorder {
   static constexpr std::int32_t kLongPeriod = 10000;
 
   Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
-           RollingBuffer& current, RollingBuffer& preTrigger, char decimalSeparator);
+           RollingBuffer& current, RollingBuffer& preTrigger);
 
   /// Starts an acquisition. The first row is due `now`.
   void begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
@@ -65,11 +65,11 @@ class Recorder {
   std::int32_t finishedRecordings() const { return finishedRecordings_; }
   std::uint64_t rowsWritten() const { return rowsWritten_; }
 
-  void SetRecordingDisplay(bool on);
+  void SetRecordingDisplay(bool on) { screen_.setRecording(on ? RecordingFact::On : RecordingFact::Off); }
 
  private:
   bool OpenRecordFile();
-  void tellOpenFailed(const std::string& text);
+  void tellOpenFailed(OpenFailure failure, const std::string& reason);
   void writeFirstRows();
   void addToPreTrigger(Milliseconds pollTime);
   /// With period 0 the schedule stands still, and after half a turn of the clock it would lie ahead.
@@ -96,7 +96,6 @@ class Recorder {
   ValueList& values_;
   RollingBuffer& current_;
   RollingBuffer& preTrigger_;
-  char decimalSeparator_;
 
   RecordingPlan plan_;
   LevelTrigger start_;
@@ -113,8 +112,7 @@ class Recorder {
   std::int32_t finishedRecordings_ = 0;
   std::uint64_t rowsWritten_ = 0;
   OpenFailed openFailed_;
-  std::string mark_;     ///< scratch, kept for its capacity
-  std::string elapsed_;  ///< scratch, kept for its capacity
+  std::string mark_;  ///< scratch, kept for its capacity
 };
 
 }  // namespace tarnlog

@@ -7,13 +7,13 @@ namespace tarnlog {
 /// An acquisition screen that shows nothing; a base for those that show a part.
 class SilentAcqScreen : public AcqScreen {
  public:
-  void setRecordingCaption(std::string_view) override {}
-  void setRecordingColour(Colour) override {}
+  void setState(AcquisitionState) override {}
+  void setRecording(RecordingFact) override {}
+  void setRecordPath(std::string_view) override {}
+  void setElapsed(std::int64_t) override {}
+  void setEventNumber(std::int32_t) override {}
+  void setOpenFailure(OpenFailure, std::string_view) override {}
   void setWriteFailing(bool) override {}
-  void setStateIndicator(std::string_view, Colour) override {}
-  void setStartStopCaption(std::string_view) override {}
-  void setEventCaption(std::string_view) override {}
-  void setPanelText(StatusPanel, std::string_view) override {}
   void clearLog() override {}
   void removeLogLine(int) override {}
   void appendLogLine(std::string_view) override {}

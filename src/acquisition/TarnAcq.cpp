@@ -6,7 +6,6 @@
 #include <limits>
 #include <utility>
 
-#include "acquisition/Indicators.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog {
@@ -50,17 +49,17 @@ class TarnAcq::Busy {
   bool& flag_;
 };
 
-TarnAcq::TarnAcq(AcqEnvironment environment)
-    : env_(std::move(environment)),
-      log_(env_.screen, env_.clock),
+TarnAcq::TarnAcq(AcqScreen& screen, AcqEnvironment environment)
+    : screen_(screen),
+      env_(std::move(environment)),
+      log_(screen, env_.clock),
       reader_(env_.locale.decimalSeparator),
       currentBuffer_(env_.locale.decimalSeparator),
       preTriggerBuffer_(env_.locale.decimalSeparator),
-      values_(env_.screen),
+      values_(screen),
       files_(env_.files, env_.clock, env_.locale, env_.stylesheetUrl),
       events_(files_),
-      recorder_(env_.screen, log_, files_, events_, values_, currentBuffer_, preTriggerBuffer_,
-                env_.locale.decimalSeparator),
+      recorder_(screen, log_, files_, events_, values_, currentBuffer_, preTriggerBuffer_),
       startup_(log_, [this] { return stopAcqRequested_; }) {
   env_.timer.setTickHandler([this] { onTick(); });
 }
@@ -84,9 +83,8 @@ void TarnAcq::setSession(ferrox3::Session* session) {
 
 void TarnAcq::takeSession(ferrox3::Session* session) {
   session_ = session;
-  env_.screen.rebuildValueColumns();
-  env_.screen.setRecordingCaption("rec");
-  env_.screen.setRecordingColour(indicator::kIdle);
+  screen_.rebuildValueColumns();
+  screen_.setRecording(RecordingFact::Cleared);
   SetAcqState(kIdle);
   recorder_.forgetRequests();
 }
@@ -127,7 +125,7 @@ void TarnAcq::startNow() {
   clearDisplay();
   display_ = std::make_unique<ScopeItem>();
   const std::int32_t count =
-      items_.BuildAcquisitionList(*session_, *parameters, env_.screen, display_->graphes());
+      items_.BuildAcquisitionList(*session_, *parameters, screen_, display_->graphes());
   values_.begin(items_.items());
   if (count == 0) {
     log_.add("No data to acquire");
@@ -146,9 +144,9 @@ void TarnAcq::beginRecording(const std::shared_ptr<oTarnParameters>& parameters,
   files_.begin(parameters, items_.items());
   events_.reset();
   recorder_.begin(plan, items_.startTrigger(), items_.stopTrigger(), parameters->stopTrigger);
-  env_.screen.setEventCaption("Event");
-  env_.screen.setPanelText(StatusPanel::Record, "no record file");
-  env_.screen.setPanelText(StatusPanel::AcqTime, "0");
+  screen_.setEventNumber(0);
+  screen_.setRecordPath({});
+  screen_.setElapsed(0);
 }
 
 void TarnAcq::beginTicking() {
@@ -243,7 +241,7 @@ void TarnAcq::hideNow() {
 // --- the live display
 
 void TarnAcq::buildDisplay() {
-  GraphArea* const area = env_.screen.graphArea();
+  GraphArea* const area = screen_.graphArea();
   if (area == nullptr) return;
   placeFrame(*area);
   area->frame().setHeight(area->visibleHeight());
@@ -255,12 +253,12 @@ void TarnAcq::buildDisplay() {
 
 void TarnAcq::clearDisplay() {
   const std::unique_ptr<ScopeItem> display = std::move(display_);
-  if (GraphArea* const area = env_.screen.graphArea(); area != nullptr && display != nullptr)
+  if (GraphArea* const area = screen_.graphArea(); area != nullptr && display != nullptr)
     display->ClearDisplay(area->frame());
 }
 
 void TarnAcq::resized() {
-  GraphArea* const area = env_.screen.graphArea();
+  GraphArea* const area = screen_.graphArea();
   if (area == nullptr) return;
   placeFrame(*area);
   if (display_ == nullptr) return;
@@ -279,10 +277,10 @@ void TarnAcq::scrolled() {
 }
 
 void TarnAcq::applyScroll() {
-  GraphArea* const area = env_.screen.graphArea();
+  GraphArea* const area = screen_.graphArea();
   if (area == nullptr) return;
   area->frame().setTop(-static_cast<Twips>(area->scrollValue()) * kTwipsPerPixel);
-  skipOnFailure([&] { env_.screen.focusStartStop(); });
+  skipOnFailure([&] { screen_.focusStartStop(); });
 }
 
 // --- the tick
@@ -345,7 +343,7 @@ void TarnAcq::communicate() {
   cycleTime_ = env_.clock.milliseconds();
   reader_.read(items_.items(), pollTime, currentBuffer_);
   values_.noteCycle(currentBuffer_);
-  if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && env_.screen.graphArea() != nullptr)
+  if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && screen_.graphArea() != nullptr)
     skipOnFailure([&] { display_->RefreshDisplay(); });
 }
 
@@ -380,26 +378,14 @@ void TarnAcq::endTick() {
 
 void TarnAcq::showWriting() {
   const bool failing = files_.failing();
-  if (std::exchange(writeFailing_, failing) != failing) env_.screen.setWriteFailing(failing);
+  if (std::exchange(writeFailing_, failing) != failing) screen_.setWriteFailing(failing);
 }
 
 // --- states and the end
 
 void TarnAcq::SetAcqState(State state) {
   state_ = state;
-  switch (state) {
-    case kIdle:
-      return env_.screen.setStateIndicator("", indicator::kIdle);
-    case kInitialise:
-      return env_.screen.setStateIndicator("init", indicator::kWhite);
-    case kWaitAfterInit:
-    case kWaitBeforePolling:
-      return env_.screen.setStateIndicator("Wait", indicator::kYellow);
-    case kStartSessions:
-      return env_.screen.setStateIndicator("Start", indicator::kRequested);
-    case kCommunicate:
-      return env_.screen.setStateIndicator("com", indicator::kOpened);
-  }
+  screen_.setState(state);
 }
 
 /// Ends the acquisition that runs; then comes what was asked for until its end. Of a stop and a start the

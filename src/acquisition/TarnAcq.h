@@ -25,9 +25,8 @@
 
 namespace tarnlog {
 
-/// What an acquisition needs from around it. All of it outlives the TarnAcq.
+/// What an acquisition needs from around it, besides its screen. All of it outlives the TarnAcq.
 struct AcqEnvironment {
-  AcqScreen& screen;
   Clock& clock;
   Timer& timer;
   FileSystem& files;
@@ -41,16 +40,11 @@ struct AcqEnvironment {
 /// hiding are remembered and honoured when that is over.
 class TarnAcq {
  public:
-  enum State : std::int32_t {
-    kIdle = 0,
-    kInitialise = 1,
-    kStartSessions = 2,
-    kCommunicate = 3,
-    kWaitAfterInit = 4,
-    kWaitBeforePolling = 5
-  };
+  using State = AcquisitionState;
+  using enum AcquisitionState;
 
-  explicit TarnAcq(AcqEnvironment environment);
+  /// The screen outlives the TarnAcq.
+  TarnAcq(AcqScreen& screen, AcqEnvironment environment);
   ~TarnAcq();
   TarnAcq(const TarnAcq&) = delete;
   TarnAcq& operator=(const TarnAcq&) = delete;
@@ -88,7 +82,7 @@ class TarnAcq {
   void setLogAddedHandler(AcqLog::LogAdded handler) { log_.setLogAdded(std::move(handler)); }
   /// Called with the path of each record or event file that was closed.
   void setFileFinishedHandler(RecordFiles::Finished handler) { files_.setFinished(std::move(handler)); }
-  /// Called with the status panel's text when a record or event file cannot be opened.
+  /// Called when a record or event file cannot be opened.
   void setOpenFailedHandler(Recorder::OpenFailed handler) { recorder_.setOpenFailed(std::move(handler)); }
   /// Asked for the folder of each new file, given that of the configuration. Without it, that one.
   void setFolderRule(RecordFiles::FolderRule rule) { files_.setFolderRule(std::move(rule)); }
@@ -149,6 +143,7 @@ class TarnAcq {
   std::optional<std::int64_t> since(const std::optional<Milliseconds>& moment) const;
   bool acquiring() const { return state_ != kIdle || items_.held(); }
 
+  AcqScreen& screen_;
   AcqEnvironment env_;
   ferrox3::Session* session_ = nullptr;
   std::shared_ptr<oTarnParameters> parameters_;

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 
-#include "acquisition/Indicators.h"
 #include "tests/support/AcqRig.h"
 
 namespace tarnlog {
@@ -19,8 +18,7 @@ TEST(Recording, aButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
   EXPECT_TRUE(rig.acq.startPending()) << "a second press while the start is pending is ignored";
   rig.run("1300:3 1400:4 1500:5");
   EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|2", "0.2|\"\"|4", "0.3|\"\"|5"));
-  EXPECT_EQ(rig.screen.recordingColours.back(), indicator::kRecording);
-  EXPECT_EQ(rig.screen.startStopCaption, "Stop recording");
+  EXPECT_EQ(rig.screen.recording.back(), RecordingFact::On);
   EXPECT_EQ(rig.screen.timePanel, "0.3");
 }
 
@@ -106,7 +104,7 @@ TEST(Recording, namesWhyAFileCannotBeOpened) {
   rig.files.openError = "Permission denied";
   rig.acq.ToggleRecording();
   EXPECT_EQ(rig.screen.recordPanel, "Open error : Permission denied");
-  EXPECT_EQ(rig.screen.recordingColours.back(), indicator::kRequested);
+  EXPECT_EQ(rig.screen.recording.back(), RecordingFact::Requested);
   rig.files.openError.clear();
   rig.files.noStream = true;
   rig.acq.ToggleRecording();

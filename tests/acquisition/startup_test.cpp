@@ -31,7 +31,7 @@ TEST(StartReadingData, parametersStartOnceASessionIsPresent) {
   rig.acq.setParameters(rig.parameters);
   EXPECT_FALSE(rig.timer.enabled());
   rig.acq.setSession(&rig.session);
-  EXPECT_EQ(rig.screen.recordingCaption, "rec");
+  EXPECT_EQ(rig.screen.recording.front(), RecordingFact::Cleared);
   rig.acq.setParameters(rig.parameters);
   EXPECT_TRUE(rig.timer.enabled());
   EXPECT_EQ(rig.timer.interval, 1);

@@ -136,7 +136,7 @@ class Scenario {
   explicit Scenario(const Recipe& recipe, FileSystem* disk = nullptr)
       : clock(recipe.clock),
         origin_(recipe.clock),
-        acq({screen, clock, timer, disk == nullptr ? files : *disk, recipe.locale, "tarnlog.xsl"}) {
+        acq(screen, {clock, timer, disk == nullptr ? files : *disk, recipe.locale, "tarnlog.xsl"}) {
     files.files = recipe.inputs;
     files.files["/in/car.json"] = vehicleDescription(recipe);
     files.files["/in/configuration.xml"] = configuration(recipe);

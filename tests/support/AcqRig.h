@@ -80,7 +80,7 @@ class AcqRig {
   int stopped = 0;
   std::vector<std::string> finished;
   Milliseconds origin = 0;
-  TarnAcq acq{{screen, clock, timer, files, UserLocale{}, "tarnlog.xsl"}};
+  TarnAcq acq{screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl"}};
 
  private:
   static void channel(oTarnTrigger& trigger, std::int32_t edge, double level) {

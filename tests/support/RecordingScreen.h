@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "acquisition/AcqScreen.h"
+#include "acquisition/AcqWords.h"
 
 namespace tarnlog::test {
 
-/// An acquisition screen that keeps what it was told.
+/// An acquisition screen that keeps what it was told, in the system's words.
 class RecordingScreen : public AcqScreen {
  public:
   struct ValueRow {
@@ -17,12 +18,9 @@ class RecordingScreen : public AcqScreen {
     int written = 0;
   };
 
-  std::string recordingCaption;
-  std::vector<Colour> recordingColours;  ///< every colour in turn
+  std::vector<RecordingFact> recording;  ///< in turn
   std::vector<bool> writeFailing;        ///< in turn
   std::string state;
-  Colour stateColour = 0;
-  std::string startStopCaption;
   std::string eventCaption;
   std::string recordPanel;
   std::string timePanel;
@@ -32,18 +30,15 @@ class RecordingScreen : public AcqScreen {
   int beeps = 0;
   GraphArea* area = nullptr;
 
-  void setRecordingCaption(std::string_view caption) override { recordingCaption = caption; }
-  void setRecordingColour(Colour colour) override { recordingColours.push_back(colour); }
+  void setState(AcquisitionState acquisition) override { state = words::of(acquisition).caption; }
+  void setRecording(RecordingFact fact) override { recording.push_back(fact); }
+  void setRecordPath(std::string_view path) override { recordPanel = words::recordText(path); }
+  void setElapsed(std::int64_t milliseconds) override { timePanel = words::elapsedText(milliseconds, '.'); }
+  void setEventNumber(std::int32_t number) override { eventCaption = words::eventCaption(number); }
+  void setOpenFailure(OpenFailure failure, std::string_view reason) override {
+    recordPanel = words::openFailureText(failure, reason);
+  }
   void setWriteFailing(bool failing) override { writeFailing.push_back(failing); }
-  void setStateIndicator(std::string_view caption, Colour colour) override {
-    state = caption;
-    stateColour = colour;
-  }
-  void setStartStopCaption(std::string_view caption) override { startStopCaption = caption; }
-  void setEventCaption(std::string_view caption) override { eventCaption = caption; }
-  void setPanelText(StatusPanel panel, std::string_view text) override {
-    (panel == StatusPanel::Record ? recordPanel : timePanel) = text;
-  }
   void clearLog() override { log.clear(); }
   void removeLogLine(int position) override { log.erase(log.begin() + position); }
   void appendLogLine(std::string_view line) override { log.emplace_back(line); }

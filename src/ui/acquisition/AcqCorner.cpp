@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "acquisition/Indicators.h"
+#include "acquisition/AcqWords.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Icons.h"
 
@@ -20,7 +20,7 @@ QLabel* makeMark(const char* name, const QString& text, const QString& tip, QWid
   mark->setObjectName(name);
   mark->setMargin(2);
   QPalette colours;
-  colours.setColor(QPalette::Window, toQColor(indicator::kRequested, colours));
+  colours.setColor(QPalette::Window, toQColor(words::colourOf(RecordingFact::Requested), colours));
   colours.setColor(QPalette::WindowText, Qt::black);
   mark->setPalette(colours);
   mark->setAutoFillBackground(true);

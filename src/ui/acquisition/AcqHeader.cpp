@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "acquisition/Indicators.h"
+#include "acquisition/AcqWords.h"
 #include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/Indicator.h"
 #include "ui/acquisition/IndicatorMeaning.h"
@@ -39,18 +39,25 @@ AcqHeader::AcqHeader(QWidget& view)
       eventBouton_(makeButton("EventBouton",
                               tr("Write the rows around this moment into an event file (Space)"), view)),
       log_(new LogList(&view)) {
-  setRecordingCaption("rec");
-  setRecordingColour(indicator::kIdle);
-  setStateIndicator("", indicator::kIdle);
-  setStartStopCaption("Start recording");
-  setEventCaption("Event");
+  lblRec_->setText(inUsersWords(words::kRecording));
+  setState(AcquisitionState::kIdle);
+  setRecording(RecordingFact::Off);
+  setEventNumber(0);
   setButtonsAct(false);
 }
 
-void AcqHeader::setRecordingCaption(std::string_view caption) { lblRec_->setText(inUsersWords(caption)); }
+void AcqHeader::setState(AcquisitionState state) {
+  const words::StateSign sign = words::of(state);
+  lblDiag_->setText(inUsersWords(sign.caption));
+  lblDiag_->setColour(sign.colour);
+  lblDiag_->setMeaning(Indicator::Sign::None, stateMeaning(state));
+}
 
-void AcqHeader::setRecordingColour(Colour colour) {
-  lblRec_->setColour(colour);
+void AcqHeader::setRecording(RecordingFact fact) {
+  recording_ = fact;
+  lblRec_->setColour(words::colourOf(fact));
+  if (fact == RecordingFact::Off) commandStartStop_->setText(inUsersWords(words::kStartRecording));
+  if (fact == RecordingFact::On) commandStartStop_->setText(inUsersWords(words::kStopRecording));
   showMeaning();
 }
 
@@ -60,22 +67,13 @@ void AcqHeader::setWriteFailing(bool failing) {
 }
 
 void AcqHeader::showMeaning() {
-  const IndicatorMeaning meaning = recordingMeaning(lblRec_->colour(), writeFailing_);
+  const IndicatorMeaning meaning = recordingMeaning(recording_, writeFailing_);
   lblRec_->setMeaning(meaning.sign, meaning.words);
 }
 
-void AcqHeader::setStateIndicator(std::string_view caption, Colour colour) {
-  lblDiag_->setText(inUsersWords(caption));
-  lblDiag_->setColour(colour);
-  lblDiag_->setMeaning(Indicator::Sign::None, stateMeaning(caption));
-}
-
-void AcqHeader::setStartStopCaption(std::string_view caption) {
-  commandStartStop_->setText(inUsersWords(caption));
-}
-
-void AcqHeader::setEventCaption(std::string_view caption) {
-  eventBouton_->setText(headInUsersWords(caption, "Event"));
+void AcqHeader::setEventNumber(std::int32_t number) {
+  const QString event = inUsersWords(words::kEvent);
+  eventBouton_->setText(number == 0 ? event : event + ' ' + QString::number(number));
 }
 
 void AcqHeader::setButtonsAct(bool act) {

@@ -2,9 +2,9 @@
 
 #include <QCoreApplication>
 #include <QRect>
-#include <string_view>
+#include <cstdint>
 
-#include "platform/screen/Controls.h"
+#include "acquisition/AcqScreen.h"
 
 class QWidget;
 
@@ -23,12 +23,10 @@ class AcqHeader {
 
   explicit AcqHeader(QWidget& view);
 
-  void setRecordingCaption(std::string_view caption);
-  void setRecordingColour(Colour colour);
+  void setState(AcquisitionState state);
+  void setRecording(RecordingFact fact);
   void setWriteFailing(bool failing);
-  void setStateIndicator(std::string_view caption, Colour colour);
-  void setStartStopCaption(std::string_view caption);
-  void setEventCaption(std::string_view caption);
+  void setEventNumber(std::int32_t number);
 
   /// Buttons that act look so.
   void setButtonsAct(bool act);
@@ -50,6 +48,7 @@ class AcqHeader {
   GreyableButton* commandStartStop_;
   GreyableButton* eventBouton_;
   LogList* log_;
+  RecordingFact recording_ = RecordingFact::Off;
   bool writeFailing_ = false;
 };
 

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "acquisition/Indicators.h"
+#include "acquisition/AcqWords.h"
 #include "platform/base/TarnError.h"
 #include "ui/acquisition/AcqCorner.h"
 #include "ui/acquisition/AcqHeader.h"
@@ -40,16 +40,16 @@ const QString kGraph = QStringLiteral("GRAPH");
 
 // --- making the controls
 
-AcqView::AcqView(Environment environment, QWidget* parent) : QWidget(parent) {
+AcqView::AcqView(AcqEnvironment environment, QWidget* parent)
+    : QWidget(parent), decimalSeparator_(environment.locale.decimalSeparator) {
   setObjectName("ctlTarnAcq");
-  acq_ = std::make_unique<TarnAcq>(AcqEnvironment{*this, environment.clock, environment.timer,
-                                                  environment.files, std::move(environment.locale),
-                                                  std::move(environment.stylesheetUrl)});
+  const Clock& clock = environment.clock;
+  acq_ = std::make_unique<TarnAcq>(*this, std::move(environment));
   watch_ = new ConnectionWatch(*acq_, this);
   header_ = std::make_unique<AcqHeader>(*this);
   makeStatusBar();
   makeValues();
-  graphs_->surface().setClock(&environment.clock);
+  graphs_->surface().setClock(&clock);
   corner_ = std::make_unique<AcqCorner>(*this);
   orderTabs();
   connectControls();
@@ -73,8 +73,8 @@ void AcqView::makeStatusBar() {
   statusBar_->addWidget(recordPanel_, 1);
   statusBar_->addPermanentWidget(new QLabel(tr("Recording time (s):"), statusBar_));
   statusBar_->addPermanentWidget(acqTimePanel_);
-  setPanelText(StatusPanel::Record, "no record file");
-  setPanelText(StatusPanel::AcqTime, "0");
+  setRecordPath({});
+  setElapsed(0);
 }
 
 void AcqView::makeValues() {
@@ -208,7 +208,7 @@ void AcqView::setPaused(bool paused) {
   values_->setFrozen(paused);
   graphs_->surface().setFrozen(paused);
   corner_->setPaused(paused);
-  tabs_->setHighlight(paused ? toQColor(indicator::kRequested, palette()) : QColor());
+  tabs_->setHighlight(paused ? toQColor(words::colourOf(RecordingFact::Requested), palette()) : QColor());
 }
 
 void AcqView::toggleFullScreen() {
@@ -241,29 +241,32 @@ void AcqView::showAge(qint64 seconds) {
   corner_->place(tabs_->corner().translated(tabs_->pos()));
 }
 
-void AcqView::setRecordingCaption(std::string_view caption) { header_->setRecordingCaption(caption); }
-
-void AcqView::setRecordingColour(Colour colour) { header_->setRecordingColour(colour); }
-
-void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing); }
-
-void AcqView::setStateIndicator(std::string_view caption, Colour colour) {
-  header_->setStateIndicator(caption, colour);
-  header_->setButtonsAct(acq_->AcqState() == TarnAcq::kCommunicate);
+void AcqView::setState(AcquisitionState state) {
+  header_->setState(state);
+  header_->setButtonsAct(state == AcquisitionState::kCommunicate);
   watch_->look();
   emit stateEntered();
 }
 
-void AcqView::setStartStopCaption(std::string_view caption) { header_->setStartStopCaption(caption); }
+void AcqView::setRecording(RecordingFact fact) { header_->setRecording(fact); }
 
-void AcqView::setEventCaption(std::string_view caption) { header_->setEventCaption(caption); }
-
-void AcqView::setPanelText(StatusPanel panel, std::string_view text) {
-  if (panel == StatusPanel::Record)
-    recordPanel_->setText(headInUsersWords(text, "Open error : "));
-  else
-    acqTimePanel_->setText(toQString(text));
+void AcqView::setRecordPath(std::string_view path) {
+  recordPanel_->setText(path.empty() ? inUsersWords(words::kNoRecordFile) : toQString(path));
 }
+
+void AcqView::setElapsed(std::int64_t milliseconds) {
+  acqTimePanel_->setText(toQString(words::elapsedText(milliseconds, decimalSeparator_)));
+}
+
+void AcqView::setEventNumber(std::int32_t number) { header_->setEventNumber(number); }
+
+void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
+  recordPanel_->setText(failure == OpenFailure::NoStream
+                            ? inUsersWords(words::kNotCreated)
+                            : inUsersWords(words::kOpenError) + toQString(reason));
+}
+
+void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing); }
 
 void AcqView::clearLog() { header_->log().clear(); }
 

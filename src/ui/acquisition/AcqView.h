@@ -3,7 +3,6 @@
 #include <QWidget>
 #include <array>
 #include <memory>
-#include <string>
 
 #include "acquisition/AcqScreen.h"
 #include "acquisition/TarnAcq.h"
@@ -34,16 +33,8 @@ class ValueListView;
 class AcqView : public QWidget, public AcqScreen {
   Q_OBJECT
  public:
-  /// What an acquisition needs besides its screen. All of it, and the session, outlives the view.
-  struct Environment {
-    Clock& clock;
-    Timer& timer;
-    FileSystem& files;
-    UserLocale locale;
-    std::string stylesheetUrl;
-  };
-
-  explicit AcqView(Environment environment, QWidget* parent = nullptr);
+  /// What it needs, and the session, outlive the view.
+  explicit AcqView(AcqEnvironment environment, QWidget* parent = nullptr);
   ~AcqView() override;
 
   TarnAcq& acq() { return *acq_; }
@@ -55,13 +46,13 @@ class AcqView : public QWidget, public AcqScreen {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
-  void setRecordingCaption(std::string_view caption) override;
-  void setRecordingColour(Colour colour) override;
+  void setState(AcquisitionState state) override;
+  void setRecording(RecordingFact fact) override;
+  void setRecordPath(std::string_view path) override;
+  void setElapsed(std::int64_t milliseconds) override;
+  void setEventNumber(std::int32_t number) override;
+  void setOpenFailure(OpenFailure failure, std::string_view reason) override;
   void setWriteFailing(bool failing) override;
-  void setStateIndicator(std::string_view caption, Colour colour) override;
-  void setStartStopCaption(std::string_view caption) override;
-  void setEventCaption(std::string_view caption) override;
-  void setPanelText(StatusPanel panel, std::string_view text) override;
   void clearLog() override;
   void removeLogLine(int position) override;
   void appendLogLine(std::string_view line) override;
@@ -117,6 +108,7 @@ class AcqView : public QWidget, public AcqScreen {
   KeyboardHelp* help_ = nullptr;
   QShortcut* leaveFullScreen_ = nullptr;
   std::array<QShortcut*, 2> pageKeys_{};
+  char decimalSeparator_;
   bool paused_ = false;
 };
 

@@ -2,8 +2,6 @@
 
 #include <QCoreApplication>
 
-#include "acquisition/Indicators.h"
-
 namespace tarnlog {
 
 namespace {
@@ -14,26 +12,38 @@ struct Words {
 
 }  // namespace
 
-IndicatorMeaning recordingMeaning(Colour colour, bool writeFailing) {
+IndicatorMeaning recordingMeaning(RecordingFact fact, bool writeFailing) {
   using Sign = Indicator::Sign;
   if (writeFailing) return {Sign::Warning, Words::tr("Rows are lost: the file cannot be written")};
-  switch (colour) {
-    case indicator::kRecording:
-      return {Sign::Disc, Words::tr("Recording")};
-    case indicator::kRequested:
+  switch (fact) {
+    case RecordingFact::Cleared:
+    case RecordingFact::Off:
+      break;
+    case RecordingFact::Requested:
       return {Sign::HalfDisc, Words::tr("Recording is about to start or to stop")};
-    case indicator::kOpened:
+    case RecordingFact::Opened:
       return {Sign::RingWithDot, Words::tr("The record file has just been opened")};
-    default:
-      return {Sign::Ring, Words::tr("Not recording")};
+    case RecordingFact::On:
+      return {Sign::Disc, Words::tr("Recording")};
   }
+  return {Sign::Ring, Words::tr("Not recording")};
 }
 
-QString stateMeaning(std::string_view caption) {
-  if (caption == "init") return Words::tr("Initialising the control units");
-  if (caption == "Wait") return Words::tr("Waiting for the control units to be ready");
-  if (caption == "Start") return Words::tr("Starting diagnostic sessions and the initialisation scenario");
-  if (caption == "com") return Words::tr("Communicating: values are polled");
+QString stateMeaning(AcquisitionState state) {
+  using enum AcquisitionState;
+  switch (state) {
+    case kIdle:
+      break;
+    case kInitialise:
+      return Words::tr("Initialising the control units");
+    case kWaitAfterInit:
+    case kWaitBeforePolling:
+      return Words::tr("Waiting for the control units to be ready");
+    case kStartSessions:
+      return Words::tr("Starting diagnostic sessions and the initialisation scenario");
+    case kCommunicate:
+      return Words::tr("Communicating: values are polled");
+  }
   return Words::tr("Not acquiring");
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QString>
-#include <string_view>
 
+#include "acquisition/AcqScreen.h"
 #include "ui/acquisition/Indicator.h"
 
 /// What the recorder's two indicators say, in signs and words.
@@ -13,9 +13,9 @@ struct IndicatorMeaning {
   QString words;
 };
 
-/// Of a colour of `LblRec`; while rows get lost that is what it says.
-IndicatorMeaning recordingMeaning(Colour colour, bool writeFailing = false);
-/// Of a caption of `LblDiag`.
-QString stateMeaning(std::string_view caption);
+/// Of `LblRec`; while rows get lost that is what it says.
+IndicatorMeaning recordingMeaning(RecordingFact fact, bool writeFailing);
+/// Of `LblDiag`.
+QString stateMeaning(AcquisitionState state);
 
 }  // namespace tarnlog

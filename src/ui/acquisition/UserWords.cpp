@@ -4,8 +4,6 @@
 #include <array>
 #include <string>
 
-#include "ui/common/Convert.h"
-
 namespace tarnlog {
 
 namespace {
@@ -29,11 +27,6 @@ namespace {
 
 QString inUsersWords(std::string_view text) {
   return text.empty() ? QString() : QCoreApplication::translate("UserWords", std::string(text).c_str());
-}
-
-QString headInUsersWords(std::string_view text, std::string_view head) {
-  if (text.substr(0, head.size()) != head) return inUsersWords(text);
-  return inUsersWords(head) + toQString(text.substr(head.size()));
 }
 
 }  // namespace tarnlog

@@ -25,7 +25,7 @@ int main(int, char** argv) {
   SystemClock clock;
   RunLoop loop;
   const auto timer = loop.createTimer();
-  TarnAcq acq({screen, clock, *timer, files, systemLocale(), "tarnlog.xsl"});
+  TarnAcq acq(screen, {clock, *timer, files, systemLocale(), "tarnlog.xsl"});
   acq.setSession(&vehicle->session());
   acq.StartReadingData(parameters);
   std::printf("%d data\n", parameters->Count());

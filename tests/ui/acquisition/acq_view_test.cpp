@@ -13,7 +13,7 @@
 #include <QTabBar>
 #include <QTreeView>
 
-#include "acquisition/Indicators.h"
+#include "acquisition/AcqWords.h"
 #include "platform/controls/CWGraph.h"
 #include "tests/ui/acquisition/ViewRig.h"
 #include "ui/acquisition/ConnectionWatch.h"
@@ -77,16 +77,16 @@ TEST(AcqView, ButtonsRecordAndIndicatorsSayItInColourSignAndWords) {
   const auto& state = rig.child<Indicator>("LblDiag");
   auto& button = rig.child<QPushButton>("CommandStartStop");
   EXPECT_EQ(state.text(), "com");
-  EXPECT_EQ(state.colour(), indicator::kOpened);
+  EXPECT_EQ(state.colour(), words::colourOf(RecordingFact::Opened));
   EXPECT_EQ(lamp.text(), "rec");
   EXPECT_EQ(lamp.colour(), kButtonFace);
   EXPECT_EQ(button.text(), "Start recording");
 
   QTest::mouseClick(&button, Qt::LeftButton);
-  EXPECT_EQ(lamp.colour(), indicator::kRequested);
+  EXPECT_EQ(lamp.colour(), words::colourOf(RecordingFact::Requested));
   const QString requested = lamp.toolTip();
   rig.tick();
-  EXPECT_EQ(lamp.colour(), indicator::kRecording);
+  EXPECT_EQ(lamp.colour(), words::colourOf(RecordingFact::On));
   EXPECT_EQ(lamp.sign(), Indicator::Sign::Disc);
   EXPECT_NE(lamp.toolTip(), requested);
   EXPECT_EQ(button.text(), "Stop recording");
@@ -96,7 +96,7 @@ TEST(AcqView, ButtonsRecordAndIndicatorsSayItInColourSignAndWords) {
   EXPECT_EQ(rig.child<QLabel>("AcqTime").text(), "2.1");
   rig.files.writeError = "No space left on device";
   rig.tick();
-  EXPECT_EQ(lamp.colour(), indicator::kRecording) << "the state of the recording is the same";
+  EXPECT_EQ(lamp.colour(), words::colourOf(RecordingFact::On)) << "the state of the recording is the same";
   EXPECT_EQ(lamp.sign(), Indicator::Sign::Warning);
   rig.files.writeError.clear();
   rig.tick();

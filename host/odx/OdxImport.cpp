@@ -11,12 +11,15 @@
 #include "host/odx/OdxFrame.h"
 #include "host/odx/OdxLayer.h"
 #include "host/odx/OdxResponse.h"
+#include "host/service/Services.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
 
-constexpr std::array<std::uint8_t, 5> kReadServices{0x01, 0x09, 0x1A, 0x21, 0x22};
+constexpr std::array<std::uint8_t, 5> kReadServices{
+    service::kCurrentData, service::kVehicleInformation, service::kReadEcuIdentification,
+    service::kReadDataByLocalIdentifier, service::kReadDataByIdentifier};
 constexpr std::int32_t kHighestCanIdentifier = 0x1FFFFFFF;
 constexpr std::chrono::milliseconds kTimeout{200};
 constexpr std::chrono::milliseconds kPendingTimeout{5000};
@@ -114,7 +117,8 @@ class Importer {
 
   static bool usesKwp(const EcuDescription& ecu) {
     return std::ranges::any_of(ecu.requests, [](const RequestDescription& request) {
-      return request.frame[0] == 0x21 || request.frame[0] == 0x1A;
+      return request.frame[0] == service::kReadDataByLocalIdentifier ||
+             request.frame[0] == service::kReadEcuIdentification;
     });
   }
 

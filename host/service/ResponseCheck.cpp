@@ -73,38 +73,40 @@ constexpr std::array kCodes{
     CodeText{0x93, "voltage too low"},
 };
 
-constexpr std::uint8_t kCurrentData = 0x01;
-
 std::size_t parameterBytes(std::uint8_t service) {
   switch (service) {
-    case kCurrentData:
-    case 0x1A:
-    case 0x21:
+    case service::kCurrentData:
+    case service::kReadEcuIdentification:
+    case service::kReadDataByLocalIdentifier:
       return 1;
-    case 0x22:
+    case service::kReadDataByIdentifier:
       return 2;
     default:
       return 0;
   }
 }
 
+bool isNegative(std::span<const std::uint8_t> response) {
+  return response.size() >= 3 && response[0] == service::kNegativeResponse;
+}
+
 }  // namespace
 
 bool isBusy(std::span<const std::uint8_t> response) {
-  return response.size() >= 3 && response[0] == kNegativeResponse && response[2] == kBusyRepeatRequest;
+  return isNegative(response) && response[2] == nrc::kBusyRepeatRequest;
 }
 
 bool isOutsideSession(std::span<const std::uint8_t> response) {
-  return response.size() >= 3 && response[0] == kNegativeResponse && response[2] >= 0x7E &&
-         response[2] <= 0x80;
+  return isNegative(response) && response[2] >= 0x7E && response[2] <= 0x80;
 }
 
-bool suppressesAnswer(std::string_view protocol, std::span<const std::uint8_t> request) {
-  constexpr std::uint8_t kTesterPresent = 0x3E;
-  constexpr std::array<std::uint8_t, 5> kWithSubFunction{0x10, 0x11, 0x28, kTesterPresent, 0x85};
+bool suppressesAnswer(Protocol protocol, std::span<const std::uint8_t> request) {
+  constexpr std::array<std::uint8_t, 5> kWithSubFunction{
+      service::kDiagnosticSessionControl, service::kEcuReset, service::kCommunicationControl,
+      service::kTesterPresent, service::kControlDtcSetting};
   if (request.size() < 2) return false;
-  if (protocol.starts_with("KWP")) return request[0] == kTesterPresent && request[1] == 0x02;
-  return protocol.starts_with("UDS") && (request[1] & 0x80) != 0 &&
+  if (isKwp(protocol)) return request[0] == service::kTesterPresent && request[1] == 0x02;
+  return protocol == Protocol::uds && (request[1] & 0x80) != 0 &&
          std::find(kWithSubFunction.begin(), kWithSubFunction.end(), request[0]) != kWithSubFunction.end();
 }
 
@@ -114,12 +116,12 @@ std::size_t repeatedBytes(std::span<const std::uint8_t> request) {
 
 ResponseClass classifyResponse(std::span<const std::uint8_t> request,
                                std::span<const std::uint8_t> response) {
-  if (response.size() >= 3 && response[0] == kNegativeResponse && response[1] == request[0])
-    return response[2] == kResponsePending ? ResponseClass::pending : ResponseClass::negative;
+  if (isNegative(response) && response[1] == request[0])
+    return response[2] == nrc::kResponsePending ? ResponseClass::pending : ResponseClass::negative;
   const std::size_t repeated = repeatedBytes(request);
   if (response.size() < repeated || response[0] != positiveService(request[0])) return ResponseClass::foreign;
   // Of several PIDs any may come first.
-  if (request[0] == kCurrentData && request.size() > 2)
+  if (request[0] == service::kCurrentData && request.size() > 2)
     return std::find(request.begin() + 1, request.end(), response[1]) != request.end()
                ? ResponseClass::positive
                : ResponseClass::foreign;
@@ -127,6 +129,11 @@ ResponseClass classifyResponse(std::span<const std::uint8_t> request,
                     response.begin() + 1)
              ? ResponseClass::positive
              : ResponseClass::foreign;
+}
+
+bool isAnswerTo(std::span<const std::uint8_t> request, std::span<const std::uint8_t> response) {
+  return !request.empty() && !response.empty() &&
+         classifyResponse(request, response) != ResponseClass::foreign;
 }
 
 std::string refusalText(std::span<const std::uint8_t> response) {

@@ -6,8 +6,8 @@
 
 #include "acquisition/AcqScreen.h"
 
-/// The words and colours that the system has for what an acquisition tells. Colours are 0x00BBGGRR; each has a
-/// caption or a button's text beside it.
+/// The words and colours that the system has for what an acquisition tells. Colours are 0x00BBGGRR; each has
+/// a caption or a button's text beside it.
 namespace tarnlog::words {
 
 inline constexpr std::string_view kRecording = "rec";  ///< LblRec, in every colour

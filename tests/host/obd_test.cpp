@@ -4,6 +4,7 @@
 #include "host/link/doip/DoipLink.h"
 #include "host/link/elm/Elm327Link.h"
 #include "host/link/trace/TraceLink.h"
+#include "host/service/Services.h"
 #include "host/vehicle/Vehicle.h"
 #include "host/vehicle/description/DescriptionWriter.h"
 #include "host/vehicle/description/ObdPids.h"

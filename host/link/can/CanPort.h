@@ -18,8 +18,8 @@ struct CanPair {
   /// is 0x18DAxxF1, which is that identifier itself.
   static CanPair ofEcu(std::int32_t address);
 
-  /// Requests go to all ECUs (7DF, or 18DBxxF1 with 29 bits), answers come from one.
-  bool isForAll() const { return transmit == 0x7DF || (transmit & 0x1FFF0000) == 0x18DB0000; }
+  /// Functional addressing: requests go to all ECUs (7DF, or 18DBxxF1 with 29 bits), answers come from one.
+  bool isFunctional() const { return transmit == 0x7DF || (transmit & 0x1FFF0000) == 0x18DB0000; }
   /// The identifier of that one ECU's own requests: where its flow control goes (ISO 15765-4).
   std::uint32_t ownRequests() const;
   bool operator==(const CanPair&) const = default;

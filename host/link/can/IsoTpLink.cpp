@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "host/service/Protocol.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -10,7 +11,7 @@ namespace {
 CanPair ownPairOf(const LinkTarget& target) {
   CanPair pair{static_cast<std::uint32_t>(target.address),
                static_cast<std::uint32_t>(target.response.value_or(0))};
-  return target.response && !pair.isForAll() ? pair : CanPair::ofEcu(target.address);
+  return target.response && !pair.isFunctional() ? pair : CanPair::ofEcu(target.address);
 }
 
 }  // namespace
@@ -88,13 +89,12 @@ std::vector<LinkTarget> IsoTpLink::findEcus() {
     auto ecus = findEcus(0x7DF, 0x7E0, 8);
     return ecus.empty() ? findEcus(0x18DB33F1, 0x10, 16) : ecus;
   }
-  return {LinkTarget{static_cast<std::int32_t>(pair_->ownRequests()), "OBD-II"}};
+  return {LinkTarget{static_cast<std::int32_t>(pair_->ownRequests()), std::string(kObdName)}};
 }
 
 /// All ears are open before the question is asked.
 std::vector<LinkTarget> IsoTpLink::findEcus(std::uint32_t everybody, std::int32_t first, int count) {
-  constexpr std::int64_t kPatience = 500'000;  // microseconds; ISO 15765-4 gives an ECU 50 ms
-  constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
+  constexpr std::int64_t kPatience = 500'000;  // microseconds, ten times P2
   struct Ear {
     std::int32_t address;
     std::unique_ptr<ByteStream> stream;
@@ -107,7 +107,7 @@ std::vector<LinkTarget> IsoTpLink::findEcus(std::uint32_t everybody, std::int32_
   std::vector<LinkTarget> ecus;
   Bytes answer(IsoTpReceiver::kLongest);
   for (const Ear& ear : ears)
-    if (ear.stream->read(answer, deadline) > 0) ecus.push_back({ear.address, "OBD-II"});
+    if (ear.stream->read(answer, deadline) > 0) ecus.push_back({ear.address, std::string(kObdName)});
   return ecus;
 }
 

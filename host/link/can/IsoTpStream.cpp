@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "host/link/Link.h"
+#include "host/service/Timing.h"
 
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kFlowControlTime = 1'000'000;   ///< microseconds, N_Bs of ISO 15765-2
-constexpr std::int64_t kNextFrameTime = 1'000'000;     ///< microseconds, N_Cr
+constexpr std::int64_t kFlowControlTime = std::chrono::microseconds(timing::kNBs).count();
+constexpr std::int64_t kNextFrameTime = std::chrono::microseconds(timing::kNCr).count();
 constexpr std::int64_t kLongResponseTime = 5'000'000;  ///< microseconds for all frames behind the first
 constexpr std::size_t kLongestSingle = 7;              ///< bytes in a single frame
 constexpr int kMostWaits = 20;                         ///< flow controls that say "wait"
@@ -23,7 +24,7 @@ bool isWait(std::span<const std::uint8_t> frame) { return !frame.empty() && fram
 
 CanPair CanPair::ofEcu(std::int32_t address) {
   const auto id = static_cast<std::uint32_t>(address);
-  if (CanPair{id, 0}.isForAll())
+  if (CanPair{id, 0}.isFunctional())
     throw EcuUnreachable(1, "CanPair", "all ECUs listen to this address; tx and rx of the link name one");
   if (id >= 0x700 && id <= 0x7F7) return {id, id + 8};
   if (id <= 0xFF) return {0x18DA00F1 | id << 8, 0x18DAF100 | id};
@@ -34,7 +35,7 @@ CanPair CanPair::ofEcu(std::int32_t address) {
 }
 
 std::uint32_t CanPair::ownRequests() const {
-  if (!isForAll()) return transmit;
+  if (!isFunctional()) return transmit;
   // Of 29 bits, the last two bytes are receiver and sender.
   return receive > 0x7FF ? (receive & 0xFFFF0000) | (receive & 0xFF) << 8 | (receive >> 8 & 0xFF)
                          : receive - 8;
@@ -55,7 +56,7 @@ void IsoTpStream::close() { port_->close(); }
 void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
   receiver_.reset();
   sender_.start(bytes);
-  if (pair_.isForAll() && bytes.size() > kLongestSingle)
+  if (pair_.isFunctional() && bytes.size() > kLongestSingle)
     throw EcuUnreachable(1, "IsoTpStream", "a request to all ECUs has 7 bytes at most");
   // What comes after its time is not the answer to this request.
   CanPayload late;

@@ -157,7 +157,7 @@ class SocketCanStream : public ByteStream {
   void open() override {
     auto kernel = std::make_unique<KernelStream>(interface_, pair_, clock_);
     // The kernel would send flow control to all ECUs, too.
-    if (!pair_.isForAll() && kernel->tryOpen()) {
+    if (!pair_.isFunctional() && kernel->tryOpen()) {
       stream_ = std::move(kernel);
     } else {
       stream_ = std::make_unique<IsoTpStream>(makeSocketCanPort(interface_, pair_, clock_), pair_, clock_);

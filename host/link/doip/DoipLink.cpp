@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/link/doip/DoipFinder.h"
+#include "host/service/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -14,15 +15,15 @@ constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a r
 constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
 constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
 constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message, after its last bytes
-constexpr const char* kObd = "OBD-II";
 
 /// Requests to a group of ECUs are answered by each in its own name.
 bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
 
 /// The supported PIDs (service 01, PID 00), or the word that they follow.
 bool offersObd(std::span<const std::uint8_t> response) {
-  return (response.size() >= 2 && response[0] == 0x41 && response[1] == 0x00) ||
-         (response.size() >= 3 && response[0] == 0x7F && response[1] == 0x01 && response[2] == 0x78);
+  if (response.empty()) return false;
+  const ResponseClass kind = classifyResponse(kSupportedPids, response);
+  return kind == ResponseClass::positive || kind == ResponseClass::pending;
 }
 
 }  // namespace
@@ -239,7 +240,7 @@ std::vector<LinkTarget> DoipLink::findEcus() {
   patience_.begin();
   // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
   constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};
-  if (settings_.ecu) return {LinkTarget{*settings_.ecu, kObd}};
+  if (settings_.ecu) return {LinkTarget{*settings_.ecu, std::string(kObdName)}};
   std::set<std::uint16_t> found;
   for (const std::uint16_t group : kGroups)
     if (found.empty()) askForObd(group, clock_.microseconds() + kGroupTime, found);
@@ -251,13 +252,12 @@ std::vector<LinkTarget> DoipLink::findEcus() {
                              "on? ?ecu= in the link names the address of one");
   std::vector<LinkTarget> ecus;
   ecus.reserve(found.size());
-  for (const std::uint16_t address : found) ecus.push_back({address, kObd});
+  for (const std::uint16_t address : found) ecus.push_back({address, std::string(kObdName)});
   return ecus;
 }
 
 /// Asks one ECU, or a group, and notes who answers.
 void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
-  constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
   post(address, kSupportedPids);  // an answer that comes late is one of those that are looked for
   try {
     do {

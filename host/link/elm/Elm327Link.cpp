@@ -3,12 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
-#include "host/link/elm/ElmRequest.h"
 #include "host/link/elm/ElmSetup.h"
 #include "host/service/HexText.h"
+#include "host/service/ResponseCheck.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -27,9 +26,6 @@ constexpr int kMostTroubles = 3;
 constexpr int kMostSilences = 8;
 /// Bytes of a request that fit beside the length into one CAN frame; the adapter cuts none.
 constexpr std::size_t kLongestOnCan = 7;
-
-constexpr std::uint8_t kCurrentData = 0x01;
-constexpr std::array<std::uint8_t, 2> kSupportedPids{kCurrentData, 0x00};
 
 [[noreturn]] void failMixed() {
   throw EcuUnreachable(
@@ -99,7 +95,7 @@ void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> re
     }
     adapter_.selectBus(target, request);
     noteSearch();
-    const bool toOne = target.address != kEveryEcu && isObdRequest(request);
+    const bool toOne = target.address != kFunctionalAddress && isObdRequest(request);
     if (toOne && unnamed_ == Unnamed::some) answersAlone(target);
     if (toOne && unnamed_ == Unnamed::several && !answersAlone(target)) failMixed();
     begin(target, request);
@@ -142,11 +138,11 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
   exchange.request.assign(request.begin(), request.end());
   exchange.address = elmAddress(target, request, bus);
   const auto reach = reach_.find(target.address);
-  const bool reachedByAll = reach != reach_.end() && reach->second.toAll;
-  if (unnamed_ == Unnamed::several && target.address != kEveryEcu)
+  const bool reachedFunctionally = reach != reach_.end() && reach->second.functional;
+  if (unnamed_ == Unnamed::several && target.address != kFunctionalAddress)
     exchange.address.ownFilter = exchange.address.source && (isCan(bus) || bus == ElmBus::unknown);
-  else if ((reachedByAll || byDefault_) && isObdRequest(request))
-    exchange.address = elmToAll(exchange.address, bus);
+  else if ((reachedFunctionally || byDefault_) && isObdRequest(request))
+    exchange.address = elmFunctional(exchange.address, bus);
   exchange.repeats = exchange.troubles = 0;
   exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
 }
@@ -156,8 +152,8 @@ void Elm327Link::ask(bool countFrames) {
     // What it cannot send to one ECU it may send to all, where that is allowed.
     if (unnamed_ == Unnamed::several) failMixed();
     if (!isObdRequest(exchange_.request)) fail("this adapter cannot ask a single ECU: it does not know ATSH");
-    exchange_.address = elmToAll(exchange_.address, adapter_.bus());
-    reach_[exchange_.target.address].toAll = true;
+    exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
+    reach_[exchange_.target.address].functional = true;
     adapter_.setAddress(exchange_.address);
   }
   const std::int64_t longest = clock_.microseconds() + kPendingPause;
@@ -165,7 +161,7 @@ void Elm327Link::ask(bool countFrames) {
     if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
     if (clock_.microseconds() > longest) break;
   }
-  const bool known = countFrames && exchange_.target.address != kEveryEcu && !mayMix();
+  const bool known = countFrames && exchange_.target.address != kFunctionalAddress && !mayMix();
   exchange_.expectedFrames = known ? frameCounts_.of(exchange_.target.address, exchange_.request) : 0;
   text_.clear();
   for (const std::uint8_t byte : exchange_.request) {
@@ -257,14 +253,15 @@ void Elm327Link::takeData(const ElmLine& line) {
     exchange_.others = true;
     return;
   }
-  if (!isAnswerTo(exchange_.request, message->bytes)) {
+  const ResponseClass kind = classifyResponse(exchange_.request, message->bytes);
+  if (kind == ResponseClass::foreign) {
     exchange_.foreign = std::move(message->bytes);
     return;
   }
   noteAnswer(*message);
-  exchange_.pending = isResponsePending(message->bytes);
+  exchange_.pending = kind == ResponseClass::pending;
   // On older buses an answer of other services may come in several messages.
-  const bool counts = exchange_.request.front() == kCurrentData && !exchange_.pending;
+  const bool counts = exchange_.request.front() == service::kCurrentData && !exchange_.pending;
   if (!message->source && counts) ++exchange_.unnamed;
   exchange_.wasPending = exchange_.wasPending || exchange_.pending;
   if (messages_.size() < kMostMessages) messages_.push_back(std::move(*message));
@@ -277,16 +274,16 @@ void Elm327Link::noteAnswer(const ElmMessage& message) {
   exchange_.answered = true;
   silences_ = 0;
   if (!adapter_.asksByDefault()) triedByDefault_ = true;  // needless
-  if (exchange_.target.address == kEveryEcu) return;
+  if (exchange_.target.address == kFunctionalAddress) return;
   Reach& reach = reach_[exchange_.target.address];
   reach.answered = true;
-  if (reach.triedToAll && isCan(adapter_.bus())) reach.toAll = exchange_.address.toAll;
+  if (reach.triedFunctional && isCan(adapter_.bus())) reach.functional = exchange_.address.functional;
 }
 
 /// Two addresses are two ECUs.
 void Elm327Link::noteUnnamed() {
   if (unnamed_ == Unnamed::unseen) unnamed_ = Unnamed::some;
-  if (exchange_.target.address == kEveryEcu) return;
+  if (exchange_.target.address == kFunctionalAddress) return;
   if (!unnamedEcu_) unnamedEcu_ = exchange_.target.address;
   if (unnamedEcu_ != exchange_.target.address) unnamed_ = Unnamed::several;
 }
@@ -300,15 +297,15 @@ void Elm327Link::noteSearch() {
 
 /// Answers of several ECUs may come, and be taken for one's.
 bool Elm327Link::mayMix() const {
-  if (exchange_.target.address == kEveryEcu) return false;
+  if (exchange_.target.address == kFunctionalAddress) return false;
   if (unnamed_ != Unnamed::some && unnamed_ != Unnamed::several) return false;
   const auto reach = reach_.find(exchange_.target.address);
-  return exchange_.address.toAll || reach == reach_.end() || !reach->second.apart;
+  return exchange_.address.functional || reach == reach_.end() || !reach->second.apart;
 }
 
 bool Elm327Link::isMixed() const {
   if (!mayMix() || exchange_.unnamed == 0) return false;
-  return exchange_.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.toAll);
+  return exchange_.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.functional);
 }
 
 /// Asks what every ECU would answer, of one: an adapter may say that it asks one alone and not do so.
@@ -316,7 +313,7 @@ bool Elm327Link::answersAlone(const LinkTarget& target) {
   if (reach_[target.address].apart) return true;
   finishAnswer();
   begin(target, kSupportedPids);
-  if (exchange_.address.toAll) return false;
+  if (exchange_.address.functional) return false;
   ask(false);
   // No longer than the adapter waits anyway: most addresses are silent.
   const std::int64_t wait = adapter_.timeout() * kElmTimeoutStep * kMillisecond;
@@ -349,7 +346,7 @@ void Elm327Link::settle() {
     frameCounts_.helpedWithout();
   else if (exchange_.expectedFrames > 0)
     frameCounts_.helped();
-  else if (address != kEveryEcu && !assembler_.incomplete())
+  else if (address != kFunctionalAddress && !assembler_.incomplete())
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
 }
 
@@ -383,18 +380,18 @@ bool Elm327Link::retrySilence(std::int64_t deadline) {
     return repeat(false);
   }
   ElmAddress& address = exchange_.address;
-  if (exchange_.target.address != kEveryEcu) {
+  if (exchange_.target.address != kFunctionalAddress) {
     Reach& reach = reach_[exchange_.target.address];
     const bool mayAskAll = unnamed_ != Unnamed::several;
-    if (mayAskAll && !reach.answered && !reach.triedToAll && !address.toAll &&
+    if (mayAskAll && !reach.answered && !reach.triedFunctional && !address.functional &&
         isObdRequest(exchange_.request)) {
-      reach.triedToAll = true;
-      address = elmToAll(address, adapter_.bus());
+      reach.triedFunctional = true;
+      address = elmFunctional(address, adapter_.bus());
       return repeat(false);
     }
     if (mayAskAll && !reach.answered && retryByDefault()) return true;
   }
-  if (adapter_.bus() == ElmBus::kwp && !address.toAll && !exchange_.restarted) {
+  if (adapter_.bus() == ElmBus::kwp && !address.functional && !exchange_.restarted) {
     exchange_.restarted = true;
     adapter_.restartCommunication();
     return repeat(false);
@@ -418,7 +415,7 @@ bool Elm327Link::retryByDefault() {
   triedByDefault_ = byDefault_ = true;
   adapterName_ = adapter_.setUp();
   adapter_.selectBus(exchange_.target, exchange_.request);
-  exchange_.address = elmToAll(exchange_.address, adapter_.bus());
+  exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
   return repeat(false);
 }
 
@@ -461,7 +458,7 @@ std::vector<LinkTarget> Elm327Link::findEcusApart() {
   constexpr std::int32_t kLast = 0x7E7;
   std::vector<LinkTarget> ecus;
   for (std::int32_t address = kFirst; address <= kLast; ++address)
-    if (const LinkTarget target{address, "OBD-II"}; answersAlone(target)) ecus.push_back(target);
+    if (const LinkTarget target{address, std::string(kObdName)}; answersAlone(target)) ecus.push_back(target);
   silences_ = 0;
   if (ecus.empty()) failMixed();
   return ecus;
@@ -469,7 +466,7 @@ std::vector<LinkTarget> Elm327Link::findEcusApart() {
 
 std::vector<LinkTarget> Elm327Link::findEcus() {
   constexpr std::int64_t kPatience = 3000 * kMillisecond;
-  send({kEveryEcu, "OBD-II"}, kSupportedPids);
+  send({kFunctionalAddress, std::string(kObdName)}, kSupportedPids);
   std::vector<LinkTarget> ecus;
   guarded([&] {
     const std::int64_t deadline = clock_.microseconds() + kPatience;
@@ -477,14 +474,14 @@ std::vector<LinkTarget> Elm327Link::findEcus() {
     while (nextMessage(message, deadline)) {
       const std::int32_t address = ecuAddressOf(message.source, assembler_.bus());
       const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
-      if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, "OBD-II"});
+      if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, std::string(kObdName)});
     }
     if (exchange_.unnamed > 0 && unnamed_ != Unnamed::several)
       unnamed_ = exchange_.unnamed > 1 ? Unnamed::several : Unnamed::one;
     if (unnamed_ == Unnamed::several) ecus = findEcusApart();
     // Who is alone need not be told apart.
     else if (ecus.size() == 1 && !(unnamed_ == Unnamed::one && isCan(adapter_.bus())))
-      reach_[ecus.front().address].toAll = true;
+      reach_[ecus.front().address].functional = true;
     if (!ecus.empty()) return;
     finishAnswer();
     failWithoutEcu(console_, exchange_.notice ? exchange_.notice->text : "");

@@ -45,10 +45,10 @@ class Elm327Link : public Link {
  private:
   /// What is known of reaching one ECU.
   struct Reach {
-    bool answered = false;    ///< since the link was made
-    bool toAll = false;       ///< only what is sent to all ECUs reaches it
-    bool triedToAll = false;  ///< that was tried
-    bool apart = false;       ///< it was asked alone, and alone it answered
+    bool answered = false;         ///< since the link was made
+    bool functional = false;       ///< only what is sent to all ECUs reaches it
+    bool triedFunctional = false;  ///< that was tried
+    bool apart = false;            ///< it was asked alone, and alone it answered
   };
   /// How many ECUs answer what is sent to all, where the adapter shows no headers.
   enum class Unnamed : std::uint8_t {

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "host/link/elm/ElmRequest.h"
+#include "host/service/Protocol.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -14,8 +14,8 @@ constexpr std::string_view kDefaultPriority = "18";
 
 /// KWP2000 with an address of one byte is on the K line, where emissions (OBD) may be on CAN.
 bool belongsToKLine(const LinkTarget& target, std::span<const std::uint8_t> request) {
-  return target.protocol == "KWP2000" && target.address >= 0 && target.address <= kHighestWireAddress &&
-         !isObdRequest(request);
+  return protocolOf(target.protocol) == Protocol::kwp2000 && target.address >= 0 &&
+         target.address <= kHighestWireAddress && !isObdRequest(request);
 }
 
 }  // namespace
@@ -77,16 +77,16 @@ void ElmAdapter::selectBus(const LinkTarget& target, std::span<const std::uint8_
 }
 
 bool ElmAdapter::setAddress(const ElmAddress& address) {
-  if (address_ == address || (address.toAll && byDefault_)) return true;
+  if (address_ == address || (address.functional && byDefault_)) return true;
   byDefault_ = false;
   setFilter(address);
   if (!address.priority.empty() && address.priority != priority_ && tell("ATCP" + address.priority))
     priority_ = address.priority;
-  const bool onWire = bus() == ElmBus::kwp && !address.toAll;
+  const bool onWire = bus() == ElmBus::kwp && !address.functional;
   // Each ECU of the K line wants a communication of its own.
   if (onWire && started_.insert(address.header).second && address_) tell("ATPC");
   const bool known = address.header.empty() || tell("ATSH" + address.header);
-  if (!known && !address.toAll) return false;
+  if (!known && !address.functional) return false;
   if (onWire) tell(fmt::format("ATWM{}3E", address.header));
   address_ = address;
   return true;

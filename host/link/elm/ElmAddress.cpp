@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "host/link/can/CanPort.h"
-#include "host/link/elm/ElmRequest.h"
+#include "host/service/Services.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -30,9 +30,9 @@ constexpr std::uint32_t kPhysical29 = 0x18DA;
                               static_cast<std::uint32_t>(target.address), expected));
 }
 
-ElmAddress toAll(ElmBus bus) {
+ElmAddress functionalAddress(ElmBus bus) {
   ElmAddress address;
-  address.toAll = true;
+  address.functional = true;
   switch (bus) {
     case ElmBus::can29:
       address.header = "DB33F1";
@@ -56,9 +56,9 @@ ElmAddress toAll(ElmBus bus) {
 
 ElmAddress on11Bits(const LinkTarget& target, bool obd) {
   const auto identifier = static_cast<std::uint32_t>(target.address);
-  if (CanPair{identifier, 0}.isForAll()) return toAll(ElmBus::can11);
+  if (CanPair{identifier, 0}.isFunctional()) return functionalAddress(ElmBus::can11);
   if (target.address <= kHighestByte || identifier > kHighest11Bits) {
-    if (obd) return toAll(ElmBus::can11);
+    if (obd) return functionalAddress(ElmBus::can11);
     refuse(target, "a CAN identifier from 0x100 to 0x7FF");
   }
   ElmAddress address;
@@ -72,7 +72,7 @@ ElmAddress on11Bits(const LinkTarget& target, bool obd) {
 ElmAddress on29Bits(const LinkTarget& target, bool obd) {
   const auto identifier = static_cast<std::uint32_t>(target.address);
   if (target.address > kHighestByte && identifier <= kHighest11Bits) {
-    if (obd) return toAll(ElmBus::can29);
+    if (obd) return functionalAddress(ElmBus::can29);
     refuse(target, "an ECU address of one byte, or a CAN identifier of 29 bits");
   }
   const std::uint32_t transmit =
@@ -89,10 +89,10 @@ ElmAddress on29Bits(const LinkTarget& target, bool obd) {
 ElmAddress onWire(const LinkTarget& target, bool obd, ElmBus bus) {
   const bool known = target.address <= kHighestByte;
   if (!obd && !known) refuse(target, "an ECU address of one byte");
-  ElmAddress address = toAll(bus);
+  ElmAddress address = functionalAddress(bus);
   if (known) address.source = static_cast<std::uint32_t>(target.address);
   if (obd) return address;
-  address.toAll = false;
+  address.functional = false;
   // The adapter puts the length into the format byte.
   address.header = fmt::format("81{:02X}F1", target.address);
   return address;
@@ -100,7 +100,7 @@ ElmAddress onWire(const LinkTarget& target, bool obd, ElmBus bus) {
 
 /// An ECU whose answers have an identifier of their own.
 ElmAddress answeredFrom(ElmAddress address, const LinkTarget& target) {
-  if (!target.response || address.toAll) return address;
+  if (!target.response || address.functional) return address;
   const auto source = static_cast<std::uint32_t>(*target.response);
   if (address.source != source) address.ownFilter = address.ownFlowControl = true;
   address.source = source;
@@ -111,7 +111,7 @@ ElmAddress answeredFrom(ElmAddress address, const LinkTarget& target) {
 
 ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> request, ElmBus bus) {
   const bool obd = isObdRequest(request);
-  if (target.address == kEveryEcu) return toAll(bus);
+  if (target.address == kFunctionalAddress) return functionalAddress(bus);
   switch (bus) {
     case ElmBus::can29:
       return answeredFrom(on29Bits(target, obd), target);
@@ -124,8 +124,8 @@ ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> re
   }
 }
 
-ElmAddress elmToAll(const ElmAddress& address, ElmBus bus) {
-  ElmAddress all = toAll(bus);
+ElmAddress elmFunctional(const ElmAddress& address, ElmBus bus) {
+  ElmAddress all = functionalAddress(bus);
   all.source = address.source;
   return all;
 }

@@ -11,7 +11,7 @@
 namespace tarnlog::host {
 
 /// Stands for all ECUs in a LinkTarget's address.
-inline constexpr std::int32_t kEveryEcu = -1;
+inline constexpr std::int32_t kFunctionalAddress = -1;
 
 /// How an adapter is told whom a request is for.
 struct ElmAddress {
@@ -21,7 +21,7 @@ struct ElmAddress {
   bool ownFilter = false;               ///< the adapter must be told what to listen to
   /// The CAN identifiers are none of ISO 15765-4: the adapter does not know whom to send flow control to.
   bool ownFlowControl = false;
-  bool toAll = false;  ///< all ECUs receive the request
+  bool functional = false;  ///< all ECUs receive the request
 
   bool operator==(const ElmAddress&) const = default;
 };
@@ -32,7 +32,7 @@ struct ElmAddress {
 ElmAddress elmAddress(const LinkTarget& target, std::span<const std::uint8_t> request, ElmBus bus);
 
 /// The same, sent to all ECUs; who answers stays.
-ElmAddress elmToAll(const ElmAddress& address, ElmBus bus);
+ElmAddress elmFunctional(const ElmAddress& address, ElmBus bus);
 
 /// The ECU's address in a LinkTarget, from the source of its answers.
 std::int32_t ecuAddressOf(std::optional<std::uint32_t> source, ElmBus bus);

@@ -5,8 +5,8 @@
 
 #include <array>
 
-#include "host/link/elm/ElmRequest.h"
 #include "host/link/elm/ElmSetup.h"
+#include "host/service/ResponseCheck.h"
 
 namespace tarnlog::host {
 namespace {
@@ -16,8 +16,7 @@ constexpr std::int64_t kCommandPatience = 2 * kSecond;
 /// Ten protocols, three of them with an initialisation of seconds.
 constexpr std::int64_t kSearchPatience = 40 * kSecond;
 constexpr std::int64_t kProtocolPatience = 10 * kSecond;
-constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
-constexpr std::array<std::uint8_t, 1> kTesterPresent{0x3E};
+constexpr std::array<std::uint8_t, 1> kTesterPresent{service::kTesterPresent};
 
 std::string digits(std::span<const std::uint8_t> request) {
   return fmt::format("{:02X}", fmt::join(request, ""));

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "host/service/Services.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -13,14 +14,11 @@ using Span = std::span<const std::uint8_t>;
 
 namespace {
 
-constexpr std::uint8_t kCurrentData = 0x01;
-constexpr std::uint8_t kReadByIdentifier = 0x22;
-constexpr std::uint8_t kPositive = 0x40;  ///< added to the service
-
 /// Bytes of each identifier in a request of this service; 0 where the request is one whole.
 std::size_t identifierSize(Span request) {
-  if (request[0] == kCurrentData && request.size() > 1) return 1;
-  return request[0] == kReadByIdentifier && request.size() > 1 && request.size() % 2 == 1 ? 2 : 0;
+  if (request[0] == service::kCurrentData && request.size() > 1) return 1;
+  return request[0] == service::kReadDataByIdentifier && request.size() > 1 && request.size() % 2 == 1 ? 2
+                                                                                                       : 0;
 }
 
 std::vector<Span> identifiersIn(Span request) {
@@ -64,7 +62,7 @@ void ReplayPeer::learn(std::size_t place, const PidBytes& pidBytes) {
   for (const Span identifier : identifiers) {
     Datum& datum = data_[key(request.target, request.bytes[0], identifier)];
     datum.asked.push_back(place);
-    if (datum.bytes == 0 && request.bytes[0] == kCurrentData && identifier.size() == 1 && pidBytes)
+    if (datum.bytes == 0 && request.bytes[0] == service::kCurrentData && identifier.size() == 1 && pidBytes)
       datum.bytes = pidBytes(identifier[0]);
     const TraceEntry* const answer = identifiers.size() == 1 ? positiveAnswer(place) : nullptr;
     if (datum.bytes == 0 && answer != nullptr && answer->bytes.size() > 1 + identifier.size())
@@ -118,9 +116,9 @@ std::span<const TraceEntry> ReplayPeer::answersTo(std::size_t place) const {
 }
 
 const TraceEntry* ReplayPeer::positiveAnswer(std::size_t place) const {
-  const auto service = static_cast<std::uint8_t>(entries_[place].bytes[0] + kPositive);
+  const std::uint8_t positive = positiveService(entries_[place].bytes[0]);
   for (const TraceEntry& entry : answersTo(place))
-    if (entry.kind == Kind::response && !entry.bytes.empty() && entry.bytes[0] == service) return &entry;
+    if (entry.kind == Kind::response && !entry.bytes.empty() && entry.bytes[0] == positive) return &entry;
   return nullptr;
 }
 
@@ -186,7 +184,8 @@ Span ReplayPeer::part(std::size_t place, Span identifier) const {
 std::vector<LinkTarget> ReplayPeer::obdEcus() const {
   std::vector<LinkTarget> ecus;
   for (const TraceEntry& entry : entries_) {
-    if (entry.kind != Kind::request || entry.bytes.empty() || entry.bytes.front() != kCurrentData) continue;
+    if (entry.kind != Kind::request || entry.bytes.empty() || entry.bytes.front() != service::kCurrentData)
+      continue;
     const auto same = [&](const LinkTarget& ecu) { return ecu.address == entry.target.address; };
     if (std::ranges::none_of(ecus, same)) ecus.push_back(entry.target);
   }
@@ -196,7 +195,7 @@ std::vector<LinkTarget> ReplayPeer::obdEcus() const {
 bool ReplayPeer::asksSeveralPids(const LinkTarget& target) const {
   return std::ranges::any_of(entries_, [&](const TraceEntry& entry) {
     return entry.kind == Kind::request && entry.target.address == target.address && entry.bytes.size() > 2 &&
-           entry.bytes.front() == kCurrentData;
+           entry.bytes.front() == service::kCurrentData;
   });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/service/Timing.h"
 #include "host/vehicle/description/JsonPlace.h"
 #include "host/vehicle/description/VehicleDescription.h"
 
@@ -8,7 +9,7 @@ namespace tarnlog::host {
 
 inline constexpr std::int64_t kLongestWait = 3600000;  // milliseconds
 inline constexpr std::int64_t kUsualTimeout = 200;
-inline constexpr std::int64_t kUsualPendingTimeout = 5000;
+inline constexpr std::int64_t kUsualPendingTimeout = timing::kP2Star.count();
 
 DataDescription readData(const JsonPlace& place);
 

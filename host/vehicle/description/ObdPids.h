@@ -19,10 +19,6 @@ struct ObdPid {
 /// Null for a PID that the table does not have. The table is obd-pids.json beside this file.
 const ObdPid* findObdPid(std::uint8_t number);
 
-/// PIDs 00, 20, 40, ... tell by one bit each which of the next 32 an ECU supports.
-inline constexpr std::uint8_t kPidsPerMask = 0x20;
-constexpr bool isPidMask(std::uint8_t pid) { return pid % kPidsPerMask == 0; }
-
 extern const std::string_view kObdPidsText;
 
 }  // namespace tarnlog::host

@@ -9,6 +9,7 @@
 #include <tuple>
 #include <utility>
 
+#include "host/service/Protocol.h"
 #include "host/vehicle/description/DescriptionParts.h"
 #include "host/vehicle/description/DescriptionWriter.h"
 #include "host/vehicle/description/ObdPids.h"
@@ -26,9 +27,7 @@ constexpr std::chrono::milliseconds kVinTimeout{1000};
 // Where nobody knows which ECUs there are, most addresses are silent.
 constexpr std::chrono::milliseconds kProbeTimeout{500};
 constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
-constexpr std::uint8_t kCurrentData = 0x01;
 constexpr std::uint8_t kEngineSpeed = 0x0C;
-constexpr std::uint8_t kVehicleInformation = 0x09;
 constexpr int kAttempts = 3;
 /// An adapter that was there may only have lost its plug or its network for a moment, in microseconds.
 constexpr std::int64_t kReturn = 8'000'000;
@@ -104,7 +103,7 @@ class Search {
 /// The four bytes of a mask; empty when the ECU gives none.
 Link::Bytes Search::askMask(const LinkTarget& target, std::uint8_t mask, std::chrono::milliseconds timeout) {
   constexpr std::size_t kLength = 6;
-  const Link::Bytes request{kCurrentData, mask};
+  const Link::Bytes request{service::kCurrentData, mask};
   Link::Bytes response;
   try {
     for (int attempt = 0; attempt < 2; ++attempt) {
@@ -181,8 +180,8 @@ bool Search::listsVin(const LinkTarget& target) {
   constexpr std::size_t kShortest = 6;
   constexpr std::uint8_t kSecond = 0x40;  // of the mask's first byte: PID 02
   Link::Bytes response;
-  const auto outcome =
-      conversation_.exchange(target, std::array{kVehicleInformation, std::uint8_t{0}}, kVinTimeout, response);
+  const auto outcome = conversation_.exchange(
+      target, std::array{service::kVehicleInformation, std::uint8_t{0}}, kVinTimeout, response);
   if (outcome != Conversation::Outcome::answered || response.size() < kShortest) return false;
   // On older buses the number of messages stands before the mask.
   const std::size_t mask = response.size() > kShortest && response[2] == 1 ? 3 : 2;
@@ -190,7 +189,7 @@ bool Search::listsVin(const LinkTarget& target) {
 }
 
 std::string Search::askVin(const LinkTarget& target) {
-  constexpr std::array<std::uint8_t, 2> kRequest{kVehicleInformation, 0x02};
+  constexpr std::array<std::uint8_t, 2> kRequest{service::kVehicleInformation, 0x02};
   constexpr std::size_t kMostResponses = 8;
   Link::Bytes response;
   if (conversation_.exchange(target, kRequest, kVinTimeout, response) != Conversation::Outcome::answered)
@@ -218,7 +217,7 @@ std::pair<std::string, std::string> nameOf(const FoundEcu& ecu, bool engineNamed
 RequestDescription describePid(std::uint8_t number) {
   RequestDescription request;
   request.name = fmt::format("PID {:02X}", number);
-  request.frame = {kCurrentData, number};
+  request.frame = {service::kCurrentData, number};
   request.timeout = kTimeout;
   if (const ObdPid* const pid = findObdPid(number)) {
     request.data = pid->data;
@@ -259,7 +258,7 @@ EcuDescription describe(const FoundEcu& found, const std::vector<EcuDescription>
   }
   ecu.address = found.target.address;
   ecu.protocol = found.target.protocol;
-  ecu.initialisation = {kCurrentData, 0};
+  ecu.initialisation = {service::kCurrentData, 0};
   ecu.timeout = kTimeout;
   for (const std::uint8_t pid : found.pids) ecu.requests.push_back(describePid(pid));
   return ecu;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/service/ResponseCheck.h"
 #include "host/vehicle/description/ObdPids.h"
 #include "platform/base/TarnError.h"
 
@@ -10,8 +11,6 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::chrono::milliseconds kTimeout{1000};
-constexpr std::uint8_t kCurrentData = 0x01;
-constexpr std::size_t kMostAtOnce = 6;
 
 bool contains(std::span<const std::uint8_t> bytes, std::uint8_t byte) {
   return std::find(bytes.begin(), bytes.end(), byte) != bytes.end();
@@ -24,8 +23,8 @@ std::vector<std::uint8_t> PidTrial::given(std::span<const std::uint8_t> pids) {
   std::size_t tried = 0;
   try {
     for (; tried < pids.size(); ++tried) {
-      const std::size_t first = tried / kMostAtOnce * kMostAtOnce;
-      const auto group = pids.subspan(first, std::min(kMostAtOnce, pids.size() - first));
+      const std::size_t first = tried / kMostPidsAtOnce * kMostPidsAtOnce;
+      const auto group = pids.subspan(first, std::min(kMostPidsAtOnce, pids.size() - first));
       if (answers(group, pids[tried])) kept.push_back(pids[tried]);
     }
   } catch (const TarnError&) {
@@ -42,7 +41,7 @@ bool PidTrial::answers(std::span<const std::uint8_t> group, std::uint8_t pid) {
 void PidTrial::askTogether(std::span<const std::uint8_t> group) {
   came_.clear();
   if (!together_ || group.size() < 2 || !conversation_.takesSeveralPids(target_)) return;
-  std::vector<std::uint8_t> request{kCurrentData};
+  std::vector<std::uint8_t> request{service::kCurrentData};
   request.insert(request.end(), group.begin(), group.end());
   if (ask(request) == Conversation::Outcome::answered)
     for (std::size_t at = 1; at < response_.size();) {
@@ -55,8 +54,8 @@ void PidTrial::askTogether(std::span<const std::uint8_t> group) {
 }
 
 bool PidTrial::comesAlone(std::uint8_t pid) {
-  constexpr std::array<std::uint8_t, 2> kOnlyNow{0x21, 0x22};  // busy, conditions not correct
-  const auto outcome = ask(std::array{kCurrentData, pid});
+  constexpr std::array<std::uint8_t, 2> kOnlyNow{nrc::kBusyRepeatRequest, nrc::kConditionsNotCorrect};
+  const auto outcome = ask(std::array{service::kCurrentData, pid});
   if (outcome == Conversation::Outcome::refused) return contains(kOnlyNow, response_.back());
   return outcome != Conversation::Outcome::silent;
 }

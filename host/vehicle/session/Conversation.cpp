@@ -6,6 +6,7 @@
 
 #include "host/service/HexText.h"
 #include "host/service/ResponseCheck.h"
+#include "host/service/Timing.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -88,10 +89,9 @@ void Conversation::waitUntil(std::int64_t moment) {
 
 Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,
                                         milliseconds timeout, Link::Bytes& response) {
-  // ISO 14229-2: an ECU answers within 50 ms.
-  constexpr milliseconds kRefusalTime{100};
+  constexpr milliseconds kRefusalTime = 2 * timing::kP2;
   constexpr milliseconds kBusyPause{20};
-  const bool noAnswer = suppressesAnswer(target.protocol, request);
+  const bool noAnswer = suppressesAnswer(protocolOf(target.protocol), request);
   const microseconds last = microseconds(clock_.microseconds()) + timeout;
   for (;;) {
     if (!lateAnswers_.readAway(target, request, timeout)) return Outcome::silent;

@@ -21,13 +21,10 @@ constexpr int kUnproven = 100;
 /// For that comparison, which an ECU need not understand.
 constexpr milliseconds kProofTime{300};
 
-constexpr std::array<std::uint8_t, 2> kSupportedPids{0x01, 0x00};
-constexpr std::uint8_t kTesterPresent = 0x3E;
-
 /// Something that each ECU answers and that changes nothing: what OBD asks of all, or else TesterPresent.
-std::array<std::uint8_t, 2> harmlessRequest(std::string_view protocol, bool owesPids) {
-  if (protocol.starts_with("OBD") && !owesPids) return kSupportedPids;
-  return {kTesterPresent, protocol.starts_with("KWP") ? std::uint8_t{0x01} : std::uint8_t{0x00}};
+std::array<std::uint8_t, 2> harmlessRequest(Protocol protocol, bool owesPids) {
+  if (protocol == Protocol::obd && !owesPids) return kSupportedPids;
+  return testerPresent(protocol);
 }
 
 }  // namespace
@@ -40,7 +37,8 @@ bool LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_
   Ecu& ecu = *asked_;
   if (link_.readUnasked(target)) distrustDoubled(ecu);
   if (clock_.microseconds() > ecu.givenUp + kForgotten) settle(ecu);
-  const bool doubtful = ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(kTesterPresent);
+  const bool doubtful =
+      ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(service::kTesterPresent);
   const bool unproven = isUnproven(ecu, request);
   if (doubtful && !catchUp(ecu, target, timeout)) return false;
   if (!doubtful && unproven) ecu.unprovable = !catchUp(ecu, target, std::min(timeout, kProofTime));
@@ -91,14 +89,15 @@ void LateAnswers::noneExpected() {
 /// A refusal names the service only, so it may be one of what the ECU owes. An answer may be that to an
 /// earlier question aside, which says nothing about requests behind that one.
 bool LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
-  const auto request = harmlessRequest(target.protocol, ecu.owesPids && ecu.owed.any());
+  const auto request = harmlessRequest(protocolOf(target.protocol), ecu.owesPids && ecu.owed.any());
   link_.send(target, request);
   ++ecu.aside;
   const microseconds deadline = microseconds(clock_.microseconds()) + timeout;
   for (microseconds now(clock_.microseconds()); now <= deadline; now = microseconds(clock_.microseconds())) {
     if (!link_.receive(came_, ceil<milliseconds>(deadline - now))) return false;
     const ResponseClass kind = classifyResponse(request, came_);
-    if (kind != ResponseClass::positive && (kind == ResponseClass::foreign || request[0] != kTesterPresent)) {
+    if (kind != ResponseClass::positive &&
+        (kind == ResponseClass::foreign || request[0] != service::kTesterPresent)) {
       distrustDoubled(ecu);
       continue;
     }

@@ -9,12 +9,11 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr std::uint8_t kCurrentData = 0x01;
 constexpr int kMostFailures = 3;
 
 const ObdPid* pidOf(const RequestDescription& request) {
   const Frame& frame = request.frame;
-  return frame.size() == 2 && frame[0] == kCurrentData ? findObdPid(frame[1]) : nullptr;
+  return frame.size() == 2 && frame[0] == service::kCurrentData ? findObdPid(frame[1]) : nullptr;
 }
 
 }  // namespace
@@ -30,7 +29,7 @@ PidBundle::PidBundle(EcuChannel& ecu, const std::vector<const RequestDescription
 }
 
 void PidBundle::makeFrame() {
-  frame_.assign({kCurrentData});
+  frame_.assign({service::kCurrentData});
   for (const Member& member : members_)
     if (!member.apart) frame_.push_back(member.pid);
 }
@@ -47,7 +46,7 @@ bool PidBundle::take(const RequestDescription& request, Link::Bytes& response) {
   if (member->share == Share::due) ask();
   if (std::exchange(member->share, Share::due) != Share::arrived) return false;
   const auto* const first = response_.data() + member->place;
-  response.assign({positiveService(kCurrentData)});
+  response.assign({positiveService(service::kCurrentData)});
   response.insert(response.end(), first, first + 1 + member->bytes);
   return true;
 }

@@ -15,11 +15,10 @@ namespace tarnlog::host {
 /// others is asked for by itself, and so are all in a car that cannot do it.
 class PidBundle {
  public:
-  static constexpr std::size_t kMostPids = 6;
   /// Whether the request asks for one PID of the table, and nothing else.
   static bool canHold(const RequestDescription& request);
 
-  /// At most `kMostPids` requests that it can hold; all must outlive the bundle.
+  /// At most `kMostPidsAtOnce` requests that it can hold; all must outlive the bundle.
   PidBundle(EcuChannel& ecu, const std::vector<const RequestDescription*>& members);
 
   /// The response to a member as if it had been asked for alone; false when it has to be. Failures of the

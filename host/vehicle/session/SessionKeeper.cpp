@@ -1,16 +1,16 @@
 #include "host/vehicle/session/SessionKeeper.h"
 
 #include <algorithm>
-#include <array>
 
 #include "host/service/ResponseCheck.h"
+#include "host/service/Timing.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kQuiet = 2'000'000;  ///< microseconds
-constexpr std::uint8_t kStartDiagnosticSession = 0x10;
+/// Well before S3 is over.
+constexpr std::int64_t kQuiet = std::chrono::microseconds(timing::kS3).count() * 2 / 5;
 
 bool isSame(const LinkTarget& a, const LinkTarget& b) {
   return a.address == b.address && a.protocol == b.protocol;
@@ -19,11 +19,6 @@ bool isSame(const LinkTarget& a, const LinkTarget& b) {
 /// 01 is the default session of UDS (81 without an answer), 81 that of KWP2000: they need nobody to keep them
 /// open.
 bool isDefault(std::uint8_t session) { return session == 0x01 || session == 0x81; }
-
-/// With a response, so that the line is free again when it has come.
-std::array<std::uint8_t, 2> testerPresent(const LinkTarget& target) {
-  return {0x3E, target.protocol.starts_with("KWP") ? std::uint8_t{0x01} : std::uint8_t{0x00}};
-}
 
 }  // namespace
 
@@ -73,7 +68,7 @@ void SessionKeeper::keepOpen(const LinkTarget* except) {
     known.lastSent = clock_.microseconds();
     const LinkTarget target = known.target;
     try {
-      send(target, testerPresent(target), known.timeout, ignored_);
+      send(target, testerPresent(protocolOf(target.protocol)), known.timeout, ignored_);
     } catch (const EcuUnreachable&) {
       continue;  // no failure of the request that was asked for
     }
@@ -84,7 +79,7 @@ void SessionKeeper::note(const LinkTarget& target, std::span<const std::uint8_t>
                          std::chrono::milliseconds timeout, Conversation::Outcome outcome) {
   const auto known =
       std::ranges::find_if(open_, [&](const OpenSession& session) { return isSame(session.target, target); });
-  const bool opens = request.size() >= 2 && request[0] == kStartDiagnosticSession &&
+  const bool opens = request.size() >= 2 && request[0] == service::kDiagnosticSessionControl &&
                      outcome == Conversation::Outcome::answered;
   if (known == open_.end()) {
     if (opens && !isDefault(request[1]))

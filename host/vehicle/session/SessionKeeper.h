@@ -11,7 +11,7 @@ namespace tarnlog::host {
 
 /// A conversation in which diagnostic sessions stay open: an ECU whose session was opened (service 10) and
 /// that nothing was sent to for two seconds gets TesterPresent (3E) before the next request to another one;
-/// left alone, it would fall back to its default session after five (ISO 14229-2, ISO 14230-2). One that fell
+/// left alone, it would fall back to its default session after S3. One that fell
 /// back nevertheless, and refuses a request therefore, gets its session opened again. The end of the
 /// communication and a failure of the link forget all sessions.
 class SessionKeeper {

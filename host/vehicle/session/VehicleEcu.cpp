@@ -5,13 +5,12 @@
 #include <array>
 
 #include "host/service/HexText.h"
+#include "host/service/Protocol.h"
 #include "host/vehicle/session/VehicleRawBuffer.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
 namespace {
-
-constexpr std::uint8_t kStartDiagnosticSession = 0x10;
 
 const VehicleRawBuffer& ownBuffer(const ferrox3::RawBuffer& buffer) {
   if (const auto* const own = dynamic_cast<const VehicleRawBuffer*>(&buffer)) return *own;
@@ -30,7 +29,7 @@ VehicleEcu::VehicleEcu(const EcuDescription& description, SessionKeeper& convers
   }
   collectData();
   while (greeting_ < requests_.size() && !requests_[greeting_]->available()) ++greeting_;
-  if (description.protocol == "KWP2000") kwp2000_.emplace(*this);
+  if (protocolOf(description.protocol) == Protocol::kwp2000) kwp2000_.emplace(*this);
 }
 
 void VehicleEcu::collectData() {
@@ -96,7 +95,7 @@ void VehicleEcu::changeGreeting() {
 }
 
 void VehicleEcu::SessionStarter::startDiagnosticSession(std::uint8_t mode) {
-  const std::array<std::uint8_t, 2> frame{kStartDiagnosticSession, mode};
+  const std::array<std::uint8_t, 2> frame{service::kDiagnosticSessionControl, mode};
   ecu_.channel_.ask(frame, ecu_.description_.timeout, ecu_.response_);
 }
 

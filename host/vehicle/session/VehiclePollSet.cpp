@@ -3,6 +3,8 @@
 #include <map>
 #include <utility>
 
+#include "host/service/Services.h"
+
 namespace tarnlog::host {
 
 VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
@@ -27,7 +29,7 @@ void VehiclePollSet::bundlePids(const std::vector<VehicleRequest*>& requests) {
     if (!PidBundle::canHold(request->description())) continue;
     auto& members = gathered[&request->channel()];
     members.push_back(request);
-    if (members.size() == PidBundle::kMostPids) bundle(members);
+    if (members.size() == kMostPidsAtOnce) bundle(members);
   }
   for (auto& [ecu, members] : gathered) bundle(members);
 }

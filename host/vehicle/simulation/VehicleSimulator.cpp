@@ -10,8 +10,6 @@ namespace {
 
 using std::chrono::microseconds;
 
-constexpr std::uint8_t kStartDiagnosticSession = 0x10;
-constexpr std::uint8_t kTesterPresent = 0x3E;
 constexpr std::uint8_t kServiceNotSupported = 0x11;
 constexpr std::uint8_t kSubFunctionNotSupported = 0x12;
 
@@ -20,7 +18,7 @@ std::string_view asText(std::span<const std::uint8_t> bytes) {
 }
 
 void refuse(std::span<const std::uint8_t> request, std::uint8_t code, Link::Bytes& bytes) {
-  bytes.assign({kNegativeResponse, request[0], code});
+  bytes.assign({service::kNegativeResponse, request[0], code});
 }
 
 }  // namespace
@@ -55,7 +53,7 @@ void VehicleSimulator::answer(const LinkTarget& target, std::span<const std::uin
   const FaultDescription* const fault = faults_.next(place.ecu, place.request, seconds);
   if (fault != nullptr && fault->kind == FaultKind::noAnswer) return;
   if (fault != nullptr && fault->kind == FaultKind::pending) {
-    refuse(request, kResponsePending, answers.add(latency));
+    refuse(request, nrc::kResponsePending, answers.add(latency));
     writeAnswer(*station, place, request, seconds, answers.add(latency + fault->delay));
     return;
   }
@@ -82,7 +80,7 @@ void VehicleSimulator::writeAnswer(const Station& station, const Place& place,
                                    Link::Bytes& bytes) const {
   if (place.request) {
     writeDescribed(place, seconds, bytes);
-  } else if (request[0] == kStartDiagnosticSession || request[0] == kTesterPresent) {
+  } else if (request[0] == service::kDiagnosticSessionControl || request[0] == service::kTesterPresent) {
     bytes.assign(request.begin(), request.begin() + (request.size() > 1 ? 2 : 1));
     bytes[0] = positiveService(request[0]);
   } else {

@@ -12,6 +12,7 @@
 #include "host/link/stream/TcpStream.h"
 #include "host/service/HexText.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/Received.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ class ReadyLink {
   ~ReadyLink() { link_.close(); }
   bool request() {
     link_.send({}, service_);
-    return link_.receive(response_, std::chrono::milliseconds(1000));
+    return test::received(link_, response_, std::chrono::milliseconds(1000));
   }
 
  private:

@@ -14,6 +14,7 @@
 #include "host/link/elm/Elm327Link.h"
 #include "host/link/stream/TcpStream.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/Received.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ class ReadyLink {
   ~ReadyLink() { link_.close(); }
   bool request() {
     link_.send({0x7E0, "OBD-II"}, request_);
-    return link_.receive(response_, std::chrono::milliseconds(1000));
+    return test::received(link_, response_, std::chrono::milliseconds(1000));
   }
 
  private:

@@ -12,6 +12,7 @@
 #include "host/link/elm/Elm327Link.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/PeerStream.h"
+#include "tests/support/Received.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ void converse(char protocol, std::string_view input) {
       const Link::Bytes request{0x01, 0x0C};
       link.send({0x7E0, "OBD-II"}, request);
       Link::Bytes response;
-      while (link.receive(response, std::chrono::milliseconds(1000)))
+      while (test::received(link, response, std::chrono::milliseconds(1000)))
         require(response.size() <= kLongestMessage && response.size() >= 2);
     });
     require(clock.microseconds() - before < kTwoMinutes);

@@ -17,6 +17,7 @@
 #include "platform/base/TarnError.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/PeerStream.h"
+#include "tests/support/Received.h"
 
 namespace {
 
@@ -105,7 +106,7 @@ void askOverDoip(Bytes bytes) {
       if (!open) link.open();
       link.findEcus();
       link.send({0x1001, ""}, request);
-      while (link.receive(response, std::chrono::milliseconds(1000)))
+      while (tarnlog::test::received(link, response, std::chrono::milliseconds(1000)))
         if (response.size() > DoipStream::kLongest) std::abort();
     });
 }

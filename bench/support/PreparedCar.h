@@ -20,17 +20,18 @@ class PreparedLink : public host::Link {
  public:
   explicit PreparedLink(std::size_t dataPerRequest) : answer_(3 + 2 * dataPerRequest) {}
 
-  void open() override {}
-  void close() override {}
-  void send(const host::LinkTarget&, std::span<const std::uint8_t> request) override {
+  void doOpen() override {}
+  void doClose() override {}
+  bool doSend(const host::LinkTarget&, std::span<const std::uint8_t> request) override {
     answer_[0] = static_cast<std::uint8_t>(request[0] + 0x40);
     answer_[1] = request[1];
     answer_[2] = request[2];
+    return true;
   }
-  bool receive(Bytes& response, std::chrono::milliseconds) override {
+  Received doReceive(Bytes& response, std::chrono::milliseconds) override {
     response.assign(next().begin(), next().end());
     fill();
-    return true;
+    return Received::response;
   }
 
   /// The answer that `receive` gives next.

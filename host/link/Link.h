@@ -21,15 +21,18 @@ struct LinkTarget {
   std::optional<std::int32_t> response{};  ///< CAN identifier of its answers; none: follows from `address`
 };
 
-/// A request that did not reach its ECU, while the link itself works on: other ECUs can be asked over it.
+/// Raised within a link when a request cannot reach its ECU, while the link itself works on. `Link` makes a
+/// result of it.
 class EcuUnreachable : public TarnError {
  public:
   using TarnError::TarnError;
 };
 
 /// Bytes out, bytes in. One exchange at a time. Bytes are those of the diagnostic service, without addresses,
-/// lengths and checksums of the wire. Failures of the link itself are TarnErrors: it has to be opened again,
-/// except after EcuUnreachable.
+/// lengths and checksums of the wire. Failures of the link itself are TarnErrors; it is not open any more
+/// then.
+///
+/// Whether it is open is known here and nowhere else. What the kinds of links do is in the protected part.
 class Link {
  public:
   using Bytes = std::vector<std::uint8_t>;
@@ -37,22 +40,35 @@ class Link {
   using StopQuestion = std::function<bool()>;
   using TextHook = std::function<void(bool sent, std::string_view line)>;
 
+  enum class Received : std::uint8_t {
+    response,
+    nothing,     ///< in time
+    unreachable  ///< the ECU cannot be reached, other ECUs can: see `obstacle`
+  };
+
   virtual ~Link() = default;
-  /// May find the link open already; then it is open afterwards, too.
-  virtual void open() = 0;
-  virtual void close() = 0;
-  virtual void send(const LinkTarget& target, std::span<const std::uint8_t> request) = 0;
-  /// Waits for one response and puts it into `response` (its capacity is reused); false when none came in
-  /// time.
-  virtual bool receive(Bytes& response, std::chrono::milliseconds timeout) = 0;
+  /// Does nothing when it is open.
+  void open();
+  void close();
+  bool isOpen() const { return open_; }
+  /// False when the request cannot reach its ECU, while other ECUs can be asked: see `obstacle`.
+  bool send(const LinkTarget& target, std::span<const std::uint8_t> request);
+  /// Waits for one response and puts it into `response` (its capacity is reused).
+  Received receive(Bytes& response, std::chrono::milliseconds timeout);
+  /// The ECUs that answer an OBD request (service 01, ISO 15031-5) sent to all of them at once, as targets
+  /// for `send`. Empty where the link has no way to ask all, and where they cannot be reached: see
+  /// `obstacle`.
+  std::vector<LinkTarget> findEcus();
+  /// Reads away what has come from this answerer and was not asked for by the request sent last, or was not
+  /// received then. True when there was something since the last call.
+  bool readUnasked(const LinkTarget& target);
+  /// Why the ECU of the last step cannot be reached; empty when it can.
+  virtual const std::string& obstacle() const { return obstacle_; }
 
   /// Why the last `receive` gave nothing, in the words of an adapter that told it at once ("the adapter says
   /// NO DATA"); empty: the time was over.
   virtual std::string silence() const { return {}; }
 
-  /// The ECUs that answer an OBD request (service 01, ISO 15031-5) sent to all of them at once, as targets
-  /// for `send`. Empty where the link has no way to ask all.
-  virtual std::vector<LinkTarget> findEcus() { return {}; }
   /// Whether a service 01 request may ask this ECU for several PIDs at once, as ISO 15765-4 allows on CAN.
   /// Known after the first request to it.
   virtual bool takesSeveralPids(const LinkTarget& target) const {
@@ -66,13 +82,6 @@ class Link {
     static_cast<void>(target);
     return {};
   }
-  /// Reads away what has come from this answerer and was not asked for by the request sent last, or was not
-  /// received then. True when there was something since the last call.
-  virtual bool readUnasked(const LinkTarget& target) {
-    static_cast<void>(target);
-    return false;
-  }
-
   /// Called at least every 20 ms while the link waits. It may do anything but use the link.
   void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
 
@@ -93,9 +102,23 @@ class Link {
   }
 
  protected:
+  virtual void doOpen() = 0;
+  virtual void doClose() = 0;
+  virtual bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) = 0;
+  virtual Received doReceive(Bytes& response, std::chrono::milliseconds timeout) = 0;
+  virtual std::vector<LinkTarget> doFindEcus() { return {}; }
+  virtual bool doReadUnasked(const LinkTarget& target) {
+    static_cast<void>(target);
+    return false;
+  }
   const IdleHook& idleHook() const { return idleHook_; }
 
  private:
+  template <class Result, class Step>
+  Result watched(Result unreachable, Step&& step);
+
+  bool open_ = false;
+  std::string obstacle_;
   IdleHook idleHook_;
   StopQuestion stopQuestion_;
   TextHook textHook_;

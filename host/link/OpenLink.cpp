@@ -25,8 +25,10 @@ class ReplayLink : private ReplayPeer, public SimulatedLink {
              const PidBytes& pidBytes)
       : ReplayPeer(std::move(entries), file, pidBytes),
         SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
-  std::vector<LinkTarget> findEcus() override { return obdEcus(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return asksSeveralPids(target); }
+
+ protected:
+  std::vector<LinkTarget> doFindEcus() override { return obdEcus(); }
 };
 
 std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -17,8 +18,6 @@ class PatientLink : public Link {
   auto watched(Step&& step) {
     try {
       return std::forward<Step>(step)();
-    } catch (const EcuUnreachable&) {
-      throw;
     } catch (const TarnError&) {
       backOff_.failed();
       throw;
@@ -31,32 +30,35 @@ class PatientLink : public Link {
     link_->setStopQuestion([this] { return stopAsked(); });
   }
 
-  void open() override {
-    backOff_.wait([this] {
-      idle();
-      if (stopAsked()) throw TarnError(1, "Link", "stopped before the next attempt");
-    });
-    watched([this] { link_->open(); });
-  }
-  void close() override { link_->close(); }
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override {
-    watched([&] { link_->send(target, request); });
-  }
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override {
-    const bool came = watched([&] { return link_->receive(response, timeout); });
-    if (came) backOff_.succeeded();
-    return came;
-  }
-  std::vector<LinkTarget> findEcus() override {
-    return watched([this] { return link_->findEcus(); });
-  }
+  const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
   void setTextHook(TextHook hook) override { link_->setTextHook(std::move(hook)); }
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
     return link_->answererOf(target);
   }
-  bool readUnasked(const LinkTarget& target) override {
+
+ protected:
+  void doOpen() override {
+    backOff_.wait([this] {
+      idle();
+      if (stopAsked()) throw TarnError(1, "Link", "stopped before the next attempt");
+    });
+    watched([this] { link_->open(); });
+  }
+  void doClose() override { link_->close(); }
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override {
+    return watched([&] { return link_->send(target, request); });
+  }
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override {
+    const Received received = watched([&] { return link_->receive(response, timeout); });
+    if (received == Received::response) backOff_.succeeded();
+    return received;
+  }
+  std::vector<LinkTarget> doFindEcus() override {
+    return watched([this] { return link_->findEcus(); });
+  }
+  bool doReadUnasked(const LinkTarget& target) override {
     return watched([&] { return link_->readUnasked(target); });
   }
 

@@ -39,12 +39,12 @@ std::vector<std::vector<std::string>> readCsv(const std::string& path) {
 class PreparedLink : public host::Link {
  public:
   explicit PreparedLink(Bytes& answer) : answer_(answer) {}
-  void open() override {}
-  void close() override {}
-  void send(const host::LinkTarget&, std::span<const std::uint8_t>) override {}
-  bool receive(Bytes& response, std::chrono::milliseconds) override {
+  void doOpen() override {}
+  void doClose() override {}
+  bool doSend(const host::LinkTarget&, std::span<const std::uint8_t>) override { return true; }
+  Received doReceive(Bytes& response, std::chrono::milliseconds) override {
     response = answer_;
-    return true;
+    return Received::response;
   }
 
  private:

@@ -365,16 +365,18 @@ class PortLink : public host::SimulatedLink {
  public:
   PortLink(host::LinkClock& clock, host::SimulatedPeer& peer, bool& taken)
       : SimulatedLink(clock, peer), taken_(taken) {}
-  ~PortLink() override { close(); }
+  ~PortLink() override { doClose(); }
   PortLink(const PortLink&) = delete;
   PortLink& operator=(const PortLink&) = delete;
-  void open() override {
+
+ protected:
+  void doOpen() override {
     if (std::exchange(taken_, true)) throw TarnError(1, "Link", "busy");
-    SimulatedLink::open();
+    SimulatedLink::doOpen();
   }
-  void close() override {
+  void doClose() final {
     taken_ = false;
-    SimulatedLink::close();
+    SimulatedLink::doClose();
   }
 
  private:

@@ -11,6 +11,7 @@
 #include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
 #include "tests/support/LoopbackServer.h"
+#include "tests/support/Received.h"
 
 namespace tarnlog::host {
 namespace {
@@ -59,9 +60,10 @@ struct Car {
     try {
       if (!opened) link.open();
       opened = true;
-      link.send({18, ""}, *bytesFromHex(request));
       Bytes response;
-      return link.receive(response, timeout) ? hexText(response) : "none";
+      if (link.send({18, ""}, *bytesFromHex(request)) && test::received(link, response, timeout))
+        return hexText(response);
+      return link.obstacle().empty() ? "none" : link.obstacle();
     } catch (const TarnError& error) {
       return error.description();
     }
@@ -145,13 +147,13 @@ TEST(DoipLink, GoesOnAfterAnEcuThatCannotBeReachedAndAnAnswerThatComesLate) {
   Bytes response;
   car.link.open();
   car.link.send({18, ""}, request);
-  EXPECT_THROW(car.link.receive(response, milliseconds(2000)), EcuUnreachable);
+  EXPECT_EQ(car.link.receive(response, milliseconds(2000)), Link::Received::unreachable);
   car.link.send({18, ""}, request);
-  EXPECT_FALSE(car.link.receive(response, milliseconds(1)));
+  EXPECT_FALSE(test::received(car.link, response, milliseconds(1)));
   givenUp.set_value();
   late.get_future().wait();
   car.link.send({18, ""}, request);
-  EXPECT_TRUE(car.link.receive(response, milliseconds(2000)));
+  EXPECT_TRUE(test::received(car.link, response, milliseconds(2000)));
   EXPECT_EQ(hexText(response), "62 F1 90 02");
 }
 

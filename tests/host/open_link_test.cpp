@@ -13,6 +13,7 @@
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/PeerStream.h"
+#include "tests/support/Received.h"
 #include "tests/support/ScriptedPeer.h"
 
 namespace tarnlog::host {
@@ -21,12 +22,16 @@ namespace {
 class BrokenLink : public Link {
  public:
   bool works = false;
-  void open() override {
+  void doOpen() override {
     if (!works) throw TarnError(1, "BrokenLink", "gone");
   }
-  void close() override {}
-  void send(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {}
-  bool receive(Bytes& /*response*/, std::chrono::milliseconds /*timeout*/) override { return true; }
+  void doClose() override {}
+  bool doSend(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {
+    return true;
+  }
+  Received doReceive(Bytes& /*response*/, std::chrono::milliseconds /*timeout*/) override {
+    return Received::response;
+  }
 };
 
 TEST(PatientLink, KeepsAttemptsApart) {
@@ -51,7 +56,7 @@ TEST(PatientLink, KeepsAttemptsApart) {
   car.works = true;
   EXPECT_EQ(attempt(), 2000);
   Link::Bytes response;
-  link.receive(response, std::chrono::milliseconds(1));
+  test::received(link, response, std::chrono::milliseconds(1));
   EXPECT_EQ(attempt(), 0);
 }
 
@@ -80,7 +85,7 @@ TEST(Links, NoWaitOutlastsAWishToEnd) {
   const std::array<std::uint8_t, 2> request{0x21, 0x80};
   const auto ask = [&](Link& link) {
     link.send({18, "UDS"}, request);
-    link.receive(response, std::chrono::milliseconds(10'000));
+    test::received(link, response, std::chrono::milliseconds(10'000));
   };
   EXPECT_LE(timeOf(doip, [&] { ask(doip); }), 600);
   EXPECT_LE(timeOf(doip, [&] { doip.findEcus(); }), 600);

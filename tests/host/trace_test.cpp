@@ -14,6 +14,7 @@
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/PeerStream.h"
+#include "tests/support/Received.h"
 #include "tests/support/ScriptedPeer.h"
 
 namespace tarnlog::host {
@@ -29,16 +30,17 @@ class SimpleTextLink : public Link {
   SimpleTextLink(std::unique_ptr<TextTap> tap, LinkClock& clock) : tap_(std::move(tap)), clock_(clock) {
     tap_->tellTo(*this);
   }
-  void open() override { tap_->open(); }
-  void close() override { tap_->close(); }
-  void send(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {
+  void doOpen() override { tap_->open(); }
+  void doClose() override { tap_->close(); }
+  bool doSend(const LinkTarget& /*target*/, std::span<const std::uint8_t> /*request*/) override {
     constexpr std::array<std::uint8_t, 5> kText{'2', '1', '8', '0', '\r'};
     tap_->write(kText);
+    return true;
   }
-  bool receive(Bytes& /*response*/, milliseconds /*timeout*/) override {
+  Received doReceive(Bytes& /*response*/, milliseconds /*timeout*/) override {
     std::array<std::uint8_t, 100> bytes{};
     tap_->read(bytes, clock_.microseconds());
-    return false;
+    return Received::nothing;
   }
 
  private:
@@ -47,9 +49,11 @@ class SimpleTextLink : public Link {
 };
 
 std::string ask(Link& link, std::int32_t address, std::string_view request) {
-  link.send({address, "KWP 2000"}, *bytesFromHex(request));
+  if (!link.send({address, "KWP 2000"}, *bytesFromHex(request))) return "unreachable: " + link.obstacle();
   std::string answers;
-  for (Link::Bytes response; link.receive(response, milliseconds(100));) answers += hexText(response) + "; ";
+  for (Link::Bytes response; test::received(link, response, milliseconds(100));)
+    answers += hexText(response) + "; ";
+  if (!link.obstacle().empty()) return "unreachable: " + link.obstacle();
   return answers;
 }
 
@@ -64,9 +68,10 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
     link.open();
     EXPECT_EQ(ask(link, 18, "21 80"), "7F 21 78; 61 80 12; ");
     EXPECT_EQ(ask(link, 18, "3E"), "");
-    EXPECT_THROW(ask(link, 18, "10 03"), EcuUnreachable);
-    link.close();
-    EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the simulated link is not open");
+    EXPECT_EQ(ask(link, 18, "10 03"), "unreachable: the ECU cannot be reached");
+    car.fatal = "21 80";
+    EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the adapter is gone");
+    EXPECT_FALSE(link.isOpen());
   }
   EXPECT_EQ(files.files["/rec/t.trace"],
             "# tarnlog trace 1\n"
@@ -77,7 +82,7 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
             "0.220000 > 18 KWP_2000 10 03\n"
             "0.220000 x the ECU cannot be reached\n"
             "0.220000 > 18 KWP_2000 21 80\n"
-            "0.220000 ! the simulated link is not open\n");
+            "0.220000 ! the adapter is gone\n");
 
   ReplayPeer replay(parseTrace(files.files["/rec/t.trace"], "t.trace"), "t.trace");
   SimulatedLink link(clock, replay);
@@ -86,8 +91,9 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
   EXPECT_EQ(ask(link, 18, "21 80"), "7F 21 78; 61 80 12; ");
   EXPECT_EQ(clock.microseconds() - before, 120000);  // 20 ms for the answers, then the wait for a third
   EXPECT_EQ(ask(link, 16, "21 80"), "");             // another ECU was not asked
-  EXPECT_THROW(ask(link, 18, "10 03"), EcuUnreachable);
-  EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the simulated link is not open");
+  EXPECT_EQ(ask(link, 18, "10 03"), "unreachable: the ECU cannot be reached");
+  EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the adapter is gone");
+  link.open();
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "t.trace: the trace has ended");
 }
 
@@ -115,10 +121,11 @@ TEST(Trace, ADriveIsReplayedWithOtherDataThanItWasMadeWith) {
     const std::int64_t before = clock.microseconds();
     const auto after = [&] { return " after " + std::to_string((clock.microseconds() - before) / 1000); };
     try {
+      link->open();
       link->send({2016, "OBD-II"}, *bytesFromHex(request));
       Link::Bytes answer;
-      const std::string came = link->receive(answer, milliseconds(200)) ? hexText(answer) : "nothing";
-      return came + after();
+      if (test::received(*link, answer, milliseconds(200))) return hexText(answer) + after();
+      return (link->obstacle().empty() ? "nothing" : link->obstacle()) + after();
     } catch (const TarnError& error) {
       return error.description() + after();
     }

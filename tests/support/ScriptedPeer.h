@@ -16,6 +16,7 @@ class ScriptedPeer : public host::SimulatedPeer {
   std::map<std::string, std::vector<std::string>> script;
   std::vector<std::string> sent;  ///< "address: frame" of every request
   std::string unreachable;        ///< a frame that does not reach its ECU
+  std::string fatal;              ///< a frame that ends the link
   int starts = 0;
 
   void start() override { ++starts; }
@@ -24,6 +25,7 @@ class ScriptedPeer : public host::SimulatedPeer {
     const std::string frame = host::hexText(request);
     sent.push_back(std::to_string(target.address) + ": " + frame);
     if (frame == unreachable) throw host::EcuUnreachable(1, "ScriptedPeer", "the ECU cannot be reached");
+    if (frame == fatal) throw TarnError(1, "ScriptedPeer", "the adapter is gone");
     std::chrono::milliseconds delay{0};
     for (const std::string& answer : script[frame])
       answers.add(delay += std::chrono::milliseconds(10)) = *host::bytesFromHex(answer);

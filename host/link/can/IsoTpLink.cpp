@@ -19,13 +19,13 @@ CanPair ownPairOf(const LinkTarget& target) {
 IsoTpLink::IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock)
     : pair_(pair), connect_(std::move(connect)), clock_(clock) {}
 
-void IsoTpLink::open() {
+void IsoTpLink::doOpen() {
   patience_.begin();
-  close();
+  doClose();
   if (pair_) current_ = &streamOf(*pair_);
 }
 
-void IsoTpLink::close() {
+void IsoTpLink::doClose() {
   current_ = nullptr;
   streams_.clear();
 }
@@ -53,14 +53,15 @@ ByteStream& IsoTpLink::streamOf(CanPair pair) {
   return *streams_.emplace_back(pair, connected(pair)).second;
 }
 
-void IsoTpLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
+bool IsoTpLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   patience_.begin();
   current_ = &streamOf(pairOf(target));
   current_->write(request);
+  return true;
 }
 
 /// A message that breaks off says as little about the next request as one that is whole.
-bool IsoTpLink::readUnasked(const LinkTarget& target) {
+bool IsoTpLink::doReadUnasked(const LinkTarget& target) {
   constexpr int kMost = 100;  // an ECU that floods must not hold the caller
   ByteStream* const stream = knownStreamOf(pairOf(target));
   if (stream == nullptr) return false;
@@ -74,26 +75,26 @@ bool IsoTpLink::readUnasked(const LinkTarget& target) {
   return count > 0;
 }
 
-bool IsoTpLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
+Link::Received IsoTpLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   if (current_ == nullptr) throw TarnError(1, "IsoTpLink", "nothing was asked yet");
   const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
   const std::size_t count = current_->read(came_, deadline);
   if (count > 0) response.assign(came_.begin(), came_.begin() + static_cast<std::ptrdiff_t>(count));
-  return count > 0;
+  return count > 0 ? Received::response : Received::nothing;
 }
 
-std::vector<LinkTarget> IsoTpLink::findEcus() {
+std::vector<LinkTarget> IsoTpLink::doFindEcus() {
   patience_.begin();
   if (!pair_) {
     // ISO 15765-4: eight ECUs with 11 bits. SAE J2178: engine and transmission controllers.
-    auto ecus = findEcus(0x7DF, 0x7E0, 8);
-    return ecus.empty() ? findEcus(0x18DB33F1, 0x10, 16) : ecus;
+    auto ecus = askAll(0x7DF, 0x7E0, 8);
+    return ecus.empty() ? askAll(0x18DB33F1, 0x10, 16) : ecus;
   }
   return {LinkTarget{static_cast<std::int32_t>(pair_->ownRequests()), std::string(kObdName)}};
 }
 
 /// All ears are open before the question is asked.
-std::vector<LinkTarget> IsoTpLink::findEcus(std::uint32_t everybody, std::int32_t first, int count) {
+std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t first, int count) {
   constexpr std::int64_t kPatience = 500'000;  // microseconds, ten times P2
   struct Ear {
     std::int32_t address;

@@ -24,25 +24,27 @@ class IsoTpLink : public Link {
   /// link.
   IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock);
 
-  void open() override;
-  void close() override;
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
-  /// The ECU of the pair that every request is for, where there is one; else those that answer a request to
-  /// all of them, with identifiers of 11 bits, or else of 29.
-  std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
     return pairOf(target).receive;
   }
-  bool readUnasked(const LinkTarget& target) override;
+
+ protected:
+  void doOpen() override;
+  void doClose() override;
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The ECU of the pair that every request is for, where there is one; else those that answer a request to
+  /// all of them, with identifiers of 11 bits, or else of 29.
+  std::vector<LinkTarget> doFindEcus() override;
+  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
   CanPair pairOf(const LinkTarget& target) const;
   std::unique_ptr<ByteStream> connected(CanPair pair);
   ByteStream* knownStreamOf(CanPair pair) const;
   ByteStream& streamOf(CanPair pair);
-  std::vector<LinkTarget> findEcus(std::uint32_t everybody, std::int32_t first, int count);
+  std::vector<LinkTarget> askAll(std::uint32_t everybody, std::int32_t first, int count);
 
   std::optional<CanPair> pair_;
   Connect connect_;

@@ -44,13 +44,13 @@ std::string DoipLink::findHost() {
 }
 
 void DoipLink::connect(const std::string& host) {
-  close();
+  doClose();
   stream_ = connect_(host, settings_.port);
   stream_->setIdleHook(waitHook_);
   stream_->open();
 }
 
-void DoipLink::open() {
+void DoipLink::doOpen() {
   patience_.begin();
   const std::string host = findHost();
   connect(host);
@@ -60,7 +60,7 @@ void DoipLink::open() {
   if (!activateRouting()) fail("the gateway did not understand a message");
 }
 
-void DoipLink::close() {
+void DoipLink::doClose() {
   if (stream_) stream_->close();
   stream_.reset();
   messages_.clear();
@@ -114,11 +114,11 @@ std::uint16_t DoipLink::ecuOf(const LinkTarget& target) const {
   return settings_.ecu.value_or(target.address > 0 && target.address <= 0xFFFF ? own : gateway_);
 }
 
-void DoipLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
-  if (!stream_) fail("the connection is not open");
+bool DoipLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   patience_.begin();
   readAway();
   post(ecuOf(target), request);
+  return true;
 }
 
 void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
@@ -128,7 +128,7 @@ void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
   stream_->write(frame_);
 }
 
-bool DoipLink::readUnasked(const LinkTarget& target) {
+bool DoipLink::doReadUnasked(const LinkTarget& target) {
   if (!stream_) return false;
   patience_.begin();
   readAway();
@@ -156,8 +156,7 @@ void DoipLink::noteUnasked(const DoipMessage& message) {
   if (doipNumber(message.payload, 2) == settings_.tester) unasked_.insert(*doipNumber(message.payload, 0));
 }
 
-bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
-  if (!stream_) fail("the connection is not open");
+Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
   // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
   do {
@@ -167,13 +166,13 @@ bool DoipLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
       const auto bytes = message->payload.subspan(4);
       response.assign(bytes.begin(), bytes.end());
       learnOrder(true);
-      return true;
+      return Received::response;
     }
     early_ = early_ || isAnswer(*message);
     noteUnasked(*message);
   } while (clock_.microseconds() < deadline);
   learnOrder(false);
-  return false;
+  return Received::nothing;
 }
 
 /// A gateway acknowledges a request before its ECU can answer. What comes from the ECU before that is late or
@@ -236,7 +235,7 @@ void DoipLink::handle(const DoipMessage& message) {
   }
 }
 
-std::vector<LinkTarget> DoipLink::findEcus() {
+std::vector<LinkTarget> DoipLink::doFindEcus() {
   patience_.begin();
   // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
   constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};

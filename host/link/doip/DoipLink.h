@@ -32,16 +32,18 @@ class DoipLink : public Link {
   /// `connect` makes a stream that is not open yet. The clock must outlive the link.
   DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
 
-  void open() override;
-  void close() override;
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
+
+ protected:
+  void doOpen() override;
+  void doClose() override;
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
   /// The ECU of the settings, where they name one. Else the ECUs that answer a request to all of them, and
   /// where the gateway passes none on, those that answer at addresses near its own. EcuUnreachable when there
   /// is none.
-  std::vector<LinkTarget> findEcus() override;
-  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
-  bool readUnasked(const LinkTarget& target) override;
+  std::vector<LinkTarget> doFindEcus() override;
+  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
   std::string findHost();

@@ -45,32 +45,14 @@ Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> p
   console_.setWaiting([this] { idle(); }, [this] { return stopAsked(); });
 }
 
-/// Runs a step; after its failure the link can only be opened again, but for requests that no adapter sends.
-template <class Step>
-auto Elm327Link::guarded(Step&& step) {
-  try {
-    return std::forward<Step>(step)();
-  } catch (const EcuUnreachable&) {
-    throw;
-  } catch (const TarnError&) {
-    open_ = false;
-    throw;
-  }
+void Elm327Link::doOpen() {
+  doClose();
+  console_.open();
+  adapterName_ = adapter_.setUp();
+  assembler_.forget();
 }
 
-void Elm327Link::open() {
-  if (open_) return;
-  close();
-  guarded([this] {
-    console_.open();
-    adapterName_ = adapter_.setUp();
-    assembler_.forget();
-  });
-  open_ = true;
-}
-
-void Elm327Link::close() {
-  open_ = false;
+void Elm327Link::doClose() {
   awaitsPrompt_ = false;
   messages_.clear();
   frameCounts_.clear();
@@ -82,25 +64,23 @@ void Elm327Link::close() {
   console_.close();
 }
 
-void Elm327Link::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
-  guarded([&] {
-    if (!open_) fail("the adapter is not open");
-    console_.begin();
-    finishAnswer();
-    if (silences_ >= kMostSilences) {
-      silences_ = 0;
-      triedByDefault_ = false;
-      adapter_.forgetBus();
-      assembler_.forget();
-    }
-    adapter_.selectBus(target, request);
-    noteSearch();
-    const bool toOne = target.address != kFunctionalAddress && isObdRequest(request);
-    if (toOne && unnamed_ == Unnamed::some) answersAlone(target);
-    if (toOne && unnamed_ == Unnamed::several && !answersAlone(target)) failMixed();
-    begin(target, request);
-    ask(true);
-  });
+bool Elm327Link::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
+  console_.begin();
+  finishAnswer();
+  if (silences_ >= kMostSilences) {
+    silences_ = 0;
+    triedByDefault_ = false;
+    adapter_.forgetBus();
+    assembler_.forget();
+  }
+  adapter_.selectBus(target, request);
+  noteSearch();
+  const bool toOne = target.address != kFunctionalAddress && isObdRequest(request);
+  if (toOne && unnamed_ == Unnamed::some) answersAlone(target);
+  if (toOne && unnamed_ == Unnamed::several && !answersAlone(target)) failMixed();
+  begin(target, request);
+  ask(true);
+  return true;
 }
 
 /// The adapter takes a new request only behind the prompt of the one before; a character sent earlier breaks
@@ -133,8 +113,9 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
                          fmt::format("a request of {} bytes is too long: an ELM327 sends at most {} on CAN",
                                      request.size(), kLongestOnCan));
   assembler_.setBus(bus);
-  Exchange& exchange = exchange_;
+  Exchange exchange;
   exchange.target = target;
+  exchange.request = std::move(exchange_.request);  // for its capacity
   exchange.request.assign(request.begin(), request.end());
   exchange.address = elmAddress(target, request, bus);
   const auto reach = reach_.find(target.address);
@@ -143,105 +124,119 @@ void Elm327Link::begin(const LinkTarget& target, std::span<const std::uint8_t> r
     exchange.address.ownFilter = exchange.address.source && (isCan(bus) || bus == ElmBus::unknown);
   else if ((reachedFunctionally || byDefault_) && isObdRequest(request))
     exchange.address = elmFunctional(exchange.address, bus);
-  exchange.repeats = exchange.troubles = 0;
-  exchange.withoutDigit = exchange.restarted = exchange.askedTwice = exchange.atWork = false;
+  exchange_ = std::move(exchange);
 }
 
 void Elm327Link::ask(bool countFrames) {
-  if (!adapter_.setAddress(exchange_.address)) {
-    // What it cannot send to one ECU it may send to all, where that is allowed.
-    if (unnamed_ == Unnamed::several) failMixed();
-    if (!isObdRequest(exchange_.request)) fail("this adapter cannot ask a single ECU: it does not know ATSH");
-    exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
-    reach_[exchange_.target.address].functional = true;
-    adapter_.setAddress(exchange_.address);
-  }
+  useAddress();
+  dropLateLines();
+  exchange_.attempt = Attempt();
+  exchange_.attempt.expectedFrames = frameCountFor(countFrames);
+  assembler_.reset();
+  writeRequest();
+  exchange_.attempt.asked = clock_.microseconds();
+  awaitsPrompt_ = true;
+}
+
+/// An adapter that cannot address one ECU may address all, where that is allowed.
+void Elm327Link::useAddress() {
+  if (adapter_.setAddress(exchange_.address)) return;
+  if (unnamed_ == Unnamed::several) failMixed();
+  if (!isObdRequest(exchange_.request)) fail("this adapter cannot ask a single ECU: it does not know ATSH");
+  exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
+  reach_[exchange_.target.address].functional = true;
+  adapter_.setAddress(exchange_.address);
+}
+
+void Elm327Link::dropLateLines() {
   const std::int64_t longest = clock_.microseconds() + kPendingPause;
   while (const auto item = console_.next(clock_.microseconds())) {
     if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
     if (clock_.microseconds() > longest) break;
   }
+}
+
+int Elm327Link::frameCountFor(bool countFrames) {
   const bool known = countFrames && exchange_.target.address != kFunctionalAddress && !mayMix();
-  exchange_.expectedFrames = known ? frameCounts_.of(exchange_.target.address, exchange_.request) : 0;
+  return known ? frameCounts_.of(exchange_.target.address, exchange_.request) : 0;
+}
+
+void Elm327Link::writeRequest() {
   text_.clear();
   for (const std::uint8_t byte : exchange_.request) {
     appendDigit(text_, byte >> 4U);
     appendDigit(text_, byte);
   }
-  if (exchange_.expectedFrames > 0) appendDigit(text_, static_cast<unsigned>(exchange_.expectedFrames));
-  exchange_.anything = exchange_.barePrompt = exchange_.answered = exchange_.others = false;
-  exchange_.pending = exchange_.wasPending = false;
-  exchange_.unnamed = 0;
-  exchange_.foreign.clear();
-  exchange_.notice.reset();
-  assembler_.reset();
+  const int frames = exchange_.attempt.expectedFrames;
+  if (frames > 0) appendDigit(text_, static_cast<unsigned>(frames));
   console_.write(text_);
-  exchange_.asked = clock_.microseconds();
-  awaitsPrompt_ = true;
 }
 
-bool Elm327Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
-  return guarded([&] {
-    if (!open_) fail("the adapter is not open");
-    console_.begin();
-    ElmMessage message;
-    const auto wait = std::chrono::microseconds(timeout).count();
-    if (!nextMessage(message, clock_.microseconds() + wait + kAdapterTime)) return false;
-    response = std::move(message.bytes);
-    return true;
-  });
+Link::Received Elm327Link::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
+  console_.begin();
+  ElmMessage message;
+  const auto wait = std::chrono::microseconds(timeout).count();
+  if (!nextMessage(message, clock_.microseconds() + wait + kAdapterTime)) return Received::nothing;
+  response = std::move(message.bytes);
+  return Received::response;
 }
 
 bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
   for (;;) {
     // Whether another ECU answers, too, is known at the prompt.
-    const bool held = awaitsPrompt_ && exchange_.unnamed > 0 && mayMix();
+    const bool held = awaitsPrompt_ && exchange_.attempt.unnamed > 0 && mayMix();
     if (!messages_.empty() && !held) {
       message = std::move(messages_.front());
       messages_.pop_front();
       return true;
     }
-    if (!awaitsPrompt_) {
-      if (!exchange_.pending || !listenAfterPending(deadline)) return false;
-      continue;
-    }
-    // A prompt before any line is one that was late: the answer follows, if there is one.
-    const std::int64_t limit =
-        exchange_.barePrompt ? std::min(deadline, clock_.microseconds() + kBarePromptPatience) : deadline;
-    auto item = console_.next(limit);
-    if (!item && isAtWork() && clock_.microseconds() < exchange_.asked + kWorkPatience) {
-      deadline = exchange_.asked + kWorkPatience;
-      continue;
-    }
-    if (item && !item->prompt) {
-      take(std::move(item->line));
-    } else if (item && !exchange_.anything && !exchange_.barePrompt) {
-      exchange_.barePrompt = true;
-    } else if (item || exchange_.barePrompt) {
-      awaitsPrompt_ = false;
-      settle();
-      if (isMixed()) {
-        messages_.clear();
-        unnamed_ = Unnamed::several;
-        failMixed();
-      }
-      if (messages_.empty() && !exchange_.pending && !retry(deadline)) return false;
-    } else {
-      return false;
-    }
+    const bool mayCome =
+        awaitsPrompt_ ? takeNext(deadline) : exchange_.attempt.pending && listenAfterPending(deadline);
+    if (!mayCome) return false;
   }
+}
+
+/// The next line or prompt of the answer; false when nothing comes any more. The deadline of an adapter that
+/// is still looking for the bus moves.
+bool Elm327Link::takeNext(std::int64_t& deadline) {
+  Attempt& attempt = exchange_.attempt;
+  // A prompt before any line is one that was late: the answer follows, if there is one.
+  const std::int64_t limit =
+      attempt.barePrompt ? std::min(deadline, clock_.microseconds() + kBarePromptPatience) : deadline;
+  auto item = console_.next(limit);
+  if (!item && isAtWork() && clock_.microseconds() < attempt.asked + kWorkPatience) {
+    deadline = attempt.asked + kWorkPatience;
+    return true;
+  }
+  if (item && !item->prompt) {
+    take(std::move(item->line));
+    return true;
+  }
+  if (item && !attempt.anything && !attempt.barePrompt) {
+    attempt.barePrompt = true;
+    return true;
+  }
+  if (!item && !attempt.barePrompt) return false;
+  awaitsPrompt_ = false;
+  settle();
+  if (isMixed()) {
+    messages_.clear();
+    unnamed_ = Unnamed::several;
+    failMixed();
+  }
+  return !messages_.empty() || exchange_.attempt.pending || retry(deadline);
 }
 
 bool Elm327Link::isAtWork() const { return exchange_.atWork || console_.atWork(); }
 
 void Elm327Link::take(ElmLine line) {
-  exchange_.anything = true;
+  exchange_.attempt.anything = true;
   if (line.notice == ElmNotice::working) exchange_.atWork = true;
   if (line.isData()) {
     takeData(line);
   } else if (line.notice != ElmNotice::working && line.notice != ElmNotice::ok) {
-    const bool keep = exchange_.notice && exchange_.notice->notice == ElmNotice::restarted;
-    if (!keep) exchange_.notice = std::move(line);
+    const bool keep = exchange_.attempt.notice && exchange_.attempt.notice->notice == ElmNotice::restarted;
+    if (!keep) exchange_.attempt.notice = std::move(line);
   }
 }
 
@@ -250,30 +245,30 @@ void Elm327Link::takeData(const ElmLine& line) {
   if (!message) return;
   const auto& wanted = exchange_.address.source;
   if (wanted && message->source && message->source != wanted) {
-    exchange_.others = true;
+    exchange_.attempt.others = true;
     return;
   }
   const ResponseClass kind = classifyResponse(exchange_.request, message->bytes);
   if (kind == ResponseClass::foreign) {
-    exchange_.foreign = std::move(message->bytes);
+    exchange_.attempt.foreign = std::move(message->bytes);
     return;
   }
   noteAnswer(*message);
-  exchange_.pending = kind == ResponseClass::pending;
+  exchange_.attempt.pending = kind == ResponseClass::pending;
   // On older buses an answer of other services may come in several messages.
-  const bool counts = exchange_.request.front() == service::kCurrentData && !exchange_.pending;
-  if (!message->source && counts) ++exchange_.unnamed;
-  exchange_.wasPending = exchange_.wasPending || exchange_.pending;
+  const bool counts = exchange_.request.front() == service::kCurrentData && !exchange_.attempt.pending;
+  if (!message->source && counts) ++exchange_.attempt.unnamed;
+  exchange_.attempt.wasPending = exchange_.attempt.wasPending || exchange_.attempt.pending;
   if (messages_.size() < kMostMessages) messages_.push_back(std::move(*message));
 }
 
 void Elm327Link::noteAnswer(const ElmMessage& message) {
   assembler_.confirm(message);
   if (!message.source) noteUnnamed();
-  if (exchange_.answered) return;
-  exchange_.answered = true;
+  if (exchange_.attempt.answered) return;
+  exchange_.attempt.answered = true;
   silences_ = 0;
-  if (!adapter_.asksByDefault()) triedByDefault_ = true;  // needless
+  if (!adapter_.asksByDefault()) triedByDefault_ = true;  // an address reaches ECUs: no need to try without
   if (exchange_.target.address == kFunctionalAddress) return;
   Reach& reach = reach_[exchange_.target.address];
   reach.answered = true;
@@ -304,8 +299,8 @@ bool Elm327Link::mayMix() const {
 }
 
 bool Elm327Link::isMixed() const {
-  if (!mayMix() || exchange_.unnamed == 0) return false;
-  return exchange_.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.functional);
+  if (!mayMix() || exchange_.attempt.unnamed == 0) return false;
+  return exchange_.attempt.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.functional);
 }
 
 /// Asks what every ECU would answer, of one: an adapter may say that it asks one alone and not do so.
@@ -331,99 +326,172 @@ bool Elm327Link::answersAlone(const LinkTarget& target) {
 }
 
 void Elm327Link::settle() {
-  const ElmNotice notice = exchange_.notice ? exchange_.notice->notice : ElmNotice::none;
+  const ElmNotice notice = exchange_.attempt.notice ? exchange_.attempt.notice->notice : ElmNotice::none;
   const std::int32_t address = exchange_.target.address;
   if (notice == ElmNotice::restarted) ElmAdapter::failRestarted();
-  if (notice == ElmNotice::noConnection && !exchange_.answered)
-    failWithoutEcu(console_, exchange_.notice->text);
-  if (!exchange_.answered) {
+  if (notice == ElmNotice::noConnection && !exchange_.attempt.answered)
+    failWithoutEcu(console_, exchange_.attempt.notice->text);
+  if (!exchange_.attempt.answered) {
     ++silences_;
     return;
   }
-  if (exchange_.wasPending)
+  if (exchange_.attempt.wasPending)
     frameCounts_.distrust(address, exchange_.request);
-  else if (exchange_.withoutDigit)
+  else if (exchange_.tried.test(withoutFrameCount))
     frameCounts_.helpedWithout();
-  else if (exchange_.expectedFrames > 0)
+  else if (exchange_.attempt.expectedFrames > 0)
     frameCounts_.helped();
   else if (address != kFunctionalAddress && !assembler_.incomplete())
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
 }
 
+/// What came, and what is done instead, in this order; each row at most as often as it helps. The request is
+/// then sent again.
+const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::kFallBacks{{
+    // The ECU seems silent. The number of frames that the adapter was told may have been the fault.
+    {Came::silence, withoutFrameCount, &Elm327Link::wasCounted, &Elm327Link::justAsk},
+    // It may hear what is sent to all ECUs only.
+    {Came::silence, functionalAddressing, &Elm327Link::mayAskFunctionally, &Elm327Link::askFunctionally},
+    // Some adapters reach their ECU only as long as they are told no address, which takes a reset.
+    {Came::silence, noAddress, &Elm327Link::mayForgetAddress, &Elm327Link::forgetAddress},
+    // On the K line it may have ended the communication.
+    {Came::silence, newCommunication, &Elm327Link::mayNeedCommunication, &Elm327Link::startCommunication},
+    // It may need more time than the adapter gives it.
+    {Came::silence, longerTimeout, &Elm327Link::mayNeedTime, &Elm327Link::giveTime},
+    // One that has answered before may have been disturbed.
+    {Came::silence, onceMore, &Elm327Link::mayBeDisturbed, &Elm327Link::justAsk},
+    // The adapter does not understand. It may not know a number of frames ...
+    {Came::unknownCommand, neverFrameCounts, &Elm327Link::wasCounted, &Elm327Link::stopCounting},
+    // ... or a character was lost.
+    {Came::unknownCommand, again, &Elm327Link::isFirst, &Elm327Link::justAsk},
+    {Came::busTrouble, untilBusWorks, &Elm327Link::mayBusRecover, &Elm327Link::noteTrouble},
+    {Came::damage, distrustFrameCount, &Elm327Link::always, &Elm327Link::distrustCount},
+}};
+
 bool Elm327Link::retry(std::int64_t deadline) {
-  if (exchange_.answered || clock_.microseconds() >= deadline || stopAsked()) return false;
-  const ElmNotice notice = exchange_.notice ? exchange_.notice->notice : ElmNotice::none;
-  const bool counted = exchange_.expectedFrames > 0;
-  const bool silent = notice == ElmNotice::none && exchange_.others;
-  switch (silent ? ElmNotice::noData : notice) {
+  if (exchange_.attempt.answered || clock_.microseconds() >= deadline || stopAsked()) return false;
+  const Came came = whatCame();
+  const auto row = std::find_if(kFallBacks.begin(), kFallBacks.end(), [&](const FallBack& each) {
+    return each.came == came && (this->*each.helps)(deadline);
+  });
+  if (row != kFallBacks.end()) {
+    exchange_.tried.set(row->instead);
+    (this->*row->prepare)(deadline);
+    if (repeat()) return true;
+  }
+  giveUp(came);
+  return false;
+}
+
+Elm327Link::Came Elm327Link::whatCame() const {
+  const Attempt& attempt = exchange_.attempt;
+  switch (attempt.notice ? attempt.notice->notice : ElmNotice::none) {
     case ElmNotice::noData:
-      return retrySilence(deadline);
+      return Came::silence;
     case ElmNotice::unknownCommand:
-      if (counted) frameCounts_.giveUp();
-      if (counted || exchange_.repeats == 0) return repeat(false);
-      // Some know only a few requests, such as those for one PID.
-      if (isObdRequest(exchange_.request)) return false;
-      throw EcuUnreachable(1, "Elm327Link", "the adapter does not understand the request " + text_);
+      return Came::unknownCommand;
     case ElmNotice::busTrouble:
-      if (++exchange_.troubles < kMostTroubles && repeat(false)) return true;
-      failWithoutEcu(console_, exchange_.notice->text);
+      return Came::busTrouble;
+    case ElmNotice::none:
+      return attempt.others ? Came::silence : Came::damage;
     default:
-      if (counted) frameCounts_.distrust(exchange_.target.address, exchange_.request);
-      return repeat(false);
+      return Came::damage;
   }
 }
 
-/// The ECU is silent. Before that is believed, what may hide its answer is tried: each at most once.
-bool Elm327Link::retrySilence(std::int64_t deadline) {
-  if (exchange_.expectedFrames > 0) {
-    exchange_.withoutDigit = true;
-    return repeat(false);
-  }
-  ElmAddress& address = exchange_.address;
-  if (exchange_.target.address != kFunctionalAddress) {
-    Reach& reach = reach_[exchange_.target.address];
-    const bool mayAskAll = unnamed_ != Unnamed::several;
-    if (mayAskAll && !reach.answered && !reach.triedFunctional && !address.functional &&
-        isObdRequest(exchange_.request)) {
-      reach.triedFunctional = true;
-      address = elmFunctional(address, adapter_.bus());
-      return repeat(false);
-    }
-    if (mayAskAll && !reach.answered && retryByDefault()) return true;
-  }
-  if (adapter_.bus() == ElmBus::kwp && !address.functional && !exchange_.restarted) {
-    exchange_.restarted = true;
-    adapter_.restartCommunication();
-    return repeat(false);
-  }
-  const std::int64_t given = deadline - kAdapterTime - exchange_.asked;
-  const std::int64_t steps =
-      std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
-  if (steps > adapter_.timeout()) {
-    adapter_.setTimeout(static_cast<int>(steps));
-    return repeat(false);
-  }
-  // An ECU that has answered before may have been disturbed.
-  if (exchange_.askedTwice || !reach_[exchange_.target.address].answered) return false;
-  exchange_.askedTwice = true;
-  return repeat(false);
+/// Nothing helps any more. Silence is told by the caller.
+void Elm327Link::giveUp(Came came) {
+  if (came == Came::busTrouble) failWithoutEcu(console_, exchange_.attempt.notice->text);
+  // Some adapters know only a few requests, such as those for one PID.
+  const bool understands = came != Came::unknownCommand || isObdRequest(exchange_.request);
+  if (understands || wasCounted(0) || isFirst(0)) return;
+  throw EcuUnreachable(1, "Elm327Link", "the adapter does not understand the request " + text_);
 }
 
-/// Some adapters reach their ECU only as long as they are told no address, which takes a reset.
-bool Elm327Link::retryByDefault() {
-  if (triedByDefault_ || adapter_.asksByDefault() || !isObdRequest(exchange_.request)) return false;
+bool Elm327Link::repeat() {
+  if (!mayBeRepeated(exchange_.request) || exchange_.repeats >= kMostRepeats) return false;
+  ++exchange_.repeats;
+  ask(false);
+  return true;
+}
+
+// --- when a fall-back helps
+
+bool Elm327Link::wasCounted(std::int64_t /*deadline*/) const { return exchange_.attempt.expectedFrames > 0; }
+
+/// Physical addressing never reached this ECU, and functional addressing may be used.
+bool Elm327Link::neverAnswered() const {
+  if (exchange_.target.address == kFunctionalAddress || unnamed_ == Unnamed::several) return false;
+  const auto reach = reach_.find(exchange_.target.address);
+  return (reach == reach_.end() || !reach->second.answered) && isObdRequest(exchange_.request);
+}
+
+bool Elm327Link::mayAskFunctionally(std::int64_t /*deadline*/) const {
+  const auto reach = reach_.find(exchange_.target.address);
+  const bool tried = reach != reach_.end() && reach->second.triedFunctional;
+  return neverAnswered() && !tried && !exchange_.address.functional;
+}
+
+bool Elm327Link::mayForgetAddress(std::int64_t /*deadline*/) const {
+  return neverAnswered() && !triedByDefault_ && !adapter_.asksByDefault();
+}
+
+bool Elm327Link::mayNeedCommunication(std::int64_t /*deadline*/) const {
+  return adapter_.bus() == ElmBus::kwp && !exchange_.address.functional &&
+         !exchange_.tried.test(newCommunication);
+}
+
+bool Elm327Link::mayNeedTime(std::int64_t deadline) const {
+  return stepsUntil(deadline) > adapter_.timeout();
+}
+
+bool Elm327Link::mayBeDisturbed(std::int64_t /*deadline*/) const {
+  const auto reach = reach_.find(exchange_.target.address);
+  return reach != reach_.end() && reach->second.answered && !exchange_.tried.test(onceMore);
+}
+
+bool Elm327Link::isFirst(std::int64_t /*deadline*/) const { return exchange_.repeats == 0; }
+
+bool Elm327Link::mayBusRecover(std::int64_t /*deadline*/) const {
+  return exchange_.troubles + 1 < kMostTroubles;
+}
+
+bool Elm327Link::always(std::int64_t /*deadline*/) const { return true; }
+
+// --- what is done before the request is sent again
+
+void Elm327Link::justAsk(std::int64_t /*deadline*/) {}
+
+void Elm327Link::askFunctionally(std::int64_t /*deadline*/) {
+  reach_[exchange_.target.address].triedFunctional = true;
+  exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
+}
+
+void Elm327Link::forgetAddress(std::int64_t /*deadline*/) {
   triedByDefault_ = byDefault_ = true;
   adapterName_ = adapter_.setUp();
   adapter_.selectBus(exchange_.target, exchange_.request);
   exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
-  return repeat(false);
 }
 
-bool Elm327Link::repeat(bool countFrames) {
-  if (!mayBeRepeated(exchange_.request) || exchange_.repeats >= kMostRepeats) return false;
-  ++exchange_.repeats;
-  ask(countFrames);
-  return true;
+void Elm327Link::startCommunication(std::int64_t /*deadline*/) { adapter_.restartCommunication(); }
+
+void Elm327Link::giveTime(std::int64_t deadline) {
+  adapter_.setTimeout(static_cast<int>(stepsUntil(deadline)));
+}
+
+/// Of the adapter's time-out.
+std::int64_t Elm327Link::stepsUntil(std::int64_t deadline) const {
+  const std::int64_t given = deadline - kAdapterTime - exchange_.attempt.asked;
+  return std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
+}
+
+void Elm327Link::stopCounting(std::int64_t /*deadline*/) { frameCounts_.giveUp(); }
+
+void Elm327Link::noteTrouble(std::int64_t /*deadline*/) { ++exchange_.troubles; }
+
+void Elm327Link::distrustCount(std::int64_t deadline) {
+  if (wasCounted(deadline)) frameCounts_.distrust(exchange_.target.address, exchange_.request);
 }
 
 /// The adapter no longer listens to an ECU that said "response pending": what comes all the same is taken,
@@ -443,11 +511,11 @@ bool Elm327Link::listenAfterPending(std::int64_t deadline) {
 
 std::string Elm327Link::silence() const {
   if (awaitsPrompt_) return {};
-  if (!exchange_.foreign.empty()) return "what came is " + shortHexText(exchange_.foreign);
-  if (!exchange_.notice && exchange_.others) return "only other ECUs answer";
-  if (!exchange_.notice)
-    return exchange_.anything ? "what came is no whole answer" : "the adapter says nothing";
-  const ElmLine& line = *exchange_.notice;
+  if (!exchange_.attempt.foreign.empty()) return "what came is " + shortHexText(exchange_.attempt.foreign);
+  if (!exchange_.attempt.notice && exchange_.attempt.others) return "only other ECUs answer";
+  if (!exchange_.attempt.notice)
+    return exchange_.attempt.anything ? "what came is no whole answer" : "the adapter says nothing";
+  const ElmLine& line = *exchange_.attempt.notice;
   if (line.notice == ElmNotice::unknownCommand) return "the adapter does not understand the request";
   return "the adapter says " + (line.notice == ElmNotice::none ? quotedText(line.text) : line.text);
 }
@@ -464,30 +532,28 @@ std::vector<LinkTarget> Elm327Link::findEcusApart() {
   return ecus;
 }
 
-std::vector<LinkTarget> Elm327Link::findEcus() {
+std::vector<LinkTarget> Elm327Link::doFindEcus() {
   constexpr std::int64_t kPatience = 3000 * kMillisecond;
-  send({kFunctionalAddress, std::string(kObdName)}, kSupportedPids);
+  doSend({kFunctionalAddress, std::string(kObdName)}, kSupportedPids);
   std::vector<LinkTarget> ecus;
-  guarded([&] {
-    const std::int64_t deadline = clock_.microseconds() + kPatience;
-    ElmMessage message;
-    while (nextMessage(message, deadline)) {
-      const std::int32_t address = ecuAddressOf(message.source, assembler_.bus());
-      const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
-      if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, std::string(kObdName)});
-    }
-    if (exchange_.unnamed > 0 && unnamed_ != Unnamed::several)
-      unnamed_ = exchange_.unnamed > 1 ? Unnamed::several : Unnamed::one;
-    if (unnamed_ == Unnamed::several) ecus = findEcusApart();
-    // Who is alone need not be told apart.
-    else if (ecus.size() == 1 && !(unnamed_ == Unnamed::one && isCan(adapter_.bus())))
-      reach_[ecus.front().address].functional = true;
-    if (!ecus.empty()) return;
+  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  ElmMessage message;
+  while (nextMessage(message, deadline)) {
+    const std::int32_t address = ecuAddressOf(message.source, assembler_.bus());
+    const auto known = [&](const LinkTarget& ecu) { return ecu.address == address; };
+    if (std::none_of(ecus.begin(), ecus.end(), known)) ecus.push_back({address, std::string(kObdName)});
+  }
+  const int unnamed = exchange_.attempt.unnamed;
+  if (unnamed > 0 && unnamed_ != Unnamed::several) unnamed_ = unnamed > 1 ? Unnamed::several : Unnamed::one;
+  if (unnamed_ == Unnamed::several) ecus = findEcusApart();
+  // A single ECU needs no physical addressing, unless its answers without headers would be all that is known.
+  else if (ecus.size() == 1 && !(unnamed_ == Unnamed::one && isCan(adapter_.bus())))
+    reach_[ecus.front().address].functional = true;
+  if (ecus.empty()) {
     finishAnswer();
-    failWithoutEcu(console_, exchange_.notice ? exchange_.notice->text : "");
-  });
-  std::sort(ecus.begin(), ecus.end(),
-            [](const LinkTarget& a, const LinkTarget& b) { return a.address < b.address; });
+    failWithoutEcu(console_, exchange_.attempt.notice ? exchange_.attempt.notice->text : "");
+  }
+  std::ranges::sort(ecus, {}, &LinkTarget::address);
   return ecus;
 }
 

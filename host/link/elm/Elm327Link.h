@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <bitset>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -18,77 +20,108 @@
 
 namespace tarnlog::host {
 
-/// An ELM327 adapter, or one of its many relatives. What an adapter does not know is gone on without.
+/// An ELM327 adapter, or one of its many relatives. Where an adapter does not know a command, or an ECU seems
+/// silent, something else is tried instead: kFallBacks lists what.
 ///
 /// Opening connects, resets and sets up the adapter; the first request makes it look for the car's bus, which
 /// takes up to a minute. A failure that only a new start can mend (adapter gone, no ECU on the bus, adapter
-/// reset by itself) is a TarnError; after it the link is to be closed and opened again.
+/// reset by itself) is a TarnError.
 class Elm327Link : public Link {
  public:
   /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. The clock must
   /// outlive the link.
   Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock);
 
-  /// Does nothing when it is open.
-  void open() override;
-  void close() override;
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
   std::string silence() const override;
-  /// TarnError when nobody answers.
-  std::vector<LinkTarget> findEcus() override;
   bool takesSeveralPids(const LinkTarget& target) const override;
 
   /// The adapter's name, as it gave it when it was opened.
   const std::string& adapterName() const { return adapterName_; }
 
+ protected:
+  void doOpen() override;
+  void doClose() override;
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// TarnError when nobody answers.
+  std::vector<LinkTarget> doFindEcus() override;
+
  private:
   /// What is known of reaching one ECU.
   struct Reach {
     bool answered = false;         ///< since the link was made
-    bool functional = false;       ///< only what is sent to all ECUs reaches it
+    bool functional = false;       ///< only functional addressing reaches it
     bool triedFunctional = false;  ///< that was tried
-    bool apart = false;            ///< it was asked alone, and alone it answered
+    bool apart = false;            ///< it was asked by physical addressing, and alone it answered
   };
-  /// How many ECUs answer what is sent to all, where the adapter shows no headers.
+  /// How many ECUs answer functional addressing, where the adapter shows no headers.
   enum class Unnamed : std::uint8_t {
     unseen,  ///< no answer without a header has come
     some,
     one,
     several  ///< their answers cannot be told apart: each is asked alone, or not at all
   };
-  /// One request and what has come of it.
-  struct Exchange {
-    LinkTarget target;
-    Bytes request;
-    ElmAddress address;
+  /// What came of an attempt that was not answered.
+  enum class Came : std::uint8_t { silence, unknownCommand, busTrouble, damage };
+  /// What is done instead. The functions that do it are described in the table, kFallBacks.
+  enum Instead : std::uint8_t {
+    withoutFrameCount,
+    functionalAddressing,
+    noAddress,
+    newCommunication,
+    longerTimeout,
+    onceMore,
+    neverFrameCounts,
+    again,
+    untilBusWorks,
+    distrustFrameCount,
+    kFallBackCount
+  };
+  struct FallBack {
+    Came came;
+    Instead instead;
+    bool (Elm327Link::*helps)(std::int64_t deadline) const;
+    void (Elm327Link::*prepare)(std::int64_t deadline);
+  };
+  static const std::array<FallBack, kFallBackCount> kFallBacks;
+
+  /// One time that the request was sent.
+  struct Attempt {
     std::int64_t asked = 0;
-    int expectedFrames = 0;  ///< asked of the adapter; 0: it waits for more until its time is over
-    int repeats = 0;
-    int troubles = 0;           ///< of the bus
-    bool withoutDigit = false;  ///< repeated because the number of frames may have been the fault
-    bool restarted = false;     ///< repeated with a new communication on the K line
-    bool askedTwice = false;    ///< repeated because the ECU was silent
-    bool anything = false;      ///< any line came
-    bool barePrompt = false;    ///< a prompt came before any line
+    int expectedFrames = 0;   ///< asked of the adapter; 0: it waits for more until its time is over
+    bool anything = false;    ///< any line came
+    bool barePrompt = false;  ///< a prompt came before any line
     bool answered = false;
     bool others = false;      ///< only other ECUs answered
     int unnamed = 0;          ///< answers of ECUs that are not shown
     Bytes foreign;            ///< came, and answers something else
     bool pending = false;     ///< the newest answer says "response pending"
     bool wasPending = false;  ///< any did
-    bool atWork = false;      ///< the adapter searches or starts a bus
     std::optional<ElmLine> notice;
   };
+  /// One request and what has come of it.
+  struct Exchange {
+    LinkTarget target;
+    Bytes request;
+    ElmAddress address;
+    int repeats = 0;
+    int troubles = 0;     ///< of the bus
+    bool atWork = false;  ///< the adapter searches or starts a bus
+    std::bitset<kFallBackCount> tried;
+    Attempt attempt;
+  };
 
-  template <class Step>
-  auto guarded(Step&& step);
   void finishAnswer();
   bool promptComes(std::int64_t patience);
   void begin(const LinkTarget& target, std::span<const std::uint8_t> request);
   void ask(bool countFrames);
+  void useAddress();
+  void dropLateLines();
+  int frameCountFor(bool countFrames);
+  void writeRequest();
 
   bool nextMessage(ElmMessage& message, std::int64_t deadline);
+  bool takeNext(std::int64_t& deadline);
   bool isAtWork() const;
   void take(ElmLine line);
   void takeData(const ElmLine& line);
@@ -101,11 +134,31 @@ class Elm327Link : public Link {
   std::vector<LinkTarget> findEcusApart();
   /// The prompt came: learns from it, and fails where only a new start helps.
   void settle();
+
   /// True when the request was sent once more, so that something may still come.
   bool retry(std::int64_t deadline);
-  bool retrySilence(std::int64_t deadline);
-  bool retryByDefault();
-  bool repeat(bool countFrames);
+  Came whatCame() const;
+  void giveUp(Came came);
+  bool repeat();
+  bool wasCounted(std::int64_t deadline) const;
+  bool mayAskFunctionally(std::int64_t deadline) const;
+  bool mayForgetAddress(std::int64_t deadline) const;
+  bool mayNeedCommunication(std::int64_t deadline) const;
+  bool mayNeedTime(std::int64_t deadline) const;
+  bool mayBeDisturbed(std::int64_t deadline) const;
+  bool isFirst(std::int64_t deadline) const;
+  bool mayBusRecover(std::int64_t deadline) const;
+  bool always(std::int64_t deadline) const;
+  void justAsk(std::int64_t deadline);
+  void askFunctionally(std::int64_t deadline);
+  void forgetAddress(std::int64_t deadline);
+  void startCommunication(std::int64_t deadline);
+  void giveTime(std::int64_t deadline);
+  void stopCounting(std::int64_t deadline);
+  void noteTrouble(std::int64_t deadline);
+  void distrustCount(std::int64_t deadline);
+  bool neverAnswered() const;
+  std::int64_t stepsUntil(std::int64_t deadline) const;
   bool listenAfterPending(std::int64_t deadline);
 
   LinkClock& clock_;
@@ -114,7 +167,6 @@ class Elm327Link : public Link {
   ElmAssembler assembler_;
   ElmFrameCounts frameCounts_;
   std::string adapterName_;
-  bool open_ = false;
   bool awaitsPrompt_ = false;
   int silences_ = 0;  ///< exchanges without any answer, one after another
   std::map<std::int32_t, Reach> reach_;

@@ -16,10 +16,11 @@ class SimulatedLink : public Link {
  public:
   SimulatedLink(LinkClock& clock, SimulatedPeer& peer) : clock_(clock), peer_(peer) {}
 
-  void open() override;
-  void close() override;
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
+ protected:
+  void doOpen() override;
+  void doClose() override;
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
 
  private:
   LinkClock& clock_;
@@ -28,7 +29,6 @@ class SimulatedLink : public Link {
   std::size_t next_ = 0;  ///< the answer that arrives next
   std::int64_t opened_ = 0;
   std::int64_t sent_ = 0;
-  bool open_ = false;
   StopPatience patience_{*this, clock_};
   IdleHook waitHook_ = [this] {
     idle();

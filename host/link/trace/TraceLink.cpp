@@ -30,52 +30,61 @@ void TraceLink::writeLine(const std::string& line) {
   if (file_ && !skipOnFailure([&] { file_->write(line + "\n"); })) file_.reset();
 }
 
-/// Runs a step of the link; its failure is written down and passed on.
+void TraceLink::writeText(Kind kind, const std::string& text) {
+  TraceEntry entry;
+  entry.kind = kind;
+  entry.text = text;
+  write(entry);
+}
+
+/// Runs a step of the link. What went wrong is written down; a failure is passed on.
 template <class Step>
 auto TraceLink::watched(Step&& step) {
   try {
     return std::forward<Step>(step)();
   } catch (const TarnError& error) {
-    TraceEntry entry;
-    entry.kind = dynamic_cast<const EcuUnreachable*>(&error) != nullptr ? Kind::unreachable : Kind::failure;
-    entry.text = error.description();
-    write(entry);
+    writeText(Kind::failure, error.description());
     throw;
   }
 }
 
-void TraceLink::open() {
+void TraceLink::doOpen() {
   if (start_ < 0) start_ = clock_.microseconds();
   watched([this] { link_->open(); });
 }
 
-void TraceLink::close() { link_->close(); }
+void TraceLink::doClose() { link_->close(); }
 
-void TraceLink::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
+bool TraceLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   TraceEntry entry;
   entry.target = target;
   entry.bytes.assign(request.begin(), request.end());
   write(entry);
-  watched([&] { link_->send(target, request); });
+  const bool reached = watched([&] { return link_->send(target, request); });
+  if (!reached) writeText(Kind::unreachable, obstacle());
+  return reached;
 }
 
-bool TraceLink::receive(Bytes& response, std::chrono::milliseconds timeout) {
-  const bool came = watched([&] { return link_->receive(response, timeout); });
-  if (came) {
+Link::Received TraceLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
+  const Received received = watched([&] { return link_->receive(response, timeout); });
+  if (received == Received::unreachable) writeText(Kind::unreachable, obstacle());
+  if (received == Received::response) {
     TraceEntry entry;
     entry.kind = Kind::response;
     entry.bytes = response;
     write(entry);
   }
-  return came;
+  return received;
 }
 
-bool TraceLink::readUnasked(const LinkTarget& target) {
+bool TraceLink::doReadUnasked(const LinkTarget& target) {
   return watched([&] { return link_->readUnasked(target); });
 }
 
-std::vector<LinkTarget> TraceLink::findEcus() {
-  return watched([this] { return link_->findEcus(); });
+std::vector<LinkTarget> TraceLink::doFindEcus() {
+  std::vector<LinkTarget> ecus = watched([this] { return link_->findEcus(); });
+  if (!obstacle().empty()) writeText(Kind::unreachable, obstacle());
+  return ecus;
 }
 
 }  // namespace tarnlog::host

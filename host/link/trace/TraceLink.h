@@ -17,21 +17,25 @@ class TraceLink : public Link {
   /// `file` takes the lines. `clock` must outlive the link.
   TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_ptr<FileStream> file);
 
-  void open() override;
-  void close() override;
-  void send(const LinkTarget& target, std::span<const std::uint8_t> request) override;
-  bool receive(Bytes& response, std::chrono::milliseconds timeout) override;
-  /// The search itself is not written down: what the ECUs found are asked then is.
-  std::vector<LinkTarget> findEcus() override;
+  const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
     return link_->answererOf(target);
   }
-  bool readUnasked(const LinkTarget& target) override;
+
+ protected:
+  void doOpen() override;
+  void doClose() override;
+  bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
+  Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
+  /// The search itself is not written down: what the ECUs found are asked then is.
+  std::vector<LinkTarget> doFindEcus() override;
+  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
   void write(TraceEntry& entry);
+  void writeText(TraceEntry::Kind kind, const std::string& text);
   void writeLine(const std::string& line);
   std::chrono::microseconds now() const;
   template <class Step>

@@ -63,10 +63,8 @@ class Search {
       const std::int64_t begun = clock_.microseconds();
       try {
         return findEcus();
-      } catch (const EcuUnreachable&) {
-        throw;
       } catch (const TarnError&) {
-        if (link_.stopAsked()) throw;
+        if (link_.stopAsked() || !link_.obstacle().empty()) throw;
         const std::int64_t now = clock_.microseconds();
         if (attempt == 1) failed_ = now;
         const bool mayComeBack = reached_ && now < failed_ + kReturn;
@@ -105,15 +103,12 @@ Link::Bytes Search::askMask(const LinkTarget& target, std::uint8_t mask, std::ch
   constexpr std::size_t kLength = 6;
   const Link::Bytes request{service::kCurrentData, mask};
   Link::Bytes response;
-  try {
-    for (int attempt = 0; attempt < 2; ++attempt) {
-      const auto outcome = conversation_.exchange(target, request, timeout, response);
-      if (outcome == Conversation::Outcome::refused) return {};
-      if (outcome == Conversation::Outcome::answered && response.size() >= kLength)
-        return {response.begin() + 2, response.begin() + kLength};
-    }
-  } catch (const EcuUnreachable& error) {
-    obstacle_ = error.description();
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    const auto outcome = conversation_.exchange(target, request, timeout, response);
+    if (outcome == Conversation::Outcome::unreachable) obstacle_ = conversation_.obstacle();
+    if (outcome == Conversation::Outcome::unreachable || outcome == Conversation::Outcome::refused) return {};
+    if (outcome == Conversation::Outcome::answered && response.size() >= kLength)
+      return {response.begin() + 2, response.begin() + kLength};
   }
   return {};
 }
@@ -143,11 +138,12 @@ std::vector<FoundEcu> Search::findEcus() {
   connected_ = true;
   enter(OpeningPhase::bus);
   std::vector<LinkTarget> targets = conversation_.findEcus();
+  if (!conversation_.obstacle().empty()) throw TarnError(1, "scanObdVehicle", conversation_.obstacle());
   reached_ = true;
   const auto timeout = targets.empty() ? kProbeTimeout : kTimeout;
   if (targets.empty())
     for (std::int32_t address = kFirstEcu; address <= kLastEcu; ++address)
-      targets.push_back({address, "OBD-II"});
+      targets.push_back({address, std::string(kObdName)});
   std::vector<FoundEcu> ecus;
   for (const LinkTarget& target : targets) {
     enter(OpeningPhase::ecus);

@@ -62,6 +62,8 @@ bool PidTrial::comesAlone(std::uint8_t pid) {
 
 Conversation::Outcome PidTrial::ask(std::span<const std::uint8_t> request) {
   outcome_ = conversation_.exchange(target_, request, kTimeout, response_);
+  if (outcome_ == Conversation::Outcome::unreachable)
+    throw TarnError(1, "PidTrial", conversation_.obstacle());
   return outcome_;
 }
 

@@ -16,7 +16,7 @@ using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
 /// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
-/// is closed like after `end`; not so where the request alone did not get through.
+/// is closed like after `end`.
 class Conversation::Busy {
  public:
   explicit Busy(Conversation& conversation) : conversation_(conversation) {
@@ -27,7 +27,7 @@ class Conversation::Busy {
   Busy& operator=(const Busy&) = delete;
   ~Busy() {
     conversation_.busy_ = false;
-    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.close(); });
+    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.link_.close(); });
   }
   void finish() { finished_ = true; }
 
@@ -47,15 +47,14 @@ Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span
   foreign_.clear();
   timeout_ = timeout;
   try {
-    open();
+    link_.open();
     const Outcome outcome = ask(target, request, timeout, response);
     busy.finish();
-    if (outcome != Outcome::silent) noteSuccess(target, request);
+    if (outcome == Outcome::unreachable)
+      returnLater(target, request);
+    else if (outcome != Outcome::silent)
+      noteSuccess(target, request);
     return outcome;
-  } catch (const EcuUnreachable&) {
-    busy.finish();
-    returnLater(target, request);
-    throw;
   } catch (const TarnError&) {
     returnLater(target, request);
     throw;
@@ -94,10 +93,12 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
   const bool noAnswer = suppressesAnswer(protocolOf(target.protocol), request);
   const microseconds last = microseconds(clock_.microseconds()) + timeout;
   for (;;) {
-    if (!lateAnswers_.readAway(target, request, timeout)) return Outcome::silent;
-    link_.send(target, request);
+    const LateAnswers::Way way = lateAnswers_.readAway(target, request, timeout);
+    if (way == LateAnswers::Way::blocked) return Outcome::silent;
+    if (way == LateAnswers::Way::unreachable || !link_.send(target, request)) return Outcome::unreachable;
     const Outcome outcome =
         waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
+    if (outcome == Outcome::unreachable) return outcome;
     if (outcome == Outcome::answered || outcome == Outcome::refused)
       lateAnswers_.answered();
     else
@@ -114,10 +115,10 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
 }
 
 bool Conversation::next(std::span<const std::uint8_t> request, milliseconds timeout, Link::Bytes& response) {
-  if (!open_) return false;
+  if (!link_.isOpen()) return false;
   Busy busy(*this);
-  const bool came =
-      link_.receive(response, timeout) && classifyResponse(request, response) == ResponseClass::positive;
+  const bool came = link_.receive(response, timeout) == Link::Received::response &&
+                    classifyResponse(request, response) == ResponseClass::positive;
   busy.finish();
   return came;
 }
@@ -133,14 +134,14 @@ std::string Conversation::silence(std::string_view to) const {
 void Conversation::connect() {
   Busy busy(*this);
   endRequested_ = false;
-  open();
+  link_.open();
   busy.finish();
 }
 
 std::vector<LinkTarget> Conversation::findEcus() {
   Busy busy(*this);
   endRequested_ = false;
-  open();
+  link_.open();
   std::vector<LinkTarget> ecus = link_.findEcus();
   busy.finish();
   return ecus;
@@ -152,7 +153,9 @@ Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t
   microseconds deadline = start + timeout;
   bool pending = false;
   for (microseconds now = start; now <= deadline; now = microseconds(clock_.microseconds())) {
-    if (!link_.receive(response, ceil<milliseconds>(deadline - now))) break;
+    const auto received = link_.receive(response, ceil<milliseconds>(deadline - now));
+    if (received == Link::Received::unreachable) return Outcome::unreachable;
+    if (received == Link::Received::nothing) break;
     switch (classifyResponse(request, response)) {
       case ResponseClass::positive:
         return Outcome::answered;
@@ -175,18 +178,7 @@ void Conversation::end() {
   if (busy_)
     endRequested_ = true;
   else
-    close();
-}
-
-void Conversation::open() {
-  if (open_) return;
-  link_.open();
-  open_ = true;
-}
-
-void Conversation::close() {
-  open_ = false;
-  link_.close();
+    link_.close();
 }
 
 }  // namespace tarnlog::host

@@ -25,6 +25,7 @@ class Conversation {
     refused,      ///< `response` is the negative response
     silent,       ///< no response in time
     onlyPending,  ///< "response pending" came, but not the response
+    unreachable,  ///< the request cannot reach the ECU, while others can be asked: see `obstacle`
   };
 
   /// `pendingTimeout` limits an exchange in which the ECU says "response pending".
@@ -44,6 +45,9 @@ class Conversation {
   /// Why the last exchange was silent: "no answer to 01 0C within 200 ms", "no answer to 01 0C: the adapter
   /// says NO DATA". `to` may be empty.
   std::string silence(std::string_view to) const;
+
+  /// Why the ECU of the last exchange, or those looked for, cannot be reached; empty when they can.
+  const std::string& obstacle() const { return link_.obstacle(); }
 
   /// Opens the link without asking anybody.
   void connect();
@@ -70,8 +74,6 @@ class Conversation {
   void returnLater(const LinkTarget& target, std::span<const std::uint8_t> request);
   void noteSuccess(const LinkTarget& target, std::span<const std::uint8_t> request);
   void waitUntil(std::int64_t moment);
-  void open();
-  void close();
 
   Link& link_;
   LinkClock& clock_;
@@ -79,7 +81,6 @@ class Conversation {
   std::chrono::milliseconds timeout_{};  ///< of the last exchange
   Link::Bytes foreign_;                  ///< came in it and answers something else
   LateAnswers lateAnswers_{link_, clock_};
-  bool open_ = false;
   bool busy_ = false;
   bool endRequested_ = false;
   std::uint64_t answers_ = 0;

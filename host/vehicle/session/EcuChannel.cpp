@@ -21,12 +21,13 @@ void EcuChannel::ask(std::span<const std::uint8_t> request, std::chrono::millise
 Conversation::Outcome EcuChannel::converse(std::span<const std::uint8_t> request,
                                            std::chrono::milliseconds timeout, Link::Bytes& response) {
   const auto outcome = conversation_.exchange(target_, request, timeout, response);
-  if (outcome != Conversation::Outcome::silent) ++answers_;
+  if (outcome != Conversation::Outcome::silent && outcome != Conversation::Outcome::unreachable) ++answers_;
   return outcome;
 }
 
 TarnError EcuChannel::failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
                               std::span<const std::uint8_t> response) const {
+  if (outcome == Conversation::Outcome::unreachable) return {1, "Link", conversation_.obstacle()};
   std::string text;
   if (outcome == Conversation::Outcome::refused)
     text = " refused: " + refusalText(response);

@@ -29,26 +29,31 @@ std::array<std::uint8_t, 2> harmlessRequest(Protocol protocol, bool owesPids) {
 
 }  // namespace
 
-bool LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
-                           milliseconds timeout) {
+LateAnswers::Way LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
+                                       milliseconds timeout) {
   const auto answerer = link_.answererOf(target);
   asked_ = answerer ? &ecus_[*answerer] : nullptr;
-  if (asked_ == nullptr) return true;
+  if (asked_ == nullptr) return Way::clear;
   Ecu& ecu = *asked_;
   if (link_.readUnasked(target)) distrustDoubled(ecu);
   if (clock_.microseconds() > ecu.givenUp + kForgotten) settle(ecu);
   const bool doubtful =
       ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(service::kTesterPresent);
   const bool unproven = isUnproven(ecu, request);
-  if (doubtful && !catchUp(ecu, target, timeout)) return false;
-  if (!doubtful && unproven) ecu.unprovable = !catchUp(ecu, target, std::min(timeout, kProofTime));
+  if (doubtful)
+    if (const Way way = catchUp(ecu, target, timeout); way != Way::clear) return way;
+  if (!doubtful && unproven) {
+    const Way way = catchUp(ecu, target, std::min(timeout, kProofTime));
+    if (way == Way::unreachable) return way;
+    ecu.unprovable = way != Way::clear;
+  }
   ecu.distrusted -= ecu.distrusted > 0 ? 1 : 0;
   ecu.service = request[0];
   ecu.owesPids = (ecu.owesPids && ecu.owed.any()) || std::ranges::equal(request, kSupportedPids);
   ecu.owed.set(request[0]);
   ecu.strayed = ecu.aside;
   ecu.givenUp = clock_.microseconds() + microseconds(timeout).count();
-  return true;
+  return Way::clear;
 }
 
 /// Once a surplus answer was taken, each further one is old, and yet there is always one when the next equal
@@ -88,13 +93,15 @@ void LateAnswers::noneExpected() {
 
 /// A refusal names the service only, so it may be one of what the ECU owes. An answer may be that to an
 /// earlier question aside, which says nothing about requests behind that one.
-bool LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
+LateAnswers::Way LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
   const auto request = harmlessRequest(protocolOf(target.protocol), ecu.owesPids && ecu.owed.any());
-  link_.send(target, request);
+  if (!link_.send(target, request)) return Way::unreachable;
   ++ecu.aside;
   const microseconds deadline = microseconds(clock_.microseconds()) + timeout;
   for (microseconds now(clock_.microseconds()); now <= deadline; now = microseconds(clock_.microseconds())) {
-    if (!link_.receive(came_, ceil<milliseconds>(deadline - now))) return false;
+    const auto received = link_.receive(came_, ceil<milliseconds>(deadline - now));
+    if (received == Link::Received::unreachable) return Way::unreachable;
+    if (received == Link::Received::nothing) return Way::blocked;
     const ResponseClass kind = classifyResponse(request, came_);
     if (kind != ResponseClass::positive &&
         (kind == ResponseClass::foreign || request[0] != service::kTesterPresent)) {
@@ -104,11 +111,11 @@ bool LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeo
     --ecu.aside;
     if (ecu.strayed == 0) {
       ecu.owed.reset();
-      return true;
+      return Way::clear;
     }
     --ecu.strayed;
   }
-  return false;
+  return Way::blocked;
 }
 
 }  // namespace tarnlog::host

@@ -23,10 +23,16 @@ class LateAnswers {
   /// Both must outlive it.
   LateAnswers(Link& link, LinkClock& clock) : link_(link), clock_(clock) {}
 
-  /// To be called before each request. False when the ECU had to be asked something else first, and did not
-  /// answer within `timeout`: then the request is not to be sent. Failures of the link are TarnErrors.
-  bool readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
-                std::chrono::milliseconds timeout);
+  enum class Way : std::uint8_t {
+    clear,       ///< the next answer belongs to the request that is to be sent
+    blocked,     ///< the ECU had to be asked something else first, and did not answer within `timeout`
+    unreachable  ///< that did not reach the ECU
+  };
+
+  /// To be called before each request, which is to be sent on a clear way only. Failures of the link are
+  /// TarnErrors.
+  Way readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
+               std::chrono::milliseconds timeout);
   /// The answer to that request came.
   void answered();
   /// It did not come in time.
@@ -52,7 +58,7 @@ class LateAnswers {
   static void settle(Ecu& ecu);
   static void distrustDoubled(Ecu& ecu);
   static bool isUnproven(Ecu& ecu, std::span<const std::uint8_t> request);
-  bool catchUp(Ecu& ecu, const LinkTarget& target, std::chrono::milliseconds timeout);
+  Way catchUp(Ecu& ecu, const LinkTarget& target, std::chrono::milliseconds timeout);
 
   Link& link_;
   LinkClock& clock_;

@@ -38,23 +38,25 @@ void PidBundle::forget() {
   for (Member& member : members_) member.share = Share::due;
 }
 
-bool PidBundle::take(const RequestDescription& request, Link::Bytes& response) {
-  if (!usable_ || !ecu_.takesSeveralPids()) return false;
+PidBundle::Taken PidBundle::take(const RequestDescription& request, Link::Bytes& response) {
+  if (!usable_ || !ecu_.takesSeveralPids()) return Taken::alone;
   const auto member = std::find_if(members_.begin(), members_.end(),
                                    [&](const Member& each) { return each.request == &request; });
-  if (member->apart) return false;
-  if (member->share == Share::due) ask();
-  if (std::exchange(member->share, Share::due) != Share::arrived) return false;
+  if (member->apart) return Taken::alone;
+  if (member->share == Share::due && !ask()) return Taken::unreachable;
+  if (std::exchange(member->share, Share::due) != Share::arrived) return Taken::alone;
   const auto* const first = response_.data() + member->place;
   response.assign({positiveService(service::kCurrentData)});
   response.insert(response.end(), first, first + 1 + member->bytes);
-  return true;
+  return Taken::taken;
 }
 
-void PidBundle::ask() {
+bool PidBundle::ask() {
   for (Member& member : members_) member.share = Share::missing;
   const auto outcome = ecu_.converse(frame_, members_.front().request->timeout, response_);
+  if (outcome == Conversation::Outcome::unreachable) return false;
   judge(outcome == Conversation::Outcome::answered ? split() : 0);
+  return true;
 }
 
 /// What worked before may only have been disturbed.

@@ -21,9 +21,13 @@ class PidBundle {
   /// At most `kMostPidsAtOnce` requests that it can hold; all must outlive the bundle.
   PidBundle(EcuChannel& ecu, const std::vector<const RequestDescription*>& members);
 
-  /// The response to a member as if it had been asked for alone; false when it has to be. Failures of the
-  /// link are TarnErrors.
-  bool take(const RequestDescription& request, Link::Bytes& response);
+  enum class Taken : std::uint8_t {
+    taken,       ///< the response is what it would be if the member had been asked for alone
+    alone,       ///< the member has to be asked for alone
+    unreachable  ///< nothing reaches the ECU
+  };
+  /// The response to a member. Failures of the link are TarnErrors.
+  Taken take(const RequestDescription& request, Link::Bytes& response);
   /// What came and was not taken is old.
   void forget();
 
@@ -40,7 +44,8 @@ class PidBundle {
     bool apart = false;  ///< not asked for together with the others any more
   };
 
-  void ask();
+  /// False when nothing reaches the ECU.
+  bool ask();
   std::size_t split();
   void judge(std::size_t came);
   void noteMissing();

@@ -21,7 +21,7 @@ void PolledRequest::send() {
     takeBack();
   else if (outcome == Outcome::refused && !isBusy(request_.received()))
     leaveOut("is refused (" + refusalText(request_.received()) + ")");
-  else if (outcome != Outcome::refused && isLeftOutBySilence())
+  else if ((outcome == Outcome::silent || outcome == Outcome::onlyPending) && isLeftOutBySilence())
     leaveOut("is not answered");
   else
     throw request_.failure(outcome);

@@ -28,7 +28,7 @@ Conversation::Outcome SessionKeeper::exchange(const LinkTarget& target, std::spa
   Conversation::Outcome outcome = send(target, request, timeout, response);
   if (outcome == Conversation::Outcome::refused && isOutsideSession(response) && openAgain(target))
     outcome = send(target, request, timeout, response);
-  note(target, request, timeout, outcome);
+  if (outcome != Conversation::Outcome::unreachable) note(target, request, timeout, outcome);
   return outcome;
 }
 
@@ -37,8 +37,6 @@ Conversation::Outcome SessionKeeper::send(const LinkTarget& target, std::span<co
                                           std::chrono::milliseconds timeout, Link::Bytes& response) {
   try {
     return conversation_.exchange(target, request, timeout, response);
-  } catch (const EcuUnreachable&) {
-    throw;
   } catch (const TarnError&) {
     if (!conversation_.busy()) open_.clear();
     throw;
@@ -67,11 +65,8 @@ void SessionKeeper::keepOpen(const LinkTarget* except) {
       continue;
     known.lastSent = clock_.microseconds();
     const LinkTarget target = known.target;
-    try {
-      send(target, testerPresent(protocolOf(target.protocol)), known.timeout, ignored_);
-    } catch (const EcuUnreachable&) {
-      continue;  // no failure of the request that was asked for
-    }
+    // What comes of it is no matter of the request that was asked for.
+    send(target, testerPresent(protocolOf(target.protocol)), known.timeout, ignored_);
   }
 }
 

@@ -24,6 +24,8 @@ class SessionKeeper {
                                  std::chrono::milliseconds timeout, Link::Bytes& response);
   /// Of the target's exchange, as `Conversation::silence`.
   std::string silence(std::string_view to) const { return conversation_.silence(to); }
+  /// As `Conversation::obstacle`.
+  const std::string& obstacle() const { return conversation_.obstacle(); }
   void end();
   bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
   std::uint64_t answers() const { return conversation_.answers(); }

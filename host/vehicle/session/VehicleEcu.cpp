@@ -67,6 +67,7 @@ void VehicleEcu::initialise() {
   if (frame.empty()) return;
   const auto outcome = channel_.converse(frame, description_.timeout, response_);
   if (outcome == Conversation::Outcome::answered || outcome == Conversation::Outcome::refused) return;
+  if (outcome == Conversation::Outcome::unreachable) throw channel_.failure(outcome, frame, response_);
   if (outcome == Conversation::Outcome::silent) changeGreeting();
   const std::string greeting = shortHexText(frame);
   throw TarnError(

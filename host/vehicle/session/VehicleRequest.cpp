@@ -31,9 +31,11 @@ void VehicleRequest::send() {
 
 Conversation::Outcome VehicleRequest::ask(bool alone) {
   sent_ = true;
+  using Taken = PidBundle::Taken;
+  const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
+  if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
   auto outcome = Conversation::Outcome::answered;
-  if (alone || bundle_ == nullptr || !bundle_->take(description_, received_))
-    outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  if (taken == Taken::alone) outcome = channel_.converse(description_.frame, description_.timeout, received_);
   if (outcome == Conversation::Outcome::answered)
     for (VehicleDataItem& item : data_) item.decode(received_);
   return outcome;

@@ -88,12 +88,12 @@ void writeRows(benchmark::State& state, WriteRow writeRow) {
 
 void recordTextRows(benchmark::State& state, const std::string& path) {
   SystemFileSystem files;
-  const auto file = files.openForAppending(path);
+  TextStream stream(files.openForAppending(path));
   RollingBuffer buffer;
   buffer.Create(kColumns, 20);
   writeRows(state, [&](std::size_t number) {
     fill(buffer, number);
-    buffer.WriteCurrentToFile(*file, 0, "");
+    buffer.WriteCurrentToFile(stream, 0, "");
   });
 }
 

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "acquisition/AcquisitionItems.h"
+#include "acquisition/RecordFormats.h"
 #include "acquisition/RecordingPlan.h"
 #include "acquisition/SilentAcqScreen.h"
 #include "apps/common/TerminalText.h"
@@ -107,7 +108,7 @@ class Check {
     const std::string folder = there ? parameters_.fileFolder : files_.currentFolder();
     add(fmt::format("files: {}, {}",
                     joinPath(folder, parameters_.filePrefix + "DATE_TIME" + parameters_.fileFormat),
-                    parameters_.fileFormat == ".xml" ? "XML" : "tab-separated text"));
+                    recordFormatOf(parameters_.fileFormat).description));
     if (!there && !parameters_.fileFolder.empty())
       add("odd: the folder " + parameters_.fileFolder + " is missing: the files go into the current one");
     if (!files_.folderWritable(folder)) add("odd: no file can be made in the folder " + folder);

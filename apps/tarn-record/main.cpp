@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "acquisition/RecordFormats.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/CommandLine.h"
 #include "apps/common/LoadedConfiguration.h"
@@ -98,6 +99,12 @@ void report(const std::string& output, const std::string& text) {
     print(shown);
 }
 
+std::vector<std::string> recordExtensions() {
+  std::vector<std::string> extensions;
+  for (const RecordFormat& format : kRecordFormats) extensions.emplace_back(format.extension);
+  return extensions;
+}
+
 /// The library's own range says "not in range" of 2.7.
 CLI::Validator wholeNumber(int least, int most) {
   return {[least, most](const std::string& text) {
@@ -122,7 +129,7 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   command.add_option("--folder", options.folder, "Write the files here; made when missing")->type_name("DIR");
   command.add_flag("--folder-per-vehicle", options.folderPerVehicle,
                    "Write the files into a folder there that is named after the vehicle");
-  command.add_option("--format", options.format, "File format")->check(CLI::IsMember({".txt", ".xml"}));
+  command.add_option("--format", options.format, "File format")->check(CLI::IsMember(recordExtensions()));
   command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
       ->check(wholeNumber(0, 2147483))
       ->type_name("S");

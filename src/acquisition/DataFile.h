@@ -1,10 +1,16 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "acquisition/RollingBuffer.h"
 #include "acquisition/TimeOrigin.h"
+#include "config/oTarnParameters.h"
+#include "platform/ferrox3/Session.h"
+#include "platform/text/UserLocale.h"
+#include "platform/time/Clock.h"
 
 namespace tarnlog {
 
@@ -18,6 +24,18 @@ class DataFile {
   virtual void finish() = 0;
   /// Rows that are written now get lost.
   virtual bool failing() const = 0;
+};
+
+/// What the head of a record or event file tells.
+struct DataFileHead {
+  bool event = false;
+  std::string description;  ///< "Data file", or which event it is
+  std::string baseName;     ///< of the record file, without folder and prefix; may be empty
+  LocalDateTime now;
+  const std::vector<ferrox3::DataItem*>& columns;
+  const oTarnParameters& parameters;
+  const UserLocale& locale;
+  const std::string& stylesheetUrl;
 };
 
 }  // namespace tarnlog

@@ -1,7 +1,6 @@
 #include "acquisition/RecordFiles.h"
 
 #include "acquisition/FileNames.h"
-#include "acquisition/XmlDataFile.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog {
@@ -23,18 +22,17 @@ void RecordFiles::begin(std::shared_ptr<oTarnParameters> parameters, const Colum
   columns_ = columns;
 }
 
-bool RecordFiles::xmlWanted() const { return parameters_->fileFormat == ".xml"; }
-
-/// Makes a file of this name, or with a number where the name is taken: a text file by another program that
-/// writes it, an XML file by any, since a second document cannot be appended.
-template <class Open>
+/// Makes a file of this name, or with a number where the name is taken: by another program that writes it, or
+/// by a file that cannot go on. A record's head tells the name that it got.
 RecordFiles::OpenFile RecordFiles::openNumbered(const std::string& folder, const std::string& name,
-                                                Open open) const {
+                                                DataFileHead head) const {
+  const RecordFormat& format = recordFormatOf(parameters_->fileFormat);
   std::string candidate = name;
   for (int number = 2;; ++number) {
     try {
       const std::string path = joinPath(folder, parameters_->filePrefix + candidate);
-      return {open(path, candidate), path, candidate, xmlWanted()};
+      if (!head.event) head.baseName = candidate;
+      return {format.open(files_, path, head), path, candidate, &format};
     } catch (const NameTaken&) {
       if (number > kMostNumbers) throw;
     }
@@ -42,31 +40,17 @@ RecordFiles::OpenFile RecordFiles::openNumbered(const std::string& folder, const
   }
 }
 
-template <class WriteHeader>
-std::unique_ptr<DataFile> RecordFiles::openText(const std::string& path, WriteHeader writeHeader) const {
-  std::unique_ptr<TextStream> stream = files_.openForAppending(path);
-  if (stream == nullptr) return nullptr;
-  auto file = std::make_unique<TextDataFile>(std::move(stream));
-  writeHeader(*file);
-  return file;
-}
-
-std::unique_ptr<DataFile> RecordFiles::openXml(const std::string& path, const std::string& description,
-                                               const std::string& baseName, const LocalDateTime& now) const {
-  const XmlDataHeader header{stylesheetUrl_, description, baseName, now};
-  return std::make_unique<XmlDataFile>(files_.create(path), header, *parameters_, locale_);
+DataFileHead RecordFiles::head() const {
+  return {false, "Data file", {}, clock_.now(), columns_, *parameters_, locale_, stylesheetUrl_};
 }
 
 bool RecordFiles::openRecordFile() {
   close(record_);
-  const LocalDateTime now = clock_.now();
+  const DataFileHead record = head();
   if (!files_.folderExists(parameters_->fileFolder)) parameters_->fileFolder = files_.currentFolder();
   const std::string folder = placeIn(parameters_->fileFolder);
-  recordBaseName_ = recordBaseName(now, parameters_->fileFormat, locale_);
-  record_ = openNumbered(folder, recordBaseName_, [&](const std::string& path, const std::string& name) {
-    if (xmlWanted()) return openXml(path, "Data file", name, now);
-    return openText(path, [&](TextDataFile& file) { file.writeRecordHeader(columns_, now, locale_); });
-  });
+  recordBaseName_ = recordBaseName(record.now, parameters_->fileFormat, locale_);
+  record_ = openNumbered(folder, recordBaseName_, record);
   recordBaseName_ = record_.name;
   recordPath_ = record_.path;
   return record_.file != nullptr;
@@ -74,15 +58,15 @@ bool RecordFiles::openRecordFile() {
 
 void RecordFiles::openEventFile(std::int32_t number) {
   closeEventFile();
-  const LocalDateTime now = clock_.now();
+  DataFileHead event = head();
+  event.event = true;
+  event.description = eventDescription(number);
+  event.baseName = recordBaseName_;
   const std::string folder = placeIn(files_.folderExists(parameters_->fileFolder) ? parameters_->fileFolder
                                                                                   : files_.currentFolder());
-  const std::string name = number == 0 ? looseEventName(now, parameters_->fileFormat, locale_)
+  const std::string name = number == 0 ? looseEventName(event.now, parameters_->fileFormat, locale_)
                                        : recordEventName(number, recordBaseName_);
-  event_ = openNumbered(folder, name, [&](const std::string& path, const std::string&) {
-    if (xmlWanted()) return openXml(path, eventDescription(number), recordBaseName_, now);
-    return openText(path, [&](TextDataFile& file) { file.writeEventHeader(columns_); });
-  });
+  event_ = openNumbered(folder, name, std::move(event));
   if (event_.file == nullptr) throw TarnError(1, "RecordFiles.openEventFile", "Unable to create file");
 }
 
@@ -98,7 +82,7 @@ bool RecordFiles::failing() const {
 
 void RecordFiles::CloseRecordFiles() {
   close(record_);
-  if (event_.xml) closeEventFile();
+  if (event_.format != nullptr && event_.format->eventsEndWithRecord) closeEventFile();
 }
 
 void RecordFiles::closeEventFile() { close(event_); }

@@ -5,9 +5,10 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "acquisition/DataFile.h"
-#include "acquisition/TextDataFile.h"
+#include "acquisition/RecordFormats.h"
 #include "config/oTarnParameters.h"
 #include "platform/files/FileSystem.h"
 #include "platform/text/UserLocale.h"
@@ -19,7 +20,7 @@ namespace tarnlog {
 /// each is open. Opening raises a TarnError when the file cannot be made.
 class RecordFiles {
  public:
-  using Columns = TextDataFile::Columns;
+  using Columns = std::vector<ferrox3::DataItem*>;
   using Finished = std::function<void(const std::string& path)>;
   using FolderRule = std::function<std::string(const std::string& folder)>;
 
@@ -41,7 +42,7 @@ class RecordFiles {
   /// Rows that are written now do not reach an open file.
   bool failing() const;
 
-  /// Closes the record file, and the event file when it is XML.
+  /// Closes the record file, and the event file where its format wants that.
   void CloseRecordFiles();
   void closeEventFile();
   void closeAll();
@@ -56,17 +57,12 @@ class RecordFiles {
     std::unique_ptr<DataFile> file;
     std::string path;
     std::string name;  ///< without folder and prefix
-    bool xml = false;
+    const RecordFormat* format = nullptr;
   };
 
-  bool xmlWanted() const;
-  template <class Open>
-  OpenFile openNumbered(const std::string& folder, const std::string& name, Open open) const;
+  OpenFile openNumbered(const std::string& folder, const std::string& name, DataFileHead head) const;
+  DataFileHead head() const;
   std::string placeIn(const std::string& folder) const { return folderRule_ ? folderRule_(folder) : folder; }
-  template <class WriteHeader>
-  std::unique_ptr<DataFile> openText(const std::string& path, WriteHeader writeHeader) const;
-  std::unique_ptr<DataFile> openXml(const std::string& path, const std::string& description,
-                                    const std::string& baseName, const LocalDateTime& now) const;
   std::string eventDescription(std::int32_t number) const;
   void close(OpenFile& open);
 

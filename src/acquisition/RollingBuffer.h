@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "acquisition/CellRow.h"
+#include "acquisition/TextStream.h"
 #include "acquisition/TimeOrigin.h"
 #include "platform/base/ByteBuffer.h"
-#include "platform/files/FileSystem.h"
 #include "platform/time/Clock.h"
 #include "platform/xml/ContentHandler.h"
 

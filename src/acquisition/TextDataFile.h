@@ -1,38 +1,36 @@
 #pragma once
 
 #include <memory>
-#include <vector>
+#include <string>
 
 #include "acquisition/DataFile.h"
-#include "platform/ferrox3/Session.h"
+#include "acquisition/TextStream.h"
 #include "platform/files/FileSystem.h"
-#include "platform/text/UserLocale.h"
 
 namespace tarnlog {
 
-/// A tab-separated text file: header lines, then one line per row.
+/// A tab-separated text file: header lines, then one line per row. One that is there already goes on.
 class TextDataFile : public DataFile {
  public:
-  using Columns = std::vector<ferrox3::DataItem*>;
+  /// Header written. Null when the system gives no stream; raises as `FileSystem::openForAppending` does.
+  static std::unique_ptr<DataFile> open(FileSystem& files, const std::string& path, const DataFileHead& head);
 
-  explicit TextDataFile(std::unique_ptr<TextStream> stream) : stream_(std::move(stream)) {}
-
-  /// Three lines: ECUs; date and requests; time and data with their units.
-  void writeRecordHeader(const Columns& columns, const LocalDateTime& now, const UserLocale& locale);
-  /// One line: data with their units.
-  void writeEventHeader(const Columns& columns);
+  TextDataFile(std::unique_ptr<FileStream> file, const DataFileHead& head);
 
   void writeBuffer(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
-    buffer.WriteBufferToFile(*stream_, t0, mark);
+    buffer.WriteBufferToFile(stream_, t0, mark);
   }
   void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
-    buffer.WriteCurrentToFile(*stream_, t0, mark);
+    buffer.WriteCurrentToFile(stream_, t0, mark);
   }
   void finish() override {}
-  bool failing() const override { return stream_->failing(); }
+  bool failing() const override { return stream_.failing(); }
 
  private:
-  std::unique_ptr<TextStream> stream_;
+  void writeRecordHeader(const DataFileHead& head);
+  void writeEventHeader(const DataFileHead& head);
+
+  TextStream stream_;
 };
 
 }  // namespace tarnlog

@@ -6,15 +6,19 @@
 
 namespace tarnlog {
 
-XmlDataFile::XmlDataFile(std::unique_ptr<FileStream> stream, const XmlDataHeader& header,
-                         const oTarnParameters& parameters, const UserLocale& locale)
+std::unique_ptr<DataFile> XmlDataFile::open(FileSystem& files, const std::string& path,
+                                            const DataFileHead& head) {
+  return std::make_unique<XmlDataFile>(files.create(path), head);
+}
+
+XmlDataFile::XmlDataFile(std::unique_ptr<FileStream> stream, const DataFileHead& head)
     : stream_(std::move(stream)), writer_([this](std::string_view bytes) {
         if (gathered_)
           gathered_->append(bytes);
         else
           stream_->write(bytes);
       }) {
-  writeOrOwe([&] { writeXmlDataHeader(header, parameters, locale); });
+  writeOrOwe([&] { writeXmlDataHeader(head); });
 }
 
 void XmlDataFile::finish() {
@@ -29,18 +33,17 @@ void XmlDataFile::writeOrOwe(Write write) {
   stream_->writeOrOwe(*std::exchange(gathered_, std::nullopt));
 }
 
-void XmlDataFile::writeXmlDataHeader(const XmlDataHeader& header, const oTarnParameters& parameters,
-                                     const UserLocale& locale) {
+void XmlDataFile::writeXmlDataHeader(const DataFileHead& head) {
   writer_.startDocument();
-  writer_.processingInstruction("xml-stylesheet type=\"text/xsl\" href=\"" + header.stylesheetUrl + "\"", "");
+  writer_.processingInstruction("xml-stylesheet type=\"text/xsl\" href=\"" + head.stylesheetUrl + "\"", "");
   SaxAttributes version;
   version.addAttribute("Version", "2.0");
   writer_.startElement("Tarnlog2000", version);
-  writer_.textElement("Description", header.description);
-  writer_.textElement("File", header.baseName);
-  writer_.textElement("Date", shortDateText(header.now, locale));
-  writer_.textElement("Time", timeOfDayText(header.now, locale));
-  parameters.SaxWriteParameters(writer_);
+  writer_.textElement("Description", head.description);
+  writer_.textElement("File", head.baseName);
+  writer_.textElement("Date", shortDateText(head.now, head.locale));
+  writer_.textElement("Time", timeOfDayText(head.now, head.locale));
+  head.parameters.SaxWriteParameters(writer_);
 }
 
 }  // namespace tarnlog

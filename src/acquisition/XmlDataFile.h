@@ -5,27 +5,19 @@
 #include <string>
 
 #include "acquisition/DataFile.h"
-#include "config/oTarnParameters.h"
 #include "platform/files/FileSystem.h"
-#include "platform/text/UserLocale.h"
 #include "platform/xml/XmlWriter.h"
 
 namespace tarnlog {
 
-/// What the head of an XML data file tells.
-struct XmlDataHeader {
-  std::string stylesheetUrl;
-  std::string description;  ///< "Data file", or which event it is
-  std::string baseName;     ///< of the record file, without folder and prefix; may be empty
-  LocalDateTime now;
-};
-
-/// An XML data file: root Tarnlog2000 with a header, the configuration, and one `row` element per row.
+/// An XML data file: root Tarnlog2000 with a header, the configuration, and one `row` element per row. A
+/// second document cannot be appended to one, so its name must be new.
 class XmlDataFile : public DataFile {
  public:
-  /// Writes the header.
-  XmlDataFile(std::unique_ptr<FileStream> stream, const XmlDataHeader& header,
-              const oTarnParameters& parameters, const UserLocale& locale);
+  /// Header written. Raises as `FileSystem::create` does.
+  static std::unique_ptr<DataFile> open(FileSystem& files, const std::string& path, const DataFileHead& head);
+
+  XmlDataFile(std::unique_ptr<FileStream> stream, const DataFileHead& head);
 
   void writeBuffer(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) override {
     buffer.WriteBufferToSaxFile(writer_, t0, mark);
@@ -37,8 +29,7 @@ class XmlDataFile : public DataFile {
   bool failing() const override { return stream_->failing(); }
 
  private:
-  void writeXmlDataHeader(const XmlDataHeader& header, const oTarnParameters& parameters,
-                          const UserLocale& locale);
+  void writeXmlDataHeader(const DataFileHead& head);
 
   template <class Write>
   void writeOrOwe(Write write);

@@ -12,7 +12,8 @@ namespace {
 
 std::string textOf(RollingBuffer& buffer, Milliseconds t0, const char* mark) {
   test::MemoryFileSystem files;
-  buffer.WriteBufferToFile(*files.openForAppending("f"), t0, mark);
+  TextStream stream(files.openForAppending("f"));
+  buffer.WriteBufferToFile(stream, t0, mark);
   return files.files["f"];
 }
 

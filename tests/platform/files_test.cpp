@@ -54,19 +54,6 @@ class FullDisk {
   rlimit before_{};
 };
 
-TEST(Files, TextIsAppendedLineByLineInWindows1252) {
-  const TempFolder folder;
-  Files files;
-  files.openForAppending(folder / "a.txt")->writeLine("first");
-  const auto stream = files.openForAppending(folder / "a.txt");
-  stream->write("12 \u00B0C\t");
-  EXPECT_EQ(files.readAll(folder / "a.txt"), "first\r\n") << "a line goes out when it is whole";
-  stream->writeLine("\u20AC");
-  EXPECT_EQ(files.readAll(folder / "a.txt"),
-            "first\r\n12 \xB0"
-            "C\t\x80\r\n");
-}
-
 TEST(Files, WhatCannotBeOpenedSaysWhyAndWhere) {
   const TempFolder folder;
   Files files;
@@ -93,21 +80,21 @@ TEST(Files, RowsStayWholeOnAFullDiskAndEachOutageIsToldWithWhatItCost) {
   Files files;
   {
     const auto stream = files.openForAppending(folder / "a.txt");
-    stream->writeLine("first row");
+    stream->write("first row\r\n");
     for (int outage = 0; outage < 2; ++outage) {
       {
         const FullDisk full(15 + 11 * static_cast<rlim_t>(outage));
         for (int row = 0; row < 3; ++row)
-          EXPECT_EQ(failureOf([&] { stream->writeLine("second row"); }), folder / "a.txt: File too large");
+          EXPECT_EQ(failureOf([&] { stream->write("second row\r\n"); }), folder / "a.txt: File too large");
         EXPECT_TRUE(stream->failing());
       }
-      stream->writeLine("third row");
+      stream->write("third row\r\n");
       EXPECT_FALSE(stream->failing());
     }
     EXPECT_EQ(files.readAll(folder / "a.txt"), "first row\r\nthird row\r\nthird row\r\n");
   }
   const auto full = files.openForAppending("/dev/full");
-  EXPECT_EQ(failureOf([&] { full->writeLine("row"); }), "/dev/full: No space left on device");
+  EXPECT_EQ(failureOf([&] { full->write("row\r\n"); }), "/dev/full: No space left on device");
   EXPECT_EQ(files.told,
             (std::vector<std::string>{"File too large", "well again, lost 3 of 3", "File too large",
                                       "well again, lost 3 of 6", "No space left on device"}));
@@ -122,10 +109,10 @@ TEST(Files, HeadingComesFirstAndWholeWhenSpaceReturnsAndAFileThatGotNothingIsRem
       const FullDisk full(9);
       const auto nothing = files.create(folder / "b.xml");
       nothing->writeOrOwe("<root a='b'>");
-      text->writeHeading({"head", "line"});
-      EXPECT_NE(failureOf([&] { text->writeLine("lost"); }), "none");
+      text->writeOrOwe("head\r\nline\r\n");
+      EXPECT_NE(failureOf([&] { text->write("lost\r\n"); }), "none");
     }
-    text->writeLine("row");
+    text->write("row\r\n");
   }
   EXPECT_EQ(files.readAll(folder / "a.txt"), "head\r\nline\r\nrow\r\n");
   EXPECT_FALSE(files.fileExists(folder / "b.xml"));
@@ -140,12 +127,12 @@ TEST(Files, CutRowIsFinishedByTheNextWrite) {
   const std::string path = "/proc/self/fd/" + std::to_string(sealed);
   Files files;
   const auto stream = files.openForAppending(path);
-  stream->writeLine("first row");
+  stream->write("first row\r\n");
   for (const rlim_t room : {15U, 18U, 27U}) {
     const FullDisk full(room);
-    EXPECT_NE(failureOf([&] { stream->writeLine("row of " + std::to_string(room)); }), "none");
+    EXPECT_NE(failureOf([&] { stream->write("row of " + std::to_string(room) + "\r\n"); }), "none");
   }
-  stream->writeLine("last");
+  stream->write("last\r\n");
   EXPECT_EQ(files.readAll(path), "first row\r\nrow of 15\r\nrow of 27\r\nlast\r\n");
   EXPECT_EQ(files.told, (std::vector<std::string>{"File too large", "well again, lost 1 of 1"}));
   close(sealed);
@@ -160,7 +147,7 @@ TEST(Files, BelongToOneStreamAtATimeAndBeginBehindAWholeLine) {
     EXPECT_THROW(files.create(folder / "a.txt"), NameTaken);
   }
   files.replace(folder / "a.txt", "half a li");
-  files.openForAppending(folder / "a.txt")->writeLine("second");
+  files.openForAppending(folder / "a.txt")->write("second\r\n");
   EXPECT_EQ(files.readAll(folder / "a.txt"), "half a li\r\nsecond\r\n");
 }
 
@@ -170,10 +157,10 @@ TEST(Files, WhatOtherProgramsDoToThemIsTold) {
   {
     const auto removed = files.openForAppending(folder / "a.txt");
     std::filesystem::remove(folder / "a.txt");
-    for (int i = 0; i < 30; ++i) removed->writeLine("row");
+    for (int i = 0; i < 30; ++i) removed->write("row\r\n");
     EXPECT_TRUE(removed->failing());
     const auto cut = files.openForAppending(folder / "b.txt");
-    for (int i = 0; i < 5; ++i) cut->writeLine("row");
+    for (int i = 0; i < 5; ++i) cut->write("row\r\n");
     std::filesystem::resize_file(folder / "b.txt", 10);
   }
   EXPECT_EQ(files.told,

@@ -9,7 +9,6 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/files/FileSystem.h"
-#include "platform/files/TextLineStream.h"
 
 namespace tarnlog::test {
 
@@ -32,9 +31,9 @@ class MemoryFileSystem : public FileSystem {
   bool fileExists(const std::string& path) const override { return files.count(path) != 0; }
   std::string currentFolder() const override { return "/cwd"; }
 
-  std::unique_ptr<TextStream> openForAppending(const std::string& path) override {
+  std::unique_ptr<FileStream> openForAppending(const std::string& path) override {
     if (noStream) return nullptr;
-    return std::make_unique<TextLineStream>(open(path));
+    return open(path);
   }
   std::unique_ptr<FileStream> create(const std::string& path) override {
     if (fileExists(path)) throw NameTaken(17, "FileSystem", path + ": File exists");

@@ -6,39 +6,22 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "platform/base/TarnError.h"
 #include "platform/files/WriteTrouble.h"
 
 namespace tarnlog {
 
-/// A text file open for appending. Lines go out in windows-1252 with CR LF, each line as one write to the
-/// system when `writeLine` ends it, so that a killed process loses no finished line. A write that fails is
-/// told to the file system's trouble handler, at the first one, and raised as a TarnError; the failed line is
-/// dropped, and what got out of it is cut off again.
-class TextStream {
- public:
-  virtual ~TextStream() = default;
-  /// Adds UTF-8 text to the current line.
-  virtual void write(std::string_view text) = 0;
-  /// Adds the text, ends the line and hands it to the system.
-  virtual void writeLine(std::string_view text = {}) = 0;
-  /// Lines that must stand before whatever is written after them, as one write. Never raises: while they
-  /// cannot be written they are kept, and the next write begins with them.
-  virtual void writeHeading(const std::vector<std::string>& lines) = 0;
-  /// What is written now gets lost.
-  virtual bool failing() const = 0;
-};
-
-/// A file that takes bytes as they are, each `write` as one write to the system. Closing is destroying.
-/// Failures as with TextStream: a write is in the file whole or not at all. Where part of it cannot be cut
-/// off again, the next write begins with the rest of it.
+/// A file that takes bytes as they are, each `write` as one write to the system, so that a killed process
+/// loses none that has returned. Closing is destroying. A write that fails is told to the file system's
+/// trouble handler, at the first one, and raised as a TarnError. It is in the file whole or not at all: where
+/// part of it cannot be cut off again, the next write begins with the rest of it.
 class FileStream {
  public:
   virtual ~FileStream() = default;
   virtual void write(std::string_view bytes) = 0;
-  /// Like a heading: kept until it can be written, and never raises.
+  /// What must stand before whatever is written after it. Never raises: while it cannot be written it is
+  /// kept, and the next write begins with it.
   virtual void writeOrOwe(std::string_view bytes) = 0;
   /// What is written now gets lost.
   virtual bool failing() const = 0;
@@ -63,10 +46,10 @@ class FileSystem {
   virtual bool folderWritable(const std::string& path) const = 0;
   virtual bool fileExists(const std::string& path) const = 0;
   virtual std::string currentFolder() const = 0;
-  /// Opens a text file for appending, creating it when missing; null when the system gives no stream. The
+  /// Opens a file for appending, creating it when missing; null when the system gives no stream. The
   /// file is this stream's until it is closed: where another one writes it, in whatever process, raises
   /// NameTaken.
-  virtual std::unique_ptr<TextStream> openForAppending(const std::string& path) = 0;
+  virtual std::unique_ptr<FileStream> openForAppending(const std::string& path) = 0;
   /// Creates a file that must not exist yet; else raises NameTaken. A file that got nothing since every write
   /// failed is removed when it is closed.
   virtual std::unique_ptr<FileStream> create(const std::string& path) = 0;

@@ -72,7 +72,7 @@ void SystemFileStream::takeFile(Opening opening) {
 void SystemFileStream::endLastLine() {
   const Descriptor reading(path_, O_RDONLY);
   char last = 0;
-  if (::pread(reading.get(), &last, 1, size_ - 1) == 1 && last != '\n') owed_ = "\r\n";
+  if (::pread(reading.get(), &last, 1, size_ - 1) == 1 && last != '\n') owed_.insert(0, "\r\n");
 }
 
 void SystemFileStream::write(std::string_view row) {
@@ -96,8 +96,11 @@ void SystemFileStream::writeOrOwe(std::string_view bytes) {
     endFailing(false);
 }
 
-/// What is owed and the row, as one write. Returns errno, or 0.
+/// What is owed and the row, as one write. Returns errno, or 0. Where another program cut the file short, the
+/// line that it cut ends first.
 int SystemFileStream::put(std::string_view row) {
+  if (regular_ && !removed_)
+    if (const off_t end = ::lseek(file_.get(), 0, SEEK_END); end >= 0 && end < size_) noteCut(end);
   const std::size_t owed = owed_.size();
   if (owed != 0) owed_.append(row);
   const std::string_view whole = owed == 0 ? row : std::string_view(owed_);
@@ -157,11 +160,17 @@ void SystemFileStream::look() {
     lost_ += rows_;
     beginFailing("the file was removed while it was being written");
   } else if (status.st_size < size_) {
-    tell_({.kind = WriteTrouble::Kind::CutShort,
-           .path = path_,
-           .why = std::to_string(size_ - status.st_size) + " bytes were cut off by another program"});
+    noteCut(status.st_size);
   }
   size_ = status.st_size;
+}
+
+void SystemFileStream::noteCut(std::int64_t now) {
+  tell_({.kind = WriteTrouble::Kind::CutShort,
+         .path = path_,
+         .why = std::to_string(size_ - now) + " bytes were cut off by another program"});
+  size_ = now;
+  if (now > 0) skipOnFailure([this] { endLastLine(); });
 }
 
 void SystemFileStream::removeIfEmpty() {

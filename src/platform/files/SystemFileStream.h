@@ -35,6 +35,7 @@ class SystemFileStream : public FileStream {
   void beginFailing(const std::string& why);
   void endFailing(bool closed);
   void look();
+  void noteCut(std::int64_t now);
   void removeIfEmpty();
 
   std::string path_;

@@ -15,7 +15,6 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/files/Descriptor.h"
-#include "platform/files/TextLineStream.h"
 
 namespace tarnlog {
 
@@ -129,8 +128,8 @@ std::string SystemFileSystem::currentFolder() const {
   return error ? "." : folder.string();
 }
 
-std::unique_ptr<TextStream> SystemFileSystem::openForAppending(const std::string& path) {
-  return std::make_unique<TextLineStream>(open(path, SystemFileStream::Opening::Append));
+std::unique_ptr<FileStream> SystemFileSystem::openForAppending(const std::string& path) {
+  return open(path, SystemFileStream::Opening::Append);
 }
 
 std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {

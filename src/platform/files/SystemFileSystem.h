@@ -12,7 +12,7 @@ class SystemFileSystem : public FileSystem {
   bool folderWritable(const std::string& path) const override;
   bool fileExists(const std::string& path) const override;
   std::string currentFolder() const override;
-  std::unique_ptr<TextStream> openForAppending(const std::string& path) override;
+  std::unique_ptr<FileStream> openForAppending(const std::string& path) override;
   std::unique_ptr<FileStream> create(const std::string& path) override;
   void replace(const std::string& path, std::string_view bytes) override;
   std::string readAll(const std::string& path) const override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "acquisition/RecordFormats.h"
 #include "config/RegisterParameters.h"
 #include "platform/base/TarnError.h"
 #include "ui/param/Drives.h"
@@ -11,7 +12,8 @@ namespace tarnlog {
 
 SaveRules::SaveRules(SettingsStore& settings, const FileSystem& files)
     : settings_(settings), files_(files), folder_(GetRegisterParameter(settings, kRegisterPathName, "")) {
-  takeFormat(GetRegisterParameter(settings, kRegisterFormat, ".txt"));
+  for (const RecordFormat& format : kRecordFormats) formats_.emplace_back(format.extension);
+  takeFormat(GetRegisterParameter(settings, kRegisterFormat, std::string(kRecordFormats.front().extension)));
   if (folder_.empty()) folder_ = files.currentFolder();
 }
 

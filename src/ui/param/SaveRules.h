@@ -17,7 +17,7 @@ class SaveRules {
   /// What stands in the way of a record file.
   enum class Problem { none, folderMissing, folderReadOnly, prefixNamesFolder };
 
-  /// Begins with the kept folder and format; without one, with the current folder and ".txt".
+  /// Begins with the kept folder and format; without one, with the current folder and the first format.
   SaveRules(SettingsStore& settings, const FileSystem& files);
 
   /// Takes over what the configuration (null: none) holds. An empty folder leaves the one that is shown.
@@ -26,7 +26,7 @@ class SaveRules {
   const std::string& folder() const { return folder_; }
   const std::string& format() const { return format_; }
   const std::string& prefix() const { return prefix_; }
-  /// What the format list offers: ".txt", ".xml", and the configuration's own when it is another.
+  /// What the format list offers: all there are, and the configuration's own when it is another.
   const std::vector<std::string>& formats() const { return formats_; }
   /// Of the files that the file list shows.
   std::string pattern() const { return "*" + format_; }
@@ -52,7 +52,7 @@ class SaveRules {
   std::string folder_;
   std::string format_;
   std::string prefix_;
-  std::vector<std::string> formats_{".txt", ".xml"};
+  std::vector<std::string> formats_;
 };
 
 }  // namespace tarnlog

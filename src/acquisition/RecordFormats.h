@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "acquisition/DataFile.h"
+#include "platform/files/FileSystem.h"
+
+namespace tarnlog {
+
+/// A format of record and event files.
+struct RecordFormat {
+  std::string_view extension;    ///< with its dot, as a configuration's `fileFormat` names it
+  std::string_view description;  ///< "tab-separated text"
+  /// Its event files end with the recording, instead of with the acquisition.
+  bool eventsEndWithRecord;
+  /// Opens a file, head written. Null when the system gives no stream; NameTaken where another name has to be
+  /// tried; other failures are TarnErrors.
+  std::unique_ptr<DataFile> (*open)(FileSystem& files, const std::string& path, const DataFileHead& head);
+};
+
+/// All there are, in the order in which people are offered them.
+extern const std::array<RecordFormat, 2> kRecordFormats;
+
+/// By its extension; the first of them for every other extension.
+const RecordFormat& recordFormatOf(std::string_view extension);
+
+}  // namespace tarnlog

@@ -4,15 +4,15 @@
 #include <limits>
 #include <utility>
 
-#include "acquisition/ValueReading.h"
 #include "platform/base/TarnError.h"
+#include "platform/ferrox3/Value.h"
 
 namespace tarnlog {
 
 bool LevelTrigger::evaluate() {
   if (data_ == nullptr) return false;
   double value = std::numeric_limits<double>::quiet_NaN();
-  skipOnFailure([&] { value = numericValue(data_->value()); });
+  skipOnFailure([&] { value = ferrox3::numericValue(data_->value()); });
   if (std::isnan(value)) return false;
   const double before = std::exchange(previous_, value);
   return (edge_ == 1 && value >= level_ && before < level_) ||

@@ -1,18 +1,11 @@
 #include "acquisition/ValueReading.h"
 
 #include <cmath>
-#include <limits>
 
 #include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
-
-double numericValue(const ferrox3::Value& value) {
-  if (const auto* number = std::get_if<double>(&value)) return *number;
-  if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
-  return std::numeric_limits<double>::quiet_NaN();
-}
 
 void appendCellText(std::string& out, const ferrox3::DataItem& item, char decimalSeparator) {
   const ferrox3::Value& value = item.value();

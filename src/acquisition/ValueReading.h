@@ -13,9 +13,6 @@ namespace tarnlog {
 /// What is shown of an item whose value cannot be read: everything else of the cycle goes on.
 inline constexpr std::string_view kUnreadable = "---";
 
-/// The value as a number; NaN for texts and byte arrays.
-double numericValue(const ferrox3::Value& value);
-
 /// Appends what buffers and files show of an item: the value as text (numbers with the user's decimal
 /// separator, an enumerated item its number); for byte arrays, and numbers that are none, the host's value
 /// text.

@@ -1,9 +1,5 @@
 #include "display/DisplayUpdate.h"
 
-#include <limits>
-#include <type_traits>
-#include <variant>
-
 #include "platform/base/TarnError.h"
 #include "platform/ferrox3/Value.h"
 
@@ -11,19 +7,6 @@ namespace tarnlog {
 namespace {
 
 constexpr Colour kBeyondAxis = 0x0000FF;
-
-/// NaN for what cannot be drawn: texts and byte arrays.
-double number(const ferrox3::Value& value) {
-  return std::visit(
-      [](const auto& held) {
-        using Held = std::remove_cvref_t<decltype(held)>;
-        if constexpr (std::is_arithmetic_v<Held>)
-          return static_cast<double>(held);
-        else
-          return std::numeric_limits<double>::quiet_NaN();
-      },
-      value);
-}
 
 template <class Target>
 Target& built(Target* control) {
@@ -36,9 +19,9 @@ void refreshGraph(GrapheItem& graphe) {
   GraphControl& graph = built(graphe.grapheControl);
   int plot = 1;
   for (CourbeItem& courbe : *graphe.courbes) {
-    const double y = number(courbe.Data->value());
+    const double y = ferrox3::numericValue(courbe.Data->value());
     if (graphe.xData != nullptr) {
-      graph.plotXY(plot, number(graphe.xData->value()), y);
+      graph.plotXY(plot, ferrox3::numericValue(graphe.xData->value()), y);
     } else {
       graph.chartY(plot, y);
     }
@@ -63,7 +46,7 @@ void moveMarkers(SlideControl& slide, double value) {
 
 void refreshSlide(GrapheItem& graphe) {
   SlideControl& slide = built(graphe.slideControl);
-  const double value = number(graphe.Data->value());
+  const double value = ferrox3::numericValue(graphe.Data->value());
   slide.setValue(value);
   built(graphe.ValueNum).setCaption(graphe.Data->valueText());
   moveMarkers(slide, value);

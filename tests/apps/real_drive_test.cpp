@@ -6,10 +6,10 @@
 #include <sstream>
 
 #include "SourceDir.h"
-#include "acquisition/ValueReading.h"
 #include "catalogue/SessionDocument.h"
 #include "host/link/Link.h"
 #include "host/vehicle/Vehicle.h"
+#include "platform/ferrox3/Value.h"
 #include "platform/files/SystemFileSystem.h"
 #include "tests/support/ManualLinkClock.h"
 
@@ -73,7 +73,7 @@ TEST(RoadCar, decodesWhatARealCarAnswered) {
     ASSERT_NE(request, nullptr) << pid;
     request->send();
     const ferrox3::DataItem& item = request->data(0);
-    const double value = numericValue(item.value());
+    const double value = ferrox3::numericValue(item.value());
     ASSERT_GE(value, item.minimum()) << pid << " " << bytes;
     ASSERT_LE(value, item.maximum()) << pid << " " << bytes;
     if (pid == "0C" && bytes == "135F") {
@@ -114,7 +114,7 @@ TEST(RoadCar, replaysTheRealDriveValueForValue) {
       clock.step(opened + static_cast<std::int64_t>(row - 1) * 490'000 + 100'000 - clock.microseconds());
       request->send();
       const double expected = std::stod(rows[row][column]);
-      ASSERT_NEAR(numericValue(request->data(0).value()), expected,
+      ASSERT_NEAR(ferrox3::numericValue(request->data(0).value()), expected,
                   1e-5 * std::max(10.0, std::fabs(expected)))
           << header[column] << " row " << row;
     }

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTime>
 
+#include "platform/text/Cell.h"
 #include "ui/live/ValueText.h"
 
 namespace tarnlog {
@@ -32,12 +33,7 @@ QString whenOf(const GraphBlock& block, std::int64_t point) {
   return words("%1 s ago (%2)").arg(seconds, timeOfDay(block, point));
 }
 
-QString cell(const std::string& text) {
-  QString result = toQString(text);
-  for (QChar& c : result)
-    if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r')) c = QLatin1Char(' ');
-  return result;
-}
+QString cell(const std::string& text) { return toQString(cleanCell(text)); }
 
 QString firstHeader(const GraphBlock& block) {
   if (block.shown().isXY()) return cell(block.xDescription().name);

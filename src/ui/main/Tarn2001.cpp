@@ -172,28 +172,30 @@ void Tarn2001::showScreen(int tab) {
 void Tarn2001::OpenConfigFile(const std::string& fileName) {
   const BusyPointer busy;
   desk_.load(fileName);
-  earlyFile_.clear();
-  showLoad(fileName);
-  giveParameters();
+  showLoaded(fileName, false);
 }
 
 bool Tarn2001::load(const std::string& fileName) {
-  QString failure;
-  {
+  bool loaded = false;
+  try {
     const BusyPointer busy;
-    try {
-      desk_.load(fileName);
-    } catch (const TarnError& error) {
-      failure = toQString(error.description());
-    }
-  }
-  if (!failure.isEmpty())
+    desk_.load(fileName);
+    loaded = true;
+  } catch (const TarnError& error) {
+    const QString failure = toQString(error.description());
     dialogs_.error(this, tr("Load error"), tr("Error when loading configuration file") + "\r\n" + failure);
-  earlyFile_ = failure.isEmpty() && session_ == nullptr ? fileName : "";
+  }
+  showLoaded(fileName, loaded && session_ == nullptr);
+  return loaded;
+}
+
+/// Also after a load that failed half-way: the screens show what is left. A file that waits for a session is
+/// loaded again then.
+void Tarn2001::showLoaded(const std::string& fileName, bool waits) {
+  earlyFile_ = waits ? fileName : "";
   showLoad(fileName);
   giveParameters();
   showState();
-  return failure.isEmpty();
 }
 
 void Tarn2001::loadAgain() {

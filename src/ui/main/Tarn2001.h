@@ -84,6 +84,7 @@ class Tarn2001 : public QWidget {
   void takeSession(ferrox3::Session* session, const std::shared_ptr<const SessionDocument>& xmlSession);
   void putAway();
   void showState();
+  void showLoaded(const std::string& fileName, bool waits);
   void showLoad(const std::string& fileName);
   void showLacks(const std::string& fileName);
   bool saveTo(const std::string& fileName);

@@ -34,7 +34,8 @@ std::string nearNames(const std::vector<CatalogueRow>& rows, const std::string& 
 
 void giveDisplay(oTarnScope& scope, const CatalogueRow& row) {
   const auto colour = kColours[static_cast<std::size_t>(scope.index - 1) % kColours.size()];
-  scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum), 500, colour);
+  scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum), oTarnGraph::kDefaultPoints,
+                 colour);
   if (scope.ScopeType() == oTarnScope::kNone) scope.SetNumeric("");
 }
 

@@ -47,12 +47,14 @@ class oTarnSlide {
 
 class oTarnGraph {
  public:
+  static constexpr std::int32_t kDefaultPoints = 500;
+
   std::string Caption;
   DisplayPosition position;
   bool AxeYAuto = false;
   double AxeYmini = 0;
   double AxeYmaxi = 100;
-  std::int32_t points = 500;  ///< points across the X axis
+  std::int32_t points = kDefaultPoints;  ///< points across the X axis
   std::int32_t Color = 0xFF0000;
 
   void SetXml(XmlElement element);

@@ -11,11 +11,10 @@ namespace tarnlog {
 
 namespace {
 
-constexpr std::int32_t kPoints = 500;
 constexpr std::int32_t kOwnColor = 0xFF0000;
 
 void makeGraph(oTarnScope& scope, const std::string& caption, std::int32_t color) {
-  scope.SetGraph(caption, true, 0, 100, kPoints, color);
+  scope.SetGraph(caption, true, 0, 100, oTarnGraph::kDefaultPoints, color);
 }
 
 /// With what the user sees of the curve so far.

@@ -34,7 +34,7 @@ void oTarnScope::setScopeType(std::int32_t type) {
     case kBarGraph:
       return SetSlide("", 0, 100, 0xFF0000);
     case kGraph:
-      return SetGraph("", true, 0, 100, 500, 0xFF0000);
+      return SetGraph("", true, 0, 100, tarnlog::oTarnGraph::kDefaultPoints, 0xFF0000);
     case kGraphIndex:
       return SetGraphIndex(0x00FF00, 0);
     case kGraphAxeX:

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "config/DisplaySettings.h"
 #include "display/CourbeItems.h"
 #include "platform/ferrox3/Session.h"
 #include "platform/screen/Controls.h"
@@ -38,9 +39,9 @@ class GrapheItem {
   std::string xcaption;
   ferrox3::DataItem* xData = nullptr;  ///< X coordinate of an X-Y graph; null in a time graph
   std::string Caption;
-  std::int32_t AxeXPoints = 500;  ///< points kept by each plot
-  std::int32_t index = -1;        ///< `index` of the configured item that made the block
-  Colour Color = 0;               ///< of a bar and its labels
+  std::int32_t AxeXPoints = oTarnGraph::kDefaultPoints;  ///< points kept by each plot
+  std::int32_t index = -1;  ///< `index` of the configured item that made the block
+  Colour Color = 0;         ///< of a bar and its labels
 
   /// Raises error 1 when the block is not a graph.
   void addcourbe(ferrox3::DataItem& data, Colour color, std::string caption);

@@ -32,7 +32,7 @@ struct EditorValues {
   bool automatic = true;
   double mini = 0;
   double maxi = 100;
-  std::int32_t points = 500;
+  std::int32_t points = oTarnGraph::kDefaultPoints;
   std::int32_t colour = kScopePalette[0];  ///< 0x00BBGGRR
   std::int32_t graph = 0;                  ///< `index` of the graph that is referred to; 0 = none yet
 };

@@ -8,9 +8,10 @@ namespace {
 
 constexpr double kMini = 0;
 constexpr double kMaxi = 100;
-constexpr std::int32_t kPoints = 500;
 
-void makeGraph(oTarnScope& scope) { scope.SetGraph("", true, kMini, kMaxi, kPoints, paletteColour(0)); }
+void makeGraph(oTarnScope& scope) {
+  scope.SetGraph("", true, kMini, kMaxi, oTarnGraph::kDefaultPoints, paletteColour(0));
+}
 
 void oneGraph(const std::vector<oTarnScope*>& items) {
   makeGraph(*items.front());

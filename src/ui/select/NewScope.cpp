@@ -7,7 +7,6 @@ namespace tarnlog {
 
 namespace {
 
-constexpr std::int32_t kPoints = 500;
 constexpr std::int32_t kBlue = 0xFF0000;
 
 void setDefaultDisplay(oTarnScope& scope, XmlElement data) {
@@ -15,7 +14,7 @@ void setDefaultDisplay(oTarnScope& scope, XmlElement data) {
     scope.SetNumeric("");
     return;
   }
-  scope.SetGraph("", true, 0, 100, kPoints, kBlue);
+  scope.SetGraph("", true, 0, 100, oTarnGraph::kDefaultPoints, kBlue);
   scope.oTarnGraph->AxeYmini = leadingNumber(data.attributeOrEmpty("min"));
   scope.oTarnGraph->AxeYmaxi = leadingNumber(data.attributeOrEmpty("max"));
   scope.oTarnGraph->AxeYAuto = true;

@@ -62,6 +62,21 @@ void unwatch(oTarnTrigger& trigger, const Leaving& leaving) {
     trigger.DataIndex -= leaving.before(trigger.DataIndex);
 }
 
+/// After a rearrangement to `order` (the old positions in their new order), positions by which items and
+/// channel triggers refer to an item are where that item is then. Other references stay.
+void followItems(oTarnParameters& parameters, const std::vector<std::size_t>& order) {
+  std::vector<std::int32_t> newPlace(order.size() + 1);
+  std::int32_t place = 0;
+  for (const std::size_t position : order) newPlace[position] = ++place;
+  const auto follow = [&](std::int32_t& reference) {
+    if (itemAt(parameters, reference) != nullptr) reference = newPlace[static_cast<std::size_t>(reference)];
+  };
+  for (oTarnScope& scope : parameters)
+    if (std::int32_t* const reference = scope.graphReference()) follow(*reference);
+  for (oTarnTrigger* const trigger : {parameters.startTrigger.get(), parameters.stopTrigger.get()})
+    if (trigger->typeTrigger == oTarnTrigger::kChannel) follow(trigger->DataIndex);
+}
+
 /// The item that a channel trigger watches by position, or null.
 const oTarnScope* watchedItem(const oTarnParameters& parameters, const oTarnTrigger& trigger) {
   return trigger.typeTrigger == oTarnTrigger::kChannel ? itemAt(parameters, trigger.DataIndex) : nullptr;
@@ -124,25 +139,16 @@ std::vector<std::unique_ptr<oTarnScope>> oTarnParameters::removeScopes(std::vect
 void oTarnParameters::insertScopes(std::vector<PlacedScope> placed) {
   const std::size_t before = scopes_.Count();
   std::vector<std::size_t> order;
-  std::vector<std::int32_t> newPlace(before + 1);
   std::size_t next = 0;
   for (std::size_t at = 1; order.size() < before + placed.size();) {
     const auto place = static_cast<std::int32_t>(order.size()) + 1;
     if (next < placed.size() && (at > before || placed[next].position <= place)) {
       order.push_back(before + ++next);
     } else {
-      order.push_back(at);
-      newPlace[at++] = place;
+      order.push_back(at++);
     }
   }
-  const auto follow = [&](std::int32_t& reference) {
-    if (reference >= 1 && static_cast<std::size_t>(reference) <= before)
-      reference = newPlace[static_cast<std::size_t>(reference)];
-  };
-  for (oTarnScope& scope : scopes_)
-    if (std::int32_t* const reference = scope.graphReference()) follow(*reference);
-  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
-    if (trigger->typeTrigger == oTarnTrigger::kChannel) follow(trigger->DataIndex);
+  followItems(*this, order);
   for (PlacedScope& each : placed) AddScope(std::move(each.scope));
   scopes_.arrange(order);
   renumber();
@@ -178,21 +184,14 @@ void oTarnParameters::moveScopes(const std::vector<oTarnScope*>& moved, const oT
     if (!moves[place(scope)]) order.push_back(place(scope));
   }
   if (before == nullptr) appendMoved();
+  followItems(*this, order);
   scopes_.arrange(order);
-
-  std::vector<std::int32_t> newPlace(order.size() + 1);
-  for (std::size_t at = 0; at < order.size(); ++at) newPlace[order[at]] = static_cast<std::int32_t>(at) + 1;
-  const auto known = [this](std::int32_t reference) { return reference >= 1 && reference <= Count(); };
   renumber();
   for (oTarnScope& scope : scopes_) {
-    std::int32_t* const reference = scope.graphReference();
-    if (reference == nullptr || !known(*reference)) continue;
-    *reference = newPlace[static_cast<std::size_t>(*reference)];
-    if (*reference >= scope.index) makeGraphKeepingLooks(scope);
+    const std::int32_t* const reference = scope.graphReference();
+    if (reference != nullptr && *reference >= scope.index && *reference <= Count())
+      makeGraphKeepingLooks(scope);
   }
-  for (oTarnTrigger* const trigger : {startTrigger.get(), stopTrigger.get()})
-    if (trigger->typeTrigger == oTarnTrigger::kChannel && known(trigger->DataIndex))
-      trigger->DataIndex = newPlace[static_cast<std::size_t>(trigger->DataIndex)];
 }
 
 void oTarnParameters::CheckAndCorrect() {

@@ -32,8 +32,8 @@ std::string nearNames(const std::vector<CatalogueRow>& rows, const std::string& 
   return text.empty() ? text : "; near are:" + text;
 }
 
-void giveDisplay(oTarnScope& scope, const CatalogueRow& row) {
-  const auto colour = kColours[static_cast<std::size_t>(scope.index - 1) % kColours.size()];
+void giveDisplay(oTarnScope& scope, const CatalogueRow& row, std::int32_t number) {
+  const auto colour = kColours[static_cast<std::size_t>(number) % kColours.size()];
   scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum), oTarnGraph::kDefaultPoints,
                  colour);
   if (scope.ScopeType() == oTarnScope::kNone) scope.SetNumeric("");
@@ -47,8 +47,7 @@ void addRow(oTarnParameters& parameters, const SessionDocument& session, const C
   takeFromCatalogue(*scope, session);
   const XmlElement data = FindSessionData(session, row.ecu, row.request, row.data, oTarnScope::kNoAddress);
   scope->FunctionName = data.parent().parent().attributeOrEmpty("function");
-  scope->index = parameters.Count() + 1;
-  giveDisplay(*scope, row);
+  giveDisplay(*scope, row, parameters.Count());
   if (parameters.Item(scope->DataKey) != nullptr) throw BadInput("--data " + row.path() + " is named twice");
   parameters.AddScope(std::move(scope));
 }
@@ -66,6 +65,7 @@ void addNamedData(oTarnParameters& parameters, const SessionDocument& session,
                      nearNames(rows, path));
     addRow(parameters, session, *row);
   }
+  parameters.renumber();
 }
 
 }  // namespace tarnlog::record

@@ -31,13 +31,11 @@ bool takeFromCatalogue(oTarnScope& scope, const SessionDocument& session) {
 
 void reportUnknown(const oTarnScope& scope, LoadReport* report) { note(scope, false, report); }
 
-bool addOnce(oTarnParameters& parameters, std::unique_ptr<oTarnScope> scope, LoadReport* report) {
-  if (parameters.Item(scope->DataKey) != nullptr) {
+void addOnce(oTarnParameters& parameters, std::unique_ptr<oTarnScope> scope, LoadReport* report) {
+  if (parameters.Item(scope->DataKey) != nullptr)
     note(*scope, true, report);
-    return false;
-  }
-  parameters.AddScope(std::move(scope));
-  return true;
+  else
+    parameters.AddScope(std::move(scope));
 }
 
 }  // namespace tarnlog

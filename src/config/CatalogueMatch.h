@@ -15,7 +15,7 @@ bool takeFromCatalogue(oTarnScope& scope, const SessionDocument& session);
 
 /// Adds the item unless it is in the configuration already; what is not added goes into the report (may be
 /// null).
-bool addOnce(oTarnParameters& parameters, std::unique_ptr<oTarnScope> scope, LoadReport* report);
+void addOnce(oTarnParameters& parameters, std::unique_ptr<oTarnScope> scope, LoadReport* report);
 
 /// Reports an item that the session does not offer.
 void reportUnknown(const oTarnScope& scope, LoadReport* report);

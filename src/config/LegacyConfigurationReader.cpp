@@ -30,17 +30,16 @@ void ReadXmlConfigV1(oTarnParameters& parameters, XmlElement root, const Session
   parameters.setRecordingPeriod(childText(root, "Interval"));
   const std::int32_t color = wholeInteger(childText(root, "PlotColor")).value_or(0);
   const std::int32_t points = wholeInteger(childText(root, "PointsToDisplay")).value_or(0);
-  std::int32_t index = 1;
   for (const XmlElement element : root.selectNodes("Datas/Data")) {
     auto scope = readIdentity(element);
     if (!takeFromCatalogue(*scope, session)) {
       reportUnknown(*scope, report);
       continue;
     }
-    scope->index = index;
     scope->SetGraph("", true, 0, 100, points, color);
-    if (addOnce(parameters, std::move(scope), report)) ++index;
+    addOnce(parameters, std::move(scope), report);
   }
+  parameters.renumber();
 }
 
 }  // namespace tarnlog

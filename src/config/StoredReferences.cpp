@@ -46,11 +46,9 @@ void mapStoredReferences(oTarnParameters& parameters) {
   }
   mapTrigger(*parameters.startTrigger, watched);
   mapTrigger(*parameters.stopTrigger, watched);
-  position = 0;
-  for (oTarnScope& scope : parameters) {
+  for (oTarnScope& scope : parameters)
     if (std::int32_t* const reference = scope.graphReference()) *reference = graphs.of(*reference);
-    scope.index = ++position;
-  }
+  parameters.renumber();
 }
 
 }  // namespace tarnlog

@@ -55,6 +55,9 @@ class oTarnParameters {
   void Remove(std::string_view key) { scopes_.Remove(key); }
   void Remove(std::size_t position) { scopes_.Remove(position); }
   void RemoveAll();
+  /// Gives every item its position as `index`. What changes positions here does so itself; a load leaves the
+  /// numbers of the file, see mapStoredReferences.
+  void renumber();
   auto begin() const { return scopes_.begin(); }
   auto end() const { return scopes_.end(); }
 
@@ -95,8 +98,6 @@ class oTarnParameters {
                             const SessionDocument& session, LoadReport* report = nullptr);
 
  private:
-  void renumber();
-
   KeyedCollection<oTarnScope> scopes_;
 };
 

@@ -31,7 +31,7 @@ class oTarnScope {
   std::string DeviceName;
   std::string DataKey;  ///< the item's `c` in the session document; its key in oTarnParameters
   std::string Unit;
-  std::int32_t index = 0;    ///< 1-based position in the recording
+  std::int32_t index = 0;    ///< 1-based position in the recording: see oTarnParameters::renumber
   std::int32_t varType = 0;  ///< value-type code
 
   /// One per display type; only the one of the current ScopeType is meaningful.

@@ -154,8 +154,7 @@ bool SelectionRules::addData(const std::vector<CatalogueNode>& nodes, std::size_
     const auto at = [this](std::size_t row) { return rows_.begin() + static_cast<std::ptrdiff_t>(row); };
     std::rotate(at(before), at(firstNew), rows_.end());
     selectedRow_ = before + added.size() - 1;
-    std::int32_t position = 0;
-    for (const SelectedRow& row : rows_) row.scope->index = ++position;
+    numberRows(0);
   }
   return true;
 }
@@ -172,7 +171,7 @@ oTarnScope* SelectionRules::MoveNodeToRecord(CatalogueNode node) {
 /// Appends the row and numbers its item; the rows before it have their numbers.
 void SelectionRules::AddDataRow(oTarnScope& scope, XmlElement element) {
   rows_.push_back({&scope, element, scope.DataName, scope.RequestName, scope.EcuName, scope.DeviceName});
-  scope.index = static_cast<std::int32_t>(rows_.size());
+  numberRows(rows_.size() - 1);
   chosen_.add(keyNumber(scope.DataKey));
 }
 
@@ -182,7 +181,7 @@ SelectionRules::Removal SelectionRules::removeData(std::vector<std::size_t> rows
   std::sort(rows.begin(), rows.end(), std::greater<>());
   if (rows.front() >= rows_.size()) return removal;
   if (focusedRow == kNoRow) focusedRow = rows.back();
-  numberByPosition();
+  parameters_->renumber();
   RemovedItems removed(*parameters_);
   std::vector<std::int32_t> positions;
   std::vector<bool> leaves(rows_.size());
@@ -223,7 +222,7 @@ void SelectionRules::forgetRowsThat(const std::vector<bool>& leave) {
 
 bool SelectionRules::undoRemoval() {
   if (!ready() || removals_.empty()) return false;
-  numberByPosition();
+  parameters_->renumber();
   const auto back = removals_.back().putBack(*parameters_);
   removals_.pop_back();
   std::vector<CatalogueNode> nodes;
@@ -245,7 +244,7 @@ bool SelectionRules::moveDown(std::size_t row) { return row != kNoRow && changeP
 bool SelectionRules::changePlaces(std::size_t row, std::size_t neighbour) {
   if (!ready() || row >= rows_.size() || neighbour >= rows_.size()) return false;
   oTarnScope& moved = *rows_[row].scope;
-  numberByPosition();
+  parameters_->renumber();
   parameters_->changeScopeOrder(moved, *rows_[neighbour].scope);
   DisplayDataList(&moved);
   return true;
@@ -277,10 +276,11 @@ void SelectionRules::forgetRows() {
   selectedRow_ = kNoRow;
 }
 
-/// Items without a row have a place in the configuration too, by which it removes and moves.
-void SelectionRules::numberByPosition() {
-  std::int32_t position = 0;
-  for (oTarnScope& scope : *parameters_) scope.index = ++position;
+/// From this row on, items have the number of their row. Before they are removed or moved, the configuration
+/// numbers all anew: items without a row have a position in it, too.
+void SelectionRules::numberRows(std::size_t first) {
+  for (std::size_t row = first; row < rows_.size(); ++row)
+    rows_[row].scope->index = static_cast<std::int32_t>(row) + 1;
 }
 
 }  // namespace tarnlog

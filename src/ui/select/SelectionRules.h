@@ -100,7 +100,7 @@ class SelectionRules {
   void search();
   XmlElement elementOf(const oTarnScope& scope) const;
   void forgetRows();
-  void numberByPosition();
+  void numberRows(std::size_t first);
   bool ready() const { return document_ != nullptr && parameters_ != nullptr; }
 
   std::shared_ptr<const SessionDocument> document_;

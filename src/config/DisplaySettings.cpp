@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <string_view>
+#include <utility>
 
 #include "platform/text/Numbers.h"
 
@@ -53,13 +54,29 @@ class SettingsElement {
   SaxAttributes attributes_;
 };
 
+template <class... Settings>
+std::optional<DisplaySettings> readOneOf(XmlElement scope,
+                                         std::type_identity<std::variant<Settings...>> /*settings*/) {
+  std::optional<DisplaySettings> display;
+  const auto type = scope.attributeOrEmpty("type");
+  const auto readWhenNamed = [&](auto settings) {
+    if (type != settings.kName) return;
+    if (const XmlElement element = scope.firstChild(settings.kName)) settings.SetXml(element);
+    display = std::move(settings);
+  };
+  (readWhenNamed(Settings()), ...);
+  return display;
+}
+
 }  // namespace
 
-void DisplayPosition::assignSet(const DisplayPosition& other) {
-  if (other.left >= 0) left = other.left;
-  if (other.top >= 0) top = other.top;
-  if (other.width >= 0) width = other.width;
-  if (other.height >= 0) height = other.height;
+std::optional<DisplaySettings> readDisplay(XmlElement scope) {
+  return readOneOf(scope, std::type_identity<DisplaySettings>());
+}
+
+DisplayPosition DisplayPosition::normalized() const {
+  const auto orUnset = [](float number) { return number >= 0 ? number : -1; };
+  return {orUnset(left), orUnset(top), orUnset(width), orUnset(height)};
 }
 
 DisplayPosition ReadXmlPos(XmlElement pos) {
@@ -77,7 +94,7 @@ void oTarnNumeric::SetXml(XmlElement element) {
 }
 
 void oTarnNumeric::SaxWrite(ContentHandler& handler) const {
-  SettingsElement().add("caption", std::string_view(Caption)).write(handler, "Digital");
+  SettingsElement().add("caption", std::string_view(Caption)).write(handler, kName);
 }
 
 void oTarnSlide::SetXml(XmlElement element) {
@@ -94,7 +111,7 @@ void oTarnSlide::SaxWrite(ContentHandler& handler) const {
       .add("color", Color)
       .add("mini", mini)
       .add("maxi", maxi)
-      .write(handler, "BarGraph");
+      .write(handler, kName);
 }
 
 void oTarnGraph::SetXml(XmlElement element) {
@@ -115,7 +132,7 @@ void oTarnGraph::SaxWrite(ContentHandler& handler) const {
       .addFlag("axeYauto", AxeYAuto)
       .add("points", points)
       .add("color", Color)
-      .write(handler, "Graph");
+      .write(handler, kName);
 }
 
 void oTarnGraphIndex::SetXml(XmlElement element) {
@@ -129,7 +146,7 @@ void oTarnGraphIndex::SaxWrite(ContentHandler& handler) const {
       .add("caption", std::string_view(Caption))
       .add("index", index)
       .add("color", Color)
-      .write(handler, "GraphIndex");
+      .write(handler, kName);
 }
 
 void oTarnGraphAxeX::SetXml(XmlElement element) {
@@ -147,7 +164,7 @@ void oTarnGraphAxeX::SaxWrite(ContentHandler& handler) const {
       .add("axeXmaxi", axeXmaxi)
       .addFlag("axeXauto", axeXAuto)
       .add("index", index)
-      .write(handler, "GraphAxeX");
+      .write(handler, kName);
 }
 
 }  // namespace tarnlog

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "config/oTarnParameters.h"
@@ -11,21 +12,15 @@ namespace tarnlog {
 
 namespace {
 
-constexpr std::int32_t kOwnColor = 0xFF0000;
-
-void makeGraph(oTarnScope& scope, const std::string& caption, std::int32_t color) {
-  scope.SetGraph(caption, true, 0, 100, oTarnGraph::kDefaultPoints, color);
-}
-
-/// With what the user sees of the curve so far.
+/// With what the user sees of the curve or X axis so far.
 void makeGraphKeepingLooks(oTarnScope& scope) {
-  if (scope.ScopeType() == oTarnScope::kGraphIndex) {
-    const oTarnGraphIndex settings = *scope.oTarnGraphIndex;
-    makeGraph(scope, settings.Caption, settings.Color);
-  } else {
-    const std::string caption = scope.oTarnGraphAxeX->Caption;
-    makeGraph(scope, caption, kOwnColor);
-  }
+  const DisplaySettings before = scope.display();
+  scope.setScopeType(oTarnScope::kGraph);
+  const auto keep = [&](const auto& settings) {
+    if constexpr (requires { settings.Caption; }) scope.ChangeCaption(settings.Caption);
+    if constexpr (requires { settings.Color; }) scope.ChangeColor(settings.Color);
+  };
+  std::visit(keep, before);
 }
 
 oTarnScope* itemAt(const oTarnParameters& parameters, std::int32_t position) {
@@ -121,10 +116,10 @@ std::vector<std::unique_ptr<oTarnScope>> oTarnParameters::removeScopes(std::vect
     if (leaving.has(position)) continue;
     order.push_back(static_cast<std::size_t>(position));
     if (scope.ScopeType() != oTarnScope::kGraphIndex) continue;
-    std::int32_t& reference = scope.oTarnGraphIndex->index;
+    std::int32_t& reference = scope.oTarnGraphIndex()->index;
     const oTarnScope* const graph = itemAt(*this, reference);
     if (graph != nullptr && leaving.has(reference) && graph->ScopeType() == oTarnScope::kGraph)
-      makeGraph(scope, "", kOwnColor);
+      scope.setScopeType(oTarnScope::kGraph);
     else
       reference -= leaving.before(std::min(reference, position));
   }
@@ -199,7 +194,7 @@ void oTarnParameters::CheckAndCorrect() {
     const std::int32_t* const reference = scope.graphReference();
     if (reference == nullptr) continue;
     const oTarnScope* const graph = itemAt(*this, *reference);
-    if (graph == nullptr || graph->ScopeType() != oTarnScope::kGraph) makeGraph(scope, "", kOwnColor);
+    if (graph == nullptr || graph->ScopeType() != oTarnScope::kGraph) scope.setScopeType(oTarnScope::kGraph);
   }
 }
 

@@ -1,34 +1,24 @@
 #include "config/oTarnScope.h"
 
-#include <array>
-#include <cmath>
 #include <optional>
-#include <string_view>
+#include <utility>
 
+#include "platform/base/Overloaded.h"
 #include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
 
-namespace {
+bool oTarnScope::isNumber() const { return varType == ferrox3::kInteger || varType == ferrox3::kDouble; }
 
-constexpr std::array<const char*, 6> kTypeNames = {"None",  "Digital",    "BarGraph",
-                                                   "Graph", "GraphIndex", "GraphAxeX"};
-
-/// Gives the item a settings object with the class's own defaults, read from the child element when there is
-/// one.
-template <class Settings>
-void readSettings(std::unique_ptr<Settings>& settings, XmlElement scope, const char* name) {
-  settings = std::make_unique<Settings>();
-  if (const XmlElement element = scope.firstChild(name)) settings->SetXml(element);
+DisplayKind oTarnScope::ScopeType() const {
+  return std::visit([](const auto& settings) { return settings.kKind; }, display_);
 }
 
-}  // namespace
-
-bool oTarnScope::graphic() const { return varType == ferrox3::kInteger || varType == ferrox3::kDouble; }
-
-void oTarnScope::setScopeType(std::int32_t type) {
+void oTarnScope::setScopeType(DisplayKind type) {
   switch (type) {
+    case kNone:
+      break;
     case kDigital:
       return SetNumeric("");
     case kBarGraph:
@@ -39,23 +29,11 @@ void oTarnScope::setScopeType(std::int32_t type) {
       return SetGraphIndex(0x00FF00, 0);
     case kGraphAxeX:
       return SetGraphAxeX("", true, 0, 100, 0);
-    default:
-      return Clear();
   }
+  Clear();
 }
 
-void oTarnScope::releaseSettings() {
-  oTarnNumeric.reset();
-  oTarnSlide.reset();
-  oTarnGraph.reset();
-  oTarnGraphIndex.reset();
-  oTarnGraphAxeX.reset();
-}
-
-void oTarnScope::SetNone() {
-  releaseSettings();
-  scopeType_ = kNone;
-}
+void oTarnScope::SetNone() { display_ = NoDisplay(); }
 
 void oTarnScope::Clear() {
   SetNone();
@@ -64,109 +42,95 @@ void oTarnScope::Clear() {
 }
 
 void oTarnScope::SetNumeric(const std::string& caption, const DisplayPosition& position) {
-  scopeType_ = kDigital;
-  oTarnNumeric = std::make_unique<tarnlog::oTarnNumeric>();
-  oTarnNumeric->Caption = caption;
-  oTarnNumeric->position.assignSet(position);
+  display_ = tarnlog::oTarnNumeric{.Caption = caption, .position = position.normalized()};
 }
 
 void oTarnScope::SetSlide(const std::string& caption, double mini, double maxi, std::int32_t color,
                           const DisplayPosition& position) {
-  if (scopeType_ == kBarGraph || !graphic()) return;
-  scopeType_ = kBarGraph;
-  oTarnSlide = std::make_unique<tarnlog::oTarnSlide>();
-  oTarnSlide->Caption = caption;
-  oTarnSlide->mini = mini;
-  oTarnSlide->maxi = maxi;
-  oTarnSlide->Color = color;
-  oTarnSlide->position.assignSet(position);
+  if (ScopeType() == kBarGraph || !isNumber()) return;
+  display_ = tarnlog::oTarnSlide{
+      .Caption = caption, .position = position.normalized(), .mini = mini, .maxi = maxi, .Color = color};
 }
 
 void oTarnScope::SetGraph(const std::string& caption, bool AxeYAuto, double AxeYmini, double AxeYmaxi,
                           std::int32_t points, std::int32_t color, const DisplayPosition& position) {
-  if (!graphic()) return;
-  scopeType_ = kGraph;
-  oTarnGraph = std::make_unique<tarnlog::oTarnGraph>();
-  oTarnGraph->Caption = caption;
-  oTarnGraph->AxeYAuto = AxeYAuto;
-  oTarnGraph->AxeYmini = AxeYmini;
-  oTarnGraph->AxeYmaxi = AxeYmaxi;
-  oTarnGraph->points = points;
-  oTarnGraph->Color = color;
-  oTarnGraph->position.assignSet(position);
+  if (!isNumber()) return;
+  display_ = tarnlog::oTarnGraph{.Caption = caption,
+                                 .position = position.normalized(),
+                                 .AxeYAuto = AxeYAuto,
+                                 .AxeYmini = AxeYmini,
+                                 .AxeYmaxi = AxeYmaxi,
+                                 .points = points,
+                                 .Color = color};
 }
 
 void oTarnScope::SetGraphIndex(std::int32_t color, float graphIndex) {
-  if (!graphic()) return;
-  scopeType_ = kGraphIndex;
-  oTarnGraphIndex = std::make_unique<tarnlog::oTarnGraphIndex>();
-  oTarnGraphIndex->Color = color;
-  oTarnGraphIndex->index = roundHalfEven(graphIndex);
+  if (!isNumber()) return;
+  display_ = tarnlog::oTarnGraphIndex{.Caption = {}, .Color = color, .index = roundHalfEven(graphIndex)};
 }
 
 void oTarnScope::SetGraphAxeX(const std::string& caption, bool axeXAuto, double axeXmini, double axeXmaxi,
                               std::int32_t graphIndex) {
-  if (!graphic()) return;
-  scopeType_ = kGraphAxeX;
-  oTarnGraphAxeX = std::make_unique<tarnlog::oTarnGraphAxeX>();
-  oTarnGraphAxeX->Caption = caption;
-  oTarnGraphAxeX->axeXAuto = axeXAuto;
-  oTarnGraphAxeX->axeXmini = axeXmini;
-  oTarnGraphAxeX->axeXmaxi = axeXmaxi;
-  oTarnGraphAxeX->index = graphIndex;
+  if (!isNumber()) return;
+  display_ = tarnlog::oTarnGraphAxeX{.Caption = caption,
+                                     .axeXAuto = axeXAuto,
+                                     .axeXmini = axeXmini,
+                                     .axeXmaxi = axeXmaxi,
+                                     .index = graphIndex};
 }
 
 void oTarnScope::ChangeCaption(const std::string& caption) {
-  switch (scopeType_) {
-    case kDigital:
-      oTarnNumeric->Caption = caption;
-      break;
-    case kBarGraph:
-      oTarnSlide->Caption = caption;
-      break;
-    case kGraph:
-      oTarnGraph->Caption = caption;
-      break;
-    case kGraphIndex:
-      oTarnGraphIndex->Caption = caption;
-      break;
-    case kGraphAxeX:
-      oTarnGraphAxeX->Caption = caption;
-      break;
-    default:
-      break;
-  }
+  const auto change = [&](auto& settings) {
+    if constexpr (requires { settings.Caption; }) settings.Caption = caption;
+  };
+  std::visit(change, display_);
 }
 
 void oTarnScope::ChangeAxeXNbPoints(std::int32_t points) {
-  if (scopeType_ == kGraph) oTarnGraph->points = points;
+  const auto change = [&](auto& settings) {
+    if constexpr (requires { settings.points; }) settings.points = points;
+  };
+  std::visit(change, display_);
 }
 
 void oTarnScope::ChangeAxeY(bool automatic, double mini, double maxi) {
-  if (scopeType_ == kBarGraph) {
-    oTarnSlide->mini = mini;
-    oTarnSlide->maxi = maxi;
-  } else if (scopeType_ == kGraph) {
-    oTarnGraph->AxeYAuto = automatic;
-    oTarnGraph->AxeYmini = mini;
-    oTarnGraph->AxeYmaxi = maxi;
-  } else if (scopeType_ == kGraphAxeX) {
-    oTarnGraphAxeX->axeXAuto = automatic;
-    oTarnGraphAxeX->axeXmini = mini;
-    oTarnGraphAxeX->axeXmaxi = maxi;
-  }
+  std::visit(Overloaded{
+                 [](NoDisplay&) {},
+                 [](tarnlog::oTarnNumeric&) {},
+                 [&](tarnlog::oTarnSlide& bar) {
+                   bar.mini = mini;
+                   bar.maxi = maxi;
+                 },
+                 [&](tarnlog::oTarnGraph& graph) {
+                   graph.AxeYAuto = automatic;
+                   graph.AxeYmini = mini;
+                   graph.AxeYmaxi = maxi;
+                 },
+                 [](tarnlog::oTarnGraphIndex&) {},
+                 [&](tarnlog::oTarnGraphAxeX& axis) {
+                   axis.axeXAuto = automatic;
+                   axis.axeXmini = mini;
+                   axis.axeXmaxi = maxi;
+                 },
+             },
+             display_);
 }
 
 void oTarnScope::ChangeColor(std::int32_t color) {
-  if (scopeType_ == kBarGraph) oTarnSlide->Color = color;
-  if (scopeType_ == kGraph) oTarnGraph->Color = color;
-  if (scopeType_ == kGraphIndex) oTarnGraphIndex->Color = color;
+  const auto change = [&](auto& settings) {
+    if constexpr (requires { settings.Color; }) settings.Color = color;
+  };
+  std::visit(change, display_);
 }
 
 std::int32_t* oTarnScope::graphReference() {
-  if (scopeType_ == kGraphIndex) return &oTarnGraphIndex->index;
-  if (scopeType_ == kGraphAxeX) return &oTarnGraphAxeX->index;
-  return nullptr;
+  const auto find = [](auto& settings) -> std::int32_t* {
+    if constexpr (requires { settings.index; })
+      return &settings.index;
+    else
+      return nullptr;
+  };
+  return std::visit(find, display_);
 }
 
 const std::int32_t* oTarnScope::graphReference() const {
@@ -189,28 +153,8 @@ void oTarnScope::SetXml(XmlElement element) {
   FunctionAddress = kNoAddress;
   readInteger(ecu, "address", FunctionAddress);
   readInteger(element, "index", index);
-  if (const XmlElement scope = element.firstChild("Scope")) readDisplay(scope);
-}
-
-/// The value type is not known yet, so the settings are made directly: the Set operations would refuse.
-void oTarnScope::readDisplay(XmlElement scope) {
-  const auto type = scope.attributeOrEmpty("type");
-  if (type == kTypeNames[kDigital]) {
-    scopeType_ = kDigital;
-    readSettings(oTarnNumeric, scope, "Digital");
-  } else if (type == kTypeNames[kBarGraph]) {
-    scopeType_ = kBarGraph;
-    readSettings(oTarnSlide, scope, "BarGraph");
-  } else if (type == kTypeNames[kGraph]) {
-    scopeType_ = kGraph;
-    readSettings(oTarnGraph, scope, "Graph");
-  } else if (type == kTypeNames[kGraphIndex]) {
-    scopeType_ = kGraphIndex;
-    readSettings(oTarnGraphIndex, scope, "GraphIndex");
-  } else if (type == kTypeNames[kGraphAxeX]) {
-    scopeType_ = kGraphAxeX;
-    readSettings(oTarnGraphAxeX, scope, "GraphAxeX");
-  }
+  // The value type is not known yet: the Set operations would refuse.
+  if (auto display = readDisplay(element.firstChild("Scope"))) display_ = std::move(*display);
 }
 
 void oTarnScope::SaxWrite(ContentHandler& handler) const {
@@ -228,29 +172,19 @@ void oTarnScope::SaxWrite(ContentHandler& handler) const {
   handler.startElement("ECU", attributes);
   handler.endElement("ECU");
 
-  attributes.clear();
-  attributes.addAttribute("type", kTypeNames[static_cast<std::size_t>(scopeType_)]);
-  handler.startElement("Scope", attributes);
   writeDisplay(handler);
-  handler.endElement("Scope");
   handler.endElement("Data");
 }
 
 void oTarnScope::writeDisplay(ContentHandler& handler) const {
-  switch (scopeType_) {
-    case kDigital:
-      return oTarnNumeric->SaxWrite(handler);
-    case kBarGraph:
-      return oTarnSlide->SaxWrite(handler);
-    case kGraph:
-      return oTarnGraph->SaxWrite(handler);
-    case kGraphIndex:
-      return oTarnGraphIndex->SaxWrite(handler);
-    case kGraphAxeX:
-      return oTarnGraphAxeX->SaxWrite(handler);
-    default:
-      return;
-  }
+  const auto write = [&](const auto& settings) {
+    SaxAttributes attributes;
+    attributes.addAttribute("type", settings.kName);
+    handler.startElement("Scope", attributes);
+    settings.SaxWrite(handler);
+    handler.endElement("Scope");
+  };
+  std::visit(write, display_);
 }
 
 }  // namespace tarnlog

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
+#include <variant>
 
 #include "config/DisplaySettings.h"
 #include "platform/xml/ContentHandler.h"
@@ -14,12 +14,7 @@ namespace tarnlog {
 /// A Set operation that the value type does not allow changes nothing: read ScopeType afterwards.
 class oTarnScope {
  public:
-  static constexpr std::int32_t kNone = 0;
-  static constexpr std::int32_t kDigital = 1;
-  static constexpr std::int32_t kBarGraph = 2;
-  static constexpr std::int32_t kGraph = 3;
-  static constexpr std::int32_t kGraphIndex = 4;
-  static constexpr std::int32_t kGraphAxeX = 5;
+  using enum DisplayKind;
 
   static constexpr std::int32_t kNoAddress = 0x0FFFFFFF;
 
@@ -34,16 +29,20 @@ class oTarnScope {
   std::int32_t index = 0;    ///< 1-based position in the recording: see oTarnParameters::renumber
   std::int32_t varType = 0;  ///< value-type code
 
-  /// One per display type; only the one of the current ScopeType is meaningful.
-  std::unique_ptr<tarnlog::oTarnNumeric> oTarnNumeric;
-  std::unique_ptr<tarnlog::oTarnSlide> oTarnSlide;
-  std::unique_ptr<tarnlog::oTarnGraph> oTarnGraph;
-  std::unique_ptr<tarnlog::oTarnGraphIndex> oTarnGraphIndex;
-  std::unique_ptr<tarnlog::oTarnGraphAxeX> oTarnGraphAxeX;
+  DisplayKind ScopeType() const;
+  /// Applies the kind's defaults; none, or a number that is no kind, clears (key and address too).
+  void setScopeType(DisplayKind type);
 
-  std::int32_t ScopeType() const { return scopeType_; }
-  /// Applies the type's defaults; a code outside 1..5 clears (key and address too).
-  void setScopeType(std::int32_t type);
+  const DisplaySettings& display() const { return display_; }
+  /// The settings of each kind; null unless the item is shown so.
+  tarnlog::oTarnNumeric* oTarnNumeric() { return std::get_if<tarnlog::oTarnNumeric>(&display_); }
+  tarnlog::oTarnSlide* oTarnSlide() { return std::get_if<tarnlog::oTarnSlide>(&display_); }
+  tarnlog::oTarnGraph* oTarnGraph() { return std::get_if<tarnlog::oTarnGraph>(&display_); }
+  tarnlog::oTarnGraphIndex* oTarnGraphIndex() { return std::get_if<tarnlog::oTarnGraphIndex>(&display_); }
+  tarnlog::oTarnGraphAxeX* oTarnGraphAxeX() { return std::get_if<tarnlog::oTarnGraphAxeX>(&display_); }
+
+  /// Whether the value type is that of numbers: texts and byte arrays can be shown as digits only.
+  bool isNumber() const;
 
   /// Releases the settings; what the item is stays.
   void SetNone();
@@ -59,13 +58,13 @@ class oTarnScope {
   /// Releases the settings and forgets key and address.
   void Clear();
 
-  /// Act on the settings of the current type; types without such a setting ignore them.
+  /// Kinds without such a setting ignore these.
   void ChangeCaption(const std::string& caption);
   void ChangeAxeXNbPoints(std::int32_t points);
   void ChangeAxeY(bool automatic, double mini, double maxi);
   void ChangeColor(std::int32_t color);
 
-  /// The position of the Graph item that this one is drawn on or drives the X axis of; null for types without
+  /// The position of the Graph item that this one is drawn on or drives the X axis of; null for kinds without
   /// such a reference.
   std::int32_t* graphReference();
   const std::int32_t* graphReference() const;
@@ -75,12 +74,9 @@ class oTarnScope {
   void SaxWrite(ContentHandler& handler) const;
 
  private:
-  bool graphic() const;
-  void releaseSettings();
-  void readDisplay(XmlElement scope);
   void writeDisplay(ContentHandler& handler) const;
 
-  std::int32_t scopeType_ = kNone;
+  DisplaySettings display_;
 };
 
 }  // namespace tarnlog

@@ -74,8 +74,6 @@ void arrangeBlock(const GrapheItem& graphe, Twips frameWidth, DisplayLayout& lay
     case GrapheItem::kSlide:
       arrangeSlide(graphe, top, height, frameWidth);
       break;
-    default:
-      return;
   }
   layout.advance(height);
 }

@@ -45,8 +45,6 @@ void DisplayBuilder::add(GrapheItem& graphe) {
       return addDigital(graphe);
     case GrapheItem::kSlide:
       return addSlide(graphe);
-    default:
-      return;
   }
 }
 

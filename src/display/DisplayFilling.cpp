@@ -1,5 +1,7 @@
 #include "display/DisplayFilling.h"
 
+#include "platform/base/Overloaded.h"
+
 namespace tarnlog {
 namespace {
 
@@ -60,20 +62,15 @@ void setXAxis(const GrapheItems& graphes, const oTarnGraphAxeX& settings, ferrox
 }  // namespace
 
 void addScopeToDisplay(GrapheItems& graphes, const oTarnScope& scope, ferrox3::DataItem& data) {
-  switch (scope.ScopeType()) {
-    case oTarnScope::kDigital:
-      return addDigital(graphes, *scope.oTarnNumeric, data);
-    case oTarnScope::kBarGraph:
-      return addSlide(graphes, *scope.oTarnSlide, data);
-    case oTarnScope::kGraph:
-      return addGraph(graphes, *scope.oTarnGraph, scope.index, data);
-    case oTarnScope::kGraphIndex:
-      return addCurve(graphes, *scope.oTarnGraphIndex, data);
-    case oTarnScope::kGraphAxeX:
-      return setXAxis(graphes, *scope.oTarnGraphAxeX, data);
-    default:
-      return;
-  }
+  std::visit(Overloaded{
+                 [](const NoDisplay&) {},
+                 [&](const oTarnNumeric& digital) { addDigital(graphes, digital, data); },
+                 [&](const oTarnSlide& bar) { addSlide(graphes, bar, data); },
+                 [&](const oTarnGraph& graph) { addGraph(graphes, graph, scope.index, data); },
+                 [&](const oTarnGraphIndex& curve) { addCurve(graphes, curve, data); },
+                 [&](const oTarnGraphAxeX& axis) { setXAxis(graphes, axis, data); },
+             },
+             scope.display());
 }
 
 }  // namespace tarnlog

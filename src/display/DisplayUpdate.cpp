@@ -62,8 +62,6 @@ void refreshBlock(GrapheItem& graphe) {
       return built(graphe.ValueNum).setCaption(graphe.Data->valueText());
     case GrapheItem::kSlide:
       return refreshSlide(graphe);
-    default:
-      return;
   }
 }
 

@@ -14,15 +14,15 @@ namespace tarnlog {
 /// A datum with the two values 0 and 1.
 bool isBinary(const ferrox3::DataItem& data);
 
+enum class GrapheKind : std::int32_t { kScope, kDigital, kSlide };
+
 /// One block of the live display: a graph with curves, a digital value or a bar. Refers to the host's data
 /// and, while the display is built, to the frame's controls; owns neither.
 class GrapheItem {
  public:
-  static constexpr std::int32_t kScope = 0;
-  static constexpr std::int32_t kDigital = 1;
-  static constexpr std::int32_t kSlide = 2;
+  using enum GrapheKind;
 
-  std::int32_t GrapheMode = kScope;
+  GrapheKind GrapheMode = kScope;
   ferrox3::DataItem* Data = nullptr;     ///< of a digital or bar block
   std::unique_ptr<CourbeItems> courbes;  ///< of a graph; made by the first `addcourbe`
   LabelControl* LibelleControl = nullptr;

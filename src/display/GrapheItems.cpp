@@ -7,7 +7,7 @@
 
 namespace tarnlog {
 
-GrapheItem& GrapheItems::Add(std::int32_t mode, std::string key) {
+GrapheItem& GrapheItems::Add(GrapheKind mode, std::string key) {
   auto graphe = std::make_unique<GrapheItem>();
   graphe->GrapheMode = mode;
   return KeyedCollection::Add(std::move(graphe), std::move(key));

@@ -12,7 +12,7 @@ namespace tarnlog {
 class GrapheItems : private KeyedCollection<GrapheItem> {
  public:
   /// A block of this `GrapheMode`, kept under `key`; without one when it is empty.
-  GrapheItem& Add(std::int32_t mode, std::string key);
+  GrapheItem& Add(GrapheKind mode, std::string key);
   using KeyedCollection::begin;
   using KeyedCollection::Count;
   using KeyedCollection::end;

@@ -49,7 +49,7 @@ class ScopeList : public oTarnParameters {
     auto scope = std::make_unique<oTarnScope>();
     scope->index = Count() + 1;
     scope->varType = ferrox3::kDouble;
-    scope->setScopeType(static_cast<std::int32_t>(std::string(kScopeLetters).find(word[2])));
+    scope->setScopeType(static_cast<DisplayKind>(std::string(kScopeLetters).find(word[2])));
     scope->DataKey = word.substr(0, 1);
     if (std::int32_t* const reference = scope->graphReference()) *reference = std::stoi(word.substr(3));
     AddScope(std::move(scope));

@@ -111,13 +111,13 @@ TEST_F(ConfigurationLoad, displaySettingsTakeLeadingNumbersAndTheirOwnDefaults) 
                 data("2", "Engine/Status/Load", "GraphAxeX", "index=\"3\"") +
                 data("3", "Engine/Status/Key", "BarGraph", "mini=\"-1e3\"") +
                 data("4", "Engine/Status/Mode", "Gauge"));
-  const oTarnGraph& graph = *parameters.Item("c2")->oTarnGraph;
+  const oTarnGraph& graph = *parameters.Item("c2")->oTarnGraph();
   EXPECT_EQ(graph.points, 2);
   EXPECT_EQ(graph.AxeYmaxi, 1);
   EXPECT_EQ(graph.Color, 0);
   EXPECT_FALSE(graph.AxeYAuto);
-  EXPECT_TRUE(parameters.Item("c3")->oTarnGraphAxeX->axeXAuto);
-  EXPECT_EQ(parameters.Item("c4")->oTarnSlide->mini, -1000);
+  EXPECT_TRUE(parameters.Item("c3")->oTarnGraphAxeX()->axeXAuto);
+  EXPECT_EQ(parameters.Item("c4")->oTarnSlide()->mini, -1000);
   EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N");
 }
 
@@ -125,7 +125,7 @@ TEST_F(ConfigurationLoad, positionsAreReadWithinTheRangeOfTheirType) {
   std::string text = data("1", "Engine/Status/Speed", "Digital");
   text.replace(text.find("<Digital />"), 11, "<Digital><Pos left=\"12.5\" Width=\"1e300\"/></Digital>");
   loadParts("", text);
-  const DisplayPosition& position = parameters.Item("c2")->oTarnNumeric->position;
+  const DisplayPosition& position = parameters.Item("c2")->oTarnNumeric()->position;
   EXPECT_EQ(position.left, 12.5F);
   EXPECT_EQ(position.top, -1);
   EXPECT_GT(position.width, 1e38F);
@@ -177,10 +177,10 @@ TEST_F(ConfigurationLoad, oldVersionBecomesGraphsNumberedWithoutGaps) {
   EXPECT_EQ(dropped(), "Engine/Status/Torque Engine/Status/Speed= /");
   EXPECT_EQ(parameters.recordingPeriod, 9);
   EXPECT_EQ(parameters.filePrefix, "kept");
-  const oTarnScope& load = *parameters.Item(std::size_t{3});
-  EXPECT_EQ(load.oTarnGraph->Color, 255);
-  EXPECT_EQ(load.oTarnGraph->points, 200);
-  EXPECT_TRUE(load.oTarnGraph->AxeYAuto);
+  oTarnScope& load = *parameters.Item(std::size_t{3});
+  EXPECT_EQ(load.oTarnGraph()->Color, 255);
+  EXPECT_EQ(load.oTarnGraph()->points, 200);
+  EXPECT_TRUE(load.oTarnGraph()->AxeYAuto);
   EXPECT_EQ(load.FunctionName, "Injection");
   EXPECT_EQ(load.FunctionAddress, 16);
 }

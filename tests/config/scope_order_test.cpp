@@ -55,7 +55,7 @@ TEST(ChangeScopeOrder, convertedItemsKeepTheirLooks) {
   list.Item("c")->ChangeCaption("Axis");
   list.moved("a", "c");
   ASSERT_EQ(list.text(), "b:G c:X1 a:G");
-  const oTarnGraph& curve = *list.Item("b")->oTarnGraph;
+  const oTarnGraph& curve = *list.Item("b")->oTarnGraph();
   EXPECT_EQ(curve.Caption, "Load");
   EXPECT_EQ(curve.Color, 0x123456);
   EXPECT_TRUE(curve.AxeYAuto);
@@ -63,8 +63,8 @@ TEST(ChangeScopeOrder, convertedItemsKeepTheirLooks) {
   ScopeList axis("a:G b:X1");
   axis.Item("b")->ChangeCaption("Axis");
   axis.moved("b", "a");
-  EXPECT_EQ(axis.Item("b")->oTarnGraph->Caption, "Axis");
-  EXPECT_EQ(axis.Item("b")->oTarnGraph->Color, 0xFF0000);
+  EXPECT_EQ(axis.Item("b")->oTarnGraph()->Caption, "Axis");
+  EXPECT_EQ(axis.Item("b")->oTarnGraph()->Color, 0xFF0000);
 }
 
 TEST(ChangeScopeOrder, triggersGoOnWatchingTheSameItem) {
@@ -118,7 +118,7 @@ TEST(InsertScopes, undoARemovalThatNothingReferredTo) {
   watch(*list.stopTrigger, 3);
   std::vector<oTarnParameters::PlacedScope> removed;
   removed.push_back({list.removeScope(1), 1});
-  list.Item("d")->oTarnGraphAxeX->index = 1;
+  list.Item("d")->oTarnGraphAxeX()->index = 1;
   list.insertScopes(std::move(removed));
   EXPECT_EQ(list.text(), "a:D b:G c:I2 d:X2");
   EXPECT_EQ(list.stopTrigger->DataIndex, 3);
@@ -129,6 +129,6 @@ TEST(CheckAndCorrect, turnsWhatRefersToNoGraphIntoAGraph) {
   ScopeList list("a:D b:I1 c:X9 d:G e:I4 f:X4 g:I0 h:X-1");
   list.Item("b")->ChangeCaption("lost");
   EXPECT_EQ(list.corrected().text(), "a:D b:G c:G d:G e:I4 f:X4 g:G h:G");
-  EXPECT_EQ(list.Item("b")->oTarnGraph->Caption, "");
-  EXPECT_EQ(list.Item("b")->oTarnGraph->Color, 0xFF0000);
+  EXPECT_EQ(list.Item("b")->oTarnGraph()->Caption, "");
+  EXPECT_EQ(list.Item("b")->oTarnGraph()->Color, 0xFF0000);
 }

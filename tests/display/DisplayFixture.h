@@ -20,7 +20,7 @@ struct Display {
 
   /// Adds the item with this display type; `refine` changes its settings.
   template <class Refine>
-  void add(ScriptedData& data, std::int32_t type, Refine refine) {
+  void add(ScriptedData& data, DisplayKind type, Refine refine) {
     oTarnScope item;
     item.varType = ferrox3::kDouble;
     item.index = ++count_;
@@ -28,12 +28,12 @@ struct Display {
     refine(item);
     addScopeToDisplay(scope.graphes(), item, data);
   }
-  void add(ScriptedData& data, std::int32_t type) {
+  void add(ScriptedData& data, DisplayKind type) {
     add(data, type, [](oTarnScope&) {});
   }
   /// A further curve on the graph of the item with this index.
   void addCurve(ScriptedData& data, std::int32_t graph) {
-    add(data, oTarnScope::kGraphIndex, [&](oTarnScope& item) { item.oTarnGraphIndex->index = graph; });
+    add(data, oTarnScope::kGraphIndex, [&](oTarnScope& item) { item.oTarnGraphIndex()->index = graph; });
   }
 
   Twips build() {

@@ -22,7 +22,7 @@ TEST(DisplayBuild, graphsShareWhatTheOtherBlocksLeave) {
 TEST(DisplayBuild, labelsOfCurvesStackInBands) {
   Display d;
   d.frame.setHeight(1350);
-  d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) { item.oTarnGraph->Caption = "Front"; });
+  d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) { item.oTarnGraph()->Caption = "Front"; });
   d.addCurve(d.load, 1);
   d.addCurve(d.brake, 1);
   EXPECT_EQ(d.build(), 0);
@@ -66,8 +66,8 @@ TEST(DisplayBuild, barIsAPixelHigherWhenBuiltThanWhenArranged) {
   Display d;
   d.add(d.gear, oTarnScope::kDigital);
   d.add(d.speed, oTarnScope::kBarGraph, [](oTarnScope& item) {
-    item.oTarnSlide->mini = 20;
-    item.oTarnSlide->maxi = 80;
+    item.oTarnSlide()->mini = 20;
+    item.oTarnSlide()->maxi = 80;
   });
   EXPECT_EQ(d.build(), 0);
   EXPECT_EQ(d.frame.callsTo("SL1"),

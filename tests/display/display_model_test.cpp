@@ -48,7 +48,7 @@ TEST(DisplayModel, referencesFindOnlyEarlierGraphs) {
 TEST(DisplayModel, theLastXAxisOfAGraphHolds) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
-  d.add(d.brake, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX->index = 1; });
+  d.add(d.brake, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX()->index = 1; });
   d.add(d.load, oTarnScope::kGraphAxeX,
         [](oTarnScope& item) { item.SetGraphAxeX("Throttle", false, 5, 95, 1); });
   const GrapheItem& graphe = d.scope.graphes().Item(1);

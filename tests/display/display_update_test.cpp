@@ -32,7 +32,7 @@ TEST(DisplayUpdate, curvesOfAnXYGraphShareTheirX) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.addCurve(d.brake, 1);
-  d.add(d.load, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX->index = 1; });
+  d.add(d.load, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX()->index = 1; });
   d.build();
   d.speed.setValue(12.5, "");
   d.brake.setValue(std::int32_t{1}, "");

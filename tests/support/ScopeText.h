@@ -13,7 +13,7 @@ inline constexpr char kScopeLetters[] = "NDBGIX";
 
 /// The display of an item: "G", or "I1" for a curve on the graph of item 1.
 inline std::string displayText(oTarnScope& scope) {
-  std::string text(1, kScopeLetters[scope.ScopeType()]);
+  std::string text(1, kScopeLetters[static_cast<std::size_t>(scope.ScopeType())]);
   if (const std::int32_t* const reference = scope.graphReference()) text += std::to_string(*reference);
   return text;
 }

@@ -4,21 +4,27 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/base/Overloaded.h"
 #include "ui/scope/ScopeOffers.h"
 
 namespace tarnlog {
 
-EditorParts editorParts(std::int32_t type) {
-  EditorParts parts;
-  parts.settings = type != oTarnScope::kNone;
-  parts.axis = type == oTarnScope::kBarGraph || type == oTarnScope::kGraph || type == oTarnScope::kGraphAxeX;
-  parts.axisIsX = type == oTarnScope::kGraphAxeX;
-  parts.automatic = type == oTarnScope::kGraph || type == oTarnScope::kGraphAxeX;
-  parts.points = type == oTarnScope::kGraph;
-  parts.colour =
-      type == oTarnScope::kBarGraph || type == oTarnScope::kGraph || type == oTarnScope::kGraphIndex;
-  parts.graphs = type == oTarnScope::kGraphIndex || type == oTarnScope::kGraphAxeX;
-  return parts;
+EditorParts editorParts(DisplayKind kind) {
+  switch (kind) {
+    case DisplayKind::kNone:
+      return {};
+    case DisplayKind::kDigital:
+      return {.settings = true};
+    case DisplayKind::kBarGraph:
+      return {.settings = true, .axis = true, .colour = true};
+    case DisplayKind::kGraph:
+      return {.settings = true, .axis = true, .automatic = true, .points = true, .colour = true};
+    case DisplayKind::kGraphIndex:
+      return {.settings = true, .colour = true, .graphs = true};
+    case DisplayKind::kGraphAxeX:
+      return {.settings = true, .axis = true, .axisIsX = true, .automatic = true, .graphs = true};
+  }
+  return {};
 }
 
 void ScopeEditor::setParameters(std::shared_ptr<oTarnParameters> parameters) {
@@ -72,37 +78,35 @@ std::optional<std::size_t> ScopeEditor::chosenGraph() const {
 }
 
 void ScopeEditor::load() {
-  oTarnScope* const scope = current();
+  const oTarnScope* const scope = current();
   if (scope == nullptr) return;
-  if (const std::int32_t* const graph = scope->graphReference()) values_.graph = *graph;
-  switch (scope->ScopeType()) {
-    case oTarnScope::kDigital:
-      values_.caption = scope->oTarnNumeric->Caption;
-      break;
-    case oTarnScope::kBarGraph:
-      values_.caption = scope->oTarnSlide->Caption;
-      values_.mini = scope->oTarnSlide->mini;
-      values_.maxi = scope->oTarnSlide->maxi;
-      values_.colour = scope->oTarnSlide->Color;
-      break;
-    case oTarnScope::kGraph:
-      values_.caption = scope->oTarnGraph->Caption;
-      loadAxis(scope->oTarnGraph->AxeYAuto, scope->oTarnGraph->AxeYmini, scope->oTarnGraph->AxeYmaxi);
-      values_.points = scope->oTarnGraph->points;
-      values_.colour = scope->oTarnGraph->Color;
-      break;
-    case oTarnScope::kGraphIndex:
-      values_.caption = scope->oTarnGraphIndex->Caption;
-      values_.colour = scope->oTarnGraphIndex->Color;
-      break;
-    case oTarnScope::kGraphAxeX:
-      values_.caption = scope->oTarnGraphAxeX->Caption;
-      loadAxis(scope->oTarnGraphAxeX->axeXAuto, scope->oTarnGraphAxeX->axeXmini,
-               scope->oTarnGraphAxeX->axeXmaxi);
-      break;
-    default:
-      break;
-  }
+  std::visit(Overloaded{
+                 [](const NoDisplay&) {},
+                 [&](const oTarnNumeric& digital) { values_.caption = digital.Caption; },
+                 [&](const oTarnSlide& bar) {
+                   values_.caption = bar.Caption;
+                   values_.mini = bar.mini;
+                   values_.maxi = bar.maxi;
+                   values_.colour = bar.Color;
+                 },
+                 [&](const oTarnGraph& graph) {
+                   values_.caption = graph.Caption;
+                   loadAxis(graph.AxeYAuto, graph.AxeYmini, graph.AxeYmaxi);
+                   values_.points = graph.points;
+                   values_.colour = graph.Color;
+                 },
+                 [&](const oTarnGraphIndex& curve) {
+                   values_.caption = curve.Caption;
+                   values_.colour = curve.Color;
+                   values_.graph = curve.index;
+                 },
+                 [&](const oTarnGraphAxeX& axis) {
+                   values_.caption = axis.Caption;
+                   loadAxis(axis.axeXAuto, axis.axeXmini, axis.axeXmaxi);
+                   values_.graph = axis.index;
+                 },
+             },
+             scope->display());
 }
 
 void ScopeEditor::loadAxis(bool automatic, double mini, double maxi) {
@@ -111,23 +115,34 @@ void ScopeEditor::loadAxis(bool automatic, double mini, double maxi) {
   values_.maxi = maxi;
 }
 
-bool ScopeEditor::chooseType(std::int32_t type) {
+bool ScopeEditor::chooseType(DisplayKind type) {
   oTarnScope* const scope = current();
   if (scope == nullptr || type == scope->ScopeType()) return false;
-  const std::vector<std::int32_t> types = offeredTypes(*parameters_, *scope).types;
+  const std::vector<DisplayKind> types = offeredTypes(*parameters_, *scope).types;
   if (std::find(types.begin(), types.end(), type) == types.end()) return false;
-  if (type == oTarnScope::kNone) scope->SetNone();
-  if (type == oTarnScope::kDigital) scope->SetNumeric(values_.caption);
-  if (type == oTarnScope::kBarGraph)
-    scope->SetSlide(values_.caption, values_.mini, values_.maxi, values_.colour);
-  if (type == oTarnScope::kGraph)
-    scope->SetGraph(values_.caption, values_.automatic, values_.mini, values_.maxi, values_.points,
-                    values_.colour);
-  if (type == oTarnScope::kGraphIndex && !becomeCurve(*scope)) return false;
-  if (type == oTarnScope::kGraphAxeX && !becomeXAxis(*scope)) return false;
+  become(*scope, type);
+  if (scope->ScopeType() != type) return false;
   parameters_->CheckAndCorrect();
   load();
   return true;
+}
+
+void ScopeEditor::become(oTarnScope& scope, DisplayKind type) {
+  switch (type) {
+    case DisplayKind::kNone:
+      return scope.SetNone();
+    case DisplayKind::kDigital:
+      return scope.SetNumeric(values_.caption);
+    case DisplayKind::kBarGraph:
+      return scope.SetSlide(values_.caption, values_.mini, values_.maxi, values_.colour);
+    case DisplayKind::kGraph:
+      return scope.SetGraph(values_.caption, values_.automatic, values_.mini, values_.maxi, values_.points,
+                            values_.colour);
+    case DisplayKind::kGraphIndex:
+      return becomeCurve(scope);
+    case DisplayKind::kGraphAxeX:
+      return becomeXAxis(scope);
+  }
 }
 
 /// The graph that the item belonged to last, when it is offered, else the first one.
@@ -137,18 +152,16 @@ std::int32_t ScopeEditor::reference(const std::vector<const oTarnScope*>& graphs
   return offered ? values_.graph : graphs.front()->index;
 }
 
-bool ScopeEditor::becomeCurve(oTarnScope& scope) {
-  const auto offered = offeredGraphs(*parameters_, scope, oTarnScope::kGraphIndex);
-  if (offered.empty()) return false;
-  scope.SetGraphIndex(values_.colour, static_cast<float>(reference(offered)));
-  return true;
+void ScopeEditor::becomeCurve(oTarnScope& scope) {
+  const auto offered = offeredGraphs(*parameters_, scope, DisplayKind::kGraphIndex);
+  if (!offered.empty()) scope.SetGraphIndex(values_.colour, static_cast<float>(reference(offered)));
 }
 
-bool ScopeEditor::becomeXAxis(oTarnScope& scope) {
-  const auto offered = offeredGraphs(*parameters_, scope, oTarnScope::kGraphAxeX);
-  if (offered.empty()) return false;
-  scope.SetGraphAxeX(values_.caption, values_.automatic, values_.mini, values_.maxi, reference(offered));
-  return true;
+/// Graphs that are offered may all have their X axis.
+void ScopeEditor::becomeXAxis(oTarnScope& scope) {
+  const auto offered = offeredGraphs(*parameters_, scope, DisplayKind::kGraphAxeX);
+  if (!offered.empty())
+    scope.SetGraphAxeX(values_.caption, values_.automatic, values_.mini, values_.maxi, reference(offered));
 }
 
 bool ScopeEditor::changeCaption(const std::string& caption) {

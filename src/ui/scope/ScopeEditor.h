@@ -13,7 +13,7 @@
 
 namespace tarnlog {
 
-/// Which editors a display type has.
+/// Which editors a kind of display has.
 struct EditorParts {
   bool settings = false;   ///< anything at all
   bool axis = false;       ///< minimum and maximum
@@ -23,7 +23,7 @@ struct EditorParts {
   bool colour = false;
   bool graphs = false;  ///< the list of graphs to belong to
 };
-EditorParts editorParts(std::int32_t type);
+EditorParts editorParts(DisplayKind kind);
 
 /// What the editors hold. Settings that the item's type lacks keep the values they had for the same item, so
 /// that trying another type and coming back loses nothing.
@@ -62,7 +62,7 @@ class ScopeEditor {
   std::optional<std::size_t> chosenGraph() const;
 
   /// A type that is not offered, or that the item has already, changes nothing.
-  bool chooseType(std::int32_t type);
+  bool chooseType(DisplayKind type);
   bool changeCaption(const std::string& caption);
   bool changeAutomatic(bool automatic);
   bool changeMini(double mini);
@@ -81,8 +81,9 @@ class ScopeEditor {
   void load();
   void loadAxis(bool automatic, double mini, double maxi);
   bool changeAxis();
-  bool becomeCurve(oTarnScope& scope);
-  bool becomeXAxis(oTarnScope& scope);
+  void become(oTarnScope& scope, DisplayKind type);
+  void becomeCurve(oTarnScope& scope);
+  void becomeXAxis(oTarnScope& scope);
   std::int32_t reference(const std::vector<const oTarnScope*>& graphs) const;
   bool moveTo(std::size_t position);
 

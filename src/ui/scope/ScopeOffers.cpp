@@ -1,8 +1,8 @@
 #include "ui/scope/ScopeOffers.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
-
-#include "platform/ferrox3/Value.h"
 
 namespace tarnlog {
 
@@ -18,27 +18,38 @@ std::vector<const oTarnScope*> graphsBefore(const oTarnParameters& parameters, c
   return graphs;
 }
 
+bool offers(const TypeOffer& offer, DisplayKind kind) {
+  switch (kind) {
+    case DisplayKind::kNone:
+    case DisplayKind::kDigital:
+      return true;
+    case DisplayKind::kBarGraph:
+    case DisplayKind::kGraph:
+      return offer.number;
+    case DisplayKind::kGraphIndex:
+    case DisplayKind::kGraphAxeX:
+      return offer.number && offer.graphBefore;
+  }
+  return false;
+}
+
 }  // namespace
 
 TypeOffer offeredTypes(const oTarnParameters& parameters, const oTarnScope& scope) {
-  TypeOffer offer{{oTarnScope::kNone, oTarnScope::kDigital}, false, false};
-  offer.number = scope.varType == ferrox3::kInteger || scope.varType == ferrox3::kDouble;
-  offer.graphBefore = !graphsBefore(parameters, scope).empty();
-  if (!offer.number) return offer;
-  offer.types.insert(offer.types.end(), {oTarnScope::kBarGraph, oTarnScope::kGraph});
-  if (offer.graphBefore)
-    offer.types.insert(offer.types.end(), {oTarnScope::kGraphIndex, oTarnScope::kGraphAxeX});
+  TypeOffer offer{{}, scope.isNumber(), !graphsBefore(parameters, scope).empty()};
+  std::copy_if(kDisplayKinds.begin(), kDisplayKinds.end(), std::back_inserter(offer.types),
+               [&](DisplayKind kind) { return offers(offer, kind); });
   return offer;
 }
 
 std::vector<const oTarnScope*> offeredGraphs(const oTarnParameters& parameters, const oTarnScope& scope,
-                                             std::int32_t type) {
+                                             DisplayKind type) {
   std::vector<const oTarnScope*> graphs = graphsBefore(parameters, scope);
   if (type != oTarnScope::kGraphAxeX) return graphs;
   std::unordered_set<std::int32_t> taken;
   for (const oTarnScope& other : parameters)
     if (&other != &scope && other.ScopeType() == oTarnScope::kGraphAxeX)
-      taken.insert(other.oTarnGraphAxeX->index);
+      taken.insert(*other.graphReference());
   std::erase_if(graphs, [&](const oTarnScope* graph) { return taken.contains(graph->index); });
   return graphs;
 }

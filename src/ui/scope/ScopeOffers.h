@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "config/oTarnParameters.h"
@@ -9,9 +8,9 @@
 namespace tarnlog {
 
 struct TypeOffer {
-  std::vector<std::int32_t> types;  ///< ScopeType codes, ascending
-  bool number = false;              ///< texts and bytes can be shown as digits only
-  bool graphBefore = false;         ///< curves and X axes need a graph above them in the list
+  std::vector<DisplayKind> types;
+  bool number = false;       ///< texts and bytes can be shown as digits only
+  bool graphBefore = false;  ///< curves and X axes need a graph above them in the list
 };
 
 TypeOffer offeredTypes(const oTarnParameters& parameters, const oTarnScope& scope);
@@ -19,6 +18,6 @@ TypeOffer offeredTypes(const oTarnParameters& parameters, const oTarnScope& scop
 /// The graphs above `scope` that it can be a curve on (`type` GraphIndex) or give the X axis of (GraphAxeX:
 /// without those that another item gives it already). A position in the screen's list is one in this list.
 std::vector<const oTarnScope*> offeredGraphs(const oTarnParameters& parameters, const oTarnScope& scope,
-                                             std::int32_t type);
+                                             DisplayKind type);
 
 }  // namespace tarnlog

@@ -176,7 +176,7 @@ void ScopePanel::alignLabels() {
 void ScopePanel::connectEditors() {
   connect(scopeType_, &QComboBox::currentIndexChanged, this, [this](int index) {
     if (loading_ || index < 0) return;
-    if (editor_.chooseType(scopeType_->itemData(index).toInt())) {
+    if (editor_.chooseType(static_cast<DisplayKind>(scopeType_->itemData(index).toInt()))) {
       emit typeEdited();
     } else {
       load();
@@ -239,13 +239,13 @@ void ScopePanel::loadTypes() {
   const oTarnScope* const scope = editor_.current();
   TypeOffer offer{{oTarnScope::kNone}, true, true};
   if (scope != nullptr) offer = offeredTypes(*editor_.Parameters(), *scope);
-  const std::int32_t type = scope == nullptr ? oTarnScope::kNone : scope->ScopeType();
+  const DisplayKind type = scope == nullptr ? oTarnScope::kNone : scope->ScopeType();
   scopeType_->clear();
-  for (const std::int32_t each : offer.types) {
-    scopeType_->addItem(typeName(each), each);
+  for (const DisplayKind each : offer.types) {
+    scopeType_->addItem(typeName(each), static_cast<int>(each));
     scopeType_->setItemData(scopeType_->count() - 1, typeHint(each), Qt::ToolTipRole);
   }
-  scopeType_->setCurrentIndex(scopeType_->findData(type));
+  scopeType_->setCurrentIndex(scopeType_->findData(static_cast<int>(type)));
   scopeType_->setPlaceholderText(typeName(type));  // a type that a file gave and that is not on offer
   const QString why = whyNotOffered(offer);
   scopeType_->setToolTip(why.isEmpty() ? typeHint(type) : why);

@@ -7,16 +7,13 @@ namespace tarnlog {
 namespace {
 
 std::optional<std::int32_t> ownColour(const oTarnScope& scope) {
-  switch (scope.ScopeType()) {
-    case oTarnScope::kBarGraph:
-      return scope.oTarnSlide->Color;
-    case oTarnScope::kGraph:
-      return scope.oTarnGraph->Color;
-    case oTarnScope::kGraphIndex:
-      return scope.oTarnGraphIndex->Color;
-    default:
+  const auto find = [](const auto& settings) -> std::optional<std::int32_t> {
+    if constexpr (requires { settings.Color; })
+      return settings.Color;
+    else
       return std::nullopt;
-  }
+  };
+  return std::visit(find, scope.display());
 }
 
 /// `find` gives the item of an `index`, or null.

@@ -15,7 +15,7 @@ struct ScopeRow {
   std::string data;
   std::string request;
   std::string ecu;
-  std::int32_t type = oTarnScope::kNone;
+  DisplayKind type = DisplayKind::kNone;
   std::string graph;                   ///< data name of the graph that a curve or an X axis belongs to
   std::optional<std::int32_t> colour;  ///< 0x00BBGGRR, of types that are drawn in a colour of their own
 };

@@ -21,18 +21,19 @@ void oneGraph(const std::vector<oTarnScope*>& items) {
 
 void lastGivesXAxis(const std::vector<oTarnScope*>& items) {
   oTarnScope& last = *items.back();
-  if (last.ScopeType() == oTarnScope::kGraphIndex)
-    last.SetGraphAxeX("", true, kMini, kMaxi, last.oTarnGraphIndex->index);
+  if (const oTarnGraphIndex* const curve = last.oTarnGraphIndex())
+    last.SetGraphAxeX("", true, kMini, kMaxi, curve->index);
 }
 
 bool unifyPoints(const std::vector<oTarnScope*>& items) {
-  const oTarnScope* first = nullptr;
+  const oTarnGraph* first = nullptr;
   bool changed = false;
   for (oTarnScope* const scope : items) {
-    if (scope->ScopeType() != oTarnScope::kGraph) continue;
-    if (first == nullptr) first = scope;
-    changed |= scope->oTarnGraph->points != first->oTarnGraph->points;
-    scope->ChangeAxeXNbPoints(first->oTarnGraph->points);
+    oTarnGraph* const graph = scope->oTarnGraph();
+    if (graph == nullptr) continue;
+    if (first == nullptr) first = graph;
+    changed |= graph->points != first->points;
+    graph->points = first->points;
   }
   return changed;
 }

@@ -14,44 +14,55 @@ struct Screen {
 
 }  // namespace
 
-QString typeName(std::int32_t type) {
+QString typeName(DisplayKind type) {
   switch (type) {
-    case oTarnScope::kDigital:
-      return Screen::tr("Digital");
-    case oTarnScope::kBarGraph:
-      return Screen::tr("BarGraph");
-    case oTarnScope::kGraph:
-      return Screen::tr("Graph");
-    case oTarnScope::kGraphIndex:
-      return Screen::tr("GraphIndex");
-    case oTarnScope::kGraphAxeX:
-      return Screen::tr("GraphAxeX");
-    default:
+    case DisplayKind::kNone:
       return Screen::tr("None");
+    case DisplayKind::kDigital:
+      return Screen::tr("Digital");
+    case DisplayKind::kBarGraph:
+      return Screen::tr("BarGraph");
+    case DisplayKind::kGraph:
+      return Screen::tr("Graph");
+    case DisplayKind::kGraphIndex:
+      return Screen::tr("GraphIndex");
+    case DisplayKind::kGraphAxeX:
+      return Screen::tr("GraphAxeX");
   }
+  return {};
 }
 
-QString typeHint(std::int32_t type) {
+QString typeHint(DisplayKind type) {
   switch (type) {
-    case oTarnScope::kDigital:
-      return Screen::tr("The value as digits or text");
-    case oTarnScope::kBarGraph:
-      return Screen::tr("A bar between a minimum and a maximum");
-    case oTarnScope::kGraph:
-      return Screen::tr("A graph of its own against time");
-    case oTarnScope::kGraphIndex:
-      return Screen::tr("A further curve on the graph of a data above");
-    case oTarnScope::kGraphAxeX:
-      return Screen::tr("The X axis of the graph of a data above");
-    default:
+    case DisplayKind::kNone:
       return Screen::tr("Recorded, and not shown");
+    case DisplayKind::kDigital:
+      return Screen::tr("The value as digits or text");
+    case DisplayKind::kBarGraph:
+      return Screen::tr("A bar between a minimum and a maximum");
+    case DisplayKind::kGraph:
+      return Screen::tr("A graph of its own against time");
+    case DisplayKind::kGraphIndex:
+      return Screen::tr("A further curve on the graph of a data above");
+    case DisplayKind::kGraphAxeX:
+      return Screen::tr("The X axis of the graph of a data above");
   }
+  return {};
 }
 
 QString typeText(const ScopeRow& row) {
-  if (row.type == oTarnScope::kGraphIndex) return Screen::tr("Graph (%1)").arg(toQString(row.graph));
-  if (row.type == oTarnScope::kGraphAxeX) return Screen::tr("X Axis Graph(%1)").arg(toQString(row.graph));
-  return typeName(row.type);
+  switch (row.type) {
+    case DisplayKind::kNone:
+    case DisplayKind::kDigital:
+    case DisplayKind::kBarGraph:
+    case DisplayKind::kGraph:
+      return typeName(row.type);
+    case DisplayKind::kGraphIndex:
+      return Screen::tr("Graph (%1)").arg(toQString(row.graph));
+    case DisplayKind::kGraphAxeX:
+      return Screen::tr("X Axis Graph(%1)").arg(toQString(row.graph));
+  }
+  return {};
 }
 
 QString whyNotOffered(const TypeOffer& offer) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <cstdint>
 
 #include "ui/scope/ScopeOffers.h"
 #include "ui/scope/ScopeRow.h"
@@ -10,9 +9,9 @@
 namespace tarnlog {
 
 /// A display type in the list of types.
-QString typeName(std::int32_t type);
+QString typeName(DisplayKind type);
 /// One sentence on what it shows.
-QString typeHint(std::int32_t type);
+QString typeHint(DisplayKind type);
 /// How an item is shown, in its row.
 QString typeText(const ScopeRow& row);
 /// Which types are missing from the offer and why; empty when none is.

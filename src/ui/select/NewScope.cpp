@@ -1,6 +1,5 @@
 #include "ui/select/NewScope.h"
 
-#include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
@@ -10,14 +9,11 @@ namespace {
 constexpr std::int32_t kBlue = 0xFF0000;
 
 void setDefaultDisplay(oTarnScope& scope, XmlElement data) {
-  if (scope.varType != ferrox3::kInteger && scope.varType != ferrox3::kDouble) {
+  if (scope.isNumber())
+    scope.SetGraph("", true, leadingNumber(data.attributeOrEmpty("min")),
+                   leadingNumber(data.attributeOrEmpty("max")), oTarnGraph::kDefaultPoints, kBlue);
+  else
     scope.SetNumeric("");
-    return;
-  }
-  scope.SetGraph("", true, 0, 100, oTarnGraph::kDefaultPoints, kBlue);
-  scope.oTarnGraph->AxeYmini = leadingNumber(data.attributeOrEmpty("min"));
-  scope.oTarnGraph->AxeYmaxi = leadingNumber(data.attributeOrEmpty("max"));
-  scope.oTarnGraph->AxeYAuto = true;
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ RemovedItems::RemovedItems(const oTarnParameters& parameters)
     const std::int32_t* const to = scope.graphReference();
     if (to == nullptr) continue;
     Reference reference{scope.DataKey, keyAt(parameters, *to), scope.ScopeType(), {}};
-    if (reference.type == oTarnScope::kGraphIndex) reference.curve = *scope.oTarnGraphIndex;
+    if (const oTarnGraphIndex* const curve = scope.oTarnGraphIndex()) reference.curve = *curve;
     references_.push_back(std::move(reference));
   }
 }

@@ -30,7 +30,7 @@ class RemovedItems {
   struct Reference {
     std::string from;
     std::string to;  ///< empty: to nothing
-    std::int32_t type;
+    DisplayKind type;
     oTarnGraphIndex curve;  ///< as it was, when it is one
   };
 

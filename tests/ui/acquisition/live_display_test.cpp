@@ -56,8 +56,8 @@ TEST(LiveDisplay, ShowsTheCurrentValuesInEveryKindOfBlock) {
   d.addCurve(d.brake, 1);
   d.add(d.gear, oTarnScope::kDigital);
   d.add(d.load, oTarnScope::kBarGraph, [](oTarnScope& item) {
-    item.oTarnSlide->mini = 0;
-    item.oTarnSlide->maxi = 100;
+    item.oTarnSlide()->mini = 0;
+    item.oTarnSlide()->maxi = 100;
   });
   d.buildLive();
   d.brake.setValue(std::int32_t{1}, "Pressed");
@@ -90,7 +90,7 @@ TEST(LiveDisplay, ShowsTheCurrentValuesInEveryKindOfBlock) {
 TEST(LiveDisplay, DrawsAThousandBlocksOfAnythingAndFreesThem) {
   LiveDisplay d(QSize(600, 1));
   for (int i = 0; i < 1000; ++i) {
-    const std::int32_t kinds[] = {oTarnScope::kGraph, oTarnScope::kDigital, oTarnScope::kBarGraph};
+    const DisplayKind kinds[] = {oTarnScope::kGraph, oTarnScope::kDigital, oTarnScope::kBarGraph};
     d.add(i % 2 == 0 ? d.speed : d.gear, kinds[i % 3]);
   }
   EXPECT_GT(d.buildLive(), 0);
@@ -207,7 +207,7 @@ TEST(LiveDisplay, TextsCanBeReadOnLightAndDarkDesktops) {
   dark.setColor(QPalette::Base, QColor(30, 30, 30));
   dark.setColor(QPalette::WindowText, Qt::white);
   LiveDisplay d;
-  d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) { item.oTarnGraph->Color = 0x800000; });
+  d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) { item.oTarnGraph()->Color = 0x800000; });
   d.add(d.gear, oTarnScope::kDigital);
   d.buildLive();
   const auto contrast = [&](const char* name) {

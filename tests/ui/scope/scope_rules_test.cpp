@@ -41,7 +41,7 @@ struct Screen {
     for (const oTarnScope* const graph : editor.graphs()) keys += graph->DataKey;
     return keys;
   }
-  std::string as(std::int32_t type) {
+  std::string as(DisplayKind type) {
     editor.chooseType(type);
     return list->text();
   }
@@ -73,22 +73,22 @@ TEST(ScopeEditor, ChangingTheTypeTakesWhatTheEditorsHold) {
   screen.at(1).SetGraph("speed", false, -5, 250, 800, 0x40FF00);
   screen.show(1);
   screen.as(kBarGraph);
-  EXPECT_EQ(screen.at(1).oTarnSlide->Caption, "speed");
-  EXPECT_EQ(screen.at(1).oTarnSlide->mini, -5);
-  EXPECT_EQ(screen.at(1).oTarnSlide->maxi, 250);
-  EXPECT_EQ(screen.at(1).oTarnSlide->Color, 0x40FF00);
+  EXPECT_EQ(screen.at(1).oTarnSlide()->Caption, "speed");
+  EXPECT_EQ(screen.at(1).oTarnSlide()->mini, -5);
+  EXPECT_EQ(screen.at(1).oTarnSlide()->maxi, 250);
+  EXPECT_EQ(screen.at(1).oTarnSlide()->Color, 0x40FF00);
   screen.as(kNone);
   screen.as(kDigital);
-  EXPECT_EQ(screen.at(1).oTarnNumeric->Caption, "speed");
+  EXPECT_EQ(screen.at(1).oTarnNumeric()->Caption, "speed");
   screen.as(kGraph);
-  EXPECT_FALSE(screen.at(1).oTarnGraph->AxeYAuto);
-  EXPECT_EQ(screen.at(1).oTarnGraph->points, 800);
+  EXPECT_FALSE(screen.at(1).oTarnGraph()->AxeYAuto);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->points, 800);
 
   screen.show(2).as(kGraph);  // nothing of the item before
-  EXPECT_EQ(screen.at(2).oTarnGraph->Caption, "");
-  EXPECT_TRUE(screen.at(2).oTarnGraph->AxeYAuto);
-  EXPECT_EQ(screen.at(2).oTarnGraph->AxeYmaxi, 100);
-  EXPECT_EQ(screen.at(2).oTarnGraph->Color, kScopePalette[1]);
+  EXPECT_EQ(screen.at(2).oTarnGraph()->Caption, "");
+  EXPECT_TRUE(screen.at(2).oTarnGraph()->AxeYAuto);
+  EXPECT_EQ(screen.at(2).oTarnGraph()->AxeYmaxi, 100);
+  EXPECT_EQ(screen.at(2).oTarnGraph()->Color, kScopePalette[1]);
 }
 
 TEST(ScopeEditor, WhatBelongedToAGraphBecomesOne) {
@@ -124,15 +124,15 @@ TEST(ScopeEditor, EditsGoIntoTheSettingsOfTheType) {
   screen.editor.changePoints(42);
   screen.editor.changeCaption("x");
   EXPECT_TRUE(screen.editor.rangeEnabled());
-  EXPECT_FALSE(screen.at(1).oTarnGraph->AxeYAuto);
-  EXPECT_EQ(screen.at(1).oTarnGraph->AxeYmaxi, 1e-9);
-  EXPECT_EQ(screen.at(1).oTarnGraph->points, 42);
-  EXPECT_EQ(screen.at(1).oTarnGraph->Caption, "x");
+  EXPECT_FALSE(screen.at(1).oTarnGraph()->AxeYAuto);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->AxeYmaxi, 1e-9);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->points, 42);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->Caption, "x");
 
   screen.show(2);
   EXPECT_TRUE(screen.editor.parts().axisIsX);
   screen.editor.changeMini(-3);
-  EXPECT_EQ(screen.at(2).oTarnGraphAxeX->axeXmini, -3);
+  EXPECT_EQ(screen.at(2).oTarnGraphAxeX()->axeXmini, -3);
   EXPECT_FALSE(screen.editor.changeColour(1));
   EXPECT_FALSE(screen.show(3).editor.changePoints(7));
 }
@@ -159,11 +159,11 @@ TEST(ScopeAction, OneGraphGoesRoundThePalette) {
   Screen screen("a:D b:D c:D d:D e:D f:D g:D h:D i:D j:D");
   EXPECT_EQ(screen.apply(ScopeAction::Single, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10}),
             "a:G b:I1 c:I1 d:I1 e:I1 f:I1 g:I1 h:I1 i:I1 j:I1");
-  EXPECT_EQ(screen.at(1).oTarnGraph->Color, 0xFF0000);
-  EXPECT_EQ(screen.at(2).oTarnGraphIndex->Color, 0x0000FF);
-  EXPECT_EQ(screen.at(8).oTarnGraphIndex->Color, 0x000000);
-  EXPECT_EQ(screen.at(9).oTarnGraphIndex->Color, 0xFF0000);
-  EXPECT_EQ(screen.at(10).oTarnGraphIndex->Color, 0x0000FF);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->Color, 0xFF0000);
+  EXPECT_EQ(screen.at(2).oTarnGraphIndex()->Color, 0x0000FF);
+  EXPECT_EQ(screen.at(8).oTarnGraphIndex()->Color, 0x000000);
+  EXPECT_EQ(screen.at(9).oTarnGraphIndex()->Color, 0xFF0000);
+  EXPECT_EQ(screen.at(10).oTarnGraphIndex()->Color, 0x0000FF);
 }
 
 TEST(ScopeAction, ChangesTheSelectedItemsOnly) {
@@ -183,10 +183,10 @@ TEST(ScopeAction, UnifyCopiesThePointsOfTheFirstGraph) {
   screen.at(1).ChangeAxeXNbPoints(10);
   screen.at(3).ChangeAxeXNbPoints(30);
   EXPECT_EQ(screen.apply(ScopeAction::Unify, {2, 3, 4, 5}), "a:G b:D c:G d:I1 e:G");
-  EXPECT_EQ(screen.at(1).oTarnGraph->points, 10);
-  EXPECT_EQ(screen.at(5).oTarnGraph->points, 30);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->points, 10);
+  EXPECT_EQ(screen.at(5).oTarnGraph()->points, 30);
   EXPECT_FALSE(screen.editor.apply(ScopeAction::Unify, {1})) << "with one graph nothing changes";
-  EXPECT_EQ(screen.at(1).oTarnGraph->points, 10);
+  EXPECT_EQ(screen.at(1).oTarnGraph()->points, 10);
 }
 
 }  // namespace

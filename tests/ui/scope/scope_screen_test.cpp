@@ -89,10 +89,10 @@ TEST_F(ScopeScreen, ShowingItemsWritesNothingBack) {
     EXPECT_EQ(child<QWidget>(name)->focusPolicy(), Qt::StrongFocus);
   }
   EXPECT_EQ(edited_.count(), 0);
-  EXPECT_EQ(at(1).oTarnGraph->AxeYmini, 1e-9);
+  EXPECT_EQ(at(1).oTarnGraph()->AxeYmini, 1e-9);
   child<CWNumEdit>("AxeYmaxi")->setValue(3);
-  EXPECT_EQ(at(1).oTarnGraph->AxeYmini, 1e-9);
-  EXPECT_EQ(at(1).oTarnGraph->AxeYmaxi, 3);
+  EXPECT_EQ(at(1).oTarnGraph()->AxeYmini, 1e-9);
+  EXPECT_EQ(at(1).oTarnGraph()->AxeYmaxi, 3);
   EXPECT_EQ(edited_.count(), 1);
 }
 
@@ -134,7 +134,7 @@ TEST_F(ScopeScreen, TypingACaptionDisturbsNothing) {
   QTest::keyClicks(caption, "ac");
   QTest::keyClick(caption, Qt::Key_Left);
   QTest::keyClicks(caption, "b");
-  EXPECT_EQ(at(1).oTarnGraph->Caption, "abc");
+  EXPECT_EQ(at(1).oTarnGraph()->Caption, "abc");
   EXPECT_EQ(caption->cursorPosition(), 2);
   EXPECT_TRUE(caption->hasFocus());
   EXPECT_EQ(reset.count(), 0);
@@ -155,7 +155,7 @@ TEST_F(ScopeScreen, TheColourComesFromTheDialog) {
   EXPECT_EQ(edited_.count(), 0);
   answer = QColor(255, 128, 0);
   QTest::keyClick(box, Qt::Key_Space);
-  EXPECT_EQ(at(1).oTarnGraph->Color, 0x0080FF);
+  EXPECT_EQ(at(1).oTarnGraph()->Color, 0x0080FF);
   EXPECT_EQ(view_->model()->index(0, 3).data(Qt::ForegroundRole).value<QColor>(), *answer);
   EXPECT_EQ(edited_.count(), 1);
 }

@@ -53,15 +53,15 @@ TEST_F(Selection, addingMakesItemsWithIdentityAndDefaultDisplay) {
   EXPECT_EQ(items(), "Key:G Mode:D Speed:G") << "as they stand in the tree";
   EXPECT_EQ(list(), "Key Mode [Speed]");
   EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status[Load Raw]]");
-  const oTarnScope& speed = item("Speed");
+  oTarnScope& speed = item("Speed");
   EXPECT_EQ(speed.EcuName + speed.FunctionName + speed.RequestName + speed.DeviceName + speed.Unit,
             "EngineInjectionStatusWheel sensorkm/h");
   EXPECT_EQ(speed.FunctionAddress, 16);
   EXPECT_EQ(parameters->Item(speed.DataKey), &speed);
-  EXPECT_TRUE(speed.oTarnGraph->AxeYAuto);
-  EXPECT_EQ(speed.oTarnGraph->AxeYmaxi, 250);
-  EXPECT_EQ(speed.oTarnGraph->points, 500);
-  EXPECT_EQ(speed.oTarnGraph->position.left, -1);
+  EXPECT_TRUE(speed.oTarnGraph()->AxeYAuto);
+  EXPECT_EQ(speed.oTarnGraph()->AxeYmaxi, 250);
+  EXPECT_EQ(speed.oTarnGraph()->points, 500);
+  EXPECT_EQ(speed.oTarnGraph()->position.left, -1);
 }
 
 TEST_F(Selection, aRequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) {
@@ -171,8 +171,8 @@ TEST_F(Selection, undoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
   EXPECT_EQ(items(), before + " Front:G");
   EXPECT_EQ(list(), "Mode [Speed] Load Key Front");
   EXPECT_EQ(tree(), "Brakes[Wheels[Rear]] Engine[Status[Raw]]");
-  EXPECT_EQ(item("Load").oTarnGraphIndex->Caption, "Torque");
-  EXPECT_EQ(item("Load").oTarnGraphIndex->Color, 0x123456);
+  EXPECT_EQ(item("Load").oTarnGraphIndex()->Caption, "Torque");
+  EXPECT_EQ(item("Load").oTarnGraphIndex()->Color, 0x123456);
   EXPECT_EQ(parameters->startTrigger->typeTrigger, oTarnTrigger::kChannel);
   EXPECT_EQ(parameters->startTrigger->DataIndex, 2);
   EXPECT_FALSE(rules.undoRemoval());

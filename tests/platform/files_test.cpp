@@ -161,11 +161,14 @@ TEST(Files, WhatOtherProgramsDoToThemIsTold) {
     EXPECT_TRUE(removed->failing());
     const auto cut = files.openForAppending(folder / "b.txt");
     for (int i = 0; i < 5; ++i) cut->write("row\r\n");
-    std::filesystem::resize_file(folder / "b.txt", 10);
+    std::filesystem::resize_file(folder / "b.txt", 12);
+    cut->write("last\r\n");
   }
+  EXPECT_EQ(files.readAll(folder / "b.txt"), "row\r\nrow\r\nro\r\nlast\r\n")
+      << "no row is glued to the cut one";
   EXPECT_EQ(files.told,
             (std::vector<std::string>{"the file was removed while it was being written",
-                                      "15 bytes were cut off by another program", "closed, lost 30 of 30"}));
+                                      "13 bytes were cut off by another program", "closed, lost 30 of 30"}));
 }
 
 TEST(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {

@@ -57,7 +57,7 @@ void NonWaitingStream::flush() {
 
 void NonWaitingStream::wait(std::optional<std::chrono::milliseconds> longest) {
   const auto end = SteadyClock::now() + longest.value_or(std::chrono::milliseconds(0));
-  for (flush(); !empty(); flush()) {
+  for (flush(); !empty() && !full_; flush()) {
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - SteadyClock::now()).count();
     if (longest && left <= 0) return;
     writable(longest ? static_cast<int>(left) : -1);
@@ -79,10 +79,12 @@ bool NonWaitingStream::writable(int milliseconds) const {
 void NonWaitingStream::drain() {
   const std::size_t piece = !own_ && ::isatty(descriptor_) != 0 ? kTerminalPiece : kPipePiece;
   std::size_t done = 0;
+  full_ = false;
   while (done < kept_.size() && writable(0)) {
     const ssize_t count = ::write(descriptor_, kept_.data() + done, std::min(piece, kept_.size() - done));
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0 && errno == EAGAIN) break;
+    full_ = count < 0 && (errno == ENOSPC || errno == EDQUOT);
+    if (full_ || (count < 0 && errno == EAGAIN)) break;
     // Nobody will read it any more.
     done = count < 0 ? kept_.size() : done + static_cast<std::size_t>(count);
   }

@@ -29,7 +29,7 @@ class NonWaitingStream {
   void flush();
   /// Whether all has been written.
   bool empty() const { return kept_.empty(); }
-  /// Waits until all is written or the reader is gone, at most for this time, if any.
+  /// Waits until all is written or the reader is gone, at most for this time, if any; not for room on a disk.
   void wait(std::optional<std::chrono::milliseconds> longest = {});
 
  private:
@@ -40,6 +40,7 @@ class NonWaitingStream {
   int descriptor_;
   bool own_;  ///< the descriptor is a second opening of the same terminal or pipe
   std::size_t bound_;
+  bool full_ = false;  ///< the disk that it goes to
   std::string kept_;
   std::size_t dropped_ = 0;  ///< lines
 };

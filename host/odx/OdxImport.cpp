@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -21,6 +22,7 @@ constexpr std::array<std::uint8_t, 5> kReadServices{
     service::kCurrentData, service::kVehicleInformation, service::kReadEcuIdentification,
     service::kReadDataByLocalIdentifier, service::kReadDataByIdentifier};
 constexpr std::int32_t kHighestCanIdentifier = 0x1FFFFFFF;
+constexpr std::int64_t kHighestAddress = std::numeric_limits<std::int32_t>::max();
 constexpr std::chrono::milliseconds kTimeout{200};
 constexpr std::chrono::milliseconds kPendingTimeout{5000};
 
@@ -85,7 +87,7 @@ class Importer {
     ecu.function = uniqueIn(functions_, ecu.name, shortName);
     ecu.protocol = usesKwp(ecu) ? "KWP2000" : "UDS";
     ecu.address = addressOf(layer, ecu);
-    ecu.responseAddress = responseAddressOf(layer, ecu.address);
+    ecu.responseAddress = responseAddressOf(layer, ecu);
     import_.vehicle.ecus.push_back(std::move(ecu));
   }
 
@@ -124,13 +126,14 @@ class Importer {
 
   std::int32_t addressOf(const OdxLayer& layer, const EcuDescription& ecu) {
     for (const char* name : {"CP_CanPhysReqId", "CP_DoIPLogicalEcuAddress", "CP_PhysReqTargetAddr"})
-      if (const auto address = layer.communicationParameter(name)) {
-        if (!addresses_.insert(*address).second)
+      if (const auto told = layer.communicationParameter(name); told && *told <= kHighestAddress) {
+        const auto address = static_cast<std::int32_t>(*told);
+        if (!addresses_.insert(address).second)
           import_.notes.push_back(fmt::format(
               "{}: another ECU has the address 0x{:X} too; if they are variants of one, keep the one "
               "that your car has",
-              ecu.function, *address));
-        return *address;
+              ecu.function, address));
+        return address;
       }
     const auto address = static_cast<std::int32_t>(import_.vehicle.ecus.size()) + 1;
     import_.notes.push_back(fmt::format("{}: the container does not tell its address; {} stands in for it",
@@ -139,13 +142,19 @@ class Importer {
   }
 
   /// Told only where it is not the one that follows from the request's identifier (ISO 15765-4).
-  static std::optional<std::int32_t> responseAddressOf(const OdxLayer& layer, std::int32_t address) {
+  std::optional<std::int32_t> responseAddressOf(const OdxLayer& layer, const EcuDescription& ecu) {
+    const std::int32_t address = ecu.address;
     const auto request = layer.communicationParameter("CP_CanPhysReqId");
     const auto response = layer.communicationParameter("CP_CanRespUSDTId");
-    if (request != address || !response || *response > kHighestCanIdentifier) return {};
+    if (request != address || !response) return {};
+    if (*response > kHighestCanIdentifier) {
+      import_.leftOut.push_back(
+          fmt::format("{}: its response identifier 0x{:X} has more than 29 bits", ecu.name, *response));
+      return {};
+    }
     const bool follows =
         isPhysical29(address) ? *response == (0x18DAF100 | (address >> 8 & 0xFF)) : *response == address + 8;
-    return follows ? std::nullopt : response;
+    return follows ? std::nullopt : std::optional(static_cast<std::int32_t>(*response));
   }
 
   static bool isPhysical29(std::int32_t identifier) { return (identifier & 0x1FFF00FF) == 0x18DA00F1; }

@@ -101,14 +101,13 @@ XmlElement OdxLayer::dataObjectOf(XmlElement parameter) const {
   return found == dataObjects_.end() ? XmlElement() : found->second;
 }
 
-std::optional<std::int32_t> OdxLayer::communicationParameter(const std::string& name) const {
+std::optional<std::int64_t> OdxLayer::communicationParameter(const std::string& name) const {
   for (const XmlElement layer : chain_)
     for (const XmlElement reference : layer.selectNodes("COMPARAM-REFS/COMPARAM-REF")) {
       const auto value = odxInteger(reference.firstChild("COMPLEX-VALUE")
                                         ? partOfComplex(library_.follow(reference), reference, name)
                                         : simpleValue(reference, name));
-      if (value && *value >= 0 && *value <= std::numeric_limits<std::int32_t>::max())
-        return static_cast<std::int32_t>(*value);
+      if (value && *value >= 0) return value;
     }
   return {};
 }

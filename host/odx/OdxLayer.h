@@ -26,7 +26,7 @@ class OdxLayer {
   /// when it cannot be found.
   XmlElement dataObjectOf(XmlElement parameter) const;
   /// The value of a communication parameter, of the nearest layer that gives one.
-  std::optional<std::int32_t> communicationParameter(const std::string& name) const;
+  std::optional<std::int64_t> communicationParameter(const std::string& name) const;
   const OdxLibrary& library() const { return library_; }
 
  private:

@@ -14,7 +14,7 @@ constexpr int kLookAgain = 50;  // ms
 
 }  // namespace
 
-RecordingGuard::RecordingGuard(EndQuestion* question, std::function<bool()> running, QWidget* parent)
+RecordingGuard::RecordingGuard(EndQuestion* question, Running running, QWidget* parent)
     : QObject(parent), question_(question), running_(std::move(running)), parent_(parent) {}
 
 RecordingGuard::~RecordingGuard() {
@@ -27,6 +27,7 @@ void RecordingGuard::whenMayEnd(std::function<void()> action) {
     return action();
   }
   waiting_ = std::move(action);
+  recording_ = running_();
   if (timer_ != 0) return;
   timer_ = startTimer(kLookAgain);
   question_->ask(parent_, [guard = QPointer(this), number = ++asked_](bool end) {
@@ -47,7 +48,7 @@ void RecordingGuard::withdraw() {
 }
 
 void RecordingGuard::timerEvent(QTimerEvent* /*event*/) {
-  if (!running_()) withdraw();
+  if (running_() != recording_) withdraw();
 }
 
 }  // namespace tarnlog

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace tarnlog {
 
@@ -12,9 +13,11 @@ class EndQuestion;
 class RecordingGuard : public QObject {
   Q_OBJECT
  public:
-  /// `running` tells whether a recording runs. Without a question the answer is always yes; the question is
-  /// asked on `parent`, and outlives the guard.
-  RecordingGuard(EndQuestion* question, std::function<bool()> running, QWidget* parent);
+  /// A number of the recording that runs; none when none does.
+  using Running = std::function<std::optional<std::int32_t>()>;
+
+  /// Without a question the answer is always yes; the question is asked on `parent`, and outlives the guard.
+  RecordingGuard(EndQuestion* question, Running running, QWidget* parent);
   ~RecordingGuard() override;
 
   /// Runs the action at once when nothing records, else once the host says yes. An action takes the place of
@@ -30,9 +33,10 @@ class RecordingGuard : public QObject {
   void withdraw();
 
   EndQuestion* question_;
-  std::function<bool()> running_;
+  Running running_;
   QWidget* parent_;
   std::function<void()> waiting_;
+  std::optional<std::int32_t> recording_;  ///< that the question is about
   std::uint64_t asked_ = 0;  ///< numbers the questions: an answer that comes late belongs to none
   int timer_ = 0;            ///< runs while a question is open
 };

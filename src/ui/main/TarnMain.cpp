@@ -71,7 +71,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   acq_->setObjectName("ctlTarnAcq");
   log_->setObjectName("logText");
   guard_ = new RecordingGuard(
-      environment.endQuestion, [this] { return recordingRuns(); }, this);
+      environment.endQuestion, [this] { return runningRecording(); }, this);
   createTabs();
   addActions(configure_->fileActions());
 
@@ -162,6 +162,11 @@ void TarnMain::stopAcquisition() { acq_->acq().AskStopAcqNow(); }
 bool TarnMain::recordingRuns() const {
   const TarnAcq& acq = acq_->acq();
   return acq.AcqState() != TarnAcq::kIdle && !acq.endAsked() && (acq.Recording() || acq.startPending());
+}
+
+std::optional<std::int32_t> TarnMain::runningRecording() const {
+  if (!recordingRuns()) return std::nullopt;
+  return acq_->acq().finishedRecordings();
 }
 
 void TarnMain::whenRecordingMayEnd(std::function<void()> then) { guard_->whenMayEnd(std::move(then)); }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/ferrox3/Session.h"
@@ -73,6 +75,9 @@ class TarnMain : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
+  /// Its number in the acquisition; none when no recording runs.
+  std::optional<std::int32_t> runningRecording() const;
+
   class OwnEnvironment;
   TarnMain(std::unique_ptr<OwnEnvironment> own, QWidget* parent);
 

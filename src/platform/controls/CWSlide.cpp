@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/controls/AxisTexts.h"
 #include "platform/controls/Readable.h"
@@ -68,6 +69,10 @@ QString CWSlide::valueText() const {
   return std::isnan(value) ? QString() : locale().toString(value, 'g', 7);
 }
 
+void CWSlide::setFaded(bool faded) {
+  if (std::exchange(faded_, faded) != faded) update(movingPart());
+}
+
 void CWSlide::setPointerFillColour(int number, const QColor& colour) {
   if (Pointer* const changed = pointer(number)) repaintWith(changed->fill, colour);
 }
@@ -120,7 +125,7 @@ void CWSlide::paintTrack(QPainter& painter, const QRect& track) const {
   const QColor fill = value.fill.isValid() ? value.fill : palette().color(QPalette::Highlight);
   QRectF bar = inside;
   bar.setRight(std::clamp(place(value.value), bar.left(), bar.right()));
-  painter.fillRect(bar, blend(base, readableCurve(fill, base), isEnabled() ? 1 : 0.4F));
+  painter.fillRect(bar, blend(base, readableCurve(fill, base), faded_ || !isEnabled() ? 0.4F : 1));
 }
 
 void CWSlide::paintMarker(QPainter& painter, const Pointer& marker, const QRect& track) const {

@@ -37,6 +37,9 @@ class CWSlide : public QWidget {
   /// A frozen bar goes on showing this moment's pointers; those that are set are shown when it is released.
   void setFrozen(bool frozen);
   bool isFrozen() const { return held_.has_value(); }
+  /// A pale bar, for a value that is old; its scale can be read as before.
+  void setFaded(bool faded);
+  bool isFaded() const { return faded_; }
   /// Of pointer 1 in the picture: the one of the moment when it was frozen.
   double shownValue() const { return shown()[0].value; }
   /// The value that is shown, in the widget's locale: what assistive technology reads.
@@ -71,6 +74,7 @@ class CWSlide : public QWidget {
   AxisRange axis_;
   Pointers pointers_;
   std::optional<Pointers> held_;
+  bool faded_ = false;
   PaintPacer pacer_{this};
 };
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "platform/controls/Readable.h"
 #include "ui/common/Convert.h"
 
 namespace tarnlog {
@@ -65,8 +66,11 @@ QVariant ValueListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::TextAlignmentRole && index.column() == kValue)
     return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
-  if (role == Qt::ForegroundRole && index.column() == kValue && old_)
-    return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
+  if (role == Qt::ForegroundRole && index.column() == kValue && old_) {
+    const QPalette palette = QGuiApplication::palette();
+    const QColor base = palette.color(QPalette::Base);
+    return readable(blend(base, palette.color(QPalette::Text), 0.5F), base, kTextContrast);
+  }
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
   const Row& row = (frozen_ ? *frozen_ : rows_)[static_cast<std::size_t>(index.row())];
   switch (index.column()) {

@@ -21,7 +21,7 @@ class SlideBlock : public Placed<SlideControl, CWSlide> {
   void setPointerColour(int pointer, Colour colour) override;
 
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
-  void setOld(bool old) { shown().setEnabled(!old); }
+  void setOld(bool old) { shown().setFaded(old); }
   /// The font of the desktop has changed.
   void restyle();
 

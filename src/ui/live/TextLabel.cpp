@@ -163,7 +163,9 @@ QColor TextLabel::background() const {
 }
 
 QColor TextLabel::textColour() const {
-  if (old_) return blend(background(), palette().color(QPalette::WindowText), 0.5F);
+  if (old_)
+    return readable(blend(background(), palette().color(QPalette::WindowText), 0.5F), background(),
+                    kTextContrast);
   if (!textColour_) return palette().color(QPalette::WindowText);
   const QColor colour = toQColor(*textColour_, palette());
   return readable(backColour_ ? cellColour(palette(), colour) : colour, background(), kTextContrast);

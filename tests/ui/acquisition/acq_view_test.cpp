@@ -15,6 +15,7 @@
 
 #include "acquisition/AcqWords.h"
 #include "platform/controls/CWGraph.h"
+#include "platform/controls/CWSlide.h"
 #include "tests/ui/acquisition/ViewRig.h"
 #include "ui/acquisition/ConnectionWatch.h"
 #include "ui/acquisition/Indicator.h"
@@ -276,7 +277,7 @@ std::string greyParts(const ViewRig& rig) {
   std::string parts;
   if (list.index(0, 1).data(Qt::ForegroundRole).isValid()) parts += "list ";
   if (rig.child<CWGraph>("GT1").plotColour(1) != QColor(0, 0, 255)) parts += "curve ";
-  if (!rig.child("SL1").isEnabled()) parts += "bar ";
+  if (rig.child<CWSlide>("SL1").isFaded()) parts += "bar ";
   return parts;
 }
 

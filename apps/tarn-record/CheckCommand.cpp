@@ -89,9 +89,9 @@ class Check {
     std::string to;
     for (std::size_t i = 0; i < items_.pollSet().ecuCount(); ++i)
       to += (i == 0 ? "" : ", ") + items_.pollSet().ecu(i).name();
-    add("start session: " + parameters_.startSession + ", sent to " + to);
     try {
       session_.createRawBuffer()->fill(parameters_.startSession);
+      add("start session: " + parameters_.startSession + ", sent to " + to);
     } catch (const TarnError& error) {
       add("odd: Parameters/StartSession: " + error.description() + "; nothing is sent");
     }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string_view>
 
 #include "platform/base/TarnError.h"
@@ -104,6 +105,17 @@ class Search {
  public:
   std::vector<std::string> found;
 
+  /// Triggers and references name data by their index.
+  void lookAtIndexes(XmlElement root) {
+    std::set<std::int32_t> seen;
+    for (const XmlElement data : root.selectNodes("Datas/Data")) {
+      const std::int32_t index = leadingInteger(data.attributeOrEmpty("index"));
+      if (!seen.insert(index).second)
+        found.push_back(
+            fmt::format("Datas: two data have the index {}; what names it means the first", index));
+    }
+  }
+
   void look(XmlElement element, const std::string& place) {
     const Known* const known = knownOf(element);
     if (known == nullptr) return;
@@ -115,6 +127,8 @@ class Search {
       const int number = ++numbers[name];
       if (std::find(known->elements.begin(), known->elements.end(), name) == known->elements.end())
         found.push_back(path + ": unknown element");
+      else if (number == 2 && !mayRepeat(name))
+        found.push_back(path + ": is there twice; only the first one is read");
       else if (name != "row")
         look(child,
              number == 1 && name != "Data" && name != "Request" ? path : fmt::format("{}[{}]", path, number));
@@ -123,6 +137,10 @@ class Search {
   }
 
  private:
+  static bool mayRepeat(std::string_view name) {
+    return name == "Data" || name == "Request" || name == "row";
+  }
+
   void lookAtAttributes(XmlElement element, const Known& known, const std::string& place) {
     for (const std::string_view name : element.attributeNames()) {
       const std::string_view value = element.attributeOrEmpty(std::string(name).c_str());
@@ -157,7 +175,10 @@ std::vector<std::string> configurationOddities(const FileSystem& files, const st
   if (!skipOnFailure([&] { static_cast<void>(document.parse(files.readAll(file))); })) return {};
   const XmlElement root = document.documentNode().firstChild("Tarnlog2000");
   Search search;
-  if (root.attributeOrEmpty("Version").starts_with('2')) search.look(root, {});
+  if (root.attributeOrEmpty("Version").starts_with('2')) {
+    search.look(root, {});
+    search.lookAtIndexes(root);
+  }
   return search.found;
 }
 

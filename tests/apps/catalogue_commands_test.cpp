@@ -117,7 +117,8 @@ TEST_F(Commands, checkRefusesWhatARunRefusesAndNamesWhatIsOdd) {
   session.addEcu("Gearbox", "Gearbox", 0x18).addRequest("Clear");
   const auto checked = [&](const std::string& recording, const std::string& rest) {
     files.files["/rec/c.xml"] =
-        "<Tarnlog2000 Version='2.0'><Parameters><StartSession>10 C</StartSession><InitScenario>"
+        "<Tarnlog2000 Version='2.0'><Parameters><Comment/><Comment/><StartSession>10 "
+        "C</StartSession><InitScenario>"
         "<Request Name='Clear' EcuName='Gearbox' Address='24'/></InitScenario>" +
         recording +
         "</Parameters><Datas><Data index='1' name='Speed' request='21/80'>"
@@ -129,12 +130,14 @@ TEST_F(Commands, checkRefusesWhatARunRefusesAndNamesWhatIsOdd) {
       "<Recording period='1.6'><Trigger><Start type='Channel'><Channel edge='0' level='1,5' "
       "index='1'/></Start>"
       "</Trigger><File prefix='a' folder='/none' format='txt'/></Recording>",
-      "<Data index='2' name='Speed' request='21/80' colour='1'><ECU name='Engine'/><Scope "
+      "<Data index='1' name='Speed' request='21/80' colour='1'><ECU name='Engine'/><Scope "
       "type='None'/></Data>");
   EXPECT_EQ(odd.refusal, "");
   for (const char* line :
        {"period 2 s\n", "the start trigger never fires: its edge is neither 1 nor -1\n",
         "start session: 10 C, sent to Engine\n",
+        "odd: Parameters/Comment: is there twice; only the first one is read\n",
+        "odd: Datas: two data have the index 1; ",
         "init scenario: Gearbox/Clear, never sent: nothing is recorded from this ECU\n",
         "odd: the folder /none is missing: the files go into the current one\n",
         "odd: format=\"txt\": expected", "configured twice, taken once: Engine/21/80/Speed\n",

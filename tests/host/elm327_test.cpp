@@ -174,7 +174,9 @@ TEST(Elm327, SpeaksOverEveryBus) {
 TEST(Elm327, AsksEcusOfTheKLineEachForItself) {
   Rig rig;
   rig.adapter.bus = Elm327Peer::Bus::kwp;
-  rig.adapter.addEcu(0x28).answers = {{"1081", {"5081"}}, {"2180", {"61800102"}}};
+  std::string longAnswer = "5A80";  // 70 bytes: its length has a byte of its own
+  while (longAnswer.size() < 140) longAnswer += "11";
+  rig.adapter.addEcu(0x28).answers = {{"1081", {"5081"}}, {"2180", {"61800102"}}, {"1A80", {longAnswer}}};
   rig.adapter.addEcu(0x10).answers = {{"2180", {"7F2178", "618099"}}};
   rig.link->open();
   EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "10 81"), "50 81; ");
@@ -183,6 +185,10 @@ TEST(Elm327, AsksEcusOfTheKLineEachForItself) {
   EXPECT_EQ(rig.heard("ATSP5"), 1);
   EXPECT_EQ(rig.heard("ATPC"), 1);
   EXPECT_EQ(rig.heard("ATWM8128F13E"), 1);
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "1A 80"), hexText(*bytesFromHex(longAnswer)) + "; ");
+  // A silent ECU may have ended the communication: it is started again, once.
+  EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 81"), "");
+  EXPECT_EQ(rig.heard("ATPC"), 2);
 }
 
 TEST(Elm327, ReachesEcusBesideThoseOfEmissions) {
@@ -232,6 +238,12 @@ TEST(Elm327, NeverTakesOneEcusAnswerForAnothers) {
       EXPECT_THAT(all.link->obstacle(), mixed);
     }
   }
+  // The other one was silent while the bus was looked for.
+  Rig sleepy;
+  withoutHeaders(sleepy);
+  sleepy.adapter.unknown.insert("SH");
+  sleepy.adapter.ecus.back().answers.erase("0100");
+  EXPECT_THAT(sleepy.tell(kEngine, "01 0C"), mixed);
   Rig wire;
   withoutHeaders(wire);
   wire.adapter.bus = Elm327Peer::Bus::iso9141;
@@ -261,6 +273,20 @@ TEST(Elm327, TellsWhyAnEcuSeemsSilent) {
   EXPECT_EQ(said("7E80562F1904142\r\r>"), "what came is 62 F1 90 41 42");
   rig.stream->latency = 5'000'000;
   EXPECT_EQ(said("NO DATA\r\r>"), "") << "nothing came in time";
+}
+
+TEST(Elm327, CountsSilencesAnewAfterAnAnswer) {
+  Rig rig;
+  rig.link->open();
+  rig.ask(kEngine, "01 0D");
+  const long searches = rig.heard("0100");
+  for (int round = 0; round < 8; ++round) {
+    rig.adapter.instead["010C"].assign(8, "NO DATA\r\r>");
+    EXPECT_EQ(rig.ask(kEngine, "01 0C"), "");
+    rig.adapter.instead.clear();
+    EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
+  }
+  EXPECT_EQ(rig.heard("0100"), searches) << "the bus is not looked for again";
 }
 
 TEST(Elm327, FindsWhatHidesAnAnswer) {

@@ -124,6 +124,13 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   EXPECT_EQ(ask(0x1001, "3E"), "unreachable");
   EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), "unreachable");  // no flow control comes
 
+  // After a first frame the others are awaited for N_Cr, however long the answer might have taken.
+  bus.script["03 22 F1 92 CC CC CC CC"] = {"10 08 62 F1 92 01 02 03"};
+  bus.script.erase("30 00 00 CC CC CC CC CC");
+  const std::int64_t before = clock.microseconds();
+  EXPECT_EQ(ask(0x7E0, "22 F1 92"), "");
+  EXPECT_NEAR(static_cast<double>(clock.microseconds() - before), 1e6, 1e5);
+
   bus.always = "21 00 00 00 00 00 00 00";  // a bus that is never quiet
   EXPECT_EQ(ask(0x7E0, "3E"), "");
   EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), "unreachable");

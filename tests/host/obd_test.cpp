@@ -72,14 +72,19 @@ class Poll {
       list_->add(request.data(0));
     }
     set_ = list_->pollSet();
-    set_->protocol().initialiseAll();
+    initialise();
   }
   ~Poll() {
     set_->finish();
     list_->finish();
   }
+  void initialise() { set_->protocol().initialiseAll(); }
+  void send(std::size_t position) { set_->request(position).send(); }
   std::vector<std::string> cycle() {
-    for (std::size_t i = 0; i < set_->requestCount(); ++i) set_->request(i).send();
+    for (std::size_t i = 0; i < set_->requestCount(); ++i) send(i);
+    return texts();
+  }
+  std::vector<std::string> texts() const {
     std::vector<std::string> texts;
     for (const ferrox3::Request* const request : requests_)
       for (std::size_t i = 0; i < request->dataCount(); ++i) texts.push_back(request->data(i).valueText());
@@ -132,6 +137,12 @@ TEST(Obd, LeavesOutWhatTheCarDoesNotGive) {
   EXPECT_THAT(vehicle->description().notes,
               ElementsAre("the ECU at address 0x7E1 gives none of the data that it lists (1 PID): no answer: "
                           "the adapter says NO DATA"));
+  // The gearbox does not become the engine because that gives nothing.
+  Car headless;
+  headless.adapter.ecus[0].answers = {{"0100", {"4100BE3FA813"}}};
+  headless.adapter.ecus[1].answers = {
+      {"0100", {"410000180000"}}, {"010C", {"410C1AF8"}}, {"010D", {"410D21"}}};
+  EXPECT_EQ(headless.open(headless.makeLink())->session().ecu(0).name(), "Transmission");
   // What could not be tried is believed.
   Car gone;
   gone.adapter.instead["010C"] = {"LV RESET\r\r>"};
@@ -203,6 +214,12 @@ TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   car.adapter.heard.clear();
   EXPECT_THAT(poll.cycle(), ElementsAre("1726", "51", "83", "50.2"));
   EXPECT_THAT(car.adapter.heard, ElementsAre("010C0D05042"));
+  // A cycle that broke off, and a new initialisation: what came before is old.
+  poll.send(0);
+  car.adapter.ecus[0].answers["010D"] = {"410D34"};
+  poll.initialise();
+  poll.send(1);
+  EXPECT_EQ(poll.texts()[1], "52");
 }
 
 TEST(Obd, GoesOnWithoutAPidThatIsNotGivenAnyMore) {

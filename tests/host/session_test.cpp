@@ -400,6 +400,15 @@ TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {
   car.peer.sent.clear();
   wheels.send();
   EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"16: 3E 01", "40: 22 00 02"}));
+  // A link that failed leaves nobody knowing which sessions are open.
+  car.peer.unreachable.clear();
+  car.peer.fatal = "22 00 02";
+  EXPECT_THROW(wheels.send(), TarnError);
+  car.peer.fatal.clear();
+  car.clock.step(2'000'000);
+  car.peer.sent.clear();
+  wheels.send();
+  EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"40: 22 00 02"}));
 }
 
 TEST(VehicleSession, LooksUpByName) {

@@ -17,10 +17,11 @@ class DoipPeer {
  public:
   /// Of each ECU: its answers by request. A request that is not among them is answered by nothing.
   std::map<std::uint16_t, std::map<std::string, std::vector<std::string>>> ecus;
-  std::set<std::uint16_t> groups;       ///< addresses that all ECUs listen to
-  std::set<std::uint16_t> unreachable;  ///< ECUs that the gateway knows, but that are switched off
-  std::uint16_t address = 0x1000;       ///< the gateway's own
-  std::vector<std::string> heard;       ///< "1001 0100" of every diagnostic message
+  std::set<std::uint16_t> groups;  ///< addresses that all ECUs listen to
+  /// ECUs that the gateway knows, but that are switched off: it refuses for them in its own name.
+  std::set<std::uint16_t> unreachable;
+  std::uint16_t address = 0x1000;  ///< the gateway's own
+  std::vector<std::string> heard;  ///< "1001 0100" of every diagnostic message
 
   std::string accept(std::string_view bytes) {
     in_ += bytes;
@@ -63,7 +64,7 @@ class DoipPeer {
     heard.push_back(hex16(target) + " " + request);
     const bool toAll = groups.contains(target);
     if (!toAll && !ecus.contains(target)) return message(0x8003, hex16(target) + tester + "03");
-    if (unreachable.contains(target)) return message(0x8003, hex16(target) + tester + "06");
+    if (unreachable.contains(target)) return message(0x8003, hex16(address) + tester + "06");
     std::string out = message(0x8002, hex16(target) + tester + "00");
     for (auto& [ecu, answers] : ecus)
       if (ecu == target || (toAll && !unreachable.contains(ecu)))

@@ -217,8 +217,9 @@ class Elm327Peer {
     if (bus == Bus::can11 || bus == Bus::can29) return canFrames(ecu, response);
     const auto length = static_cast<unsigned>(response.size() / 2);
     if (!headers_) return {blanked(response, 0)};
-    std::string frame = bus == Bus::kwp ? hex(0x80 + length, 2) + "F1" : "486B";
-    frame += hex(ecu.source, 2) + response;
+    const bool longKwp = bus == Bus::kwp && length > 63;
+    std::string frame = bus == Bus::kwp ? hex(longKwp ? 0x80 : 0x80 + length, 2) + "F1" : "486B";
+    frame += hex(ecu.source, 2) + (longKwp ? hex(length, 2) : "") + response;
     unsigned sum = 0;
     for (std::size_t i = 0; i < frame.size() / 2; ++i) sum += byteAt(frame, i);
     return {blanked(frame + hex(sum & 0xFF, 2), 0)};

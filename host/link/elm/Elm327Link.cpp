@@ -14,7 +14,7 @@ namespace tarnlog::host {
 namespace {
 
 constexpr std::int64_t kMillisecond = 1000;
-/// What the adapter itself may take, beside the ECU.
+/// For the adapter, in addition to the time that the ECU has.
 constexpr std::int64_t kAdapterTime = 500 * kMillisecond;
 constexpr std::int64_t kPromptPatience = 1500 * kMillisecond;
 constexpr std::int64_t kWorkPatience = 15000 * kMillisecond;
@@ -24,7 +24,7 @@ constexpr std::size_t kMostMessages = 64;
 constexpr int kMostRepeats = 4;
 constexpr int kMostTroubles = 3;
 constexpr int kMostSilences = 8;
-/// Bytes of a request that fit beside the length into one CAN frame; the adapter cuts none.
+/// Longest request in a single frame (ISO 15765-2); the adapter does not segment.
 constexpr std::size_t kLongestOnCan = 7;
 
 [[noreturn]] void failMixed() {
@@ -59,6 +59,7 @@ void Elm327Link::doClose() {
   silences_ = 0;
   byDefault_ = false;
   unnamed_ = Unnamed::unseen;
+  provenAlone_ = false;
   unnamedEcu_.reset();
   for (auto& [address, reach] : reach_) reach.apart = false;
   console_.close();
@@ -83,8 +84,8 @@ bool Elm327Link::doSend(const LinkTarget& target, std::span<const std::uint8_t> 
   return true;
 }
 
-/// The adapter takes a new request only behind the prompt of the one before; a character sent earlier breaks
-/// the answer off.
+/// The adapter takes a new request only after the prompt of the one before; a character sent earlier aborts
+/// the response.
 void Elm327Link::finishAnswer() {
   if (awaitsPrompt_ && !promptComes(isAtWork() ? kWorkPatience : kPromptPatience)) {
     console_.write("");
@@ -138,7 +139,7 @@ void Elm327Link::ask(bool countFrames) {
   awaitsPrompt_ = true;
 }
 
-/// An adapter that cannot address one ECU may address all, where that is allowed.
+/// If the adapter cannot address physically, OBD requests are sent functionally.
 void Elm327Link::useAddress() {
   if (adapter_.setAddress(exchange_.address)) return;
   if (unnamed_ == Unnamed::several) failMixed();
@@ -183,7 +184,7 @@ Link::Received Elm327Link::doReceive(Bytes& response, std::chrono::milliseconds 
 
 bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
   for (;;) {
-    // Whether another ECU answers, too, is known at the prompt.
+    // Whether another ECU answers, too, is known only when the prompt comes.
     const bool held = awaitsPrompt_ && exchange_.attempt.unnamed > 0 && mayMix();
     if (!messages_.empty() && !held) {
       message = std::move(messages_.front());
@@ -196,8 +197,8 @@ bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
   }
 }
 
-/// The next line or prompt of the answer; false when nothing comes any more. The deadline of an adapter that
-/// is still looking for the bus moves.
+/// The next line or prompt of the answer; false when nothing comes any more. The deadline is extended while
+/// the adapter looks for the bus.
 bool Elm327Link::takeNext(std::int64_t& deadline) {
   Attempt& attempt = exchange_.attempt;
   // A prompt before any line is one that was late: the answer follows, if there is one.
@@ -283,17 +284,17 @@ void Elm327Link::noteUnnamed() {
   if (unnamedEcu_ != exchange_.target.address) unnamed_ = Unnamed::several;
 }
 
-/// The search for the bus asks all ECUs, too.
+/// The bus search is a functional request, so its responses are counted as well.
 void Elm327Link::noteSearch() {
   const int answers = adapter_.unnamedAnswers();
   if (answers == 0 || unnamed_ == Unnamed::several) return;
   unnamed_ = answers > 1 ? Unnamed::several : Unnamed::one;
 }
 
-/// Answers of several ECUs may come, and be taken for one's.
+/// Whether responses of several ECUs could be taken for those of one.
 bool Elm327Link::mayMix() const {
   if (exchange_.target.address == kFunctionalAddress) return false;
-  if (unnamed_ != Unnamed::some && unnamed_ != Unnamed::several) return false;
+  if (unnamed_ == Unnamed::unseen || (unnamed_ == Unnamed::one && provenAlone_)) return false;
   const auto reach = reach_.find(exchange_.target.address);
   return exchange_.address.functional || reach == reach_.end() || !reach->second.apart;
 }
@@ -303,7 +304,8 @@ bool Elm327Link::isMixed() const {
   return exchange_.attempt.unnamed > 1 || (unnamed_ == Unnamed::several && exchange_.address.functional);
 }
 
-/// Asks what every ECU would answer, of one: an adapter may say that it asks one alone and not do so.
+/// Tests physical addressing with a request that every ECU answers: some adapters accept the address and
+/// ignore it.
 bool Elm327Link::answersAlone(const LinkTarget& target) {
   if (reach_[target.address].apart) return true;
   finishAnswer();
@@ -335,6 +337,8 @@ void Elm327Link::settle() {
     ++silences_;
     return;
   }
+  // The bus search is no proof, since an ECU may have been asleep; this response is.
+  if (exchange_.attempt.unnamed == 1 && exchange_.attempt.expectedFrames == 0) provenAlone_ = true;
   if (exchange_.attempt.wasPending)
     frameCounts_.distrust(address, exchange_.request);
   else if (exchange_.tried.test(withoutFrameCount))
@@ -345,14 +349,14 @@ void Elm327Link::settle() {
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
 }
 
-/// What came, and what is done instead, in this order; each row at most as often as it helps. The request is
-/// then sent again.
+/// What came, and what is done instead: the first row that applies. Then the request is sent again, where
+/// that may be done.
 const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::kFallBacks{{
     // The ECU seems silent. The number of frames that the adapter was told may have been the fault.
     {Came::silence, withoutFrameCount, &Elm327Link::wasCounted, &Elm327Link::justAsk},
-    // It may hear what is sent to all ECUs only.
+    // It may accept functional addressing only.
     {Came::silence, functionalAddressing, &Elm327Link::mayAskFunctionally, &Elm327Link::askFunctionally},
-    // Some adapters reach their ECU only as long as they are told no address, which takes a reset.
+    // Some adapters work with their default header only; a reset restores it.
     {Came::silence, noAddress, &Elm327Link::mayForgetAddress, &Elm327Link::forgetAddress},
     // On the K line it may have ended the communication.
     {Came::silence, newCommunication, &Elm327Link::mayNeedCommunication, &Elm327Link::startCommunication},
@@ -360,7 +364,7 @@ const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::k
     {Came::silence, longerTimeout, &Elm327Link::mayNeedTime, &Elm327Link::giveTime},
     // One that has answered before may have been disturbed.
     {Came::silence, onceMore, &Elm327Link::mayBeDisturbed, &Elm327Link::justAsk},
-    // The adapter does not understand. It may not know a number of frames ...
+    // The adapter does not understand. It may not support a frame count ...
     {Came::unknownCommand, neverFrameCounts, &Elm327Link::wasCounted, &Elm327Link::stopCounting},
     // ... or a character was lost.
     {Came::unknownCommand, again, &Elm327Link::isFirst, &Elm327Link::justAsk},
@@ -399,7 +403,7 @@ Elm327Link::Came Elm327Link::whatCame() const {
   }
 }
 
-/// Nothing helps any more. Silence is told by the caller.
+/// Nothing helps any more. The caller reports a missing response.
 void Elm327Link::giveUp(Came came) {
   if (came == Came::busTrouble) failWithoutEcu(console_, exchange_.attempt.notice->text);
   // Some adapters know only a few requests, such as those for one PID.
@@ -419,7 +423,7 @@ bool Elm327Link::repeat() {
 
 bool Elm327Link::wasCounted(std::int64_t /*deadline*/) const { return exchange_.attempt.expectedFrames > 0; }
 
-/// Physical addressing never reached this ECU, and functional addressing may be used.
+/// This ECU has answered nothing yet, and functional addressing may be used.
 bool Elm327Link::neverAnswered() const {
   if (exchange_.target.address == kFunctionalAddress || unnamed_ == Unnamed::several) return false;
   const auto reach = reach_.find(exchange_.target.address);
@@ -480,7 +484,7 @@ void Elm327Link::giveTime(std::int64_t deadline) {
   adapter_.setTimeout(static_cast<int>(stepsUntil(deadline)));
 }
 
-/// Of the adapter's time-out.
+/// The time left, in steps of the adapter's time-out.
 std::int64_t Elm327Link::stepsUntil(std::int64_t deadline) const {
   const std::int64_t given = deadline - kAdapterTime - exchange_.attempt.asked;
   return std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
@@ -494,8 +498,8 @@ void Elm327Link::distrustCount(std::int64_t deadline) {
   if (wasCounted(deadline)) frameCounts_.distrust(exchange_.target.address, exchange_.request);
 }
 
-/// The adapter no longer listens to an ECU that said "response pending": what comes all the same is taken,
-/// then the request is sent again, with all the patience that the adapter has.
+/// After "response pending" the adapter no longer listens. Lines that come nevertheless are used; then the
+/// request is sent again with the longest time-out.
 bool Elm327Link::listenAfterPending(std::int64_t deadline) {
   const std::int64_t now = clock_.microseconds();
   if (now >= deadline) return false;
@@ -520,7 +524,7 @@ std::string Elm327Link::silence() const {
   return "the adapter says " + (line.notice == ElmNotice::none ? quotedText(line.text) : line.text);
 }
 
-/// Each ECU of emissions that can be asked alone.
+/// The emissions-related ECUs (ISO 15765-4) that can be addressed physically.
 std::vector<LinkTarget> Elm327Link::findEcusApart() {
   constexpr std::int32_t kFirst = 0x7E0;
   constexpr std::int32_t kLast = 0x7E7;
@@ -546,7 +550,7 @@ std::vector<LinkTarget> Elm327Link::doFindEcus() {
   const int unnamed = exchange_.attempt.unnamed;
   if (unnamed > 0 && unnamed_ != Unnamed::several) unnamed_ = unnamed > 1 ? Unnamed::several : Unnamed::one;
   if (unnamed_ == Unnamed::several) ecus = findEcusApart();
-  // A single ECU needs no physical addressing, unless its answers without headers would be all that is known.
+  // A single ECU needs no physical addressing; but on CAN, without headers, another one could go unnoticed.
   else if (ecus.size() == 1 && !(unnamed_ == Unnamed::one && isCan(adapter_.bus())))
     reach_[ecus.front().address].functional = true;
   if (ecus.empty()) {

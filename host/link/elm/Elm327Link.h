@@ -20,12 +20,12 @@
 
 namespace tarnlog::host {
 
-/// An ELM327 adapter, or one of its many relatives. Where an adapter does not know a command, or an ECU seems
+/// An ELM327 adapter, or a compatible one. Where an adapter does not know a command, or an ECU seems
 /// silent, something else is tried instead: kFallBacks lists what.
 ///
 /// Opening connects, resets and sets up the adapter; the first request makes it look for the car's bus, which
-/// takes up to a minute. A failure that only a new start can mend (adapter gone, no ECU on the bus, adapter
-/// reset by itself) is a TarnError.
+/// takes up to a minute. A failure after which the link must be opened again (adapter gone, no ECU on the
+/// bus, adapter reset by itself) is a TarnError.
 class Elm327Link : public Link {
  public:
   /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. The clock must
@@ -49,17 +49,17 @@ class Elm327Link : public Link {
  private:
   /// What is known of reaching one ECU.
   struct Reach {
-    bool answered = false;         ///< since the link was made
-    bool functional = false;       ///< only functional addressing reaches it
+    bool answered = false;         ///< since the link was constructed; closing keeps it
+    bool functional = false;       ///< requests to it use functional addressing
     bool triedFunctional = false;  ///< that was tried
-    bool apart = false;            ///< it was asked by physical addressing, and alone it answered
+    bool apart = false;            ///< a physically addressed test request was answered
   };
-  /// How many ECUs answer functional addressing, where the adapter shows no headers.
+  /// How many ECUs answer, as far as that is known where the adapter shows no headers.
   enum class Unnamed : std::uint8_t {
     unseen,  ///< no answer without a header has come
-    some,
+    some,    ///< how many is not known
     one,
-    several  ///< their answers cannot be told apart: each is asked alone, or not at all
+    several  ///< OBD requests to one of them use physical addressing, or fail
   };
   /// What came of an attempt that was not answered.
   enum class Came : std::uint8_t { silence, unknownCommand, busTrouble, damage };
@@ -88,13 +88,13 @@ class Elm327Link : public Link {
   /// One time that the request was sent.
   struct Attempt {
     std::int64_t asked = 0;
-    int expectedFrames = 0;   ///< asked of the adapter; 0: it waits for more until its time is over
+    int expectedFrames = 0;   ///< sent with the request; 0: the adapter waits for its time-out
     bool anything = false;    ///< any line came
     bool barePrompt = false;  ///< a prompt came before any line
     bool answered = false;
-    bool others = false;      ///< only other ECUs answered
-    int unnamed = 0;          ///< answers of ECUs that are not shown
-    Bytes foreign;            ///< came, and answers something else
+    bool others = false;      ///< another ECU answered
+    int unnamed = 0;          ///< responses without a header, of service 01
+    Bytes foreign;            ///< the last response that does not match the request
     bool pending = false;     ///< the newest answer says "response pending"
     bool wasPending = false;  ///< any did
     std::optional<ElmLine> notice;
@@ -168,12 +168,13 @@ class Elm327Link : public Link {
   ElmFrameCounts frameCounts_;
   std::string adapterName_;
   bool awaitsPrompt_ = false;
-  int silences_ = 0;  ///< exchanges without any answer, one after another
+  int silences_ = 0;  ///< attempts without any answer, one after another
   std::map<std::int32_t, Reach> reach_;
   Unnamed unnamed_ = Unnamed::unseen;
+  bool provenAlone_ = false;                ///< one request without a frame count got exactly one response
   std::optional<std::int32_t> unnamedEcu_;  ///< whom answers without a header were taken for
-  bool byDefault_ = false;       ///< OBD requests go to whom the adapter asks when it is told nobody
-  bool triedByDefault_ = false;  ///< that was tried
+  bool byDefault_ = false;                  ///< OBD requests use the adapter's default header
+  bool triedByDefault_ = false;             ///< that was tried
   Exchange exchange_;
   std::string text_;  ///< of the request; kept for its capacity
   std::deque<ElmMessage> messages_;

@@ -52,7 +52,7 @@ std::string ElmAdapter::setUp() {
   address_.reset();
   priority_ = kDefaultPriority;
   byDefault_ = true;
-  filtered_ = ownFlowControl_ = false;
+  filtered_ = filterStays_ = ownFlowControl_ = false;
   started_.clear();
   timeout_ = kElmDefaultTimeout;
   return name;
@@ -99,11 +99,11 @@ void ElmAdapter::restartCommunication() {
 
 void ElmAdapter::setFilter(const ElmAddress& address) {
   if (!address.ownFilter) {
-    clearFilter();
+    clearFilter(address);
   } else {
     filtered_ = true;
     if (address.source)
-      tell(fmt::format("ATCRA{:0{}X}", *address.source, bus() == ElmBus::can29 ? 8 : 3));
+      setFilter(*address.source);
     else
       openFilter(address);
   }
@@ -119,12 +119,20 @@ void ElmAdapter::setFilter(const ElmAddress& address) {
   ownFlowControl_ = ownFlowControl;
 }
 
-/// Old chips know one of the two, later ones both; what one does not know is passed over.
-void ElmAdapter::clearFilter() {
+/// Old chips know one of the two, later ones both. One that knows neither listens to one ECU from then on,
+/// and is told to which.
+void ElmAdapter::clearFilter(const ElmAddress& next) {
   if (!filtered_) return;
-  tell("ATCRA");
-  tell("ATAR");
-  filtered_ = false;
+  if (!filterStays_) {
+    const bool cleared = tell("ATCRA");
+    filterStays_ = !tell("ATAR") && !cleared;
+  }
+  filtered_ = filterStays_;
+  if (filterStays_ && next.source) setFilter(*next.source);
+}
+
+void ElmAdapter::setFilter(std::uint32_t source) {
+  tell(fmt::format("ATCRA{:0{}X}", source, bus() == ElmBus::can29 ? 8 : 3));
 }
 
 /// Whose identifier the answers have is not known: one near to the request's.

@@ -51,7 +51,8 @@ class ElmAdapter {
   /// False when the adapter does not know the command.
   bool tell(std::string_view command);
   void setFilter(const ElmAddress& address);
-  void clearFilter();
+  void setFilter(std::uint32_t source);
+  void clearFilter(const ElmAddress& next);
   void openFilter(const ElmAddress& address);
 
   ElmConsole& console_;
@@ -64,6 +65,7 @@ class ElmAdapter {
   std::string priority_;
   bool byDefault_ = true;
   bool filtered_ = false;            ///< it listens to identifiers of one ECU
+  bool filterStays_ = false;         ///< it knows no command that ends that
   bool ownFlowControl_ = false;      ///< it was told whom to send flow control to
   std::set<std::string> started_{};  ///< headers of the K line with a communication
   int timeout_ = 0;

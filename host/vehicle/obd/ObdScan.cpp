@@ -268,16 +268,20 @@ VehicleDescription scanObdVehicle(Link& link, LinkClock& clock, const PhaseHook&
   VehicleDescription vehicle;
   vehicle.pendingTimeout = kPendingTimeout;
   std::vector<std::string> notes;
-  for (const FoundEcu& ecu : found)
+  // An ECU that gives nothing keeps its name: another one must not be taken for it.
+  std::vector<EcuDescription> named;
+  for (const FoundEcu& ecu : found) {
+    named.push_back(describe(ecu, named));
     if (ecu.pids.empty())
       notes.push_back(nothingGiven(ecu));
     else
-      vehicle.ecus.push_back(describe(ecu, vehicle.ecus));
+      vehicle.ecus.push_back(named.back());
+  }
   if (vehicle.ecus.empty())
     throw TarnError(1, "ObdScan", "no ECU offers current data (OBD service 01): " + reason(search, notes));
   std::string vin = search.findVin(found);
   vehicle.name = vin.empty() ? "OBD car" : vin + " (OBD car)";
-  // Once through its file, so that it is the same as when it is kept and opened again.
+  // A round trip through its file: it is then the same as when it is kept and opened again.
   vehicle = parseVehicleDescription(writeVehicleDescription(vehicle),
                                     "obd2:", [](const std::string& name) -> std::string {
                                       throw TarnError(2, "ObdScan", name + ": no such file");

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,10 +21,10 @@ struct RecordFormat {
   std::unique_ptr<DataFile> (*open)(FileSystem& files, const std::string& path, const DataFileHead& head);
 };
 
-/// All there are, in the order in which people are offered them.
-extern const std::array<RecordFormat, 2> kRecordFormats;
+/// All there are, in the order in which people are offered them. The first one is the default.
+std::span<const RecordFormat> recordFormats();
 
-/// By its extension; the first of them for every other extension.
+/// By its extension; the default for every other extension.
 const RecordFormat& recordFormatOf(std::string_view extension);
 
 }  // namespace tarnlog

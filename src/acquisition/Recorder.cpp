@@ -77,8 +77,8 @@ void Recorder::tellOpenFailed(OpenFailure failure, const std::string& reason) {
   if (openFailed_) openFailed_(failure, reason);
 }
 
-/// With history the newest history row is the start; without, it is the newest polling cycle, and the
-/// schedule of rows starts anew from there.
+/// With pre-trigger rows, the newest of them is time zero. Without, it is the newest polling cycle, and the
+/// next row is due one period later.
 void Recorder::writeFirstRows() {
   const bool history = plan_.preTriggerPoints != 0;
   Milliseconds start = 0;
@@ -132,7 +132,7 @@ Recorder::Refresh Recorder::cycleRecording(Milliseconds pollTime) {
   if (!stopRequested_ && stopFires(pollTime)) armStop();
   if (!rowDue(pollTime)) return cycleWithoutRow(pollTime);
   addToPreTrigger(pollTime);
-  // From the schedule, not from now: a late row does not shift the rows behind it.
+  // From the schedule, not from now: a late row does not delay the following ones.
   nextSampleTime_ += static_cast<Milliseconds>(plan_.samplePeriod);
   writeRow(pollTime);
   values_.refresh();
@@ -171,7 +171,7 @@ void Recorder::writeRow(Milliseconds pollTime) {
     if (skipOnFailure([&] { file->writeCurrent(current_, recordStart_, mark); })) ++rowsWritten_;
 }
 
-/// "Stop" goes before an event, whose mark then waits for the next row.
+/// Where both apply, the row is marked "Stop", and the event's mark moves to the next row, if there is one.
 const std::string& Recorder::takeMark() {
   if (std::exchange(stopMarkPending_, false))
     mark_ = "Stop";

@@ -19,25 +19,27 @@
 
 namespace tarnlog {
 
-/// Decides what each polling cycle means for the recording: starts it, writes its rows on schedule, arms its
-/// stop and ends it. Start: pending for one cycle, then recording. Stop: armed, the next row carries "Stop",
-/// then the post-trigger rows follow.
+/// Controls one recording after the other: start, rows at the sample period, stop, end. To be called once per
+/// polling cycle. A start by the button is pending until the next cycle; one by a trigger is not. A stop is
+/// armed: the next row is marked "Stop", then the post-trigger rows follow.
 class Recorder {
  public:
   enum class Refresh { Nothing, Display };
   using OpenFailed = std::function<void(OpenFailure failure, const std::string& reason)>;
 
-  /// Rows may be late by less than the list's time to refresh: so close to a due row the list is left alone.
+  /// So many milliseconds before a due row the value list is not refreshed, which could delay the row.
   static constexpr std::int32_t kQuietBeforeRow = 250;
-  /// From this sample period on, an armed stop does not wait for the next row.
+  /// From this sample period (milliseconds) on, a stop ends the recording at once, without a "Stop" row and
+  /// without post-trigger rows, unless the next row is due within `kQuietBeforeRow`.
   static constexpr std::int32_t kLongPeriod = 10000;
 
   Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
            RollingBuffer& current, RollingBuffer& preTrigger);
 
-  /// Starts an acquisition. The first row is due `now`.
+  /// Starts an acquisition: nothing is recorded, pending or counted.
   void begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
              std::shared_ptr<const oTarnTrigger> stopTrigger);
+  /// Sets when the first row is due.
   void setFirstRowDue(Milliseconds now) { nextSampleTime_ = now; }
 
   /// The start/stop button. Ignored before the first polling cycle, and while a start is pending.
@@ -45,19 +47,21 @@ class Recorder {
   /// The event button. Ignored before the first polling cycle, and while an event file is open.
   void userEvent();
 
-  /// One polling cycle whose row is the newest of the current buffer.
+  /// To be called after each polling cycle, when its values are the newest row of the current buffer. Tells
+  /// whether the caller is to refresh the display.
   Refresh cycle(Milliseconds pollTime);
 
-  /// Ends a recording whose stop was armed before the ECUs had to be initialised again.
+  /// Ends the recording if a stop is armed: to be called when the ECUs have to be initialised again.
   void endIfStopArmed();
   /// Ends whatever runs, with the acquisition; files are closed by the caller.
   void endWithAcquisition();
-  /// The control was hidden: nothing is pending any more, files stay open until the next start.
+  /// The window that shows the acquisition was hidden: a pending start is dropped, a stop is requested, and
+  /// files stay open until the next start.
   void suspend();
   /// Forgets a pending start or stop.
   void forgetRequests() { startPending_ = stopRequested_ = false; }
 
-  /// Called when a record or event file cannot be opened.
+  /// Sets what is called when a record or event file cannot be opened.
   void setOpenFailed(OpenFailed handler) { openFailed_ = std::move(handler); }
 
   bool recording() const { return recording_; }
@@ -72,7 +76,8 @@ class Recorder {
   void tellOpenFailed(OpenFailure failure, const std::string& reason);
   void writeFirstRows();
   void addToPreTrigger(Milliseconds pollTime);
-  /// With period 0 the schedule stands still, and after half a turn of the clock it would lie ahead.
+  /// With period 0 every cycle writes a row. The schedule does not advance then, and the millisecond counter
+  /// would pass half of its range.
   bool rowDue(Milliseconds pollTime) const {
     return plan_.samplePeriod == 0 || millisecondsBetween(nextSampleTime_, pollTime) >= 0;
   }

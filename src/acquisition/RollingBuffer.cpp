@@ -3,14 +3,12 @@
 #include <algorithm>
 
 #include "platform/base/CountBytes.h"
+#include "platform/text/Cell.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog {
 
 namespace {
-
-/// Nothing in a cell may end the cell or the line.
-bool breaksCell(char c) { return c == '\t' || c == '\r' || c == '\n'; }
 
 /// A cell with what breaks it made blank.
 void appendCleanCell(ByteBuffer& line, std::string_view text) {
@@ -19,7 +17,8 @@ void appendCleanCell(ByteBuffer& line, std::string_view text) {
   line.end(std::replace_copy_if(text.begin(), text.end(), cell + 1, breaksCell, ' '));
 }
 
-bool isControl(char c) { return static_cast<unsigned char>(c) < ' '; }
+/// Whether a row needs more than copying: a control character, or one that is not ASCII.
+bool needsCare(char c) { return static_cast<unsigned char>(c) < ' ' || static_cast<unsigned char>(c) > '~'; }
 
 }  // namespace
 
@@ -91,19 +90,21 @@ void RollingBuffer::writeTextRow(TextStream& stream, std::int32_t number, TimeOr
                                  std::string_view mark) {
   time_.clear();
   appendSeconds2(time_, t0.millisecondsTo(timeOf(number)), decimalSeparator_);
-  line_.clear();
-  line_.append(time_);
-  line_.append("\t\"");
-  line_.append(mark);
-  line_.append("\"");
+  ByteBuffer& line = stream.newLine();
+  line.append(time_);
+  line.append("\t\"");
+  line.append(mark);
+  line.append("\"");
   const std::string_view cells = row(number).text();
-  if (countBytes(cells, isControl) == static_cast<std::size_t>(columns_)) {
-    line_.append(cells);
+  // One TAB before each cell.
+  const bool plain = countBytes(cells, needsCare) == static_cast<std::size_t>(columns_);
+  if (plain) {
+    line.append(cells);
   } else {
     for (std::int32_t column = 1; column <= columns_; ++column)
-      appendCleanCell(line_, row(number).cell(column));
+      appendCleanCell(line, row(number).cell(column));
   }
-  stream.writeLine(line_.view());
+  stream.endLine(plain);
 }
 
 void RollingBuffer::writeSaxRow(ContentHandler& handler, std::int32_t number, TimeOrigin t0,

@@ -8,7 +8,6 @@
 #include "acquisition/CellRow.h"
 #include "acquisition/TextStream.h"
 #include "acquisition/TimeOrigin.h"
-#include "platform/base/ByteBuffer.h"
 #include "platform/time/Clock.h"
 #include "platform/xml/ContentHandler.h"
 
@@ -61,7 +60,6 @@ class RollingBuffer {
   std::vector<Milliseconds> times_;
   std::vector<std::string> columnNames_;  ///< C1, C2, ...
   std::string time_;                      ///< scratch, kept for its capacity
-  ByteBuffer line_;                       ///< the same
   SaxAttributes attributes_;
 };
 

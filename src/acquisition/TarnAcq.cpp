@@ -37,7 +37,7 @@ void extendFrame(GraphArea& area, Twips extraHeight) {
 
 }  // namespace
 
-/// While it lives, what is asked for is remembered.
+/// While it lives, the acquisition is busy, and what is asked for is stored.
 class TarnAcq::Busy {
  public:
   explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
@@ -116,7 +116,7 @@ void TarnAcq::StartReadingData(std::shared_ptr<oTarnParameters> parameters) {
   }
 }
 
-/// Other parameters may be given while the host is called: those of the start are held.
+/// Host calls may replace the parameters meanwhile: those of this start are kept alive.
 void TarnAcq::startNow() {
   refuseMissing();
   const Busy busy(busy_);
@@ -216,7 +216,7 @@ bool TarnAcq::HandleHotKey(int key) {
   return true;
 }
 
-/// Hiding ended what ran without a change to the lamp.
+/// Hiding does not reset the recording lamp.
 void TarnAcq::shown() {
   if (state_ == kIdle) recorder_.SetRecordingDisplay(false);
 }
@@ -226,7 +226,7 @@ void TarnAcq::hidden() {
     deferred_.hide = true;
     deferred_.start = false;
     stopAcqRequested_ = true;
-  } else if (!stopAcqRequested_) {  // else the tick to come ends everything
+  } else if (!stopAcqRequested_) {  // else the pending tick ends the acquisition
     hideNow();
   }
 }
@@ -262,7 +262,7 @@ void TarnAcq::resized() {
   if (area == nullptr) return;
   placeFrame(*area);
   if (display_ == nullptr) return;
-  // What a display gained beyond the visible height at an earlier resize is not room that graphs may share.
+  // Height that an earlier resize added beyond the visible one would be shared out among the graphs.
   area->frame().setHeight(area->visibleHeight());
   Twips extraHeight = 0;
   display_->ArrangeDisplay(area->frame(), kLeastGraphHeight, extraHeight);
@@ -388,8 +388,8 @@ void TarnAcq::SetAcqState(State state) {
   screen_.setState(state);
 }
 
-/// Ends the acquisition that runs; then comes what was asked for until its end. Of a stop and a start the
-/// later one counts, and what is asked for while it starts is honoured in the same way.
+/// Ends the current acquisition, then carries out what was stored. Of a stop and a start the later one
+/// counts. What is asked for while the next one starts is carried out in the same way.
 void TarnAcq::settle() {
   if (acquiring()) EndAcquisition();
   stopAcqRequested_ = false;
@@ -400,12 +400,12 @@ void TarnAcq::settle() {
   try {
     startNow();
   } catch (const std::exception&) {
-    if (!stopAcqRequested_) throw;  // else something else is wanted by now
+    if (!stopAcqRequested_) throw;  // else a newer wish takes its place
   }
   if (stopAcqRequested_) settle();
 }
 
-/// For a start that failed when nobody waits for it any more: it is told in the log, and the host that no
+/// Where nobody waits for the result: a failure goes into the log, and AcqStopped tells the host that no
 /// acquisition runs.
 void TarnAcq::settleAndTell() {
   try {

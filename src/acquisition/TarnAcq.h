@@ -25,7 +25,7 @@
 
 namespace tarnlog {
 
-/// What an acquisition needs from around it, besides its screen. All of it outlives the TarnAcq.
+/// The services that an acquisition uses, besides its screen. They outlive the TarnAcq.
 struct AcqEnvironment {
   Clock& clock;
   Timer& timer;
@@ -35,9 +35,9 @@ struct AcqEnvironment {
 };
 
 /// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,
-/// start sessions, poll). The work itself is done by its parts. One thread; ticks never overlap. While a tick
-/// runs, or an acquisition starts or ends (host calls may let clicks in), a stop, a start, a new session and
-/// hiding are remembered and honoured when that is over.
+/// start sessions, poll). The work itself is done by its parts. One thread; ticks never overlap. During a
+/// tick, a start or an end, host calls may dispatch clicks: a stop, a start, a new session and hiding are
+/// then stored, and carried out afterwards.
 class TarnAcq {
  public:
   using State = AcquisitionState;
@@ -49,8 +49,8 @@ class TarnAcq {
   TarnAcq(const TarnAcq&) = delete;
   TarnAcq& operator=(const TarnAcq&) = delete;
 
-  /// An acquisition of another session is ended first, files closed, without AcqStopped unless it was asked
-  /// to stop before.
+  /// A running acquisition is ended first, its files closed. AcqStopped comes only if `AskStopAcqNow` was
+  /// called before.
   void setSession(ferrox3::Session* session);
   /// Keeps the configuration and, with a session present, starts acquiring; raises as StartReadingData does.
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
@@ -60,13 +60,14 @@ class TarnAcq {
   /// "TarnAcq.StartReadingData", without a session or configuration, or with times that overflow.
   void StartReadingData(std::shared_ptr<oTarnParameters> parameters = nullptr);
   /// Asks the acquisition to end. AcqStopped comes exactly once: at once when idle or between ticks with no
-  /// file open, else when what runs is over. A start that is asked for after that takes its place.
+  /// file open, else when what runs is over. A start that follows before that cancels it.
   void AskStopAcqNow();
-  /// The tick that runs is to be the last: what it waits for need not be waited for any longer.
+  /// Whether the current tick is to end the acquisition: what waits within it may return early.
   bool endAsked() const { return stopAcqRequested_; }
   void addLog(const std::string& text) { log_.add(text); }
 
-  /// The start/stop button and the event button; both do nothing before the first polling cycle.
+  /// The start/stop button and the event button. Both do nothing unless values are polled, and before the
+  /// first polling cycle.
   void ToggleRecording();
   void RecordUserEvent();
   /// Enter (13) is the start/stop button, space (32) the event button; true when the key was one of them.
@@ -84,7 +85,7 @@ class TarnAcq {
   void setFileFinishedHandler(RecordFiles::Finished handler) { files_.setFinished(std::move(handler)); }
   /// Called when a record or event file cannot be opened.
   void setOpenFailedHandler(Recorder::OpenFailed handler) { recorder_.setOpenFailed(std::move(handler)); }
-  /// Asked for the folder of each new file, given that of the configuration. Without it, that one.
+  /// Gives the folder of each new file; its argument is the configured folder, which is the default.
   void setFolderRule(RecordFiles::FolderRule rule) { files_.setFolderRule(std::move(rule)); }
 
   State AcqState() const { return state_; }
@@ -96,15 +97,15 @@ class TarnAcq {
   /// A row has been read since the acquisition started, so that a start or an event would be honoured.
   bool hasRow() const { return !currentBuffer_.empty(); }
   std::uint64_t cycles() const { return cycles_; }
-  /// Since the last complete polling cycle of this acquisition, and since the last answer in one; none before
-  /// the first. The clock's 32 bits hold 49.7 days.
+  /// Since the last complete polling cycle of this acquisition, and since a request was last sent without a
+  /// failure; none before the first. Both wrap after 49.7 days.
   std::optional<std::int64_t> millisecondsSinceCycle() const { return since(cycleTime_); }
   std::optional<std::int64_t> millisecondsSinceAnswer() const { return since(answerTime_); }
   std::uint64_t rowsWritten() const { return recorder_.rowsWritten(); }
   const std::string& RecordPath() const { return files_.recordPath(); }
 
  private:
-  /// What is to follow the end of the acquisition that runs.
+  /// What to do when the current acquisition has ended.
   struct Deferred {
     bool hide = false;
     std::optional<ferrox3::Session*> session;
@@ -150,10 +151,10 @@ class TarnAcq {
 
   State state_ = kIdle;
   bool stopAcqRequested_ = false;
-  bool stopAsked_ = false;  ///< AcqStopped is owed to whoever asked; a start after that pays it
+  bool stopAsked_ = false;  ///< AcqStopped must still be sent; a later start cancels it
   bool busy_ = false;       ///< a tick, or the start or the end of an acquisition, is running
   bool scrollPending_ = false;
-  bool writeFailing_ = false;  ///< as the screen shows it
+  bool writeFailing_ = false;  ///< as the screen was told last
   Deferred deferred_;
   Milliseconds stateSince_ = 0;
   std::uint64_t cycles_ = 0;

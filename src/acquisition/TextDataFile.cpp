@@ -1,11 +1,11 @@
 #include "acquisition/TextDataFile.h"
 
-#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/text/Cell.h"
 #include "platform/text/DateText.h"
 
 namespace tarnlog {
@@ -14,12 +14,7 @@ namespace {
 
 std::string headerLine(std::string line, const std::vector<ferrox3::DataItem*>& columns,
                        const std::function<std::string(const ferrox3::DataItem&)>& text) {
-  for (const ferrox3::DataItem* item : columns) {
-    std::string cell = text(*item);
-    std::replace_if(
-        cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\r' || c == '\n'; }, ' ');
-    line += "\t\"" + cell + "\"";
-  }
+  for (const ferrox3::DataItem* item : columns) line += "\t\"" + cleanCell(text(*item)) + "\"";
   return line;
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/base/ByteBuffer.h"
 #include "platform/files/FileSystem.h"
 #include "platform/text/TextEncoding.h"
 
@@ -17,27 +18,35 @@ class TextStream {
  public:
   explicit TextStream(std::unique_ptr<FileStream> file) : file_(std::move(file)) {}
 
-  /// Ends the line and hands it out; raises as `FileStream::write` does, the line is dropped then.
-  void writeLine(std::string_view utf8) {
+  /// An empty line, to be filled with UTF-8 text and ended.
+  ByteBuffer& newLine() {
     line_.clear();
-    appendWindows1252(line_, utf8);
+    return line_;
+  }
+  /// Ends the line and hands it out. `ascii`: it has no other characters, which saves looking for them.
+  /// Raises as `FileStream::write` does; the line is dropped then.
+  void endLine(bool ascii) {
     line_.append("\r\n");
-    file_->write(line_);
+    if (ascii) return file_->write(line_.view());
+    encoded_.clear();
+    appendWindows1252(encoded_, line_.view());
+    file_->write(encoded_);
   }
   /// Lines that must stand before whatever is written after them, as `FileStream::writeOrOwe`.
   void writeHeading(const std::vector<std::string>& lines) {
-    line_.clear();
+    encoded_.clear();
     for (const std::string& line : lines) {
-      appendWindows1252(line_, line);
-      line_.append("\r\n");
+      appendWindows1252(encoded_, line);
+      encoded_.append("\r\n");
     }
-    file_->writeOrOwe(line_);
+    file_->writeOrOwe(encoded_);
   }
   bool failing() const { return file_->failing(); }
 
  private:
   std::unique_ptr<FileStream> file_;
-  std::string line_;  ///< kept for its capacity
+  ByteBuffer line_;
+  std::string encoded_;
 };
 
 }  // namespace tarnlog

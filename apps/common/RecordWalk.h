@@ -7,26 +7,25 @@
 
 namespace tarnlog {
 
-/// What a walk over an XML record or event file found, and what it had to do.
+/// What is wrong with an XML record or event file, and what was mended.
 struct RecordFaults {
   bool record = false;          ///< the root element is that of a record
-  bool closed = false;          ///< the root element has its end
-  std::uint64_t cutRows = 0;    ///< rows that another one follows before their end: whole cells are kept
-  std::uint64_t addedEnds = 0;  ///< elements closed since rows follow them
+  bool closed = false;          ///< the root's end tag is there
+  std::uint64_t cutRows = 0;    ///< unfinished rows in the middle of the file; their whole cells are kept
+  std::uint64_t addedEnds = 0;  ///< end tags that were missing and were inserted
   std::uint64_t droppedBytes = 0;
 
   bool whole() const { return closed && cutRows == 0 && addedEnds == 0 && droppedBytes == 0; }
 };
 
-/// Fills the block and returns how much of it; 0 at the end.
+/// Reads up to `size` bytes and returns their number; 0 at the end.
 using ReadBlock = std::function<std::size_t(char* block, std::size_t size)>;
-/// A part of the document that ends where a child of the root has just begun or ended.
+/// A part of the document. It ends after the root's start tag, after a child of the root, or at the end.
 using TakePiece = std::function<void(std::string_view piece)>;
 
-/// Reads an XML record, a block at a time, and gives it on as a document that is whole: the root is closed,
-/// an unfinished element at the end is dropped, and rows follow each other where one was cut and another
-/// glued to it. The pieces make up the document. Raises BadInput when one element does not end within a
-/// sensible length.
+/// Reads an XML record, a block at a time, and passes it on as a well-formed document: the root is closed, an
+/// unfinished element at the end is dropped, and an unfinished row in the middle is closed before the next
+/// one begins. The pieces make up the document. Raises BadInput when one element is longer than 16 MB.
 RecordFaults walkRecord(const ReadBlock& read, const TakePiece& take);
 
 }  // namespace tarnlog

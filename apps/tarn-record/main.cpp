@@ -101,7 +101,7 @@ void report(const std::string& output, const std::string& text) {
 
 std::vector<std::string> recordExtensions() {
   std::vector<std::string> extensions;
-  for (const RecordFormat& format : kRecordFormats) extensions.emplace_back(format.extension);
+  for (const RecordFormat& format : recordFormats()) extensions.emplace_back(format.extension);
   return extensions;
 }
 

@@ -22,7 +22,7 @@ bool leadsOut(const std::filesystem::path& relative) {
 
 /// The path of a file that another file names, relative to that one's folder. A description comes from
 /// somebody else: it must not show what lies elsewhere on this machine, not by a symbolic link either.
-std::string besides(const std::string& path, const std::string& name) {
+std::string pathBeside(const std::string& path, const std::string& name) {
   const std::size_t slash = path.rfind('/');
   const std::string folder = slash == std::string::npos ? "./" : path.substr(0, slash + 1);
   std::error_code error;
@@ -86,8 +86,9 @@ std::unique_ptr<OpenedVehicle> letGoUnless(bool keepOpen, std::unique_ptr<Opened
 }  // namespace
 
 VehicleDescription readVehicleDescription(const std::string& path, const FileSystem& files) {
-  return parseVehicleDescription(files.readAll(path), path,
-                                 [&](const std::string& name) { return files.readAll(besides(path, name)); });
+  return parseVehicleDescription(files.readAll(path), path, [&](const std::string& name) {
+    return files.readAll(pathBeside(path, name));
+  });
 }
 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& files, UserLocale locale,

@@ -10,9 +10,9 @@
 
 namespace tarnlog {
 
-/// Makes the controls of the live display, block by block from top to bottom, and places them. The labels'
-/// own geometry is a wish: a label that refuses it keeps what it has, and what follows is set all the same
-/// until the next value label stands. Any other failure passes to the caller.
+/// Makes the controls of the live display, one block per display item from top to bottom, and places them.
+/// The top of a value label is tried only: a label that refuses it keeps what it has. From a caption on,
+/// failures are skipped until the next value label has been placed; any other failure passes to the caller.
 class DisplayBuilder {
  public:
   DisplayBuilder(GraphicFrame& frame, DisplayLayout& layout) : frame_(frame), layout_(layout) {}

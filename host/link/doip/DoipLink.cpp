@@ -14,12 +14,12 @@ constexpr std::int64_t kActivationTime = 2'000'000;  ///< microseconds
 constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a request to all ECUs
 constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
 constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
-constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message, after its last bytes
+constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message that has begun
 
-/// Requests to a group of ECUs are answered by each in its own name.
+/// A functional address: responses carry the address of each ECU.
 bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
 
-/// The supported PIDs (service 01, PID 00), or the word that they follow.
+/// A positive response to service 01, PID 00, or "response pending".
 bool offersObd(std::span<const std::uint8_t> response) {
   if (response.empty()) return false;
   const ResponseClass kind = classifyResponse(kSupportedPids, response);
@@ -55,7 +55,7 @@ void DoipLink::doOpen() {
   const std::string host = findHost();
   connect(host);
   if (activateRouting()) return;
-  // Having refused a version, the gateway closes the connection.
+  // After a negative acknowledgement of the version the gateway closes the connection (ISO 13400-2).
   connect(host);
   if (!activateRouting()) fail("the gateway did not understand a message");
 }
@@ -69,7 +69,7 @@ void DoipLink::doClose() {
   misjudged_ = 0;
 }
 
-/// False when the gateway asks for another version of the protocol, which is the one spoken from then on.
+/// False when the gateway rejected the version of the protocol; `version_` is its own then.
 bool DoipLink::activateRouting() {
   stream_->write(doipRoutingActivation(settings_.tester, version_));
   const std::int64_t deadline = clock_.microseconds() + kActivationTime;
@@ -135,8 +135,8 @@ bool DoipLink::doReadUnasked(const LinkTarget& target) {
   return unasked_.erase(ecuOf(target)) > 0;
 }
 
-/// What has come meanwhile belongs to a request that is over, not to the next one. A message that has begun
-/// is read to its end: what the next request brings would fill it up.
+/// Discards what has come meanwhile: it belongs to a request that is over. A message that has begun is read
+/// to its end; otherwise the next response would be appended to it.
 void DoipLink::readAway() {
   constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
   target_ = 0;
@@ -175,11 +175,11 @@ Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds ti
   return Received::nothing;
 }
 
-/// A gateway acknowledges a request before its ECU can answer. What comes from the ECU before that is late or
-/// doubled, where the gateway is known to keep to it.
+/// A gateway acknowledges a request before its ECU can answer. A response before that is late or a duplicate,
+/// if this gateway always acknowledges first.
 bool DoipLink::isEarly() const { return acknowledgesFirst_ && !acknowledged_; }
 
-/// Twice in a row, what was passed over may have been the answer.
+/// After two time-outs in which a response was dropped, the order is not relied on any more.
 void DoipLink::learnOrder(bool answered) {
   constexpr int kMostMisjudged = 2;
   if (answered && misjudged_ < kMostMisjudged) {
@@ -237,7 +237,7 @@ void DoipLink::handle(const DoipMessage& message) {
 
 std::vector<LinkTarget> DoipLink::doFindEcus() {
   patience_.begin();
-  // All ECUs of the OBD laws (ISO 27145), and what most makers take for all ECUs of a car.
+  // Functional addresses: of ISO 27145 (OBD), and the usual one of manufacturers.
   constexpr std::uint16_t kGroups[] = {0xE000, 0xE400};
   if (settings_.ecu) return {LinkTarget{*settings_.ecu, std::string(kObdName)}};
   std::set<std::uint16_t> found;
@@ -257,7 +257,7 @@ std::vector<LinkTarget> DoipLink::doFindEcus() {
 
 /// Asks one ECU, or a group, and notes who answers.
 void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
-  post(address, kSupportedPids);  // an answer that comes late is one of those that are looked for
+  post(address, kSupportedPids);  // nothing is discarded: a late response names an ECU, too
   try {
     do {
       const auto message = nextMessage(deadline);

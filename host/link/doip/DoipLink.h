@@ -20,7 +20,7 @@ struct DoipSettings {
   std::string host;  ///< name or address; "*" looks for a vehicle on the local networks
   std::uint16_t port = kDoipPort;
   std::uint16_t tester = 0x0E00;     ///< our own logical address
-  std::optional<std::uint16_t> ecu;  ///< logical address of the ECU for every request; else the request's own
+  std::optional<std::uint16_t> ecu;  ///< logical address for all requests; else the request's
 };
 
 /// Diagnostics over IP (ISO 13400-2): one TCP connection to the vehicle's gateway, over which all of its ECUs
@@ -29,7 +29,7 @@ class DoipLink : public Link {
  public:
   using Connect = std::function<std::unique_ptr<ByteStream>(const std::string& host, std::uint16_t port)>;
 
-  /// `connect` makes a stream that is not open yet. The clock must outlive the link.
+  /// `connect` makes a closed stream. The clock must outlive the link.
   DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
 
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
@@ -39,9 +39,9 @@ class DoipLink : public Link {
   void doClose() override;
   bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) override;
   Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
-  /// The ECU of the settings, where they name one. Else the ECUs that answer a request to all of them, and
-  /// where the gateway passes none on, those that answer at addresses near its own. EcuUnreachable when there
-  /// is none.
+  /// The ECU of the settings, where they name one. Else the ECUs that answer a functionally addressed
+  /// request; if none does, those found by asking the addresses that share the gateway's upper byte.
+  /// EcuUnreachable when there is none.
   std::vector<LinkTarget> doFindEcus() override;
   bool doReadUnasked(const LinkTarget& target) override;
 
@@ -69,15 +69,15 @@ class DoipLink : public Link {
   LinkClock& clock_;
   std::unique_ptr<ByteStream> stream_;
   DoipStream messages_;
-  std::uint16_t gateway_ = 0;  ///< as found or as it answered the activation
+  std::uint16_t gateway_ = 0;  ///< from vehicle identification or the routing activation response
   std::uint16_t target_ = 0;   ///< of the request that was sent last
   std::uint8_t version_ = kDoipVersion;
   std::int64_t heard_ = 0;           ///< when the last bytes came
-  std::set<std::uint16_t> unasked_;  ///< those who sent what was not asked for
-  bool acknowledged_ = false;        ///< the gateway has taken the request that was sent last
-  bool acknowledgesFirst_ = false;   ///< it says so before the ECU's answer comes, so far
-  bool early_ = false;               ///< an answer was passed over because it came before that
-  int misjudged_ = 0;                ///< exchanges, one after another, that lacked an answer then
+  std::set<std::uint16_t> unasked_;  ///< who sent messages that were not asked for, or came late
+  bool acknowledged_ = false;        ///< it acknowledged the last request
+  bool acknowledgesFirst_ = false;   ///< so far, its acknowledgement came before the response
+  bool early_ = false;               ///< a response was dropped since no acknowledgement had come
+  int misjudged_ = 0;                ///< time-outs after such a drop
   StopPatience patience_{*this, clock_};
   IdleHook waitHook_ = [this] {
     idle();

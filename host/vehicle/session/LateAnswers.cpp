@@ -12,13 +12,13 @@ using std::chrono::ceil;
 using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
-/// An ECU that was silent for so long after its time does not answer any more.
+/// So long after its time-out a response is not expected any more.
 constexpr std::int64_t kForgotten = 5'000'000;  // microseconds
-/// Requests after an answer that nobody asked for.
+/// After an unexpected response, so many requests are verified first.
 constexpr int kDistrusted = 100;
-/// Equal requests, one behind the other, after which their answers are compared with something else.
+/// After so many equal requests in a row, a verification request is sent.
 constexpr int kUnproven = 100;
-/// For that comparison, which an ECU need not understand.
+/// Time-out of that one; the ECU may not support it.
 constexpr milliseconds kProofTime{300};
 
 /// Something that each ECU answers and that changes nothing: what OBD asks of all, or else TesterPresent.
@@ -56,8 +56,8 @@ LateAnswers::Way LateAnswers::readAway(const LinkTarget& target, std::span<const
   return Way::clear;
 }
 
-/// Once a surplus answer was taken, each further one is old, and yet there is always one when the next equal
-/// request is sent: nothing comes unasked.
+/// Once a duplicate was taken for the response to the next equal request, every later response belongs to the
+/// request before. One response comes per request, so none looks unexpected: only another request tells.
 bool LateAnswers::isUnproven(Ecu& ecu, std::span<const std::uint8_t> request) {
   if (!std::ranges::equal(ecu.request, request)) {
     ecu.request.assign(request.begin(), request.end());
@@ -91,8 +91,8 @@ void LateAnswers::noneExpected() {
   if (asked_ != nullptr) asked_->owed.reset(asked_->service);
 }
 
-/// A refusal names the service only, so it may be one of what the ECU owes. An answer may be that to an
-/// earlier question aside, which says nothing about requests behind that one.
+/// A negative response names the service only, so it may belong to an outstanding request. A positive one may
+/// belong to an earlier verification request, which says nothing about requests after that.
 LateAnswers::Way LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
   const auto request = harmlessRequest(protocolOf(target.protocol), ecu.owesPids && ecu.owed.any());
   if (!link_.send(target, request)) return Way::unreachable;

@@ -11,13 +11,13 @@
 
 namespace tarnlog::host {
 
-/// Keeps a late or doubled answer from being taken for that to a newer request, on links that know an answer
-/// only by who sent it.
+/// Prevents a late or duplicate response from being matched to a newer request, on links that identify a
+/// response only by who sent it.
 ///
-/// An ECU answers in the order in which it is asked. So an answer that can belong to the newest request alone
-/// tells that all before it are through. An ECU that owes answers, or gives more than it was asked for, is
-/// first asked something else than what it owes, and what comes before the answer to that is read away. So is
-/// one that is asked the same again and again, now and then.
+/// An ECU answers in the order in which it is asked. So a response that only fits the newest request shows
+/// that no older one is still to come. Where responses are outstanding that could be mistaken, or surplus
+/// ones came, a verification request is sent first (supported PIDs, or TesterPresent), and everything before
+/// its response is discarded. The same is done now and then while the same request is sent again and again.
 class LateAnswers {
  public:
   /// Both must outlive it.
@@ -25,19 +25,19 @@ class LateAnswers {
 
   enum class Way : std::uint8_t {
     clear,       ///< the next answer belongs to the request that is to be sent
-    blocked,     ///< the ECU had to be asked something else first, and did not answer within `timeout`
-    unreachable  ///< that did not reach the ECU
+    blocked,     ///< the verification request was not answered within `timeout`
+    unreachable  ///< the verification request could not be delivered
   };
 
-  /// To be called before each request, which is to be sent on a clear way only. Failures of the link are
-  /// TarnErrors.
+  /// To be called before each request, which is to be sent only if the result is `clear`. Failures of the
+  /// link are TarnErrors.
   Way readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
                std::chrono::milliseconds timeout);
   /// The answer to that request came.
   void answered();
   /// It did not come in time.
   void givenUp();
-  /// That request asked for no answer, and none came.
+  /// That request suppressed its positive response, and nothing came.
   void noneExpected();
 
  private:
@@ -45,14 +45,14 @@ class LateAnswers {
   struct Ecu {
     std::bitset<0x100> owed;   ///< services of requests that it has not answered
     bool owesPids = false;     ///< the request for the supported PIDs is among them
-    std::int64_t givenUp = 0;  ///< when the newest of them was
-    int distrusted = 0;        ///< requests before which it is asked something else
+    std::int64_t givenUp = 0;  ///< when the newest of them timed out, or will
+    int distrusted = 0;        ///< coming requests that are still verified first
     std::uint8_t service = 0;  ///< of the request sent last
-    int aside = 0;             ///< questions of our own that it has not answered
-    int strayed = 0;           ///< those of them that are older than the request sent last
+    int aside = 0;             ///< verification requests that it has not answered
+    int strayed = 0;           ///< those of them that are older than the last request
     Link::Bytes request;       ///< sent last
     int alike = 0;             ///< how often in a row
-    bool unprovable = false;   ///< it did not answer something else when it owed nothing
+    bool unprovable = false;   ///< it did not answer a verification request when nothing was outstanding
   };
 
   static void settle(Ecu& ecu);
@@ -63,7 +63,7 @@ class LateAnswers {
   Link& link_;
   LinkClock& clock_;
   std::map<std::int64_t, Ecu> ecus_;
-  Ecu* asked_ = nullptr;  ///< of the request sent last; none where the link finds the requests itself
+  Ecu* asked_ = nullptr;  ///< of the last request; null where the link matches responses to requests itself
   Link::Bytes came_;      ///< kept for its capacity
 };
 

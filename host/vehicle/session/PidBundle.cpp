@@ -59,7 +59,7 @@ bool PidBundle::ask() {
   return true;
 }
 
-/// What worked before may only have been disturbed.
+/// If the bundle worked before, a response without data may be a disturbance: a few are allowed.
 void PidBundle::judge(std::size_t came) {
   if (!worked_ && came < 2) {
     usable_ = false;
@@ -87,8 +87,8 @@ void PidBundle::noteMissing() {
 }
 
 /// Finds each PID with its data in the response (the service, then PID and data, PID and data, ...) and tells
-/// how many came. ECUs leave out what they do not have; but what does not end with a PID's data was not
-/// understood, unless all have come: fill bytes are none of the message, but not every car keeps to that.
+/// how many came. ECUs leave out what they do not have. Bytes that belong to no PID mean that the response
+/// was not understood, unless all PIDs have come: then they are padding, which some ECUs count in the length.
 std::size_t PidBundle::split() {
   std::size_t came = 0;
   std::size_t at = 1;

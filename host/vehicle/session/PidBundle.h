@@ -10,12 +10,13 @@
 
 namespace tarnlog::host {
 
-/// Up to six PIDs of service 01 that one request asks for at once, as ISO 15031-5 allows on CAN. The first of
-/// them that is sent asks for all; the others take what came with it, once. A PID that does not come with the
-/// others is asked for by itself, and so are all in a car that cannot do it.
+/// Up to six PIDs of service 01 that one request asks for at once, as ISO 15031-5 allows on CAN. The first
+/// member that is sent requests all PIDs; each other member then uses its part of that response, once. A PID
+/// that keeps missing is requested by itself, and so are all if the ECU does not support several PIDs per
+/// request.
 class PidBundle {
  public:
-  /// Whether the request asks for one PID of the table, and nothing else.
+  /// Whether the request asks for one PID that ObdPids.h knows, and nothing else.
   static bool canHold(const RequestDescription& request);
 
   /// At most `kMostPidsAtOnce` requests that it can hold; all must outlive the bundle.
@@ -28,7 +29,7 @@ class PidBundle {
   };
   /// The response to a member. Failures of the link are TarnErrors.
   Taken take(const RequestDescription& request, Link::Bytes& response);
-  /// What came and was not taken is old.
+  /// Drops the parts of the last response that were not used.
   void forget();
 
  private:
@@ -36,12 +37,12 @@ class PidBundle {
   struct Member {
     const RequestDescription* request;
     std::uint8_t pid;
-    std::size_t bytes;  ///< of data behind the PID
+    std::size_t bytes;  ///< of data, without the PID
     Share share = Share::due;
-    std::size_t place = 0;  ///< of the PID in the response, when it arrived
+    std::size_t place = 0;  ///< offset of the PID in the response, when it arrived
     bool cameBefore = false;
     int missed = 0;      ///< in a row
-    bool apart = false;  ///< not asked for together with the others any more
+    bool apart = false;  ///< requested by itself from now on
   };
 
   /// False when nothing reaches the ECU.

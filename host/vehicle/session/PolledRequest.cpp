@@ -27,14 +27,16 @@ void PolledRequest::send() {
     throw request_.failure(outcome);
 }
 
-/// Where everything is left out, cycles without an exchange would follow one another at full speed.
+/// Where all requests are left out, the polling loop would spin: it pauses when nothing was answered since
+/// this one was skipped last.
 void PolledRequest::pass() {
   constexpr std::chrono::milliseconds kPause{20};
   const std::uint64_t answers = polling_.conversation.answers();
   if (std::exchange(turnAnswers_, answers) == answers) polling_.conversation.pause(kPause);
 }
 
-/// An ECU that answers nothing at all has to be initialised again, and so has a car of which nothing is left.
+/// False, so that the caller raises and the ECUs are initialised again, when this ECU gave no response at
+/// all; for a request that is left out already, when no ECU did.
 bool PolledRequest::isLeftOutBySilence() {
   const std::uint64_t ofEcu = request_.channel().answers();
   const std::uint64_t ofAll = polling_.conversation.answers();

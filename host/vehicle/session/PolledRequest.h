@@ -13,17 +13,17 @@
 
 namespace tarnlog::host {
 
-/// What the polled requests of a session share. Outlives the poll sets.
+/// Shared by all polled requests of one vehicle. Outlives the poll sets.
 struct Polling {
   SessionKeeper& conversation;
   LinkClock& clock;
   NoticeHandler notify{};
 };
 
-/// A request as a poll set sends it: one that the car refuses, or does not know, must not stop the others.
-/// What its ECU refuses makes its data "not available"; so does silence for the third time in a row, when the
-/// ECU answered something else each time before. Such a request is left out, and asked again every few
-/// seconds. Everything else raises as the request itself does.
+/// A request as a poll set sends it: one that its ECU rejects, or does not know, must not stop the others. A
+/// negative response (but "busy") makes its data "not available"; so does the third time-out in a row, if the
+/// ECU answered another request between each two of them. Such a request is left out: skipped, and sent again
+/// every few seconds. Every other failure is raised as the request itself raises it.
 class PolledRequest : public ferrox3::Request {
  public:
   PolledRequest(VehicleRequest& request, const Polling& polling) : request_(request), polling_(polling) {}

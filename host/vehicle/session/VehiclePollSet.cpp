@@ -1,11 +1,28 @@
 #include "host/vehicle/session/VehiclePollSet.h"
 
 #include <map>
+#include <string>
 #include <utility>
 
 #include "host/service/Services.h"
+#include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+void VehicleProtocol::initialiseAll() {
+  begins_();
+  // A copy: what the reports set off may finish the poll set.
+  const std::vector<VehicleEcu*> ecus = ecus_;
+  for (VehicleEcu* const ecu : ecus) {
+    std::string error;
+    try {
+      ecu->initialise();
+    } catch (const TarnError& failure) {
+      error = failure.description();
+    }
+    report(*ecu, !error.empty(), {}, error);
+  }
+}
 
 VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
                                const Polling& polling)

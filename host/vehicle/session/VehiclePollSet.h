@@ -2,16 +2,30 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "host/vehicle/session/PidBundle.h"
 #include "host/vehicle/session/PolledRequest.h"
 #include "host/vehicle/session/VehicleEcu.h"
-#include "host/vehicle/session/VehicleProtocol.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog::host {
+
+/// Asks each ECU once whether it is there. What was received before is old then: `begins` is told.
+class VehicleProtocol : public ferrox3::Protocol {
+ public:
+  VehicleProtocol(std::vector<VehicleEcu*> ecus, std::function<void()> begins)
+      : ecus_(std::move(ecus)), begins_(std::move(begins)) {}
+  void initialiseAll() override;
+  void forgetEcus() { ecus_.clear(); }
+
+ private:
+  std::vector<VehicleEcu*> ecus_;
+  std::function<void()> begins_;
+};
 
 /// Requests and ECUs in the order in which their first data item was added. OBD requests that can be asked
 /// for together are bundled; what the car refuses is left out, unless the description wants an error.

@@ -25,8 +25,8 @@ class TarnError : public std::exception {
   std::string description_;
 };
 
-/// Runs a step whose failure is to be skipped; false when it failed. The one place where failures are
-/// swallowed.
+/// Runs a step whose failure changes nothing for the caller; false when it failed. Where a failure is
+/// skipped, this says so; where it is turned into something else, a `catch` does.
 template <class Step>
 bool skipOnFailure(Step&& step) noexcept {
   try {

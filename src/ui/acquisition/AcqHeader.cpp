@@ -5,7 +5,6 @@
 #include "acquisition/AcqWords.h"
 #include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/Indicator.h"
-#include "ui/acquisition/IndicatorMeaning.h"
 #include "ui/acquisition/LogList.h"
 #include "ui/acquisition/UserWords.h"
 

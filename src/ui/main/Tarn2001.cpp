@@ -274,13 +274,13 @@ void Tarn2001::setVisible(bool visible) {
   if (!visible) putAway();
 }
 
-/// Minimising the window hides nothing that the user wants to be rid of.
+/// Minimising the window hides nothing.
 void Tarn2001::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (!event->spontaneous()) putAway();
 }
 
-/// A dialog that waits for the end of a request belongs to the view that is left.
+/// Actions that wait for the end of a request belong to the view that is left: they are dropped.
 void Tarn2001::putAway() {
   whenIdle_->drop();
   desk_.setParameters(nullptr);

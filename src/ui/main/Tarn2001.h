@@ -48,12 +48,12 @@ class Tarn2001 : public QWidget {
   bool load(const std::string& fileName);
   /// Loads once more what the user loaded before there was a session.
   void loadAgain();
-  /// The file that waits for a session; empty when there is none.
+  /// A file that was loaded before there was a session; empty when there is no such file.
   const std::string& earlyFile() const { return earlyFile_; }
   /// Saves into the configuration's own file, or asks for one: also when parts of it would be lost. False
   /// when that failed or was cancelled.
   bool save();
-  /// Asks what to do with changed work that would be lost, and does it. False when the user keeps it.
+  /// Offers to save changes that would be lost. True when the caller may go on.
   bool mayBeLost();
 
   /// Somebody else than the screens changed the configuration.
@@ -67,7 +67,7 @@ class Tarn2001 : public QWidget {
   void setVisible(bool visible) override;
 
  signals:
-  /// The configuration's file, or whether it was changed, may be another.
+  /// The configuration's file name, or whether it was changed, may have changed.
   void stateChanged();
 
  protected:

@@ -12,8 +12,8 @@ namespace tarnlog {
 
 SaveRules::SaveRules(SettingsStore& settings, const FileSystem& files)
     : settings_(settings), files_(files), folder_(GetRegisterParameter(settings, kRegisterPathName, "")) {
-  for (const RecordFormat& format : kRecordFormats) formats_.emplace_back(format.extension);
-  takeFormat(GetRegisterParameter(settings, kRegisterFormat, std::string(kRecordFormats.front().extension)));
+  for (const RecordFormat& format : recordFormats()) formats_.emplace_back(format.extension);
+  takeFormat(GetRegisterParameter(settings, kRegisterFormat, std::string(recordFormats().front().extension)));
   if (folder_.empty()) folder_ = files.currentFolder();
 }
 

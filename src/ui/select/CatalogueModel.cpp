@@ -31,7 +31,7 @@ QModelIndex CatalogueModel::indexOf(CatalogueNode node) const {
   return createIndex(static_cast<int>(tree().row(node)), 0, quintptr{node});
 }
 
-QModelIndex CatalogueModel::besides(CatalogueNode node) const {
+QModelIndex CatalogueModel::neighbourOf(CatalogueNode node) const {
   const QModelIndex leaving = indexOf(node);
   for (const int row : {leaving.row() + 1, leaving.row() - 1})
     if (const QModelIndex sibling = index(row, 0, leaving.parent()); sibling.isValid()) return sibling;

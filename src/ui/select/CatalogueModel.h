@@ -35,7 +35,7 @@ class CatalogueModel : public DraggedModel<QAbstractItemModel>, private Catalogu
   /// Invalid for the root and for kNone.
   QModelIndex indexOf(CatalogueNode node) const;
   /// Where to go on when this node leaves: the one behind it, or before it, or above.
-  QModelIndex besides(CatalogueNode node) const;
+  QModelIndex neighbourOf(CatalogueNode node) const;
   std::vector<CatalogueNode> nodes(const QModelIndexList& indexes) const;
   /// What the view dragged, or none when it comes from elsewhere.
   std::optional<std::vector<CatalogueNode>> dragged(const QMimeData* data) const;

@@ -17,8 +17,8 @@
 
 namespace tarnlog {
 
-/// A row of the list of data to record. Its texts are its own: they can be shown while the configuration is
-/// being replaced.
+/// A row of the list of data to record. It holds copies of its texts: they can be shown while the
+/// configuration is being replaced.
 struct SelectedRow {
   oTarnScope* scope;
   XmlElement element;  ///< the data in the session document
@@ -69,7 +69,8 @@ class SelectionRules {
   std::vector<CatalogueNode> dataNodes(const std::vector<CatalogueNode>& nodes) const;
   /// Moves the data of these nodes to the list, before that row or to the end. True when some were added.
   bool addData(const std::vector<CatalogueNode>& nodes, std::size_t before = kNoRow);
-  /// A double click adds requests and data only. True when it is one of these, added or not.
+  /// A double click adds requests and data only. True when the node is a request or a data node, even if
+  /// nothing was added.
   bool addsOnDoubleClick(CatalogueNode node) const;
 
   struct Removal {
@@ -78,7 +79,7 @@ class SelectionRules {
   };
   /// Gives these rows back to the tree.
   Removal removeData(std::vector<std::size_t> rows, std::size_t focusedRow);
-  /// Takes back the last removal that was not taken back yet.
+  /// Undoes the newest removal that was not undone yet.
   bool undoRemoval();
 
   /// By one place, past the neighbour.

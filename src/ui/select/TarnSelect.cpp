@@ -132,7 +132,7 @@ void TarnSelect::edit(Operation&& operation) {
 void TarnSelect::addNodes(const std::vector<CatalogueNode>& nodes, std::size_t before) {
   const auto leaving = rules_.dataNodes(nodes);
   if (leaving.empty()) return;
-  const QPersistentModelIndex next = catalogue_->besides(leaving.back());
+  const QPersistentModelIndex next = catalogue_->neighbourOf(leaving.back());
   edit([&] { return rules_.addData(nodes, before); });
   available_->goOnAt(next);
 }

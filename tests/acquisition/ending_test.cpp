@@ -67,6 +67,14 @@ TEST(Ending, isFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
     rig.acq.StartReadingData(rig.parameters);
     EXPECT_EQ(rig.session.unfinishedPollSets, 1);
   };
+  const auto startAndHide = [](AcqRig& rig) {
+    rig.acq.StartReadingData(rig.parameters);
+    rig.acq.hidden();
+  };
+  const auto startAndSession = [](AcqRig& rig) {
+    rig.acq.StartReadingData(rig.parameters);
+    rig.acq.setSession(&rig.session);
+  };
   const auto spoil = [](AcqRig& rig) {
     rig.parameters->recordingPeriod = -1;
     rig.acq.AskStopAcqNow();
@@ -76,7 +84,8 @@ TEST(Ending, isFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
        {Case{tick, 0, stopAndStart, 0, true}, Case{stop, 0, start, 0, true}, Case{stop, 0, stop, 1, false},
         Case{sameSession, 0, start, 0, true}, Case{start, 0, stop, 1, false}, Case{start, 1, stop, 1, false},
         Case{start, 2, stop, 1, false}, Case{start, 1, start, 0, true}, Case{start, 2, sameSession, 0, false},
-        Case{start, 1, spoil, 1, false}}) {
+        Case{start, 1, spoil, 1, false}, Case{tick, 0, startAndHide, 0, false},
+        Case{tick, 0, startAndSession, 0, false}}) {
     SCOPED_TRACE(number++);
     AcqRig rig;
     rig.start();

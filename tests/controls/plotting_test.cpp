@@ -46,6 +46,16 @@ TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
   EXPECT_EQ(scale.range(), wide);
   EXPECT_TRUE(scale.follow(0, 10));
   EXPECT_EQ(scale.range(), (AxisRange{0, 10}));
+
+  Autoscale settling;
+  EXPECT_TRUE(settling.follow(0.2, 0.4));
+  EXPECT_EQ(settling.range(), (AxisRange{0.2, 0.4})) << "the first points set it";
+  EXPECT_TRUE(settling.follow(0, 1));
+  settling.follow(0, 100);
+  for (int i = 0; i < 59; ++i) settling.follow(0, 10);
+  settling.follow(0, 93);
+  for (int i = 0; i < 59; ++i) EXPECT_FALSE(settling.follow(0, 10)) << "counted anew";
+  EXPECT_TRUE(settling.follow(0, 10));
 }
 
 TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {

@@ -53,6 +53,8 @@ TEST(DisplayUpdate, markersCloseInOnTheRangeSeenAndTurnRedBeyondTheAxis) {
   EXPECT_EQ(feed(60), "value 60; pointer 3 60");
   EXPECT_EQ(feed(50), "value 50");
   EXPECT_EQ(feed(std::numeric_limits<double>::quiet_NaN()), "value nan");
+  EXPECT_EQ(feed(100), "value 100; pointer 3 100") << "the end of the axis is not beyond it";
+  EXPECT_EQ(feed(0), "value 0; pointer 2 0");
   EXPECT_EQ(feed(120), "value 120; pointer 3 100; colour 3 255");
   EXPECT_EQ(feed(-1), "value -1; pointer 2 0; colour 2 255");
   EXPECT_EQ(feed(50), "value 50") << "never reset";

@@ -43,6 +43,7 @@ TEST(Failures, endARecordingWhoseStopIsArmed) {
   car.run(kSilenceAndReturn);
   EXPECT_FALSE(car.acq.Recording());
   EXPECT_EQ(car.finished.size(), 1U);
+  EXPECT_EQ(car.acq.finishedRecordings(), 1) << "a run that counts recordings ends";
   EXPECT_EQ(car.screen.recording.back(), RecordingFact::Off);
   EXPECT_THAT(car.screen.logTexts(), Not(Contains("Stop record")));
   car.run("4300");

@@ -54,6 +54,7 @@ void VehiclePollSet::bundlePids(const std::vector<VehicleRequest*>& requests) {
 void VehiclePollSet::bundle(std::vector<VehicleRequest*>& members) {
   if (members.size() > 1) {
     std::vector<const RequestDescription*> descriptions;
+    descriptions.reserve(members.size());
     for (const VehicleRequest* const request : members) descriptions.push_back(&request->description());
     bundles_.push_back(std::make_unique<PidBundle>(members.front()->channel(), descriptions));
     for (VehicleRequest* const request : members) request->setBundle(bundles_.back().get());

@@ -47,6 +47,9 @@ class Elm327Link : public Link {
   std::vector<LinkTarget> doFindEcus() override;
 
  private:
+  /// For the adapter, in addition to the time that the ECU has.
+  static constexpr std::int64_t kAdapterTime = 500'000;  // microseconds
+
   /// What is known of reaching one ECU.
   struct Reach {
     bool answered = false;         ///< since the link was constructed; closing keeps it

@@ -73,8 +73,8 @@ class DoipLink : public Link {
   std::uint16_t target_ = 0;   ///< of the request that was sent last
   std::uint8_t version_ = kDoipVersion;
   std::int64_t heard_ = 0;           ///< when the last bytes came
-  std::set<std::uint16_t> unasked_;  ///< who sent messages that were not asked for, or came late
-  bool acknowledged_ = false;        ///< it acknowledged the last request
+  std::set<std::uint16_t> unasked_;  ///< who sent what was not asked for, was late, or was dropped
+  bool acknowledged_ = false;        ///< it acknowledged something since the last request
   bool acknowledgesFirst_ = false;   ///< so far, its acknowledgement came before the response
   bool early_ = false;               ///< a response was dropped since no acknowledgement had come
   int misjudged_ = 0;                ///< time-outs after such a drop

@@ -25,8 +25,8 @@ class TarnSelect;
 class WhenIdle;
 
 /// The configuration view: four screens under one tab strip, all editing one configuration, and the loading
-/// and saving of configuration files. It holds the configuration while it is shown: hiding it puts the
-/// configuration away, minimising the window does not. Messages go to the notice bar.
+/// and saving of configuration files. Hiding the view releases the configuration; minimising the window does
+/// not. What was left out at loading goes to the notice bar, failures and questions go to dialogs.
 class Tarn2001 : public QWidget {
   Q_OBJECT
  public:
@@ -34,8 +34,8 @@ class Tarn2001 : public QWidget {
 
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return desk_.Parameters(); }
-  /// Reads the whole catalogue of the session, which the host keeps alive. What the session raises is raised;
-  /// there is none then.
+  /// Reads the whole catalogue of the session, which must outlive its use here. Raises what the session
+  /// raises; the view then has no session.
   void setSession(ferrox3::Session* session);
   /// Raises what the loader raises, and error 1, "Parameters not defined", while the configuration is put
   /// away.

@@ -26,14 +26,15 @@ struct SelectedRow {
 };
 
 /// What the data selection screen shows, and what clicks on it do to the configuration: the tree of available
-/// data on the left, the data to record on the right. Rows count from 0. Operations that tell whether the
-/// configuration changed do nothing without a session document or parameters.
+/// data on the left, the data to record on the right. Rows count from 0. Functions that change something and
+/// return a bool tell whether the configuration changed; without a session document or parameters they do
+/// nothing.
 class SelectionRules {
  public:
   static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
-  /// Shows another session's catalogue, by request; the list is empty until the parameters come, or are
-  /// displayed, again.
+  /// Shows another session's catalogue, grouped by request. The list stays empty until `setParameters` or
+  /// `DisplayDataList`.
   void setXmlSession(std::shared_ptr<const SessionDocument> document);
   const std::shared_ptr<const SessionDocument>& xmlSession() const { return document_; }
   /// Shows a configuration. What was removed from the list before can no longer be put back: the
@@ -41,23 +42,25 @@ class SelectionRules {
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return parameters_; }
 
-  /// Builds the rows from the configuration, renews the items' keys and numbers them; selects that item's
-  /// row, or the last one. Items that the session does not offer stay in the configuration, without a row.
-  /// Fills the tree again when other data are chosen than before. Returns the number of rows.
+  /// Builds the rows from the configuration, and updates key and index of each item that has one. Selects the
+  /// row of `selectScope`, or without it the last row. Items that the session does not offer stay in the
+  /// configuration, without a row. Fills the tree again when other data are chosen than before. Returns the
+  /// number of rows.
   std::int32_t DisplayDataList(const oTarnScope* selectScope = nullptr);
   /// Empties the list and fills the tree again.
   void Clear();
 
   CatalogueTree& tree() { return tree_; }
   const CatalogueTree& tree() const { return tree_; }
-  /// "R", "D" or "O"; the tree is filled again unless it has this shape.
+  /// How ECU nodes are filled: "R" requests with their data, "O" devices with their data, "D" data alone. The
+  /// tree is filled again unless it has this shape.
   void setShape(char key);
   /// Builds the children of an ECU node, if that is still to be done.
   void expand(CatalogueNode node);
   /// Leaves in the tree only data in which every word of the text is found; blanks only: all data.
   void setFilter(std::string_view text);
   bool filtering() const { return tree_.shown != nullptr; }
-  /// What the filter found, by ECU; chosen data are not counted.
+  /// What the filter found, as hits per ECU, without the data that were chosen at the last search.
   const std::vector<CatalogueSearch::Found::EcuCount>& found() const { return found_.ecus; }
 
   const std::vector<SelectedRow>& rows() const { return rows_; }
@@ -65,7 +68,7 @@ class SelectionRules {
   std::size_t selectedRow() const { return selectedRow_; }
 
   /// The data nodes that these nodes stand for, each once and in the order of the tree: a request or a device
-  /// stands for all below it, an ECU for none.
+  /// stands for its data, an ECU for none.
   std::vector<CatalogueNode> dataNodes(const std::vector<CatalogueNode>& nodes) const;
   /// Moves the data of these nodes to the list, before that row or to the end. True when some were added.
   bool addData(const std::vector<CatalogueNode>& nodes, std::size_t before = kNoRow);

@@ -16,14 +16,14 @@ void expectReleased(const AcqRig& rig) {
   EXPECT_FALSE(rig.timer.enabled());
 }
 
-TEST(Ending, idleOnlyAnswers) {
+TEST(Ending, IdleOnlyAnswers) {
   AcqRig rig;
   rig.acq.AskStopAcqNow();
   EXPECT_EQ(rig.stopped, 1);
 }
 
 // Hiding after a stop once swallowed the answer, and stopping after a new session the session.
-TEST(Ending, isAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
+TEST(Ending, IsAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
   test::ScriptedSession second;
   struct Case {
     std::function<void(TarnAcq&)> calls;
@@ -50,7 +50,7 @@ TEST(Ending, isAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
 }
 
 // A start during the end was lost, and came at the next stop; a stop during the start was a crash.
-TEST(Ending, isFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
+TEST(Ending, IsFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
   struct Case {
     std::function<void(AcqRig&)> call;
     int waits;  ///< of the vehicle, before the one in which something arrives
@@ -106,7 +106,7 @@ TEST(Ending, isFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
   }
 }
 
-TEST(Hiding, betweenTicksLeavesTheFileToTheNextStart) {
+TEST(Hiding, BetweenTicksLeavesTheFileToTheNextStart) {
   AcqRig rig;
   rig.triggerStart(1, 50);
   rig.start();

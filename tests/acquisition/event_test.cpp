@@ -8,7 +8,7 @@ namespace {
 using test::AcqRig;
 using testing::ElementsAre;
 
-TEST(UserEvent, hasTheCyclesBeforeAndTwentyAfter) {
+TEST(UserEvent, HasTheCyclesBeforeAndTwentyAfter) {
   AcqRig rig;
   rig.start();
   EXPECT_TRUE(rig.acq.HandleHotKey(32));
@@ -30,7 +30,7 @@ TEST(UserEvent, hasTheCyclesBeforeAndTwentyAfter) {
   EXPECT_EQ(rig.screen.eventCaption, "Event");
 }
 
-TEST(UserEvent, thatCannotBeOpenedActivatesNothing) {
+TEST(UserEvent, ThatCannotBeOpenedActivatesNothing) {
   AcqRig rig;
   rig.triggerStart(1, 50);
   rig.start();

@@ -51,7 +51,7 @@ struct GraphsRig : AcqRig {
   RecordingArea area;
 };
 
-TEST(GraphArea, staysReachableHoweverOftenItIsResized) {
+TEST(GraphArea, StaysReachableHoweverOftenItIsResized) {
   GraphsRig rig(7);  // 40 pixels each at least
   EXPECT_EQ(rig.reach(), "280 by 80");
   rig.area.scroll = 80;
@@ -69,7 +69,7 @@ TEST(GraphArea, staysReachableHoweverOftenItIsResized) {
   EXPECT_EQ(rig.reach(), "280 by 130") << "and give it back";
 }
 
-TEST(GraphArea, withoutADisplayIsOnlyPlaced) {
+TEST(GraphArea, WithoutADisplayIsOnlyPlaced) {
   GraphsRig rig(7);
   rig.acq.AskStopAcqNow();
   rig.resize(500, 150);

@@ -11,7 +11,7 @@
 namespace tarnlog {
 namespace {
 
-TEST(Points, wholePeriodsPlusOneWhenMoreThanATenthRemains) {
+TEST(Points, WholePeriodsPlusOneWhenMoreThanATenthRemains) {
   EXPECT_EQ(pointsFor(-3, 2), 2);
   EXPECT_EQ(pointsFor(-3, 0), 6);
   EXPECT_EQ(pointsFor(-4, 4), 1);
@@ -21,7 +21,7 @@ TEST(Points, wholePeriodsPlusOneWhenMoreThanATenthRemains) {
   EXPECT_EQ(pointsFor(std::numeric_limits<std::int32_t>::min(), 0), 4294967296);
 }
 
-TEST(Plan, refusesTimesThatOverflowTheClock) {
+TEST(Plan, RefusesTimesThatOverflowTheClock) {
   MemorySettingsStore settings;
   oTarnParameters parameters(settings);
   parameters.startTrigger->prepost = 5;
@@ -51,7 +51,7 @@ std::string firings(std::int32_t edge, std::initializer_list<ferrox3::Value> val
   return fired;
 }
 
-TEST(LevelTrigger, firesWhenTheLevelIsCrossedBetweenTwoValues) {
+TEST(LevelTrigger, FiresWhenTheLevelIsCrossedBetweenTwoValues) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
   EXPECT_EQ(firings(1, {40.0, 49.0, 50.0, 60.0}), "..!.");
   EXPECT_EQ(firings(1, {80.0, 40.0, 60.0}), "..!") << "the first value cannot fire";
@@ -63,7 +63,7 @@ TEST(LevelTrigger, firesWhenTheLevelIsCrossedBetweenTwoValues) {
   EXPECT_FALSE(LevelTrigger(nullptr, 1, 50).evaluate());
 }
 
-TEST(FileNames, areMadeOfDateAndConfiguration) {
+TEST(FileNames, AreMadeOfDateAndConfiguration) {
   const LocalDateTime evening{2026, 11, 16, 19, 5, 7};
   const LocalDateTime newYear{2027, 1, 2, 0, 0, 0};
   EXPECT_EQ(recordBaseName(evening, ".txt", {}), "16-11-26_19h05mn07.txt");

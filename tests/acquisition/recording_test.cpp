@@ -9,7 +9,7 @@ using test::AcqRig;
 using test::ScriptedData;
 using testing::ElementsAre;
 
-TEST(Recording, aButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
+TEST(Recording, AButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
   AcqRig rig;
   rig.start();
   rig.run("1000:0 1100:1 1200:2");
@@ -22,7 +22,7 @@ TEST(Recording, aButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
   EXPECT_EQ(rig.screen.timePanel, "0.3");
 }
 
-TEST(Recording, lateCyclesCatchUpOneRowEach) {
+TEST(Recording, LateCyclesCatchUpOneRowEach) {
   AcqRig rig;
   rig.parameters->recordingPeriod = 1;
   rig.triggerStart(1, 50);
@@ -32,7 +32,7 @@ TEST(Recording, lateCyclesCatchUpOneRowEach) {
               ElementsAre("0|\"Start\"|60", "3.5|\"\"|1", "3.6|\"\"|2", "3.7|\"\"|3", "4|\"\"|5"));
 }
 
-TEST(Recording, aSendErrorKeepsTheFileAndASecondStopArmsAgain) {
+TEST(Recording, ASendErrorKeepsTheFileAndASecondStopArmsAgain) {
   AcqRig rig;
   rig.triggerStart(1, 50);
   rig.parameters->stopTrigger->prepost = 1;
@@ -53,7 +53,7 @@ TEST(Recording, aSendErrorKeepsTheFileAndASecondStopArmsAgain) {
 }
 
 // A datum that could not be read cost the whole row, and a recording with an armed stop never ended.
-TEST(Recording, goesOnAroundADatumThatCannotBeRead) {
+TEST(Recording, GoesOnAroundADatumThatCannotBeRead) {
   AcqRig rig;
   ScriptedData& other = rig.status.addData("Other", ferrox3::kDouble);
   rig.add(other);
@@ -84,7 +84,7 @@ TEST(Recording, goesOnAroundADatumThatCannotBeRead) {
 
 // The schedule of period 0 stands still: half a turn of the clock later it once seemed to lie ahead, and
 // times were below 0 from then on.
-TEST(Recording, everyCycleIsARowAlsoAfterWeeks) {
+TEST(Recording, EveryCycleIsARowAlsoAfterWeeks) {
   AcqRig rig;
   rig.parameters->stopTrigger->typeTrigger = oTarnTrigger::kTime;
   rig.parameters->stopTrigger->timeSeconde = 2147000;
@@ -97,7 +97,7 @@ TEST(Recording, everyCycleIsARowAlsoAfterWeeks) {
   EXPECT_EQ(rig.screen.timePanel, "2200000");
 }
 
-TEST(Recording, namesWhyAFileCannotBeOpened) {
+TEST(Recording, NamesWhyAFileCannotBeOpened) {
   AcqRig rig;
   rig.start();
   rig.run("1000:0");

@@ -28,7 +28,7 @@ RollingBuffer filled(std::int32_t rows, std::initializer_list<Milliseconds> time
   return buffer;
 }
 
-TEST(RollingBuffer, writesTheNewestRowsOldestFirstWithTheMarkOnTheLast) {
+TEST(RollingBuffer, WritesTheNewestRowsOldestFirstWithTheMarkOnTheLast) {
   RollingBuffer buffer = filled(3, {10, 20, 30, 40, 50});
   EXPECT_EQ(textOf(buffer, 50, "Start"),
             "-0,02\t\"\"\t30\tx\r\n"
@@ -40,7 +40,7 @@ TEST(RollingBuffer, writesTheNewestRowsOldestFirstWithTheMarkOnTheLast) {
   EXPECT_EQ(textOf(single, 20, "m"), "0\t\"m\"\t20\tx\r\n");
 }
 
-TEST(RollingBuffer, comparesWithTheRowBefore) {
+TEST(RollingBuffer, ComparesWithTheRowBefore) {
   RollingBuffer buffer = filled(20, {10});
   bool unchanged = true;
   EXPECT_EQ(buffer.GetData(2, unchanged), "x");
@@ -54,7 +54,7 @@ TEST(RollingBuffer, comparesWithTheRowBefore) {
   EXPECT_FALSE(unchanged);
 }
 
-TEST(RollingBuffer, cellsAreSetInAnyOrderAndKeepTheirTextsUntilThen) {
+TEST(RollingBuffer, CellsAreSetInAnyOrderAndKeepTheirTextsUntilThen) {
   RollingBuffer buffer;
   buffer.Create(3, 1);
   buffer.AddRow(0);
@@ -73,7 +73,7 @@ TEST(RollingBuffer, cellsAreSetInAnyOrderAndKeepTheirTextsUntilThen) {
   EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\t\tb\tc\r\n");
 }
 
-TEST(RollingBuffer, emptyGivesAndWritesNothing) {
+TEST(RollingBuffer, EmptyGivesAndWritesNothing) {
   RollingBuffer buffer;
   buffer.Create(2, 3);
   bool unchanged = true;
@@ -82,7 +82,7 @@ TEST(RollingBuffer, emptyGivesAndWritesNothing) {
   EXPECT_EQ(textOf(buffer, 0, "Start"), "");
 }
 
-TEST(RollingBuffer, noCellBreaksARow) {
+TEST(RollingBuffer, NoCellBreaksARow) {
   RollingBuffer buffer;
   buffer.Create(1, 1);
   buffer.AddRow(5);

@@ -11,7 +11,7 @@ using test::errorOf;
 using testing::ElementsAre;
 using Strings = std::vector<std::string>;
 
-TEST(StartReadingData, needsSessionConfigurationAndData) {
+TEST(StartReadingData, NeedsSessionConfigurationAndData) {
   AcqRig rig;
   rig.acq.setSession(nullptr);
   EXPECT_EQ(errorOf([&] { rig.acq.StartReadingData(rig.parameters); }),
@@ -25,7 +25,7 @@ TEST(StartReadingData, needsSessionConfigurationAndData) {
   EXPECT_FALSE(other.timer.enabled());
 }
 
-TEST(StartReadingData, parametersStartOnceASessionIsPresent) {
+TEST(StartReadingData, ParametersStartOnceASessionIsPresent) {
   AcqRig rig;
   rig.acq.setSession(nullptr);
   rig.acq.setParameters(rig.parameters);
@@ -38,7 +38,7 @@ TEST(StartReadingData, parametersStartOnceASessionIsPresent) {
   EXPECT_EQ(rig.screen.state, "init");
 }
 
-TEST(StartReadingData, logsWhatIsPlanned) {
+TEST(StartReadingData, LogsWhatIsPlanned) {
   AcqRig rig;
   rig.parameters->recordingPeriod = 2;
   rig.triggerStart(1, 50);
@@ -53,7 +53,7 @@ TEST(StartReadingData, logsWhatIsPlanned) {
   EXPECT_EQ(rig.screen.timePanel, "0");
 }
 
-TEST(Startup, goesThroughItsStatesAndTellsWhatItSends) {
+TEST(Startup, GoesThroughItsStatesAndTellsWhatItSends) {
   AcqRig rig;
   rig.parameters->initScenario->Add("Clear", "Engine", 0x10);
   rig.parameters->initScenario->Add("Unknown", "Engine", 0x10);
@@ -76,7 +76,7 @@ TEST(Startup, goesThroughItsStatesAndTellsWhatItSends) {
 }
 
 // The scenario was walked while a click could empty it: the walk read freed memory.
-TEST(Startup, sendsTheScenarioAsItWasWhenAnotherConfigurationIsLoadedMeanwhile) {
+TEST(Startup, SendsTheScenarioAsItWasWhenAnotherConfigurationIsLoadedMeanwhile) {
   AcqRig rig;
   rig.engine.addRequest("Clear", "14 FF");
   rig.parameters->initScenario->Add("Clear", "Engine", 0x10);
@@ -90,7 +90,7 @@ TEST(Startup, sendsTheScenarioAsItWasWhenAnotherConfigurationIsLoadedMeanwhile) 
               ElementsAre("init Engine", "session Engine A0", "send Engine Clear", "send Engine Clear"));
 }
 
-TEST(Startup, repeatsAnInitialisationThatFails) {
+TEST(Startup, RepeatsAnInitialisationThatFails) {
   AcqRig rig;
   rig.engine.failingInit.next("no answer");
   rig.acq.StartReadingData(rig.parameters);
@@ -104,7 +104,7 @@ TEST(Startup, repeatsAnInitialisationThatFails) {
   EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kWaitAfterInit);
 }
 
-TEST(Startup, sendsTheGlobalInitToEveryEcuAndGoesOnAfterFailures) {
+TEST(Startup, SendsTheGlobalInitToEveryEcuAndGoesOnAfterFailures) {
   AcqRig rig;
   auto& brakes = rig.session.addEcu("ABS", "Brakes", 0x28, "OBD-II");
   rig.add(brakes.addRequest("Wheels").addData("Wheel"));
@@ -122,7 +122,7 @@ TEST(Startup, sendsTheGlobalInitToEveryEcuAndGoesOnAfterFailures) {
             "Injection Global init request : hello error : no hexadecimal text");
 }
 
-TEST(Startup, onlyKwp2000GetsADiagnosticSession) {
+TEST(Startup, OnlyKwp2000GetsADiagnosticSession) {
   AcqRig rig;
   rig.add(rig.session.addEcu("ABS", "Brakes", 0x28, "OBD-II").addRequest("Wheels").addData("Wheel"));
   rig.engine.failingSession.next("busy");

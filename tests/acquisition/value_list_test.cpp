@@ -7,7 +7,7 @@ namespace {
 
 using test::AcqRig;
 
-TEST(ValueList, skipsWhatTheSessionLacksAndWritesOnlyChanges) {
+TEST(ValueList, SkipsWhatTheSessionLacksAndWritesOnlyChanges) {
   AcqRig rig;
   auto& load = rig.status.addData("Load", ferrox3::kInteger, "%");
   rig.add(rig.status.addData("Lost")).DataName = "Elsewhere";
@@ -25,7 +25,7 @@ TEST(ValueList, skipsWhatTheSessionLacksAndWritesOnlyChanges) {
   EXPECT_EQ(rig.screen.rows[1].written, 2);
 }
 
-TEST(ValueList, aChangeWithinTheQuietTimeIsWrittenAfterIt) {
+TEST(ValueList, AChangeWithinTheQuietTimeIsWrittenAfterIt) {
   AcqRig rig;
   rig.parameters->recordingPeriod = 1;
   rig.triggerStart(1, 50);
@@ -36,7 +36,7 @@ TEST(ValueList, aChangeWithinTheQuietTimeIsWrittenAfterIt) {
   EXPECT_EQ(rig.screen.rows[0].value, "61");
 }
 
-TEST(AcqLog, keepsItsFirstLineAndTheNewestTwenty) {
+TEST(AcqLog, KeepsItsFirstLineAndTheNewestTwenty) {
   AcqRig rig;
   std::vector<std::string> added;
   rig.acq.setLogAddedHandler([&](const std::string& line) { added.push_back(line); });

@@ -40,7 +40,7 @@ class Commands : public testing::Test {
   MemorySettingsStore settings;
 };
 
-TEST_F(Commands, listShowsAFilteredTableOrJson) {
+TEST_F(Commands, ListShowsAFilteredTableOrJson) {
   const SessionDocument document = BuildSessionDocument(session);
   EXPECT_EQ(catalogueList(document, "", false),
             "ECU     REQUEST  DATA   UNIT  RANGE     TYPE     DEVICE\n"
@@ -55,7 +55,7 @@ TEST_F(Commands, listShowsAFilteredTableOrJson) {
   EXPECT_EQ(nlohmann::json::parse(catalogueList(document, "nothing", true)).size(), 0U);
 }
 
-TEST_F(Commands, newWritesWhatCheckLoads) {
+TEST_F(Commands, NewWritesWhatCheckLoads) {
   oTarnParameters made(settings);
   addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Part", "Engine/21/80/Speed"});
   made.fileFolder = "/rec";
@@ -77,7 +77,7 @@ TEST_F(Commands, newWritesWhatCheckLoads) {
   EXPECT_EQ(made.Item(2)->ScopeType(), oTarnScope::kGraph);
 }
 
-TEST_F(Commands, newNamesWhatIsNear) {
+TEST_F(Commands, NewNamesWhatIsNear) {
   oTarnParameters made(settings);
   const SessionDocument document = BuildSessionDocument(session);
   const auto errorOf = [&](const std::vector<std::string>& paths) {
@@ -96,7 +96,7 @@ TEST_F(Commands, newNamesWhatIsNear) {
   EXPECT_EQ(errorOf({"Engine/21/80/Part", "Engine/21/80/Part"}), "--data Engine/21/80/Part is named twice");
 }
 
-TEST_F(Commands, checkNamesWhatTheVehicleLacks) {
+TEST_F(Commands, CheckNamesWhatTheVehicleLacks) {
   oTarnParameters made(settings);
   addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Speed", "Engine/21/80/Part"});
   made.stopTrigger->typeTrigger = oTarnTrigger::kChannel;
@@ -113,7 +113,7 @@ TEST_F(Commands, checkNamesWhatTheVehicleLacks) {
 }
 
 // A run refused what check had approved, and passed over what check did not mention.
-TEST_F(Commands, checkRefusesWhatARunRefusesAndNamesWhatIsOdd) {
+TEST_F(Commands, CheckRefusesWhatARunRefusesAndNamesWhatIsOdd) {
   session.addEcu("Gearbox", "Gearbox", 0x18).addRequest("Clear");
   const auto checked = [&](const std::string& recording, const std::string& rest) {
     files.files["/rec/c.xml"] =
@@ -151,7 +151,7 @@ TEST_F(Commands, checkRefusesWhatARunRefusesAndNamesWhatIsOdd) {
             "Recording period of 3000000 s is too long, at most 2147483 s are possible");
 }
 
-TEST_F(Commands, aPrefixThatLeadsOutOfTheFolderIsRefused) {
+TEST_F(Commands, APrefixThatLeadsOutOfTheFolderIsRefused) {
   oTarnParameters made(settings);
   addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Speed"});
   const auto refused = [&](const std::string& prefix) {

@@ -55,7 +55,7 @@ std::uint8_t hexByte(const std::string& text, std::size_t at) {
   return static_cast<std::uint8_t>(std::stoi(text.substr(at, 2), nullptr, 16));
 }
 
-TEST(RoadCar, decodesWhatARealCarAnswered) {
+TEST(RoadCar, DecodesWhatARealCarAnswered) {
   SystemFileSystem files;
   test::ManualLinkClock clock;
   host::Link::Bytes answer;
@@ -96,7 +96,7 @@ TEST(RoadCar, decodesWhatARealCarAnswered) {
   }
 }
 
-TEST(RoadCar, replaysTheRealDriveValueForValue) {
+TEST(RoadCar, ReplaysTheRealDriveValueForValue) {
   SystemFileSystem files;
   test::ManualLinkClock clock;
   const auto vehicle = host::openVehicle(kSource + "/examples/road-car.vehicle.json", files, {}, clock, {});

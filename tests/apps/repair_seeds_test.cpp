@@ -2,4 +2,4 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
-TEST(RepairSeeds, becomeWhole) { tarnlog::test::runFuzzSeeds("repair_fuzzer", LLVMFuzzerTestOneInput); }
+TEST(RepairSeeds, BecomeWhole) { tarnlog::test::runFuzzSeeds("repair_fuzzer", LLVMFuzzerTestOneInput); }

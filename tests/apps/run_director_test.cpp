@@ -24,7 +24,7 @@ double drive(AcqRig& rig, RunDirector& director, double seconds, double stopAt =
   return seconds;
 }
 
-TEST(RunDirector, startsAtOnceAndEndsAfterTheTime) {
+TEST(RunDirector, StartsAtOnceAndEndsAfterTheTime) {
   AcqRig rig;
   rig.acq.StartReadingData(rig.parameters);
   RunDirector director(rig.acq, rig.clock, {.startManually = true, .duration = 2, .recordings = 1});
@@ -36,7 +36,7 @@ TEST(RunDirector, startsAtOnceAndEndsAfterTheTime) {
   EXPECT_FALSE(director.nothingArrived());
 }
 
-TEST(RunDirector, recordsAsOftenAsAskedFor) {
+TEST(RunDirector, RecordsAsOftenAsAskedFor) {
   AcqRig rig;
   rig.parameters->stopTrigger->typeTrigger = oTarnTrigger::kTime;
   rig.parameters->stopTrigger->timeSeconde = 1;
@@ -46,7 +46,7 @@ TEST(RunDirector, recordsAsOftenAsAskedFor) {
   EXPECT_EQ(rig.finished.size(), 2U);
 }
 
-TEST(RunDirector, aSignalKeepsThePostTriggerRows) {
+TEST(RunDirector, ASignalKeepsThePostTriggerRows) {
   AcqRig rig;
   rig.parameters->recordingPeriod = 1;
   rig.parameters->stopTrigger->prepost = 2;
@@ -59,7 +59,7 @@ TEST(RunDirector, aSignalKeepsThePostTriggerRows) {
   EXPECT_THAT(rows[rows.size() - 3], testing::HasSubstr("\"Stop\""));
 }
 
-TEST(RunDirector, aSilentEcuDoesNotKeepASignalWaiting) {
+TEST(RunDirector, ASilentEcuDoesNotKeepASignalWaiting) {
   AcqRig rig;
   rig.acq.StartReadingData(rig.parameters);
   RunDirector director(rig.acq, rig.clock, {.startManually = true, .duration = {}, .recordings = {}});
@@ -70,7 +70,7 @@ TEST(RunDirector, aSilentEcuDoesNotKeepASignalWaiting) {
   EXPECT_EQ(rig.finished.size(), 1U);
 }
 
-TEST(RunDirector, tellsWhenNoDataArrivedInTime) {
+TEST(RunDirector, TellsWhenNoDataArrivedInTime) {
   AcqRig rig;
   rig.engine.failingInit.always("no answer");
   rig.acq.StartReadingData(rig.parameters);
@@ -79,7 +79,7 @@ TEST(RunDirector, tellsWhenNoDataArrivedInTime) {
   EXPECT_TRUE(director.nothingArrived());
 }
 
-TEST(RunDirector, endsWhenTheFileOfAManualStartCannotBeOpened) {
+TEST(RunDirector, EndsWhenTheFileOfAManualStartCannotBeOpened) {
   AcqRig rig;
   rig.files.openError = "Permission denied";
   rig.acq.StartReadingData(rig.parameters);
@@ -90,7 +90,7 @@ TEST(RunDirector, endsWhenTheFileOfAManualStartCannotBeOpened) {
 }
 
 // A line as wide as the terminal and cut inside a character could neither be erased nor read.
-TEST(ProgressLine, isCutBetweenCharacters) {
+TEST(ProgressLine, IsCutBetweenCharacters) {
   EXPECT_EQ(firstCharacters("été.txt", 2), "ét");
   EXPECT_EQ(firstCharacters("été", 3), "été");
   EXPECT_EQ(firstCharacters("ab", 80), "ab");

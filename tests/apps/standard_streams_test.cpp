@@ -8,7 +8,7 @@ namespace tarnlog::record {
 
 // A recorder started with closed streams (cron jobs, daemons) wrote its log between the rows of the record
 // file.
-TEST(StandardStreams, noFileTakesThePlaceOfAClosedStream) {
+TEST(StandardStreams, NoFileTakesThePlaceOfAClosedStream) {
   EXPECT_EXIT(
       {
         ::close(STDIN_FILENO);

@@ -43,7 +43,7 @@ class FilledTree : public testing::Test {
   CatalogueKeys chosen;
 };
 
-TEST_F(FilledTree, ecusComeFirstAndAreBuiltOnce) {
+TEST_F(FilledTree, EcusComeFirstAndAreBuiltOnce) {
   fill('R');
   EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]");
   choose("Status", "Load");
@@ -56,7 +56,7 @@ TEST_F(FilledTree, ecusComeFirstAndAreBuiltOnce) {
   EXPECT_EQ(treeText(tree), "");
 }
 
-TEST_F(FilledTree, aRequestWithoutANameIsNotTakenForAnEcuToBuild) {
+TEST_F(FilledTree, ARequestWithoutANameIsNotTakenForAnEcuToBuild) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
   ecu.addRequest("", "21 01").addData("Speed");
@@ -66,7 +66,7 @@ TEST_F(FilledTree, aRequestWithoutANameIsNotTakenForAnEcuToBuild) {
   EXPECT_EQ(expand("E"), "E[[Speed] B[Load]]");
 }
 
-TEST_F(FilledTree, inShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
+TEST_F(FilledTree, InShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
   ScriptedSession session;
   auto& request = session.addEcu("E1", "F", 1).addRequest("R");
   request.addData("z").withDevice("Pump");
@@ -86,7 +86,7 @@ TEST_F(FilledTree, inShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
   EXPECT_EQ(tree.find("KPump"), nodeNamed(tree, "Pump"));
 }
 
-TEST_F(FilledTree, givesDataBackWhereTheyStood) {
+TEST_F(FilledTree, GivesDataBackWhereTheyStood) {
   for (const char mode : {'R', 'D', 'O'}) {
     chosen.clear();
     fill(mode, kFullDepth);
@@ -104,7 +104,7 @@ TEST_F(FilledTree, givesDataBackWhereTheyStood) {
   EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]") << "it comes when the ECU is built";
 }
 
-TEST_F(FilledTree, makesMissingParentsWhenDataAreGivenBack) {
+TEST_F(FilledTree, MakesMissingParentsWhenDataAreGivenBack) {
   fill('R', kFullDepth);
   tree.remove(nodeNamed(tree, "Engine"));
   GiveDataNodeBack(tree, data("Status", "Speed"));
@@ -114,7 +114,7 @@ TEST_F(FilledTree, makesMissingParentsWhenDataAreGivenBack) {
   EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]") << "no device, no place";
 }
 
-TEST_F(FilledTree, keysAreUnique) {
+TEST_F(FilledTree, KeysAreUnique) {
   const CatalogueNode node = tree.add(CatalogueTree::kRoot, {"Kx", "X"});
   EXPECT_THROW(tree.add(node, {"Kx", "Y"}), TarnError);
   tree.remove(node);
@@ -122,7 +122,7 @@ TEST_F(FilledTree, keysAreUnique) {
   tree.add(CatalogueTree::kRoot, {"Kx", "Y"});
 }
 
-TEST_F(FilledTree, searchFindsEveryWordInNameUnitRequestOrEcu) {
+TEST_F(FilledTree, SearchFindsEveryWordInNameUnitRequestOrEcu) {
   EXPECT_EQ(find("speed"), "Engine[Status[Speed]]");
   EXPECT_EQ(find("BAR"), "Brakes[Wheels[Front Rear]]");
   EXPECT_EQ(find("wheel re"), "Brakes[Wheels[Rear]]");
@@ -136,14 +136,14 @@ TEST_F(FilledTree, searchFindsEveryWordInNameUnitRequestOrEcu) {
   EXPECT_FALSE(CatalogueSearch::matches(data("Status", "Load"), "eng bar"));
 }
 
-TEST(FoldedText, leavesOutCaseAndAccents) {
+TEST(FoldedText, LeavesOutCaseAndAccents) {
   EXPECT_EQ(folded("DÉBIT d'air Ç ÿ Æ 20 °C"), "debit d'air c y Æ 20 °c");
   EXPECT_LT(compareFolded("débit", "Decrease"), 0);
   EXPECT_EQ(compareFolded("Über", "uber"), 0);
   EXPECT_LT(compareFolded("ab", "abc"), 0);
 }
 
-TEST_F(FilledTree, imagesTellReferenceDefinitions) {
+TEST_F(FilledTree, ImagesTellReferenceDefinitions) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
   ecu.addRequest("A").addData("Twice");

@@ -26,7 +26,7 @@ std::string body(const ferrox3::Session& session) {
   return text;
 }
 
-TEST(BuildSessionDocument, writesEverythingInOrderWithItsKeys) {
+TEST(BuildSessionDocument, WritesEverythingInOrderWithItsKeys) {
   ScriptedSession session;
   session.addEcu("", "Ghost", 1).addRequest("21 01").addData("X");
   auto& engine = session.addEcu("Engine", "Injection", -16);
@@ -51,7 +51,7 @@ TEST(BuildSessionDocument, writesEverythingInOrderWithItsKeys) {
       "<uce name=\"Brakes\" function=\"ABS\" address=\"40\" c=\"c5\">|</uce>|");
 }
 
-TEST(BuildSessionDocument, aDroppedRequestKeepsItsNumbersAndLeavesNothingElse) {
+TEST(BuildSessionDocument, ADroppedRequestKeepsItsNumbersAndLeavesNothingElse) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
   ecu.addRequest("off", "21 01").isAvailable = false;
@@ -69,7 +69,7 @@ TEST(BuildSessionDocument, aDroppedRequestKeepsItsNumbersAndLeavesNothingElse) {
   EXPECT_FALSE(FindSessionData(document, "E", "dropped", "A", 1));
 }
 
-TEST(BuildSessionDocument, decidesTheModeFromTypeAndRange) {
+TEST(BuildSessionDocument, DecidesTheModeFromTypeAndRange) {
   const auto mode = [](std::int32_t typeCode, double minimum, double maximum) {
     ScriptedSession session;
     session.addEcu("E", "F", 1).addRequest("R").addData("D", typeCode, "", minimum, maximum);
@@ -83,7 +83,7 @@ TEST(BuildSessionDocument, decidesTheModeFromTypeAndRange) {
   EXPECT_EQ(mode(kByteArray, 0, 1), "text");
 }
 
-TEST(BuildSessionDocument, marksTheDefinitionThatTheEcusTablePointsTo) {
+TEST(BuildSessionDocument, MarksTheDefinitionThatTheEcusTablePointsTo) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
   ecu.addRequest("A").addData("Speed");
@@ -97,7 +97,7 @@ TEST(BuildSessionDocument, marksTheDefinitionThatTheEcusTablePointsTo) {
   EXPECT_FALSE(FindSessionData(document, "E", "C", "Alone", 1).attribute("ref"));
 }
 
-TEST(BuildSessionDocument, raisesFailuresBeforeTheFirstTableLookUp) {
+TEST(BuildSessionDocument, RaisesFailuresBeforeTheFirstTableLookUp) {
   for (const char* property : {"name", "readable", "typeCode", "minimum", "maximum", "unit", "device"}) {
     ScriptedSession session;
     session.addEcu("E", "F", 1).addRequest("R").addData("D").raisingAt(property);
@@ -105,7 +105,7 @@ TEST(BuildSessionDocument, raisesFailuresBeforeTheFirstTableLookUp) {
   }
 }
 
-TEST(BuildSessionDocument, skipsFailuresFromTheFirstTableLookUpOn) {
+TEST(BuildSessionDocument, SkipsFailuresFromTheFirstTableLookUpOn) {
   ScriptedSession session;
   auto& ecu = session.addEcu("E", "F", 1);
   auto& request = ecu.addRequest("R");

@@ -25,7 +25,7 @@ XmlElement walk(const SessionDocument& document, std::string_view ecu, std::stri
   return firstNamed(uce, "request", request);
 }
 
-TEST(SessionLookUp, answersAsAWalkWouldForAnyMixtureOfNames) {
+TEST(SessionLookUp, AnswersAsAWalkWouldForAnyMixtureOfNames) {
   std::mt19937 random(2001);
   const auto pick = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
   ScriptedSession session;

@@ -39,7 +39,7 @@ class ConfigurationLoad : public ConfigurationFixture {
 
 }  // namespace
 
-TEST_F(ConfigurationLoad, whatIsNoConfigurationIsRefusedWithItsPlace) {
+TEST_F(ConfigurationLoad, WhatIsNoConfigurationIsRefusedWithItsPlace) {
   EXPECT_EQ(loadError("<Other/>"), "the file /rec/braking.xml is not a Tarnlog file");
   EXPECT_EQ(loadError("<Tarnlog2000 Version=\"3.0\"/>"),
             "File /rec/braking.xml : Unknown Tarnlog version (3.0)");
@@ -51,12 +51,12 @@ TEST_F(ConfigurationLoad, whatIsNoConfigurationIsRefusedWithItsPlace) {
   EXPECT_EQ(empty.rfind("File : /rec/braking.xml, Reason : ", 0), 0U) << empty;
 }
 
-TEST_F(ConfigurationLoad, aFileThatCannotBeReadIsALoadError) {
+TEST_F(ConfigurationLoad, AFileThatCannotBeReadIsALoadError) {
   EXPECT_EQ(errorOf([&] { parameters.LoadXmlConfiguration(files, "/rec/none.xml", vehicle.catalogue); }),
             "1 LoadXmlConfiguration load error: File : /rec/none.xml, Reason : No such file or directory");
 }
 
-TEST_F(ConfigurationLoad, absentKeepsAndEmptyEmpties) {
+TEST_F(ConfigurationLoad, AbsentKeepsAndEmptyEmpties) {
   parameters.userDescription = "before";
   parameters.startSession = "10 C0";
   parameters.filePrefix = "p";
@@ -77,14 +77,14 @@ TEST_F(ConfigurationLoad, absentKeepsAndEmptyEmpties) {
   EXPECT_EQ(parameters.recordingPeriod, 0);
 }
 
-TEST_F(ConfigurationLoad, aFileWithoutParametersChangesNothing) {
+TEST_F(ConfigurationLoad, AFileWithoutParametersChangesNothing) {
   *parameters.startTrigger = {0, oTarnTrigger::kChannel, -5, true, 60, -1, 0.1, 3};
   load("<Tarnlog2000 Version=\"2,0\"><Datas>" + data("1", "Engine/Status/Speed") + "</Datas></Tarnlog2000>");
   EXPECT_EQ(parameters.Count(), 0);
   EXPECT_EQ(parameters.startTrigger->typeTrigger, oTarnTrigger::kChannel);
 }
 
-TEST_F(ConfigurationLoad, startTriggers) {
+TEST_F(ConfigurationLoad, StartTriggers) {
   EXPECT_EQ(startFrom("<Start prepost=\"-5\" restart=\"1\" type=\"Channel\">"
                       "<Channel edge=\"-1\" level=\"1.5 bar\" index=\"2\"/></Start>"),
             "1 -1 1.5 2 -5 restart");
@@ -97,7 +97,7 @@ TEST_F(ConfigurationLoad, startTriggers) {
   EXPECT_EQ(startFrom(""), "0 1 0 4 0");
 }
 
-TEST_F(ConfigurationLoad, stopTriggers) {
+TEST_F(ConfigurationLoad, StopTriggers) {
   EXPECT_EQ(stopFrom("<Stop prepost=\"3\" type=\"Time\"><Time seconde=\"30\"/></Stop>"), "2 1 0 0 3 30");
   EXPECT_EQ(stopFrom("<Stop type=\"Time\"><Time seconde=\"soon\"/></Stop>"), "2 1 0 0 0 0");
   EXPECT_EQ(stopFrom("<Stop type=\"Channel\"><Channel edge=\"1\" level=\"-2\" index=\"9\"/></Stop>"),
@@ -105,7 +105,7 @@ TEST_F(ConfigurationLoad, stopTriggers) {
   EXPECT_EQ(stopFrom(""), "0 1 0 0 0 0");
 }
 
-TEST_F(ConfigurationLoad, displaySettingsTakeLeadingNumbersAndTheirOwnDefaults) {
+TEST_F(ConfigurationLoad, DisplaySettingsTakeLeadingNumbersAndTheirOwnDefaults) {
   loadParts("",
             data("1", "Engine/Status/Speed", "Graph", "points=\"2.5 points\" axeYmaxi=\"1,5\" color=\"x\"") +
                 data("2", "Engine/Status/Load", "GraphAxeX", "index=\"3\"") +
@@ -121,7 +121,7 @@ TEST_F(ConfigurationLoad, displaySettingsTakeLeadingNumbersAndTheirOwnDefaults) 
   EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N");
 }
 
-TEST_F(ConfigurationLoad, positionsAreReadWithinTheRangeOfTheirType) {
+TEST_F(ConfigurationLoad, PositionsAreReadWithinTheRangeOfTheirType) {
   std::string text = data("1", "Engine/Status/Speed", "Digital");
   text.replace(text.find("<Digital />"), 11, "<Digital><Pos left=\"12.5\" Width=\"1e300\"/></Digital>");
   loadParts("", text);
@@ -131,7 +131,7 @@ TEST_F(ConfigurationLoad, positionsAreReadWithinTheRangeOfTheirType) {
   EXPECT_GT(position.width, 1e38F);
 }
 
-TEST_F(ConfigurationLoad, dropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
+TEST_F(ConfigurationLoad, DropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
   loadParts(
       "<InitScenario><Request Name=\"Reset\" EcuName=\"Engine\" Address=\"16\"/>"
       "<Request Name=\"Reset\" Address=\"16\"/><Request Name=\"Reset\" EcuName=\"Engine\"/>"
@@ -151,7 +151,7 @@ TEST_F(ConfigurationLoad, dropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
   EXPECT_EQ(rear.Unit, "bar");
 }
 
-TEST_F(ConfigurationLoad, windows1252FilesAreReadDeclaredOrNot) {
+TEST_F(ConfigurationLoad, Windows1252FilesAreReadDeclaredOrNot) {
   for (const std::string head : {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>", ""}) {
     load(head +
          "<Tarnlog2000 Version=\"2.0\"><Parameters><Comment>d\xE9"
@@ -161,7 +161,7 @@ TEST_F(ConfigurationLoad, windows1252FilesAreReadDeclaredOrNot) {
   }
 }
 
-TEST_F(ConfigurationLoad, oldVersionBecomesGraphsNumberedWithoutGaps) {
+TEST_F(ConfigurationLoad, OldVersionBecomesGraphsNumberedWithoutGaps) {
   const auto old = [](const std::string& name) {
     return "<Data><Name>" + name +
            "</Name><Requete>Status</Requete><UCE>Engine</UCE>"

@@ -74,7 +74,7 @@ class CommaLocale {
 
 }  // namespace
 
-TEST_F(ConfigurationSave, readsBackWhatItWroteUnderAnyLocale) {
+TEST_F(ConfigurationSave, ReadsBackWhatItWroteUnderAnyLocale) {
   fillEverything();
   const std::string comment = parameters.userDescription;
   const std::string first = saved();
@@ -95,7 +95,7 @@ TEST_F(ConfigurationSave, readsBackWhatItWroteUnderAnyLocale) {
   EXPECT_EQ(saved(), second);
 }
 
-TEST_F(ConfigurationSave, theGuidesExampleIsWhatTheRecorderWrites) {
+TEST_F(ConfigurationSave, TheGuidesExampleIsWhatTheRecorderWrites) {
   std::ifstream guide(TARNLOG_SOURCE_DIR "/docs/configuration-file.md");
   const std::string page(std::istreambuf_iterator<char>(guide), {});
   const std::size_t start = page.find("```xml\n") + 7;
@@ -108,7 +108,7 @@ TEST_F(ConfigurationSave, theGuidesExampleIsWhatTheRecorderWrites) {
   EXPECT_EQ(written, example);
 }
 
-TEST_F(ConfigurationSave, triggersAreWrittenAsWhatTheyCanBe) {
+TEST_F(ConfigurationSave, TriggersAreWrittenAsWhatTheyCanBe) {
   const auto triggers = [&](std::int32_t start, std::int32_t stop) {
     parameters.startTrigger->typeTrigger = start;
     parameters.stopTrigger->typeTrigger = stop;

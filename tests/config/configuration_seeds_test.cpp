@@ -2,6 +2,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
-TEST(ConfigurationSeeds, areRefusedOrUsable) {
+TEST(ConfigurationSeeds, AreRefusedOrUsable) {
   tarnlog::test::runFuzzSeeds("configuration_fuzzer", LLVMFuzzerTestOneInput);
 }

@@ -29,7 +29,7 @@ class Scenario : public testing::Test {
 
 }  // namespace
 
-TEST_F(Scenario, movesOneStepAndStopsAtTheEdges) {
+TEST_F(Scenario, MovesOneStepAndStopsAtTheEdges) {
   EXPECT_EQ(scenario.MoveUp(scenario.Item(3)), 2);
   EXPECT_EQ(names(), "R1 R3 R2");
   EXPECT_EQ(scenario.MoveUp(scenario.Item(1)), 1);
@@ -39,7 +39,7 @@ TEST_F(Scenario, movesOneStepAndStopsAtTheEdges) {
   EXPECT_EQ(names(), "R3 R1 R2");
 }
 
-TEST_F(Scenario, removesThisVeryRequestOnly) {
+TEST_F(Scenario, RemovesThisVeryRequestOnly) {
   oScenarioRequest twin = scenario.Item(2);
   scenario.RemoveRequest(twin);
   EXPECT_EQ(scenario.MoveUp(twin), 2);
@@ -52,7 +52,7 @@ TEST_F(Scenario, removesThisVeryRequestOnly) {
   EXPECT_THROW(scenario.Remove(0), TarnError);
 }
 
-TEST_F(Scenario, endsBeforeItsOrderWouldWrap) {
+TEST_F(Scenario, EndsBeforeItsOrderWouldWrap) {
   while (scenario.Count() < 32767) scenario.Add("R", "Engine", 16);
   EXPECT_THROW(scenario.Add("R", "Engine", 16), TarnError);
   EXPECT_EQ(scenario.Item(32767).Order, 32767);

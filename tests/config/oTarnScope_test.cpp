@@ -18,7 +18,7 @@ oTarnScope scopeOf(std::int32_t varType) {
 
 }  // namespace
 
-TEST(Scope, textsAndBytesAreShownAsDigitsOnly) {
+TEST(Scope, TextsAndBytesAreShownAsDigitsOnly) {
   for (const std::int32_t type : {ferrox3::kString, ferrox3::kByteArray, 11}) {
     oTarnScope scope = scopeOf(type);
     scope.setScopeType(oTarnScope::kDigital);
@@ -30,7 +30,7 @@ TEST(Scope, textsAndBytesAreShownAsDigitsOnly) {
   }
 }
 
-TEST(Scope, aBarStaysAsItIsAndOtherDisplaysStartAnew) {
+TEST(Scope, ABarStaysAsItIsAndOtherDisplaysStartAnew) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetSlide("first", 1, 2, 3);
   scope.SetSlide("second", 4, 5, 6);
@@ -41,7 +41,7 @@ TEST(Scope, aBarStaysAsItIsAndOtherDisplaysStartAnew) {
   EXPECT_TRUE(scope.oTarnGraph()->AxeYAuto);
 }
 
-TEST(Scope, onlyPositionsFromZeroUpAreTaken) {
+TEST(Scope, OnlyPositionsFromZeroUpAreTaken) {
   oTarnScope scope = scopeOf(ferrox3::kInteger);
   scope.SetNumeric("", {-1, 20, 0, -7});
   const DisplayPosition& position = scope.oTarnNumeric()->position;
@@ -51,7 +51,7 @@ TEST(Scope, onlyPositionsFromZeroUpAreTaken) {
   EXPECT_EQ(position.height, -1);
 }
 
-TEST(Scope, curveReferencesRoundHalvesToEven) {
+TEST(Scope, CurveReferencesRoundHalvesToEven) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetGraphIndex(0, 2.5F);
   EXPECT_EQ(*scope.graphReference(), 2);
@@ -59,7 +59,7 @@ TEST(Scope, curveReferencesRoundHalvesToEven) {
   EXPECT_EQ(*scope.graphReference(), 4);
 }
 
-TEST(Scope, noDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
+TEST(Scope, NoDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.setScopeType(oTarnScope::kGraph);
   scope.SetNone();
@@ -71,7 +71,7 @@ TEST(Scope, noDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
   EXPECT_EQ(scope.FunctionAddress, oTarnScope::kNoAddress);
 }
 
-TEST(Scope, changesActOnTheCurrentDisplayOnly) {
+TEST(Scope, ChangesActOnTheCurrentDisplayOnly) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.setScopeType(oTarnScope::kGraph);
   scope.setScopeType(oTarnScope::kBarGraph);

@@ -18,7 +18,7 @@ class FailingStore : public SettingsStore {
 
 }  // namespace
 
-TEST(RegisterParameters, defaultStandsWhereNothingUsefulIsStored) {
+TEST(RegisterParameters, DefaultStandsWhereNothingUsefulIsStored) {
   MemorySettingsStore store;
   EXPECT_EQ(GetRegisterParameter(store, 1, ".txt"), ".txt");
   SetRegisterParameter(store, 0, "");
@@ -27,7 +27,7 @@ TEST(RegisterParameters, defaultStandsWhereNothingUsefulIsStored) {
   EXPECT_EQ(GetRegisterParameter(FailingStore(), 2, "1"), "1");
 }
 
-TEST(RegisterParameters, unknownIdsAndFailingStoresAreErrors) {
+TEST(RegisterParameters, UnknownIdsAndFailingStoresAreErrors) {
   MemorySettingsStore store;
   EXPECT_EQ(test::errorOf([&] { SetRegisterParameter(store, 7, "x"); }),
             "1 SetRegisterParameter: Unknown parameter");
@@ -35,7 +35,7 @@ TEST(RegisterParameters, unknownIdsAndFailingStoresAreErrors) {
   EXPECT_THROW(SetRegisterParameter(failing, 2, "5"), TarnError);
 }
 
-TEST(RegisterParameters, aConfigurationStartsWithBuiltInValuesWhenTheStoreHasNone) {
+TEST(RegisterParameters, AConfigurationStartsWithBuiltInValuesWhenTheStoreHasNone) {
   const oTarnParameters parameters{FailingStore()};
   EXPECT_EQ(parameters.fileFormat, ".txt");
   EXPECT_EQ(parameters.recordingPeriod, 1);

@@ -9,13 +9,13 @@
 using namespace tarnlog;
 using namespace tarnlog::test;
 
-TEST(RemoveScope, repairsReferencesByPosition) {
+TEST(RemoveScope, RepairsReferencesByPosition) {
   EXPECT_EQ(ScopeList("a:G b:I1 c:G d:I3 e:X3 f:I1").removed(1).text(), "b:G c:G d:I2 e:X3 f:G");
   EXPECT_EQ(ScopeList("a:D b:G c:I2 d:N").removed(4).text(), "a:D b:G c:I2");
   EXPECT_EQ(ScopeList("a:D b:D").removed(3).removed(0).removed(-1).text(), "a:D b:D");
 }
 
-TEST(RemoveScope, triggersFollowTheirItemOrBecomeManual) {
+TEST(RemoveScope, TriggersFollowTheirItemOrBecomeManual) {
   ScopeList list("a:D b:D c:D");
   watch(*list.startTrigger, 2);
   watch(*list.stopTrigger, 3);
@@ -27,14 +27,14 @@ TEST(RemoveScope, triggersFollowTheirItemOrBecomeManual) {
   EXPECT_EQ(list.stopTrigger->DataIndex, 1);
 }
 
-TEST(ChangeScopeOrder, referencesFollowTheMovedItemAndTheOneItPassed) {
+TEST(ChangeScopeOrder, ReferencesFollowTheMovedItemAndTheOneItPassed) {
   EXPECT_EQ(ScopeList("a:G b:D c:I1 d:X1").moved("a", "b").text(), "b:D a:G c:I2 d:X2");
   EXPECT_EQ(ScopeList("a:D b:G c:I2 d:X2").moved("a", "b").text(), "b:G a:D c:I1 d:X1");
   EXPECT_EQ(ScopeList("a:G b:D c:I1").moved("b", "a").text(), "b:D a:G c:I2");
   EXPECT_EQ(ScopeList("a:D b:D c:G d:I3").moved("c", "a").text(), "c:G a:D b:D d:I1");
 }
 
-TEST(ChangeScopeOrder, whatWouldReferBehindItselfBecomesAGraph) {
+TEST(ChangeScopeOrder, WhatWouldReferBehindItselfBecomesAGraph) {
   EXPECT_EQ(ScopeList("a:D b:I3 c:G").moved("c", "a").text(), "c:G a:D b:I1") << "its graph moves ahead";
   EXPECT_EQ(ScopeList("a:G b:I1").moved("b", "a").text(), "b:G a:G");
   EXPECT_EQ(ScopeList("a:G b:X1").moved("a", "b").text(), "b:G a:G");
@@ -43,13 +43,13 @@ TEST(ChangeScopeOrder, whatWouldReferBehindItselfBecomesAGraph) {
 
 // Items between the two places are still to be numbered when a reference to the moved item is looked at: c
 // keeps a reference to place 1, where b stands now. Renumbering first would make c a Graph right away.
-TEST(ChangeScopeOrder, isOneWalkWithTheNumbersOfTheMoment) {
+TEST(ChangeScopeOrder, IsOneWalkWithTheNumbersOfTheMoment) {
   ScopeList list("a:G b:D c:I1 d:D");
   EXPECT_EQ(list.moved("a", "d").text(), "b:D c:I1 d:D a:G");
   EXPECT_EQ(list.corrected().text(), "b:D c:G d:D a:G");
 }
 
-TEST(ChangeScopeOrder, convertedItemsKeepTheirLooks) {
+TEST(ChangeScopeOrder, ConvertedItemsKeepTheirLooks) {
   ScopeList list("a:G b:I1 c:X1");
   list.Item("b")->ChangeCaption("Load");
   list.Item("b")->ChangeColor(0x123456);
@@ -68,7 +68,7 @@ TEST(ChangeScopeOrder, convertedItemsKeepTheirLooks) {
   EXPECT_EQ(axis.Item("b")->oTarnGraph()->Color, 0xFF0000);
 }
 
-TEST(ChangeScopeOrder, triggersGoOnWatchingTheSameItem) {
+TEST(ChangeScopeOrder, TriggersGoOnWatchingTheSameItem) {
   ScopeList list("a:D b:D c:D d:D");
   watch(*list.startTrigger, 4);
   watch(*list.stopTrigger, 1);
@@ -80,7 +80,7 @@ TEST(ChangeScopeOrder, triggersGoOnWatchingTheSameItem) {
   EXPECT_EQ(list.stopTrigger->DataIndex, 9);
 }
 
-TEST(MoveScopes, referencesAndTriggersFollowOverAnyDistance) {
+TEST(MoveScopes, ReferencesAndTriggersFollowOverAnyDistance) {
   ScopeList list("a:G b:D c:I1 d:D e:G f:X5");
   watch(*list.startTrigger, 5);
   list.moveScopes({list.Item("e"), list.Item("b")}, list.Item("a"));
@@ -91,7 +91,7 @@ TEST(MoveScopes, referencesAndTriggersFollowOverAnyDistance) {
   EXPECT_EQ(list.startTrigger->DataIndex, 6);
 }
 
-TEST(RemoveScopes, isTheSameAsOneAfterAnotherFromTheLastOn) {
+TEST(RemoveScopes, IsTheSameAsOneAfterAnotherFromTheLastOn) {
   std::mt19937 random(20011);
   const auto below = [&random](std::size_t end) { return static_cast<std::int32_t>(random() % end); };
   for (int run = 0; run < 300; ++run) {
@@ -114,7 +114,7 @@ TEST(RemoveScopes, isTheSameAsOneAfterAnotherFromTheLastOn) {
   }
 }
 
-TEST(InsertScopes, undoARemovalThatNothingReferredTo) {
+TEST(InsertScopes, UndoARemovalThatNothingReferredTo) {
   ScopeList list("a:D b:G c:I2 d:X2");
   watch(*list.stopTrigger, 3);
   std::vector<oTarnParameters::PlacedScope> removed;
@@ -126,7 +126,7 @@ TEST(InsertScopes, undoARemovalThatNothingReferredTo) {
   EXPECT_EQ(list.removeScope(5), nullptr);
 }
 
-TEST(CheckAndCorrect, turnsWhatRefersToNoGraphIntoAGraph) {
+TEST(CheckAndCorrect, TurnsWhatRefersToNoGraphIntoAGraph) {
   ScopeList list("a:D b:I1 c:X9 d:G e:I4 f:X4 g:I0 h:X-1");
   list.Item("b")->ChangeCaption("lost");
   EXPECT_EQ(list.corrected().text(), "a:D b:G c:G d:G e:I4 f:X4 g:G h:G");

@@ -8,7 +8,7 @@ using namespace tarnlog::test;
 
 using StoredReferences = ConfigurationFixture;
 
-TEST_F(StoredReferences, afterALoadThatDroppedItemsEverythingMeansTheSameData) {
+TEST_F(StoredReferences, AfterALoadThatDroppedItemsEverythingMeansTheSameData) {
   loadParts(
       "<Recording><Trigger><Start type=\"Channel\"><Channel index=\"6\"/></Start>"
       "<Stop type=\"Channel\"><Channel index=\"1\"/></Stop></Trigger></Recording>",
@@ -25,7 +25,7 @@ TEST_F(StoredReferences, afterALoadThatDroppedItemsEverythingMeansTheSameData) {
   EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key G, 4 Front X1, 5 Rear G");
 }
 
-TEST(StoredReferencesByNumber, ofItemsWithOneNumberTheLastIsWatchedAndTheFirstGraphDrawnOn) {
+TEST(StoredReferencesByNumber, OfItemsWithOneNumberTheLastIsWatchedAndTheFirstGraphDrawnOn) {
   ScopeList list("a:D b:G c:G d:I5 e:D");
   for (const char* key : {"a", "b", "c", "e"}) list.Item(key)->index = 5;
   watch(*list.startTrigger, 5);

@@ -5,7 +5,7 @@
 namespace tarnlog::test {
 namespace {
 
-TEST(DisplayBuild, graphsShareWhatTheOtherBlocksLeave) {
+TEST(DisplayBuild, GraphsShareWhatTheOtherBlocksLeave) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.add(d.gear, oTarnScope::kDigital);
@@ -19,7 +19,7 @@ TEST(DisplayBuild, graphsShareWhatTheOtherBlocksLeave) {
   EXPECT_EQ(d.frame.callsTo("GT2"), "");
 }
 
-TEST(DisplayBuild, labelsOfCurvesStackInBands) {
+TEST(DisplayBuild, LabelsOfCurvesStackInBands) {
   Display d;
   d.frame.setHeight(1350);
   d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) { item.oTarnGraph()->Caption = "Front"; });
@@ -36,7 +36,7 @@ TEST(DisplayBuild, labelsOfCurvesStackInBands) {
   EXPECT_NE(d.frame.callsTo("GT1").find("addPlot; plotColour 3 65280"), std::string::npos);
 }
 
-TEST(DisplayBuild, graphsKeepAMinimumHeightAndTheRestIsReported) {
+TEST(DisplayBuild, GraphsKeepAMinimumHeightAndTheRestIsReported) {
   Display d;
   d.frame.setHeight(1000);
   d.add(d.speed, oTarnScope::kGraph);
@@ -48,7 +48,7 @@ TEST(DisplayBuild, graphsKeepAMinimumHeightAndTheRestIsReported) {
       << "1289 / 2 is 644, halves to even, and 42 whole pixels";
 }
 
-TEST(DisplayBuild, digitalRowsAlternateTheirGreys) {
+TEST(DisplayBuild, DigitalRowsAlternateTheirGreys) {
   Display d;
   d.add(d.speed, oTarnScope::kDigital);
   d.add(d.gear, oTarnScope::kDigital, [](oTarnScope& item) { item.ChangeCaption("Selected"); });
@@ -63,7 +63,7 @@ TEST(DisplayBuild, digitalRowsAlternateTheirGreys) {
   EXPECT_NE(d.frame.callsTo("CL2").find("back 15790320"), std::string::npos);
 }
 
-TEST(DisplayBuild, barIsAPixelHigherWhenBuiltThanWhenArranged) {
+TEST(DisplayBuild, BarIsAPixelHigherWhenBuiltThanWhenArranged) {
   Display d;
   d.add(d.gear, oTarnScope::kDigital);
   d.add(d.speed, oTarnScope::kBarGraph, [](oTarnScope& item) {
@@ -86,7 +86,7 @@ TEST(DisplayBuild, barIsAPixelHigherWhenBuiltThanWhenArranged) {
   EXPECT_EQ(d.frame.callsTo("CL1"), "top 0; left 2400; width 5600");
 }
 
-TEST(DisplayBuild, graphOfBinaryDataShowsLogicalLevels) {
+TEST(DisplayBuild, GraphOfBinaryDataShowsLogicalLevels) {
   Display d;
   d.add(d.brake, oTarnScope::kGraph, [](oTarnScope& item) { item.ChangeAxeY(false, -5, 5); });
   EXPECT_EQ(d.build(), 0);
@@ -94,7 +94,7 @@ TEST(DisplayBuild, graphOfBinaryDataShowsLogicalLevels) {
   EXPECT_NE(d.frame.callsTo("GT1").find("range Y -0.05 1.05; binary Y; auto Y 0;"), std::string::npos);
 }
 
-TEST(DisplayBuild, graphOverAnotherDatumHasAxesOfItsOwn) {
+TEST(DisplayBuild, GraphOverAnotherDatumHasAxesOfItsOwn) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph, [](oTarnScope& item) {
     item.ChangeAxeXNbPoints(50);
@@ -107,7 +107,7 @@ TEST(DisplayBuild, graphOverAnotherDatumHasAxesOfItsOwn) {
             std::string::npos);
 }
 
-TEST(DisplayBuild, labelThatRefusesItsPlaceDoesNotStopTheBuild) {
+TEST(DisplayBuild, LabelThatRefusesItsPlaceDoesNotStopTheBuild) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.add(d.load, oTarnScope::kGraph);
@@ -119,7 +119,7 @@ TEST(DisplayBuild, labelThatRefusesItsPlaceDoesNotStopTheBuild) {
   EXPECT_EQ(d.build(), 0);
 }
 
-TEST(DisplayBuild, failuresBeforeTheFirstCaptionPass) {
+TEST(DisplayBuild, FailuresBeforeTheFirstCaptionPass) {
   for (const char* refused : {"VT1", "VT1.caption", "VT1.width", "CL1", "CL1.caption"}) {
     Display d;
     d.add(d.speed, oTarnScope::kGraph);
@@ -130,7 +130,7 @@ TEST(DisplayBuild, failuresBeforeTheFirstCaptionPass) {
   }
 }
 
-TEST(DisplayBuild, clearingFreesEveryControlAndKeepsTheModel) {
+TEST(DisplayBuild, ClearingFreesEveryControlAndKeepsTheModel) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.addCurve(d.load, 1);

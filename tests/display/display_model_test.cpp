@@ -6,7 +6,7 @@
 namespace tarnlog::test {
 namespace {
 
-TEST(DisplayModel, physicalGraphsAreThoseWithACurveThatIsNotBinary) {
+TEST(DisplayModel, PhysicalGraphsAreThoseWithACurveThatIsNotBinary) {
   Display d;
   ScriptedData& threeLevels = d.request.addData("Levels", ferrox3::kInteger, "", 0, 2);
   ScriptedData& fraction = d.request.addData("Fraction", ferrox3::kDouble, "", 0, 1);
@@ -24,7 +24,7 @@ TEST(DisplayModel, physicalGraphsAreThoseWithACurveThatIsNotBinary) {
   EXPECT_EQ(d.scope.graphes().HeightNoScopeGraphe(), 600 + 270 + 420);
 }
 
-TEST(DisplayModel, onlyAGraphTakesCurves) {
+TEST(DisplayModel, OnlyAGraphTakesCurves) {
   Display d;
   GrapheItem& digital = d.scope.graphes().Add(GrapheItem::kDigital, "");
   EXPECT_EQ(errorOf([&] { digital.addcourbe(d.speed, 0, ""); }),
@@ -32,7 +32,7 @@ TEST(DisplayModel, onlyAGraphTakesCurves) {
   EXPECT_FALSE(digital.courbes);
 }
 
-TEST(DisplayModel, referencesFindOnlyEarlierGraphs) {
+TEST(DisplayModel, ReferencesFindOnlyEarlierGraphs) {
   Display d;
   d.addCurve(d.load, 3);  // its graph comes later
   d.add(d.gear, oTarnScope::kDigital);
@@ -45,7 +45,7 @@ TEST(DisplayModel, referencesFindOnlyEarlierGraphs) {
   EXPECT_EQ(d.scope.graphes().Item(2).courbes->Item(2).Color, 0x00FF00u);
 }
 
-TEST(DisplayModel, theLastXAxisOfAGraphHolds) {
+TEST(DisplayModel, TheLastXAxisOfAGraphHolds) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.add(d.brake, oTarnScope::kGraphAxeX, [](oTarnScope& item) { item.oTarnGraphAxeX()->index = 1; });

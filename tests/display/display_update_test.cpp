@@ -14,7 +14,7 @@ std::vector<std::string> refresh(Display& d) {
 
 using Lines = std::vector<std::string>;
 
-TEST(DisplayUpdate, eachPlotGetsOnePointInCurveOrder) {
+TEST(DisplayUpdate, EachPlotGetsOnePointInCurveOrder) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.addCurve(d.brake, 1);
@@ -28,7 +28,7 @@ TEST(DisplayUpdate, eachPlotGetsOnePointInCurveOrder) {
                                "VT2.caption Pressed", "GT1.chart 3 nan", "VT3.caption R", "VT4.caption R"}));
 }
 
-TEST(DisplayUpdate, curvesOfAnXYGraphShareTheirX) {
+TEST(DisplayUpdate, CurvesOfAnXYGraphShareTheirX) {
   Display d;
   d.add(d.speed, oTarnScope::kGraph);
   d.addCurve(d.brake, 1);
@@ -40,7 +40,7 @@ TEST(DisplayUpdate, curvesOfAnXYGraphShareTheirX) {
   EXPECT_EQ(refresh(d), (Lines{"GT1.plot 1 30 12.5", "VT1.caption ", "GT1.plot 2 30 1", "VT2.caption "}));
 }
 
-TEST(DisplayUpdate, markersCloseInOnTheRangeSeenAndTurnRedBeyondTheAxis) {
+TEST(DisplayUpdate, MarkersCloseInOnTheRangeSeenAndTurnRedBeyondTheAxis) {
   Display d;
   d.add(d.speed, oTarnScope::kBarGraph);
   d.build();
@@ -60,7 +60,7 @@ TEST(DisplayUpdate, markersCloseInOnTheRangeSeenAndTurnRedBeyondTheAxis) {
   EXPECT_EQ(feed(50), "value 50") << "never reset";
 }
 
-TEST(DisplayUpdate, aFailurePassesAndLaterBlocksWait) {
+TEST(DisplayUpdate, AFailurePassesAndLaterBlocksWait) {
   Display d;
   d.add(d.speed, oTarnScope::kDigital);
   d.add(d.gear, oTarnScope::kDigital);

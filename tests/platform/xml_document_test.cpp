@@ -24,7 +24,7 @@ std::string placeOfError(std::string_view bytes) {
   return std::to_string(error->line) + ":" + std::to_string(error->position);
 }
 
-TEST(XmlDocument, selectsElementsInDocumentOrder) {
+TEST(XmlDocument, SelectsElementsInDocumentOrder) {
   const XmlDocument document =
       parsed("<?xml version='1.0'?><?a b?><r><!--c--><x n='1'>o<y n='2'/></x><x n='3'/>\n</r>");
   const XmlElement root = document.selectSingleNode("r");
@@ -41,14 +41,14 @@ TEST(XmlDocument, selectsElementsInDocumentOrder) {
   EXPECT_THROW(root.selectNodes("count(x)"), TarnError);
 }
 
-TEST(XmlDocument, textIsAllTextBelow) {
+TEST(XmlDocument, TextIsAllTextBelow) {
   const XmlDocument document = parsed("<r> a<b>b<c/></b><!-- x -->&amp;<![CDATA[<d>]]>\r\n</r>");
   EXPECT_EQ(document.selectSingleNode("r").text(), " ab&<d>\n");
   EXPECT_EQ(document.selectSingleNode("r/b").text(), "b");
   EXPECT_EQ(document.selectSingleNode("r/b/c").text(), "");
 }
 
-TEST(XmlDocument, readsTheEncodingsThatFilesComeIn) {
+TEST(XmlDocument, ReadsTheEncodingsThatFilesComeIn) {
   const std::string expected = "\xC3\xA9t\xC3\xA9 \xE2\x82\xAC";
   const auto text = [](std::string_view bytes) { return parsed(bytes).selectSingleNode("r").text(); };
   EXPECT_EQ(text("<r>" + expected + "</r>"), expected);
@@ -66,7 +66,7 @@ TEST(XmlDocument, readsTheEncodingsThatFilesComeIn) {
       << "half a pair, half a unit";
 }
 
-TEST(XmlDocument, namesThePlaceOfTheFirstError) {
+TEST(XmlDocument, NamesThePlaceOfTheFirstError) {
   EXPECT_EQ(placeOfError(""), "0:0");
   EXPECT_EQ(placeOfError("no document"), "0:0");
   EXPECT_EQ(placeOfError("<r>\r\n  <a>\xC3\xA9</b>\r\n</r>").substr(0, 2), "2:");
@@ -76,7 +76,7 @@ TEST(XmlDocument, namesThePlaceOfTheFirstError) {
   EXPECT_EQ(placeOfError(std::string_view("<r>\n\xC3\xA9\0</r>", 11)), "2:2");
 }
 
-TEST(XmlDocument, refusesNestingWithoutEndAndStaysUsable) {
+TEST(XmlDocument, RefusesNestingWithoutEndAndStaysUsable) {
   std::string bomb;
   for (int depth = 0; depth < 200000; ++depth) bomb += "<a>";
   for (int depth = 0; depth < 200000; ++depth) bomb += "</a>";

@@ -26,7 +26,7 @@ class XmlWriting : public testing::Test {
   XmlWriter writer{[this](std::string_view bytes) { calls.emplace_back(bytes); }};
 };
 
-TEST_F(XmlWriting, indentsElementsAndKeepsTextAsItIs) {
+TEST_F(XmlWriting, IndentsElementsAndKeepsTextAsItIs) {
   SaxAttributes version;
   version.addAttribute("Version", "2.0");
   writer.startDocument();
@@ -60,7 +60,7 @@ TEST_F(XmlWriting, indentsElementsAndKeepsTextAsItIs) {
             "</Root>\r\n");
 }
 
-TEST_F(XmlWriting, neverWritesWhatXmlForbids) {
+TEST_F(XmlWriting, NeverWritesWhatXmlForbids) {
   startRoot();
   SaxAttributes attributes;
   attributes.addAttribute(
@@ -76,7 +76,7 @@ TEST_F(XmlWriting, neverWritesWhatXmlForbids) {
   EXPECT_NE(text().find(">g" + r + "<"), std::string::npos);
 }
 
-TEST_F(XmlWriting, everyFinishedChildOfTheRootIsOneOutputCall) {
+TEST_F(XmlWriting, EveryFinishedChildOfTheRootIsOneOutputCall) {
   startRoot();
   EXPECT_TRUE(calls.empty());
   writer.startElement("Header");
@@ -93,7 +93,7 @@ TEST_F(XmlWriting, everyFinishedChildOfTheRootIsOneOutputCall) {
   EXPECT_EQ(calls[2], "</Root>\r\n");
 }
 
-TEST(XmlWriter, aFailedOutputLosesOnlyItsOwnBytes) {
+TEST(XmlWriter, AFailedOutputLosesOnlyItsOwnBytes) {
   std::string written;
   bool full = false;
   XmlWriter writer([&](std::string_view bytes) {
@@ -110,7 +110,7 @@ TEST(XmlWriter, aFailedOutputLosesOnlyItsOwnBytes) {
   EXPECT_EQ(written, "<Root>\r\n\t<row>1</row>\r\n\t<row>3</row>\r\n</Root>\r\n");
 }
 
-TEST(SaxAttributes, isFilledAgainAfterClearing) {
+TEST(SaxAttributes, IsFilledAgainAfterClearing) {
   SaxAttributes attributes;
   attributes.addAttribute("a", "1");
   attributes.addAttribute("b", "");

@@ -19,7 +19,7 @@ Recipe gaining(Recipe recipe) {
   return recipe;
 }
 
-TEST(EventFiles, holdTheCyclesAroundTheEventAndMarkTheNextRow) {
+TEST(EventFiles, HoldTheCyclesAroundTheEventAndMarkTheNextRow) {
   Scenario car(gaining({.period = 1, .prefix = "p_"}));
   car.start();
   car.runEvery(50, 1000, 2000);
@@ -40,7 +40,7 @@ TEST(EventFiles, holdTheCyclesAroundTheEventAndMarkTheNextRow) {
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|5", "1|\"event1\"|25", "2|\"\"|45"));
 }
 
-TEST(EventFiles, ofNoRecordingGoOnWhenOneBegins) {
+TEST(EventFiles, OfNoRecordingGoOnWhenOneBegins) {
   Scenario car(gaining({}));
   car.start();
   car.run("1000 1050 1100");
@@ -54,7 +54,7 @@ TEST(EventFiles, ofNoRecordingGoOnWhenOneBegins) {
   for (const std::string& row : car.rows()) EXPECT_EQ(row.find("event"), std::string::npos) << row;
 }
 
-TEST(EventFiles, areNumberedOverAllRecordingsAndTheStopGoesFirst) {
+TEST(EventFiles, AreNumberedOverAllRecordingsAndTheStopGoesFirst) {
   Scenario car(gaining({.period = 1, .post = 1}));
   car.start();
   car.runEvery(50, 1000, 1300);
@@ -70,7 +70,7 @@ TEST(EventFiles, areNumberedOverAllRecordingsAndTheStopGoesFirst) {
   EXPECT_EQ(car.files.files.count("/rec/event2_16-11-26_19h05mn10.txt"), 1U);
 }
 
-TEST(EventFiles, inXmlEndWithTheirRecording) {
+TEST(EventFiles, InXmlEndWithTheirRecording) {
   Scenario car(gaining({.format = ".xml", .prefix = "p_"}));
   car.start();
   car.runEvery(50, 1000, 1400);

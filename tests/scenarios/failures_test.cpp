@@ -14,7 +14,7 @@ using testing::StartsWith;
 const std::string kSilence = R"({"ecu": "Injection", "kind": "noAnswer", "from": 2.9, "to": 4})";
 const std::string kSilenceAndReturn = "3000 3200 4000 4110 4120 4230";
 
-TEST(Failures, theSameFileGoesOnWhenTheEcuAnswersAgain) {
+TEST(Failures, TheSameFileGoesOnWhenTheEcuAnswersAgain) {
   Scenario car({.speed = "0:40 1100:60", .faults = kSilence, .period = 1, .start = "rising 50"});
   car.start();
   car.run("1000 1100 2100 3000");
@@ -32,7 +32,7 @@ TEST(Failures, theSameFileGoesOnWhenTheEcuAnswersAgain) {
                   "Init UCE Engine (KWP2000) OK", "Start diag session etude Engine OK"));
 }
 
-TEST(Failures, endARecordingWhoseStopIsArmed) {
+TEST(Failures, EndARecordingWhoseStopIsArmed) {
   Scenario car({.speed = "0:40 1100:60", .faults = kSilence, .period = 1, .start = "rising 50", .post = 5});
   car.start();
   car.run("1000 1100");
@@ -52,7 +52,7 @@ TEST(Failures, endARecordingWhoseStopIsArmed) {
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60", "1|\"\"|60")) << "without a mark of the one before";
 }
 
-TEST(Failures, aRefusedRequestIsNotAvailableAndTheOthersGoOn) {
+TEST(Failures, ARefusedRequestIsNotAvailableAndTheOthersGoOn) {
   Scenario car(
       {.speed = "0:40 6000:60",
        .faults =
@@ -69,7 +69,7 @@ TEST(Failures, aRefusedRequestIsNotAvailableAndTheOthersGoOn) {
   EXPECT_THAT(car.screen.logTexts(), Not(Contains(StartsWith("Send error"))));
 }
 
-TEST(Failures, whileTheEcuStartsAreToldAndPassedOver) {
+TEST(Failures, WhileTheEcuStartsAreToldAndPassedOver) {
   const std::string refused =
       R"({"ecu": "Injection", "kind": "negativeResponse", "code": "0x12", "from": 0.1, "to": 0.3})";
   Scenario car({.faults = refused,

@@ -23,7 +23,7 @@ std::string withCrLf(std::string text) {
   return text;
 }
 
-TEST(RecordFiles, textByteForByteWithEveryKindOfValue) {
+TEST(RecordFiles, TextByteForByteWithEveryKindOfValue) {
   const test::TempFolder folder;
   SystemFileSystem disk;
   Scenario car({.speed = "0:12.25 1100:60.5 1200:61",
@@ -50,7 +50,7 @@ TEST(RecordFiles, textByteForByteWithEveryKindOfValue) {
       "0,13\t\"\"\t61\t21,5\t1\t1\t8200\xE9\t0A 1B\r\n");
 }
 
-TEST(RecordFiles, xmlByteForByteAndGoodAsAConfiguration) {
+TEST(RecordFiles, XmlByteForByteAndGoodAsAConfiguration) {
   Scenario car({.speed = "0:12.25 1100:60.5 1200:61",
                 .data = {"Status/Speed", "Status/Température"},
                 .start = "rising 49.5",
@@ -110,7 +110,7 @@ TEST(RecordFiles, xmlByteForByteAndGoodAsAConfiguration) {
   EXPECT_EQ(again->initScenario->Count(), 1);
 }
 
-TEST(RecordFiles, theSecondOneOfASecondIsAppendedOrNumbered) {
+TEST(RecordFiles, TheSecondOneOfASecondIsAppendedOrNumbered) {
   for (const std::string format : {".txt", ".xml"}) {
     Scenario car({.format = format});
     car.start();
@@ -139,7 +139,7 @@ TEST(RecordFiles, theSecondOneOfASecondIsAppendedOrNumbered) {
   }
 }
 
-TEST(RecordFiles, goToTheCurrentFolderWhenTheirsIsMissing) {
+TEST(RecordFiles, GoToTheCurrentFolderWhenTheirsIsMissing) {
   Scenario car({.folder = "/gone"});
   car.start();
   car.run("1000");
@@ -151,7 +151,7 @@ TEST(RecordFiles, goToTheCurrentFolderWhenTheirsIsMissing) {
   EXPECT_EQ(car.files.files.count("/cwd/event_16-11-26__19h05mn08.txt"), 1U);
 }
 
-TEST(RecordFiles, thatAnotherProgramWritesAreLeftToItWithTheirEvents) {
+TEST(RecordFiles, ThatAnotherProgramWritesAreLeftToItWithTheirEvents) {
   Scenario car({});
   car.files.inUse = {kText, "/rec/event1_16-11-26_19h05mn08_2.txt"};
   car.start();
@@ -166,7 +166,7 @@ TEST(RecordFiles, thatAnotherProgramWritesAreLeftToItWithTheirEvents) {
   EXPECT_EQ(car.files.files.count(kText), 0U);
 }
 
-TEST(RecordFiles, loseOnlyTheRowsForWhichTheDiskHasNoRoom) {
+TEST(RecordFiles, LoseOnlyTheRowsForWhichTheDiskHasNoRoom) {
   for (const std::string format : {".txt", ".xml"}) {
     for (const bool fullAtOpening : {false, true}) {
       Scenario car({.speed = "0:40 1100:60 1200:61 1300:62 1400:63", .start = "rising 50", .format = format});
@@ -200,7 +200,7 @@ TEST(RecordFiles, loseOnlyTheRowsForWhichTheDiskHasNoRoom) {
   }
 }
 
-TEST(RecordFiles, onARealDiskSayWhenItIsFullOrTheyAreRemoved) {
+TEST(RecordFiles, OnARealDiskSayWhenItIsFullOrTheyAreRemoved) {
   for (const bool full : {true, false}) {
     const test::TempFolder folder;
     const std::string path = folder / "16-11-26_19h05mn08.txt";

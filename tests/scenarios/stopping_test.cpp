@@ -22,7 +22,7 @@ void expectOver(const Scenario& car) {
   EXPECT_TRUE(car.screen.rows.empty());
 }
 
-TEST(Stopping, betweenTicksIsAnsweredAtOnceInEveryState) {
+TEST(Stopping, BetweenTicksIsAnsweredAtOnceInEveryState) {
   for (const auto state : {TarnAcq::kInitialise, TarnAcq::kWaitAfterInit, TarnAcq::kStartSessions,
                            TarnAcq::kWaitBeforePolling, TarnAcq::kCommunicate}) {
     Scenario car({});
@@ -35,7 +35,7 @@ TEST(Stopping, betweenTicksIsAnsweredAtOnceInEveryState) {
   }
 }
 
-TEST(Stopping, insideATickIsAnsweredOnceWhenTheTickEnds) {
+TEST(Stopping, InsideATickIsAnsweredOnceWhenTheTickEnds) {
   for (const auto state : {TarnAcq::kInitialise, TarnAcq::kStartSessions, TarnAcq::kCommunicate}) {
     Scenario car(recordedFrom1100());
     int asked = 0;
@@ -53,7 +53,7 @@ TEST(Stopping, insideATickIsAnsweredOnceWhenTheTickEnds) {
   }
 }
 
-TEST(Stopping, closesTheFilesOfARecordingAndItsEvent) {
+TEST(Stopping, ClosesTheFilesOfARecordingAndItsEvent) {
   for (const bool inTick : {true, false}) {
     Scenario car(recordedFrom1100());
     car.start();
@@ -75,7 +75,7 @@ TEST(Stopping, closesTheFilesOfARecordingAndItsEvent) {
   }
 }
 
-TEST(Stopping, closesAFileWhoseRecordingHasNotBegun) {
+TEST(Stopping, ClosesAFileWhoseRecordingHasNotBegun) {
   for (const bool inTick : {true, false}) {
     Scenario car({.latency = 50});
     car.start();
@@ -94,7 +94,7 @@ TEST(Stopping, closesAFileWhoseRecordingHasNotBegun) {
   }
 }
 
-TEST(Stopping, leavesNothingToTheNextAcquisition) {
+TEST(Stopping, LeavesNothingToTheNextAcquisition) {
   Recipe recipe = recordedFrom1100();
   recipe.period = 1;
   Scenario car(recipe);

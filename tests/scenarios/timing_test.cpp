@@ -8,7 +8,7 @@ namespace {
 using test::Scenario;
 using testing::ElementsAre;
 
-TEST(Timing, everyCycleIsARowAtPeriod0) {
+TEST(Timing, EveryCycleIsARowAtPeriod0) {
   Scenario car({.speed = "0:0 1000:1 1100:2 1200:3 1300:4 1400:5"});
   car.start();
   car.run("1000 1100");
@@ -25,7 +25,7 @@ TEST(Timing, everyCycleIsARowAtPeriod0) {
   EXPECT_EQ(car.screen.log.back(), "19:05:08 Stop record");
 }
 
-TEST(Timing, aButtonStartHasHistoryToo) {
+TEST(Timing, AButtonStartHasHistoryToo) {
   Scenario car({.speed = "0:0 1000:1 1100:2 1200:3 1300:4 1400:5 1500:6", .pre = -1});
   car.start();
   car.run("1000 1100 1200 1300");
@@ -34,7 +34,7 @@ TEST(Timing, aButtonStartHasHistoryToo) {
   EXPECT_THAT(car.rows(), ElementsAre("-0.2|\"\"|2", "-0.1|\"\"|3", "0|\"Start\"|4", "0.2|\"\"|6"));
 }
 
-TEST(Timing, rowsFollowTheScheduleBeforeAndAfterTheTriggers) {
+TEST(Timing, RowsFollowTheScheduleBeforeAndAfterTheTriggers) {
   Scenario car({.speed = "0:0 1500:1 2000:2 3000:3 3400:60 4000:61 5000:62 5500:40 6000:41 7000:42",
                 .period = 1,
                 .start = "rising 50",
@@ -53,7 +53,7 @@ TEST(Timing, rowsFollowTheScheduleBeforeAndAfterTheTriggers) {
   EXPECT_EQ(car.screen.timePanel, "4");
 }
 
-TEST(Timing, aLongPeriodIsNotWaitedForUnlessItsRowIsNear) {
+TEST(Timing, ALongPeriodIsNotWaitedForUnlessItsRowIsNear) {
   Scenario car({.period = 10, .post = 20});
   car.start();
   car.run("10000 11000");
@@ -75,7 +75,7 @@ TEST(Timing, aLongPeriodIsNotWaitedForUnlessItsRowIsNear) {
   EXPECT_EQ(car.screen.log.back(), "19:05:40 Stop record");
 }
 
-TEST(Timing, theWrapOfTheClockPassesUnnoticed) {
+TEST(Timing, TheWrapOfTheClockPassesUnnoticed) {
   Scenario car({.speed = "0:0 1500:60 2500:61 3500:62 4000:40",
                 .period = 1,
                 .start = "rising 50",

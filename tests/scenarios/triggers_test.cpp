@@ -18,7 +18,7 @@ std::vector<std::string> recorded(const Recipe& recipe) {
   return car.acq.RecordPath().empty() ? std::vector<std::string>{} : car.rows();
 }
 
-TEST(Triggers, areForNumbersOnly) {
+TEST(Triggers, AreForNumbersOnly) {
   EXPECT_THAT(recorded({.data = {"Identification/Part"}, .start = "rising -1"}), ElementsAre());
   // A value that is missing for a cycle neither fires nor hides the crossing.
   const char* const shortAnswer =
@@ -29,7 +29,7 @@ TEST(Triggers, areForNumbersOnly) {
               ElementsAre("0|\"Start\"|60", "0.1|\"\"|---", "0.2|\"\"|60", "0.3|\"\"|60", "0.4|\"\"|60"));
 }
 
-TEST(Triggers, watchTheirDataAlsoWhenTheVehicleLacksAnEarlierOne) {
+TEST(Triggers, WatchTheirDataAlsoWhenTheVehicleLacksAnEarlierOne) {
   EXPECT_THAT(recorded({.speed = "0:40 1400:60",
                         .data = {"Status/Altitude", "Status/Pedal", "Status/Speed"},
                         .start = "rising 50",
@@ -37,7 +37,7 @@ TEST(Triggers, watchTheirDataAlsoWhenTheVehicleLacksAnEarlierOne) {
               ElementsAre("0|\"Start\"|1|60", "0.1|\"\"|1|60"));
 }
 
-TEST(Triggers, stopAfterMoreThanTheirTime) {
+TEST(Triggers, StopAfterMoreThanTheirTime) {
   Scenario car({.speed = "0:40 1100:60", .start = "rising 50", .stop = "time 2", .post = 1});
   car.start();
   car.run("1000 1100 3100 3101 3200 3300 3400");
@@ -46,7 +46,7 @@ TEST(Triggers, stopAfterMoreThanTheirTime) {
   EXPECT_THAT(car.screen.logTexts(), testing::Contains("Stop recording after : 2 s"));
 }
 
-TEST(Triggers, startTheNextRecordingAtTheNextCrossing) {
+TEST(Triggers, StartTheNextRecordingAtTheNextCrossing) {
   // The start trigger rests while recording: what it saw last is 60, so 70 after the end is no crossing.
   Scenario car({.speed = "0:40 1100:60 1150:61 1200:5 1300:70 1400:20 2400:55 2500:60 2600:3",
                 .start = "rising 50",

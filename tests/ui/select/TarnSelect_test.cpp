@@ -93,7 +93,7 @@ class SelectScreen : public testing::Test, protected SmallSelection {
   QAbstractItemModelTester listTester{list.model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-TEST_F(SelectScreen, aWalkWithMouseAndKeys) {
+TEST_F(SelectScreen, AWalkWithMouseAndKeys) {
   doubleClick("Engine");
   EXPECT_EQ(shown(), "Brakes Engine[Status]");
   expand("Status");
@@ -125,7 +125,7 @@ TEST_F(SelectScreen, aWalkWithMouseAndKeys) {
   EXPECT_EQ(edits.count(), 6);
 }
 
-TEST_F(SelectScreen, buttonsActOnWhatIsSelected) {
+TEST_F(SelectScreen, ButtonsActOnWhatIsSelected) {
   auto& addData = child<QPushButton>("addData");
   auto& removeData = child<QPushButton>("removeData");
   EXPECT_FALSE(addData.isEnabled());
@@ -150,7 +150,7 @@ TEST_F(SelectScreen, buttonsActOnWhatIsSelected) {
   EXPECT_EQ(items(), "");
 }
 
-TEST_F(SelectScreen, theShapeIsChosenWithTheToolbar) {
+TEST_F(SelectScreen, TheShapeIsChosenWithTheToolbar) {
   const auto shape = [&](const char* key) { return screen.findChild<QAction*>(key); };
   EXPECT_TRUE(shape("R")->isChecked());
   expand("Engine");
@@ -166,7 +166,7 @@ TEST_F(SelectScreen, theShapeIsChosenWithTheToolbar) {
   EXPECT_EQ(shown(), "Brakes Engine");
 }
 
-TEST_F(SelectScreen, tabGoesThroughTheScreenAsItIsSeen) {
+TEST_F(SelectScreen, TabGoesThroughTheScreenAsItIsSeen) {
   expand("Engine");
   select({"Status"});
   child<QPushButton>("addData").click();
@@ -182,7 +182,7 @@ TEST_F(SelectScreen, tabGoesThroughTheScreenAsItIsSeen) {
             "  filterAllData TreeAllData addData removeData dataUp dataDown filterToRecord ListDataToRecord");
 }
 
-TEST_F(SelectScreen, filtersFindWhileTyping) {
+TEST_F(SelectScreen, FiltersFindWhileTyping) {
   auto& filter = child<QLineEdit>("filterAllData");
   expand("Brakes");
   QTest::keyClicks(&filter, "speed");
@@ -215,7 +215,7 @@ TEST_F(SelectScreen, filtersFindWhileTyping) {
   EXPECT_FALSE(hidden.isVisible());
 }
 
-TEST_F(SelectScreen, dragsFromTreeToListInsideTheListAndBack) {
+TEST_F(SelectScreen, DragsFromTreeToListInsideTheListAndBack) {
   expand("Engine");
   // At the upper edge of that row, or below all rows.
   const auto drop = [](const QTreeView& from, const QModelIndexList& dragged, QTreeView& to, int row) {
@@ -253,7 +253,7 @@ TEST_F(SelectScreen, dragsFromTreeToListInsideTheListAndBack) {
   EXPECT_FALSE(drop(tree, {index("Speed")}, *other.findChild<QTreeView*>("ListDataToRecord"), -1));
 }
 
-TEST_F(SelectScreen, columnsShareTheListAndScaleWithIt) {
+TEST_F(SelectScreen, ColumnsShareTheListAndScaleWithIt) {
   QHeaderView& header = *list.header();
   const auto title = [&](int column, int role) {
     return fromQString(list.model()->headerData(column, Qt::Horizontal, role).toString());
@@ -273,7 +273,7 @@ TEST_F(SelectScreen, columnsShareTheListAndScaleWithIt) {
   EXPECT_NEAR(header.sectionSize(1), before / 3.0 * growth, 2);
 }
 
-TEST_F(SelectScreen, saysWhichDataCannotBeRemovedAndWhatDataAre) {
+TEST_F(SelectScreen, SaysWhichDataCannotBeRemovedAndWhatDataAre) {
   expand("Engine");
   select({"Speed"});
   const QString tip = index("Speed").data(Qt::ToolTipRole).toString();
@@ -289,7 +289,7 @@ TEST_F(SelectScreen, saysWhichDataCannotBeRemovedAndWhatDataAre) {
   EXPECT_EQ(edits.count(), 1);
 }
 
-TEST_F(SelectScreen, survivesTheReplacementOfConfigurationAndVehicle) {
+TEST_F(SelectScreen, SurvivesTheReplacementOfConfigurationAndVehicle) {
   expand("Engine");
   doubleClick("Status");
   parameters->RemoveAll();

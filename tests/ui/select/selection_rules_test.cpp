@@ -47,7 +47,7 @@ class Selection : public testing::Test, protected SmallSelection {
   SelectionRules rules;
 };
 
-TEST_F(Selection, addingMakesItemsWithIdentityAndDefaultDisplay) {
+TEST_F(Selection, AddingMakesItemsWithIdentityAndDefaultDisplay) {
   expandAll();
   EXPECT_TRUE(addTogether({"Speed", "Key", "Mode"}));
   EXPECT_EQ(items(), "Key:G Mode:D Speed:G") << "as they stand in the tree";
@@ -64,7 +64,7 @@ TEST_F(Selection, addingMakesItemsWithIdentityAndDefaultDisplay) {
   EXPECT_EQ(speed.oTarnGraph()->position.left, -1);
 }
 
-TEST_F(Selection, aRequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) {
+TEST_F(Selection, ARequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) {
   expandAll();
   EXPECT_FALSE(add({"Engine"}));
   add({"Load"});
@@ -81,7 +81,7 @@ TEST_F(Selection, aRequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) 
   EXPECT_EQ(list(), "Load Key Mode Raw [Speed]");
 }
 
-TEST_F(Selection, aKeyThatTheConfigurationHasIsNotAddedTwice) {
+TEST_F(Selection, AKeyThatTheConfigurationHasIsNotAddedTwice) {
   expandAll();
   add({"Speed"});
   FillCatalogueTree(*document, rules.tree(), CatalogueKeys(), kFullDepth);
@@ -89,7 +89,7 @@ TEST_F(Selection, aKeyThatTheConfigurationHasIsNotAddedTwice) {
   EXPECT_EQ(items(), "Speed:G");
 }
 
-TEST_F(Selection, addingAtARowMovesTheRestDown) {
+TEST_F(Selection, AddingAtARowMovesTheRestDown) {
   expandAll();
   add({"Speed", "Load"});
   item("Load").SetGraphIndex(0, 1);
@@ -101,7 +101,7 @@ TEST_F(Selection, addingAtARowMovesTheRestDown) {
 }
 
 // An item without a row must not let the wrong one be removed or moved.
-TEST_F(Selection, itemsThatTheSessionDoesNotOfferStayWithoutARow) {
+TEST_F(Selection, ItemsThatTheSessionDoesNotOfferStayWithoutARow) {
   parameters->Add("x").DataName = "Ghost";
   expandAll();
   add({"Speed", "Load"});
@@ -115,7 +115,7 @@ TEST_F(Selection, itemsThatTheSessionDoesNotOfferStayWithoutARow) {
 }
 
 // Functions of one ECU share its address, and the document finds the first of them by it.
-TEST_F(Selection, dataOfTwoEcusWithOneAddressKeepTheirOwnKeys) {
+TEST_F(Selection, DataOfTwoEcusWithOneAddressKeepTheirOwnKeys) {
   ScriptedSession session;
   for (const char* name : {"Gearbox", "Retarder"})
     session.addEcu(name, name, 24).addRequest("Status").addData("Oil", ferrox3::kDouble);
@@ -131,7 +131,7 @@ TEST_F(Selection, dataOfTwoEcusWithOneAddressKeepTheirOwnKeys) {
   EXPECT_EQ(second.EcuName, "Retarder");
 }
 
-TEST_F(Selection, reordersByOnePlaceAndAnyDistance) {
+TEST_F(Selection, ReordersByOnePlaceAndAnyDistance) {
   expandAll();
   add({"Status"});
   EXPECT_EQ(list(), "Key Load Mode Raw [Speed]");
@@ -152,7 +152,7 @@ TEST_F(Selection, reordersByOnePlaceAndAnyDistance) {
   EXPECT_EQ(list(), "Mode [Load] Speed Key Raw");
 }
 
-TEST_F(Selection, undoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
+TEST_F(Selection, UndoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
   expandAll();
   add({"Mode", "Speed", "Load", "Key"});
   item("Load").SetGraphIndex(0x123456, 2);
@@ -178,7 +178,7 @@ TEST_F(Selection, undoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
   EXPECT_FALSE(rules.undoRemoval());
 }
 
-TEST_F(Selection, undoLeavesOutWhatWasAddedAgainAndIsForgottenWithTheConfiguration) {
+TEST_F(Selection, UndoLeavesOutWhatWasAddedAgainAndIsForgottenWithTheConfiguration) {
   expandAll();
   add({"Speed", "Load"});
   item("Load").SetGraphIndex(0, 1);
@@ -192,7 +192,7 @@ TEST_F(Selection, undoLeavesOutWhatWasAddedAgainAndIsForgottenWithTheConfigurati
   EXPECT_FALSE(rules.undoRemoval());
 }
 
-TEST_F(Selection, anotherConfigurationFillsTheTreeAgain) {
+TEST_F(Selection, AnotherConfigurationFillsTheTreeAgain) {
   expandAll();
   add({"Wheels"});
   parameters->RemoveAll();
@@ -210,7 +210,7 @@ TEST_F(Selection, anotherConfigurationFillsTheTreeAgain) {
   EXPECT_FALSE(rules.undoRemoval());
 }
 
-TEST_F(Selection, theFilterNarrowsTheTreeAndWhatIsGivenBack) {
+TEST_F(Selection, TheFilterNarrowsTheTreeAndWhatIsGivenBack) {
   rules.setFilter("bar");
   EXPECT_EQ(tree(), "Brakes[...]");
   expandAll();

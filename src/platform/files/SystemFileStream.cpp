@@ -6,13 +6,19 @@
 
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <utility>
 
 namespace tarnlog {
 
 namespace {
 
-constexpr int kWritesPerLook = 8;
+/// Nanoseconds of the system's coarse clock: it goes on every few milliseconds and costs no system call.
+std::int64_t coarseTime() {
+  struct timespec time {};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+  return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
 
 int flagsFor(SystemFileStream::Opening opening) {
   return O_WRONLY | O_CREAT | O_APPEND | (opening == SystemFileStream::Opening::New ? O_EXCL : 0);
@@ -34,10 +40,7 @@ bool sameFile(const struct stat& a, const struct stat& b) {
 }  // namespace
 
 SystemFileStream::SystemFileStream(std::string path, Opening opening, Tell tell)
-    : path_(std::move(path)),
-      file_(open(path_, opening)),
-      tell_(std::move(tell)),
-      writesSinceLook_(kWritesPerLook - 1) {
+    : path_(std::move(path)), file_(open(path_, opening)), tell_(std::move(tell)) {
   takeFile(opening);
 }
 
@@ -85,7 +88,6 @@ void SystemFileStream::write(std::string_view row) {
     ++lost_;
   else
     endFailing(false);
-  if (++writesSinceLook_ >= kWritesPerLook) look();
 }
 
 void SystemFileStream::writeOrOwe(std::string_view bytes) {
@@ -96,11 +98,12 @@ void SystemFileStream::writeOrOwe(std::string_view bytes) {
     endFailing(false);
 }
 
-/// What is owed and the row, as one write. Returns errno, or 0. Where another program cut the file short, the
-/// line that it cut ends first.
+/// What is owed and the row, as one write. Returns errno, or 0.
 int SystemFileStream::put(std::string_view row) {
-  if (regular_ && !removed_)
-    if (const off_t end = ::lseek(file_.get(), 0, SEEK_END); end >= 0 && end < size_) noteCut(end);
+  if (const std::int64_t now = coarseTime(); now != lookedAt_) {
+    lookedAt_ = now;
+    look();
+  }
   const std::size_t owed = owed_.size();
   if (owed != 0) owed_.append(row);
   const std::string_view whole = owed == 0 ? row : std::string_view(owed_);
@@ -150,9 +153,9 @@ void SystemFileStream::endFailing(bool closed) {
 }
 
 /// What other programs do to the file fails no write, so somebody must be told: rows in a file without a name
-/// are lost when it closes.
+/// are lost when it closes. Where the file was cut short, the cut line ends before the next row. A look costs
+/// as much as a write: rows that follow each other within one step of the coarse clock share one.
 void SystemFileStream::look() {
-  writesSinceLook_ = 0;
   struct stat status {};
   if (!regular_ || removed_ || ::fstat(file_.get(), &status) != 0) return;
   if (hasName_ && status.st_nlink == 0) {

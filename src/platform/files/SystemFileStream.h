@@ -52,7 +52,7 @@ class SystemFileStream : public FileStream {
   std::uint64_t rows_ = 0;  ///< that got into the file
   std::uint64_t lost_ = 0;  ///< in this outage
   std::uint64_t lostInFile_ = 0;
-  int writesSinceLook_;
+  std::int64_t lookedAt_ = -1;  ///< on the coarse clock
 };
 
 }  // namespace tarnlog

@@ -6,7 +6,6 @@
 #include "host/service/HexText.h"
 #include "host/service/ResponseCheck.h"
 #include "host/vehicle/description/DataLayout.h"
-#include "host/vehicle/session/ValueText.h"
 
 namespace tarnlog::host {
 namespace {
@@ -116,19 +115,6 @@ TEST(ResponseCheck, TellsWhatBelongsToARequest) {
   EXPECT_EQ(classify("21 80", ""), ResponseClass::foreign);
   EXPECT_EQ(negativeResponseText(0x31), "request out of range");
   EXPECT_EQ(negativeResponseText(0xFF), "reason not known");
-}
-
-TEST(ValueText, HasTheDecimalsAskedFor) {
-  const auto text = [](double value, std::optional<int> decimals) {
-    std::string out;
-    appendValueText(out, value, decimals, ',');
-    return out;
-  };
-  EXPECT_EQ(text(1239.75, 1), "1239,8");
-  EXPECT_EQ(text(1239.75, std::nullopt), "1239,75");
-  EXPECT_EQ(text(5, 2), "5,00");
-  EXPECT_EQ(text(-0.04, 1), "0,0");
-  EXPECT_EQ(text(0.1 * 3, std::nullopt), "0,3");
 }
 
 TEST(HexText, TakesBytesOnly) {

@@ -18,6 +18,16 @@ std::string fileText(double value, char separator = '.') {
   return text;
 }
 
+TEST(Numbers, HaveTheDecimalsAskedFor) {
+  const auto text = [](double value, int decimals) {
+    std::string out;
+    appendFixed(out, value, decimals, ',');
+    return out;
+  };
+  EXPECT_EQ(text(1239.75, 1) + ' ' + text(5, 2) + ' ' + text(-0.04, 1) + ' ' + text(0.25, 1),
+            "1239,8 5,00 0,0 0,2");
+}
+
 TEST(Numbers, FileTextHasFifteenDigitsAndNoExponentInTheMiddle) {
   EXPECT_EQ(fileText(0.1 * 3), "0.3");
   EXPECT_EQ(fileText(-12.5, ','), "-12,5");

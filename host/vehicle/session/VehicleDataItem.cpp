@@ -4,13 +4,13 @@
 #include <limits>
 
 #include "host/service/HexText.h"
-#include "host/vehicle/session/ValueText.h"
 #include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog::host {
 namespace {
 
+constexpr char kNotAvailableText[] = "---";
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 /// The text or byte array inside a value, made when there is none yet.
@@ -117,12 +117,15 @@ void VehicleDataItem::writeText() const {
   if (!available_) {
     text_ = kNotAvailableText;
   } else if (const auto* const number = std::get_if<double>(&value_)) {
-    appendValueText(text_, *number, description_.decimals, locale_.decimalSeparator);
+    if (description_.decimals)
+      appendFixed(text_, *number, *description_.decimals, locale_.decimalSeparator);
+    else
+      appendNumber(text_, *number, locale_.decimalSeparator);
   } else if (const auto* const whole = std::get_if<std::int32_t>(&value_)) {
     if (const std::string* const label = enumeration_.labelOf(*whole))
       text_ = *label;
     else if (description_.decimals)
-      appendValueText(text_, *whole, description_.decimals, locale_.decimalSeparator);
+      appendFixed(text_, *whole, *description_.decimals, locale_.decimalSeparator);
     else
       appendNumber(text_, *whole);
   } else if (const auto* const text = std::get_if<std::string>(&value_)) {

@@ -1,6 +1,7 @@
 #include "platform/text/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -194,6 +195,19 @@ std::string numberText(double value, const UserLocale& locale) {
   std::string text;
   appendNumber(text, value, locale.decimalSeparator);
   return text;
+}
+
+void appendFixed(std::string& out, double value, int decimals, char decimalSeparator) {
+  // The largest double has 309 digits before the point.
+  std::array<char, 309 + 15 + 3> buffer;
+  const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                        std::chars_format::fixed, std::clamp(decimals, 0, 15))
+                              .ptr;
+  std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string_view::npos) text.remove_prefix(1);
+  const std::size_t start = out.size();
+  out += text;
+  std::replace(out.begin() + static_cast<std::ptrdiff_t>(start), out.end(), '.', decimalSeparator);
 }
 
 std::string exactNumberText(double value) {

@@ -17,6 +17,10 @@ void appendNumber(std::string& out, double value, char decimalSeparator);
 void appendNumber(std::string& out, std::int32_t value);
 std::string numberText(double value, const UserLocale& locale);
 
+/// With exactly so many decimals, kept within 0 to 15, halves of the exact binary value to even; never
+/// "-0.0". NaN and infinities as `appendNumber`.
+void appendFixed(std::string& out, double value, int decimals, char decimalSeparator);
+
 /// The shortest text with "." that reads back as the same double; an exponent only from 1e21 on and below
 /// 1e-7.
 std::string exactNumberText(double value);

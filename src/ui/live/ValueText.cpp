@@ -15,16 +15,17 @@ const std::string* labelOf(double value, const ValueDescription& description) {
   return label == description.labels.end() ? nullptr : &label->second;
 }
 
-/// With exactly so many decimals; never "-0.0".
-QString fixedText(double value, int decimals, const QLocale& locale) {
-  QString text = QString::number(value, 'f', decimals);
-  if (text.startsWith(QLatin1Char('-')) && text.toDouble() == 0) text.remove(0, 1);
-  return text.replace(QLatin1Char('.'), locale.decimalPoint());
+/// A number with "." as the user writes it.
+QString localized(const std::string& text, const QLocale& locale) {
+  return toQString(text).replace(QLatin1Char('.'), locale.decimalPoint());
 }
 
 QString numberText(double value, const ValueDescription& description, const QLocale& locale) {
   if (std::isinf(value)) return value < 0 ? QStringLiteral("-∞") : QStringLiteral("∞");
-  return description.decimals ? fixedText(value, *description.decimals, locale) : cellText(value, locale);
+  if (!description.decimals) return cellText(value, locale);
+  std::string text;
+  appendFixed(text, value, *description.decimals, '.');
+  return localized(text, locale);
 }
 
 }  // namespace
@@ -33,7 +34,7 @@ QString cellText(double value, const QLocale& locale) {
   if (!std::isfinite(value)) return {};
   std::string text;
   appendNumber(text, value, '.');
-  return toQString(text).replace(QLatin1Char('.'), locale.decimalPoint());
+  return localized(text, locale);
 }
 
 QString valueText(double value, const ValueDescription& description, const QLocale& locale) {

@@ -46,7 +46,7 @@ int main() {
   const auto minute = [&] {
     for (int i = 0; i < kRowsPerMinute; ++i) {
       clock.step(100);
-      linkClock.step(100'000);
+      linkClock.step(std::chrono::milliseconds(100));
       timer.fire();
       if (acq.hasRow() && !acq.Recording() && !acq.startPending()) acq.ToggleRecording();
     }

@@ -145,7 +145,7 @@ void readDescription(std::string_view json) {
   VehicleSession session(vehicle, link, clock, {});
   for (int cycle = 0; cycle < 3; ++cycle) {
     pollAll(session);
-    clock.step(777777);
+    clock.step(std::chrono::microseconds(777777));
   }
 }
 

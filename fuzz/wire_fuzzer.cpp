@@ -53,8 +53,8 @@ void readFrames(Bytes bytes) {
   inPieces(bytes, 8, [&](Bytes frame) {
     receiver.accept(frame);
     if (receiver.message().size() > IsoTpReceiver::kLongest) std::abort();
-    tarnlog::skipOnFailure([&] { sender.flowControl(frame, 0); });
-    sender.next(1'000'000);
+    tarnlog::skipOnFailure([&] { sender.flowControl(frame, {}); });
+    sender.next(std::chrono::seconds(1));
   });
 }
 
@@ -77,10 +77,10 @@ Bytes takePiece(Bytes& bytes, std::size_t longest) {
 /// Whatever comes, every step ends within two minutes of the clock, by an answer, without, or failing.
 template <class Step>
 bool within(const tarnlog::test::ManualLinkClock& clock, Step&& step) {
-  constexpr std::int64_t kTwoMinutes = 120'000'000;
-  const std::int64_t before = clock.microseconds();
+  constexpr std::chrono::minutes kTwoMinutes{2};
+  const Moment before = clock.now();
   const bool done = tarnlog::skipOnFailure(step);
-  if (clock.microseconds() - before > kTwoMinutes) std::abort();
+  if (clock.now() - before > kTwoMinutes) std::abort();
   return done;
 }
 
@@ -119,9 +119,9 @@ class FramePort : public CanPort {
   void close() override {}
   void setIdleHook(std::function<void()> /*hook*/) override {}
   void send(std::uint32_t /*identifier*/, const CanPayload& /*payload*/) override {}
-  bool receive(CanPayload& payload, std::int64_t deadline) override {
-    if (clock_.microseconds() >= deadline) return false;
-    clock_.step(bytes_.empty() ? deadline - clock_.microseconds() : 1000);
+  bool receive(CanPayload& payload, Moment deadline) override {
+    if (clock_.now() >= deadline) return false;
+    clock_.step(bytes_.empty() ? deadline - clock_.now() : Moment(1000));
     if (bytes_.empty()) return false;
     payload = CanPayload(takePiece(bytes_, 8));
     return true;
@@ -140,7 +140,7 @@ void askOverCan(Bytes bytes) {
   while (!bytes.empty())
     within(clock, [&] {
       stream.write(request);
-      stream.read(response, clock.microseconds() + 100'000);
+      stream.read(response, clock.now() + std::chrono::milliseconds(100));
     });
 }
 

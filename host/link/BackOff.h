@@ -1,7 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
+#include <chrono>
 #include <functional>
 
 #include "host/link/LinkClock.h"
@@ -16,23 +16,23 @@ class BackOff {
 
   /// Waits until the next attempt is due.
   void wait(const std::function<void()>& idleHook) const {
-    if (delay_ > 0) clock_.waitUntil(failed_ + delay_, idleHook);
+    if (delay_ > delay_.zero()) clock_.waitUntil(failed_ + delay_, idleHook);
   }
-  /// When the next attempt is due, in microseconds of the clock.
-  std::int64_t due() const { return delay_ > 0 ? failed_ + delay_ : clock_.microseconds(); }
+  /// When the next attempt is due.
+  Moment due() const { return delay_ > delay_.zero() ? failed_ + delay_ : clock_.now(); }
   void failed() {
-    failed_ = clock_.microseconds();
+    failed_ = clock_.now();
     delay_ = std::clamp(delay_ * 2, kShortest, kLongest);
   }
-  void succeeded() { delay_ = 0; }
+  void succeeded() { delay_ = delay_.zero(); }
 
  private:
-  static constexpr std::int64_t kShortest = 250'000;  // microseconds
-  static constexpr std::int64_t kLongest = 2'000'000;
+  static constexpr std::chrono::milliseconds kShortest{250};
+  static constexpr std::chrono::milliseconds kLongest{2000};
 
   LinkClock& clock_;
-  std::int64_t failed_ = 0;
-  std::int64_t delay_ = 0;
+  Moment failed_{};
+  std::chrono::milliseconds delay_{};
 };
 
 }  // namespace tarnlog::host

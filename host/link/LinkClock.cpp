@@ -3,17 +3,20 @@
 #include <algorithm>
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kIdleInterval = 20000;
+constexpr auto kIdleInterval = 20ms;
 
 }  // namespace
 
-void LinkClock::waitUntil(std::int64_t moment, const std::function<void()>& idleHook) {
-  for (std::int64_t now = microseconds(); now < moment; now = microseconds()) {
-    if (idleHook && now >= nextIdle_) {
+void LinkClock::waitUntil(Moment moment, const std::function<void()>& idleHook) {
+  for (Moment time = now(); time < moment; time = now()) {
+    if (idleHook && time >= nextIdle_) {
       idleHook();
-      nextIdle_ = microseconds() + kIdleInterval;
+      nextIdle_ = now() + kIdleInterval;
       continue;
     }
     sleepUntil(idleHook ? std::min(moment, nextIdle_) : moment);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <chrono>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -16,19 +16,19 @@ class StopPatience {
   StopPatience(const Link& link, const LinkClock& clock) : link_(link), clock_(clock) {}
 
   /// Something new is done from now on.
-  void begin() { begun_ = clock_.microseconds(); }
+  void begin() { begun_ = clock_.now(); }
   /// To be called while waiting; a TarnError breaks it off.
   void check() const {
-    if (clock_.microseconds() > begun_ + kPatience && link_.stopAsked())
+    if (clock_.now() > begun_ + kPatience && link_.stopAsked())
       throw TarnError(1, "Link", "stopped while an answer was awaited");
   }
 
  private:
-  static constexpr std::int64_t kPatience = 500'000;  // microseconds
+  static constexpr std::chrono::milliseconds kPatience{500};
 
   const Link& link_;
   const LinkClock& clock_;
-  std::int64_t begun_ = 0;
+  Moment begun_{};
 };
 
 }  // namespace tarnlog::host

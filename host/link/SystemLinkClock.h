@@ -9,10 +9,10 @@ namespace tarnlog::host {
 class SystemLinkClock : public LinkClock {
  public:
   SystemLinkClock();
-  std::int64_t microseconds() const override;
+  Moment now() const override;
 
  protected:
-  void sleepUntil(std::int64_t moment) override;
+  void sleepUntil(Moment moment) override;
 };
 
 }  // namespace tarnlog::host

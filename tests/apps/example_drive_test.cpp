@@ -44,7 +44,7 @@ TEST(ExampleDrive, IsShownAndRecordedByTheTriggersOfItsConfiguration) {
   window.openVehicle(examples + "road-car.vehicle.json");
   for (int tick = 0; tick < 20000 && finished.empty(); ++tick) {
     timer.fire();
-    linkClock.step(1000);
+    linkClock.step(std::chrono::milliseconds(1));
   }
   ASSERT_EQ(finished.size(), 1U) << "the triggers did not fire";
 

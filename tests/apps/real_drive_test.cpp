@@ -16,6 +16,8 @@
 namespace tarnlog {
 namespace {
 
+using namespace std::chrono_literals;
+
 const std::string kSource = TARNLOG_SOURCE_DIR;
 
 std::vector<std::string> split(const std::string& line) {
@@ -109,9 +111,9 @@ TEST(RoadCar, ReplaysTheRealDriveValueForValue) {
     ASSERT_NE(request, nullptr) << header[column];
     vehicle->session().endCommunication();
     request->send();
-    const std::int64_t opened = clock.microseconds();
+    const host::Moment opened = clock.now();
     for (std::size_t row = 1; row < rows.size(); row += 7) {
-      clock.step(opened + static_cast<std::int64_t>(row - 1) * 490'000 + 100'000 - clock.microseconds());
+      clock.step(opened + static_cast<int>(row - 1) * 490ms + 100ms - clock.now());
       request->send();
       const double expected = std::stod(rows[row][column]);
       ASSERT_NEAR(ferrox3::numericValue(request->data(0).value()), expected,

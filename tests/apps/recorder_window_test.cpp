@@ -93,7 +93,7 @@ struct RecorderWindowTest : ::testing::Test {
   void ticks(int count) {
     for (int i = 0; i < count; ++i) {
       timer.fire();
-      linkClock.step(51'000);
+      linkClock.step(std::chrono::milliseconds(51));
     }
   }
   void startRecording() {

@@ -14,6 +14,7 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 using test::Elm327Peer;
 using ::testing::AllOf;
@@ -56,8 +57,8 @@ struct Rig {
     if (!link->send(target, *bytesFromHex(request))) return link->obstacle();
     std::string answers;
     Link::Bytes response;
-    const std::int64_t deadline = clock.microseconds() + timeout * 1000;
-    while (test::received(*link, response, milliseconds((deadline - clock.microseconds()) / 1000)))
+    const Moment deadline = clock.now() + milliseconds(timeout);
+    while (test::received(*link, response, std::chrono::duration_cast<milliseconds>(deadline - clock.now())))
       answers += hexText(response) + "; ";
     return answers + link->obstacle();
   }
@@ -271,7 +272,7 @@ TEST(Elm327, TellsWhyAnEcuSeemsSilent) {
   EXPECT_EQ(said("\x1B[2J\r\r>"), "the adapter says \"\\x1B[2J\"");
   EXPECT_EQ(said("?\r\r>"), "the adapter does not understand the request");
   EXPECT_EQ(said("7E80562F1904142\r\r>"), "what came is 62 F1 90 41 42");
-  rig.stream->latency = 5'000'000;
+  rig.stream->latency = 5s;
   EXPECT_EQ(said("NO DATA\r\r>"), "") << "nothing came in time";
 }
 
@@ -355,7 +356,7 @@ TEST(Elm327, BreaksASearchOffForWhoeverWantsToEnd) {
   rig.adapter.instead["0100"] = {"SEARCHING..."};
   rig.link->setStopQuestion([] { return true; });
   EXPECT_EQ(rig.tell(kEngine, "01 0C"), "stopped while the adapter was awaited");
-  EXPECT_LT(rig.clock.microseconds(), 2'000'000);
+  EXPECT_LT(rig.clock.now(), 2s);
   // The adapter is interrupted; after a failure nobody waits for the next attempt.
   EXPECT_EQ(rig.written, " ");
   EXPECT_EQ(rig.tell(kEngine, "01 0C"), "stopped before the next attempt");
@@ -401,10 +402,10 @@ TEST(Elm327, LetsALatePromptComeBeforeItAsksAgain) {
   Rig rig;
   rig.link->open();
   rig.ask(kEngine, "01 00");
-  rig.stream->latency = 900'000;
+  rig.stream->latency = 900ms;
   EXPECT_EQ(rig.ask(kEngine, "01 0C", 200), "");
   // The answer that was late belongs to nobody.
-  rig.stream->latency = 10'000;
+  rig.stream->latency = 10ms;
   EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
   EXPECT_EQ(rig.ask(kEngine, "01 0C"), "41 0C 1A F8; ");
 }
@@ -438,7 +439,7 @@ TEST(Elm327, WaitsWhileTheAdapterStartsTheBusAgain) {
   rig.link->open();
   EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 80"), "61 80 01 02; ");
   // Dots come while the adapter tries, the line ends seconds later.
-  rig.stream->betweenBytes = 200'000;
+  rig.stream->betweenBytes = 200ms;
   rig.adapter.instead["21801"] = {"BUS INIT: ...OK\r83F12861800B88\r\r>"};
   EXPECT_EQ(rig.ask({0x28, "KWP2000"}, "21 80", 200), "61 80 0B; ");
 }
@@ -473,9 +474,9 @@ TEST(Elm327, SaysWhatIsWrongForAMechanic) {
   EXPECT_EQ(dead.tell(kEngine, "01 00"),
             "the adapter cannot be reached: /dev/ttyUSB0: No such file or directory");
   // Attempts are kept apart, further and further.
-  const std::int64_t before = dead.clock.microseconds();
+  const Moment before = dead.clock.now();
   for (int i = 0; i < 5; ++i) dead.tell(kEngine, "01 00");
-  EXPECT_GE(dead.clock.microseconds() - before, 5'000'000);
+  EXPECT_GE(dead.clock.now() - before, 5s);
   dead.stream->openFailure.clear();
   EXPECT_EQ(dead.tell(kEngine, "01 0C"), "41 0C 1A F8; ");
 
@@ -498,21 +499,21 @@ TEST(Elm327, EndsInTimeWhateverThePeerDoes) {
   struct Peer {
     const char* name;
     std::function<std::string(std::string_view)> answer;
-    std::int64_t betweenBytes;
+    std::chrono::microseconds betweenBytes;
     const char* says;
   };
   const auto adapter = [] { return std::make_shared<Elm327Peer>(); };
   const std::vector<Peer> peers{
-      {"silent", [](std::string_view) { return std::string(); }, 0, "the adapter does not answer"},
+      {"silent", [](std::string_view) { return std::string(); }, 0s, "the adapter does not answer"},
       {"web server that wants whole lines",
        [](std::string_view text) {
          return std::string(text.find('\n') == std::string_view::npos ? "" : "HTTP/1.0 400 Bad request\r\n");
        },
-       0, "no ELM327 adapter, or never finishes an answer; it said \"HTTP/1.0 400 Bad request\\x0D\\x0A\""},
-      {"web page", [](std::string_view) { return std::string("<html><body>\n<p>What?</p>\n"); }, 0,
+       0s, "no ELM327 adapter, or never finishes an answer; it said \"HTTP/1.0 400 Bad request\\x0D\\x0A\""},
+      {"web page", [](std::string_view) { return std::string("<html><body>\n<p>What?</p>\n"); }, 0s,
        "no ELM327 adapter; it said \"<html><body>\\x0A<p>"},
       {"login",
-       [](std::string_view text) { return "\r\nbox login: " + std::string(text) + "\r\nPassword: "; }, 0,
+       [](std::string_view text) { return "\r\nbox login: " + std::string(text) + "\r\nPassword: "; }, 0s,
        "it said \"\\x0D\\x0Abox login: ATZ"},
       {"no prompt",
        [a = adapter()](std::string_view text) {
@@ -520,17 +521,18 @@ TEST(Elm327, EndsInTimeWhateverThePeerDoes) {
          std::erase(out, '>');
          return out;
        },
-       0, "never finishes an answer"},
-      {"one byte a second", [a = adapter()](std::string_view text) { return a->accept(text); }, 1'000'000,
+       0s, "never finishes an answer"},
+      {"one byte a second", [a = adapter()](std::string_view text) { return a->accept(text); }, 1s,
        "never finishes an answer"},
-      {"flood", [](std::string_view) { return std::string(20'000'000, '4'); }, 1, "never finishes an answer"},
+      {"flood", [](std::string_view) { return std::string(20'000'000, '4'); }, 1us,
+       "never finishes an answer"},
       {"flood of lines",
        [](std::string_view) {
          std::string out;
          for (int i = 0; i < 1'000'000; ++i) out += "410C1AF8\r";
          return out;
        },
-       1, "never finishes an answer"},
+       1us, "never finishes an answer"},
   };
   for (const Peer& peer : peers) {
     SCOPED_TRACE(peer.name);
@@ -544,7 +546,7 @@ TEST(Elm327, EndsInTimeWhateverThePeerDoes) {
     } catch (const TarnError& error) {
       EXPECT_THAT(error.description(), HasSubstr(peer.says));
     }
-    EXPECT_LT(clock.microseconds(), 8'000'000);
+    EXPECT_LT(clock.now(), 8s);
   }
 }
 
@@ -563,7 +565,7 @@ TEST(Elm327, EndsInTimeWhateverThePeerBegins) {
   EXPECT_EQ(stuck->tell(kEngine, "01 0D"), "41 0D 20; ");
 
   auto slow = rigged("7E804410C1AF8\r\r>");
-  slow->stream->betweenBytes = 1'000'000;
+  slow->stream->betweenBytes = 1s;
   EXPECT_EQ(slow->tell(kEngine, "01 0C"), "");
 
   auto closed = rigged("7E804410C1AF8\r\r>");
@@ -572,7 +574,7 @@ TEST(Elm327, EndsInTimeWhateverThePeerBegins) {
   EXPECT_EQ(closed->tell(kEngine, "01 0C"), "41 0C 1A F8; ");
 
   auto flooding = rigged(std::string(3'000'000, '7'));
-  flooding->stream->betweenBytes = 1;
+  flooding->stream->betweenBytes = 1us;
   EXPECT_EQ(flooding->tell(kEngine, "01 0C"), "");
 }
 

@@ -18,16 +18,15 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 using test::ManualLinkClock;
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::int64_t kMillisecond = 1000;
-
-/// One answer on its way, with its delay in microseconds.
+/// One answer on its way.
 struct Delivery {
-  std::int64_t delay;
+  std::chrono::microseconds delay;
   Bytes bytes;
   bool cut = false;  ///< only its first half comes
 };
@@ -42,7 +41,7 @@ class FaultyEcu {
   std::map<Bytes, unsigned> asked;
 
   std::vector<Delivery> answer(const Bytes& request) {
-    constexpr std::int64_t kUsual = 5 * kMillisecond;
+    constexpr auto kUsual = 5ms;
     const unsigned count = ++asked[request];
     if (request[0] == 0x3E && !knowsTesterPresent) return {};
     Bytes bytes(request);
@@ -57,15 +56,15 @@ class FaultyEcu {
       case Fault::doubled:
         return {{kUsual, bytes}, {kUsual, bytes}};
       case Fault::late:
-        return {{static_cast<std::int64_t>(150 + random_() % 400) * kMillisecond, bytes}};
+        return {{milliseconds(150 + random_() % 400), bytes}};
       case Fault::copiedSoon:
-        return {{kUsual, bytes}, {kUsual + kMillisecond / 2, bytes}};
+        return {{kUsual, bytes}, {kUsual + 500us, bytes}};
       case Fault::cut:
         return {{kUsual, bytes, true}};
       case Fault::refused:
         return {{kUsual, {0x7F, request[0], 0x22}}};
       case Fault::pending:
-        return {{kUsual, {0x7F, request[0], 0x78}}, {60 * kMillisecond, bytes}};
+        return {{kUsual, {0x7F, request[0], 0x78}}, {60ms, bytes}};
     }
     return {};
   }
@@ -99,9 +98,9 @@ struct DoipCar {
   }
 
   void take(std::string_view message) {
-    if (message[2] == 0x00) return put(0, "00 06", *bytesFromHex("0E 00 10 01 10 00 00 00 00"));
+    if (message[2] == 0x00) return put(0ms, "00 06", *bytesFromHex("0E 00 10 01 10 00 00 00 00"));
     const Bytes request(message.begin() + 12, message.end());
-    if (acknowledges) put(kMillisecond, "80 02", *bytesFromHex("10 01 0E 00 00"));
+    if (acknowledges) put(1ms, "80 02", *bytesFromHex("10 01 0E 00 00"));
     for (const Delivery& each : ecu.answer(request)) {
       Bytes payload = *bytesFromHex("10 01 0E 00");
       payload.insert(payload.end(), each.bytes.begin(), each.bytes.end());
@@ -109,7 +108,7 @@ struct DoipCar {
     }
   }
 
-  void put(std::int64_t delay, std::string_view type, const Bytes& payload, bool cut = false) {
+  void put(std::chrono::microseconds delay, std::string_view type, const Bytes& payload, bool cut = false) {
     Bytes bytes = *bytesFromHex("02 FD " + std::string(type) + " 00 00 00");
     bytes.push_back(static_cast<std::uint8_t>(payload.size()));
     bytes.insert(bytes.end(), payload.begin(), payload.end());
@@ -134,13 +133,13 @@ struct CanCar {
     void send(std::uint32_t, const CanPayload& frame) override {
       const auto bytes = frame.bytes();
       for (const Delivery& each : car_.ecu.answer({bytes.begin() + 1, bytes.begin() + 1 + bytes[0]}))
-        coming_.push_back({car_.clock.microseconds() + each.delay, each.bytes});
+        coming_.push_back({car_.clock.now() + each.delay, each.bytes});
     }
-    bool receive(CanPayload& frame, std::int64_t deadline) override {
-      const std::int64_t now = car_.clock.microseconds();
+    bool receive(CanPayload& frame, Moment deadline) override {
+      const Moment now = car_.clock.now();
       const bool comes = !coming_.empty() && coming_.front().delay <= std::max(now, deadline);
-      const std::int64_t moment = comes ? coming_.front().delay : deadline;
-      car_.clock.step(std::max<std::int64_t>(0, moment - now));
+      const Moment moment = comes ? coming_.front().delay : deadline;
+      car_.clock.step(std::max(Moment(), moment - now));
       if (!comes) return false;
       frame = CanPayload();
       frame.append(static_cast<std::uint8_t>(coming_.front().bytes.size()));
@@ -194,7 +193,7 @@ class Tester {
     std::map<std::string, int> outcomes;
     for (int i = 0; i < times; ++i) {
       ++outcomes[ask(std::array{"22 F1 90", "22 F1 91", "21 80"}[random() % 3], address)];
-      if (random() % 20 == 0) car_.clock.step(static_cast<std::int64_t>(random() % 300) * kMillisecond);
+      if (random() % 20 == 0) car_.clock.step(milliseconds(random() % 300));
     }
     return outcomes;
   }
@@ -242,7 +241,7 @@ TEST(LateAnswers, EqualRequestsDoNotFallBehindWithoutEnd) {
       const unsigned count = car.ecu.asked[*bytesFromHex("22 F1 90")];
       Bytes copy = *bytesFromHex("10 01 0E 00 62 F1 90");
       copy.insert(copy.end(), {static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
-      car.put(2 * kMillisecond, "80 01", copy);
+      car.put(2ms, "80 01", copy);
     }
     behind += tester.ask("22 F1 90", 0x1001) == "old" ? 1 : 0;
   }
@@ -270,10 +269,10 @@ TEST(LateAnswers, AnEcuThatDoesNotKnowTesterPresentIsBelievedAgainAfterAWhile) {
   while (tester.ask("22 F1 90", 0x7E0) == "new") {
   }
   car.ecu.faults.clear();
-  const std::int64_t before = car.clock.microseconds();
+  const Moment before = car.clock.now();
   while (tester.ask("22 F1 90", 0x7E0) == "none") {
   }
-  EXPECT_NEAR(static_cast<double>(car.clock.microseconds() - before), 5e6, 2e5);
+  EXPECT_NEAR(static_cast<double>((car.clock.now() - before).count()), 5e6, 2e5);
 }
 
 TEST(LateAnswers, AMessageThatIsCutShortIsNotFilledUpWithTheNext) {
@@ -285,7 +284,7 @@ TEST(LateAnswers, AMessageThatIsCutShortIsNotFilledUpWithTheNext) {
     std::string outcome = "new";
     while (outcome == "new") {
       outcome = tester.ask("21 80", 0x1001);
-      if (more) car.put(0, "00 07", {});  // "alive?" comes right behind
+      if (more) car.put(0ms, "00 07", {});  // "alive?" comes right behind
     }
     EXPECT_EQ(outcome, "none");
     car.ecu.faults.clear();

@@ -19,6 +19,8 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
+
 class BrokenLink : public Link {
  public:
   bool works = false;
@@ -42,9 +44,9 @@ TEST(PatientLink, KeepsAttemptsApart) {
   int idle = 0;
   link.setIdleHook([&] { ++idle; });
   const auto attempt = [&] {
-    const std::int64_t before = clock.microseconds();
+    const Moment before = clock.now();
     skipOnFailure([&] { link.open(); });
-    return (clock.microseconds() - before) / 1000;
+    return (clock.now() - before) / 1ms;
   };
   EXPECT_EQ(attempt(), 0);
   EXPECT_EQ(attempt(), 250);
@@ -65,9 +67,9 @@ TEST(Links, NoWaitOutlastsAWishToEnd) {
   /// Milliseconds until a step ends when somebody wants to end all along.
   const auto timeOf = [&](Link& link, const std::function<void()>& step) {
     link.setStopQuestion([] { return true; });
-    const std::int64_t before = clock.microseconds();
+    const Moment before = clock.now();
     EXPECT_THROW(step(), TarnError);
-    return (clock.microseconds() - before) / 1000;
+    return (clock.now() - before) / 1ms;
   };
   bool grants = false;
   const auto gateway = [&](std::string_view) {

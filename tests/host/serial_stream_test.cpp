@@ -14,6 +14,7 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
 using ::testing::HasSubstr;
 
 std::string text(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
@@ -33,16 +34,16 @@ TEST(SerialStream, CarriesEveryByteAndNoticesAnAdapterThatIsGone) {
 
   int idled = 0;
   port.setIdleHook([&] { ++idled; });
-  EXPECT_EQ(port.read(bytes, clock.microseconds() + 30'000), 0U);
+  EXPECT_EQ(port.read(bytes, clock.now() + 30ms), 0U);
   EXPECT_GE(idled, 1);
 
   // Bytes that a terminal would act on: end of file, interrupt, start and stop, carriage return.
   ASSERT_EQ(::write(adapter.number(), "\x04\x03\x11\x13\r\n>", 7), 7);
-  EXPECT_EQ(port.read(bytes, clock.microseconds() + 1'000'000), 7U);
+  EXPECT_EQ(port.read(bytes, clock.now() + 1s), 7U);
   EXPECT_EQ(text(std::span(bytes).first(7)), "\x04\x03\x11\x13\r\n>");
 
   adapter = Descriptor();
-  EXPECT_THROW(port.read(bytes, clock.microseconds() + 1'000'000), TarnError);
+  EXPECT_THROW(port.read(bytes, clock.now() + 1s), TarnError);
 }
 
 TEST(SerialStream, SaysWhatIsWrongWithAPort) {

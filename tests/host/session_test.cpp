@@ -15,6 +15,7 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
 using test::ManualLinkClock;
 using test::ScriptedPeer;
 
@@ -103,9 +104,9 @@ TEST(VehicleSession, WhatIsNoPositiveAnswerIsAnError) {
   car.peer.script["21 80"] = {"61 81 00", "7F 22 31", "", "61 80 00 08"};
   EXPECT_EQ(car.sendError("Speeds"), "none");
   car.peer.script["21 80"] = std::vector<std::string>(100, "61 81");
-  const auto before = car.clock.microseconds();
+  const auto before = car.clock.now();
   EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80: no answer, but 61 81");
-  EXPECT_EQ(car.clock.microseconds() - before, 200000);
+  EXPECT_EQ(car.clock.now() - before, 200ms);
   EXPECT_EQ(car.request("Speeds").receivedText(), "");
   EXPECT_EQ(car.sendError("Identity"), "Engine: request 1A 80: no answer within 50 ms");
 
@@ -155,10 +156,10 @@ TEST(VehicleSession, PollsOnWithoutWhatTheCarRefuses) {
   EXPECT_TRUE(std::isnan(std::get<double>(car.request("Identity").findData("Number")->value())));
   EXPECT_EQ(car.asked("1A 80"), 2);
   EXPECT_NE(car.sendError("Identity"), "none") << "for whoever asks for it by itself it is an error";
-  car.clock.step(5'000'000);
+  car.clock.step(5s);
   EXPECT_EQ(car.cycle(), "1,0 ---");
   car.peer.script["1A 80"] = {"5A 80 41 42 43"};
-  car.clock.step(5'000'000);
+  car.clock.step(5s);
   EXPECT_EQ(car.cycle(), "1,0 ABC");
   EXPECT_EQ(car.notices,
             (std::vector<std::string>{
@@ -171,9 +172,9 @@ TEST(VehicleSession, PollsOnWithoutWhatTheCarRefuses) {
   // With everything refused, cycles do not follow one another at full speed.
   car.peer.script["21 80"] = car.peer.script["1A 80"] = {"7F 21 22", "7F 1A 22"};
   EXPECT_EQ(car.cycle(), "--- ---");
-  const auto before = car.clock.microseconds();
+  const auto before = car.clock.now();
   for (int i = 0; i < 10; ++i) EXPECT_EQ(car.cycle(), "--- ---");
-  EXPECT_GE(car.clock.microseconds() - before, 200'000);
+  EXPECT_GE(car.clock.now() - before, 200ms);
 
   PolledCar strict;
   strict.description.ecus[0].requests[1].refusalIsError = true;
@@ -192,17 +193,17 @@ TEST(VehicleSession, PollsOnWithoutWhatTheCarNeverAnswersUnlessTheWholeEcuIsSile
     car.set->protocol().initialiseAll();
   }
   const auto elapsed = [&] {
-    const auto before = car.clock.microseconds();
+    const auto before = car.clock.now();
     EXPECT_EQ(car.cycle(), "--- ABC");
-    return car.clock.microseconds() - before;
+    return car.clock.now() - before;
   };
-  EXPECT_GE(elapsed(), 200'000);
-  EXPECT_LT(elapsed(), 50'000);
-  car.clock.step(5'000'000);
-  EXPECT_GE(elapsed(), 200'000);
-  EXPECT_LT(elapsed(), 50'000);
+  EXPECT_GE(elapsed(), 200ms);
+  EXPECT_LT(elapsed(), 50ms);
+  car.clock.step(5s);
+  EXPECT_GE(elapsed(), 200ms);
+  EXPECT_LT(elapsed(), 50ms);
   EXPECT_EQ(car.notices.size(), 1U);
-  car.clock.step(5'000'000);
+  car.clock.step(5s);
   car.peer.script["21 80"] = {"61 80 00 08"};
   EXPECT_EQ(car.cycle(), "2,0 ABC");
   EXPECT_EQ(car.notices.back(), "Engine: Speeds is answered again");
@@ -231,9 +232,9 @@ TEST(VehicleSession, AFailureThatRepeatsIsReturnedLater) {
   int hooks = 0;
   car.link.setIdleHook([&] { ++hooks; });
   const auto duration = [&] {
-    const auto before = car.clock.microseconds();
+    const auto before = car.clock.now();
     EXPECT_EQ(car.sendError("Speeds"), "the ECU cannot be reached");
-    return (car.clock.microseconds() - before) / 1000;
+    return (car.clock.now() - before) / 1ms;
   };
   for (const int expected : {0, 240, 490, 990, 1990}) {
     EXPECT_EQ(duration(), expected);
@@ -268,9 +269,9 @@ TEST(VehicleSession, ABusyEcuIsAskedAgain) {
   car.link.setIdleHook({});
   car.peer.script["21 80"] = {"7F 21 21"};
   car.peer.sent.clear();
-  const auto before = car.clock.microseconds();
+  const auto before = car.clock.now();
   EXPECT_EQ(car.sendError("Speeds"), "Engine: request 21 80 refused: 7F 21 21 busy, repeat request");
-  EXPECT_LE(car.clock.microseconds() - before, 200'000);
+  EXPECT_LE(car.clock.now() - before, 200ms);
   EXPECT_LE(car.peer.sent.size(), 10U);
 }
 
@@ -292,7 +293,7 @@ TEST(VehicleSession, ARequestThatAsksForNoAnswerGetsNone) {
             "Brakes: request 3E 80 refused: 7F 3E 7F service not supported in active session");
   // Extended session without an answer: it is kept open.
   EXPECT_EQ(exchange(1, "10 83"), "none");
-  car.clock.step(2'000'000);
+  car.clock.step(2s);
   car.peer.script["21 80"] = {"61 80 00 08"};
   car.request("Speeds").send();
   EXPECT_EQ(car.peer.sent[car.peer.sent.size() - 2], "40: 3E 00");
@@ -362,7 +363,7 @@ TEST(VehicleSession, OpenSessionsAreKeptWhileAnotherEcuIsAsked) {
     car.peer.sent.clear();
     for (int i = 0; i < seconds * 2; ++i) {
       wheels.send();
-      car.clock.step(490'000);
+      car.clock.step(490ms);
     }
     return std::count(car.peer.sent.begin(), car.peer.sent.end(), "16: 3E 01");
   };
@@ -394,9 +395,9 @@ TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {
   EXPECT_THROW(wheels.send(), TarnError);
   EXPECT_EQ(car.peer.starts, 1);
   car.peer.unreachable = "3E 01";
-  car.clock.step(2'000'000);
+  car.clock.step(2s);
   wheels.send();
-  car.clock.step(2'000'000);
+  car.clock.step(2s);
   car.peer.sent.clear();
   wheels.send();
   EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"16: 3E 01", "40: 22 00 02"}));
@@ -405,7 +406,7 @@ TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {
   car.peer.fatal = "22 00 02";
   EXPECT_THROW(wheels.send(), TarnError);
   car.peer.fatal.clear();
-  car.clock.step(2'000'000);
+  car.clock.step(2s);
   car.peer.sent.clear();
   wheels.send();
   EXPECT_EQ(car.peer.sent, (std::vector<std::string>{"40: 22 00 02"}));

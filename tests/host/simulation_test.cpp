@@ -16,6 +16,8 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr char kCar[] = R"({
   "name": "car",
   "ecus": [
@@ -47,9 +49,10 @@ struct Car {
 
   /// The answer to the request, or what is wrong with it, `seconds` after the first one.
   std::string sendAt(double seconds) {
-    if (!started) start = clock.microseconds();
+    if (!started) start = clock.now();
     started = true;
-    clock.step(start + static_cast<std::int64_t>(seconds * 1e6) - clock.microseconds());
+    clock.step(start + std::chrono::duration_cast<Moment>(std::chrono::duration<double>(seconds)) -
+               clock.now());
     const std::string failure = test::failureOf([&] { request->send(); });
     return failure == "none" ? request->receivedText() : failure.substr(failure.find("21 80") + 5);
   }
@@ -66,7 +69,7 @@ struct Car {
   test::ManualLinkClock clock;
   std::unique_ptr<OpenedVehicle> vehicle;
   ferrox3::Request* request = nullptr;
-  std::int64_t start = 0;
+  Moment start{};
   bool started = false;
 };
 
@@ -97,7 +100,7 @@ TEST(Simulation, ReadsNoTableOutsideTheDescriptionsFolder) {
 TEST(Simulation, SignalsAndTemplateMakeTheAnswer) {
   Car car;
   EXPECT_EQ(car.sendAt(0), "61 80 14 2F 41 42 00");
-  EXPECT_EQ(car.clock.microseconds(), 2000) << "latency";
+  EXPECT_EQ(car.clock.now(), 2ms) << "latency";
   EXPECT_EQ(car.sendAt(0.6), "61 80 28 2F 41 42 00");
   EXPECT_EQ(car.request->findData("Speed")->valueText(), "20");
   EXPECT_EQ(car.request->findData("Text")->valueText(), "AB");
@@ -141,7 +144,7 @@ TEST(Simulation, FaultsHappenWhenTheyShould) {
   {
     Car car(R"({ "ecu": "Engine", "kind": "pending", "delay": 300 })");
     EXPECT_TRUE(car.sendAt(0).starts_with("61"));
-    EXPECT_EQ(car.clock.microseconds(), 302000);
+    EXPECT_EQ(car.clock.now(), 302ms);
   }
   for (const char* const kind : {"wrongService", "garbage"}) {
     Car car(std::string(R"({ "ecu": "Engine", "kind": ")") + kind + R"(" })");

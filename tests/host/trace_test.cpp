@@ -20,6 +20,7 @@
 namespace tarnlog::host {
 namespace {
 
+using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 using test::failureOf;
 using ::testing::HasSubstr;
@@ -39,7 +40,7 @@ class SimpleTextLink : public Link {
   }
   Received doReceive(Bytes& /*response*/, milliseconds /*timeout*/) override {
     std::array<std::uint8_t, 100> bytes{};
-    tap_->read(bytes, clock_.microseconds());
+    tap_->read(bytes, clock_.now());
     return Received::nothing;
   }
 
@@ -87,10 +88,10 @@ TEST(Trace, IsWrittenAsItHappensAndAnswersAsTheCarDid) {
   ReplayPeer replay(parseTrace(files.files["/rec/t.trace"], "t.trace"), "t.trace");
   SimulatedLink link(clock, replay);
   link.open();
-  const std::int64_t before = clock.microseconds();
+  const Moment before = clock.now();
   EXPECT_EQ(ask(link, 18, "21 80"), "7F 21 78; 61 80 12; ");
-  EXPECT_EQ(clock.microseconds() - before, 120000);  // 20 ms for the answers, then the wait for a third
-  EXPECT_EQ(ask(link, 16, "21 80"), "");             // another ECU was not asked
+  EXPECT_EQ(clock.now() - before, 120ms);  // 20 ms for the answers, then the wait for a third
+  EXPECT_EQ(ask(link, 16, "21 80"), "");   // another ECU was not asked
   EXPECT_EQ(ask(link, 18, "10 03"), "unreachable: the ECU cannot be reached");
   EXPECT_EQ(failureOf([&] { ask(link, 18, "21 80"); }), "the adapter is gone");
   link.open();
@@ -118,8 +119,8 @@ TEST(Trace, ADriveIsReplayedWithOtherDataThanItWasMadeWith) {
   };
   /// The first answer and after how many milliseconds it came.
   const auto first = [&](std::string_view request) {
-    const std::int64_t before = clock.microseconds();
-    const auto after = [&] { return " after " + std::to_string((clock.microseconds() - before) / 1000); };
+    const Moment before = clock.now();
+    const auto after = [&] { return " after " + std::to_string((clock.now() - before) / 1ms); };
     try {
       link->open();
       link->send({2016, "OBD-II"}, *bytesFromHex(request));

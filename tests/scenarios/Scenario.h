@@ -165,7 +165,7 @@ class Scenario {
   void tickUntil(TarnAcq::State state) {
     for (int i = 0; i < 20 && acq.AcqState() != state; ++i) {
       timer.fire();
-      linkClock.step(51'000);
+      linkClock.step(std::chrono::milliseconds(51));
     }
   }
   /// One tick at each of these moments.
@@ -204,7 +204,7 @@ class Scenario {
 
  private:
   void tickAt(Milliseconds moment) {
-    linkClock.step(std::int64_t{millisecondsBetween(clock.milliseconds(), origin_ + moment)} * 1000);
+    linkClock.step(std::chrono::milliseconds(millisecondsBetween(clock.milliseconds(), origin_ + moment)));
     timer.fire();
   }
 

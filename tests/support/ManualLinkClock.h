@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <chrono>
 
 #include "host/link/LinkClock.h"
 #include "tests/support/SteppedClock.h"
@@ -12,19 +12,21 @@ class ManualLinkClock : public host::LinkClock {
  public:
   explicit ManualLinkClock(SteppedClock* companion = nullptr) : companion_(companion) {}
 
-  std::int64_t microseconds() const override { return now_; }
-  void step(std::int64_t microseconds) {
-    const std::int64_t before = now_ / 1000;
-    now_ += microseconds;
-    if (companion_ != nullptr) companion_->step(static_cast<Milliseconds>(now_ / 1000 - before));
+  host::Moment now() const override { return now_; }
+  void step(std::chrono::microseconds time) {
+    using std::chrono::floor;
+    using std::chrono::milliseconds;
+    const auto passed = floor<milliseconds>(now_ + time) - floor<milliseconds>(now_);
+    now_ += time;
+    if (companion_ != nullptr) companion_->step(static_cast<Milliseconds>(passed.count()));
   }
 
  protected:
-  void sleepUntil(std::int64_t moment) override { step(moment - now_); }
+  void sleepUntil(host::Moment moment) override { step(moment - now_); }
 
  private:
   SteppedClock* companion_;
-  std::int64_t now_ = 0;
+  host::Moment now_{};
 };
 
 }  // namespace tarnlog::test

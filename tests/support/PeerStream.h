@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -21,14 +22,14 @@ class PeerStream : public host::ByteStream {
 
   PeerStream(Peer peer, ManualLinkClock& clock) : peer_(std::move(peer)), clock_(clock) {}
 
-  std::int64_t latency = 0;           ///< microseconds until the first byte of an answer
-  std::int64_t betweenBytes = 0;      ///< and between bytes
-  std::string openFailure;            ///< opening fails with this text
-  std::size_t closeAfter = SIZE_MAX;  ///< the other end closes after this many more bytes
+  std::chrono::microseconds latency{};       ///< until the first byte of an answer
+  std::chrono::microseconds betweenBytes{};  ///< and between bytes
+  std::string openFailure;                   ///< opening fails with this text
+  std::size_t closeAfter = SIZE_MAX;         ///< the other end closes after this many more bytes
   int opened = 0;
 
   /// Bytes that come without being asked for.
-  void put(std::string_view bytes) { queue(bytes, clock_.microseconds() + latency); }
+  void put(std::string_view bytes) { queue(bytes, clock_.now() + latency); }
 
   void open() override {
     if (!openFailure.empty()) throw TarnError(1, "Link", openFailure);
@@ -44,22 +45,22 @@ class PeerStream : public host::ByteStream {
     if (!open_) throw TarnError(1, "Link", "box: is not open");
     put(peer_({reinterpret_cast<const char*>(bytes.data()), bytes.size()}));
   }
-  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override {
+  std::size_t read(std::span<std::uint8_t> into, host::Moment deadline) override {
     if (!open_) throw TarnError(1, "Link", "box: is not open");
     idle();
     if (closeAfter == 0) throw TarnError(1, "Link", "box: the other end is gone");
-    constexpr std::int64_t kIdlePeriod = 20'000;
-    std::int64_t now = clock_.microseconds();
+    constexpr std::chrono::microseconds kIdlePeriod = std::chrono::milliseconds(20);
+    host::Moment now = clock_.now();
     while (bytes_.empty() || bytes_.front().second > std::max(now, deadline)) {
       if (deadline <= now) return 0;
       clock_.step(std::min(kIdlePeriod, deadline - now));
-      now = clock_.microseconds();
+      now = clock_.now();
       idle();
     }
     if (bytes_.front().second > now) clock_.step(bytes_.front().second - now);
     std::size_t count = 0;
     while (count < into.size() && closeAfter > 0 && !bytes_.empty() &&
-           bytes_.front().second <= clock_.microseconds()) {
+           bytes_.front().second <= clock_.now()) {
       into[count++] = static_cast<std::uint8_t>(bytes_.front().first);
       bytes_.pop_front();
       if (closeAfter != SIZE_MAX) --closeAfter;
@@ -68,7 +69,7 @@ class PeerStream : public host::ByteStream {
   }
 
  private:
-  void queue(std::string_view bytes, std::int64_t due) {
+  void queue(std::string_view bytes, host::Moment due) {
     for (const char byte : bytes) {
       bytes_.emplace_back(byte, due);
       due += betweenBytes;
@@ -78,7 +79,7 @@ class PeerStream : public host::ByteStream {
   Peer peer_;
   ManualLinkClock& clock_;
   bool open_ = false;
-  std::deque<std::pair<char, std::int64_t>> bytes_;
+  std::deque<std::pair<char, host::Moment>> bytes_;
 };
 
 }  // namespace tarnlog::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -23,7 +24,7 @@ class ScriptedBus : public host::CanPort {
     std::set<std::uint32_t> identifiers;                     ///< of our frames
     std::map<std::string, std::vector<std::string>> script;  ///< frame heard, frames sent
     std::string always;                                      ///< a frame that never ends coming
-    std::int64_t frameTime = 100;                            ///< microseconds
+    std::chrono::microseconds frameTime{100};
     /// By identifier: what one ECU of several says to a request to all.
     std::map<std::uint32_t, std::string> spoken;
   };
@@ -39,10 +40,10 @@ class ScriptedBus : public host::CanPort {
     log_.heard.push_back(host::hexText(payload.bytes()));
     for (const std::string& frame : log_.script[log_.heard.back()]) coming_.push_back(frame);
   }
-  bool receive(host::CanPayload& payload, std::int64_t deadline) override {
+  bool receive(host::CanPayload& payload, host::Moment deadline) override {
     takeSpoken();
     if (coming_.empty() && log_.always.empty()) {
-      clock_.step(std::max<std::int64_t>(0, deadline - clock_.microseconds()));
+      clock_.step(std::max(host::Moment(), deadline - clock_.now()));
       return false;
     }
     clock_.step(log_.frameTime);

@@ -32,8 +32,8 @@ class CanPort {
   virtual void open() = 0;
   virtual void close() = 0;
   virtual void send(std::uint32_t identifier, const CanPayload& payload) = 0;
-  /// The next frame of the ECU; false when none came before `deadline`, in microseconds of the link clock.
-  virtual bool receive(CanPayload& payload, std::int64_t deadline) = 0;
+  /// The next frame of the ECU; false when none came before `deadline`.
+  virtual bool receive(CanPayload& payload, Moment deadline) = 0;
   virtual void setIdleHook(std::function<void()> hook) = 0;
 };
 

@@ -3,6 +3,9 @@
 #include "host/link/Link.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
 // The upper half of a frame's first byte.
@@ -23,11 +26,11 @@ CanPayload flowControlFrame(std::uint8_t status) {
   return frame;
 }
 
-/// Microseconds of a separation time; reserved codes stand for the longest.
-std::int64_t separationTime(std::uint8_t code) {
-  if (code <= 0x7F) return code * 1000;
-  if (code >= 0xF1 && code <= 0xF9) return (code - 0xF0) * 100;
-  return 0x7F * 1000;
+/// Reserved codes stand for the longest time.
+std::chrono::microseconds separationTime(std::uint8_t code) {
+  if (code <= 0x7F) return code * 1ms;
+  if (code >= 0xF1 && code <= 0xF9) return (code - 0xF0) * 100us;
+  return 0x7F * 1ms;
 }
 
 }  // namespace
@@ -102,11 +105,11 @@ void IsoTpSender::start(std::span<const std::uint8_t> message) {
   sequence_ = 0;
   blocked_ = false;
   leftInBlock_ = -1;
-  separation_ = 0;
-  due_ = 0;
+  separation_ = {};
+  due_ = {};
 }
 
-void IsoTpSender::flowControl(std::span<const std::uint8_t> frame, std::int64_t now) {
+void IsoTpSender::flowControl(std::span<const std::uint8_t> frame, Moment now) {
   if (!blocked_ || finished() || kindOf(frame) != kFlowControl || frame.size() < 3) return;
   const int status = frame[0] & 0x0F;
   if (status == 1) return;  // wait: another flow control follows
@@ -134,7 +137,7 @@ CanPayload IsoTpSender::firstFrame() {
   return frame;
 }
 
-std::optional<CanPayload> IsoTpSender::next(std::int64_t now) {
+std::optional<CanPayload> IsoTpSender::next(Moment now) {
   if (finished() || blocked_) return {};
   CanPayload frame;
   if (sent_ == 0) {

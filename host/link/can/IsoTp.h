@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/link/LinkClock.h"
+
 /// Messages over CAN frames (ISO 15765-2, normal addressing, classic CAN): what is said, without a bus.
 namespace tarnlog::host {
 
@@ -66,22 +68,22 @@ class IsoTpReceiver {
   std::uint8_t sequence_ = 0;
 };
 
-/// Cuts one message into frames and sends them as the receiver's flow control allows. Moments are
-/// microseconds of any one clock.
+/// Cuts one message into frames and sends them as the receiver's flow control allows. The
+/// moments may be those of any clock.
 class IsoTpSender {
  public:
   /// Begins a message of 1 to 4095 bytes (TarnError otherwise); what is left of the one before is dropped.
   void start(std::span<const std::uint8_t> message);
   /// A flow-control frame came; others are passed over. TarnError when the receiver gives up.
-  void flowControl(std::span<const std::uint8_t> frame, std::int64_t now);
+  void flowControl(std::span<const std::uint8_t> frame, Moment now);
   /// The frame that is due; none when the message is out, the receiver is waited for, or it is too early.
-  std::optional<CanPayload> next(std::int64_t now);
+  std::optional<CanPayload> next(Moment now);
 
   bool finished() const { return sent_ == message_.size(); }
   /// The receiver has the word; `next` gives nothing before its flow control.
   bool awaitsFlowControl() const { return blocked_; }
   /// When the next frame may be sent.
-  std::int64_t due() const { return due_; }
+  Moment due() const { return due_; }
 
  private:
   CanPayload firstFrame();
@@ -91,8 +93,8 @@ class IsoTpSender {
   std::uint8_t sequence_ = 0;
   bool blocked_ = false;
   int leftInBlock_ = 0;  ///< frames until the next flow control; below 0: without end
-  std::int64_t separation_ = 0;
-  std::int64_t due_ = 0;
+  std::chrono::microseconds separation_{};
+  Moment due_{};
 };
 
 }  // namespace tarnlog::host

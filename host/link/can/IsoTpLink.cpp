@@ -68,7 +68,7 @@ bool IsoTpLink::doReadUnasked(const LinkTarget& target) {
   patience_.begin();
   int count = 0;
   try {
-    while (count < kMost && stream->read(came_, clock_.microseconds()) > 0) ++count;
+    while (count < kMost && stream->read(came_, clock_.now()) > 0) ++count;
   } catch (const EcuUnreachable&) {
     ++count;
   }
@@ -77,7 +77,7 @@ bool IsoTpLink::doReadUnasked(const LinkTarget& target) {
 
 Link::Received IsoTpLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   if (current_ == nullptr) throw TarnError(1, "IsoTpLink", "nothing was asked yet");
-  const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
+  const Moment deadline = clock_.now() + timeout;
   const std::size_t count = current_->read(came_, deadline);
   if (count > 0) response.assign(came_.begin(), came_.begin() + static_cast<std::ptrdiff_t>(count));
   return count > 0 ? Received::response : Received::nothing;
@@ -95,7 +95,7 @@ std::vector<LinkTarget> IsoTpLink::doFindEcus() {
 
 /// All ears are open before the question is asked.
 std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t first, int count) {
-  constexpr std::int64_t kPatience = 500'000;  // microseconds, ten times P2
+  constexpr std::chrono::milliseconds kPatience{500};  // ten times P2
   struct Ear {
     std::int32_t address;
     std::unique_ptr<ByteStream> stream;
@@ -104,7 +104,7 @@ std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t 
   for (std::int32_t address = first; address < first + count; ++address)
     ears.push_back({address, connected(CanPair{everybody, CanPair::ofEcu(address).receive})});
   ears.front().stream->write(kSupportedPids);
-  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  const Moment deadline = clock_.now() + kPatience;
   std::vector<LinkTarget> ecus;
   Bytes answer(IsoTpReceiver::kLongest);
   for (const Ear& ear : ears)

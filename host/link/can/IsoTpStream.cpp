@@ -9,14 +9,17 @@
 #include "host/service/Timing.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kFlowControlTime = std::chrono::microseconds(timing::kNBs).count();
-constexpr std::int64_t kNextFrameTime = std::chrono::microseconds(timing::kNCr).count();
-constexpr std::int64_t kLongResponseTime = 5'000'000;  ///< microseconds for all frames behind the first
-constexpr std::size_t kLongestSingle = 7;              ///< bytes in a single frame
-constexpr int kMostWaits = 20;                         ///< flow controls that say "wait"
-constexpr int kMostLate = 1000;                        ///< frames that are dropped before a request
+constexpr auto kFlowControlTime = timing::kNBs;
+constexpr auto kNextFrameTime = timing::kNCr;
+constexpr auto kLongResponseTime = 5s;     ///< for all frames behind the first
+constexpr std::size_t kLongestSingle = 7;  ///< bytes in a single frame
+constexpr int kMostWaits = 20;             ///< flow controls that say "wait"
+constexpr int kMostLate = 1000;            ///< frames that are dropped before a request
 
 bool isWait(std::span<const std::uint8_t> frame) { return !frame.empty() && frame[0] == 0x31; }
 
@@ -60,23 +63,23 @@ void IsoTpStream::write(std::span<const std::uint8_t> bytes) {
     throw EcuUnreachable(1, "IsoTpStream", "a request to all ECUs has 7 bytes at most");
   // What comes after its time is not the answer to this request.
   CanPayload late;
-  for (int i = 0; i < kMostLate && port_->receive(late, clock_.microseconds()); ++i) {
+  for (int i = 0; i < kMostLate && port_->receive(late, clock_.now()); ++i) {
   }
   while (!sender_.finished()) {
     if (sender_.awaitsFlowControl()) awaitFlowControl();
     // What arrives meanwhile answers an earlier request.
-    for (CanPayload old; clock_.microseconds() < sender_.due() && port_->receive(old, sender_.due());) {
+    for (CanPayload old; clock_.now() < sender_.due() && port_->receive(old, sender_.due());) {
     }
-    if (const auto frame = sender_.next(clock_.microseconds())) port_->send(pair_.transmit, *frame);
+    if (const auto frame = sender_.next(clock_.now())) port_->send(pair_.transmit, *frame);
   }
 }
 
 void IsoTpStream::awaitFlowControl() {
-  std::int64_t deadline = clock_.microseconds() + kFlowControlTime;
-  for (int waits = 0; waits <= kMostWaits && clock_.microseconds() < deadline;) {
+  Moment deadline = clock_.now() + kFlowControlTime;
+  for (int waits = 0; waits <= kMostWaits && clock_.now() < deadline;) {
     CanPayload frame;
     if (!port_->receive(frame, deadline)) break;
-    const std::int64_t now = clock_.microseconds();
+    const Moment now = clock_.now();
     sender_.flowControl(frame.bytes(), now);
     if (!sender_.awaitsFlowControl()) return;
     if (!isWait(frame.bytes())) continue;
@@ -87,14 +90,13 @@ void IsoTpStream::awaitFlowControl() {
                        "the ECU does not take the rest of a long request (no flow control)");
 }
 
-std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
-  const std::int64_t last = deadline + kLongResponseTime;
+std::size_t IsoTpStream::read(std::span<std::uint8_t> into, Moment deadline) {
+  const Moment last = deadline + kLongResponseTime;
   CanPayload frame;
   std::string_view fault;
   // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
   do {
-    const std::int64_t limit =
-        receiver_.isUnderWay() ? std::min(clock_.microseconds() + kNextFrameTime, last) : deadline;
+    const Moment limit = receiver_.isUnderWay() ? std::min(clock_.now() + kNextFrameTime, last) : deadline;
     if (!port_->receive(frame, limit)) break;
     const IsoTpReceiver::Result result = receiver_.accept(frame.bytes());
     if (result.reply) port_->send(pair_.ownRequests(), *result.reply);
@@ -105,7 +107,7 @@ std::size_t IsoTpStream::read(std::span<std::uint8_t> into, std::int64_t deadlin
       std::copy_n(message.begin(), count, into.begin());
       return count;
     }
-  } while (clock_.microseconds() < (receiver_.isUnderWay() ? last : deadline));
+  } while (clock_.now() < (receiver_.isUnderWay() ? last : deadline));
   if (receiver_.isUnderWay()) fault = "no more frames came";
   receiver_.reset();
   if (!fault.empty()) throw EcuUnreachable(1, "IsoTpStream", "no whole answer came: " + std::string(fault));

@@ -18,7 +18,7 @@ class IsoTpStream : public ByteStream {
   void open() override;
   void close() override;
   void write(std::span<const std::uint8_t> bytes) override;
-  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override;
+  std::size_t read(std::span<std::uint8_t> into, Moment deadline) override;
 
  private:
   void awaitFlowControl();

@@ -91,7 +91,7 @@ class RawPort : public CanPort, private CanSocket {
     std::memcpy(frame.data, payload.bytes().data(), payload.bytes().size());
     write(std::span(reinterpret_cast<const std::uint8_t*>(&frame), sizeof frame));
   }
-  bool receive(CanPayload& payload, std::int64_t deadline) override {
+  bool receive(CanPayload& payload, Moment deadline) override {
     can_frame frame{};
     if (read(std::span(reinterpret_cast<std::uint8_t*>(&frame), sizeof frame), deadline) == 0) return false;
     payload = CanPayload(std::span<const std::uint8_t>(frame.data, std::min<std::size_t>(frame.len, 8)));
@@ -124,7 +124,7 @@ class KernelStream : public CanSocket {
     constexpr int kMost = 100;
     std::array<std::uint8_t, IsoTpReceiver::kLongest> late;
     skipOnFailure([&] {
-      for (int i = 0; i < kMost && read(late, clock().microseconds()) > 0; ++i) {
+      for (int i = 0; i < kMost && read(late, clock().now()) > 0; ++i) {
       }
     });
     CanSocket::write(bytes);
@@ -167,7 +167,7 @@ class SocketCanStream : public ByteStream {
   }
   void close() override { stream_.reset(); }
   void write(std::span<const std::uint8_t> bytes) override { stream_->write(bytes); }
-  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override {
+  std::size_t read(std::span<std::uint8_t> into, Moment deadline) override {
     return stream_->read(into, deadline);
   }
 

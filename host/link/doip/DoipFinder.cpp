@@ -20,8 +20,8 @@
 namespace tarnlog::host {
 namespace {
 
-/// Microseconds. A vehicle lets a random time of up to half a second pass before it answers.
-constexpr std::int64_t kPatience = 2'000'000;
+/// A vehicle lets a random time of up to half a second pass before it answers.
+constexpr std::chrono::seconds kPatience{2};
 
 /// Where a question goes: an address, and the network interface through which (0: as the system decides).
 struct Destination {
@@ -77,7 +77,7 @@ class Datagrams : public DescriptorStream {
   }
 
   /// None when no datagram came in time.
-  std::optional<std::span<const std::uint8_t>> receive(std::int64_t deadline, std::string& sender) {
+  std::optional<std::span<const std::uint8_t>> receive(Moment deadline, std::string& sender) {
     if (!wait(POLLIN, deadline)) return {};
     sockaddr_storage address{};
     socklen_t size = sizeof address;
@@ -150,7 +150,7 @@ std::vector<Destination> destinationsOf(const std::string& host, std::uint16_t p
   return {destination};
 }
 
-std::optional<DoipEntity> firstEntity(Datagrams& datagrams, std::int64_t deadline) {
+std::optional<DoipEntity> firstEntity(Datagrams& datagrams, Moment deadline) {
   constexpr int kMost = 1000;  // whoever floods must not hold the caller
   std::string sender;
   for (int i = 0; i < kMost; ++i) {
@@ -190,7 +190,7 @@ std::optional<DoipEntity> findDoipEntity(const std::string& host, std::uint16_t 
       sent = datagrams->sendTo(destination, doipIdentificationRequest()) || sent;
     if (sent) asked.push_back(datagrams);
   }
-  const std::int64_t deadline = clock.microseconds() + kPatience;
+  const Moment deadline = clock.now() + kPatience;
   for (Datagrams* const datagrams : asked)
     if (auto entity = firstEntity(*datagrams, deadline)) return entity;
   return {};

@@ -8,13 +8,16 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kActivationTime = 2'000'000;  ///< microseconds
-constexpr std::int64_t kGroupTime = 1'000'000;       ///< for the answers to a request to all ECUs
-constexpr std::int64_t kNeighbourTime = 300'000;  ///< for one address; a gateway refuses unknown ones at once
-constexpr std::int64_t kNeighboursTime = 10'000'000;  ///< for all of them
-constexpr std::int64_t kRestTime = 500'000;           ///< for the rest of a message that has begun
+constexpr auto kActivationTime = 2s;
+constexpr auto kGroupTime = 1s;         ///< for the answers to a request to all ECUs
+constexpr auto kNeighbourTime = 300ms;  ///< for one address; a gateway refuses unknown ones at once
+constexpr auto kNeighboursTime = 10s;   ///< for all of them
+constexpr auto kRestTime = 500ms;       ///< for the rest of a message that has begun
 
 /// A functional address: responses carry the address of each ECU.
 bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
@@ -72,7 +75,7 @@ void DoipLink::doClose() {
 /// False when the gateway rejected the version of the protocol; `version_` is its own then.
 bool DoipLink::activateRouting() {
   stream_->write(doipRoutingActivation(settings_.tester, version_));
-  const std::int64_t deadline = clock_.microseconds() + kActivationTime;
+  const Moment deadline = clock_.now() + kActivationTime;
   bool pending = false;
   do {
     const auto message = nextMessage(deadline);
@@ -87,7 +90,7 @@ bool DoipLink::activateRouting() {
       return true;
     }
     pending = true;
-  } while (clock_.microseconds() < deadline);
+  } while (clock_.now() < deadline);
   fail(pending ? "the gateway waits until the connection is confirmed in the car"
                : "the gateway does not answer the activation of the connection");
 }
@@ -141,7 +144,7 @@ void DoipLink::readAway() {
   constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
   target_ = 0;
   for (int i = 0; i < kMost; ++i) {
-    auto message = nextMessage(clock_.microseconds());
+    auto message = nextMessage(clock_.now());
     if (!message && messages_.hasBegun()) {
       message = nextMessage(heard_ + kRestTime);
       if (!message) fail("the gateway broke off in the middle of a message");
@@ -157,7 +160,7 @@ void DoipLink::noteUnasked(const DoipMessage& message) {
 }
 
 Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
-  const std::int64_t deadline = clock_.microseconds() + std::chrono::microseconds(timeout).count();
+  const Moment deadline = clock_.now() + timeout;
   // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
   do {
     const auto message = nextMessage(deadline);
@@ -170,7 +173,7 @@ Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds ti
     }
     early_ = early_ || isAnswer(*message);
     noteUnasked(*message);
-  } while (clock_.microseconds() < deadline);
+  } while (clock_.now() < deadline);
   learnOrder(false);
   return Received::nothing;
 }
@@ -198,7 +201,7 @@ bool DoipLink::isAnswer(const DoipMessage& message) const {
 }
 
 /// The next message, after what the protocol itself asks for; none when none came in time.
-std::optional<DoipMessage> DoipLink::nextMessage(std::int64_t deadline) {
+std::optional<DoipMessage> DoipLink::nextMessage(Moment deadline) {
   std::array<std::uint8_t, 4096> bytes;
   for (;;) {
     if (const auto message = messages_.next()) {
@@ -208,7 +211,7 @@ std::optional<DoipMessage> DoipLink::nextMessage(std::int64_t deadline) {
     if (messages_.broken()) fail("what answers at this port does not speak diagnostics over IP");
     const std::size_t count = stream_->read(bytes, deadline);
     if (count == 0) return {};
-    heard_ = clock_.microseconds();
+    heard_ = clock_.now();
     messages_.append(std::span(bytes).first(count));
   }
 }
@@ -242,7 +245,7 @@ std::vector<LinkTarget> DoipLink::doFindEcus() {
   if (settings_.ecu) return {LinkTarget{*settings_.ecu, std::string(kObdName)}};
   std::set<std::uint16_t> found;
   for (const std::uint16_t group : kGroups)
-    if (found.empty()) askForObd(group, clock_.microseconds() + kGroupTime, found);
+    if (found.empty()) askForObd(group, clock_.now() + kGroupTime, found);
   if (found.empty()) askNeighbours(found);
   if (found.empty())
     throw EcuUnreachable(1, "DoipLink",
@@ -256,7 +259,7 @@ std::vector<LinkTarget> DoipLink::doFindEcus() {
 }
 
 /// Asks one ECU, or a group, and notes who answers.
-void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found) {
+void DoipLink::askForObd(std::uint16_t address, Moment deadline, std::set<std::uint16_t>& found) {
   post(address, kSupportedPids);  // nothing is discarded: a late response names an ECU, too
   try {
     do {
@@ -266,7 +269,7 @@ void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<
       const std::uint16_t source = doipNumber(message->payload, 0).value_or(0);
       if (offersObd(message->payload.subspan(4))) found.insert(source);
       if (source == address) return;
-    } while (clock_.microseconds() < deadline);
+    } while (clock_.now() < deadline);
   } catch (const EcuUnreachable&) {
     // There is none at this address.
   }
@@ -274,11 +277,10 @@ void DoipLink::askForObd(std::uint16_t address, std::int64_t deadline, std::set<
 
 /// The addresses that share the upper byte with the gateway's, its own first.
 void DoipLink::askNeighbours(std::set<std::uint16_t>& found) {
-  const std::int64_t last = clock_.microseconds() + kNeighboursTime;
-  for (unsigned i = 0; i < 0x100 && clock_.microseconds() < last; ++i) {
+  const Moment last = clock_.now() + kNeighboursTime;
+  for (unsigned i = 0; i < 0x100 && clock_.now() < last; ++i) {
     const auto address = static_cast<std::uint16_t>((gateway_ & 0xFF00) | ((gateway_ + i) & 0xFF));
-    if (address != 0 && address != settings_.tester)
-      askForObd(address, clock_.microseconds() + kNeighbourTime, found);
+    if (address != 0 && address != settings_.tester) askForObd(address, clock_.now() + kNeighbourTime, found);
   }
 }
 

@@ -55,9 +55,9 @@ class DoipLink : public Link {
   void post(std::uint16_t ecu, std::span<const std::uint8_t> request);
   void readAway();
   void noteUnasked(const DoipMessage& message);
-  void askForObd(std::uint16_t address, std::int64_t deadline, std::set<std::uint16_t>& found);
+  void askForObd(std::uint16_t address, Moment deadline, std::set<std::uint16_t>& found);
   void askNeighbours(std::set<std::uint16_t>& found);
-  std::optional<DoipMessage> nextMessage(std::int64_t deadline);
+  std::optional<DoipMessage> nextMessage(Moment deadline);
   void handle(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;
   bool isEarly() const;
@@ -72,7 +72,7 @@ class DoipLink : public Link {
   std::uint16_t gateway_ = 0;  ///< from vehicle identification or the routing activation response
   std::uint16_t target_ = 0;   ///< of the request that was sent last
   std::uint8_t version_ = kDoipVersion;
-  std::int64_t heard_ = 0;           ///< when the last bytes came
+  Moment heard_{};                   ///< when the last bytes came
   std::set<std::uint16_t> unasked_;  ///< who sent what was not asked for, was late, or was dropped
   bool acknowledged_ = false;        ///< it acknowledged something since the last request
   bool acknowledgesFirst_ = false;   ///< so far, its acknowledgement came before the response

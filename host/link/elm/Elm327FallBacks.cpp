@@ -11,7 +11,6 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kMillisecond = 1000;
 constexpr int kMostRepeats = 4;
 constexpr int kMostTroubles = 3;
 
@@ -40,8 +39,8 @@ const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::k
     {Came::damage, distrustFrameCount, &Elm327Link::always, &Elm327Link::distrustCount},
 }};
 
-bool Elm327Link::retry(std::int64_t deadline) {
-  if (exchange_.attempt.answered || clock_.microseconds() >= deadline || stopAsked()) return false;
+bool Elm327Link::retry(Moment deadline) {
+  if (exchange_.attempt.answered || clock_.now() >= deadline || stopAsked()) return false;
   const Came came = whatCame();
   const auto row = std::find_if(kFallBacks.begin(), kFallBacks.end(), [&](const FallBack& each) {
     return each.came == came && (this->*each.helps)(deadline);
@@ -76,7 +75,7 @@ void Elm327Link::giveUp(Came came) {
   if (came == Came::busTrouble) failWithoutEcu(console_, exchange_.attempt.notice->text);
   // Some adapters know only a few requests, such as those for one PID.
   const bool understands = came != Came::unknownCommand || isObdRequest(exchange_.request);
-  if (understands || wasCounted(0) || isFirst(0)) return;
+  if (understands || wasCounted({}) || isFirst({})) return;
   throw EcuUnreachable(1, "Elm327Link", "the adapter does not understand the request " + text_);
 }
 
@@ -89,7 +88,7 @@ bool Elm327Link::repeat() {
 
 // --- when a fall-back helps
 
-bool Elm327Link::wasCounted(std::int64_t /*deadline*/) const { return exchange_.attempt.expectedFrames > 0; }
+bool Elm327Link::wasCounted(Moment /*deadline*/) const { return exchange_.attempt.expectedFrames > 0; }
 
 /// This ECU has answered nothing yet, and functional addressing may be used.
 bool Elm327Link::neverAnswered() const {
@@ -98,71 +97,65 @@ bool Elm327Link::neverAnswered() const {
   return (reach == reach_.end() || !reach->second.answered) && isObdRequest(exchange_.request);
 }
 
-bool Elm327Link::mayAskFunctionally(std::int64_t /*deadline*/) const {
+bool Elm327Link::mayAskFunctionally(Moment /*deadline*/) const {
   const auto reach = reach_.find(exchange_.target.address);
   const bool tried = reach != reach_.end() && reach->second.triedFunctional;
   return neverAnswered() && !tried && !exchange_.address.functional;
 }
 
-bool Elm327Link::mayForgetAddress(std::int64_t /*deadline*/) const {
+bool Elm327Link::mayForgetAddress(Moment /*deadline*/) const {
   return neverAnswered() && !triedByDefault_ && !adapter_.asksByDefault();
 }
 
-bool Elm327Link::mayNeedCommunication(std::int64_t /*deadline*/) const {
+bool Elm327Link::mayNeedCommunication(Moment /*deadline*/) const {
   return adapter_.bus() == ElmBus::kwp && !exchange_.address.functional &&
          !exchange_.tried.test(newCommunication);
 }
 
-bool Elm327Link::mayNeedTime(std::int64_t deadline) const {
-  return stepsUntil(deadline) > adapter_.timeout();
-}
+bool Elm327Link::mayNeedTime(Moment deadline) const { return stepsUntil(deadline) > adapter_.timeout(); }
 
-bool Elm327Link::mayBeDisturbed(std::int64_t /*deadline*/) const {
+bool Elm327Link::mayBeDisturbed(Moment /*deadline*/) const {
   const auto reach = reach_.find(exchange_.target.address);
   return reach != reach_.end() && reach->second.answered && !exchange_.tried.test(onceMore);
 }
 
-bool Elm327Link::isFirst(std::int64_t /*deadline*/) const { return exchange_.repeats == 0; }
+bool Elm327Link::isFirst(Moment /*deadline*/) const { return exchange_.repeats == 0; }
 
-bool Elm327Link::mayBusRecover(std::int64_t /*deadline*/) const {
-  return exchange_.troubles + 1 < kMostTroubles;
-}
+bool Elm327Link::mayBusRecover(Moment /*deadline*/) const { return exchange_.troubles + 1 < kMostTroubles; }
 
-bool Elm327Link::always(std::int64_t /*deadline*/) const { return true; }
+bool Elm327Link::always(Moment /*deadline*/) const { return true; }
 
 // --- what is done before the request is sent again
 
-void Elm327Link::justAsk(std::int64_t /*deadline*/) {}
+void Elm327Link::justAsk(Moment /*deadline*/) {}
 
-void Elm327Link::askFunctionally(std::int64_t /*deadline*/) {
+void Elm327Link::askFunctionally(Moment /*deadline*/) {
   reach_[exchange_.target.address].triedFunctional = true;
   exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
 }
 
-void Elm327Link::forgetAddress(std::int64_t /*deadline*/) {
+void Elm327Link::forgetAddress(Moment /*deadline*/) {
   triedByDefault_ = byDefault_ = true;
   adapterName_ = adapter_.setUp();
   adapter_.selectBus(exchange_.target, exchange_.request);
   exchange_.address = elmFunctional(exchange_.address, adapter_.bus());
 }
 
-void Elm327Link::startCommunication(std::int64_t /*deadline*/) { adapter_.restartCommunication(); }
+void Elm327Link::startCommunication(Moment /*deadline*/) { adapter_.restartCommunication(); }
 
-void Elm327Link::giveTime(std::int64_t deadline) {
-  adapter_.setTimeout(static_cast<int>(stepsUntil(deadline)));
-}
+void Elm327Link::giveTime(Moment deadline) { adapter_.setTimeout(static_cast<int>(stepsUntil(deadline))); }
 
 /// The time left, in steps of the adapter's time-out.
-std::int64_t Elm327Link::stepsUntil(std::int64_t deadline) const {
-  const std::int64_t given = deadline - kAdapterTime - exchange_.attempt.asked;
-  return std::min<std::int64_t>(given / (kElmTimeoutStep * kMillisecond), kElmLongestTimeout);
+std::int64_t Elm327Link::stepsUntil(Moment deadline) const {
+  const auto given = deadline - kAdapterTime - exchange_.attempt.asked;
+  return std::min<std::int64_t>(given / kElmTimeoutStep, kElmLongestTimeout);
 }
 
-void Elm327Link::stopCounting(std::int64_t /*deadline*/) { frameCounts_.giveUp(); }
+void Elm327Link::stopCounting(Moment /*deadline*/) { frameCounts_.giveUp(); }
 
-void Elm327Link::noteTrouble(std::int64_t /*deadline*/) { ++exchange_.troubles; }
+void Elm327Link::noteTrouble(Moment /*deadline*/) { ++exchange_.troubles; }
 
-void Elm327Link::distrustCount(std::int64_t deadline) {
+void Elm327Link::distrustCount(Moment deadline) {
   if (wasCounted(deadline)) frameCounts_.distrust(exchange_.target.address, exchange_.request);
 }
 

@@ -11,13 +11,15 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kMillisecond = 1000;
-constexpr std::int64_t kPromptPatience = 1500 * kMillisecond;
-constexpr std::int64_t kWorkPatience = 15000 * kMillisecond;
-constexpr std::int64_t kBarePromptPatience = 300 * kMillisecond;
-constexpr std::int64_t kPendingPause = 100 * kMillisecond;
+constexpr std::chrono::milliseconds kPromptPatience = 1500ms;
+constexpr std::chrono::milliseconds kWorkPatience = 15s;
+constexpr auto kBarePromptPatience = 300ms;
+constexpr auto kPendingPause = 100ms;
 constexpr std::size_t kMostMessages = 64;
 constexpr int kMostSilences = 8;
 /// Longest request in a single frame (ISO 15765-2); the adapter does not segment.
@@ -90,8 +92,8 @@ void Elm327Link::finishAnswer() {
   messages_.clear();
 }
 
-bool Elm327Link::promptComes(std::int64_t patience) {
-  const std::int64_t deadline = clock_.microseconds() + patience;
+bool Elm327Link::promptComes(std::chrono::milliseconds patience) {
+  const Moment deadline = clock_.now() + patience;
   while (auto item = console_.next(deadline)) {
     if (item->prompt) {
       awaitsPrompt_ = false;
@@ -131,7 +133,7 @@ void Elm327Link::ask(bool countFrames) {
   exchange_.attempt.expectedFrames = frameCountFor(countFrames);
   assembler_.reset();
   writeRequest();
-  exchange_.attempt.asked = clock_.microseconds();
+  exchange_.attempt.asked = clock_.now();
   awaitsPrompt_ = true;
 }
 
@@ -146,10 +148,10 @@ void Elm327Link::useAddress() {
 }
 
 void Elm327Link::dropLateLines() {
-  const std::int64_t longest = clock_.microseconds() + kPendingPause;
-  while (const auto item = console_.next(clock_.microseconds())) {
+  const Moment longest = clock_.now() + kPendingPause;
+  while (const auto item = console_.next(clock_.now())) {
     if (item->line.notice == ElmNotice::restarted) ElmAdapter::failRestarted();
-    if (clock_.microseconds() > longest) break;
+    if (clock_.now() > longest) break;
   }
 }
 
@@ -172,13 +174,12 @@ void Elm327Link::writeRequest() {
 Link::Received Elm327Link::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   console_.begin();
   ElmMessage message;
-  const auto wait = std::chrono::microseconds(timeout).count();
-  if (!nextMessage(message, clock_.microseconds() + wait + kAdapterTime)) return Received::nothing;
+  if (!nextMessage(message, clock_.now() + timeout + kAdapterTime)) return Received::nothing;
   response = std::move(message.bytes);
   return Received::response;
 }
 
-bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
+bool Elm327Link::nextMessage(ElmMessage& message, Moment deadline) {
   for (;;) {
     // Whether another ECU answers, too, is known only when the prompt comes.
     const bool held = awaitsPrompt_ && exchange_.attempt.unnamed > 0 && mayMix();
@@ -195,13 +196,12 @@ bool Elm327Link::nextMessage(ElmMessage& message, std::int64_t deadline) {
 
 /// The next line or prompt of the answer; false when nothing comes any more. The deadline is extended while
 /// the adapter looks for the bus.
-bool Elm327Link::takeNext(std::int64_t& deadline) {
+bool Elm327Link::takeNext(Moment& deadline) {
   Attempt& attempt = exchange_.attempt;
   // A prompt before any line is one that was late: the answer follows, if there is one.
-  const std::int64_t limit =
-      attempt.barePrompt ? std::min(deadline, clock_.microseconds() + kBarePromptPatience) : deadline;
+  const Moment limit = attempt.barePrompt ? std::min(deadline, clock_.now() + kBarePromptPatience) : deadline;
   auto item = console_.next(limit);
-  if (!item && isAtWork() && clock_.microseconds() < attempt.asked + kWorkPatience) {
+  if (!item && isAtWork() && clock_.now() < attempt.asked + kWorkPatience) {
     deadline = attempt.asked + kWorkPatience;
     return true;
   }
@@ -309,8 +309,8 @@ bool Elm327Link::answersAlone(const LinkTarget& target) {
   if (exchange_.address.functional) return false;
   ask(false);
   // No longer than the adapter waits anyway: most addresses are silent.
-  const std::int64_t wait = adapter_.timeout() * kElmTimeoutStep * kMillisecond;
-  const std::int64_t deadline = clock_.microseconds() + kAdapterTime + wait;
+  const auto wait = adapter_.timeout() * kElmTimeoutStep;
+  const Moment deadline = clock_.now() + kAdapterTime + wait;
   int answers = 0;
   try {
     ElmMessage message;
@@ -347,14 +347,14 @@ void Elm327Link::settle() {
 
 /// After "response pending" the adapter no longer listens. Lines that come nevertheless are used; then the
 /// request is sent again with the longest time-out.
-bool Elm327Link::listenAfterPending(std::int64_t deadline) {
-  const std::int64_t now = clock_.microseconds();
+bool Elm327Link::listenAfterPending(Moment deadline) {
+  const Moment now = clock_.now();
   if (now >= deadline) return false;
   if (auto item = console_.next(std::min(deadline, now + kPendingPause))) {
     if (!item->prompt) take(std::move(item->line));
     return true;
   }
-  if (clock_.microseconds() >= deadline || !mayBeRepeated(exchange_.request)) return false;
+  if (clock_.now() >= deadline || !mayBeRepeated(exchange_.request)) return false;
   adapter_.setTimeout(kElmLongestTimeout);
   ask(false);
   return true;
@@ -384,10 +384,10 @@ std::vector<LinkTarget> Elm327Link::findEcusApart() {
 }
 
 std::vector<LinkTarget> Elm327Link::doFindEcus() {
-  constexpr std::int64_t kPatience = 3000 * kMillisecond;
+  constexpr auto kPatience = 3s;
   doSend({kFunctionalAddress, std::string(kObdName)}, kSupportedPids);
   std::vector<LinkTarget> ecus;
-  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  const Moment deadline = clock_.now() + kPatience;
   ElmMessage message;
   while (nextMessage(message, deadline)) {
     const std::int32_t address = ecuAddressOf(message.source, assembler_.bus());

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bitset>
+#include <chrono>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -48,7 +49,7 @@ class Elm327Link : public Link {
 
  private:
   /// For the adapter, in addition to the time that the ECU has.
-  static constexpr std::int64_t kAdapterTime = 500'000;  // microseconds
+  static constexpr std::chrono::milliseconds kAdapterTime{500};
 
   /// What is known of reaching one ECU.
   struct Reach {
@@ -83,14 +84,14 @@ class Elm327Link : public Link {
   struct FallBack {
     Came came;
     Instead instead;
-    bool (Elm327Link::*helps)(std::int64_t deadline) const;
-    void (Elm327Link::*prepare)(std::int64_t deadline);
+    bool (Elm327Link::*helps)(Moment deadline) const;
+    void (Elm327Link::*prepare)(Moment deadline);
   };
   static const std::array<FallBack, kFallBackCount> kFallBacks;
 
   /// One time that the request was sent.
   struct Attempt {
-    std::int64_t asked = 0;
+    Moment asked{};
     int expectedFrames = 0;   ///< sent with the request; 0: the adapter waits for its time-out
     bool anything = false;    ///< any line came
     bool barePrompt = false;  ///< a prompt came before any line
@@ -115,7 +116,7 @@ class Elm327Link : public Link {
   };
 
   void finishAnswer();
-  bool promptComes(std::int64_t patience);
+  bool promptComes(std::chrono::milliseconds patience);
   void begin(const LinkTarget& target, std::span<const std::uint8_t> request);
   void ask(bool countFrames);
   void useAddress();
@@ -123,8 +124,8 @@ class Elm327Link : public Link {
   int frameCountFor(bool countFrames);
   void writeRequest();
 
-  bool nextMessage(ElmMessage& message, std::int64_t deadline);
-  bool takeNext(std::int64_t& deadline);
+  bool nextMessage(ElmMessage& message, Moment deadline);
+  bool takeNext(Moment& deadline);
   bool isAtWork() const;
   void take(ElmLine line);
   void takeData(const ElmLine& line);
@@ -139,30 +140,30 @@ class Elm327Link : public Link {
   void settle();
 
   /// True when the request was sent once more, so that something may still come.
-  bool retry(std::int64_t deadline);
+  bool retry(Moment deadline);
   Came whatCame() const;
   void giveUp(Came came);
   bool repeat();
-  bool wasCounted(std::int64_t deadline) const;
-  bool mayAskFunctionally(std::int64_t deadline) const;
-  bool mayForgetAddress(std::int64_t deadline) const;
-  bool mayNeedCommunication(std::int64_t deadline) const;
-  bool mayNeedTime(std::int64_t deadline) const;
-  bool mayBeDisturbed(std::int64_t deadline) const;
-  bool isFirst(std::int64_t deadline) const;
-  bool mayBusRecover(std::int64_t deadline) const;
-  bool always(std::int64_t deadline) const;
-  void justAsk(std::int64_t deadline);
-  void askFunctionally(std::int64_t deadline);
-  void forgetAddress(std::int64_t deadline);
-  void startCommunication(std::int64_t deadline);
-  void giveTime(std::int64_t deadline);
-  void stopCounting(std::int64_t deadline);
-  void noteTrouble(std::int64_t deadline);
-  void distrustCount(std::int64_t deadline);
+  bool wasCounted(Moment deadline) const;
+  bool mayAskFunctionally(Moment deadline) const;
+  bool mayForgetAddress(Moment deadline) const;
+  bool mayNeedCommunication(Moment deadline) const;
+  bool mayNeedTime(Moment deadline) const;
+  bool mayBeDisturbed(Moment deadline) const;
+  bool isFirst(Moment deadline) const;
+  bool mayBusRecover(Moment deadline) const;
+  bool always(Moment deadline) const;
+  void justAsk(Moment deadline);
+  void askFunctionally(Moment deadline);
+  void forgetAddress(Moment deadline);
+  void startCommunication(Moment deadline);
+  void giveTime(Moment deadline);
+  void stopCounting(Moment deadline);
+  void noteTrouble(Moment deadline);
+  void distrustCount(Moment deadline);
   bool neverAnswered() const;
-  std::int64_t stepsUntil(std::int64_t deadline) const;
-  bool listenAfterPending(std::int64_t deadline);
+  std::int64_t stepsUntil(Moment deadline) const;
+  bool listenAfterPending(Moment deadline);
 
   LinkClock& clock_;
   ElmConsole console_;

@@ -8,7 +8,7 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kCommandPatience = 2'000'000;  // microseconds
+constexpr std::chrono::seconds kCommandPatience{2};
 constexpr std::int32_t kHighestWireAddress = 0xFF;
 constexpr std::string_view kDefaultPriority = "18";
 

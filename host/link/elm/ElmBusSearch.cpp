@@ -9,13 +9,15 @@
 #include "host/service/ResponseCheck.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kSecond = 1'000'000;
-constexpr std::int64_t kCommandPatience = 2 * kSecond;
+constexpr auto kCommandPatience = 2s;
 /// Ten protocols, three of them with an initialisation of seconds.
-constexpr std::int64_t kSearchPatience = 40 * kSecond;
-constexpr std::int64_t kProtocolPatience = 10 * kSecond;
+constexpr auto kSearchPatience = 40s;
+constexpr auto kProtocolPatience = 10s;
 constexpr std::array<std::uint8_t, 1> kTesterPresent{service::kTesterPresent};
 
 std::string digits(std::span<const std::uint8_t> request) {
@@ -64,8 +66,8 @@ ElmBus busOfProtocol(char number) {
   }
 }
 
-ElmBusSearch::Outcome ElmBusSearch::ask(std::span<const std::uint8_t> request, std::int64_t patience,
-                                        ElmBus& bus) {
+ElmBusSearch::Outcome ElmBusSearch::ask(std::span<const std::uint8_t> request,
+                                        std::chrono::milliseconds patience, ElmBus& bus) {
   const ElmReply reply = console_.command(digits(request), patience);
   ElmAssembler assembler;
   assembler.setBus(bus);

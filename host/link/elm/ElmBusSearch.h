@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -46,7 +47,7 @@ class ElmBusSearch {
   };
 
   /// Frames tell the bus when it is not known.
-  Outcome ask(std::span<const std::uint8_t> request, std::int64_t patience, ElmBus& bus);
+  Outcome ask(std::span<const std::uint8_t> request, std::chrono::milliseconds patience, ElmBus& bus);
   bool searchByAdapter(ElmProtocol& found);
   bool searchOneByOne(ElmProtocol& found);
   char protocolInUse();

@@ -4,10 +4,13 @@
 #include <utility>
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 constexpr const char* kGone = "the adapter is gone: ";
 /// How long a wait may last although somebody wants to end.
-constexpr std::int64_t kStopPatience = 1'000'000;  // microseconds
+constexpr auto kStopPatience = 1s;
 
 /// It says nothing about the adapter.
 class Stopped : public TarnError {
@@ -52,7 +55,7 @@ void ElmConsole::open() {
 }
 
 void ElmConsole::breakOffWhenAsked() const {
-  if (stopAsked_ && clock_.microseconds() > begun_ + kStopPatience && stopAsked_())
+  if (stopAsked_ && clock_.now() > begun_ + kStopPatience && stopAsked_())
     throw Stopped(1, "Elm327Link", "stopped while the adapter was awaited");
 }
 
@@ -63,7 +66,7 @@ void ElmConsole::close() {
   stream_->close();
 }
 
-bool ElmConsole::fill(Microseconds deadline) {
+bool ElmConsole::fill(Moment deadline) {
   const std::size_t count = reached(kGone, [&] { return stream_->read(bytes_, deadline); });
   reader_.feed(std::span(bytes_).first(count));
   constexpr std::size_t kMostSaid = 200;
@@ -72,9 +75,9 @@ bool ElmConsole::fill(Microseconds deadline) {
   return count > 0;
 }
 
-void ElmConsole::drop(Microseconds quiet, Microseconds longest) {
-  const Microseconds end = clock_.microseconds() + longest;
-  while (fill(std::min(end, clock_.microseconds() + quiet)) && clock_.microseconds() < end) {
+void ElmConsole::drop(std::chrono::milliseconds quiet, std::chrono::milliseconds longest) {
+  const Moment end = clock_.now() + longest;
+  while (fill(std::min(end, clock_.now() + quiet)) && clock_.now() < end) {
   }
   reader_.clear();
 }
@@ -88,7 +91,7 @@ void ElmConsole::write(std::string_view text) {
   atRest_ = false;
 }
 
-std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {
+std::optional<ElmConsole::Item> ElmConsole::next(Moment deadline) {
   for (;;) {
     while (const auto item = reader_.next()) {
       if (item->prompt) {
@@ -100,22 +103,22 @@ std::optional<ElmConsole::Item> ElmConsole::next(Microseconds deadline) {
       if (line.text != sent_ && !line.text.empty()) return Item{false, std::move(line)};
     }
     // Something may come without end, and never a whole line.
-    if (!fill(deadline) || clock_.microseconds() > deadline) return std::nullopt;
+    if (!fill(deadline) || clock_.now() > deadline) return std::nullopt;
   }
 }
 
-ElmReply ElmConsole::command(std::string_view text, Microseconds patience) {
+ElmReply ElmConsole::command(std::string_view text, std::chrono::milliseconds patience) {
   constexpr std::size_t kMostLines = 64;
-  drop(0, 0);
+  drop(0ms, 0ms);
   anything_ = false;
   write(text);
-  const Microseconds deadline = clock_.microseconds() + patience;
+  const Moment deadline = clock_.now() + patience;
   ElmReply reply;
   while (auto item = next(deadline)) {
     reply.prompted = item->prompt;
     if (reply.prompted) break;
     if (reply.lines.size() < kMostLines) reply.lines.push_back(std::move(item->line));
-    if (clock_.microseconds() > deadline) break;
+    if (clock_.now() > deadline) break;
   }
   reply.anything = anything_;
   return reply;

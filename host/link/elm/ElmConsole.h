@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -36,21 +37,19 @@ class AdapterGone : public TarnError {
 /// Commands and answers of an adapter. Failures of the connection are raised as AdapterGone.
 class ElmConsole {
  public:
-  using Microseconds = std::int64_t;
-
   ElmConsole(std::unique_ptr<ByteStream> stream, LinkClock& clock);
 
   /// What runs while something is awaited. When the question is answered with yes, a wait ends with a
   /// TarnError a second after what is done now was begun.
   void setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion);
   /// Something new is done with the adapter.
-  void begin() { begun_ = clock_.microseconds(); }
+  void begin() { begun_ = clock_.now(); }
   void open();
   /// An adapter that is still at work is interrupted.
   void close();
 
   /// Drops what has come, until nothing comes for `quiet`, but for `longest` at most.
-  void drop(Microseconds quiet, Microseconds longest);
+  void drop(std::chrono::milliseconds quiet, std::chrono::milliseconds longest);
   /// Sends a line and its CR.
   void write(std::string_view text);
   /// The next line or the prompt (none when `deadline` is over before); what the adapter repeats of the last
@@ -59,18 +58,18 @@ class ElmConsole {
     bool prompt = false;
     ElmLine line;
   };
-  std::optional<Item> next(Microseconds deadline);
+  std::optional<Item> next(Moment deadline);
   /// The adapter has begun to say that it searches or starts a bus.
   bool atWork() const { return beginsWork(reader_.begun()); }
   /// What came first since it was opened, as it came: some hundred bytes at most.
   const std::string& said() const { return said_; }
   /// Sends a line and takes everything up to the prompt. At most 64 lines are kept.
-  ElmReply command(std::string_view text, Microseconds patience);
+  ElmReply command(std::string_view text, std::chrono::milliseconds patience);
 
  private:
   template <class Step>
   auto reached(const char* failure, Step&& step);
-  bool fill(Microseconds deadline);
+  bool fill(Moment deadline);
   void breakOffWhenAsked() const;
 
   std::unique_ptr<ByteStream> stream_;
@@ -83,7 +82,7 @@ class ElmConsole {
   std::string said_;
   bool atRest_ = true;  ///< the prompt came after the last line
   std::function<bool()> stopAsked_;
-  Microseconds begun_ = 0;
+  Moment begun_{};
 };
 
 }  // namespace tarnlog::host

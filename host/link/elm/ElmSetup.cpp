@@ -7,15 +7,16 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kMillisecond = 1000;
-constexpr std::int64_t kQuiet = 30 * kMillisecond;
+constexpr auto kQuiet = 30ms;
 // Together less than 8 s: longer nobody waits for an adapter that says nothing.
-constexpr std::array<std::int64_t, 3> kResetPatience{3500 * kMillisecond, 2000 * kMillisecond,
-                                                     1500 * kMillisecond};
-constexpr std::int64_t kLastPatience = 500 * kMillisecond;
-constexpr std::int64_t kCommandPatience = 2000 * kMillisecond;
+constexpr std::array kResetPatience{3500ms, 2000ms, 1500ms};
+constexpr auto kLastPatience = 500ms;
+constexpr auto kCommandPatience = 2s;
 constexpr int kAttempts = 3;
 constexpr const char* kRightPort = "is it the right port and baud rate?";
 
@@ -51,7 +52,7 @@ void Setup::failForeign() const {
 void Setup::reset() {
   const bool restart = kind_ == ElmReset::restart;
   console_.drop(kQuiet, 10 * kQuiet);
-  for (const std::int64_t patience : kResetPatience) {
+  for (const auto patience : kResetPatience) {
     const ElmReply reply = console_.command(restart ? "ATZ" : "ATD", patience);
     prompted_ = prompted_ || reply.prompted;
     identified_ = reply.prompted && reply.has(restart ? ElmNotice::restarted : ElmNotice::ok);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -8,8 +9,8 @@
 
 namespace tarnlog::host {
 
-/// Steps of the adapter's time-out for an ECU's answer (ATST): 4 ms each, one byte.
-inline constexpr int kElmTimeoutStep = 4;
+/// Steps of the adapter's time-out for an ECU's answer (ATST); their number is one byte.
+inline constexpr std::chrono::milliseconds kElmTimeoutStep{4};
 /// What adapters start with: 50 steps, 200 ms.
 inline constexpr int kElmDefaultTimeout = 50;
 inline constexpr int kElmLongestTimeout = 255;

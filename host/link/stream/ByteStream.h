@@ -6,6 +6,8 @@
 #include <span>
 #include <utility>
 
+#include "host/link/LinkClock.h"
+
 namespace tarnlog::host {
 
 /// A connection that carries bytes both ways: a socket, a serial port. Its failures are TarnErrors whose
@@ -19,8 +21,8 @@ class ByteStream {
   /// Hands all bytes over, waiting a few seconds at most.
   virtual void write(std::span<const std::uint8_t> bytes) = 0;
   /// Waits until something came and gives how many bytes of `into` were filled; 0 when nothing came before
-  /// `deadline`, in microseconds of the link clock. What is there already is taken even when it is over.
-  virtual std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) = 0;
+  /// `deadline`. What is there already is taken even when it is over.
+  virtual std::size_t read(std::span<std::uint8_t> into, Moment deadline) = 0;
 
   /// Called at least every 20 ms while the connection waits. It may do anything but use the connection.
   void setIdleHook(std::function<void()> hook) { idleHook_ = std::move(hook); }

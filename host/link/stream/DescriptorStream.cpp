@@ -11,14 +11,17 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+using namespace std::chrono_literals;
+
 namespace {
 
-constexpr std::int64_t kIdlePeriod = 20000;  ///< microseconds
+constexpr auto kIdlePeriod = 20ms;
 
 bool wouldBlock(int error) { return error == EAGAIN || error == EWOULDBLOCK || error == EINTR; }
 
-timespec toTimespec(std::int64_t microseconds) {
-  return {static_cast<time_t>(microseconds / 1000000), static_cast<long>(microseconds % 1000000 * 1000)};
+timespec toTimespec(std::chrono::nanoseconds time) {
+  return {static_cast<time_t>(time / 1s), static_cast<long>((time % 1s).count())};
 }
 
 }  // namespace
@@ -36,20 +39,20 @@ void DescriptorStream::failWith(int error) const {
   fail(std::generic_category().message(error));
 }
 
-bool DescriptorStream::wait(short events, std::int64_t deadline) {
+bool DescriptorStream::wait(short events, Moment deadline) {
   for (;;) {
-    std::int64_t now = clock_.microseconds();
+    Moment now = clock_.now();
     if (now >= nextIdle_) {
       idle();
-      now = clock_.microseconds();
+      now = clock_.now();
       nextIdle_ = now + kIdlePeriod;
     }
     pollfd watched{descriptor_.number(), events, 0};
-    const timespec limit = toTimespec(std::max<std::int64_t>(0, std::min(deadline, nextIdle_) - now));
+    const timespec limit = toTimespec(std::max(Moment(0), std::min(deadline, nextIdle_) - now));
     const int ready = ::ppoll(&watched, 1, &limit, nullptr);
     if (ready > 0) return true;
     if (ready < 0 && errno != EINTR) failWith(errno);
-    if (clock_.microseconds() >= deadline) return false;
+    if (clock_.now() >= deadline) return false;
   }
 }
 
@@ -59,7 +62,7 @@ std::ptrdiff_t DescriptorStream::writeSome(std::span<const std::uint8_t> bytes) 
 
 void DescriptorStream::write(std::span<const std::uint8_t> bytes) {
   if (!descriptor_) fail("is not open");
-  const std::int64_t deadline = clock_.microseconds() + kPatience;
+  const Moment deadline = clock_.now() + kPatience;
   while (!bytes.empty()) {
     const std::ptrdiff_t written = writeSome(bytes);
     if (written >= 0)
@@ -71,7 +74,7 @@ void DescriptorStream::write(std::span<const std::uint8_t> bytes) {
   }
 }
 
-std::size_t DescriptorStream::read(std::span<std::uint8_t> into, std::int64_t deadline) {
+std::size_t DescriptorStream::read(std::span<std::uint8_t> into, Moment deadline) {
   if (!descriptor_) fail("is not open");
   for (;;) {
     const bool ready = wait(POLLIN, deadline);

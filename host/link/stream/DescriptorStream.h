@@ -1,6 +1,6 @@
 #pragma once
 
-#include <limits>
+#include <chrono>
 #include <string>
 
 #include "host/link/LinkClock.h"
@@ -34,10 +34,10 @@ class DescriptorStream : public ByteStream {
 
   void close() override { descriptor_ = Descriptor(); }
   void write(std::span<const std::uint8_t> bytes) override;
-  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override;
+  std::size_t read(std::span<std::uint8_t> into, Moment deadline) override;
 
  protected:
-  static constexpr std::int64_t kPatience = 3'000'000;  ///< microseconds for opening and for writing
+  static constexpr std::chrono::seconds kPatience{3};  ///< for opening and for writing
 
   /// One write to the system: the number of bytes taken, below 0 with errno set when it failed.
   virtual std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes);
@@ -45,7 +45,7 @@ class DescriptorStream : public ByteStream {
   int descriptor() const { return descriptor_.number(); }
   LinkClock& clock() const { return clock_; }
   /// False when none of the poll(2) events came before the deadline.
-  bool wait(short events, std::int64_t deadline);
+  bool wait(short events, Moment deadline);
   /// Raises a TarnError: the connection's name and the text.
   [[noreturn]] void fail(const std::string& text) const;
   /// The same with the system's text for an error number.
@@ -55,7 +55,7 @@ class DescriptorStream : public ByteStream {
   std::string name_;
   LinkClock& clock_;
   Descriptor descriptor_;
-  std::int64_t nextIdle_ = std::numeric_limits<std::int64_t>::min();
+  Moment nextIdle_ = Moment::min();
 };
 
 }  // namespace tarnlog::host

@@ -56,10 +56,10 @@ void SerialStream::open() {
 
 /// The system would hold the port for half a minute for bytes that a stuck adapter does not take.
 void SerialStream::close() {
-  constexpr std::int64_t kPause = 5000;  // microseconds
+  constexpr std::chrono::milliseconds kPause{5};
   int left = 0;
   const auto isStuck = [&] { return ::ioctl(descriptor(), TIOCOUTQ, &left) == 0 && left > 0; };
-  for (int i = 0; i < 10 && isStuck(); ++i) clock().waitUntil(clock().microseconds() + kPause, {});
+  for (int i = 0; i < 10 && isStuck(); ++i) clock().waitUntil(clock().now() + kPause, {});
   if (isStuck()) ::tcflush(descriptor(), TCOFLUSH);
   DescriptorStream::close();
 }

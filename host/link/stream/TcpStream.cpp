@@ -50,7 +50,7 @@ int TcpStream::connectTo(const addrinfo& address) {
   if (!connected && errno != EINPROGRESS) return errno;
   setDescriptor(std::move(socket));
   if (connected) return 0;
-  if (!wait(POLLOUT, clock().microseconds() + kPatience)) return ETIMEDOUT;
+  if (!wait(POLLOUT, clock().now() + kPatience)) return ETIMEDOUT;
   int error = 0;
   socklen_t size = sizeof error;
   ::getsockopt(number, SOL_SOCKET, SO_ERROR, &error, &size);
@@ -71,10 +71,10 @@ TcpStream::Addresses TcpStream::lookUp() {
   std::thread([host = host_, port = port_, promise = std::move(promise)]() mutable {
     promise.set_value(find(host, port, 0));
   }).detach();
-  const std::int64_t deadline = clock().microseconds() + kPatience;
+  const Moment deadline = clock().now() + kPatience;
   while (future.wait_for(kIdlePeriod) != std::future_status::ready) {
     idle();
-    if (clock().microseconds() >= deadline) fail("the network does not tell in time where this name is");
+    if (clock().now() >= deadline) fail("the network does not tell in time where this name is");
   }
   Found found = future.get();
   if (found.problem != 0)

@@ -22,7 +22,7 @@ void TextTap::write(std::span<const std::uint8_t> bytes) {
   stream_->write(bytes);
 }
 
-std::size_t TextTap::read(std::span<std::uint8_t> into, std::int64_t deadline) {
+std::size_t TextTap::read(std::span<std::uint8_t> into, Moment deadline) {
   const std::size_t count = stream_->read(into, deadline);
   tell(false, received_, into.first(count));
   return count;

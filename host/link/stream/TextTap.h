@@ -20,7 +20,7 @@ class TextTap : public ByteStream {
   void open() override { stream_->open(); }
   void close() override;
   void write(std::span<const std::uint8_t> bytes) override;
-  std::size_t read(std::span<std::uint8_t> into, std::int64_t deadline) override;
+  std::size_t read(std::span<std::uint8_t> into, Moment deadline) override;
 
  private:
   void tell(bool sent, std::string& line, std::span<const std::uint8_t> bytes) const;

@@ -2,10 +2,8 @@
 
 namespace tarnlog::host {
 
-using std::chrono::microseconds;
-
 void SimulatedLink::doOpen() {
-  opened_ = clock_.microseconds();
+  opened_ = clock_.now();
   peer_.start();
 }
 
@@ -16,18 +14,18 @@ void SimulatedLink::doClose() {
 
 bool SimulatedLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   patience_.begin();
-  sent_ = clock_.microseconds();
+  sent_ = clock_.now();
   answers_.clear();
   next_ = 0;
-  peer_.answer(target, request, microseconds(sent_ - opened_), answers_);
+  peer_.answer(target, request, sent_ - opened_, answers_);
   return true;
 }
 
 Link::Received SimulatedLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
-  const std::int64_t deadline = clock_.microseconds() + microseconds(timeout).count();
+  const Moment deadline = clock_.now() + timeout;
   if (next_ < answers_.count()) {
     SimulatedAnswers::Answer& answer = answers_[next_];
-    const std::int64_t due = sent_ + answer.delay.count();
+    const Moment due = sent_ + answer.delay;
     if (due <= deadline) {
       clock_.waitUntil(due, waitHook_);
       ++next_;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -27,8 +26,8 @@ class SimulatedLink : public Link {
   SimulatedPeer& peer_;
   SimulatedAnswers answers_;
   std::size_t next_ = 0;  ///< the answer that arrives next
-  std::int64_t opened_ = 0;
-  std::int64_t sent_ = 0;
+  Moment opened_{};
+  Moment sent_{};
   StopPatience patience_{*this, clock_};
   IdleHook waitHook_ = [this] {
     idle();

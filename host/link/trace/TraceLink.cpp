@@ -13,16 +13,17 @@ TraceLink::TraceLink(std::unique_ptr<Link> link, LinkClock& clock, std::unique_p
     : link_(std::move(link)), clock_(clock), file_(std::move(file)) {
   link_->setIdleHook([this] { idle(); });
   link_->setStopQuestion([this] { return stopAsked(); });
-  link_->setTextHook([this](bool sent, std::string_view text) { writeLine(traceRemark(now(), sent, text)); });
+  link_->setTextHook(
+      [this](bool sent, std::string_view text) { writeLine(traceRemark(sinceStart(), sent, text)); });
   skipOnFailure([this] { file_->write(std::string(kTraceHeading) + "\n"); });
 }
 
-std::chrono::microseconds TraceLink::now() const {
-  return std::chrono::microseconds(start_ < 0 ? 0 : clock_.microseconds() - start_);
+std::chrono::microseconds TraceLink::sinceStart() const {
+  return start_ ? clock_.now() - *start_ : std::chrono::microseconds{};
 }
 
 void TraceLink::write(TraceEntry& entry) {
-  entry.time = now();
+  entry.time = sinceStart();
   writeLine(traceLine(entry));
 }
 
@@ -49,7 +50,7 @@ auto TraceLink::watched(Step&& step) {
 }
 
 void TraceLink::doOpen() {
-  if (start_ < 0) start_ = clock_.microseconds();
+  if (!start_) start_ = clock_.now();
   watched([this] { link_->open(); });
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/link/Link.h"
@@ -37,14 +39,14 @@ class TraceLink : public Link {
   void write(TraceEntry& entry);
   void writeText(TraceEntry::Kind kind, const std::string& text);
   void writeLine(const std::string& line);
-  std::chrono::microseconds now() const;
+  std::chrono::microseconds sinceStart() const;
   template <class Step>
   auto watched(Step&& step);
 
   std::unique_ptr<Link> link_;
   LinkClock& clock_;
   std::unique_ptr<FileStream> file_;
-  std::int64_t start_ = -1;
+  std::optional<Moment> start_;
 };
 
 }  // namespace tarnlog::host

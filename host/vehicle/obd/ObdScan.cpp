@@ -29,10 +29,10 @@ constexpr std::chrono::milliseconds kProbeTimeout{500};
 constexpr std::chrono::milliseconds kPendingTimeout{kUsualPendingTimeout};
 constexpr std::uint8_t kEngineSpeed = 0x0C;
 constexpr int kAttempts = 3;
-/// An adapter that was there may only have lost its plug or its network for a moment, in microseconds.
-constexpr std::int64_t kReturn = 8'000'000;
+/// An adapter that was there may only have lost its plug or its network for a moment.
+constexpr std::chrono::seconds kReturn{8};
 /// What took longer than this to be opened, in vain, has had its chances.
-constexpr std::int64_t kLongOpening = 2'000'000;
+constexpr std::chrono::seconds kLongOpening{2};
 // ISO 15765-4: the eight ECUs of emissions on CAN.
 constexpr std::int32_t kFirstEcu = 0x7E0;
 constexpr std::int32_t kLastEcu = 0x7E7;
@@ -60,12 +60,12 @@ class Search {
   /// After a failure the conversation opens the link anew.
   std::vector<FoundEcu> findPatiently() {
     for (int attempt = 1;; ++attempt) {
-      const std::int64_t begun = clock_.microseconds();
+      const Moment begun = clock_.now();
       try {
         return findEcus();
       } catch (const TarnError&) {
         if (link_.stopAsked() || !link_.obstacle().empty()) throw;
-        const std::int64_t now = clock_.microseconds();
+        const Moment now = clock_.now();
         if (attempt == 1) failed_ = now;
         const bool mayComeBack = reached_ && now < failed_ + kReturn;
         const bool mute = !connected_ && now > begun + kLongOpening;
@@ -95,7 +95,7 @@ class Search {
   std::string obstacle_;
   bool connected_ = false;
   bool reached_ = false;
-  std::int64_t failed_ = 0;  ///< when, first
+  Moment failed_{};  ///< when, first
 };
 
 /// The four bytes of a mask; empty when the ECU gives none.

@@ -12,7 +12,6 @@
 namespace tarnlog::host {
 
 using std::chrono::ceil;
-using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
 /// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
@@ -76,14 +75,14 @@ void Conversation::noteSuccess(const LinkTarget& target, std::span<const std::ui
 void Conversation::pause(milliseconds time) {
   Busy busy(*this);
   endRequested_ = false;
-  waitUntil(clock_.microseconds() + microseconds(time).count());
+  waitUntil(clock_.now() + time);
   busy.finish();
 }
 
-void Conversation::waitUntil(std::int64_t moment) {
-  constexpr std::int64_t kLookAround = 20'000;  // microseconds
-  while (clock_.microseconds() < moment && !link_.stopAsked() && !endRequested_)
-    clock_.waitUntil(std::min(moment, clock_.microseconds() + kLookAround), [this] { link_.idle(); });
+void Conversation::waitUntil(Moment moment) {
+  constexpr milliseconds kLookAround{20};
+  while (clock_.now() < moment && !link_.stopAsked() && !endRequested_)
+    clock_.waitUntil(std::min(moment, clock_.now() + kLookAround), [this] { link_.idle(); });
 }
 
 Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,
@@ -91,7 +90,7 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
   constexpr milliseconds kRefusalTime = 2 * timing::kP2;
   constexpr milliseconds kBusyPause{20};
   const bool noAnswer = suppressesAnswer(protocolOf(target.protocol), request);
-  const microseconds last = microseconds(clock_.microseconds()) + timeout;
+  const Moment last = clock_.now() + timeout;
   for (;;) {
     const LateAnswers::Way way = lateAnswers_.readAway(target, request, timeout);
     if (way == LateAnswers::Way::blocked) return Outcome::silent;
@@ -107,10 +106,10 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
       lateAnswers_.noneExpected();
       return Outcome::answered;
     }
-    const microseconds again = microseconds(clock_.microseconds()) + kBusyPause;
+    const Moment again = clock_.now() + kBusyPause;
     const bool askAgain = outcome == Outcome::refused && isBusy(response) && again < last;
     if (!askAgain || link_.stopAsked()) return outcome;
-    clock_.waitUntil(again.count(), {});
+    clock_.waitUntil(again, {});
   }
 }
 
@@ -149,10 +148,10 @@ std::vector<LinkTarget> Conversation::findEcus() {
 
 Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t> request,
                                                     milliseconds timeout, Link::Bytes& response) {
-  const microseconds start(clock_.microseconds());
-  microseconds deadline = start + timeout;
+  const Moment start = clock_.now();
+  Moment deadline = start + timeout;
   bool pending = false;
-  for (microseconds now = start; now <= deadline; now = microseconds(clock_.microseconds())) {
+  for (Moment now = start; now <= deadline; now = clock_.now()) {
     const auto received = link_.receive(response, ceil<milliseconds>(deadline - now));
     if (received == Link::Received::unreachable) return Outcome::unreachable;
     if (received == Link::Received::nothing) break;

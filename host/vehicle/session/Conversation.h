@@ -73,7 +73,7 @@ class Conversation {
                           Link::Bytes& response);
   void returnLater(const LinkTarget& target, std::span<const std::uint8_t> request);
   void noteSuccess(const LinkTarget& target, std::span<const std::uint8_t> request);
-  void waitUntil(std::int64_t moment);
+  void waitUntil(Moment moment);
 
   Link& link_;
   LinkClock& clock_;

@@ -9,11 +9,10 @@ namespace tarnlog::host {
 namespace {
 
 using std::chrono::ceil;
-using std::chrono::microseconds;
 using std::chrono::milliseconds;
 
 /// So long after its time-out a response is not expected any more.
-constexpr std::int64_t kForgotten = 5'000'000;  // microseconds
+constexpr std::chrono::seconds kForgotten{5};
 /// After an unexpected response, so many requests are verified first.
 constexpr int kDistrusted = 100;
 /// After so many equal requests in a row, a verification request is sent.
@@ -36,7 +35,7 @@ LateAnswers::Way LateAnswers::readAway(const LinkTarget& target, std::span<const
   if (asked_ == nullptr) return Way::clear;
   Ecu& ecu = *asked_;
   if (link_.readUnasked(target)) distrustDoubled(ecu);
-  if (clock_.microseconds() > ecu.givenUp + kForgotten) settle(ecu);
+  if (clock_.now() > ecu.givenUp + kForgotten) settle(ecu);
   const bool doubtful =
       ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(service::kTesterPresent);
   const bool unproven = isUnproven(ecu, request);
@@ -52,7 +51,7 @@ LateAnswers::Way LateAnswers::readAway(const LinkTarget& target, std::span<const
   ecu.owesPids = (ecu.owesPids && ecu.owed.any()) || std::ranges::equal(request, kSupportedPids);
   ecu.owed.set(request[0]);
   ecu.strayed = ecu.aside;
-  ecu.givenUp = clock_.microseconds() + microseconds(timeout).count();
+  ecu.givenUp = clock_.now() + timeout;
   return Way::clear;
 }
 
@@ -84,7 +83,7 @@ void LateAnswers::answered() {
 }
 
 void LateAnswers::givenUp() {
-  if (asked_ != nullptr) asked_->givenUp = clock_.microseconds();
+  if (asked_ != nullptr) asked_->givenUp = clock_.now();
 }
 
 void LateAnswers::noneExpected() {
@@ -97,8 +96,8 @@ LateAnswers::Way LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, millis
   const auto request = harmlessRequest(protocolOf(target.protocol), ecu.owesPids && ecu.owed.any());
   if (!link_.send(target, request)) return Way::unreachable;
   ++ecu.aside;
-  const microseconds deadline = microseconds(clock_.microseconds()) + timeout;
-  for (microseconds now(clock_.microseconds()); now <= deadline; now = microseconds(clock_.microseconds())) {
+  const Moment deadline = clock_.now() + timeout;
+  for (Moment now = clock_.now(); now <= deadline; now = clock_.now()) {
     const auto received = link_.receive(came_, ceil<milliseconds>(deadline - now));
     if (received == Link::Received::unreachable) return Way::unreachable;
     if (received == Link::Received::nothing) return Way::blocked;

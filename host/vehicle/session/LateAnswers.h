@@ -45,7 +45,7 @@ class LateAnswers {
   struct Ecu {
     std::bitset<0x100> owed;   ///< services of requests that it has not answered
     bool owesPids = false;     ///< the request for the supported PIDs is among them
-    std::int64_t givenUp = 0;  ///< when the newest of them timed out, or will
+    Moment givenUp{};          ///< when the newest of them timed out, or will
     int distrusted = 0;        ///< coming requests that are still verified first
     std::uint8_t service = 0;  ///< of the request sent last
     int aside = 0;             ///< verification requests that it has not answered

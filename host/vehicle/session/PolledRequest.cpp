@@ -7,7 +7,7 @@
 namespace tarnlog::host {
 namespace {
 
-constexpr std::int64_t kAskAgain = 5'000'000;  // microseconds
+constexpr std::chrono::seconds kAskAgain{5};
 constexpr int kMostSilences = 3;
 
 using Outcome = Conversation::Outcome;
@@ -15,7 +15,7 @@ using Outcome = Conversation::Outcome;
 }  // namespace
 
 void PolledRequest::send() {
-  if (leftOut_ && polling_.clock.microseconds() < again_) return pass();
+  if (leftOut_ && polling_.clock.now() < again_) return pass();
   const Outcome outcome = request_.ask(leftOut_);
   if (outcome == Outcome::answered)
     takeBack();
@@ -43,7 +43,7 @@ bool PolledRequest::isLeftOutBySilence() {
   const bool ecuLives = std::exchange(ecuAnswers_, ofEcu) != ofEcu;
   const bool carLives = std::exchange(allAnswers_, ofAll) != ofAll;
   if (leftOut_) {
-    again_ = polling_.clock.microseconds() + kAskAgain;
+    again_ = polling_.clock.now() + kAskAgain;
     return carLives;
   }
   silences_ = ecuLives ? silences_ + 1 : 1;
@@ -56,7 +56,7 @@ void PolledRequest::takeBack() {
 }
 
 void PolledRequest::leaveOut(const std::string& why) {
-  again_ = polling_.clock.microseconds() + kAskAgain;
+  again_ = polling_.clock.now() + kAskAgain;
   request_.setNotAvailable();
   if (!std::exchange(leftOut_, true)) tell(why + ": left out, and asked again every 5 s", false);
 }

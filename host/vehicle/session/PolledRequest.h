@@ -49,7 +49,7 @@ class PolledRequest : public ferrox3::Request {
   VehicleRequest& request_;
   const Polling& polling_;
   bool leftOut_ = false;
-  std::int64_t again_ = 0;         ///< when a request that is left out is asked again
+  Moment again_{};                 ///< when a request that is left out is asked again
   int silences_ = 0;               ///< in a row
   std::uint64_t ecuAnswers_ = 0;   ///< of its ECU, at the last silence
   std::uint64_t allAnswers_ = 0;   ///< of all ECUs, at the last silence

@@ -10,7 +10,7 @@ namespace tarnlog::host {
 namespace {
 
 /// Well before S3 is over.
-constexpr std::int64_t kQuiet = std::chrono::microseconds(timing::kS3).count() * 2 / 5;
+constexpr std::chrono::milliseconds kQuiet = timing::kS3 * 2 / 5;
 
 bool isSame(const LinkTarget& a, const LinkTarget& b) {
   return a.address == b.address && a.protocol == b.protocol;
@@ -60,10 +60,9 @@ void SessionKeeper::keepOpen(const LinkTarget* except) {
   // The end of the communication, asked for while an answer is awaited, empties the list.
   for (std::size_t i = 0; i < open_.size();) {
     OpenSession& known = open_[i++];
-    if ((except != nullptr && isSame(known.target, *except)) ||
-        clock_.microseconds() - known.lastSent < kQuiet)
+    if ((except != nullptr && isSame(known.target, *except)) || clock_.now() - known.lastSent < kQuiet)
       continue;
-    known.lastSent = clock_.microseconds();
+    known.lastSent = clock_.now();
     const LinkTarget target = known.target;
     // What comes of it is no matter of the request that was asked for.
     send(target, testerPresent(protocolOf(target.protocol)), known.timeout, ignored_);
@@ -78,11 +77,11 @@ void SessionKeeper::note(const LinkTarget& target, std::span<const std::uint8_t>
                      outcome == Conversation::Outcome::answered;
   if (known == open_.end()) {
     if (opens && !isDefault(request[1]))
-      open_.push_back({target, Link::Bytes(request.begin(), request.end()), timeout, clock_.microseconds()});
+      open_.push_back({target, Link::Bytes(request.begin(), request.end()), timeout, clock_.now()});
   } else if (opens && isDefault(request[1])) {
     open_.erase(known);
   } else {
-    known->lastSent = clock_.microseconds();
+    known->lastSent = clock_.now();
     if (opens) known->opening.assign(request.begin(), request.end());
   }
 }

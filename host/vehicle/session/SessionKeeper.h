@@ -38,7 +38,7 @@ class SessionKeeper {
     LinkTarget target;
     Link::Bytes opening;  ///< the request that opened it
     std::chrono::milliseconds timeout;
-    std::int64_t lastSent;  ///< microseconds
+    Moment lastSent;
   };
 
   Conversation::Outcome send(const LinkTarget& target, std::span<const std::uint8_t> request,

@@ -70,13 +70,13 @@ class MainRig {
   void tickUntil(TarnAcq::State state) {
     for (int i = 0; i < 20 && main.ctlTarnAcq().AcqState() != state; ++i) {
       timer.fire();
-      linkClock.step(51'000);
+      linkClock.step(std::chrono::milliseconds(51));
     }
   }
   void ticks(int count) {
     for (int i = 0; i < count; ++i) {
       timer.fire();
-      linkClock.step(51'000);
+      linkClock.step(std::chrono::milliseconds(51));
     }
   }
 

@@ -11,8 +11,8 @@
 #include "host/link/doip/DoipLink.h"
 #include "host/link/stream/TcpStream.h"
 #include "host/service/HexText.h"
+#include "tests/support/Asking.h"
 #include "tests/support/LoopbackServer.h"
-#include "tests/support/Received.h"
 
 namespace {
 

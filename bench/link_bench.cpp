@@ -13,8 +13,8 @@
 #include "host/link/SystemLinkClock.h"
 #include "host/link/elm/Elm327Link.h"
 #include "host/link/stream/TcpStream.h"
+#include "tests/support/Asking.h"
 #include "tests/support/LoopbackServer.h"
-#include "tests/support/Received.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 
 #include "host/link/elm/Elm327Link.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/Asking.h"
 #include "tests/support/PeerStream.h"
-#include "tests/support/Received.h"
 
 namespace {
 

@@ -15,9 +15,9 @@
 #include "host/link/trace/Trace.h"
 #include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/Asking.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/PeerStream.h"
-#include "tests/support/Received.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <set>
 #include <string>
@@ -12,7 +13,7 @@
 namespace tarnlog::test {
 
 /// The gateway of a car with diagnostics over IP (ISO 13400-2), written from the standard: takes the bytes of
-/// the tester and gives its own. All messages are hexadecimal text without blanks.
+/// the tester and gives its own. All messages are hexadecimal text.
 class DoipPeer {
  public:
   /// Of each ECU: its answers by request. A request that is not among them is answered by nothing.
@@ -20,16 +21,26 @@ class DoipPeer {
   std::set<std::uint16_t> groups;  ///< addresses that all ECUs listen to
   /// ECUs that the gateway knows, but that are switched off: it refuses for them in its own name.
   std::set<std::uint16_t> unreachable;
-  std::uint16_t address = 0x1000;  ///< the gateway's own
-  std::vector<std::string> heard;  ///< "1001 0100" of every diagnostic message
+  std::uint16_t address = 0x1000;   ///< the gateway's own
+  std::uint8_t version = 2;         ///< of the protocol; others are refused
+  std::string grant = "10";         ///< its code for whoever wants to connect
+  std::deque<std::string> instead;  ///< bytes for the next diagnostic messages, in place of what is right
+  /// "1001 0100" of every diagnostic message, type and payload of others.
+  std::vector<std::string> heard;
 
+  std::string message(unsigned type, std::string_view payload) const {
+    const auto content = *host::bytesFromHex(payload);
+    const auto head = *host::bytesFromHex(hex16(version * 0x100U + 0xFFU - version) + hex16(type) + "0000" +
+                                          hex16(static_cast<unsigned>(content.size())));
+    return std::string(head.begin(), head.end()) + std::string(content.begin(), content.end());
+  }
   std::string accept(std::string_view bytes) {
     in_ += bytes;
     std::string out;
     while (in_.size() >= 8) {
       const std::size_t length = 8 + (number(6) | number(4) << 16);
       if (in_.size() < length) break;
-      out += answer(number(2), length);
+      out += in_[0] == version ? answer(number(2), length) : message(0x0000, "00");
       in_.erase(0, length);
     }
     return out;
@@ -41,12 +52,6 @@ class DoipPeer {
            static_cast<std::uint8_t>(in_[at + 1]);
   }
 
-  static std::string message(unsigned type, const std::string& payload) {
-    std::string hex =
-        "02FD" + hex16(type) + "0000" + hex16(static_cast<unsigned>(payload.size() / 2)) + payload;
-    const auto bytes = *host::bytesFromHex(hex);
-    return {bytes.begin(), bytes.end()};
-  }
   static std::string hex16(unsigned value) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string text;
@@ -55,13 +60,23 @@ class DoipPeer {
   }
 
   std::string answer(unsigned type, std::size_t length) {
-    if (type == 0x0005) return message(0x0006, hex16(number(8)) + hex16(address) + "1000000000");
+    const auto hexFrom = [&](std::size_t at) {
+      std::string hex;
+      for (; at < length; ++at) hex += hex16(static_cast<std::uint8_t>(in_[at])).substr(2);
+      return hex;
+    };
+    if (type != 0x8001) heard.push_back(hex16(type) + " " + hexFrom(8));
+    if (type == 0x0005) return message(0x0006, hex16(number(8)) + hex16(address) + grant + "00000000");
     if (type != 0x8001) return {};
     const std::string tester = hex16(number(8));
     const auto target = static_cast<std::uint16_t>(number(10));
-    std::string request;
-    for (std::size_t i = 12; i < length; ++i) request += hex16(static_cast<std::uint8_t>(in_[i])).substr(2);
+    const std::string request = hexFrom(12);
     heard.push_back(hex16(target) + " " + request);
+    if (!instead.empty()) {
+      const std::string text = instead.front();
+      instead.pop_front();
+      return text;
+    }
     const bool toAll = groups.contains(target);
     if (!toAll && !ecus.contains(target)) return message(0x8003, hex16(target) + tester + "03");
     if (unreachable.contains(target)) return message(0x8003, hex16(address) + tester + "06");

@@ -11,11 +11,20 @@
 
 namespace tarnlog::test {
 
+/// What an adapter knows, and the form in which it answers.
+struct ElmForm {
+  std::set<std::string> unknown{};  ///< commands (as sent, without digits of a value) answered by "?"
+  bool keepsEcho = false;
+  bool keepsBlanks = false;
+  bool countsFrames = true;  ///< knows the digit behind a request
+  std::string lineEnd = "\r";
+};
+
 /// An ELM327 with a car behind it, as the adapter's data sheet describes them: characters in, characters out.
 ///
 ///     Elm327Peer adapter;
 ///     adapter.addEcu(0x7E8).answers["010C"] = {"410C1AF8"};
-class Elm327Peer {
+class Elm327Peer : public ElmForm {
  public:
   enum class Bus : std::uint8_t { none, can11, can29, kwp, iso9141 };
 
@@ -23,23 +32,18 @@ class Elm327Peer {
     std::uint32_t source = 0;  ///< identifier of its frames, or its address on the K line
     /// Request -> responses, as hexadecimal digits.
     std::map<std::string, std::vector<std::string>> answers;
-    bool onlyWithAll = false;    ///< it does not listen to its own identifier
     bool onlyByDefault = false;  ///< it is reached as long as the adapter was told no address
   };
 
   Bus bus = Bus::can11;
   std::string name = "ELM327 v1.5";
-  std::set<std::string> unknown;  ///< commands (as sent, without digits of a value) answered by "?"
-  bool keepsEcho = false;
-  bool keepsBlanks = false;
-  bool countsFrames = true;     ///< knows the digit behind a request
   bool ignoresAddress = false;  ///< says OK to ATSH, and asks all
   bool severalPids = false;     ///< its ECUs answer several PIDs of service 01 at once
-  std::string lineEnd = "\r";
   /// Command -> texts that are sent instead of what is right, once each, as they are.
   std::map<std::string, std::deque<std::string>> instead;
   std::deque<Ecu> ecus;
   std::vector<std::string> heard;  ///< every line
+  std::string newest;              ///< characters
   std::function<void(const std::string& line)> onLine;
 
   Ecu& addEcu(std::uint32_t source) {
@@ -49,6 +53,7 @@ class Elm327Peer {
 
   /// Takes characters and gives what the adapter sends at once.
   std::string accept(std::string_view characters) {
+    newest = characters;
     std::string out;
     for (const char c : characters) {
       if (echo_ || keepsEcho) out += c;
@@ -126,20 +131,8 @@ class Elm327Peer {
     return says("?");
   }
 
-  char busNumber() const {
-    switch (bus) {
-      case Bus::can11:
-        return '6';
-      case Bus::can29:
-        return '7';
-      case Bus::kwp:
-        return '5';
-      case Bus::iso9141:
-        return '3';
-      default:
-        return '0';
-    }
-  }
+  /// Of `bus`, as the adapter counts the protocols.
+  char busNumber() const { return "06753"[static_cast<std::size_t>(bus)]; }
 
   std::string request(std::string line) {
     if (line.empty() || line.find_first_not_of("0123456789ABCDEF") != std::string::npos) return says("?");
@@ -173,16 +166,10 @@ class Elm327Peer {
 
   bool hears(const Ecu& ecu) const {
     if (ecu.onlyByDefault) return header_.empty();
-    switch (bus) {
-      case Bus::can11:
-        return header_.empty() || header_ == "7DF" || (!ecu.onlyWithAll && header_ == hex(ecu.source - 8, 3));
-      case Bus::can29:
-        return header_.empty() || header_ == "DB33F1" ||
-               (!ecu.onlyWithAll && header_ == "DA" + hex(ecu.source & 0xFF, 2) + "F1");
-      default:
-        return header_.empty() || header_.substr(2) == "33F1" || header_ == "686AF1" ||
-               header_ == "81" + hex(ecu.source, 2) + "F1";
-    }
+    if (header_.empty()) return true;
+    if (bus == Bus::can11) return header_ == "7DF" || header_ == hex(ecu.source - 8, 3);
+    if (bus == Bus::can29) return header_ == "DB33F1" || header_ == "DA" + hex(ecu.source & 0xFF, 2) + "F1";
+    return header_.substr(2) == "33F1" || header_ == "686AF1" || header_ == "81" + hex(ecu.source, 2) + "F1";
   }
 
   std::vector<std::string> answerLines(const std::string& request) {

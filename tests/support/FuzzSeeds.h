@@ -10,6 +10,9 @@
 #include <string>
 #include "SourceDir.h"
 
+/// Of the fuzzer that a test program is built with.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t*, std::size_t);
+
 namespace tarnlog::test {
 
 /// Hands every seed of fuzz/corpus/NAME to the entry function of a fuzzer, which aborts when it finds a

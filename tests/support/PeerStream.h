@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -29,7 +30,13 @@ class PeerStream : public host::ByteStream {
   int opened = 0;
 
   /// Bytes that come without being asked for.
-  void put(std::string_view bytes) { queue(bytes, clock_.now() + latency); }
+  void put(std::string_view bytes) {
+    host::Moment due = clock_.now() + latency;
+    for (const char byte : bytes) {
+      bytes_.emplace_back(byte, due);
+      due += betweenBytes;
+    }
+  }
 
   void open() override {
     if (!openFailure.empty()) throw TarnError(1, "Link", openFailure);
@@ -69,17 +76,16 @@ class PeerStream : public host::ByteStream {
   }
 
  private:
-  void queue(std::string_view bytes, host::Moment due) {
-    for (const char byte : bytes) {
-      bytes_.emplace_back(byte, due);
-      due += betweenBytes;
-    }
-  }
-
   Peer peer_;
   ManualLinkClock& clock_;
   bool open_ = false;
   std::deque<std::pair<char, host::Moment>> bytes_;
 };
+
+/// A connection to a peer that accepts characters and gives its own. It must outlive the connection.
+template <class Accepting>
+std::unique_ptr<PeerStream> streamTo(Accepting& peer, ManualLinkClock& clock) {
+  return std::make_unique<PeerStream>([&peer](std::string_view bytes) { return peer.accept(bytes); }, clock);
+}
 
 }  // namespace tarnlog::test

@@ -20,17 +20,19 @@ namespace tarnlog::test {
 class ScriptedBus : public host::CanPort {
  public:
   struct Log {
-    std::vector<std::string> heard;
-    std::set<std::uint32_t> identifiers;                     ///< of our frames
-    std::map<std::string, std::vector<std::string>> script;  ///< frame heard, frames sent
-    std::string always;                                      ///< a frame that never ends coming
+    std::vector<std::string> heard{};
+    std::set<std::uint32_t> identifiers{};                     ///< of our frames
+    std::set<std::uint32_t> ears{};                            ///< identifiers that we hear
+    std::map<std::string, std::vector<std::string>> script{};  ///< frame heard, frames sent
+    std::string always{};                                      ///< a frame that never ends coming
     std::chrono::microseconds frameTime{100};
     /// By identifier: what one ECU of several says to a request to all.
-    std::map<std::uint32_t, std::string> spoken;
+    std::map<std::uint32_t, std::string> spoken{};
   };
   /// `ear` is the identifier that it hears.
-  ScriptedBus(Log& log, ManualLinkClock& clock, std::uint32_t ear = 0)
-      : log_(log), clock_(clock), ear_(ear) {}
+  ScriptedBus(Log& log, ManualLinkClock& clock, std::uint32_t ear = 0) : log_(log), clock_(clock), ear_(ear) {
+    log_.ears.insert(ear);
+  }
 
   void open() override {}
   void close() override {}

@@ -4,30 +4,18 @@
 #include "host/link/can/IsoTpStream.h"
 #include "host/service/HexText.h"
 #include "platform/base/TarnError.h"
+#include "tests/support/Asking.h"
 #include "tests/support/ManualLinkClock.h"
-#include "tests/support/Received.h"
 #include "tests/support/ScriptedBus.h"
 
 namespace tarnlog::host {
 namespace {
 
 using namespace std::chrono_literals;
+using ::testing::ElementsAre;
 
 std::string text(const std::optional<CanPayload>& frame) { return frame ? hexText(frame->bytes()) : "none"; }
 std::vector<std::uint8_t> bytes(std::string_view hex) { return *bytesFromHex(hex); }
-
-TEST(IsoTpReceiver, PutsFramesTogether) {
-  IsoTpReceiver receiver;
-  EXPECT_TRUE(receiver.accept(bytes("03 41 0C 1A CC CC CC CC")).complete);
-  EXPECT_EQ(hexText(receiver.message()), "41 0C 1A");
-
-  const auto first = receiver.accept(bytes("10 14 49 02 01 31 44 34"));
-  EXPECT_FALSE(first.complete);
-  EXPECT_EQ(text(first.reply), "30 00 00 CC CC CC CC CC");
-  EXPECT_FALSE(receiver.accept(bytes("21 47 50 30 30 52 35 35")).complete);
-  EXPECT_TRUE(receiver.accept(bytes("22 42 31 32 33 34 35 36")).complete);
-  EXPECT_EQ(hexText(receiver.message()), "49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33 34 35 36");
-}
 
 TEST(IsoTpReceiver, GivesUpWhatIsNotWhole) {
   IsoTpReceiver receiver;
@@ -52,10 +40,6 @@ TEST(IsoTpReceiver, GivesUpWhatIsNotWhole) {
 
 TEST(IsoTpSender, FollowsTheReceiversFlowControl) {
   IsoTpSender sender;
-  sender.start(bytes("22 F1 90"));
-  EXPECT_EQ(text(sender.next(0us)), "03 22 F1 90 CC CC CC CC");
-  EXPECT_TRUE(sender.finished());
-
   std::vector<std::uint8_t> message(30);
   for (std::size_t i = 0; i < message.size(); ++i) message[i] = static_cast<std::uint8_t>(i);
   sender.start(message);
@@ -81,63 +65,6 @@ TEST(IsoTpSender, FollowsTheReceiversFlowControl) {
   EXPECT_THROW(sender.start({}), TarnError);
 }
 
-TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
-  test::ManualLinkClock clock;
-  test::ScriptedBus::Log bus;
-  bus.script["02 09 02 CC CC CC CC CC"] = {"06 7F 09 78", "03 7F 09 78", "10 0A 49 02 01 31 44 34"};
-  bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30"};
-  bus.script["10 08 2E F1 90 01 02 03"] = {"31 00 00", "30 00 00"};
-  bus.script["21 04 05 CC CC CC CC CC"] = {"03 6E F1 90"};
-  bus.script["03 22 F1 90 CC CC CC CC"] = {"05 62 F1 90 01 02"};
-  std::vector<std::string> pairs;
-  IsoTpLink link(
-      {},
-      [&](CanPair pair) {
-        const std::array<std::uint8_t, 8> ids{
-            static_cast<std::uint8_t>(pair.transmit >> 24), static_cast<std::uint8_t>(pair.transmit >> 16),
-            static_cast<std::uint8_t>(pair.transmit >> 8),  static_cast<std::uint8_t>(pair.transmit),
-            static_cast<std::uint8_t>(pair.receive >> 24),  static_cast<std::uint8_t>(pair.receive >> 16),
-            static_cast<std::uint8_t>(pair.receive >> 8),   static_cast<std::uint8_t>(pair.receive)};
-        pairs.push_back(hexText(ids));
-        return std::make_unique<IsoTpStream>(std::make_unique<test::ScriptedBus>(bus, clock), pair, clock);
-      },
-      clock);
-  link.open();
-  const auto ask = [&](std::int32_t address, std::string_view request) {
-    std::string answers;
-    if (!link.send({address, ""}, bytes(request))) return std::string("unreachable");
-    for (Link::Bytes answer; test::received(link, answer, std::chrono::milliseconds(50));)
-      answers += hexText(answer) + "; ";
-    return answers;
-  };
-  EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
-  EXPECT_EQ(ask(0x10, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");
-  EXPECT_EQ(ask(0x18DA10F1, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");  // the same ECU
-  EXPECT_EQ(ask(0x7E0, "3E"), "");
-  // Once it has begun, a long response may take longer than the time for an answer.
-  bus.frameTime = 40ms;
-  EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
-  bus.frameTime = 100us;
-  // An answer that comes too late is not the one to the next request.
-  link.send({0x7E0, ""}, bytes("22 F1 90"));
-  bus.script["03 22 F1 91 CC CC CC CC"] = {"04 62 F1 91 05"};
-  EXPECT_EQ(ask(0x7E0, "22 F1 91"), "62 F1 91 05; ");
-  EXPECT_THAT(pairs, testing::ElementsAre("00 00 07 E0 00 00 07 E8", "18 DA 10 F1 18 DA F1 10"));
-  EXPECT_EQ(ask(0x1001, "3E"), "unreachable");
-  EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), "unreachable");  // no flow control comes
-
-  // After a first frame the others are awaited for N_Cr, however long the answer might have taken.
-  bus.script["03 22 F1 92 CC CC CC CC"] = {"10 08 62 F1 92 01 02 03"};
-  bus.script.erase("30 00 00 CC CC CC CC CC");
-  const Moment before = clock.now();
-  EXPECT_EQ(ask(0x7E0, "22 F1 92"), "");
-  EXPECT_NEAR(static_cast<double>((clock.now() - before).count()), 1e6, 1e5);
-
-  bus.always = "21 00 00 00 00 00 00 00";  // a bus that is never quiet
-  EXPECT_EQ(ask(0x7E0, "3E"), "");
-  EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), "unreachable");
-}
-
 /// A link over these frames; one bus for all pairs.
 IsoTpLink linkOver(std::optional<CanPair> pair, test::ScriptedBus::Log& bus, test::ManualLinkClock& clock) {
   return {pair,
@@ -148,42 +75,89 @@ IsoTpLink linkOver(std::optional<CanPair> pair, test::ScriptedBus::Log& bus, tes
           clock};
 }
 
+/// An ECU whose answer to "09 02" takes two frames.
+struct Car {
+  std::string ask(Link& link, std::int32_t address, std::string_view request) const {
+    return test::ask(link, {address, ""}, request, std::chrono::milliseconds(50));
+  }
+  test::ManualLinkClock clock;
+  test::ScriptedBus::Log bus{.script = {{"02 09 02 CC CC CC CC CC", {"10 0A 49 02 01 31 44 34"}},
+                                        {"30 00 00 CC CC CC CC CC", {"21 47 50 30 30"}}}};
+};
+
+TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
+  Car car;
+  auto& [clock, bus] = car;
+  bus.script["02 09 02 CC CC CC CC CC"] = {"06 7F 09 78", "03 7F 09 78", "10 0A 49 02 01 31 44 34"};
+  bus.script["10 08 2E F1 90 01 02 03"] = {"31 00 00", "30 00 00"};
+  bus.script["21 04 05 CC CC CC CC CC"] = {"03 6E F1 90"};
+  bus.script["03 22 F1 90 CC CC CC CC"] = {"05 62 F1 90 01 02"};
+  IsoTpLink link = linkOver({}, bus, clock);
+  const auto ask = [&](std::int32_t address, std::string_view request) {
+    return car.ask(link, address, request);
+  };
+  // Once it has begun, a long response may take longer than the time for an answer.
+  for (const std::chrono::microseconds frameTime : {40'000us, 100us}) {
+    bus.frameTime = frameTime;
+    EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
+  }
+  EXPECT_EQ(ask(0x10, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");
+  EXPECT_EQ(ask(0x18DA10F1, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");  // the same ECU
+  EXPECT_EQ(ask(0x7E0, "3E"), "");
+  // An answer that comes too late is not the one to the next request.
+  link.send({0x7E0, ""}, bytes("22 F1 90"));
+  bus.script["03 22 F1 91 CC CC CC CC"] = {"04 62 F1 91 05"};
+  EXPECT_EQ(ask(0x7E0, "22 F1 91"), "62 F1 91 05; ");
+  link.send({0x7E0, ""}, bytes("22 F1 90"));
+  EXPECT_TRUE(link.readUnasked({0x7E0, ""}));
+  EXPECT_FALSE(link.readUnasked({0x7E0, ""}));
+  EXPECT_NE(link.answererOf({0x7E0, ""}), link.answererOf({0x10, ""}));
+  EXPECT_THAT(bus.identifiers, ElementsAre(0x7E0, 0x18DA10F1));
+  EXPECT_THAT(bus.ears, ElementsAre(0x7E8, 0x18DAF110));
+  EXPECT_EQ(ask(0x1001, "3E"),
+            "an ECU on CAN needs an address of 0 to 255, 0x700 to 0x7F7 or 0x18DAxxF1, not 4097");
+  const char* const noFlowControl = "the ECU does not take the rest of a long request (no flow control)";
+  EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), noFlowControl);
+
+  // After a first frame the others are awaited for N_Cr, however long the answer might have taken.
+  bus.script["03 22 F1 92 CC CC CC CC"] = {"10 08 62 F1 92 01 02 03"};
+  bus.script.erase("30 00 00 CC CC CC CC CC");
+  const Moment before = clock.now();
+  EXPECT_EQ(ask(0x7E0, "22 F1 92"), "no whole answer came: no more frames came");
+  EXPECT_NEAR(static_cast<double>((clock.now() - before).count()), 1e6, 1e5);
+
+  bus.always = "21 00 00 00 00 00 00 00";  // a bus that is never quiet
+  EXPECT_EQ(ask(0x7E0, "3E"), "");
+  EXPECT_EQ(ask(0x7E0, "22 01 02 03 04 05 06 07"), noFlowControl);
+}
+
 TEST(IsoTpLink, TalksToTheOneThatAnswersARequestToAll) {
   const auto identifiersFor = [](CanPair pair) {
-    test::ManualLinkClock clock;
-    test::ScriptedBus::Log bus;
-    bus.script["02 09 02 CC CC CC CC CC"] = {"10 0A 49 02 01 31 44 34"};
-    bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30"};
-    IsoTpLink link = linkOver(pair, bus, clock);
-    link.open();
-    link.send({}, bytes("09 02"));
-    Link::Bytes answer;
-    EXPECT_TRUE(test::received(link, answer, std::chrono::milliseconds(50)));
-    EXPECT_EQ(hexText(answer), "49 02 01 31 44 34 47 50 30 30");
+    Car car;
+    IsoTpLink link = linkOver(pair, car.bus, car.clock);
+    EXPECT_EQ(car.ask(link, 0, "09 02"), "49 02 01 31 44 34 47 50 30 30; ");
     EXPECT_FALSE(link.send({}, bytes("2E F1 90 01 02 03 04 05")));  // more than a frame
-    return std::vector(bus.identifiers.begin(), bus.identifiers.end());
+    return car.bus.identifiers;
   };
-  EXPECT_THAT(identifiersFor({0x7DF, 0x7E9}), testing::ElementsAre(0x7DF, 0x7E1));
-  EXPECT_THAT(identifiersFor({0x18DB33F1, 0x18DAF110}), testing::ElementsAre(0x18DA10F1, 0x18DB33F1));
+  EXPECT_THAT(identifiersFor({0x7DF, 0x7E9}), ElementsAre(0x7DF, 0x7E1));
+  EXPECT_THAT(identifiersFor({0x18DB33F1, 0x18DAF110}), ElementsAre(0x18DA10F1, 0x18DB33F1));
 }
 
 TEST(IsoTpLink, FindsTheEcusThatAnswerARequestToAll) {
-  test::ManualLinkClock clock;
-  test::ScriptedBus::Log bus;
-  const auto found = [&] {
-    bus.identifiers.clear();
+  Car car;
+  const auto found = [&](std::map<std::uint32_t, std::string> spoken) {
+    car.bus.spoken = std::move(spoken);
+    car.bus.identifiers.clear();
     std::vector<std::int32_t> addresses;
-    IsoTpLink link = linkOver({}, bus, clock);
+    IsoTpLink link = linkOver({}, car.bus, car.clock);
     link.open();
     for (const LinkTarget& ecu : link.findEcus()) addresses.push_back(ecu.address);
     return addresses;
   };
-  bus.spoken = {{0x7E8, "06 41 00 BE 3F A8 13"}, {0x7EA, "03 7F 01 78"}};
-  EXPECT_THAT(found(), testing::ElementsAre(0x7E0, 0x7E2));
-  bus.spoken = {{0x18DAF110, "06 41 00 BE 3F A8 13"}, {0x18DAF11D, "06 41 00 00 08 00 00"}};
-  EXPECT_THAT(found(), testing::ElementsAre(0x10, 0x1D));
-  bus.spoken.clear();
-  EXPECT_THAT(found(), testing::IsEmpty());
+  EXPECT_THAT(found({{0x7E8, "06 41 00 BE 3F A8 13"}, {0x7EA, "03 7F 01 78"}}), ElementsAre(0x7E0, 0x7E2));
+  EXPECT_THAT(found({{0x18DAF110, "06 41 00 BE 3F A8 13"}, {0x18DAF11D, "06 41 00 00 08 00 00"}}),
+              ElementsAre(0x10, 0x1D));
+  EXPECT_THAT(found({}), ElementsAre());
 }
 
 }  // namespace

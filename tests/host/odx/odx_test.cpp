@@ -2,7 +2,7 @@
 #include <zip.h>
 
 #include <fstream>
-#include <functional>
+#include <utility>
 
 #include "SourceDir.h"
 #include "host/odx/OdxImport.h"
@@ -64,18 +64,13 @@ TEST(OdxImport, ReadsContainersAndRefusesWhatIsNone) {
   std::ofstream(folder.path() + "/broken.pdx") << "PK\3\4 and then nothing";
   EXPECT_THAT(failureOf([&] { readPdx(folder.path() + "/broken.pdx"); }),
               HasSubstr("expected a PDX container"));
-  EXPECT_THAT(failureOf([] {
-                importOdx({{"a.odx-d", "<ODX>\n<a></b></ODX>"}}, "x");
-              }),
-              HasSubstr("a.odx-d, line 2"));
-  EXPECT_EQ(failureOf([] {
-              importOdx({{"a.odx-d", "<x/>"}}, "x");
-            }),
-            "a.odx-d: expected an ODX document (root element ODX)");
-  EXPECT_EQ(failureOf([] {
-              importOdx({{"a.odx-d", "<ODX/>"}}, "x");
-            }),
-            "expected ECU variants with read services, found none");
+  const std::pair<const char*, const char*> refusals[] = {
+      {"<ODX>\n<a></b></ODX>", "a.odx-d, line 2"},
+      {"<x/>", "a.odx-d: expected an ODX document (root element ODX)"},
+      {"<ODX/>", "expected ECU variants with read services, found none"},
+  };
+  for (const auto& [document, says] : refusals)
+    EXPECT_THAT(failureOf([text = document] { importOdx({{"a.odx-d", text}}, "x"); }), HasSubstr(says));
 }
 
 }  // namespace

@@ -8,14 +8,11 @@
 namespace tarnlog {
 namespace {
 
-struct SettingsTest : testing::Test {
-  test::TempFolder folder;
+TEST(Settings, OutliveTheProgramAndABrokenFileRaisesUntilItIsWrittenAgain) {
+  const test::TempFolder folder;
   SystemFileSystem files;
-  std::string path = folder / "config/tarnlog2001/settings";
-  FileSettingsStore store{files, path};
-};
-
-TEST_F(SettingsTest, ValuesOutliveTheProgramWhateverTheyHold) {
+  const std::string path = folder / "config/tarnlog2001/settings";
+  FileSettingsStore store(files, path);
   EXPECT_EQ(store.read("PathName"), std::nullopt);
   store.write("PathName", "/data/\u00E9t\u00E9 = 1\n\\new");
   store.write("Period", "");
@@ -23,29 +20,21 @@ TEST_F(SettingsTest, ValuesOutliveTheProgramWhateverTheyHold) {
   EXPECT_EQ(again.read("PathName"), "/data/\u00E9t\u00E9 = 1\n\\new");
   EXPECT_EQ(again.read("Period"), "");
   EXPECT_EQ(again.read("Format"), std::nullopt);
-}
 
-TEST_F(SettingsTest, BrokenFileRaisesUntilItIsWrittenAgain) {
-  store.write("Period", "5");
   for (const std::string broken : {"Period=5\nPathNa", "Period=\xFF\n"}) {
     files.replace(path, broken);
     EXPECT_THROW(store.read("Period"), TarnError) << broken;
   }
   store.write("Period", "7");
   EXPECT_EQ(store.read("Period"), "7");
+  EXPECT_THROW(FileSettingsStore(files, path + "/settings").write("Period", "5"), TarnError);
 }
 
-TEST_F(SettingsTest, FailedWriteRaises) {
-  files.replace(folder / "file", "");
-  FileSettingsStore nowhere(files, folder / "file/settings");
-  EXPECT_THROW(nowhere.write("Period", "5"), TarnError);
-}
-
-TEST(SettingsPath, IsInTheUsersConfigurationFolder) {
+TEST(Settings, AreInTheUsersConfigurationFolder) {
+  setenv("HOME", "/home/user", 1);
   setenv("XDG_CONFIG_HOME", "/home/user/.conf", 1);
   EXPECT_EQ(FileSettingsStore::defaultPath(), "/home/user/.conf/tarnlog2001/settings");
   unsetenv("XDG_CONFIG_HOME");
-  setenv("HOME", "/home/user", 1);
   EXPECT_EQ(FileSettingsStore::defaultPath(), "/home/user/.config/tarnlog2001/settings");
 }
 

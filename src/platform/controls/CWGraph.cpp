@@ -185,11 +185,6 @@ double CWGraph::momentOf(std::int64_t point) const {
   return kept ? points->x(point) : 0;
 }
 
-double CWGraph::valueAt(int plot, int x) const {
-  const std::int64_t point = xy_ ? -1 : pointAt(QPoint(x, plotArea().top()));
-  return point < 0 ? kNone : valueOf(plot, point);
-}
-
 /// Of a time chart, from the left edge of the plot area; as the curves are drawn.
 double CWGraph::chartX(std::int64_t point) const {
   const double wide = plotArea().width();

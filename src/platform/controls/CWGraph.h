@@ -89,8 +89,6 @@ class CWGraph : public QWidget {
   /// Where a plot shows a point, limited to the plot area. A time chart has a place for values that are not
   /// finite, at its bottom.
   QPointF placeOf(int plot, std::int64_t point) const;
-  /// Value of a time chart's plot under this x of the widget; NaN where there is none.
-  double valueAt(int plot, int x) const;
   /// The area inside the axes.
   QRect plotArea() const { return outline_.plotArea(); }
 

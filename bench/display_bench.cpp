@@ -25,7 +25,7 @@
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
 #include "tests/support/TempFolder.h"
-#include "tests/ui/acquisition/LiveDisplay.h"
+#include "tests/ui/live/LiveDisplay.h"
 #include "ui/acquisition/AcqView.h"
 #include "ui/common/QtTimer.h"
 
@@ -80,7 +80,7 @@ class FullScreen {
   QWidget& window() { return display_.window; }
   template <class Kind>
   Kind* find(const char* name) {
-    return display_.find<Kind>(name);
+    return &display_.find<Kind>(name);
   }
 
  private:

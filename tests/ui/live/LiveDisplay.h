@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cmath>
-
 #include "tests/display/DisplayFixture.h"
 #include "tests/support/SteppedClock.h"
+#include "tests/support/WidgetText.h"
 #include "ui/live/GraphicFrameWidget.h"
 
 namespace tarnlog::test {
@@ -31,14 +30,21 @@ struct LiveDisplay : Display {
     scope.ArrangeDisplay(widget.controls(), 40 * kTwipsPerPixel, extra);
     return extra;
   }
+  /// A polling cycle in which every number has this value.
+  void feed(double value) {
+    speed.setValue(value);
+    load.setValue(value);
+    refresh();
+  }
   void refresh() {
     clock.step(50);
     scope.RefreshDisplay();
   }
   template <class Kind = QWidget>
-  Kind* find(const char* name) {
-    return widget.findChild<Kind*>(QLatin1String(name));
+  Kind& find(const std::string& name) {
+    return childOf<Kind>(widget, name.c_str());
   }
+  std::string text(const char* label) { return find<TextLabel>(label).text().toStdString(); }
 
   SteppedClock clock;
   QWidget window;

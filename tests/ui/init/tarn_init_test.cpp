@@ -1,114 +1,138 @@
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QSignalSpy>
-#include <QTest>
-
-#include "tests/ui/init/InitFixture.h"
 #include "ui/init/TarnInit.h"
 
-using namespace tarnlog;
+#include <gtest/gtest.h>
 
+#include <QSignalSpy>
+
+#include "tests/support/Gestures.h"
+#include "tests/support/SmallVehicle.h"
+#include "tests/support/WidgetText.h"
+#include "ui/init/StartSessionText.h"
+
+namespace tarnlog::test {
 namespace {
 
-class TarnInitTest : public testing::Test, protected test::InitFixture {
- protected:
+/// The screen on the small vehicle, which has an ECU each that cannot be offered, or offered and not added.
+struct TarnInitTest : testing::Test {
   TarnInitTest() {
+    session.addEcu("Nowhere", "None", 0).addRequest("Ping");
+    session.addEcu("Everybody", "Broadcast", 255).addRequest("Ping");
+    session.addEcu("Far", "Far", 0x18DA).addRequest("Close");
+    session.addEcu("Farther", "Farther", 0x18DAF110).addRequest("Too far");
     screen.setSession(&session);
     screen.setParameters(parameters);
     screen.resize(900, 600);
     screen.show();
     QApplication::setActiveWindow(&screen);
   }
-
-  template <class T>
-  T& control(const char* name) {
-    T* const found = screen.findChild<T*>(name);
-    if (found == nullptr) throw std::runtime_error(std::string("no control ") + name);
-    return *found;
+  void open(QTreeWidgetItem* item) {
+    tree.setCurrentItem(item);
+    tree.scrollToItem(item);
+    doubleClick(tree, tree.currentIndex());
   }
-  QTreeWidget& tree() { return control<QTreeWidget>("tvRequests"); }
-  QTreeWidget& list() { return control<QTreeWidget>("lvInitScenario"); }
-  void click(const char* button) { QTest::mouseClick(&control<QPushButton>(button), Qt::LeftButton); }
-
-  void doubleClick(QTreeWidgetItem* item) {
-    tree().scrollToItem(item);
-    const QPoint place = tree().visualItemRect(item).center();
-    QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place);
+  QTreeWidgetItem* request(int ecu, int position) { return tree.topLevelItem(ecu)->child(position); }
+  void add(int ecu, int position) {
+    tree.setCurrentItem(request(ecu, position));
+    childOf<QPushButton>(screen, "addData").click();
   }
-  QTreeWidgetItem* request(int ecu, int position) { return tree().topLevelItem(ecu)->child(position); }
-
-  std::string selected() {
-    std::string rows;
-    for (int i = 0; i < list().topLevelItemCount(); ++i)
-      if (list().topLevelItem(i)->isSelected()) rows += std::to_string(i + 1);
-    return rows;
+  /// "Engine|Reset Brakes|Bleed", with the order checked.
+  std::string scenario() const {
+    std::string text;
+    int position = 0;
+    for (const oScenarioRequest& request : *parameters->initScenario) {
+      if (request.Order != ++position) text += "(wrong order) ";
+      text += (position == 1 ? "" : " ") + request.EcuName + "|" + request.RequestName;
+    }
+    return text;
+  }
+  /// The rows as they are seen, which are those of the scenario.
+  std::string rows() const {
+    const std::string shown = itemsText(list, {0, 1});
+    std::string plain = shown;
+    std::erase(plain, '*');
+    EXPECT_EQ(plain, scenario());
+    return shown;
+  }
+  std::string rowsAfter(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    list.setFocus();
+    QTest::keyClick(&list, key, modifiers);
+    return rows();
   }
 
+  SmallVehicle vehicle;
+  ScriptedSession& session = vehicle.session;
+  MemorySettingsStore settings;
+  std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(settings);
   TarnInit screen;
+  QTreeWidget& tree = childOf<QTreeWidget>(screen, "tvRequests");
+  QTreeWidget& list = childOf<QTreeWidget>(screen, "lvInitScenario");
+  QLineEdit& startSession = childOf<QLineEdit>(screen, "TxStartSession");
   QSignalSpy edited{&screen, &TarnInit::edited};
 };
 
-TEST_F(TarnInitTest, RequestsAreAddedMovedAndRemoved) {
-  doubleClick(request(0, 1));
-  EXPECT_EQ(selected(), "1");
-  doubleClick(tree().topLevelItem(1));
-  tree().topLevelItem(1)->setExpanded(true);
-  doubleClick(request(1, 1));
-  tree().setCurrentItem(request(0, 0));
-  click("addData");
-  QTest::keyClick(&tree(), Qt::Key_Return);
-  EXPECT_EQ(scenario(), "Engine/Reset Brakes/Bleed Engine/Status Engine/Status");
-  EXPECT_EQ(list().topLevelItem(1)->text(0), "Brakes");
-  EXPECT_EQ(list().topLevelItem(1)->text(1), "Bleed");
-
-  list().setFocus();
-  list().clearSelection();
-  list().topLevelItem(1)->setSelected(true);
-  list().topLevelItem(2)->setSelected(true);
-  QTest::keyClick(&list(), Qt::Key_Up, Qt::ControlModifier);
-  EXPECT_EQ(scenario(), "Brakes/Bleed Engine/Status Engine/Reset Engine/Status");
-  EXPECT_EQ(selected(), "12");
-  QTest::keyClick(&list(), Qt::Key_Up, Qt::ControlModifier);
-  EXPECT_EQ(selected(), "12") << "the first row is among them: nothing moves";
-  click("dataDown");
-  EXPECT_EQ(scenario(), "Engine/Reset Brakes/Bleed Engine/Status Engine/Status");
-  EXPECT_EQ(selected(), "23");
-  list().setFocus();
-  QTest::keyClick(&list(), Qt::Key_Delete);
-  EXPECT_EQ(scenario(), "Engine/Reset Engine/Status");
-  EXPECT_EQ(edited.count(), 7);
+TEST_F(TarnInitTest, OffersWhatCanBeSentOnly) {
+  session.ecu(0).findRequest("Status")->findData("Key")->unreadable();
+  session.ecu(1).findRequest("Bleed")->addData("Broken").raisingAt("readable");
+  const auto offered = offeredRequests(session);
+  ASSERT_EQ(offered.size(), 4U) << "Engine, Brakes, Far and Farther";
+  EXPECT_EQ(offered[0], (OfferedEcu{"Engine", 16, {"Reset"}}));
+  EXPECT_EQ(offered[1], (OfferedEcu{"Brakes", 40, {"Wheels"}})) << "it failed at Bleed";
 }
 
-TEST_F(TarnInitTest, RefusesAnAddressThatDoesNotFitWithAMessageInPlace) {
-  tree().setCurrentItem(request(3, 0));
-  click("addData");
+TEST_F(TarnInitTest, RequestsAreAddedMovedAndRemoved) {
+  open(request(0, 1));
+  EXPECT_EQ(rows(), "*Engine|Reset");
+  open(tree.topLevelItem(1));
+  tree.topLevelItem(1)->setExpanded(true);
+  open(request(1, 1));
+  add(0, 0);
+  QTest::keyClick(&tree, Qt::Key_Return);
+  EXPECT_EQ(rows(), "*Engine|Reset Brakes|Bleed Engine|Status Engine|Status");
+
+  list.clearSelection();
+  list.topLevelItem(1)->setSelected(true);
+  list.topLevelItem(2)->setSelected(true);
+  for (const char* const again : {"moved", "the first row is among them: nothing moves"})
+    EXPECT_EQ(rowsAfter(Qt::Key_Up, Qt::ControlModifier),
+              "*Brakes|Bleed *Engine|Status Engine|Reset Engine|Status")
+        << again;
+  childOf<QPushButton>(screen, "dataDown").click();
+  EXPECT_EQ(rows(), "Engine|Reset *Brakes|Bleed *Engine|Status Engine|Status");
+  EXPECT_EQ(rowsAfter(Qt::Key_Delete), "*Engine|Reset Engine|Status");
+  EXPECT_EQ(edited.count(), 7);
+
   auto& notice = *screen.findChild<Notice*>();
-  EXPECT_TRUE(notice.isVisible());
-  EXPECT_TRUE(notice.text().startsWith("Farther has the address"));
-  EXPECT_EQ(edited.count(), 0);
-  tree().setCurrentItem(request(2, 0));
-  click("addData");
+  add(3, 0);
+  EXPECT_TRUE(notice.isVisible() && notice.text().startsWith("Farther has the address")) << "too large";
+  EXPECT_EQ(edited.count(), 7);
+  add(2, 0);
   EXPECT_FALSE(notice.isVisible());
-  EXPECT_EQ(scenario(), "Far/Close");
+  EXPECT_EQ(rows(), "*Engine|Reset Engine|Status Far|Close");
+  EXPECT_EQ(parameters->initScenario->Item(3).Address, 0x18DA);
 }
 
 TEST_F(TarnInitTest, TheStartSessionIsKeptAsTypedAndCompletedWhenLeft) {
-  auto& box = control<QLineEdit>("TxStartSession");
-  box.setFocus();
-  QTest::keyClicks(&box, "10G");
-  EXPECT_EQ(parameters->startSession, "10G");
-  EXPECT_FALSE(box.toolTip().isEmpty());
-  QTest::keyClick(&box, Qt::Key_Backspace);
-  QTest::keyClicks(&box, "A ");
-  EXPECT_TRUE(box.toolTip().isEmpty());
+  startSession.setFocus();
+  QTest::keyClicks(&startSession, "10G");
+  EXPECT_FALSE(startSession.toolTip().isEmpty());
+  QTest::keyClick(&startSession, Qt::Key_Backspace);
+  QTest::keyClicks(&startSession, "A ");
+  EXPECT_TRUE(startSession.toolTip().isEmpty());
   EXPECT_EQ(parameters->startSession, "10A ");
-  tree().setFocus();
+  tree.setFocus();
   EXPECT_EQ(parameters->startSession, "010A");
-  EXPECT_EQ(box.text(), "010A");
-  box.setText("10C0");  // as assistive tools do
+  EXPECT_EQ(startSession.text(), "010A");
+  startSession.setText("10C0");  // as assistive tools do
   EXPECT_EQ(parameters->startSession, "10C0");
+}
+
+TEST(StartSessionText, IsPairsOfDigits) {
+  EXPECT_EQ(normalisedStartSession("  10A0 "), "10A0");
+  EXPECT_EQ(normalisedStartSession("   "), "");
+  for (const char* text : {"", "10A0", "10a", " 10 A0 00 "})
+    EXPECT_TRUE(isSendableStartSession(text)) << text;
+  for (const char* text : {"xyz", "10 A", "10 A0", "10-A0"})
+    EXPECT_FALSE(isSendableStartSession(text)) << text;
 }
 
 TEST_F(TarnInitTest, ShowsWhatTheNextConfigurationHolds) {
@@ -117,24 +141,28 @@ TEST_F(TarnInitTest, ShowsWhatTheNextConfigurationHolds) {
   next->startSession = "10C0";
   next->initScenario->Add("Reset", "Engine", 16);
   screen.setParameters(next);
-  EXPECT_EQ(control<QLineEdit>("TxStartSession").text(), "10C0");
-  EXPECT_EQ(list().topLevelItemCount(), 1);
-  EXPECT_EQ(selected(), "1");
+  EXPECT_EQ(startSession.text(), "10C0");
+  EXPECT_EQ(itemsText(list, {0, 1}), "*Engine|Reset");
   EXPECT_TRUE(request(1, 0)->isSelected()) << "the same vehicle: the tree stays as it is";
   // Without a session the rows stay, but they are none of the next configuration's.
   screen.setSession(nullptr);
   screen.setParameters(parameters);
   parameters->initScenario->Add("Bleed", "Brakes", 17);
-  EXPECT_EQ(selected(), "1");
-  list().setFocus();
-  QTest::keyClick(&list(), Qt::Key_Delete);
-  QTest::keyClick(&list(), Qt::Key_Down, Qt::ControlModifier);
-  doubleClick(request(0, 1));
-  EXPECT_FALSE(control<QPushButton>("removeData").isEnabled());
-  EXPECT_EQ(scenario(), "Brakes/Bleed");
-  screen.setParameters(nullptr);
-  EXPECT_EQ(tree().topLevelItemCount(), 0);
+  list.setFocus();
+  QTest::keyClick(&list, Qt::Key_Delete);
+  QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+  open(request(0, 1));
+  EXPECT_EQ(itemsText(list, {0, 1}), "*Engine|Reset");
+  EXPECT_FALSE(childOf<QPushButton>(screen, "removeData").isEnabled());
+  EXPECT_EQ(scenario(), "Brakes|Bleed");
   EXPECT_EQ(edited.count(), 0);
+  startSession.setText("10A0");
+  EXPECT_EQ(parameters->startSession, "10A0") << "the text is a whole";
+  screen.setParameters(nullptr);
+  EXPECT_EQ(tree.topLevelItemCount(), 0);
+  startSession.setText("10B0");
+  QTest::keyClick(&list, Qt::Key_Delete);
 }
 
 }  // namespace
+}  // namespace tarnlog::test

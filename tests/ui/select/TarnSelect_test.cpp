@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QApplication>
@@ -11,20 +12,205 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 #include <QToolBar>
-#include <QTreeView>
 
-#include "tests/ui/select/SelectionFixture.h"
+#include "catalogue/FonctionsSelection.h"
+#include "tests/support/Gestures.h"
+#include "tests/support/ScopeText.h"
+#include "tests/support/SmallVehicle.h"
+#include "tests/support/TreeText.h"
+#include "tests/support/WidgetText.h"
 #include "ui/common/Convert.h"
 
 namespace tarnlog::test {
 namespace {
 
-class SelectScreen : public testing::Test, protected SmallSelection {
- protected:
+/// The catalogue of a small vehicle and a configuration without data.
+struct SmallSelection : testing::Test {
+  std::shared_ptr<SessionDocument> document =
+      std::make_shared<SessionDocument>(std::move(SmallVehicle().catalogue));
+  std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(MemorySettingsStore());
+
+  /// The items in order: "Speed:G Load:I1 Key:D"; an `index` that is not the position shows behind a "#".
+  std::string items() const {
+    std::string text;
+    std::int32_t position = 0;
+    for (oTarnScope& scope : *parameters) {
+      text += (text.empty() ? "" : " ") + scope.DataName + ":" + displayText(scope);
+      if (scope.index != ++position) text += "#" + std::to_string(scope.index);
+    }
+    return text;
+  }
+  oTarnScope& item(const std::string& name) const {
+    for (oTarnScope& scope : *parameters)
+      if (scope.DataName == name) return scope;
+    throw TarnError(1, "SmallSelection", name);
+  }
+};
+
+struct Selection : SmallSelection {
+  Selection() {
+    rules.setXmlSession(document);
+    rules.setParameters(parameters);
+    expandAll();
+  }
+  void expandAll() {
+    const auto ecus = rules.tree().children(CatalogueTree::kRoot);
+    for (const CatalogueNode ecu : ecus) rules.expand(ecu);
+  }
+  bool addTogether(const std::vector<std::string>& names, std::size_t before = SelectionRules::kNoRow) {
+    std::vector<CatalogueNode> nodes;
+    nodes.reserve(names.size());
+    for (const std::string& name : names) nodes.push_back(nodeNamed(rules.tree(), name));
+    return rules.addData(nodes, before);
+  }
+  /// One after the other.
+  bool add(const std::vector<std::string>& names) {
+    bool added = false;
+    for (const std::string& name : names) added |= addTogether({name});
+    return added;
+  }
+  void watch(std::int32_t position) {
+    parameters->startTrigger->typeTrigger = oTarnTrigger::kChannel;
+    parameters->startTrigger->DataIndex = position;
+  }
+  std::string tree() { return treeText(rules.tree()); }
+  /// The rows: "Speed [Load]", the selected one in brackets.
+  std::string list() const {
+    std::string text;
+    for (std::size_t row = 0; row < rules.rows().size(); ++row) {
+      const std::string& name = rules.rows()[row].data;
+      text += (row == 0 ? "" : " ") + (row == rules.selectedRow() ? "[" + name + "]" : name);
+    }
+    return text;
+  }
+
+  SelectionRules rules;
+};
+
+TEST_F(Selection, AddingMakesItemsWithIdentityAndDefaultDisplay) {
+  EXPECT_TRUE(addTogether({"Speed", "Key", "Mode"}));
+  EXPECT_EQ(items(), "Key:G Mode:D Speed:G") << "as they stand in the tree";
+  EXPECT_EQ(list(), "Key Mode [Speed]");
+  EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status[Load Raw]]");
+  oTarnScope& speed = item("Speed");
+  EXPECT_EQ(speed.EcuName + speed.FunctionName + speed.RequestName + speed.DeviceName + speed.Unit,
+            "EngineInjectionStatusWheel sensorkm/h");
+  EXPECT_EQ(speed.FunctionAddress, 16);
+  EXPECT_EQ(parameters->Item(speed.DataKey), &speed);
+  const oTarnGraph& graph = *speed.oTarnGraph();
+  EXPECT_EQ(std::tuple(graph.AxeYAuto, graph.AxeYmaxi, graph.points, graph.position.left),
+            std::tuple(true, 250, 500, -1));
+
+  speed.SetGraphIndex(0, 1);
+  watch(3);
+  EXPECT_TRUE(addTogether({"Front", "Rear"}, 0));
+  EXPECT_EQ(items(), "Front:G Rear:G Key:G Mode:D Speed:I3");
+  EXPECT_EQ(list(), "Front [Rear] Key Mode Speed") << "the rest moves down";
+  EXPECT_EQ(parameters->startTrigger->DataIndex, 5);
+  FillCatalogueTree(*document, rules.tree(), CatalogueKeys(), kFullDepth);
+  EXPECT_FALSE(add({"Speed"})) << "a key that the configuration has is not added twice";
+}
+
+TEST_F(Selection, ARequestOrDeviceStandsForWhatIsLeftBelowItAndAnEcuForNothing) {
+  EXPECT_FALSE(add({"Engine"}));
+  add({"Load"});
+  EXPECT_TRUE(addTogether({"Status", "Speed", "Engine"}));
+  EXPECT_EQ(items(), "Load:G Key:G Mode:D Raw:D Speed:G");
+  EXPECT_EQ(tree(), "Brakes[Wheels[Front Rear]] Engine[Status]");
+  EXPECT_FALSE(add({"Status"}));
+  rules.removeData({4}, 4);
+  rules.setShape('O');
+  expandAll();
+  EXPECT_EQ(tree(), "Brakes Engine[Wheel sensor[Speed (Status)]]");
+  EXPECT_FALSE(rules.addsOnDoubleClick(nodeNamed(rules.tree(), "Wheel sensor")));
+  EXPECT_TRUE(add({"Wheel sensor"}));
+  EXPECT_EQ(list(), "Load Key Mode Raw [Speed]");
+}
+
+// An item without a row must not let the wrong one be removed or moved.
+TEST_F(Selection, ItemsThatTheSessionDoesNotOfferStayWithoutARow) {
+  parameters->Add("x").DataName = "Ghost";
+  add({"Speed", "Load"});
+  EXPECT_EQ(rules.DisplayDataList(), 2);
+  EXPECT_EQ(item("Load").index, 2);
+  EXPECT_TRUE(rules.moveUp(1));
+  EXPECT_EQ(list(), "[Load] Speed");
+  rules.removeData({0}, 0);
+  EXPECT_EQ(list(), "[Speed]");
+  EXPECT_EQ(parameters->Count(), 2);
+}
+
+// Functions of one ECU share its address, and the document finds the first of them by it.
+TEST_F(Selection, DataOfTwoEcusWithOneAddressKeepTheirOwnKeys) {
+  ScriptedSession session;
+  for (const char* name : {"Gearbox", "Retarder"})
+    session.addEcu(name, name, 24).addRequest("Status").addData("Oil", ferrox3::kDouble);
+  rules.setXmlSession(std::make_shared<SessionDocument>(BuildSessionDocument(session)));
+  rules.setParameters(parameters);
+  rules.setShape('D');
+  expandAll();
+  EXPECT_TRUE(add({"Oil (Status)"}) && add({"Oil (Status)"}));
+  const oTarnScope& second = *parameters->Item(std::size_t{2});
+  EXPECT_TRUE(rules.moveUp(1) && rules.moveDown(0) && rules.moveUp(1));
+  EXPECT_EQ(parameters->Item(std::size_t{1}), &second);
+  EXPECT_EQ(parameters->Item(second.DataKey), &second);
+  EXPECT_EQ(second.EcuName, "Retarder");
+}
+
+TEST_F(Selection, UndoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
+  add({"Mode", "Speed", "Load", "Key"});
+  item("Load").SetGraphIndex(0x123456, 2);
+  item("Load").ChangeCaption("Torque");
+  item("Key").SetGraphAxeX("", true, 0, 100, 2);
+  watch(2);
+  const std::string before = items();
+  EXPECT_EQ(before, "Mode:D Speed:G Load:I2 Key:X2");
+  rules.removeData({0, 1}, 0);
+  EXPECT_EQ(items(), "Load:G Key:X2");
+  EXPECT_EQ(parameters->startTrigger->typeTrigger, oTarnTrigger::kManual);
+  rules.removeData({0}, 0);
+  add({"Front"});
+  EXPECT_TRUE(rules.undoRemoval());
+  EXPECT_TRUE(rules.undoRemoval());
+  EXPECT_EQ(items(), before + " Front:G");
+  EXPECT_EQ(list(), "Mode [Speed] Load Key Front");
+  EXPECT_EQ(tree(), "Brakes[Wheels[Rear]] Engine[Status[Raw]]");
+  EXPECT_EQ(item("Load").oTarnGraphIndex()->Caption, "Torque");
+  EXPECT_EQ(item("Load").oTarnGraphIndex()->Color, 0x123456);
+  EXPECT_EQ(parameters->startTrigger->typeTrigger, oTarnTrigger::kChannel);
+  EXPECT_EQ(parameters->startTrigger->DataIndex, 2);
+  EXPECT_FALSE(rules.undoRemoval());
+  rules.removeData({1, 2}, 0);
+  addTogether({"Speed"}, 0);
+  EXPECT_TRUE(rules.undoRemoval());
+  EXPECT_EQ(items(), "Speed:G Mode:D Load:I1 Key:G Front:G") << "without what was added again";
+}
+
+TEST_F(Selection, TheFilterNarrowsTheTreeAndWhatIsGivenBack) {
+  rules.setFilter("bar");
+  EXPECT_EQ(tree(), "Brakes[...]");
+  expandAll();
+  add({"Wheels"});
+  EXPECT_EQ(tree(), "Brakes[Wheels]");
+  rules.setFilter("bar ");
+  EXPECT_EQ(tree(), "") << "all of it is chosen";
+  rules.removeData({0}, 0);
+  EXPECT_EQ(tree(), "Brakes[Wheels[Front]]");
+  rules.setFilter("speed");
+  rules.removeData({0}, 0);
+  EXPECT_EQ(tree(), "Engine[...]");
+  rules.setShape('D');
+  expandAll();
+  EXPECT_EQ(tree(), "Engine[Speed (Status)]");
+  rules.setFilter(" ");
+  EXPECT_EQ(tree(), "Brakes[...] Engine[...]");
+}
+
+// --- the screen
+
+struct SelectScreen : SmallSelection {
   SelectScreen() {
     treeTester.setUseFetchMore(false);  // it would build all ECUs
     screen.resize(900, 500);
@@ -35,8 +221,10 @@ class SelectScreen : public testing::Test, protected SmallSelection {
   }
   template <class T>
   T& child(const char* name) {
-    return *screen.findChild<T*>(name);
+    return childOf<T>(screen, name);
   }
+  void click(const char* button) { child<QAbstractButton>(button).click(); }
+  bool enabled(const char* button) { return child<QAbstractButton>(button).isEnabled(); }
   /// The index of that text, in the tree as far as it is built.
   QModelIndex index(const QString& text) {
     QAbstractItemModel& model = *tree.model();
@@ -53,36 +241,20 @@ class SelectScreen : public testing::Test, protected SmallSelection {
     for (const QString& text : texts)
       tree.selectionModel()->setCurrentIndex(index(text), QItemSelectionModel::Select);
   }
-  void doubleClick(const QString& text) {
-    const QPoint place = tree.visualRect(index(text)).center();
-    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, place);
-  }
+  void open(const QString& text) { doubleClick(tree, index(text)); }
   void selectRows(const std::vector<int>& rows) {
     list.clearSelection();
     for (const int row : rows)
       list.selectionModel()->setCurrentIndex(list.model()->index(row, 0),
                                              QItemSelectionModel::Select | QItemSelectionModel::Rows);
   }
-  /// The rows as shown, selected ones in brackets.
-  std::string rows() {
-    QStringList texts;
-    for (int row = 0; row < list.model()->rowCount(); ++row) {
-      const QModelIndex at = list.model()->index(row, 0);
-      texts << (list.selectionModel()->isSelected(at) ? "[" + at.data().toString() + "]"
-                                                      : at.data().toString());
-    }
-    return fromQString(texts.join(' '));
-  }
-  /// What is expanded in the tree, with what is below: "Engine[Status[Key Load]] Brakes".
-  std::string shown(const QModelIndex& parent = {}) {
-    QStringList texts;
-    for (int row = 0; row < tree.model()->rowCount(parent); ++row) {
-      const QModelIndex at = tree.model()->index(row, 0, parent);
-      texts << at.data().toString();
-      if (tree.isExpanded(at)) texts.back() += toQString("[" + shown(at) + "]");
-    }
-    return fromQString(texts.join(' '));
+  /// The rows, selected ones with a star.
+  std::string rows() { return itemsText(list); }
+  /// The tree as far as it is expanded, whatever is selected.
+  std::string shown() {
+    std::string text = itemsText(tree);
+    std::erase(text, '*');
+    return text;
   }
 
   TarnSelect screen;
@@ -94,60 +266,51 @@ class SelectScreen : public testing::Test, protected SmallSelection {
 };
 
 TEST_F(SelectScreen, AWalkWithMouseAndKeys) {
-  doubleClick("Engine");
+  EXPECT_FALSE(enabled("addData") || enabled("removeData"));
+  open("Engine");
   EXPECT_EQ(shown(), "Brakes Engine[Status]");
+  select({"Engine"});
+  click("addData");
+  EXPECT_EQ(rows(), "");
   expand("Status");
-  doubleClick("Speed");
-  EXPECT_EQ(rows(), "[Speed]");
-  doubleClick("Status");
-  EXPECT_EQ(rows(), "Speed Key Load Mode [Raw]");
+  open("Speed");
+  open("Status");
+  EXPECT_EQ(rows(), "Speed Key Load Mode *Raw");
   EXPECT_EQ(shown(), "Brakes Engine[Status[]]");
   EXPECT_EQ(edits.count(), 2);
 
   list.setFocus();
+  click("dataUp");
   QTest::keyClick(&list, Qt::Key_Up, Qt::ControlModifier);
-  EXPECT_EQ(rows(), "Speed Key Load [Raw] Mode");
-  QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
-  QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
-  EXPECT_EQ(rows(), "Speed Key Load Mode [Raw]");
-  EXPECT_EQ(edits.count(), 4) << "down on the last row does nothing";
+  EXPECT_EQ(rows(), "Speed Key *Raw Load Mode");
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(rows(), "Speed Key Load Mode *Raw");
+  EXPECT_EQ(edits.count(), 6) << "down on the last row does nothing";
 
   selectRows({1, 3});
   QTest::keyClick(&list, Qt::Key_Delete);
-  EXPECT_EQ(rows(), "Speed Load [Raw]");
-  EXPECT_EQ(fromQString(index("Key").data().toString()), "Key");
+  EXPECT_EQ(rows(), "Speed Load *Raw");
+  EXPECT_EQ(shown(), "Brakes Engine[Status[Key Mode]]");
   QTest::keyClick(&list, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(rows(), "Speed Key Load [Mode] Raw");
-  EXPECT_EQ(edits.count(), 6);
+  EXPECT_EQ(rows(), "Speed Key Load *Mode Raw");
+  EXPECT_EQ(edits.count(), 8);
   selectRows({0});
   QTest::keyClick(&list, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(rows(), "[Speed] Key Load Mode Raw") << "nothing to take back leaves the selection alone";
-  EXPECT_EQ(edits.count(), 6);
-}
+  EXPECT_EQ(rows(), "*Speed Key Load Mode Raw") << "nothing to take back leaves the selection alone";
 
-TEST_F(SelectScreen, ButtonsActOnWhatIsSelected) {
-  auto& addData = child<QPushButton>("addData");
-  auto& removeData = child<QPushButton>("removeData");
-  EXPECT_FALSE(addData.isEnabled());
-  EXPECT_FALSE(removeData.isEnabled());
-  expand("Engine");
-  expand("Brakes");
-  select({"Engine"});
-  addData.click();
+  // Another configuration, and no vehicle.
+  parameters->RemoveAll();
+  list.viewport()->grab();
+  EXPECT_EQ(rows(), "*Speed Key Load Mode Raw");
+  screen.setParameters(parameters);
+  QTest::keyClick(&list, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(rows(), "");
-  select({"Speed", "Wheels", "Key"});
-  addData.click();
-  EXPECT_EQ(rows(), "Front Rear Key [Speed]");
-  EXPECT_EQ(edits.count(), 1);
-  screen.findChild<QAbstractButton*>("dataUp")->click();
-  EXPECT_EQ(rows(), "Front Rear [Speed] Key");
-  removeData.click();
-  EXPECT_EQ(rows(), "Front Rear [Key]");
-  selectRows({0, 1, 2});
-  removeData.click();
-  EXPECT_EQ(rows(), "");
-  EXPECT_FALSE(removeData.isEnabled());
-  EXPECT_EQ(items(), "");
+  expand("Status");
+  EXPECT_EQ(shown(), "Brakes Engine[Status[Key Load Mode Raw Speed]]");
+  screen.setXmlSession(nullptr);
+  screen.setParameters(nullptr);
+  EXPECT_EQ(shown(), "");
+  EXPECT_FALSE(enabled("removeData"));
 }
 
 TEST_F(SelectScreen, TheShapeIsChosenWithTheToolbar) {
@@ -169,7 +332,7 @@ TEST_F(SelectScreen, TheShapeIsChosenWithTheToolbar) {
 TEST_F(SelectScreen, TabGoesThroughTheScreenAsItIsSeen) {
   expand("Engine");
   select({"Status"});
-  child<QPushButton>("addData").click();
+  click("addData");
   select({"Engine"});
   auto& bar = child<QToolBar>("TbSelect");
   bar.widgetForAction(bar.actions().front())->setFocus();
@@ -192,25 +355,21 @@ TEST_F(SelectScreen, FiltersFindWhileTyping) {
   EXPECT_EQ(shown(), "Brakes[Wheels] Engine[Status[Key Load Mode Raw Speed]]")
       << "the finding stays in sight";
   select({"Status"});
-  child<QPushButton>("addData").click();
+  click("addData");
   auto& listFilter = child<QLineEdit>("filterToRecord");
   QTest::keyClicks(&listFilter, "km/h");
-  EXPECT_EQ(rows(), "[Speed]");
-  EXPECT_FALSE(screen.findChild<QAbstractButton*>("dataUp")->isEnabled());
+  EXPECT_EQ(rows(), "*Speed");
+  EXPECT_FALSE(enabled("dataUp"));
   const auto& hidden = child<QLabel>("hiddenToRecord");
   EXPECT_EQ(fromQString(hidden.text()), "4 hidden");
-  child<QPushButton>("removeData").click();
+  click("removeData");
   EXPECT_EQ(rows(), "");
   listFilter.setText("o");
   EXPECT_EQ(rows(), "Load Mode");
   list.setCurrentIndex(list.model()->index(1, 0));
-  child<QPushButton>("removeData").click();
-  EXPECT_EQ(rows(), "[Load]") << "the filter stays, and what is selected can be seen";
+  click("removeData");
+  EXPECT_EQ(rows(), "*Load") << "the filter stays, and what is selected can be seen";
   EXPECT_EQ(fromQString(hidden.text()), "2 hidden");
-  select({"Speed"});
-  child<QPushButton>("addData").click();
-  EXPECT_EQ(rows(), "Load");
-  EXPECT_EQ(fromQString(hidden.text()), "3 hidden");
   listFilter.clear();
   EXPECT_FALSE(hidden.isVisible());
 }
@@ -237,13 +396,16 @@ TEST_F(SelectScreen, DragsFromTreeToListInsideTheListAndBack) {
   EXPECT_FALSE(drop(tree, {index("Engine")}, list, -1));
   EXPECT_TRUE(drop(tree, {index("Speed"), index("Load")}, list, -1));
   EXPECT_TRUE(drop(tree, {index("Key")}, list, 1));
-  EXPECT_EQ(rows(), "Load [Key] Speed");
+  EXPECT_EQ(rows(), "Load *Key Speed");
+  EXPECT_TRUE(drop(list, {at(0), at(2)}, list, 2));
+  EXPECT_EQ(rows(), "Key *Load Speed");
+  EXPECT_TRUE(drop(list, {at(1)}, list, 0));
   EXPECT_TRUE(drop(list, {at(0), at(1)}, list, -1));
-  EXPECT_EQ(rows(), "Speed [Load] Key");
+  EXPECT_EQ(rows(), "Speed *Load Key");
   EXPECT_TRUE(drop(list, {at(2)}, list, 0));
   EXPECT_EQ(items(), "Key:G Speed:G Load:G");
   EXPECT_TRUE(drop(list, {at(1)}, tree, 0));
-  EXPECT_EQ(rows(), "[Key] Load");
+  EXPECT_EQ(rows(), "*Key Load");
   EXPECT_TRUE(index("Speed").isValid());
   EXPECT_FALSE(drop(tree, {index("Speed")}, tree, 0));
 
@@ -255,20 +417,14 @@ TEST_F(SelectScreen, DragsFromTreeToListInsideTheListAndBack) {
 
 TEST_F(SelectScreen, ColumnsShareTheListAndScaleWithIt) {
   QHeaderView& header = *list.header();
-  const auto title = [&](int column, int role) {
-    return fromQString(list.model()->headerData(column, Qt::Horizontal, role).toString());
-  };
-  EXPECT_EQ(title(0, Qt::DisplayRole) + title(1, Qt::DisplayRole) + title(2, Qt::DisplayRole) +
-                title(3, Qt::DisplayRole),
-            "DataRequestECUDevice");
-  EXPECT_EQ(title(2, Qt::UserRole) + title(3, Qt::UserRole), "UCEDevice");
+  const auto title = [&](int column) { return list.model()->headerData(column, Qt::Horizontal).toString(); };
+  EXPECT_EQ(title(0) + title(1) + title(2) + title(3), "DataRequestECUDevice");
   const int before = list.viewport()->width();
   EXPECT_NEAR(header.sectionSize(0), before / 3.0 - 4, 1);
   EXPECT_NEAR(header.sectionSize(3), before / 6.0, 1);
   header.resizeSection(0, 50);
   screen.resize(1500, 500);
   const double growth = static_cast<double>(list.viewport()->width()) / before;
-  ASSERT_GT(growth, 1.3);
   EXPECT_NEAR(header.sectionSize(0), 50 * growth, 1);
   EXPECT_NEAR(header.sectionSize(1), before / 3.0 * growth, 2);
 }
@@ -279,30 +435,14 @@ TEST_F(SelectScreen, SaysWhichDataCannotBeRemovedAndWhatDataAre) {
   const QString tip = index("Speed").data(Qt::ToolTipRole).toString();
   for (const char* part : {"Speed", "Status", "Engine", "Wheel sensor", "km/h", "0 to 250"})
     EXPECT_TRUE(tip.contains(part)) << part;
-  child<QPushButton>("addData").click();
+  click("addData");
   item("Speed").RequestName = "Gone";
-  child<QPushButton>("removeData").click();
+  click("removeData");
   const auto* const box = screen.findChild<QMessageBox*>();
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(fromQString(box->text()), "Internal error, data Speed not found");
-  EXPECT_EQ(rows(), "[Speed]");
+  EXPECT_EQ(rows(), "*Speed");
   EXPECT_EQ(edits.count(), 1);
-}
-
-TEST_F(SelectScreen, SurvivesTheReplacementOfConfigurationAndVehicle) {
-  expand("Engine");
-  doubleClick("Status");
-  parameters->RemoveAll();
-  list.viewport()->grab();
-  EXPECT_EQ(rows(), "Key Load Mode Raw [Speed]");
-  screen.setParameters(parameters);
-  EXPECT_EQ(rows(), "");
-  EXPECT_EQ(shown(), "Brakes Engine[Status]");
-  EXPECT_TRUE(index("Speed").isValid());
-  screen.setXmlSession(nullptr);
-  screen.setParameters(nullptr);
-  EXPECT_EQ(tree.model()->rowCount() + screen.DisplayDataList(), 0);
-  screen.Clear();
 }
 
 }  // namespace

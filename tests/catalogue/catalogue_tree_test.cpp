@@ -5,7 +5,6 @@
 #include "catalogue/CatalogueSearch.h"
 #include "catalogue/FoldedText.h"
 #include "catalogue/FonctionsSelection.h"
-#include "platform/base/TarnError.h"
 #include "tests/support/SmallVehicle.h"
 #include "tests/support/TreeText.h"
 
@@ -56,16 +55,6 @@ TEST_F(FilledTree, EcusComeFirstAndAreBuiltOnce) {
   EXPECT_EQ(treeText(tree), "");
 }
 
-TEST_F(FilledTree, ARequestWithoutANameIsNotTakenForAnEcuToBuild) {
-  ScriptedSession session;
-  auto& ecu = session.addEcu("E", "F", 1);
-  ecu.addRequest("", "21 01").addData("Speed");
-  ecu.addRequest("B").addData("Load");
-  vehicle.catalogue = BuildSessionDocument(session);
-  fill('R');
-  EXPECT_EQ(expand("E"), "E[[Speed] B[Load]]");
-}
-
 TEST_F(FilledTree, InShapeODevicesOfOneNameAreOneNodeOverAllEcus) {
   ScriptedSession session;
   auto& request = session.addEcu("E1", "F", 1).addRequest("R");
@@ -102,24 +91,27 @@ TEST_F(FilledTree, GivesDataBackWhereTheyStood) {
   fill('R');
   GiveDataNodeBack(tree, data("Status", "Speed"));
   EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]") << "it comes when the ECU is built";
-}
-
-TEST_F(FilledTree, MakesMissingParentsWhenDataAreGivenBack) {
   fill('R', kFullDepth);
   tree.remove(nodeNamed(tree, "Engine"));
   GiveDataNodeBack(tree, data("Status", "Speed"));
-  EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]");
+  EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]") << "with what is above it";
   tree.mode = 'O';
   GiveDataNodeBack(tree, data("Status", "Load"));
   EXPECT_EQ(treeText(tree), "Brakes[Wheels[Front Rear]] Engine[Status[Speed]]") << "no device, no place";
 }
 
-TEST_F(FilledTree, KeysAreUnique) {
-  const CatalogueNode node = tree.add(CatalogueTree::kRoot, {"Kx", "X"});
-  EXPECT_THROW(tree.add(node, {"Kx", "Y"}), TarnError);
-  tree.remove(node);
-  EXPECT_EQ(tree.find("Kx"), CatalogueTree::kNone);
-  tree.add(CatalogueTree::kRoot, {"Kx", "Y"});
+TEST_F(FilledTree, TellsReferenceDefinitionsAndRequestsWithoutAName) {
+  ScriptedSession session;
+  auto& ecu = session.addEcu("E", "F", 1);
+  ecu.addRequest("A").addData("Twice");
+  ecu.addRequest("", "21 01").addData("Speed");
+  ecu.pointTableTo(ecu.addRequest("B").addData("Twice"));
+  vehicle.catalogue = BuildSessionDocument(session);
+  fill('R');
+  EXPECT_EQ(expand("E"), "E[[Speed] A[Twice] B[Twice]]") << "no name is not an ECU to build";
+  fill('D', kFullDepth);
+  EXPECT_EQ(imageOf("Twice (A)"), CatalogueImage::data);
+  EXPECT_EQ(imageOf("Twice (B)"), CatalogueImage::reference);
 }
 
 TEST_F(FilledTree, SearchFindsEveryWordInNameUnitRequestOrEcu) {
@@ -132,8 +124,6 @@ TEST_F(FilledTree, SearchFindsEveryWordInNameUnitRequestOrEcu) {
   choose("Status", "Load");
   choose("Wheels", "Front");
   EXPECT_EQ(find("o"), "Engine[Status[Mode]]") << "chosen data are not found, nor what is above them alone";
-  EXPECT_TRUE(CatalogueSearch::matches(data("Status", "Load"), "eng LOA %"));
-  EXPECT_FALSE(CatalogueSearch::matches(data("Status", "Load"), "eng bar"));
 }
 
 TEST(FoldedText, LeavesOutCaseAndAccents) {
@@ -141,18 +131,6 @@ TEST(FoldedText, LeavesOutCaseAndAccents) {
   EXPECT_LT(compareFolded("débit", "Decrease"), 0);
   EXPECT_EQ(compareFolded("Über", "uber"), 0);
   EXPECT_LT(compareFolded("ab", "abc"), 0);
-}
-
-TEST_F(FilledTree, ImagesTellReferenceDefinitions) {
-  ScriptedSession session;
-  auto& ecu = session.addEcu("E", "F", 1);
-  ecu.addRequest("A").addData("Twice");
-  auto& second = ecu.addRequest("B").addData("Twice");
-  ecu.pointTableTo(second);
-  vehicle.catalogue = BuildSessionDocument(session);
-  fill('D', kFullDepth);
-  EXPECT_EQ(imageOf("Twice (A)"), CatalogueImage::data);
-  EXPECT_EQ(imageOf("Twice (B)"), CatalogueImage::reference);
 }
 
 }  // namespace

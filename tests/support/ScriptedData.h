@@ -1,7 +1,5 @@
 #pragma once
 
-#include <deque>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -93,15 +91,6 @@ class ScriptedData : public ferrox3::DataItem {
     value_ = std::move(value);
     text_ = text ? *std::move(text) : textOf(value_);
   }
-  /// One of these at each send of the request; the last one stays.
-  void queue(std::initializer_list<ferrox3::Value> values) {
-    for (const ferrox3::Value& value : values) queue_.push_back(value);
-  }
-  void takeQueued() {
-    if (queue_.empty()) return;
-    setValue(std::move(queue_.front()));
-    queue_.pop_front();
-  }
 
   const std::string& name() const override { return checked("name", name_); }
   bool readable() const override { return checked("readable", readable_); }
@@ -135,13 +124,6 @@ class ScriptedData : public ferrox3::DataItem {
       appendNumber(text, *number, '.');
     } else if (const auto* string = std::get_if<std::string>(&value)) {
       text = *string;
-    } else {
-      static const char* const kDigits = "0123456789ABCDEF";
-      for (const std::uint8_t byte : std::get<ferrox3::Bytes>(value)) {
-        if (!text.empty()) text += ' ';
-        text += kDigits[byte >> 4];
-        text += kDigits[byte & 15];
-      }
     }
     return text;
   }
@@ -159,7 +141,6 @@ class ScriptedData : public ferrox3::DataItem {
   std::string raisingAt_;
   ferrox3::Value value_;
   std::string text_;
-  std::deque<ferrox3::Value> queue_;
 };
 
 }  // namespace tarnlog::test

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -25,9 +24,6 @@ class ScriptedRequest : public ferrox3::Request {
   bool isAvailable = true;
   std::string answer = "61 80";  ///< what `receivedText` gives
   Failing failing;               ///< of `send`
-  /// Runs at each send that succeeds, before the queued values are taken.
-  std::function<void()> onSend;
-  int sent = 0;  ///< how often it was sent, failures included
 
   const std::string& name() const override { return name_; }
   bool available() const override { return isAvailable; }
@@ -149,11 +145,8 @@ inline ScriptedData& ScriptedRequest::addData(std::string name, std::int32_t typ
 }
 
 inline void ScriptedRequest::send() {
-  ++sent;
   script_.call("send " + ecu_.name() + " " + name_);
   failing.check();
-  if (onSend) onSend();
-  for (const auto& item : data_) item->takeQueued();
 }
 
 }  // namespace tarnlog::test

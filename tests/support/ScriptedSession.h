@@ -15,7 +15,7 @@ namespace tarnlog::test {
 ///   auto& engine = session.addEcu("Engine", "Injection", 0x10, "KWP2000");
 ///   auto& status = engine.addRequest("Status", "21 80");
 ///   auto& speed = status.addData("Speed", ferrox3::kDouble, "km/h", 0, 250);
-///   speed.setValue(12.5);              // or speed.queue({1.0, 2.0}): one at each send
+///   speed.setValue(12.5);
 ///   status.failing.next("no answer");  // the next send raises
 ///   session.script.whileWaiting = [&] { ... };  // runs inside every call that waits for the vehicle
 class ScriptedSession : public ferrox3::Session {

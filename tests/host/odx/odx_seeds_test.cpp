@@ -1,3 +1,0 @@
-#include "tests/support/FuzzSeeds.h"
-
-TEST(OdxSeeds, PassTheFuzzersChecks) { tarnlog::test::runFuzzSeeds("odx_fuzzer", LLVMFuzzerTestOneInput); }

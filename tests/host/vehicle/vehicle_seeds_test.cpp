@@ -1,5 +1,0 @@
-#include "tests/support/FuzzSeeds.h"
-
-TEST(VehicleSeeds, PassTheFuzzersChecks) {
-  tarnlog::test::runFuzzSeeds("vehicle_fuzzer", LLVMFuzzerTestOneInput);
-}

@@ -23,10 +23,6 @@ void oScenario::Remove(std::size_t position) {
   RefreshOrder();
 }
 
-void oScenario::RemoveRequest(const oScenarioRequest& request) {
-  if (const std::size_t position = requests_.positionOf(request); position != 0) Remove(position);
-}
-
 std::int16_t oScenario::MoveUp(oScenarioRequest& request) {
   if (const std::size_t position = requests_.positionOf(request); position > 1)
     requests_.move(position, position - 1);

@@ -25,8 +25,6 @@ class oScenario {
   oScenarioRequest& Item(std::size_t position) const { return requests_.Item(position); }
   std::int32_t Count() const { return static_cast<std::int32_t>(requests_.Count()); }
   void Remove(std::size_t position);
-  /// Removes this very object; one that is not in the list changes nothing.
-  void RemoveRequest(const oScenarioRequest& request);
   /// The new position. At the edge, or not in the list: nothing moves, and its `Order` is returned.
   std::int16_t MoveUp(oScenarioRequest& request);
   std::int16_t MoveDown(oScenarioRequest& request);

@@ -28,7 +28,7 @@ class ConfigurationFixture : public testing::Test {
 
   /// A version 2.0 file with this inside "Parameters", and these "Data" elements.
   void loadParts(const std::string& insideParameters, const std::string& datas = "") {
-    load("<Tarnlog2000 Version=\"2.0\"><Parameters>" + insideParameters + "</Parameters><Datas>" + datas +
+    load("<Tarnlog2000 Version='2.0'><Parameters>" + insideParameters + "</Parameters><Datas>" + datas +
          "</Datas></Tarnlog2000>");
   }
 
@@ -51,14 +51,14 @@ class ConfigurationFixture : public testing::Test {
     return text;
   }
 
-  /// One "Data" element: `data("1", "Engine/Status/Speed", "Graph", "caption=\"x\"")`.
+  /// One "Data" element: `data("1", "Engine/Status/Speed", "Graph", "caption='x'")`.
   static std::string data(const std::string& index, const std::string& path, const std::string& type = "None",
                           const std::string& settings = "") {
     const std::size_t first = path.find('/'), second = path.find('/', first + 1);
     const std::string ecu = path.substr(0, first);
-    return "<Data index=\"" + index + "\" name=\"" + path.substr(second + 1) + "\" request=\"" +
-           path.substr(first + 1, second - first - 1) + "\"><ECU name=\"" + ecu + "\" function=\"" +
-           (ecu == "Engine" ? "Injection" : "ABS") + "\"/><Scope type=\"" + type + "\"><" + type + " " +
+    return "<Data index='" + index + "' name='" + path.substr(second + 1) + "' request='" +
+           path.substr(first + 1, second - first - 1) + "'><ECU name='" + ecu + "' function='" +
+           (ecu == "Engine" ? "Injection" : "ABS") + "'/><Scope type='" + type + "'><" + type + " " +
            settings + "/></Scope></Data>";
   }
 

@@ -19,7 +19,8 @@ class ScopeList : public oTarnParameters {
     for (std::string word; words >> word;) add(word);
   }
 
-  /// The items as they stand; an `index` that is not the position shows behind a "#".
+  /// The items as they stand; an `index` that is not the position shows behind a "#". What triggers watch
+  /// follows: "start=2 stop=1".
   std::string text() const {
     std::string text;
     std::int32_t position = 0;
@@ -28,6 +29,10 @@ class ScopeList : public oTarnParameters {
       text += scope.DataKey + ":" + displayText(scope);
       if (scope.index != ++position) text += "#" + std::to_string(scope.index);
     }
+    if (startTrigger->typeTrigger == oTarnTrigger::kChannel)
+      text += " start=" + std::to_string(startTrigger->DataIndex);
+    if (stopTrigger->typeTrigger == oTarnTrigger::kChannel)
+      text += " stop=" + std::to_string(stopTrigger->DataIndex);
     return text;
   }
 

@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include <sstream>
 
 #include "tests/config/ConfigurationFixture.h"
@@ -10,29 +12,15 @@ namespace {
 
 class ConfigurationLoad : public ConfigurationFixture {
  protected:
-  std::string loadError(const std::string& bytes) {
-    const std::string error = errorOf([&] { load(bytes); });
-    const std::string head = "1 LoadXmlConfiguration load error: ";
-    EXPECT_TRUE(error.starts_with(head)) << error;
-    return error.substr(head.size());
-  }
-
-  /// The start trigger as read from its element: "type edge level index prepost restart".
-  std::string startFrom(const std::string& element) {
-    loadParts("<Recording><Trigger>" + element + "</Trigger></Recording>");
-    const oTarnTrigger& trigger = *parameters.startTrigger;
-    return values(trigger) + (trigger.restart ? " restart" : "");
-  }
-  /// "type edge level index prepost seconds"
-  std::string stopFrom(const std::string& element) {
-    loadParts("<Recording><Trigger>" + element + "</Trigger></Recording>");
-    return values(*parameters.stopTrigger) + " " + std::to_string(parameters.stopTrigger->timeSeconde);
-  }
-
-  static std::string values(const oTarnTrigger& trigger) {
+  /// Both triggers as read from their elements: twice "type edge level index prepost", then "seconds
+  /// restart".
+  std::string triggersFrom(const std::string& elements) {
+    loadParts("<Recording><Trigger>" + elements + "</Trigger></Recording>");
     std::ostringstream text;
-    text << trigger.typeTrigger << ' ' << trigger.edge << ' ' << trigger.level << ' ' << trigger.DataIndex
-         << ' ' << trigger.prepost;
+    for (const oTarnTrigger* const each : {&*parameters.startTrigger, &*parameters.stopTrigger})
+      text << each->typeTrigger << ' ' << each->edge << ' ' << each->level << ' ' << each->DataIndex << ' '
+           << each->prepost << ' ';
+    text << parameters.stopTrigger->timeSeconde << (parameters.startTrigger->restart ? " restart" : "");
     return text.str();
   }
 };
@@ -40,41 +28,34 @@ class ConfigurationLoad : public ConfigurationFixture {
 }  // namespace
 
 TEST_F(ConfigurationLoad, WhatIsNoConfigurationIsRefusedWithItsPlace) {
-  EXPECT_EQ(loadError("<Other/>"), "the file /rec/braking.xml is not a Tarnlog file");
-  EXPECT_EQ(loadError("<Tarnlog2000 Version=\"3.0\"/>"),
-            "File /rec/braking.xml : Unknown Tarnlog version (3.0)");
-  EXPECT_EQ(loadError("<Tarnlog2000/>"), "File /rec/braking.xml : Unknown Tarnlog version ()");
-  const std::string cut = loadError("<Tarnlog2000 Version=\"2.0\">\n<Parameters>");
-  EXPECT_EQ(cut.rfind("File : /rec/braking.xml, Line : 2, LinePos : ", 0), 0U) << cut;
-  EXPECT_NE(cut.find(", Reason : "), std::string::npos);
-  const std::string empty = loadError("");
-  EXPECT_EQ(empty.rfind("File : /rec/braking.xml, Reason : ", 0), 0U) << empty;
-}
-
-TEST_F(ConfigurationLoad, AFileThatCannotBeReadIsALoadError) {
+  for (const auto& [bytes, error] :
+       {std::pair("<Other/>", "the file /rec/braking.xml is not a Tarnlog file"),
+        {"<Tarnlog2000 Version='3.0'/>", "File /rec/braking.xml : Unknown Tarnlog version (3.0)"},
+        {"<Tarnlog2000/>", "File /rec/braking.xml : Unknown Tarnlog version ()"},
+        {"<Tarnlog2000 Version='2.0'>\n<Parameters>",
+         "File : /rec/braking.xml, Line : 2, LinePos : 12, Reason : "},
+        {"", "File : /rec/braking.xml, Reason : "}})
+    EXPECT_THAT(errorOf([&] { load(bytes); }),
+                testing::StartsWith(std::string("1 LoadXmlConfiguration load error: ") + error));
   EXPECT_EQ(errorOf([&] { parameters.LoadXmlConfiguration(files, "/rec/none.xml", vehicle.catalogue); }),
             "1 LoadXmlConfiguration load error: File : /rec/none.xml, Reason : No such file or directory");
 }
 
 TEST_F(ConfigurationLoad, AbsentKeepsAndEmptyEmpties) {
+  const auto texts = [&] {
+    return parameters.userDescription + "/" + parameters.startSession + "/" + parameters.filePrefix + "/" +
+           parameters.fileFolder + "/" + std::to_string(parameters.recordingPeriod);
+  };
   parameters.userDescription = "before";
   parameters.startSession = "10 C0";
   parameters.filePrefix = "p";
   parameters.recordingPeriod = 7;
-  loadParts("<Recording><File folder=\"/rec\"/></Recording>");
-  EXPECT_EQ(parameters.userDescription, "before");
-  EXPECT_EQ(parameters.startSession, "10 C0");
-  EXPECT_EQ(parameters.filePrefix, "p");
-  EXPECT_EQ(parameters.fileFolder, "/rec");
-  loadParts(
-      "<Comment/><StartSession></StartSession><Recording period=\"-1\"><File prefix=\"\"/></Recording>");
-  EXPECT_EQ(parameters.userDescription, "");
-  EXPECT_EQ(parameters.startSession, "");
-  EXPECT_EQ(parameters.filePrefix, "");
-  EXPECT_EQ(parameters.recordingPeriod, 7);
-  loadParts("<Comment>one<![CDATA[ & ]]><!-- not this -->two</Comment><Recording period=\"0\"/>");
-  EXPECT_EQ(parameters.userDescription, "one & two");
-  EXPECT_EQ(parameters.recordingPeriod, 0);
+  loadParts("<Recording><File folder='/rec'/></Recording>");
+  EXPECT_EQ(texts(), "before/10 C0/p//rec/7");
+  loadParts("<Comment/><StartSession></StartSession><Recording period='-1'><File prefix=''/></Recording>");
+  EXPECT_EQ(texts(), "////rec/7");
+  loadParts("<Comment>one<![CDATA[ & ]]><!-- not this -->two</Comment><Recording period='0'/>");
+  EXPECT_EQ(texts(), "one & two////rec/0");
 }
 
 TEST_F(ConfigurationLoad, AFileWithoutParametersChangesNothing) {
@@ -84,33 +65,32 @@ TEST_F(ConfigurationLoad, AFileWithoutParametersChangesNothing) {
   EXPECT_EQ(parameters.startTrigger->typeTrigger, oTarnTrigger::kChannel);
 }
 
-TEST_F(ConfigurationLoad, StartTriggers) {
-  EXPECT_EQ(startFrom("<Start prepost=\"-5\" restart=\"1\" type=\"Channel\">"
-                      "<Channel edge=\"-1\" level=\"1.5 bar\" index=\"2\"/></Start>"),
-            "1 -1 1.5 2 -5 restart");
-  EXPECT_EQ(startFrom("<Start restart=\"true\" type=\"Channel\"/>"), "0 1 0 2 0");
-  EXPECT_EQ(startFrom("<Start type=\"Channel\"><Channel edge=\"-1\" level=\"3\" index=\"first\"/></Start>"),
-            "0 -1 3 2 0");
-  EXPECT_EQ(startFrom("<Start prepost=\"5 s\" type=\"Channel\"><Channel edge=\"up\" index=\" 4 \"/></Start>"),
-            "1 1 0 4 0");
-  EXPECT_EQ(startFrom("<Start type=\"Time\"/>"), "0 1 0 4 0");
-  EXPECT_EQ(startFrom(""), "0 1 0 4 0");
-}
-
-TEST_F(ConfigurationLoad, StopTriggers) {
-  EXPECT_EQ(stopFrom("<Stop prepost=\"3\" type=\"Time\"><Time seconde=\"30\"/></Stop>"), "2 1 0 0 3 30");
-  EXPECT_EQ(stopFrom("<Stop type=\"Time\"><Time seconde=\"soon\"/></Stop>"), "2 1 0 0 0 0");
-  EXPECT_EQ(stopFrom("<Stop type=\"Channel\"><Channel edge=\"1\" level=\"-2\" index=\"9\"/></Stop>"),
-            "1 1 -2 9 0 0");
-  EXPECT_EQ(stopFrom(""), "0 1 0 0 0 0");
+TEST_F(ConfigurationLoad, TriggersAreReadAnewAndTheWatchedDataStay) {
+  for (const auto& [element, read] :
+       {std::pair("<Start prepost='-5' restart='1' type='Channel'>"
+                  "<Channel edge='-1' level='1.5 bar' index='2'/></Start>",
+                  "1 -1 1.5 2 -5 0 1 0 0 0 0 restart"),
+        {"<Start restart='true' type='Channel'/>", "0 1 0 2 0 0 1 0 0 0 0"},
+        {"<Start type='Channel'><Channel edge='-1' level='3' index='first'/></Start>",
+         "0 -1 3 2 0 0 1 0 0 0 0"},
+        {"<Start prepost='5 s' type='Channel'><Channel edge='up' index=' 4 '/></Start>",
+         "1 1 0 4 0 0 1 0 0 0 0"},
+        {"<Start type='Time'/>", "0 1 0 4 0 0 1 0 0 0 0"},
+        {"<Stop prepost='3' type='Time'><Time seconde='30'/></Stop>", "0 1 0 4 0 2 1 0 0 3 30"},
+        {"<Stop type='Time'><Time seconde='soon'/></Stop>", "0 1 0 4 0 2 1 0 0 0 0"},
+        {"<Stop type='Channel'><Channel edge='1' level='-2' index='9'/></Stop>", "0 1 0 4 0 1 1 -2 9 0 0"},
+        {"", "0 1 0 4 0 0 1 0 0 0 0"}})
+    EXPECT_EQ(triggersFrom(element), read) << element;
 }
 
 TEST_F(ConfigurationLoad, DisplaySettingsTakeLeadingNumbersAndTheirOwnDefaults) {
-  loadParts("",
-            data("1", "Engine/Status/Speed", "Graph", "points=\"2.5 points\" axeYmaxi=\"1,5\" color=\"x\"") +
-                data("2", "Engine/Status/Load", "GraphAxeX", "index=\"3\"") +
-                data("3", "Engine/Status/Key", "BarGraph", "mini=\"-1e3\"") +
-                data("4", "Engine/Status/Mode", "Gauge"));
+  std::string digital = data("5", "Engine/Status/Raw", "Digital");
+  digital.replace(digital.find("<Digital />"), 11, "<Digital><Pos left='12.5' Width='1e300'/></Digital>");
+  loadParts("", data("1", "Engine/Status/Speed", "Graph", "points='2.5 points' axeYmaxi='1,5' color='x'") +
+                    data("2", "Engine/Status/Load", "GraphAxeX", "index='3'") +
+                    data("3", "Engine/Status/Key", "BarGraph", "mini='-1e3'") +
+                    data("4", "Engine/Status/Mode", "Gauge") + digital);
+  EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N, 5 Raw D");
   const oTarnGraph& graph = *parameters.Item("c2")->oTarnGraph();
   EXPECT_EQ(graph.points, 2);
   EXPECT_EQ(graph.AxeYmaxi, 1);
@@ -118,14 +98,7 @@ TEST_F(ConfigurationLoad, DisplaySettingsTakeLeadingNumbersAndTheirOwnDefaults) 
   EXPECT_FALSE(graph.AxeYAuto);
   EXPECT_TRUE(parameters.Item("c3")->oTarnGraphAxeX()->axeXAuto);
   EXPECT_EQ(parameters.Item("c4")->oTarnSlide()->mini, -1000);
-  EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N");
-}
-
-TEST_F(ConfigurationLoad, PositionsAreReadWithinTheRangeOfTheirType) {
-  std::string text = data("1", "Engine/Status/Speed", "Digital");
-  text.replace(text.find("<Digital />"), 11, "<Digital><Pos left=\"12.5\" Width=\"1e300\"/></Digital>");
-  loadParts("", text);
-  const DisplayPosition& position = parameters.Item("c2")->oTarnNumeric()->position;
+  const DisplayPosition& position = parameters.Item("c6")->oTarnNumeric()->position;
   EXPECT_EQ(position.left, 12.5F);
   EXPECT_EQ(position.top, -1);
   EXPECT_GT(position.width, 1e38F);
@@ -133,11 +106,11 @@ TEST_F(ConfigurationLoad, PositionsAreReadWithinTheRangeOfTheirType) {
 
 TEST_F(ConfigurationLoad, DropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
   loadParts(
-      "<InitScenario><Request Name=\"Reset\" EcuName=\"Engine\" Address=\"16\"/>"
-      "<Request Name=\"Reset\" Address=\"16\"/><Request Name=\"Reset\" EcuName=\"Engine\"/>"
-      "<Request Name=\"Reset\" EcuName=\"Engine\" Address=\"65552\"/>"
-      "<Request Name=\"Launch\" EcuName=\"Engine\" Address=\"16\"/>"
-      "<Request Name=\"Bleed\" EcuName=\"old name\" Address=\"40\"/></InitScenario>",
+      "<InitScenario><Request Name='Reset' EcuName='Engine' Address='16'/>"
+      "<Request Name='Reset' Address='16'/><Request Name='Reset' EcuName='Engine'/>"
+      "<Request Name='Reset' EcuName='Engine' Address='65552'/>"
+      "<Request Name='Launch' EcuName='Engine' Address='16'/>"
+      "<Request Name='Bleed' EcuName='old name' Address='40'/></InitScenario>",
       data("1", "Engine/Status/Torque") + data("2", "Engine/Status/Speed", "Graph") +
           data("3", "Engine/Status/Speed") + data("4", "Gearbox/Status/Speed") +
           data("7", "Brakes/Wheels/Rear", "GraphIndex", "index=\"2\""));
@@ -164,8 +137,7 @@ TEST_F(ConfigurationLoad, Windows1252FilesAreReadDeclaredOrNot) {
 TEST_F(ConfigurationLoad, OldVersionBecomesGraphsNumberedWithoutGaps) {
   const auto old = [](const std::string& name) {
     return "<Data><Name>" + name +
-           "</Name><Requete>Status</Requete><UCE>Engine</UCE>"
-           "<Fonction>Injection</Fonction></Data>";
+           "</Name><Requete>Status</Requete><UCE>Engine</UCE><Fonction>Injection</Fonction></Data>";
   };
   parameters.recordingPeriod = 9;
   parameters.filePrefix = "kept";

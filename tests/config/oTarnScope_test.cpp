@@ -35,28 +35,34 @@ TEST(Scope, ABarStaysAsItIsAndOtherDisplaysStartAnew) {
   scope.SetSlide("first", 1, 2, 3);
   scope.SetSlide("second", 4, 5, 6);
   EXPECT_EQ(scope.oTarnSlide()->Caption, "first");
+  scope.ChangeAxeY(false, -5, 5);
+  scope.ChangeColor(1);
+  scope.ChangeAxeXNbPoints(9);
+  EXPECT_EQ(scope.oTarnSlide()->mini, -5);
+  EXPECT_EQ(scope.oTarnSlide()->Color, 1);
   scope.SetGraph("first", false, 1, 2, 3, 4);
   scope.setScopeType(oTarnScope::kGraph);
   EXPECT_EQ(scope.oTarnGraph()->Caption, "");
   EXPECT_TRUE(scope.oTarnGraph()->AxeYAuto);
+  scope.setScopeType(oTarnScope::kGraphAxeX);
+  scope.ChangeAxeY(false, -5, 5);
+  scope.ChangeColor(2);
+  EXPECT_FALSE(scope.oTarnGraphAxeX()->axeXAuto);
+  EXPECT_EQ(scope.oTarnGraphAxeX()->axeXmaxi, 5);
 }
 
-TEST(Scope, OnlyPositionsFromZeroUpAreTaken) {
-  oTarnScope scope = scopeOf(ferrox3::kInteger);
+TEST(Scope, NumbersThatDoNotFitAreRoundedOrLeftOut) {
+  oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetNumeric("", {-1, 20, 0, -7});
   const DisplayPosition& position = scope.oTarnNumeric()->position;
   EXPECT_EQ(position.left, -1);
   EXPECT_EQ(position.top, 20);
   EXPECT_EQ(position.width, 0);
-  EXPECT_EQ(position.height, -1);
-}
-
-TEST(Scope, CurveReferencesRoundHalvesToEven) {
-  oTarnScope scope = scopeOf(ferrox3::kDouble);
-  scope.SetGraphIndex(0, 2.5F);
-  EXPECT_EQ(*scope.graphReference(), 2);
-  scope.SetGraphIndex(0, 3.5F);
-  EXPECT_EQ(*scope.graphReference(), 4);
+  EXPECT_EQ(position.height, -1) << "only positions from 0 up are taken";
+  for (const auto& [reference, rounded] : {std::pair(2.5F, 2), {3.5F, 4}}) {
+    scope.SetGraphIndex(0, reference);
+    EXPECT_EQ(*scope.graphReference(), rounded) << "halves to even";
+  }
 }
 
 TEST(Scope, NoDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
@@ -69,20 +75,4 @@ TEST(Scope, NoDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
   scope.setScopeType(oTarnScope::kNone);
   EXPECT_EQ(scope.DataKey, "");
   EXPECT_EQ(scope.FunctionAddress, oTarnScope::kNoAddress);
-}
-
-TEST(Scope, ChangesActOnTheCurrentDisplayOnly) {
-  oTarnScope scope = scopeOf(ferrox3::kDouble);
-  scope.setScopeType(oTarnScope::kGraph);
-  scope.setScopeType(oTarnScope::kBarGraph);
-  scope.ChangeAxeY(false, -5, 5);
-  scope.ChangeColor(1);
-  scope.ChangeAxeXNbPoints(9);
-  EXPECT_EQ(scope.oTarnSlide()->mini, -5);
-  EXPECT_EQ(scope.oTarnSlide()->Color, 1);
-  scope.setScopeType(oTarnScope::kGraphAxeX);
-  scope.ChangeAxeY(false, -5, 5);
-  scope.ChangeColor(2);
-  EXPECT_FALSE(scope.oTarnGraphAxeX()->axeXAuto);
-  EXPECT_EQ(scope.oTarnGraphAxeX()->axeXmaxi, 5);
 }

@@ -20,29 +20,22 @@ class FailingStore : public SettingsStore {
 
 TEST(RegisterParameters, DefaultStandsWhereNothingUsefulIsStored) {
   MemorySettingsStore store;
+  FailingStore failing;
   EXPECT_EQ(GetRegisterParameter(store, 1, ".txt"), ".txt");
   SetRegisterParameter(store, 0, "");
   EXPECT_EQ(GetRegisterParameter(store, 0, "home"), "home");
   EXPECT_EQ(GetRegisterParameter(store, 7, "none"), "none");
-  EXPECT_EQ(GetRegisterParameter(FailingStore(), 2, "1"), "1");
-}
-
-TEST(RegisterParameters, UnknownIdsAndFailingStoresAreErrors) {
-  MemorySettingsStore store;
+  EXPECT_EQ(GetRegisterParameter(failing, 2, "1"), "1");
   EXPECT_EQ(test::errorOf([&] { SetRegisterParameter(store, 7, "x"); }),
             "1 SetRegisterParameter: Unknown parameter");
-  FailingStore failing;
   EXPECT_THROW(SetRegisterParameter(failing, 2, "5"), TarnError);
-}
 
-TEST(RegisterParameters, AConfigurationStartsWithBuiltInValuesWhenTheStoreHasNone) {
-  const oTarnParameters parameters{FailingStore()};
+  const oTarnParameters parameters{failing};
   EXPECT_EQ(parameters.fileFormat, ".txt");
   EXPECT_EQ(parameters.recordingPeriod, 1);
   EXPECT_EQ(parameters.startTrigger->modeTrigger, 0);
   EXPECT_EQ(parameters.stopTrigger->modeTrigger, 1);
   for (const char* period : {"soon", "-3", "99999999999"}) {
-    MemorySettingsStore store;
     SetRegisterParameter(store, 2, period);
     EXPECT_EQ(oTarnParameters(store).recordingPeriod, 1) << period;
   }

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "config/StoredReferences.h"
+#include "tests/config/ConfigurationFixture.h"
 #include "tests/config/ScopeList.h"
 
 using namespace tarnlog;
@@ -19,12 +21,8 @@ TEST(RemoveScope, TriggersFollowTheirItemOrBecomeManual) {
   ScopeList list("a:D b:D c:D");
   watch(*list.startTrigger, 2);
   watch(*list.stopTrigger, 3);
-  list.removed(1);
-  EXPECT_EQ(list.startTrigger->DataIndex, 1);
-  EXPECT_EQ(list.stopTrigger->DataIndex, 2);
-  list.removed(1);
-  EXPECT_EQ(list.startTrigger->typeTrigger, oTarnTrigger::kManual);
-  EXPECT_EQ(list.stopTrigger->DataIndex, 1);
+  EXPECT_EQ(list.removed(1).text(), "b:D c:D start=1 stop=2");
+  EXPECT_EQ(list.removed(1).text(), "c:D stop=1");
 }
 
 TEST(ChangeScopeOrder, ReferencesFollowTheMovedItemAndTheOneItPassed) {
@@ -72,23 +70,18 @@ TEST(ChangeScopeOrder, TriggersGoOnWatchingTheSameItem) {
   ScopeList list("a:D b:D c:D d:D");
   watch(*list.startTrigger, 4);
   watch(*list.stopTrigger, 1);
-  list.moved("d", "a");
-  EXPECT_EQ(list.startTrigger->DataIndex, 1);
-  EXPECT_EQ(list.stopTrigger->DataIndex, 2);
+  EXPECT_EQ(list.moved("d", "a").text(), "d:D a:D b:D c:D start=1 stop=2");
   watch(*list.stopTrigger, 9);
-  list.moved("d", "b");
-  EXPECT_EQ(list.stopTrigger->DataIndex, 9);
+  EXPECT_EQ(list.moved("d", "b").text(), "a:D b:D d:D c:D start=3 stop=9");
 }
 
 TEST(MoveScopes, ReferencesAndTriggersFollowOverAnyDistance) {
   ScopeList list("a:G b:D c:I1 d:D e:G f:X5");
   watch(*list.startTrigger, 5);
   list.moveScopes({list.Item("e"), list.Item("b")}, list.Item("a"));
-  EXPECT_EQ(list.text(), "e:G b:D a:G c:I3 d:D f:X1");
-  EXPECT_EQ(list.startTrigger->DataIndex, 1);
+  EXPECT_EQ(list.text(), "e:G b:D a:G c:I3 d:D f:X1 start=1");
   list.moveScopes({list.Item("e")}, nullptr);
-  EXPECT_EQ(list.text(), "b:D a:G c:I2 d:D f:G e:G") << "f would refer behind itself";
-  EXPECT_EQ(list.startTrigger->DataIndex, 6);
+  EXPECT_EQ(list.text(), "b:D a:G c:I2 d:D f:G e:G start=6") << "f would refer behind itself";
 }
 
 TEST(RemoveScopes, IsTheSameAsOneAfterAnotherFromTheLastOn) {
@@ -109,8 +102,6 @@ TEST(RemoveScopes, IsTheSameAsOneAfterAnotherFromTheLastOn) {
     for (const std::int32_t place : places) steps.removed(place);
     once.removeScopes(places);
     ASSERT_EQ(once.text(), steps.text()) << items;
-    ASSERT_EQ(once.startTrigger->typeTrigger, steps.startTrigger->typeTrigger) << items;
-    ASSERT_EQ(once.startTrigger->DataIndex, steps.startTrigger->DataIndex) << items;
   }
 }
 
@@ -121,8 +112,7 @@ TEST(InsertScopes, UndoARemovalThatNothingReferredTo) {
   removed.push_back({list.removeScope(1), 1});
   list.Item("d")->oTarnGraphAxeX()->index = 1;
   list.insertScopes(std::move(removed));
-  EXPECT_EQ(list.text(), "a:D b:G c:I2 d:X2");
-  EXPECT_EQ(list.stopTrigger->DataIndex, 3);
+  EXPECT_EQ(list.text(), "a:D b:G c:I2 d:X2 stop=3");
   EXPECT_EQ(list.removeScope(5), nullptr);
 }
 
@@ -132,4 +122,31 @@ TEST(CheckAndCorrect, TurnsWhatRefersToNoGraphIntoAGraph) {
   EXPECT_EQ(list.corrected().text(), "a:D b:G c:G d:G e:I4 f:X4 g:G h:G");
   EXPECT_EQ(list.Item("b")->oTarnGraph()->Caption, "");
   EXPECT_EQ(list.Item("b")->oTarnGraph()->Color, 0xFF0000);
+}
+
+using StoredReferences = ConfigurationFixture;
+
+TEST_F(StoredReferences, AfterALoadThatDroppedItemsEverythingMeansTheSameData) {
+  loadParts(
+      "<Recording><Trigger><Start type=\"Channel\"><Channel index=\"6\"/></Start>"
+      "<Stop type=\"Channel\"><Channel index=\"1\"/></Stop></Trigger></Recording>",
+      data("1", "Engine/Status/Torque", "Graph") + data("2", "Engine/Status/Speed", "Graph") +
+          data("3", "Engine/Status/Load", "GraphIndex", "index=\"2\"") +
+          data("4", "Engine/Status/Key", "GraphIndex", "index=\"1\"") +
+          data("6", "Brakes/Wheels/Front", "GraphAxeX", "index=\"2\"") +
+          data("7", "Brakes/Wheels/Rear", "GraphAxeX", "index=\"5\""));
+  mapStoredReferences(parameters);
+  EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key I0, 4 Front X1, 5 Rear X0");
+  EXPECT_EQ(parameters.startTrigger->DataIndex, 4);
+  EXPECT_EQ(parameters.stopTrigger->typeTrigger, oTarnTrigger::kManual);
+  parameters.CheckAndCorrect();
+  EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key G, 4 Front X1, 5 Rear G");
+}
+
+TEST(StoredReferencesByNumber, OfItemsWithOneNumberTheLastIsWatchedAndTheFirstGraphDrawnOn) {
+  ScopeList list("a:D b:G c:G d:I5 e:D");
+  for (const char* key : {"a", "b", "c", "e"}) list.Item(key)->index = 5;
+  watch(*list.startTrigger, 5);
+  mapStoredReferences(list);
+  EXPECT_EQ(list.text(), "a:D b:G c:G d:I2 e:D start=5");
 }

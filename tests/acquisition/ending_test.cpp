@@ -16,12 +16,6 @@ void expectReleased(const AcqRig& rig) {
   EXPECT_FALSE(rig.timer.enabled());
 }
 
-TEST(Ending, IdleOnlyAnswers) {
-  AcqRig rig;
-  rig.acq.AskStopAcqNow();
-  EXPECT_EQ(rig.stopped, 1);
-}
-
 // Hiding after a stop once swallowed the answer, and stopping after a new session the session.
 TEST(Ending, IsAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
   test::ScriptedSession second;
@@ -36,7 +30,7 @@ TEST(Ending, IsAnsweredToWhoAskedWhateverElseHappensBeforeTheTickEnds) {
                              Case{[&](TarnAcq& acq) { acq.setSession(&second), acq.hidden(); }, 2, 0}})
     for (const bool inTick : {false, true}) {
       AcqRig rig;
-      rig.triggerStart(1, 50);
+      rig.recordFrom(50);
       rig.start();
       rig.run("1000:0 1100:60");
       if (inTick) rig.session.script.whileWaiting = [&] { wanted.calls(rig.acq); };
@@ -104,23 +98,6 @@ TEST(Ending, IsFollowedByWhatArrivesInsideATickAStartOrAnEnd) {
     EXPECT_TRUE(rig.timer.enabled());
     EXPECT_EQ(rig.session.unfinishedPollSets, 1);
   }
-}
-
-TEST(Hiding, BetweenTicksLeavesTheFileToTheNextStart) {
-  AcqRig rig;
-  rig.triggerStart(1, 50);
-  rig.start();
-  rig.run("1000:0 1100:60");
-  rig.acq.hidden();
-  EXPECT_FALSE(rig.timer.enabled());
-  EXPECT_EQ(rig.stopped, 0);
-  EXPECT_TRUE(rig.finished.empty());
-  rig.start();
-  EXPECT_EQ(rig.finished.size(), 1U);
-  rig.run("3000:0");
-  rig.acq.ToggleRecording();
-  rig.run("3100:1 3200:2");
-  EXPECT_THAT(rig.recordRows(), testing::ElementsAre("0|\"Start\"|0", "0.2|\"\"|2"));
 }
 
 }  // namespace

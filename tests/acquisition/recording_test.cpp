@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "acquisition/RollingBuffer.h"
 #include "tests/support/AcqRig.h"
 
 namespace tarnlog {
@@ -9,55 +10,12 @@ using test::AcqRig;
 using test::ScriptedData;
 using testing::ElementsAre;
 
-TEST(Recording, AButtonStartBeginsWithTheNewestRowAndSkipsACycle) {
-  AcqRig rig;
-  rig.start();
-  rig.run("1000:0 1100:1 1200:2");
-  rig.acq.ToggleRecording();
-  rig.acq.ToggleRecording();
-  EXPECT_TRUE(rig.acq.startPending()) << "a second press while the start is pending is ignored";
-  rig.run("1300:3 1400:4 1500:5");
-  EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|2", "0.2|\"\"|4", "0.3|\"\"|5"));
-  EXPECT_EQ(rig.screen.recording.back(), RecordingFact::On);
-  EXPECT_EQ(rig.screen.timePanel, "0.3");
-}
-
-TEST(Recording, LateCyclesCatchUpOneRowEach) {
-  AcqRig rig;
-  rig.parameters->recordingPeriod = 1;
-  rig.triggerStart(1, 50);
-  rig.start();
-  rig.run("1000:0 2000:60 5500:1 5600:2 5700:3 5800:4 6000:5");
-  EXPECT_THAT(rig.recordRows(),
-              ElementsAre("0|\"Start\"|60", "3.5|\"\"|1", "3.6|\"\"|2", "3.7|\"\"|3", "4|\"\"|5"));
-}
-
-TEST(Recording, ASendErrorKeepsTheFileAndASecondStopArmsAgain) {
-  AcqRig rig;
-  rig.triggerStart(1, 50);
-  rig.parameters->stopTrigger->prepost = 1;
-  rig.start();
-  rig.run("1000:0 1100:60");
-  rig.status.failing.next("no answer");
-  rig.run("1200:61");
-  EXPECT_EQ(rig.screen.logTexts().back(), "Send error : no answer UCE=Engine");
-  EXPECT_EQ(rig.screen.state, "init");
-  rig.tickUntil(TarnAcq::kCommunicate);
-  rig.run("2000:62");
-  rig.acq.ToggleRecording();
-  rig.run("2100:63 2200:64");
-  rig.acq.ToggleRecording();
-  rig.run("2300:65 2400:66 2500:67 2600:68");
-  EXPECT_THAT(rig.recordRows(), ElementsAre("0|\"Start\"|60", "0.9|\"\"|62", "1|\"Stop\"|63", "1.1|\"\"|64",
-                                            "1.2|\"Stop\"|65", "1.3|\"\"|66", "1.4|\"\"|67"));
-}
-
 // A datum that could not be read cost the whole row, and a recording with an armed stop never ended.
 TEST(Recording, GoesOnAroundADatumThatCannotBeRead) {
   AcqRig rig;
   ScriptedData& other = rig.status.addData("Other", ferrox3::kDouble);
   rig.add(other);
-  rig.triggerStart(1, 50);
+  rig.recordFrom(50);
   rig.parameters->stopTrigger->prepost = 1;
   rig.start();
   rig.run("1000:0");
@@ -97,23 +55,71 @@ TEST(Recording, EveryCycleIsARowAlsoAfterWeeks) {
   EXPECT_EQ(rig.screen.timePanel, "2200000");
 }
 
-TEST(Recording, NamesWhyAFileCannotBeOpened) {
+TEST(ValueList, SkipsWhatTheSessionLacksAndWritesOnlyChanges) {
   AcqRig rig;
+  auto& load = rig.status.addData("Load", ferrox3::kInteger, "%");
+  rig.add(rig.status.addData("Lost")).DataName = "Elsewhere";
+  rig.add(load);
   rig.start();
-  rig.run("1000:0");
-  rig.files.openError = "Permission denied";
-  rig.acq.ToggleRecording();
-  EXPECT_EQ(rig.screen.recordPanel, "Open error : Permission denied");
-  EXPECT_EQ(rig.screen.recording.back(), RecordingFact::Requested);
-  rig.files.openError.clear();
-  rig.files.noStream = true;
-  rig.acq.ToggleRecording();
-  EXPECT_EQ(rig.screen.recordPanel, "Error : Unable to create file");
-  rig.parameters->fileFormat = ".xml";
-  rig.files.openError = "Permission denied";
-  rig.acq.ToggleRecording();
-  EXPECT_EQ(rig.screen.recordPanel, "Open error : Permission denied");
-  EXPECT_FALSE(rig.acq.startPending());
+  ASSERT_EQ(rig.screen.rows.size(), 2U);
+  EXPECT_EQ(rig.screen.rows[1].text + rig.screen.rows[1].unit, "Engine : Load%");
+  rig.run("1000:5 1100:5 1200:5");
+  EXPECT_EQ(rig.screen.rows[0].written, 1);
+  load.setValue(std::int32_t{7}, "seven");
+  rig.run("1300:6");
+  EXPECT_EQ(rig.screen.rows[0].value, "6");
+  EXPECT_EQ(rig.screen.rows[1].value, "seven");
+  EXPECT_EQ(rig.screen.rows[1].written, 2);
+}
+
+TEST(ValueList, AChangeWithinTheQuietTimeIsWrittenAfterIt) {
+  AcqRig rig;
+  rig.parameters->recordingPeriod = 1;
+  rig.recordFrom(50);
+  rig.start();
+  rig.run("1000:0 1100:60 1300:60 1900:61");
+  EXPECT_EQ(rig.screen.rows[0].value, "60") << "no row is due, but soon";
+  rig.run("2100:61");
+  EXPECT_EQ(rig.screen.rows[0].value, "61");
+}
+
+std::string textOf(RollingBuffer& buffer, Milliseconds t0, const char* mark) {
+  test::MemoryFileSystem files;
+  TextStream stream(files.openForAppending("f"));
+  buffer.WriteBufferToFile(stream, t0, mark);
+  return files.files["f"];
+}
+
+RollingBuffer filled(std::int32_t rows, std::initializer_list<Milliseconds> times) {
+  RollingBuffer buffer(',');
+  buffer.Create(2, rows);
+  for (const Milliseconds time : times) {
+    buffer.AddRow(time);
+    buffer.SetData(1, std::to_string(time));
+    buffer.SetData(2, "x");
+  }
+  return buffer;
+}
+
+TEST(RollingBuffer, WritesTheNewestRowsOldestFirstWithTheMarkOnTheLast) {
+  RollingBuffer buffer = filled(3, {10, 20, 30, 40, 50});
+  EXPECT_EQ(textOf(buffer, 50, "Start"),
+            "-0,02\t\"\"\t30\tx\r\n"
+            "-0,01\t\"\"\t40\tx\r\n"
+            "0\t\"Start\"\t50\tx\r\n");
+  RollingBuffer exactlyFull = filled(3, {10, 20, 30});
+  EXPECT_EQ(textOf(exactlyFull, 30, ""), "-0,02\t\"\"\t10\tx\r\n-0,01\t\"\"\t20\tx\r\n0\t\"\"\t30\tx\r\n");
+  RollingBuffer single = filled(1, {10, 20});
+  EXPECT_EQ(textOf(single, 20, "m"), "0\t\"m\"\t20\tx\r\n");
+}
+
+TEST(RollingBuffer, NoCellBreaksARow) {
+  RollingBuffer buffer;
+  buffer.Create(1, 1);
+  EXPECT_EQ(textOf(buffer, 0, "Start"), "") << "nothing while it is empty";
+  buffer.AddRow(0);
+  buffer.SetData(1, "A\tA\r\nA");
+  EXPECT_EQ(textOf(buffer, 0, ""), "0\t\"\"\tA A  A\r\n");
 }
 
 }  // namespace

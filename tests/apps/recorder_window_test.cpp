@@ -34,7 +34,6 @@
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/ManualTimer.h"
 #include "tests/support/MemoryFileSystem.h"
-#include "tests/support/Rows.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/SteppedClock.h"

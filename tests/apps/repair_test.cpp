@@ -23,7 +23,7 @@ std::string recordFile() {
   test::AcqRig rig;
   rig.parameters->fileFormat = ".xml";
   rig.parameters->userDescription = "a < b, \"quoted\" > c";
-  rig.triggerStart(1, 50);
+  rig.recordFrom(50);
   rig.start();
   rig.run("1000:0 1100:60 1200:61 1300:62");
   rig.acq.AskStopAcqNow();

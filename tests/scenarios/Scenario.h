@@ -3,22 +3,14 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "acquisition/TarnAcq.h"
 #include "apps/common/LoadedConfiguration.h"
 #include "catalogue/SessionDocument.h"
 #include "host/vehicle/Vehicle.h"
-#include "platform/settings/SettingsStore.h"
-#include "tests/support/ManualLinkClock.h"
-#include "tests/support/ManualTimer.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/RecordingScreen.h"
-#include "tests/support/Rows.h"
-#include "tests/support/SteppedClock.h"
+#include "tests/support/RecorderParts.h"
 
 namespace tarnlog::test {
 
@@ -50,14 +42,8 @@ struct Recipe {
 
   UserLocale locale = {};
   Milliseconds clock = 1'000'000;  ///< the system's clock at the start
+  bool started = true;             ///< the ECU is brought up, and values are polled from now on
 };
-
-inline std::vector<std::string> words(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> found;
-  for (std::string word; stream >> word;) found.push_back(word);
-  return found;
-}
 
 /// One ECU, "Engine" (function "Injection", KWP2000). "Status": Speed (km/h), Température (21.5 °C), Pedal
 /// (1, "Pressed") and Pump fault (1). "Identification": Part ("8200é") and Raw (0A 1B). "Reset": no data.
@@ -69,9 +55,8 @@ inline std::string vehicleDescription(const Recipe& recipe) {
     times += (times.empty() ? "" : ",") + std::to_string(std::stod(word.substr(0, colon)) / 1000);
     values += (values.empty() ? "" : ",") + word.substr(colon + 1);
   }
-  return R"({"name": "Car", "timeout": 100, "ecus": [
-    {"name": "Engine", "function": "Injection", "address": 16, "protocol": "KWP2000",
-     "initialisation": "10 81", "requests": [
+  return R"({"name": "Car", "timeout": 100, "ecus": [{"name": "Engine", "function": "Injection", "address": 16,
+    "protocol": "KWP2000", "initialisation": "10 81", "requests": [
       {"name": "Status", "frame": "21 80", "data": [
         {"name": "Speed", "byte": 2, "bytes": 2, "factor": 0.01, "unit": "km/h"},
         {"name": "Température", "byte": 4, "factor": 0.5, "offset": -40, "unit": "°C"},
@@ -82,92 +67,74 @@ inline std::string vehicleDescription(const Recipe& recipe) {
         {"name": "Part", "byte": 2, "bytes": 6, "type": "text", "encoding": "latin1"},
         {"name": "Raw", "byte": 8, "type": "bytes"}]},
       {"name": "Reset", "frame": "30 01"}]}],
-    "simulation": {"latency": )" +
-         std::to_string(recipe.latency) + R"(, "requests": [
+    "simulation": {"requests": [
+      {"ecu": "Injection", "request": "Identification", "response": "5A 80 38 32 30 30 E9 00 0A 1B"},
       {"ecu": "Injection", "request": "Status", "response": "61 80 00 00 7B 81", "signals": {
-        "Speed": {"kind": "table", "times": [)" +
-         times + R"(], "values": [)" + values + R"(], "after": "hold"}}},
-      {"ecu": "Injection", "request": "Identification", "response": "5A 80 38 32 30 30 E9 00 0A 1B"}],
-      "faults": [)" +
-         recipe.faults + "]}}";
+        "Speed": {"kind": "table", "after": "hold", "times": [)" +
+         times + R"(], "values": [)" + values + R"(]}}}], "latency": )" + std::to_string(recipe.latency) +
+         R"(, "faults": [)" + recipe.faults + "]}}";
 }
 
 inline std::string triggerElement(const std::string& name, const std::string& text, int prepost,
                                   int watched) {
-  const auto quoted = [](const char* attribute, const std::string& value) {
-    return std::string(" ") + attribute + "=\"" + value + "\"";
-  };
   const auto parts = words(text);
-  std::string type = "Manual";
-  std::string inside;
-  if (!parts.empty() && parts[0] == "time") {
-    type = "Time";
-    inside = "<Time" + quoted("seconde", parts[1]) + "/>";
-  } else if (!parts.empty()) {
-    type = "Channel";
-    inside = "<Channel" + quoted("edge", parts[0] == "rising" ? "1" : "-1") + quoted("level", parts[1]) +
-             quoted("index", std::to_string(watched)) + "/>";
-  }
-  return "<" + name + quoted("prepost", std::to_string(prepost)) + quoted("restart", "0") +
-         quoted("type", type) + ">" + inside + "</" + name + ">";
+  std::string rest = "Manual'>";
+  if (!parts.empty() && parts[0] == "time") rest = "Time'><Time seconde='" + parts[1] + "'/>";
+  if (!parts.empty() && parts[0] != "time")
+    rest = "Channel'><Channel edge='" + std::string(parts[0] == "rising" ? "1" : "-1") + "' level='" +
+           parts[1] + "' index='" + std::to_string(watched) + "'/>";
+  return "<" + name + " prepost='" + std::to_string(prepost) + "' restart='0' type='" + rest + "</" + name +
+         ">";
 }
 
 inline std::string configuration(const Recipe& recipe) {
   std::string datas;
   for (std::size_t i = 0; i < recipe.data.size(); ++i) {
     const std::size_t slash = recipe.data[i].find('/');
-    datas += "<Data index=\"" + std::to_string(i + 1) + "\" name=\"" + recipe.data[i].substr(slash + 1) +
-             "\" request=\"" + recipe.data[i].substr(0, slash) +
-             "\"><ECU name=\"Engine\" function=\"Injection\" address=\"16\"/><Scope type=\"None\"/></Data>";
+    datas += "<Data index='" + std::to_string(i + 1) + "' name='" + recipe.data[i].substr(slash + 1) +
+             "' request='" + recipe.data[i].substr(0, slash) +
+             "'><ECU name='Engine' function='Injection' address='16'/><Scope type='None'/></Data>";
   }
-  return "<Tarnlog2000 Version=\"2.0\"><Parameters>" + recipe.head + "<Recording period=\"" +
-         std::to_string(recipe.period) + "\"><Trigger>" +
+  return "<Tarnlog2000 Version='2.0'><Parameters>" + recipe.head + "<Recording period='" +
+         std::to_string(recipe.period) + "'><Trigger>" +
          triggerElement("Start", recipe.start, recipe.pre, recipe.watched) +
-         triggerElement("Stop", recipe.stop, recipe.post, recipe.watched) + "</Trigger><File prefix=\"" +
-         recipe.prefix + "\" folder=\"" + recipe.folder + "\" format=\"" + recipe.format +
-         "\"/></Recording></Parameters><Datas>" + datas + "</Datas></Tarnlog2000>";
+         triggerElement("Stop", recipe.stop, recipe.post, recipe.watched) + "</Trigger><File prefix='" +
+         recipe.prefix + "' folder='" + recipe.folder + "' format='" + recipe.format +
+         "'/></Recording></Parameters><Datas>" + datas + "</Datas></Tarnlog2000>";
 }
 
 /// The recorder as a program has it, on a simulated car, with time and timer in the test's hands: from a
 /// vehicle description and a configuration to files and log.
-class Scenario {
+class Scenario : public RecorderParts {
  public:
   /// `disk` takes the record files when they are not to be kept in memory.
   explicit Scenario(const Recipe& recipe, FileSystem* disk = nullptr)
-      : clock(recipe.clock),
-        origin_(recipe.clock),
-        acq(screen, {clock, timer, disk == nullptr ? files : *disk, recipe.locale, "tarnlog.xsl"}) {
+      : RecorderParts(recipe.clock),
+        acq(screen, {clock, timer, disk == nullptr ? files : *disk, recipe.locale, "tarnlog.xsl"}),
+        origin_(recipe.clock) {
     files.files = recipe.inputs;
     files.files["/in/car.json"] = vehicleDescription(recipe);
     files.files["/in/configuration.xml"] = configuration(recipe);
-    const auto idle = [this] {
-      if (whileWaiting) whileWaiting();
+    const auto open = [&](auto link) {
+      return host::openVehicle(
+          "/in/car.json", files, recipe.locale, linkClock, [this] { whileWaiting(); }, std::move(link));
     };
-    vehicle = recipe.makeLink
-                  ? host::openVehicle("/in/car.json", files, recipe.locale, linkClock, idle,
-                                      recipe.makeLink(linkClock))
-                  : host::openVehicle("/in/car.json", files, recipe.locale, linkClock, idle, recipe.link);
+    vehicle = recipe.makeLink ? open(recipe.makeLink(linkClock)) : open(recipe.link);
     parameters = load("/in/configuration.xml");
-    acq.setAcqStoppedHandler([this] { ++stopped; });
-    acq.setFileFinishedHandler([this](const std::string& path) { finished.push_back(path); });
+    hear(acq);
     acq.setSession(&vehicle->session());
+    if (recipe.started) start();
   }
 
   std::shared_ptr<oTarnParameters> load(const std::string& path) {
     return loadConfiguration(files, settings, path, BuildSessionDocument(vehicle->session())).parameters;
   }
 
-  /// Starts and brings the ECU up, which takes some 300 ms.
   void start() {
     acq.StartReadingData(parameters);
     tickUntil(TarnAcq::kCommunicate);
   }
-  void tickUntil(TarnAcq::State state) {
-    for (int i = 0; i < 20 && acq.AcqState() != state; ++i) {
-      timer.fire();
-      linkClock.step(std::chrono::milliseconds(51));
-    }
-  }
+  void tickUntil(TarnAcq::State state) { RecorderParts::tickUntil(acq, state); }
   /// One tick at each of these moments.
   void run(const std::string& moments) {
     for (const std::string& word : words(moments)) tickAt(static_cast<Milliseconds>(std::stoul(word)));
@@ -190,17 +157,11 @@ class Scenario {
   /// The rows of the newest record file.
   std::vector<std::string> rows() const { return rows(acq.RecordPath()); }
 
-  MemoryFileSystem files;
-  SteppedClock clock;
-  ManualLinkClock linkClock{&clock};
-  ManualTimer timer;
-  RecordingScreen screen;
-  MemorySettingsStore settings;
-  std::function<void()> whileWaiting;  ///< runs while the recorder waits for the car
+  std::function<void()> whileWaiting = [] {};  ///< runs while the recorder waits for the car
   std::unique_ptr<host::OpenedVehicle> vehicle;
   std::shared_ptr<oTarnParameters> parameters;
-  int stopped = 0;                    ///< how often AcqStopped came
-  std::vector<std::string> finished;  ///< files that were closed
+
+  TarnAcq acq;
 
  private:
   void tickAt(Milliseconds moment) {
@@ -209,9 +170,6 @@ class Scenario {
   }
 
   Milliseconds origin_;
-
- public:
-  TarnAcq acq;
 };
 
 }  // namespace tarnlog::test

@@ -16,7 +16,6 @@ const std::string kSilenceAndReturn = "3000 3200 4000 4110 4120 4230";
 
 TEST(Failures, TheSameFileGoesOnWhenTheEcuAnswersAgain) {
   Scenario car({.speed = "0:40 1100:60", .faults = kSilence, .period = 1, .start = "rising 50"});
-  car.start();
   car.run("1000 1100 2100 3000");
   EXPECT_EQ(car.screen.state, "init");
   car.run("3200 4000 4110 4120 4230 4300 4310 4320 5100");
@@ -24,9 +23,8 @@ TEST(Failures, TheSameFileGoesOnWhenTheEcuAnswersAgain) {
   EXPECT_THAT(car.rows(),
               ElementsAre("0|\"Start\"|60", "1|\"\"|60", "3.2|\"\"|60", "3.21|\"\"|60", "4|\"\"|60"));
   EXPECT_TRUE(car.finished.empty());
-  const auto log = car.screen.logTexts();
   EXPECT_THAT(
-      std::vector(log.end() - 5, log.end()),
+      car.screen.logTexts(5),
       ElementsAre("Start record", "Send error : Engine: request 21 80: no answer within 100 ms UCE=Engine",
                   "    Init error :  Engine (KWP2000) => no answer to 10 81 within 100 ms",
                   "Init UCE Engine (KWP2000) OK", "Start diag session etude Engine OK"));
@@ -34,7 +32,6 @@ TEST(Failures, TheSameFileGoesOnWhenTheEcuAnswersAgain) {
 
 TEST(Failures, EndARecordingWhoseStopIsArmed) {
   Scenario car({.speed = "0:40 1100:60", .faults = kSilence, .period = 1, .start = "rising 50", .post = 5});
-  car.start();
   car.run("1000 1100");
   car.press();
   car.run("2100");
@@ -59,7 +56,6 @@ TEST(Failures, ARefusedRequestIsNotAvailableAndTheOthersGoOn) {
            R"({"ecu": "Injection", "request": "Status", "kind": "negativeResponse", "from": 1.05, "to": 2})",
        .data = {"Status/Speed", "Identification/Raw"},
        .start = "rising 50"});
-  car.start();
   car.run("1000 1100 2100");
   EXPECT_EQ(car.screen.rows[0].value, "---");
   EXPECT_EQ(car.screen.state, "com");
@@ -76,16 +72,13 @@ TEST(Failures, WhileTheEcuStartsAreToldAndPassedOver) {
                 .head = "<StartSession>10 C0</StartSession><InitScenario>"
                         "<Request Name=\"Reset\" EcuName=\"Engine\" Address=\"16\"/>"
                         "<Request Name=\"Unknown\" EcuName=\"Engine\" Address=\"16\"/></InitScenario>"});
-  car.start();
-  const auto log = car.screen.logTexts();
   EXPECT_THAT(
-      std::vector(log.end() - 4, log.end()),
+      car.screen.logTexts(4),
       ElementsAre(StartsWith("Injection Global init request : 10 C0 error : Engine: request 10 C0 refused"),
                   "Init scenario start",
                   StartsWith("Injection Init request : Reset error : Engine: request 30 01 refused"),
                   "Init scenario done"));
   Scenario kwp({.faults = refused});
-  kwp.start();
   EXPECT_THAT(kwp.screen.logTexts().back(),
               StartsWith("Start diag session error : Engine: request 10 A0 refused"));
   kwp.run("1000");

@@ -22,51 +22,43 @@ void expectOver(const Scenario& car) {
   EXPECT_TRUE(car.screen.rows.empty());
 }
 
-TEST(Stopping, BetweenTicksIsAnsweredAtOnceInEveryState) {
+TEST(Stopping, IsAnsweredOnceInEveryStateBetweenTicksAtOnceAndInATickWhenItEnds) {
   for (const auto state : {TarnAcq::kInitialise, TarnAcq::kWaitAfterInit, TarnAcq::kStartSessions,
                            TarnAcq::kWaitBeforePolling, TarnAcq::kCommunicate}) {
-    Scenario car({});
+    Scenario car({.latency = 50, .started = false});
     car.acq.StartReadingData(car.parameters);
     car.tickUntil(state);
     ASSERT_EQ(car.acq.AcqState(), state);
+    if (state != TarnAcq::kWaitAfterInit && state != TarnAcq::kWaitBeforePolling) {
+      int asked = 0;
+      car.whileWaiting = [&] {
+        car.acq.AskStopAcqNow();
+        ++asked;
+        EXPECT_EQ(car.stopped, 0);
+      };
+      car.timer.fire();
+      EXPECT_GT(asked, 1) << "the wait is longer than one idle interval";
+      expectOver(car);
+      car.whileWaiting = [] {};
+      car.acq.StartReadingData(car.parameters);
+      car.tickUntil(state);
+      car.stopped = 0;
+    }
     car.acq.AskStopAcqNow();
     expectOver(car);
     EXPECT_TRUE(car.finished.empty());
   }
 }
 
-TEST(Stopping, InsideATickIsAnsweredOnceWhenTheTickEnds) {
-  for (const auto state : {TarnAcq::kInitialise, TarnAcq::kStartSessions, TarnAcq::kCommunicate}) {
-    Scenario car(recordedFrom1100());
-    int asked = 0;
-    car.whileWaiting = [&] {
-      if (car.acq.AcqState() != state) return;
-      car.acq.AskStopAcqNow();
-      ++asked;
-      EXPECT_EQ(car.stopped, 0);
-    };
-    car.start();
-    car.run("1000 1100 1200");
-    EXPECT_GT(asked, 1) << "the wait is longer than one idle interval";
-    expectOver(car);
-    EXPECT_TRUE(car.finished.empty());
-  }
-}
-
-TEST(Stopping, ClosesTheFilesOfARecordingAndItsEvent) {
+TEST(Stopping, ClosesTheFilesOfARecordingAndItsEventInATickOrByOneMore) {
   for (const bool inTick : {true, false}) {
     Scenario car(recordedFrom1100());
-    car.start();
     car.run("1000 1100");
     car.acq.RecordUserEvent();
-    if (inTick) {
-      car.whileWaiting = [&] { car.acq.AskStopAcqNow(); };
-      car.run("1200");
-    } else {
-      car.acq.AskStopAcqNow();
-      EXPECT_EQ(car.stopped, 0) << "files are closed by one more tick";
-      car.timer.fire();
-    }
+    if (inTick) car.whileWaiting = [&] { car.acq.AskStopAcqNow(); };
+    if (!inTick) car.acq.AskStopAcqNow();
+    EXPECT_EQ(car.stopped, 0) << "files are closed by one more tick";
+    car.run("1200");
     expectOver(car);
     EXPECT_THAT(car.finished, ElementsAre(kRecord, kEvent));
     EXPECT_THAT(car.rows(kRecord), ElementsAre("0|\"Start\"|60"))
@@ -78,7 +70,6 @@ TEST(Stopping, ClosesTheFilesOfARecordingAndItsEvent) {
 TEST(Stopping, ClosesAFileWhoseRecordingHasNotBegun) {
   for (const bool inTick : {true, false}) {
     Scenario car({.latency = 50});
-    car.start();
     car.run("1000");
     const auto pressAndStop = [&] {
       car.press();
@@ -98,7 +89,6 @@ TEST(Stopping, LeavesNothingToTheNextAcquisition) {
   Recipe recipe = recordedFrom1100();
   recipe.period = 1;
   Scenario car(recipe);
-  car.start();
   car.run("1000 1100");
   car.acq.RecordUserEvent();
   car.press();
@@ -113,6 +103,8 @@ TEST(Stopping, LeavesNothingToTheNextAcquisition) {
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60", "1|\"\"|60", "2|\"\"|60"));
   car.end();
   EXPECT_EQ(car.stopped, 2);
+  car.acq.AskStopAcqNow();
+  EXPECT_EQ(car.stopped, 3) << "idle, it only answers";
 }
 
 }  // namespace

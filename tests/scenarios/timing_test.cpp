@@ -10,9 +10,10 @@ using testing::ElementsAre;
 
 TEST(Timing, EveryCycleIsARowAtPeriod0) {
   Scenario car({.speed = "0:0 1000:1 1100:2 1200:3 1300:4 1400:5"});
-  car.start();
   car.run("1000 1100");
   car.press();
+  car.press();
+  EXPECT_TRUE(car.acq.startPending()) << "a second press while the start is pending is ignored";
   car.run("1205 1315");
   car.press();
   car.run("1400 1500");
@@ -25,13 +26,17 @@ TEST(Timing, EveryCycleIsARowAtPeriod0) {
   EXPECT_EQ(car.screen.log.back(), "19:05:08 Stop record");
 }
 
-TEST(Timing, AButtonStartHasHistoryToo) {
-  Scenario car({.speed = "0:0 1000:1 1100:2 1200:3 1300:4 1400:5 1500:6", .pre = -1});
-  car.start();
+TEST(Timing, AButtonStartHasHistoryAndASecondStopCountsAnew) {
+  Scenario car({.speed = "0:0 1000:1 1100:2 1200:3 1300:4 1400:5 1500:6", .pre = -1, .post = 1});
   car.run("1000 1100 1200 1300");
   car.press();
-  car.run("1400 1500");
-  EXPECT_THAT(car.rows(), ElementsAre("-0.2|\"\"|2", "-0.1|\"\"|3", "0|\"Start\"|4", "0.2|\"\"|6"));
+  for (const char* cycles : {"1400 1500", "1600 1700", "1800 1900 2000 2100"}) {
+    car.run(cycles);
+    car.press();
+  }
+  EXPECT_THAT(car.rows("/rec/16-11-26_19h05mn08.txt"),
+              ElementsAre("-0.2|\"\"|2", "-0.1|\"\"|3", "0|\"Start\"|4", "0.2|\"\"|6", "0.3|\"Stop\"|6",
+                          "0.4|\"\"|6", "0.5|\"Stop\"|6", "0.6|\"\"|6", "0.7|\"\"|6"));
 }
 
 TEST(Timing, RowsFollowTheScheduleBeforeAndAfterTheTriggers) {
@@ -41,7 +46,6 @@ TEST(Timing, RowsFollowTheScheduleBeforeAndAfterTheTriggers) {
                 .stop = "falling 50",
                 .pre = -2,
                 .post = 1});
-  car.start();
   // Rows have been due at 0, 1000, 2000, ... since the start: the cycle at 1500 still serves 1000.
   car.run("1000 1500 2000 2500 3000 3400 3500 4000 4500 5000 5500 6000 7000 8000");
   EXPECT_THAT(car.rows(), ElementsAre("-1.5|\"\"|1", "-1|\"\"|2", "0|\"Start\"|3", "1|\"\"|61", "2|\"\"|62",
@@ -55,7 +59,6 @@ TEST(Timing, RowsFollowTheScheduleBeforeAndAfterTheTriggers) {
 
 TEST(Timing, ALongPeriodIsNotWaitedForUnlessItsRowIsNear) {
   Scenario car({.period = 10, .post = 20});
-  car.start();
   car.run("10000 11000");
   car.press();
   car.run("12000");
@@ -81,7 +84,6 @@ TEST(Timing, TheWrapOfTheClockPassesUnnoticed) {
                 .start = "rising 50",
                 .stop = "time 2",
                 .clock = 0xFFFFFFFFU - 1999});
-  car.start();
   car.run("1000 1500 1999 2500 3500 3501 4500 5000");
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|60", "1|\"\"|61", "2|\"\"|62", "3|\"Stop\"|40"));
 }

@@ -11,8 +11,8 @@ template <class Step>
 std::string failureOf(Step&& step) {
   try {
     step();
-  } catch (const TarnError& error) {
-    return error.description();
+  } catch (const std::exception& error) {
+    return error.what();
   }
   return "none";
 }

@@ -22,7 +22,6 @@ class MemoryFileSystem : public FileSystem {
   std::string writeError;       ///< writing fails with this text
   bool noStream = false;        ///< opening for appending gives nothing
   std::set<std::string> inUse;  ///< files that are being written, by streams of this or by another program
-  int writes = 0;
 
   bool folderExists(const std::string& path) const override { return folders.count(path) != 0; }
   bool folderWritable(const std::string& path) const override {
@@ -79,7 +78,6 @@ class MemoryFileSystem : public FileSystem {
           system_.tellTrouble({.kind = WriteTrouble::Kind::Begun, .path = path_, .why = system_.writeError});
         return false;
       }
-      ++system_.writes;
       system_.files[path_].append(std::exchange(owed_, {})).append(bytes);
       endFailing(false);
       return true;

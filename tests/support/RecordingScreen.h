@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -56,10 +58,11 @@ class RecordingScreen : public AcqScreen {
   void focusStartStop() override {}
   void beep() override { ++beeps; }
 
-  /// The log without the times of day.
-  std::vector<std::string> logTexts() const {
+  /// The log, or so many of its newest lines, without the times of day.
+  std::vector<std::string> logTexts(std::size_t newest = SIZE_MAX) const {
     std::vector<std::string> texts;
-    for (const std::string& line : log) texts.push_back(line.substr(std::string("19:05:07 ").size()));
+    for (std::size_t i = log.size() - std::min(newest, log.size()); i < log.size(); ++i)
+      texts.push_back(log[i].substr(std::string("19:05:07 ").size()));
     return texts;
   }
 };

@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "apps/common/BadInput.h"
 #include "apps/common/LoadedConfiguration.h"
 #include "apps/tarn-record/CheckCommand.h"
 #include "apps/tarn-record/ListCommand.h"
@@ -27,17 +26,23 @@ class Commands : public testing::Test {
     status.addData("Part", ferrox3::kString);
   }
 
-  LoadedConfiguration load(const std::string& file) {
-    return loadConfiguration(files, settings, file, BuildSessionDocument(session));
+  LoadedConfiguration load() {
+    return loadConfiguration(files, settings, kFile, BuildSessionDocument(session));
   }
-
-  CheckedConfiguration check(const std::string& file) {
-    return checkConfiguration(files, settings, file, session, BuildSessionDocument(session));
+  CheckedConfiguration check() {
+    return checkConfiguration(files, settings, kFile, session, BuildSessionDocument(session));
+  }
+  /// Adds these data to the configuration and saves it.
+  void save(const std::vector<std::string>& data) {
+    addNamedData(made, BuildSessionDocument(session), data);
+    made.SaveXmlConfiguration(files, kFile, "tarnlog.xsl");
   }
 
   test::ScriptedSession session;
+  static constexpr const char* kFile = "/rec/c.xml";
   test::MemoryFileSystem files;
   MemorySettingsStore settings;
+  oTarnParameters made{settings};
 };
 
 TEST_F(Commands, ListShowsAFilteredTableOrJson) {
@@ -56,16 +61,10 @@ TEST_F(Commands, ListShowsAFilteredTableOrJson) {
 }
 
 TEST_F(Commands, NewWritesWhatCheckLoads) {
-  oTarnParameters made(settings);
-  addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Part", "Engine/21/80/Speed"});
   made.fileFolder = "/rec";
-  made.startTrigger->typeTrigger = oTarnTrigger::kChannel;
-  made.startTrigger->edge = -1;
-  made.startTrigger->level = 12.5;
-  made.startTrigger->prepost = -3;
-  made.startTrigger->DataIndex = 2;
-  made.SaveXmlConfiguration(files, "/rec/c.xml", "tarnlog.xsl");
-  EXPECT_EQ(check("/rec/c.xml").report,
+  *made.startTrigger = {0, oTarnTrigger::kChannel, -3, false, 0, -1, 12.5, 2};
+  save({"Engine/21/80/Part", "Engine/21/80/Speed"});
+  EXPECT_EQ(check().report,
             "period 1 s\n"
             "start: Speed falls to 12.5 km/h, pre-trigger 3 s = 3 points\n"
             "stop: manual, post-trigger 0 s = 0 points\n"
@@ -78,33 +77,25 @@ TEST_F(Commands, NewWritesWhatCheckLoads) {
 }
 
 TEST_F(Commands, NewNamesWhatIsNear) {
-  oTarnParameters made(settings);
   const SessionDocument document = BuildSessionDocument(session);
-  const auto errorOf = [&](const std::vector<std::string>& paths) {
-    try {
-      addNamedData(made, document, paths);
-      return std::string();
-    } catch (const BadInput& error) {
-      return std::string(error.what());
-    }
+  const auto refused = [&](const std::vector<std::string>& paths) {
+    return test::failureOf([&] { addNamedData(made, document, paths); });
   };
   EXPECT_EQ(
-      errorOf({"Engine/21/80/Sped"}),
+      refused({"Engine/21/80/Sped"}),
       "--data Engine/21/80/Sped: expected ECU/REQUEST/DATA of this vehicle; near are:\n  Engine/21/80/Speed");
-  EXPECT_THAT(errorOf({"speed"}), HasSubstr("  Engine/21/80/Speed"));
-  EXPECT_EQ(errorOf({"zzz"}), "--data zzz: expected ECU/REQUEST/DATA of this vehicle");
-  EXPECT_EQ(errorOf({"Engine/21/80/Part", "Engine/21/80/Part"}), "--data Engine/21/80/Part is named twice");
+  EXPECT_THAT(refused({"speed"}), HasSubstr("  Engine/21/80/Speed"));
+  EXPECT_EQ(refused({"zzz"}), "--data zzz: expected ECU/REQUEST/DATA of this vehicle");
+  EXPECT_EQ(refused({"Engine/21/80/Part", "Engine/21/80/Part"}), "--data Engine/21/80/Part is named twice");
 }
 
 TEST_F(Commands, CheckNamesWhatTheVehicleLacks) {
-  oTarnParameters made(settings);
-  addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Speed", "Engine/21/80/Part"});
-  made.stopTrigger->typeTrigger = oTarnTrigger::kChannel;
-  made.stopTrigger->DataIndex = 1;
+  save({"Engine/21/80/Speed", "Engine/21/80/Part"});
+  *made.stopTrigger = {1, oTarnTrigger::kChannel, 0, false, 0, 1, 0, 1};
   made.Item(1)->DataName = "Pressure";
   made.initScenario->Add("Clear", "Engine", 0x10);
-  made.SaveXmlConfiguration(files, "/rec/c.xml", "");
-  const LoadedConfiguration loaded = load("/rec/c.xml");
+  save({});
+  const LoadedConfiguration loaded = load();
   EXPECT_THAT(lackingLines(loaded),
               ElementsAre("not offered by this vehicle: Engine/21/80/Pressure",
                           "init scenario request not offered by this vehicle: Engine/Clear",
@@ -116,7 +107,7 @@ TEST_F(Commands, CheckNamesWhatTheVehicleLacks) {
 TEST_F(Commands, CheckRefusesWhatARunRefusesAndNamesWhatIsOdd) {
   session.addEcu("Gearbox", "Gearbox", 0x18).addRequest("Clear");
   const auto checked = [&](const std::string& recording, const std::string& rest) {
-    files.files["/rec/c.xml"] =
+    files.files[kFile] =
         "<Tarnlog2000 Version='2.0'><Parameters><Comment/><Comment/><StartSession>10 "
         "C</StartSession><InitScenario>"
         "<Request Name='Clear' EcuName='Gearbox' Address='24'/></InitScenario>" +
@@ -124,7 +115,7 @@ TEST_F(Commands, CheckRefusesWhatARunRefusesAndNamesWhatIsOdd) {
         "</Parameters><Datas><Data index='1' name='Speed' request='21/80'>"
         "<ECU name='Engine' function='Injection' address='16'/><Scope type='Graf'/></Data>" +
         rest + "</Datas></Tarnlog2000>";
-    return check("/rec/c.xml");
+    return check();
   };
   const auto odd = checked(
       "<Recording period='1.6'><Trigger><Start type='Channel'><Channel edge='0' level='1,5' "
@@ -152,12 +143,11 @@ TEST_F(Commands, CheckRefusesWhatARunRefusesAndNamesWhatIsOdd) {
 }
 
 TEST_F(Commands, APrefixThatLeadsOutOfTheFolderIsRefused) {
-  oTarnParameters made(settings);
-  addNamedData(made, BuildSessionDocument(session), {"Engine/21/80/Speed"});
+  save({"Engine/21/80/Speed"});
   const auto refused = [&](const std::string& prefix) {
     made.filePrefix = prefix;
-    made.SaveXmlConfiguration(files, "/rec/c.xml", "");
-    return test::failureOf([&] { load("/rec/c.xml"); });
+    save({});
+    return test::failureOf([&] { load(); });
   };
   EXPECT_EQ(
       refused("../x"),

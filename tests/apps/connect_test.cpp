@@ -7,21 +7,12 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <fstream>
-#include <optional>
 
 #include "apps/tarnlog/ConnectDialog.h"
 #include "apps/tarnlog/OpeningProgress.h"
-#include "apps/tarnlog/RecorderWindow.h"
-#include "platform/settings/FileSettingsStore.h"
-#include "tests/support/ManualLinkClock.h"
-#include "tests/support/ManualTimer.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/ScriptedDialogs.h"
-#include "tests/support/SteppedClock.h"
+#include "tests/apps/WindowRig.h"
 #include "tests/support/TempFolder.h"
-#include "ui/common/Convert.h"
 #include "ui/common/Notice.h"
 
 namespace tarnlog {
@@ -52,7 +43,7 @@ TEST(LinkChoices, BeginWithWhatIsPluggedIn) {
 }
 
 /// A car on a trace, and a user who connects to it.
-struct ConnectTest : ::testing::Test {
+struct ConnectTest : ::testing::Test, test::WindowRig {
   ConnectTest() {
     files.files["/drive.trace"] =
         "# tarnlog trace 1\n"
@@ -60,6 +51,7 @@ struct ConnectTest : ::testing::Test {
         "0.2 > 2016 OBD-II 01 0D\n0.3 < 41 0D 20\n";
     open();
   }
+  void TearDown() override { window.reset(); }  // before what it uses
   void open() {
     window.reset();
     const auto openCar = [this](const CarConnection& car, const LinkHooks& hooks) {
@@ -76,24 +68,17 @@ struct ConnectTest : ::testing::Test {
     window->show();
   }
   ConnectDialog& dialog() {
-    if (window->findChild<ConnectDialog*>() == nullptr)
-      window->findChild<QAction*>("connectToCar")->trigger();
-    return *window->findChild<ConnectDialog*>();
+    if (find<ConnectDialog>() == nullptr) find<QAction>("connectToCar")->trigger();
+    return *find<ConnectDialog>();
   }
   void connectOver(const QString& link) {
     dialog().findChild<QLineEdit*>("link")->setText(link);
-    dialog().findChild<QPushButton*>("connect")->click();
+    press("connect");
   }
   std::string failure() { return fromQString(dialog().findChild<Notice*>()->text()); }
 
-  test::SteppedClock clock;
-  test::ManualLinkClock linkClock{&clock};
-  test::ManualTimer timer;
-  test::MemoryFileSystem files;
-  FileSettingsStore settings{files, "/cfg/settings"};
-  test::ScriptedDialogs dialogs;
+  const std::string connected = "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001";
   std::function<void()> whileOpening;
-  std::optional<RecorderWindow> window;
 };
 
 TEST_F(ConnectTest, SaysInPlaceWhatIsWrongAndRemembersWhatWorked) {
@@ -101,30 +86,29 @@ TEST_F(ConnectTest, SaysInPlaceWhatIsWrongAndRemembersWhatWorked) {
   EXPECT_THAT(failure(), HasSubstr("expected a serial port like /dev/ttyUSB0"));
   connectOver("replay:/none.trace");
   EXPECT_THAT(failure(), HasSubstr("/none.trace"));
-  dialog().findChild<QRadioButton*>("described")->click();
-  EXPECT_FALSE(dialog().findChild<QPushButton*>("connect")->isEnabled()) << "no description is named";
+  press("described");
+  EXPECT_FALSE(find<QPushButton>("connect")->isEnabled()) << "no description is named";
   EXPECT_EQ(failure(), "") << "it was about another choice";
-  dialog().findChild<QRadioButton*>("askCar")->click();
+  press("askCar");
   dialogs.filesToOpen = {"/drive.trace"};
-  dialog().findChild<QListWidget*>("links")->setCurrentRow(4);
-  dialog().findChild<QAbstractButton*>("browseLink")->click();
-  dialog().findChild<QPushButton*>("connect")->click();
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
+  find<QListWidget>("links")->setCurrentRow(4);
+  press("browseLink");
+  press("connect");
+  EXPECT_EQ(title(), connected);
   EXPECT_FALSE(dialog().isVisible());
 
   open();
-  auto* const known = window->findChild<QListWidget*>("vehicles");
+  auto* const known = find<QListWidget>("vehicles");
   EXPECT_EQ(known->item(0)->text(), "OBD car\nreplay:/drive.trace");
   emit known->itemActivated(known->item(0));
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
-  EXPECT_EQ(dialog().findChild<QListWidget*>("links")->item(0)->text(),
-            "OBD car, as before\nreplay:/drive.trace");
-  EXPECT_THAT(dialog().connection().link, "replay:/drive.trace");
+  EXPECT_EQ(title(), connected);
+  EXPECT_EQ(dialog().connection().link, "replay:/drive.trace");
+  EXPECT_EQ(find<QListWidget>("links")->item(0)->text(), "OBD car, as before\nreplay:/drive.trace");
 }
 
 TEST_F(ConnectTest, KeepsWhatThereIsWhenTheUserCancels) {
   whileOpening = [&] {
-    auto* const progress = window->findChild<QProgressDialog*>("openingProgress");
+    auto* const progress = find<QProgressDialog>("openingProgress");
     EXPECT_TRUE(QTest::qWaitFor([&] { return progress->isVisible(); }, 5000));
     EXPECT_THAT(fromQString(progress->labelText()), HasSubstr("replay:/drive.trace"));
     progress->findChild<QPushButton*>()->click();
@@ -133,10 +117,10 @@ TEST_F(ConnectTest, KeepsWhatThereIsWhenTheUserCancels) {
   EXPECT_TRUE(dialog().isVisible());
   EXPECT_EQ(failure(), "");
   EXPECT_TRUE(window->isEnabled());
-  EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
+  EXPECT_EQ(title(), "Tarnlog2001");
   EXPECT_THAT(dialogs.asked, IsEmpty());
   connectOver("replay:/drive.trace");
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - OBD car over replay:/drive.trace - Tarnlog2001");
+  EXPECT_EQ(title(), connected);
 }
 
 }  // namespace

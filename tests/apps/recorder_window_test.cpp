@@ -11,17 +11,13 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QProgressDialog>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTest>
 #include <QTimer>
 #include <QTreeView>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 
-#include "acquisition/TarnAcq.h"
 #include "apps/common/Signals.h"
 #include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
@@ -29,18 +25,12 @@
 #include "apps/tarnlog/LiveRecorder.h"
 #include "config/RegisterParameters.h"
 #include "host/link/trace/SimulatedLink.h"
-#include "platform/settings/FileSettingsStore.h"
+#include "tests/apps/WindowRig.h"
 #include "tests/scenarios/Scenario.h"
-#include "tests/support/ManualLinkClock.h"
-#include "tests/support/ManualTimer.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/ScriptedDialogs.h"
 #include "tests/support/ScriptedPeer.h"
-#include "tests/support/SteppedClock.h"
 #include "tests/support/TempFolder.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
-#include "ui/main/TarnMain.h"
 
 namespace tarnlog {
 namespace {
@@ -50,33 +40,33 @@ using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::SizeIs;
 
-/// The program's window with files, time and the user's answers in the test's hands.
-struct RecorderWindowTest : ::testing::Test {
+struct RecorderWindowTest : ::testing::Test, test::WindowRig {
   RecorderWindowTest() {
-    test::Recipe recipe;
-    recipe.speed = "0:10";
+    const test::Recipe recipe{.speed = "0:10"};
     files.files["/car.json"] = test::vehicleDescription(recipe);
     files.files["/broken.json"] = R"({"name": "Car", "ecus": 7})";
     files.files["/c.xml"] = test::configuration(recipe);
     files.files["/bad.xml"] = "<Tarnlog2000>";
     open();
   }
+  void TearDown() override { window.reset(); }  // before what it uses
   /// Starts the program anew.
   void open() {
     window.reset();
-    WindowEnvironment environment{{clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion},
-                                  [this](const CarConnection& car, const LinkHooks& hooks) {
-                                    stopAsked = hooks.stopAsked;
-                                    if (whileOpening) std::exchange(whileOpening, nullptr)();
-                                    hooks.whileWaiting();
-                                    const auto idle = [this] {
-                                      if (whileWaiting) std::exchange(whileWaiting, nullptr)();
-                                    };
-                                    if (openLink)
-                                      return host::openVehicle(car.vehicle, files, {}, linkClock, idle,
-                                                               openLink(car.link));
-                                    return host::openVehicle(car.vehicle, files, {}, linkClock, idle);
-                                  }};
+    WindowEnvironment environment{
+        {clock, timer, files, settings, dialogs, {}, "tarnlog.xsl", &endQuestion},
+        [this](const CarConnection& car, const LinkHooks& hooks) {
+          stopAsked = hooks.stopAsked;
+          if (whileOpening) std::exchange(whileOpening, nullptr)();
+          hooks.whileWaiting();
+          const auto openOver = [&](auto link) {
+            const auto idle = [this] {
+              if (whileWaiting) std::exchange(whileWaiting, nullptr)();
+            };
+            return host::openVehicle(car.vehicle, files, {}, linkClock, idle, std::move(link));
+          };
+          return openLink ? openOver(openLink(car.link)) : openOver(host::LinkOptions());
+        }};
     environment.folderOfVehicle = [](const std::string& folder, const host::VehicleDescription& vehicle,
                                      const auto&) { return folder + "/" + vehicle.name; };
     environment.unfinished.find = [this](const std::string& folder, bool) {
@@ -89,12 +79,6 @@ struct RecorderWindowTest : ::testing::Test {
     window.emplace(std::move(environment));
     window->show();
   }
-  void ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-      timer.fire();
-      linkClock.step(std::chrono::milliseconds(51));
-    }
-  }
   void startRecording() {
     window->acquire("/c.xml");
     window->openVehicle("/car.json");
@@ -105,15 +89,13 @@ struct RecorderWindowTest : ::testing::Test {
   }
   /// The recording that runs may end.
   void agree() {
-    for (QAbstractButton* const button : window->findChild<QMessageBox*>("endRecording")->buttons())
+    for (QAbstractButton* const button : find<QMessageBox>("endRecording")->buttons())
       if (button->text() == "&End recording") button->click();
   }
-  TarnAcq& acq() { return window->recorder().ctlTarnAcq(); }
   bool titled(const QString& beginning) {
     return QTest::qWaitFor([&] { return window->windowTitle().startsWith(beginning); }, 1000);
   }
-  void view(int tab) { window->findChild<QTabBar*>("TabSmain")->setCurrentIndex(tab); }
-  void press(const char* button) { window->findChild<QAbstractButton*>(button)->click(); }
+  void view(int tab) { find<QTabBar>("TabSmain")->setCurrentIndex(tab); }
   bool closed() {
     return QTest::qWaitFor([&] { return !window->isVisible(); }, 1000);
   }
@@ -124,22 +106,16 @@ struct RecorderWindowTest : ::testing::Test {
     return paths;
   }
   std::vector<std::string> entriesOf(const QString& menuTitle) {
+    std::vector<std::string> texts;
     for (auto* const menu : window->findChildren<QMenu*>()) {
       if (menu->title().remove('&') != menuTitle) continue;
       emit menu->aboutToShow();
-      std::vector<std::string> texts;
       for (const QAction* const action : menu->actions()) texts.push_back(fromQString(action->text()));
-      return texts;
     }
-    return {};
+    return texts;
   }
+  std::string notice(const char* key) { return fromQString(find<NoticeBar>()->notice(key)); }
 
-  test::SteppedClock clock;
-  test::ManualLinkClock linkClock{&clock};
-  test::ManualTimer timer;
-  test::MemoryFileSystem files;
-  FileSettingsStore settings{files, "/cfg/settings"};
-  test::ScriptedDialogs dialogs;
   EndRecordingBox endQuestion;
   std::function<void()> whileWaiting;  ///< these run once, where events may run
   std::function<void()> whileOpening;
@@ -148,7 +124,6 @@ struct RecorderWindowTest : ::testing::Test {
   std::vector<std::string> unfinished;
   test::ScriptedPeer mute;
   bool taken = false;  ///< the port of a PortLink
-  std::optional<RecorderWindow> window;
 };
 
 /// From an empty window to a finished record file.
@@ -157,24 +132,24 @@ TEST_F(RecorderWindowTest, WalksFromAnEmptyWindowToARecord) {
   open();
   dialogs.filesToOpen = {"/car.json"};
   press("otherVehicle");
-  auto& tree = *window->findChild<QTreeView*>("TreeAllData");
+  auto& tree = *find<QTreeView>("TreeAllData");
   tree.expandAll();
   const QModelIndexList found = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, "Speed", 1,
                                                     Qt::MatchExactly | Qt::MatchRecursive);
   ASSERT_EQ(found.size(), 1);
   tree.setCurrentIndex(found.front());
-  window->findChild<QWidget*>("ctlTarnSelect")->findChild<QAbstractButton*>("addData")->click();
+  find<QWidget>("ctlTarnSelect")->findChild<QAbstractButton*>("addData")->click();
   EXPECT_TRUE(window->isWindowModified());
-  window->findChild<QTabBar*>("TabStripMain")->setCurrentIndex(1);
-  QTest::keyClicks(window->findChild<QLineEdit*>("SavePrefix"), "walk_");
+  find<QTabBar>("TabStripMain")->setCurrentIndex(1);
+  QTest::keyClicks(find<QLineEdit>("SavePrefix"), "walk_");
   dialogs.filesToSave = {"/walk.xml"};
   window->recorder().ctlTarnConfigure().fileActions().at(1)->trigger();
-  EXPECT_EQ(window->windowTitle(), "walk.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(title(), "walk.xml[*] - Car - Tarnlog2001");
   EXPECT_FALSE(window->isWindowModified());
 
   view(1);
   ticks(12);
-  const auto& values = *window->findChild<QTreeView*>("LVvisuText");
+  const auto& values = *find<QTreeView>("LVvisuText");
   EXPECT_GT(values.columnWidth(0), values.width() / 2) << "names need the most";
   press("CommandStartStop");
   ticks(4);
@@ -186,19 +161,19 @@ TEST_F(RecorderWindowTest, WalksFromAnEmptyWindowToARecord) {
               MatchesRegex("time\tevent\t\"Engine\"\r\n16/11/26\t\t\"Status\"\r\n"
                            "[0-9:]*\t\t\"Speed.km/h.\"\r\n0\t\"Start\"\t10\r\n"
                            "([0-9.]*\t\"\"\t10\r\n)*[0-9.]*\t\"Stop\"\t10\r\n"));
-  EXPECT_TRUE(window->findChild<QPlainTextEdit*>("logText")->toPlainText().endsWith(" Stop record"));
+  EXPECT_TRUE(find<QPlainTextEdit>("logText")->toPlainText().endsWith(" Stop record"));
   window->close();
   EXPECT_TRUE(closed());
   EXPECT_THAT(dialogs.asked, SizeIs(2)) << "nothing to lose";
 }
 
 TEST_F(RecorderWindowTest, RemembersVehiclesConfigurationsAndItsPlace) {
-  EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
+  EXPECT_EQ(title(), "Tarnlog2001");
   dialogs.filesToOpen = {"/car.json", "/c.xml"};
   press("otherVehicle");
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001");
-  window->findChild<QAction*>("load")->trigger();
-  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(title(), "New configuration[*] - Car - Tarnlog2001");
+  find<QAction>("load")->trigger();
+  EXPECT_EQ(title(), "c.xml[*] - Car - Tarnlog2001");
   EXPECT_FALSE(window->isWindowModified());
   window->recorder().ctlTarnConfigure().noteEdit();
   EXPECT_TRUE(window->isWindowModified());
@@ -214,66 +189,58 @@ TEST_F(RecorderWindowTest, RemembersVehiclesConfigurationsAndItsPlace) {
   EXPECT_EQ(window->size(), QSize(900, 500));
   EXPECT_THAT(entriesOf("Recent vehicles"), ElementsAre("/car.json"));
   EXPECT_THAT(entriesOf("Recent configurations"), ElementsAre("/c.xml"));
-  auto* const vehicles = window->findChild<QListWidget*>("vehicles");
+  // A configuration that is opened before the vehicle waits for it.
+  dialogs.filesToOpen = {"/c.xml"};
+  window->recorder().ctlTarnConfigure().fileActions().front()->trigger();
+  EXPECT_EQ(notice("early"), "c.xml is opened as soon as there is a vehicle.");
+  auto* const vehicles = find<QListWidget>("vehicles");
   emit vehicles->itemActivated(vehicles->item(0));
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001");
+  EXPECT_EQ(title(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(window->recorder().ctlTarnConfigure().Parameters()->Count(), 1);
+  EXPECT_FALSE(find<NoticeBar>()->isVisible());
 }
 
 TEST_F(RecorderWindowTest, OffersToCloseRecordsThatAKillLeftOpen) {
   unfinished = {"/rec/a.xml", "/rec/b.xml"};
   files.files["/cfg/settings"] = "PathName=/rec\n";
   open();
-  auto& notices = *window->findChild<NoticeBar*>();
-  EXPECT_EQ(notices.notice("unfinished"), "2 records were not closed, their recorder was killed");
+  EXPECT_EQ(notice("unfinished"), "2 records were not closed, their recorder was killed");
   press("action");
-  EXPECT_THAT(notices.details("unfinished"), ElementsAre("/rec/a.xml: closed", "/rec/b.xml: no space"));
+  EXPECT_THAT(find<NoticeBar>()->details("unfinished"),
+              ElementsAre("/rec/a.xml: closed", "/rec/b.xml: no space"));
 
   unfinished = {"/rec/c.xml"};
   files.files["/cfg/settings"] = "";
   open();
-  EXPECT_EQ(window->findChild<NoticeBar*>()->notice("unfinished"), "");
+  EXPECT_EQ(notice("unfinished"), "");
   window->acquire("/c.xml");
   window->openVehicle("/car.json");
-  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("unfinished")), HasSubstr("/rec/c.xml"))
-      << "the configuration's folder";
+  EXPECT_THAT(notice("unfinished"), HasSubstr("/rec/c.xml")) << "the configuration's folder";
   press("action");
-  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("unfinished")),
-              HasSubstr("end the acquisition first"));
+  EXPECT_THAT(notice("unfinished"), HasSubstr("end the acquisition first"));
 }
 
 TEST_F(RecorderWindowTest, StaysUsableWithBrokenFiles) {
   files.files["/cfg/settings"] = "no equals sign";
   open();
-  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("settings")),
-              HasSubstr("/cfg/settings, line 1: expected Name=value"));
+  EXPECT_THAT(notice("settings"), HasSubstr("/cfg/settings, line 1: expected Name=value"));
   window->acquire("/bad.xml");
   window->openVehicle("/broken.json");
   EXPECT_THAT(dialogs.asked, ElementsAre(HasSubstr("/broken.json: /ecus: expected")));
-  EXPECT_EQ(window->windowTitle(), "Tarnlog2001");
+  EXPECT_EQ(title(), "Tarnlog2001");
   window->openVehicle("/car.json");
   EXPECT_THAT(dialogs.asked.back(), HasSubstr("Load error: Open file error : File : /bad.xml, Line : 1"));
   window->openVehicle("/none.json");
-  EXPECT_EQ(window->windowTitle(), "New configuration[*] - Car - Tarnlog2001") << "the old vehicle stays";
+  EXPECT_EQ(title(), "New configuration[*] - Car - Tarnlog2001") << "the old vehicle stays";
   open();
-  EXPECT_FALSE(window->findChild<NoticeBar*>()->isVisible()) << "said once";
-}
-
-TEST_F(RecorderWindowTest, KeepsAConfigurationThatIsOpenedBeforeTheVehicle) {
-  dialogs.filesToOpen = {"/c.xml"};
-  window->recorder().ctlTarnConfigure().fileActions().front()->trigger();
-  EXPECT_EQ(window->findChild<NoticeBar*>()->notice("early"),
-            "c.xml is opened as soon as there is a vehicle.");
-  window->openVehicle("/car.json");
-  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
-  EXPECT_EQ(window->recorder().ctlTarnConfigure().Parameters()->Count(), 1);
-  EXPECT_FALSE(window->findChild<NoticeBar*>()->isVisible());
+  EXPECT_FALSE(find<NoticeBar>()->isVisible()) << "said once";
 }
 
 /// The box has no loop of its own: the recording goes on below it.
-TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
+TEST_F(RecorderWindowTest, AsksBeforeItEndsTheRecordingAndEndsItBeforeItCloses) {
   startRecording();
   view(0);
-  QPointer box = window->findChild<QMessageBox*>("endRecording");
+  QPointer box = find<QMessageBox>("endRecording");
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(box->text(), "A recording is running. End it?");
   const auto rows = files.files[recordFiles().front()].size();
@@ -282,18 +249,10 @@ TEST_F(RecorderWindowTest, AsksBeforeAClickEndsTheRecording) {
   QTest::keyClick(box, Qt::Key_Return);
   EXPECT_TRUE(window->recorder().recordingRuns());
   ASSERT_TRUE(QTest::qWaitFor([&] { return box == nullptr; }, 1000));
-  view(0);
-  agree();
-  ticks(1);
-  EXPECT_FALSE(window->recorder().recordingRuns());
-}
-
-TEST_F(RecorderWindowTest, EndsTheRecordingBeforeItCloses) {
-  startRecording();
   window->close();
   EXPECT_FALSE(acq().endAsked());
   agree();
-  EXPECT_FALSE(window->findChild<NoticeBar*>()->notice("closing").isEmpty());
+  EXPECT_NE(notice("closing"), "");
   EXPECT_TRUE(window->isVisible()) << "one more tick ends the acquisition";
   ticks(1);
   EXPECT_TRUE(closed());
@@ -322,25 +281,12 @@ TEST_F(RecorderWindowTest, ClosesAndChangesTheVehicleAfterTheRequestUnderWay) {
   EXPECT_TRUE(closed());
 }
 
-/// In an outage the acquisition is nearly always in the middle of a request, whose link has to be told.
-TEST_F(RecorderWindowTest, WantsToEndAsSoonAsItIsClosed) {
-  startRecording();
-  whileWaiting = [&] {
-    window->close();
-    agree();
-    EXPECT_TRUE(acq().endAsked());
-    EXPECT_TRUE(stopAsked());
-  };
-  ticks(1);
-  EXPECT_TRUE(closed());
-}
-
 /// It used to end before there was anything in its place.
 TEST_F(RecorderWindowTest, RecordsUntilTheOtherVehicleIsOpen) {
   startRecording();
   const auto running = stopAsked;
   whileOpening = [&] {
-    emit window->findChild<QProgressDialog*>()->canceled();
+    emit find<QProgressDialog>()->canceled();
     EXPECT_TRUE(stopAsked());
     EXPECT_FALSE(running());
   };
@@ -349,7 +295,7 @@ TEST_F(RecorderWindowTest, RecordsUntilTheOtherVehicleIsOpen) {
   EXPECT_THAT(dialogs.asked, SizeIs(1));
   whileOpening = [&] { ticks(1); };
   window->openVehicle("/car.json");
-  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+  EXPECT_EQ(title(), "c.xml[*] - Car - Tarnlog2001");
   ticks(1);
   agree();
   const auto rows = test::rowsOf(files.files[recordFiles().front()]);
@@ -359,21 +305,18 @@ TEST_F(RecorderWindowTest, RecordsUntilTheOtherVehicleIsOpen) {
   EXPECT_EQ(acq().AcqState(), TarnAcq::kIdle);
 }
 
-/// A link to a port that only one can have.
+/// A link to a port that is taken while it is open.
 class PortLink : public host::SimulatedLink {
  public:
   PortLink(host::LinkClock& clock, host::SimulatedPeer& peer, bool& taken)
       : SimulatedLink(clock, peer), taken_(taken) {}
-  ~PortLink() override { doClose(); }
-  PortLink(const PortLink&) = delete;
-  PortLink& operator=(const PortLink&) = delete;
 
  protected:
   void doOpen() override {
-    if (std::exchange(taken_, true)) throw TarnError(1, "Link", "busy");
+    taken_ = true;
     SimulatedLink::doOpen();
   }
-  void doClose() final {
+  void doClose() override {
     taken_ = false;
     SimulatedLink::doClose();
   }
@@ -401,7 +344,7 @@ TEST_F(RecorderWindowTest, LetsAnAdapterGoThatTheNextVehicleNeeds) {
   window->openConnection({"/car.json", "elm327://BOX:35000?baud=1"});
   ASSERT_TRUE(QTest::qWaitFor([&] { return dialogs.asked.size() == 2; }, 1000));
   EXPECT_FALSE(takenAtOpening);
-  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car over elm327://box - Tarnlog2001");
+  EXPECT_EQ(title(), "c.xml[*] - Car over elm327://box - Tarnlog2001");
   view(1);
   ticks(2);
   EXPECT_TRUE(taken) << "the vehicle that was there is acquired again";
@@ -414,27 +357,39 @@ TEST_F(RecorderWindowTest, LetsAnAdapterGoThatTheNextVehicleNeeds) {
 
 TEST(LinkAddress, IsSharedByOnePortUnderDifferentNames) {
   const test::TempFolder folder;
+  const std::string port = "elm327://" + (folder / "ttyUSB0");
   std::ofstream(folder / "ttyUSB0").put('x');
   std::filesystem::create_symlink(folder / "ttyUSB0", folder / "by-id");
-  EXPECT_TRUE(
-      shareAddress("elm327://" + (folder / "ttyUSB0") + "?baud=9600", "elm327://" + (folder / "by-id")));
-  EXPECT_FALSE(shareAddress("elm327:///dev/ttyUSB0", "elm327:///dev/ttyUSB1"));
-  EXPECT_TRUE(shareAddress("elm327://box", "elm327://BOX:35000"));
-  EXPECT_FALSE(shareAddress("elm327://box", "elm327://box:23"));
-  EXPECT_TRUE(shareAddress("doip://*", "doip://10.0.0.5?ecu=1"));
-  EXPECT_FALSE(shareAddress("doip://10.0.0.5", "elm327://10.0.0.5"));
-  EXPECT_FALSE(shareAddress("", "")) << "simulations";
-  EXPECT_FALSE(shareAddress("replay:a.trace", "replay:a.trace"));
+  for (const auto& [one, other, shared] :
+       {std::tuple(port + "?baud=9600", "elm327://" + (folder / "by-id"), true),
+        {port, port + "1", false},
+        {"elm327://box", "elm327://BOX:35000", true},
+        {"elm327://box", "elm327://box:23", false},
+        {"doip://*", "doip://10.0.0.5?ecu=1", true},
+        {"doip://10.0.0.5", "elm327://10.0.0.5", false},
+        {"", "", false},  // simulations
+        {"replay:a.trace", "replay:a.trace", false}})
+    EXPECT_EQ(shareAddress(one, other), shared) << one << " " << other;
 }
 
-/// Asked for at each file, and never part of the configuration: that would grow a folder at each saving.
-TEST_F(RecorderWindowTest, PutsTheFilesIntoAFolderOfTheVehicle) {
-  window->findChild<QAction*>("folderPerVehicle")->trigger();
+/// The folder is asked for at each file, and never part of the configuration: that would grow a folder at
+/// each saving. And in an outage the acquisition is nearly always in the middle of a request, whose link has
+/// to be told of the end.
+TEST_F(RecorderWindowTest, PutsTheFilesIntoAFolderOfTheVehicleAndWantsToEndAsSoonAsItIsClosed) {
+  find<QAction>("folderPerVehicle")->trigger();
   startRecording();
   EXPECT_THAT(recordFiles(), ElementsAre(HasSubstr("/rec/Car/16-11-26")));
   EXPECT_EQ(acq().Parameters()->fileFolder, "/rec");
+  whileWaiting = [&] {
+    window->close();
+    agree();
+    EXPECT_TRUE(acq().endAsked());
+    EXPECT_TRUE(stopAsked());
+  };
+  ticks(1);
+  EXPECT_TRUE(closed());
   open();
-  EXPECT_TRUE(window->findChild<QAction*>("folderPerVehicle")->isChecked());
+  EXPECT_TRUE(find<QAction>("folderPerVehicle")->isChecked());
 }
 
 /// A car that is asked what it offers may take a minute.
@@ -448,7 +403,7 @@ TEST_F(RecorderWindowTest, ClosesWhenTheVehicleIsOpen) {
   };
   window->openVehicle("/car.json");
   EXPECT_TRUE(window->isVisible());
-  EXPECT_EQ(window->windowTitle(), "Tarnlog2001") << "closing cancels the opening";
+  EXPECT_EQ(title(), "Tarnlog2001") << "closing cancels the opening";
   EXPECT_TRUE(closed());
 }
 

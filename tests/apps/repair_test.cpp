@@ -3,18 +3,19 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "apps/common/BadInput.h"
 #include "apps/common/RecordRepair.h"
 #include "apps/common/RecordWalk.h"
 #include "apps/common/UnfinishedRecords.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/xml/XmlDocument.h"
 #include "tests/support/AcqRig.h"
+#include "tests/support/FailureOf.h"
 #include "tests/support/TempFolder.h"
 
 namespace tarnlog {
 namespace {
 
+using test::failureOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -84,11 +85,9 @@ TEST(Repair, PartsRowsThatWereGlued) {
     const std::string glued = whole.substr(0, cut) + whole.substr(end + 4);
     const Walked repaired = walked(glued);
     EXPECT_EQ(repaired.faults.cutRows, cut >= cellEnd ? 1U : 0U) << glued;
-    const auto speeds = speedsIn(repaired.text);
-    if (cut >= cellEnd)
-      EXPECT_THAT(speeds, ElementsAre("60", "61", "62")) << glued;
-    else
-      EXPECT_THAT(speeds, ElementsAre("60", "62")) << glued;
+    using Speeds = std::vector<std::string>;
+    EXPECT_EQ(speedsIn(repaired.text), cut >= cellEnd ? Speeds({"60", "61", "62"}) : Speeds({"60", "62"}))
+        << glued;
     EXPECT_TRUE(walked(repaired.text).faults.whole()) << repaired.text;
   }
   std::string head = whole;
@@ -112,14 +111,6 @@ TEST(Repair, LeavesWholeFilesAndOtherFilesAlone) {
     EXPECT_FALSE(walked(other).faults.record) << other;
 }
 
-std::string refusalOf(const std::string& path) {
-  try {
-    return repairRecord(path);
-  } catch (const BadInput& refusal) {
-    return refusal.what();
-  }
-}
-
 TEST(Repair, WorksOnACopyKeepsTheOriginalAndLeavesARunningRecordingAlone) {
   const test::TempFolder folder;
   SystemFileSystem files;
@@ -131,7 +122,7 @@ TEST(Repair, WorksOnACopyKeepsTheOriginalAndLeavesARunningRecordingAlone) {
   {
     const auto recorder = files.create(path);
     recorder->write(cut);
-    EXPECT_THAT(refusalOf(path), HasSubstr("is being written"));
+    EXPECT_THAT(failureOf([&] { repairRecord(path); }), HasSubstr("is being written"));
     EXPECT_TRUE(unfinishedRecords(folder.path()).empty());
   }
   EXPECT_THAT(unfinishedRecords(folder.path()), ElementsAre(path));
@@ -145,10 +136,10 @@ TEST(Repair, WorksOnACopyKeepsTheOriginalAndLeavesARunningRecordingAlone) {
   std::string broken = whole;
   broken.insert(broken.find("<Datas>"), "<1/>");
   files.replace(path, broken.substr(0, broken.rfind("</")));
-  EXPECT_THAT(refusalOf(path), HasSubstr("could not be read"));
+  EXPECT_THAT(failureOf([&] { repairRecord(path); }), HasSubstr("could not be read"));
   files.replace(folder / "b.txt", "time\tevent");
-  EXPECT_THROW(repairRecord(folder / "b.txt"), BadInput);
-  EXPECT_THROW(repairRecord(folder / "missing.xml"), TarnError);
+  for (const char* name : {"b.txt", "missing.xml"})
+    EXPECT_NE(failureOf([&] { repairRecord(folder / name); }), "none") << name;
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 5) << "no copy is left";
 }
 

@@ -12,6 +12,7 @@
 
 #include "apps/common/NonWaitingStream.h"
 #include "apps/common/RepeatedLines.h"
+#include "apps/common/StandardStreams.h"
 #include "apps/common/TerminalText.h"
 #include "tests/support/PseudoTerminal.h"
 #include "tests/support/SteppedClock.h"
@@ -114,6 +115,19 @@ TEST(RepeatedLines, CountsWhatComesAgainWithinAWhile) {
   clock.step(6000);
   lines.add("init error A");
   EXPECT_THAT(take(), ElementsAre("init error A", "init error A")) << "now and then is no flood";
+}
+
+// A recorder started with closed streams (cron jobs, daemons) wrote its log between the rows of the record
+// file.
+TEST(StandardStreams, NoFileTakesThePlaceOfAClosedStream) {
+  EXPECT_EXIT(
+      {
+        ::close(STDIN_FILENO);
+        ::close(STDOUT_FILENO);
+        openClosedStandardStreams();
+        ::_exit(::open("/dev/null", O_WRONLY) > STDERR_FILENO ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 // An adapter could clear the screen, or set the terminal's keys, with what it answers.

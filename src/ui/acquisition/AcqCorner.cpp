@@ -29,12 +29,14 @@ QLabel* makeMark(const char* name, const QString& text, const QString& tip, QWid
   return mark;
 }
 
-/// A button for the mouse: its key does the same, so the focus passes it by.
+/// A click leaves the focus where it is, for the recorder's keys; who comes by the keyboard presses it with
+/// space.
 QToolButton* makeButton(const QString& icon, const QString& name, const QString& tip, QWidget& parent) {
   auto* const button = new QToolButton(&parent);
+  button->setObjectName(icon);
   button->setIcon(tarnIcon(icon));
   button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::NoFocus);
+  button->setFocusPolicy(Qt::TabFocus);
   button->setAccessibleName(name);
   button->setToolTip(tip);
   return button;
@@ -48,7 +50,7 @@ AcqCorner::AcqCorner(QWidget& view)
                            tr("The picture stands still, recording goes on. P lets it run again."), view)),
       pauseButton_(makeButton("pause", tr("Pause"),
                               tr("Freeze the picture while recording goes on (P or Pause)"), view)),
-      helpButton_(makeButton("help", tr("Keyboard help"), tr("Keyboard (F1)"), view)) {
+      helpButton_(makeButton("help", tr("Help"), tr("Keys, guide and messages (F1)"), view)) {
   pauseButton_->setCheckable(true);
 }
 

@@ -95,7 +95,9 @@ void AcqView::orderTabs() {
   setTabOrder(&header_->startStop(), &header_->event());
   setTabOrder(&header_->event(), &header_->log());
   setTabOrder(&header_->log(), &tabs_->bar());
-  setTabOrder(&tabs_->bar(), valueList_);
+  setTabOrder(&tabs_->bar(), &corner_->pauseButton());
+  setTabOrder(&corner_->pauseButton(), &corner_->helpButton());
+  setTabOrder(&corner_->helpButton(), valueList_);
   setFocusProxy(&header_->startStop());
 }
 
@@ -185,7 +187,6 @@ void AcqView::showEvent(QShowEvent* event) {
 void AcqView::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
   if (event->spontaneous()) return;
-  if (help_ != nullptr) help_->hide();
   acq_->hidden();
 }
 
@@ -218,11 +219,8 @@ void AcqView::toggleFullScreen() {
 }
 
 void AcqView::toggleHelp() {
-  if (help_ == nullptr) help_ = new KeyboardHelp(this);
-  QRect place({}, help_->sizeHint());
-  place.moveCenter(mapToGlobal(rect().center()));
-  if (!help_->isVisible()) help_->move(std::max(place.left(), 0), std::max(place.top(), 0));
-  help_->setVisible(!help_->isVisible());
+  if (help_ == nullptr) help_ = new HelpPanel(guide_, this);
+  help_->toggle(KeyboardHelp::page());
 }
 
 /// Start, stop and event act while values are polled only; what is pressed before is not forgotten silently.

@@ -6,6 +6,7 @@
 
 #include "acquisition/AcqScreen.h"
 #include "acquisition/TarnAcq.h"
+#include "ui/common/Guide.h"
 
 class QLabel;
 class QShortcut;
@@ -17,8 +18,8 @@ class AcqCorner;
 class AcqHeader;
 class ConnectionWatch;
 class ElidedLabel;
+class HelpPanel;
 class HotKeys;
-class KeyboardHelp;
 class ScrolledGraphs;
 class TabStrip;
 class ValueListModel;
@@ -42,6 +43,10 @@ class AcqView : public QWidget, public AcqScreen {
   /// Shows the values of this moment until further notice; the recorder goes on.
   void setPaused(bool paused);
   bool paused() const { return paused_; }
+
+  /// For the help, before it is shown first.
+  void setGuide(const Guide& guide) { guide_ = guide; }
+  void toggleHelp();
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -88,7 +93,6 @@ class AcqView : public QWidget, public AcqScreen {
   void layOut();
   void showTab(const QString& key);
   void toggleFullScreen();
-  void toggleHelp();
   void answerPress();
   void showAge(qint64 seconds);
 
@@ -105,7 +109,8 @@ class AcqView : public QWidget, public AcqScreen {
   ValueListView* valueList_ = nullptr;
   ScrolledGraphs* graphs_ = nullptr;
   std::unique_ptr<AcqCorner> corner_;
-  KeyboardHelp* help_ = nullptr;
+  Guide guide_;
+  HelpPanel* help_ = nullptr;
   QShortcut* leaveFullScreen_ = nullptr;
   std::array<QShortcut*, 2> pageKeys_{};
   char decimalSeparator_;

@@ -1,17 +1,16 @@
 #pragma once
 
-#include <QWidget>
+#include <QCoreApplication>
+
+#include "ui/common/HelpPanel.h"
 
 namespace tarnlog {
 
-/// A small panel beside the view that tells its keys. Nothing waits for it; Escape and F1 close it.
-class KeyboardHelp : public QWidget {
-  Q_OBJECT
+/// What the acquisition view tells of its keys.
+class KeyboardHelp {
+  Q_DECLARE_TR_FUNCTIONS(KeyboardHelp)
  public:
-  explicit KeyboardHelp(QWidget* parent);
-
- private:
-  void addKeys(const QString& keys, const QString& what);
+  static HelpPage page();
 };
 
 }  // namespace tarnlog

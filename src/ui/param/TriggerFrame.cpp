@@ -1,5 +1,6 @@
 #include "ui/param/TriggerFrame.h"
 
+#include <QAbstractItemView>
 #include <QScopedValueRollback>
 
 #include "ui/common/Convert.h"
@@ -70,6 +71,7 @@ void TriggerFrame::addChannel(QGridLayout& grid) {
   channel_->setAccessibleName(option->text());
   channel_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   channel_->setMinimumContentsLength(12);
+  channel_->view()->setTextElideMode(Qt::ElideMiddle);
   changeByWheelOnlyWithFocus(*channel_);
   const int row = grid.rowCount();
   grid.addWidget(option, row, kCaption);
@@ -172,6 +174,7 @@ void TriggerFrame::showUnit() {
   const QString caption = tr("Trigger level");
   levelLabel_->setText(unit.empty() ? caption : caption + " (" + toQString(unit) + ")");
   level_->setToolTip(entry > 0 ? channel_->currentText() : QString());
+  channel_->setToolTip(level_->toolTip());
 }
 
 void TriggerFrame::acted(bool changed) {

@@ -1,10 +1,12 @@
 #include "ui/scope/ScopeEditor.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <utility>
 
 #include "platform/base/Overloaded.h"
+#include "platform/text/Numbers.h"
 #include "ui/scope/ScopeOffers.h"
 
 namespace tarnlog {
@@ -231,14 +233,54 @@ bool ScopeEditor::moveTo(std::size_t position) {
   return true;
 }
 
-bool ScopeEditor::apply(ScopeAction action, const std::vector<std::size_t>& positions) {
-  if (parameters_ == nullptr) return false;
+std::vector<oTarnScope*> ScopeEditor::itemsAt(const std::vector<std::size_t>& positions) const {
   std::vector<oTarnScope*> items;
+  if (parameters_ == nullptr) return items;
   for (const std::size_t position : positions)
     if (oTarnScope* const scope = parameters_->Item(position)) items.push_back(scope);
-  if (!applyAction(action, *parameters_, items)) return false;
+  return items;
+}
+
+bool ScopeEditor::apply(ScopeAction action, const std::vector<std::size_t>& positions) {
+  if (parameters_ == nullptr || !applyAction(action, *parameters_, itemsAt(positions))) return false;
   load();
   return true;
+}
+
+bool ScopeEditor::applyPoints(std::int32_t points, const std::vector<std::size_t>& positions) {
+  if (!tarnlog::applyPoints(points, itemsAt(positions))) return false;
+  load();
+  return true;
+}
+
+bool ScopeEditor::actsOn(ScopeAction action, const std::vector<std::size_t>& positions) const {
+  return tarnlog::actsOn(action, itemsAt(positions));
+}
+
+std::optional<std::int32_t> ScopeEditor::pointsOf(const std::vector<std::size_t>& positions) const {
+  for (oTarnScope* const scope : itemsAt(positions))
+    if (const oTarnGraph* const graph = scope->oTarnGraph()) return graph->points;
+  return std::nullopt;
+}
+
+std::optional<ScopeEditor::Range> ScopeEditor::dataRange() const {
+  const oTarnScope* const scope = current();
+  if (scope == nullptr || document_ == nullptr || !scope->isNumber()) return std::nullopt;
+  const XmlElement data = FindSessionData(*document_, scope->EcuName, scope->RequestName, scope->DataName,
+                                          scope->FunctionAddress);
+  if (!data) return std::nullopt;
+  const Range range{leadingNumber(data.attributeOrEmpty("min")), leadingNumber(data.attributeOrEmpty("max"))};
+  if (!std::isfinite(range.mini) || !std::isfinite(range.maxi) || range.mini >= range.maxi)
+    return std::nullopt;
+  return range;
+}
+
+bool ScopeEditor::takeDataRange() {
+  const std::optional<Range> range = dataRange();
+  if (!range || !rangeEnabled()) return false;
+  values_.mini = range->mini;
+  values_.maxi = range->maxi;
+  return changeAxis();
 }
 
 }  // namespace tarnlog

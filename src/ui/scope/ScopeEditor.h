@@ -5,8 +5,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "catalogue/SessionDocument.h"
 #include "config/oTarnParameters.h"
 #include "ui/scope/ScopePalette.h"
 #include "ui/scope/ScopeSelection.h"
@@ -76,11 +78,28 @@ class ScopeEditor {
   bool moveDown();
   /// To the items at these 1-based positions, ascending.
   bool apply(ScopeAction action, const std::vector<std::size_t>& positions);
+  bool applyPoints(std::int32_t points, const std::vector<std::size_t>& positions);
+  /// Whether there is one among them that the action is for.
+  bool actsOn(ScopeAction action, const std::vector<std::size_t>& positions) const;
+  /// Of the first graph among them; none without one.
+  std::optional<std::int32_t> pointsOf(const std::vector<std::size_t>& positions) const;
+
+  /// The catalogue, for the ranges of the data. May be null.
+  void setXmlSession(std::shared_ptr<const SessionDocument> document) { document_ = std::move(document); }
+  struct Range {
+    double mini;
+    double maxi;
+  };
+  /// Of the values that the current item can have; none when the vehicle does not tell.
+  std::optional<Range> dataRange() const;
+  /// Gives it to the axis.
+  bool takeDataRange();
 
  private:
   void load();
   void loadAxis(bool automatic, double mini, double maxi);
   bool changeAxis();
+  std::vector<oTarnScope*> itemsAt(const std::vector<std::size_t>& positions) const;
   void become(oTarnScope& scope, DisplayKind type);
   void becomeCurve(oTarnScope& scope);
   void becomeXAxis(oTarnScope& scope);
@@ -88,6 +107,7 @@ class ScopeEditor {
   bool moveTo(std::size_t position);
 
   std::shared_ptr<oTarnParameters> parameters_;
+  std::shared_ptr<const SessionDocument> document_;
   std::string key_;  ///< of the current item: other screens may remove items meanwhile
   EditorValues values_;
 };

@@ -28,6 +28,7 @@ ScopeListView::ScopeListView(QWidget* parent) : QTreeView(parent) {
   setAllColumnsShowFocus(true);
   setSelectionMode(ExtendedSelection);
   setTabKeyNavigation(false);
+  setTextElideMode(Qt::ElideMiddle);  // names end in what tells them apart, or in their unit
   setItemDelegateForColumn(ScopeListModel::Type, new ScopeTypeDelegate(this));
   header()->setStretchLastSection(false);
   header()->setSectionsMovable(false);

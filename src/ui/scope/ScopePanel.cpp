@@ -1,10 +1,12 @@
 #include "ui/scope/ScopePanel.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -23,7 +25,6 @@ namespace tarnlog {
 namespace {
 
 constexpr double kLargest = 1e15;
-constexpr double kMostPoints = 1'000'000;
 constexpr int kWidthInDigits = 36;
 constexpr int kNumberInDigits = 16;
 constexpr const char* kAligned = "aligned";  ///< name of the forms whose editors begin at the same place
@@ -110,7 +111,8 @@ QWidget* ScopePanel::makeTypeEditors() {
                            tr("Shown beside the value; the name of the data when empty"));
   cbGraphIndex_ =
       named(new QComboBox, "CBgraphIndex", tr("Graph"), tr("The graph that this data belongs to"));
-  captionForm_->addRow(tr("&Caption:"), valScopeCaption_);
+  cbGraphIndex_->view()->setTextElideMode(Qt::ElideMiddle);
+  captionForm_->addRow(tr("Cap&tion:"), valScopeCaption_);
   captionForm_->addRow(tr("&Graph:"), cbGraphIndex_);
   column->addLayout(captionForm_);
   column->addWidget(makeAxisEditors());
@@ -123,13 +125,19 @@ QGroupBox* ScopePanel::makeAxisEditors() {
   frAxeY_ = new QGroupBox(tr("Y Axis"));
   frAxeY_->setObjectName("FrAxeY");
   auto* const form = new QFormLayout(frAxeY_);
-  axeYAuto_ = named(new QCheckBox(tr("&Automatic range")), "AxeYAuto", tr("Automatic range"),
+  axeYAuto_ = named(new QCheckBox(tr("A&utomatic range")), "AxeYAuto", tr("Automatic range"),
                     tr("The axis follows the values"));
   axeYmini_ = named(numberEdit(-kLargest, kLargest, 12), "AxeYmini", tr("Minimum of the axis"));
   axeYmaxi_ = named(numberEdit(-kLargest, kLargest, 12), "AxeYmaxi", tr("Maximum of the axis"));
   form->addRow(axeYAuto_);
   addRow(form, tr("Mi&nimum:"), axeYmini_);
   addRow(form, tr("Ma&ximum:"), axeYmaxi_);
+  axeYRange_ = new QPushButton(tr("&Range of the datum"));
+  axeYRange_->setObjectName("AxeYRange");
+  auto* const line = new QHBoxLayout;
+  line->addStretch();
+  line->addWidget(axeYRange_);
+  form->addRow(line);
   return frAxeY_;
 }
 
@@ -195,6 +203,7 @@ void ScopePanel::connectEditors() {
           [this](double value) { note(!loading_ && editor_.changeMini(value)); });
   connect(axeYmaxi_, &CWNumEdit::valueChanged, this,
           [this](double value) { note(!loading_ && editor_.changeMaxi(value)); });
+  connect(axeYRange_, &QPushButton::clicked, this, &ScopePanel::takeDataRange);
   connect(axeXNbPoints_, &CWNumEdit::valueChanged, this, [this](double value) {
     note(!loading_ && editor_.changePoints(static_cast<std::int32_t>(value)));
   });
@@ -216,6 +225,23 @@ void ScopePanel::takeColour(const QColor& colour) {
   if (!editor_.changeColour(static_cast<std::int32_t>(fromQColor(colour)))) return;
   loadValues();
   emit colourEdited();
+}
+
+void ScopePanel::takeDataRange() {
+  const bool changed = editor_.takeDataRange();
+  loadValues();
+  note(changed);
+}
+
+/// The button says what it would give, or why it gives nothing.
+void ScopePanel::showDataRange() {
+  const auto range = editor_.dataRange();
+  axeYRange_->setEnabled(range && editor_.rangeEnabled());
+  const QString tip = !range                   ? tr("The vehicle does not tell the range of this data")
+                      : editor_.rangeEnabled() ? tr("From %1 to %2").arg(range->mini).arg(range->maxi)
+                                               : tr("Switch the automatic range off first");
+  axeYRange_->setToolTip(tip);
+  axeYRange_->setAccessibleDescription(tip);
 }
 
 void ScopePanel::load() {
@@ -287,6 +313,7 @@ void ScopePanel::showParts() {
   axeYAuto_->setVisible(parts.automatic);
   axeYmini_->setEnabled(editor_.rangeEnabled());
   axeYmaxi_->setEnabled(editor_.rangeEnabled());
+  showDataRange();
   frAxeX_->setVisible(parts.points);
   frAxeX_->setEnabled(parts.points);
   frColor_->setVisible(parts.colour);

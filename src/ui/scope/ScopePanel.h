@@ -12,6 +12,7 @@ class QFormLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace tarnlog {
 
@@ -25,6 +26,8 @@ class ScopePanel : public QFrame {
   Q_OBJECT
 
  public:
+  static constexpr int kMostPoints = 1'000'000;
+
   /// Asks the user for a colour, beginning with the given one, without waiting: `chosen` is called later, or
   /// never. An acquisition may be ending meanwhile.
   using AskColour =
@@ -56,6 +59,8 @@ class ScopePanel : public QFrame {
   void showParts();
   void askForColour();
   void takeColour(const QColor& colour);
+  void takeDataRange();
+  void showDataRange();
   void note(bool changed);
 
   ScopeEditor& editor_;
@@ -74,6 +79,7 @@ class ScopePanel : public QFrame {
   QCheckBox* axeYAuto_ = nullptr;
   CWNumEdit* axeYmini_ = nullptr;
   CWNumEdit* axeYmaxi_ = nullptr;
+  QPushButton* axeYRange_ = nullptr;
   QGroupBox* frAxeX_ = nullptr;
   CWNumEdit* axeXNbPoints_ = nullptr;
   QFrame* frColor_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include <QColorDialog>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QToolButton>
@@ -78,21 +79,42 @@ void TarnPaSc::makeMenu() {
   menuPopup_ = new QMenu(this);
   menuPopup_->setObjectName("MenuPopup");
   menuPopup_->setToolTipsVisible(true);
-  const auto add = [this](const char* name, ScopeAction action, const QString& text, const QString& toolTip) {
-    QAction* const entry = menuPopup_->addAction(text, this, [this, action] { apply(action); });
-    entry->setObjectName(name);
-    entry->setToolTip(toolTip);
-  };
-  add("MenuPopupNone", ScopeAction::None, tr("&None"), tr("Record the selected data without showing them"));
-  add("MenuPopupNumeric", ScopeAction::Numeric, tr("&Digital"), tr("Show each as digits or text"));
-  add("MenuPopupBarGraph", ScopeAction::BarGraph, tr("&BarGraph"), tr("Show each as a bar from 0 to 100"));
-  add("MenuPopupGraph", ScopeAction::Graph, tr("&Graph"), tr("A graph for each"));
-  add("MenuPopupSingle", ScopeAction::Single, tr("&Single graph"), tr("All on the graph of the first one"));
-  add("MenuPopupXY", ScopeAction::XY, tr("&X-Y graph"),
-      tr("All on the graph of the first one, the last as its X axis"));
+  addAction("MenuPopupNone", ScopeAction::None, tr("&None"),
+            tr("Record the selected data without showing them"));
+  addAction("MenuPopupNumeric", ScopeAction::Numeric, tr("&Digital"), tr("Show each as digits or text"));
+  addAction("MenuPopupBarGraph", ScopeAction::BarGraph, tr("&BarGraph"),
+            tr("Show each as a bar from 0 to 100"));
+  addAction("MenuPopupGraph", ScopeAction::Graph, tr("&Graph"), tr("A graph for each"));
+  addAction("MenuPopupSingle", ScopeAction::Single, tr("&Single graph"),
+            tr("All on the graph of the first one"));
+  addAction("MenuPopupXY", ScopeAction::XY, tr("&X-Y graph"),
+            tr("All on the graph of the first one, the last as its X axis"));
   menuPopup_->addSeparator();
-  add("MenuPopupUnify", ScopeAction::Unify, tr("&Unify number of points"),
-      tr("Give all selected graphs the number of points of the first one"));
+  addAction("MenuPopupUnify", ScopeAction::Unify, tr("&Unify number of points"),
+            tr("Give all selected graphs the number of points of the first one"));
+  addSettings();
+}
+
+/// What changes settings of all selected data at once.
+void TarnPaSc::addSettings() {
+  points_ = menuPopup_->addAction(tr("Number of &points..."), this, &TarnPaSc::askForPoints);
+  points_->setObjectName("MenuPopupPoints");
+  points_->setToolTip(tr("Of all selected graphs"));
+  addAction("MenuPopupColours", ScopeAction::Colours, tr("&Colours in turn"),
+            tr("Give the selected graphs and curves colours that are easily told apart"));
+  addAction("MenuPopupAutomaticOn", ScopeAction::AutomaticOn, tr("&Automatic range"),
+            tr("The axes of the selected graphs follow the values"));
+  addAction("MenuPopupAutomaticOff", ScopeAction::AutomaticOff, tr("&Fixed range"),
+            tr("The axes of the selected graphs go from their minimum to their maximum"));
+  addAction("MenuPopupEmptyCaption", ScopeAction::EmptyCaption, tr("&Empty captions"),
+            tr("The selected data are shown under their own names"));
+}
+
+void TarnPaSc::addAction(const char* name, ScopeAction action, const QString& text, const QString& toolTip) {
+  QAction* const entry = menuPopup_->addAction(text, this, [this, action] { apply(action); });
+  entry->setObjectName(name);
+  entry->setToolTip(toolTip);
+  actions_.emplace_back(entry, action);
 }
 
 void TarnPaSc::connectParts() {
@@ -112,6 +134,15 @@ void TarnPaSc::connectParts() {
     emit edited();
   });
   connect(panel_, &ScopePanel::valueEdited, this, &TarnPaSc::edited);
+}
+
+std::vector<HelpRow> TarnPaSc::helpRows() {
+  return {
+      {tr("Up, Down"), tr("In the list: move the data up, down")},
+      {tr("Ctrl+Up, Ctrl+Down"), tr("In the list: go from row to row")},
+      {tr("Shift+click, Ctrl+A"), tr("Select several data, all data")},
+      {tr("Shift+F10, Menu"), tr("What can be done to all selected data: graphs, colours, ranges, captions")},
+  };
 }
 
 void TarnPaSc::setParameters(std::shared_ptr<oTarnParameters> parameters) {
@@ -149,10 +180,37 @@ void TarnPaSc::move(bool up) {
   emit edited();
 }
 
-void TarnPaSc::apply(ScopeAction action) {
+/// From 1.
+std::vector<std::size_t> TarnPaSc::positions() const {
   std::vector<std::size_t> positions = listViewScope_->selectedRows();
   for (std::size_t& position : positions) ++position;
-  if (!editor_.apply(action, positions)) return;
+  return positions;
+}
+
+void TarnPaSc::apply(ScopeAction action) {
+  if (!editor_.apply(action, positions())) return;
+  fillList();
+  emit edited();
+}
+
+/// The dialog has no loop of its own: an acquisition may be ending meanwhile.
+void TarnPaSc::askForPoints() {
+  const auto points = editor_.pointsOf(positions());
+  if (!points) return;
+  auto* const dialog = new QInputDialog(this);
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setObjectName("askPoints");
+  dialog->setWindowTitle(tr("Number of points"));
+  dialog->setLabelText(tr("Values that the selected graphs show across their width:"));
+  dialog->setInputMode(QInputDialog::IntInput);
+  dialog->setIntRange(1, ScopePanel::kMostPoints);
+  dialog->setIntValue(*points);
+  connect(dialog, &QInputDialog::intValueSelected, this, &TarnPaSc::takePoints);
+  dialog->open();
+}
+
+void TarnPaSc::takePoints(int points) {
+  if (!editor_.applyPoints(points, positions())) return;
   fillList();
   emit edited();
 }
@@ -160,6 +218,8 @@ void TarnPaSc::apply(ScopeAction action) {
 void TarnPaSc::popUpMenu(const QPoint& globalPosition) {
   // Some platforms report the menu key twice, as a key and as a wish for the menu.
   if (menuPopup_->isVisible() || listViewScope_->selectedRows().empty()) return;
+  for (const auto& [entry, action] : actions_) entry->setEnabled(editor_.actsOn(action, positions()));
+  points_->setEnabled(editor_.pointsOf(positions()).has_value());
   menuPopup_->popup(globalPosition);
 }
 

@@ -2,10 +2,14 @@
 
 #include <QWidget>
 #include <memory>
+#include <utility>
+#include <vector>
 
+#include "ui/common/HelpPanel.h"
 #include "ui/scope/ScopeEditor.h"
 #include "ui/scope/ScopePanel.h"
 
+class QAction;
 class QMenu;
 class QToolButton;
 
@@ -26,6 +30,14 @@ class TarnPaSc : public QWidget {
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return editor_.Parameters(); }
 
+  /// The catalogue, for the ranges of the data. May be null.
+  void setXmlSession(std::shared_ptr<const SessionDocument> document) {
+    editor_.setXmlSession(std::move(document));
+    panel_->load();
+  }
+
+  static std::vector<HelpRow> helpRows();
+
   /// Instead of the platform's colour dialog.
   void setAskColour(ScopePanel::AskColour ask) { panel_->setAskColour(std::move(ask)); }
 
@@ -35,6 +47,8 @@ class TarnPaSc : public QWidget {
 
  private:
   void makeMenu();
+  void addSettings();
+  void addAction(const char* name, ScopeAction action, const QString& text, const QString& toolTip);
   QToolButton* makeButton(const char* name, const char* icon, const QString& accessibleName,
                           const QString& toolTip);
   void connectParts();
@@ -43,6 +57,9 @@ class TarnPaSc : public QWidget {
   void refreshRow();
   void move(bool up);
   void apply(ScopeAction action);
+  void askForPoints();
+  void takePoints(int points);
+  std::vector<std::size_t> positions() const;
   void popUpMenu(const QPoint& globalPosition);
 
   ScopeEditor editor_;
@@ -52,6 +69,8 @@ class TarnPaSc : public QWidget {
   QToolButton* dataUp_ = nullptr;
   QToolButton* dataDown_ = nullptr;
   QMenu* menuPopup_ = nullptr;
+  std::vector<std::pair<QAction*, ScopeAction>> actions_;  ///< of the menu
+  QAction* points_ = nullptr;
   bool filling_ = false;  ///< the list is being filled: what it selects is no click
 };
 

@@ -28,7 +28,6 @@ class AvailablePane : public QGroupBox {
   void beginAnew();
   void showHint();
 
-  bool hasSelection() const;
   std::vector<CatalogueNode> selectedNodes() const;
   /// Selects this node when nothing is selected: the user goes on from there.
   void goOnAt(const QModelIndex& index);
@@ -51,6 +50,7 @@ class AvailablePane : public QGroupBox {
   void chooseShape(char key);
   void filter(const QString& text);
   void activate(const QModelIndex& index);
+  bool hasSelection() const;
 
   SelectionRules& rules_;
   CatalogueModel& catalogue_;

@@ -1,6 +1,7 @@
 #include "ui/select/CatalogueModel.h"
 
 #include <QColor>
+#include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -11,6 +12,17 @@
 #include "ui/select/DragPayload.h"
 
 namespace tarnlog {
+
+namespace {
+
+/// What is red is italic, too: not everybody sees the colour.
+QFont italic() {
+  QFont font;
+  font.setItalic(true);
+  return font;
+}
+
+}  // namespace
 
 CatalogueIcons::CatalogueIcons()
     : icons_{QIcon(),          tarnIcon("ecu"),      tarnIcon("request"), tarnIcon("device"),
@@ -90,6 +102,8 @@ QVariant CatalogueModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole:
       if (content.colour == CatalogueTree::kDefaultColour) return {};
       return toQColor(content.colour, QGuiApplication::palette());
+    case Qt::FontRole:
+      return content.colour == CatalogueTree::kDefaultColour ? QVariant() : italic();
     case Qt::ToolTipRole:
       return toolTip(node(index));
     default:

@@ -116,6 +116,11 @@ void RecordPane::showButtons(bool canAdd) {
   dataDown_->setEnabled(movable);
 }
 
+void RecordPane::keepFocus(QWidget& control) {
+  QWidget& place = control.isEnabled() ? control : *list_;
+  place.setFocus();
+}
+
 void RecordPane::showHint() {
   list_->setHint(selected_.filtering() ? tr("No data with these words.")
                                        : tr("Select data on the left and press \"Add data\", "

@@ -26,6 +26,8 @@ class RecordPane : public QGroupBox {
   /// Enables what can be done; whether data of the tree can be added is for others to know.
   void showButtons(bool canAdd);
   void showHint();
+  /// Gives the focus back to a control that had it; where that can do nothing any more, to the list.
+  void keepFocus(QWidget& control);
   /// Selects this row alone and shows it. A filter stays: where it hides the row, nothing is selected, or the
   /// next row that can be seen, and the number of hidden rows tells.
   void selectRow(std::size_t row);

@@ -135,6 +135,21 @@ bool SelectionRules::addsOnDoubleClick(CatalogueNode node) const {
   return content.image == CatalogueImage::request || isData(content);
 }
 
+bool SelectionRules::canAdd(const std::vector<CatalogueNode>& nodes) const {
+  if (!ready()) return false;
+  const auto isNew = [this](CatalogueNode node) {
+    const auto& content = tree_.content(node);
+    return isData(content) && parameters_->Item(content.key) == nullptr;
+  };
+  return std::any_of(nodes.begin(), nodes.end(), [&](CatalogueNode node) {
+    const auto& content = tree_.content(node);
+    if (content.image != CatalogueImage::request && content.image != CatalogueImage::device)
+      return isNew(node);
+    const auto& children = tree_.children(node);
+    return std::any_of(children.begin(), children.end(), isNew);
+  });
+}
+
 bool SelectionRules::addData(const std::vector<CatalogueNode>& nodes, std::size_t before) {
   if (!ready()) return false;
   std::vector<oTarnScope*> added;

@@ -70,6 +70,8 @@ class SelectionRules {
   /// The data nodes that these nodes stand for, each once and in the order of the tree: a request or a device
   /// stands for its data, an ECU for none.
   std::vector<CatalogueNode> dataNodes(const std::vector<CatalogueNode>& nodes) const;
+  /// Whether adding these nodes would add anything.
+  bool canAdd(const std::vector<CatalogueNode>& nodes) const;
   /// Moves the data of these nodes to the list, before that row or to the end. True when some were added.
   bool addData(const std::vector<CatalogueNode>& nodes, std::size_t before = kNoRow);
   /// A double click adds requests and data only. True when the node is a request or a data node, even if

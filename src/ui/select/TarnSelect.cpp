@@ -71,7 +71,7 @@ void TarnSelect::createKeys() {
     connect(shortcut, &QShortcut::activated, this, action);
   };
   key(QKeySequence::Undo, [this] { undoRemoval(); });
-  key(QKeySequence::Find, [this] { available_->focusFilter(); });
+  key(QKeySequence::Find, [this] { focusFilter(); });
 }
 
 /// The last one moves first: at the end of the circle that the tab order is, it would seem to be in its
@@ -83,7 +83,22 @@ void TarnSelect::putInTabOrder() {
   for (std::size_t i = 1; i < stops.size(); ++i) setTabOrder(stops[i - 1], stops[i]);
 }
 
-void TarnSelect::updateButtons() { record_->showButtons(available_->hasSelection()); }
+void TarnSelect::updateButtons() { record_->showButtons(rules_.canAdd(available_->selectedNodes())); }
+
+void TarnSelect::focusFilter() { available_->focusFilter(); }
+void TarnSelect::focusTree() { available_->stops().back()->setFocus(); }
+
+std::vector<HelpRow> TarnSelect::helpRows() {
+  return {
+      {tr("Ctrl+F"),
+       tr("Filter the available data; Escape empties the filter, Down goes on to what it found")},
+      {tr("Left, Right"), tr("Close and open an ECU or a request")},
+      {tr("Enter"), tr("Add the selected data to those to record")},
+      {tr("Ctrl+Up, Ctrl+Down"), tr("In the list: move the data up, down")},
+      {tr("Delete"), tr("In the list: take the selected data out")},
+      {tr("Ctrl+Z"), tr("Take a removal back")},
+  };
+}
 
 // --- what is shown
 
@@ -133,8 +148,11 @@ void TarnSelect::addNodes(const std::vector<CatalogueNode>& nodes, std::size_t b
   const auto leaving = rules_.dataNodes(nodes);
   if (leaving.empty()) return;
   const QPersistentModelIndex next = catalogue_->neighbourOf(leaving.back());
+  QWidget* const focused = focusWidget();
   edit([&] { return rules_.addData(nodes, before); });
   available_->goOnAt(next);
+  // The button was disabled in between, while nothing was selected, and has lost the focus to "Remove data".
+  if (focused != nullptr && focused != focusWidget()) record_->keepFocus(*focused);
 }
 
 void TarnSelect::removeRows(const std::vector<std::size_t>& rows) {

@@ -8,6 +8,7 @@
 
 #include "catalogue/SessionDocument.h"
 #include "config/oTarnParameters.h"
+#include "ui/common/HelpPanel.h"
 #include "ui/select/SelectionRules.h"
 
 namespace tarnlog {
@@ -35,6 +36,11 @@ class TarnSelect : public QWidget {
   std::int32_t DisplayDataList(const oTarnScope* selectScope = nullptr);
   /// Empties the list and fills the tree again.
   void Clear();
+
+  /// These take the keyboard to the available data.
+  void focusFilter();
+  void focusTree();
+  static std::vector<HelpRow> helpRows();
 
  signals:
   /// The user changed the configuration.

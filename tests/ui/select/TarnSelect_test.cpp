@@ -333,7 +333,8 @@ TEST_F(SelectScreen, TabGoesThroughTheScreenAsItIsSeen) {
   expand("Engine");
   select({"Status"});
   click("addData");
-  select({"Engine"});
+  expand("Brakes");
+  select({"Wheels"});
   auto& bar = child<QToolBar>("TbSelect");
   bar.widgetForAction(bar.actions().front())->setFocus();
   QStringList names;

@@ -13,9 +13,12 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "apps/tarnlog/LinkAdvice.h"
 #include "host/vehicle/Vehicle.h"
 #include "ui/common/Convert.h"
+#include "ui/common/Guide.h"
 #include "ui/common/Icons.h"
+#include "ui/common/MessageTable.h"
 #include "ui/common/Notice.h"
 
 namespace tarnlog {
@@ -37,7 +40,7 @@ QToolButton* browseButton(const char* name, const QString& toolTip) {
 }  // namespace
 
 ConnectDialog::ConnectDialog(const std::vector<CarConnection>& recent, const std::vector<LinkChoice>& choices,
-                             AskFile askFile, QWidget* parent)
+                             AskFile askFile, const Guide& guide, QWidget* parent)
     : QDialog(parent),
       askFile_(std::move(askFile)),
       links_(new QListWidget),
@@ -47,7 +50,8 @@ ConnectDialog::ConnectDialog(const std::vector<CarConnection>& recent, const std
       described_(new QRadioButton(tr("Vehicle &description:"))),
       vehicle_(new QLineEdit),
       browseVehicle_(browseButton("browseVehicle", tr("Choose a vehicle description"))),
-      failure_(new Notice) {
+      failure_(new Notice),
+      messages_(new QPushButton(tr("&What the messages mean"))) {
   setObjectName("connectDialog");
   setWindowTitle(tr("Connect to a car"));
   links_->setObjectName("links");
@@ -68,7 +72,7 @@ ConnectDialog::ConnectDialog(const std::vector<CarConnection>& recent, const std
   column->addSpacing(8);
   column->addLayout(createVehicleRows());
   column->addSpacing(8);
-  column->addWidget(failure_);
+  column->addLayout(createFailureRow(guide));
   column->addWidget(buttons);
   resize(560, 480);
 
@@ -97,6 +101,18 @@ QBoxLayout* ConnectDialog::createLinkRow() {
   row->addWidget(browseLink_);
   connect(link_, &QLineEdit::textChanged, this, &ConnectDialog::showState);
   connect(browseLink_, &QToolButton::clicked, this, &ConnectDialog::browseLink);
+  return row;
+}
+
+QBoxLayout* ConnectDialog::createFailureRow(const Guide& guide) {
+  messages_->setObjectName("showMessages");
+  messages_->setAutoDefault(false);
+  messages_->setEnabled(bool(guide.messages));
+  messages_->hide();
+  connect(messages_, &QPushButton::clicked, this, [this, guide] { showMessageTable(guide, *this); });
+  auto* const row = new QHBoxLayout;
+  row->addWidget(failure_, 1);
+  row->addWidget(messages_, 0, Qt::AlignTop);
   return row;
 }
 
@@ -171,7 +187,7 @@ void ConnectDialog::showState() {
   browseVehicle_->setEnabled(described_->isChecked());
   connect_->setEnabled(!link.isEmpty() && link != kReplay &&
                        (askCar_->isChecked() || !vehicle_->text().trimmed().isEmpty()));
-  failure_->setText({});
+  setFailure({});
 }
 
 void ConnectDialog::browseLink() {
@@ -196,6 +212,10 @@ CarConnection ConnectDialog::connection() const {
   return {vehicle, fromQString(link_->text().trimmed())};
 }
 
-void ConnectDialog::setFailure(const QString& text) { failure_->setText(text); }
+void ConnectDialog::setFailure(const QString& text) {
+  const QString advice = LinkAdvice::on(text, connection());
+  failure_->setText(advice.isEmpty() ? text : text + '\n' + advice);
+  messages_->setVisible(!text.isEmpty() && messages_->isEnabled());
+}
 
 }  // namespace tarnlog

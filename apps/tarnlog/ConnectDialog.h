@@ -18,6 +18,7 @@ class QToolButton;
 namespace tarnlog {
 
 class Notice;
+struct Guide;
 
 /// Asks how a car is reached and what is known about it. It stays open until the connection stands: what
 /// fails is said in it, for the user to mend and to try again.
@@ -30,9 +31,10 @@ class ConnectDialog : public QDialog {
                                      std::function<void(const QString&)>)>;
 
   ConnectDialog(const std::vector<CarConnection>& recent, const std::vector<LinkChoice>& choices,
-                AskFile askFile, QWidget* parent = nullptr);
+                AskFile askFile, const Guide& guide, QWidget* parent = nullptr);
 
   CarConnection connection() const;
+  /// With what to do about it.
   void setFailure(const QString& text);
 
  signals:
@@ -42,6 +44,7 @@ class ConnectDialog : public QDialog {
  private:
   QBoxLayout* createLinkRow();
   QBoxLayout* createVehicleRows();
+  QBoxLayout* createFailureRow(const Guide& guide);
   void addRecent(const CarConnection& connection);
   void addChoice(const LinkChoice& choice);
   void choose(int row);
@@ -59,6 +62,7 @@ class ConnectDialog : public QDialog {
   QLineEdit* vehicle_;
   QToolButton* browseVehicle_;
   Notice* failure_;
+  QPushButton* messages_;
   QPushButton* connect_;
 };
 

@@ -4,8 +4,10 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QTimer>
+#include <QUrl>
 #include <utility>
 #include <vector>
 
@@ -18,6 +20,7 @@
 #include "apps/common/TerminalText.h"
 #include "apps/common/UnfinishedRecords.h"
 #include "apps/common/WriteTroubleText.h"
+#include "apps/tarnlog/GuideFiles.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
 #include "ui/common/Convert.h"
@@ -38,6 +41,18 @@ std::vector<std::string> exampleVehicles() {
     for (const QFileInfo& file : QDir(folder).entryInfoList({"*.vehicle.json"}, QDir::Files, QDir::Name))
       paths.push_back(fromQString(file.canonicalFilePath()));
     if (!paths.empty()) return paths;
+  }
+  return {};
+}
+
+/// With the program that the desktop has for such files.
+void showOutside(const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(toQString(path))); }
+
+Guide guideOfProgram(const FileSystem& files) {
+  for (const QString& folder :
+       {QApplication::applicationDirPath() + "/" TARNLOG_GUIDE, QStringLiteral(TARNLOG_SOURCE_GUIDE)}) {
+    Guide guide = guideIn(fromQString(QDir::cleanPath(folder)), files, showOutside);
+    if (guide.open) return guide;
   }
   return {};
 }
@@ -77,7 +92,7 @@ WindowEnvironment LiveRecorder::environment() {
     return vehicle;
   };
   return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_,
-           [this](const std::string& file) { refusePrefixOutside(files_, file); }},
+           [this](const std::string& file) { refusePrefixOutside(files_, file); }, guideOfProgram(files_)},
           open,
           options_.link.url,
           exampleVehicles(),

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,11 +16,15 @@
 
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
+#include "apps/tarnlog/LinkAdvice.h"
 #include "apps/tarnlog/StartPage.h"
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
+#include "ui/common/HelpPanel.h"
 #include "ui/common/Icons.h"
+#include "ui/common/MessageTable.h"
+#include "ui/main/LoadAdvice.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 #include "ui/main/TarnMain.h"
@@ -68,6 +73,7 @@ RecorderWindow::~RecorderWindow() {
 void RecorderWindow::createContent() {
   notices_ = new NoticeBar;
   start_ = new StartPage;
+  startHelp_ = new HelpPanel(environment_.recorder.guide, start_);
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
   unfinished_.emplace(environment_.unfinished, *notices_,
@@ -82,11 +88,15 @@ void RecorderWindow::createContent() {
   column->addWidget(notices_);
   column->addWidget(pages_, 1);
   setCentralWidget(content);
-  connect(slot_.get(), &VehicleSlot::noticed, this, &RecorderWindow::say);
+  connect(slot_.get(), &VehicleSlot::noticed, this, &RecorderWindow::sayOfVehicle);
   connect(start_, &StartPage::vehicleChosen, this, &RecorderWindow::openVehicle);
   connect(start_, &StartPage::connectionChosen, this, &RecorderWindow::openConnection);
   connect(start_, &StartPage::otherVehicleWanted, this, &RecorderWindow::chooseVehicle);
   connect(start_, &StartPage::carWanted, this, &RecorderWindow::connectToCar);
+  // Once the drag is over: opening lets events run.
+  connect(
+      start_, &StartPage::filesDropped, this, [this](const QStringList& paths) { openDropped(paths); },
+      Qt::QueuedConnection);
   connect(recorder_, &TarnMain::configurationStateChanged, this, &RecorderWindow::noteConfiguration);
   connect(recorder_, &TarnMain::acquisitionStopped, this, [this] {
     if (closing_) closeNow();
@@ -104,8 +114,29 @@ void RecorderWindow::createMenus() {
   place_->setMinimumHeight(menuBar()->sizeHint().height());
   place_->setContentsMargins(8, 0, 8, 0);
   menuBar()->setCornerWidget(place_);
-  QMenu* const help = menuBar()->addMenu(tr("&Help"));
-  help->addAction(tr("&About Tarnlog2001"), this, [this] { whenIdle_->run([this] { about(); }); });
+  addHelpActions(*menuBar()->addMenu(tr("&Help")));
+}
+
+/// F1 belongs to the pages; the menu only names it.
+void RecorderWindow::addHelpActions(QMenu& menu) {
+  const Guide& guide = environment_.recorder.guide;
+  menu.addAction(tr("&Keys of this page") + "\tF1", this, &RecorderWindow::toggleHelp)->setObjectName("help");
+  if (guide.open) menu.addAction(tr("User &guide"), this, guide.open);
+  if (guide.messages)
+    menu.addAction(tr("What the &messages mean"), this, [this, guide] { showMessageTable(guide, *this); });
+  menu.addSeparator();
+  menu.addAction(tr("&About Tarnlog2001"), this, [this] { whenIdle_->run([this] { about(); }); });
+}
+
+void RecorderWindow::toggleHelp() {
+  if (pages_->currentWidget() == recorder_) return recorder_->toggleHelp();
+  startHelp_->toggle(StartPage::helpPage());
+}
+
+/// What no page has used.
+void RecorderWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1) return toggleHelp();
+  QMainWindow::keyPressEvent(event);
 }
 
 void RecorderWindow::addFileActions(QMenu& menu) {
@@ -188,13 +219,33 @@ void RecorderWindow::chooseVehicle() {
   });
 }
 
+/// A configuration that comes along is for the vehicle.
+void RecorderWindow::openDropped(const QStringList& paths) {
+  for (const bool configurations : {false, true})
+    for (const QString& path : paths)
+      if (configurations == path.endsWith(".xml", Qt::CaseInsensitive)) openDropped(path);
+}
+
+void RecorderWindow::openDropped(const QString& path) {
+  const QString kind = QFileInfo(path).suffix().toLower();
+  if (kind == "json") return openVehicle(path);
+  if (kind == "trace") return openConnection({std::string(host::kObdCar), "replay:" + fromQString(path)});
+  if (kind == "xml") return openConfiguration(path);
+  const bool container = kind == "pdx" || kind == "odx";
+  say("dropped", (container ? tr("%1: \"tarn-record import --odx\" makes a vehicle description of it")
+                            : tr("%1 is no vehicle (.json), configuration (.xml) or trace (.trace)"))
+                     .arg(QFileInfo(path).fileName()));
+}
+
 void RecorderWindow::openVehicle(const QString& path) { openConnection({fromQString(path)}); }
 
 void RecorderWindow::openConnection(const CarConnection& connection) {
   if (closing_) return;
   slot_->change(connection, [this, connection](const QString& failure) {
     if (!failure.isEmpty()) {
-      environment_.recorder.dialogs.error(this, tr("Vehicle error"), failure);
+      const QString advice = LinkAdvice::on(failure, connection);
+      environment_.recorder.dialogs.error(this, tr("Vehicle error"),
+                                          advice.isEmpty() ? failure : failure + "\n\n" + advice);
       forgetVehicle(connection);
     }
     showChange(failure.isNull());
@@ -210,7 +261,8 @@ void RecorderWindow::connectToCar() {
     });
   };
   const CarDevices devices = environment_.findDevices ? environment_.findDevices() : CarDevices();
-  auto* const dialog = new ConnectDialog(recentConnections_.all(), linkChoices(devices), askFile, this);
+  auto* const dialog = new ConnectDialog(recentConnections_.all(), linkChoices(devices), askFile,
+                                         environment_.recorder.guide, this);
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   connect(dialog, &ConnectDialog::connectWanted, this, [this, dialog] { connectAsAsked(*dialog); });
   dialog->open();
@@ -229,6 +281,7 @@ void RecorderWindow::showChange(bool opened) {
     rememberVehicle();
     showNotes();
     pages_->setCurrentWidget(recorder_);
+    recorder_->focusView();
   }
   showTitle();
   acquireWaiting();
@@ -273,7 +326,8 @@ void RecorderWindow::acquireWaiting() {
     recorder_->OpenConfigFile(fromQString(std::exchange(waitingConfiguration_, {})));
     if (folder) recorder_->ctlTarnAcq().Parameters()->fileFolder = *folder;
   } catch (const TarnError& error) {
-    environment_.recorder.dialogs.error(this, tr("Load error"), toQString(error.description()));
+    const QString failure = toQString(error.description());
+    environment_.recorder.dialogs.error(this, tr("Load error"), failure + "\n\n" + LoadAdvice::on(failure));
   }
 }
 
@@ -327,9 +381,17 @@ QString RecorderWindow::vehicleText() const {
   return link.isEmpty() ? name : tr("%1 over %2").arg(name, link);
 }
 
-void RecorderWindow::say(const QString& subject, const QString& text) {
-  notices_->showNotice(subject, text);
+void RecorderWindow::say(const QString& subject, const QString& text, const NoticeBar::Action& action) {
+  notices_->showNotice(subject, text, {}, action);
   if (environment_.say) environment_.say(fromQString(text));
+}
+
+void RecorderWindow::sayOfVehicle(const QString& subject, const QString& text) {
+  const Guide& guide = environment_.recorder.guide;
+  NoticeBar::Action explain;
+  if (guide.messages)
+    explain = {tr("What the messages mean"), [this, guide] { showMessageTable(guide, *this); }};
+  say(subject, text, explain);
 }
 
 void RecorderWindow::showTitle() {
@@ -389,7 +451,8 @@ void RecorderWindow::showWriteTrouble(const WriteTrouble& trouble) {
 }
 
 void RecorderWindow::showOpenFailed(const std::string& text) {
-  notices_->showNotice("open", tr("Nothing is recorded: %1").arg(toQString(text)));
+  notices_->showNotice("open", tr("Nothing is recorded: %1").arg(toQString(text)), {},
+                       {tr("Recording parameters"), [this] { recorder_->openScreen("param"); }});
 }
 
 /// In the middle of a request, too: during an outage there is hardly a moment outside of one.

@@ -13,6 +13,7 @@
 #include "apps/tarnlog/VehicleSlot.h"
 #include "platform/files/WriteTrouble.h"
 #include "ui/main/MainEnvironment.h"
+#include "ui/main/NoticeBar.h"
 #include "ui/main/RecentFiles.h"
 
 class QAction;
@@ -23,7 +24,7 @@ class QStackedWidget;
 namespace tarnlog {
 
 class ConnectDialog;
-class NoticeBar;
+class HelpPanel;
 class StartPage;
 class TarnMain;
 class WhenIdle;
@@ -75,16 +76,21 @@ class RecorderWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void createContent();
   void createMenus();
   void addFileActions(QMenu& menu);
+  void addHelpActions(QMenu& menu);
   void addFolderPerVehicle(QMenu& menu);
   QMenu* addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
                        void (RecorderWindow::*open)(const QString&));
   void restorePlace();
   void storePlace();
+  void toggleHelp();
+  void openDropped(const QStringList& paths);
+  void openDropped(const QString& path);
   void chooseVehicle();
   void connectToCar();
   void connectAsAsked(ConnectDialog& dialog);
@@ -101,7 +107,8 @@ class RecorderWindow : public QMainWindow {
   void showPlace();
   QString vehicleText() const;
   std::string folderFor(const std::string& folder);
-  void say(const QString& subject, const QString& text);
+  void say(const QString& subject, const QString& text, const NoticeBar::Action& action = {});
+  void sayOfVehicle(const QString& subject, const QString& text);
   void askAndClose();
   void closeNow();
   void about();
@@ -121,6 +128,7 @@ class RecorderWindow : public QMainWindow {
   QStackedWidget* pages_ = nullptr;
   NoticeBar* notices_ = nullptr;
   StartPage* start_ = nullptr;
+  HelpPanel* startHelp_ = nullptr;
   QLabel* place_ = nullptr;  ///< vehicle and link, beside the menus
   QAction* folderPerVehicle_ = nullptr;
   TarnMain* recorder_ = nullptr;

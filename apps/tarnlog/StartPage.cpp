@@ -1,11 +1,14 @@
 #include "apps/tarnlog/StartPage.h"
 
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QFont>
 #include <QLabel>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPushButton>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -29,6 +32,13 @@ QLabel* heading(const QString& text) {
   return label;
 }
 
+QStringList filesOf(const QMimeData& data) {
+  QStringList paths;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) paths << url.toLocalFile();
+  return paths;
+}
+
 }  // namespace
 
 StartPage::StartPage(QWidget* parent)
@@ -36,6 +46,7 @@ StartPage::StartPage(QWidget* parent)
       vehicles_(new QListWidget),
       car_(new QPushButton(tarnIcon("plug"), tr("&Connect to a car..."))),
       other_(new QPushButton(tarnIcon("load"), tr("&Open vehicle..."))) {
+  setAcceptDrops(true);
   car_->setObjectName("connectCar");
   other_->setObjectName("otherVehicle");
   vehicles_->setObjectName("vehicles");
@@ -43,8 +54,9 @@ StartPage::StartPage(QWidget* parent)
   vehicles_->setIconSize({24, 24});
   vehicles_->setSpacing(2);
   vehicles_->setTextElideMode(Qt::ElideMiddle);
-  auto* const hint = new QLabel(
-      tr("A vehicle description tells which control units a vehicle has and what they can be asked."));
+  auto* const hint = new QLabel(tr(
+      "A vehicle description tells which control units a vehicle has and what they can be asked. It can be "
+      "dropped here, and so can a configuration or a trace."));
   hint->setWordWrap(true);
 
   auto* const page = new QWidget;
@@ -84,6 +96,28 @@ void StartPage::setVehicles(const std::vector<CarConnection>& connections,
   vehicles_->setCurrentRow(0);
   QWidget* const first = vehicles_->count() > 0 ? static_cast<QWidget*>(vehicles_) : car_;
   first->setFocus();
+}
+
+HelpPage StartPage::helpPage() {
+  return {tr("Keys of the first page"),
+          {
+              {tr("Up, Down, Enter"), tr("Choose and open a vehicle")},
+              {tr("Alt+C"), tr("Connect to a car")},
+              {tr("Alt+O, Ctrl+Shift+O"), tr("Open vehicle: a description of one")},
+              {tr("Ctrl+O"), tr("Open configuration: it waits for the vehicle")},
+              {tr("Alt+F, Alt+H"), tr("The menus File and Help")},
+              {tr("Ctrl+Q"), tr("Quit")},
+              {tr("F1"), tr("This panel; Escape closes it")},
+          }};
+}
+
+void StartPage::dragEnterEvent(QDragEnterEvent* event) {
+  if (!filesOf(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void StartPage::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  emit filesDropped(filesOf(*event->mimeData()));
 }
 
 void StartPage::choose(const QListWidgetItem& item) {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 #include <string>
 #include <vector>
 
 #include "apps/tarnlog/CarConnection.h"
+#include "ui/common/HelpPanel.h"
 
 class QListWidget;
 class QListWidgetItem;
@@ -18,6 +20,7 @@ class StartPage : public QWidget {
   Q_OBJECT
  public:
   explicit StartPage(QWidget* parent = nullptr);
+  static HelpPage helpPage();
 
   /// Cars that were connected before, and paths of vehicle descriptions. An example that is recent is shown
   /// once.
@@ -29,6 +32,12 @@ class StartPage : public QWidget {
   void connectionChosen(const tarnlog::CarConnection& connection);
   void otherVehicleWanted();
   void carWanted();
+  /// Files of the desktop were dropped on the page.
+  void filesDropped(const QStringList& paths);
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void addConnection(const CarConnection& connection);

@@ -99,6 +99,7 @@ QGroupBox* TarnInit::createScenario() {
 void TarnInit::createTree() {
   requests_ = new QTreeWidget;
   requests_->setObjectName("tvRequests");
+  requests_->setAccessibleName(tr("Requests that can be sent"));
   requests_->setHeaderHidden(true);
   requests_->setUniformRowHeights(true);
   requests_->installEventFilter(this);
@@ -172,6 +173,14 @@ void TarnInit::addShortcuts() {
   press(Qt::CTRL | Qt::Key_Up, up_, this);
   press(Qt::CTRL | Qt::Key_Down, down_, this);
   press(QKeySequence::Delete, remove_, scenario_);
+}
+
+std::vector<HelpRow> TarnInit::helpRows() {
+  return {
+      {tr("Enter"), tr("On a request: add it to the scenario")},
+      {tr("Delete"), tr("In the scenario: take the selected requests out")},
+      {tr("Ctrl+Up, Ctrl+Down"), tr("Move the selected requests up, down")},
+  };
 }
 
 /// Enter on a request adds it, like a double click.

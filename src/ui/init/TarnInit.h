@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+#include "ui/common/HelpPanel.h"
 #include "ui/common/Notice.h"
 #include "ui/init/InitRules.h"
 
@@ -28,6 +29,8 @@ class TarnInit : public QWidget {
   /// Shows the configuration anew. Without a session the screen stays as it is; null clears the tree.
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return rules_.Parameters(); }
+
+  static std::vector<HelpRow> helpRows();
 
  signals:
   /// The user changed the configuration.

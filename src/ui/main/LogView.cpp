@@ -15,6 +15,18 @@ LogView::LogView(QWidget* parent) : QPlainTextEdit(parent) {
   setAccessibleName(tr("Log"));
 }
 
+HelpPage LogView::helpPage() {
+  return {tr("Keys of the log"),
+          {
+              {tr("Arrows, Page Up, Page Down"), tr("Read on")},
+              {tr("Ctrl+Home, Ctrl+End"), tr("Beginning and end")},
+              {tr("Shift with these keys"), tr("Select; Ctrl+A selects all")},
+              {tr("Ctrl+C"), tr("Copy what is selected")},
+              {tr("Alt+C, Alt+A"), tr("Configure, Acquire")},
+              {tr("F1"), tr("This panel; Escape closes it")},
+          }};
+}
+
 /// A reader who has scrolled back stays where he is.
 void LogView::add(std::string_view line) {
   const bool atEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();

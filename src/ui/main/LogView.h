@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 #include <string_view>
 
+#include "ui/common/HelpPanel.h"
 #include "ui/main/LogPane.h"
 
 namespace tarnlog {
@@ -12,6 +13,7 @@ class LogView : public QPlainTextEdit {
   Q_OBJECT
  public:
   explicit LogView(QWidget* parent = nullptr);
+  static HelpPage helpPage();
   void add(std::string_view line);
   void clearLines();
   const LogPane& pane() const { return pane_; }

@@ -8,6 +8,7 @@
 #include "platform/text/UserLocale.h"
 #include "platform/time/Clock.h"
 #include "platform/time/Timer.h"
+#include "ui/common/Guide.h"
 #include "ui/main/Dialogs.h"
 #include "ui/main/EndQuestion.h"
 
@@ -28,6 +29,8 @@ struct MainEnvironment {
   /// Looks at a configuration file before it is loaded, and raises a TarnError when this program does not
   /// take it; nothing has changed then. May be empty.
   std::function<void(const std::string& fileName)> checkConfiguration{};
+  /// What the help leads to, besides the keys.
+  Guide guide{};
 };
 
 }  // namespace tarnlog

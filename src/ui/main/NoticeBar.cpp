@@ -58,7 +58,8 @@ class NoticeBar::Notice : public QWidget {
     auto* const label = new QLabel(text_, this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    label->setFocusPolicy(Qt::StrongFocus);
     return label;
   }
 

@@ -7,6 +7,7 @@
 #include <QTabBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <iterator>
 
 #include "catalogue/SessionDocument.h"
 #include "platform/base/TarnError.h"
@@ -17,6 +18,7 @@
 #include "ui/common/WheelGuard.h"
 #include "ui/init/TarnInit.h"
 #include "ui/main/LackText.h"
+#include "ui/main/LoadAdvice.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/WhenIdle.h"
 #include "ui/param/TarnParam.h"
@@ -152,6 +154,7 @@ void Tarn2001::takeSession(ferrox3::Session* session,
   session_ = session;
   desk_.setSession(xmlSession);
   select_->setXmlSession(xmlSession);
+  paramScope_->setXmlSession(xmlSession);
   paramInit_->setSession(session);
   if (screens_->currentWidget() == paramInit_) paramInit_->setParameters(desk_.Parameters());
   showState();
@@ -167,6 +170,39 @@ void Tarn2001::showScreen(int tab) {
   if (key == "initsce") paramInit_->setParameters(desk_.Parameters());
 }
 
+void Tarn2001::chooseScreen(const QString& key) {
+  for (int tab = 0; tab < tabStrip_->count(); ++tab)
+    if (tabStrip_->tabData(tab) == key) tabStrip_->setCurrentIndex(tab);
+}
+
+void Tarn2001::focusScreen() {
+  if (screens_->currentWidget() == select_) return select_->focusTree();
+  tabStrip_->setFocus();
+}
+
+bool Tarn2001::focusFilter() {
+  if (screens_->currentWidget() != select_) return false;
+  select_->focusFilter();
+  return true;
+}
+
+HelpPage Tarn2001::helpPage() const {
+  const QWidget* const screen = screens_->currentWidget();
+  HelpPage page{tr("Keys of the recording parameters"), TarnParam::helpRows()};
+  if (screen == select_) page = {tr("Keys of the data selection"), TarnSelect::helpRows()};
+  if (screen == paramScope_) page = {tr("Keys of the display parameters"), TarnPaSc::helpRows()};
+  if (screen == paramInit_) page = {tr("Keys of the init scenario"), TarnInit::helpRows()};
+  const HelpRow everywhere[] = {
+      {tr("Ctrl+O"), tr("Open configuration")},
+      {tr("Ctrl+S, Ctrl+Shift+S"), tr("Save configuration, under another name")},
+      {tr("Tab"), tr("Move from control to control")},
+      {tr("Alt+A, Alt+L"), tr("Acquire, Log")},
+      {tr("F1"), tr("This panel; Escape closes it")},
+  };
+  page.rows.insert(page.rows.end(), std::begin(everywhere), std::end(everywhere));
+  return page;
+}
+
 // --- files
 
 void Tarn2001::OpenConfigFile(const std::string& fileName) {
@@ -180,10 +216,14 @@ bool Tarn2001::load(const std::string& fileName) {
   try {
     const BusyPointer busy;
     desk_.load(fileName);
+    notices_.removeNotice("load");
     loaded = true;
   } catch (const TarnError& error) {
     const QString failure = toQString(error.description());
     dialogs_.error(this, tr("Load error"), tr("Error when loading configuration file") + "\r\n" + failure);
+    notices_.showNotice(
+        "load", shownName(fileName) + ": " + LoadAdvice::on(failure), {},
+        {tr("Open configuration..."), [this] { whenIdle_->run([this] { chooseAndLoad(); }); }});
   }
   showLoaded(fileName, loaded && session_ == nullptr);
   return loaded;
@@ -259,7 +299,9 @@ bool Tarn2001::saveTo(const std::string& fileName) {
   try {
     desk_.save(fileName);
   } catch (const TarnError& error) {
-    notices_.showNotice("save", tr("Not saved: %1").arg(toQString(error.description())));
+    notices_.showNotice(
+        "save", tr("Not saved: %1").arg(toQString(error.description())), {},
+        {tr("Save configuration as..."), [this] { whenIdle_->run([this] { chooseAndSave(); }); }});
     return false;
   }
   notices_.removeNotice("save");

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/ferrox3/Session.h"
+#include "ui/common/HelpPanel.h"
 #include "ui/main/ConfigurationDesk.h"
 #include "ui/main/MainEnvironment.h"
 
@@ -37,6 +38,7 @@ class Tarn2001 : public QWidget {
   /// Reads the whole catalogue of the session, which must outlive its use here. Raises what the session
   /// raises; the view then has no session.
   void setSession(ferrox3::Session* session);
+  bool hasSession() const { return session_ != nullptr; }
   /// Raises what the loader raises, and error 1, "Parameters not defined", while the configuration is put
   /// away.
   void OpenConfigFile(const std::string& fileName);
@@ -63,6 +65,15 @@ class Tarn2001 : public QWidget {
   /// Open, save, save as: for the menus of whoever shows this. Disabled while the configuration is put away;
   /// without a session there is nothing to save.
   QList<QAction*> fileActions() const { return {open_, save_, saveAs_}; }
+
+  /// What the screen in front tells of its keys.
+  HelpPage helpPage() const;
+  /// Gives the keyboard to the available data, or to the tabs where another screen is in front.
+  void focusScreen();
+  /// False when the screen in front has no filter.
+  bool focusFilter();
+  /// By the key of its tab.
+  void chooseScreen(const QString& key);
 
   void setVisible(bool visible) override;
 

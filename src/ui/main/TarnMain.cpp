@@ -1,6 +1,7 @@
 #include "ui/main/TarnMain.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QShowEvent>
 #include <QSignalBlocker>
 #include <QTabBar>
@@ -13,7 +14,9 @@
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
 #include "ui/acquisition/AcqView.h"
+#include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
+#include "ui/common/HelpPanel.h"
 #include "ui/common/QtTimer.h"
 #include "ui/common/WheelGuard.h"
 #include "ui/main/LogView.h"
@@ -61,6 +64,7 @@ TarnMain::~TarnMain() {
 
 void TarnMain::create(const MainEnvironment& environment) {
   settings_ = &environment.settings;
+  createTabs();  // first: so they come first in the tab order
   notices_ = new NoticeBar(this);
   configure_ = new Tarn2001(environment, *notices_, this);
   acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
@@ -72,7 +76,8 @@ void TarnMain::create(const MainEnvironment& environment) {
   log_->setObjectName("logText");
   guard_ = new RecordingGuard(
       environment.endQuestion, [this] { return runningRecording(); }, this);
-  createTabs();
+  acq_->setGuide(environment.guide);
+  help_ = new HelpPanel(environment.guide, this);
   addActions(configure_->fileActions());
 
   auto* const column = new QVBoxLayout(this);
@@ -111,9 +116,9 @@ void TarnMain::createTabs() {
   const auto add = [this](const QString& caption, const char* key) {
     tabs_->setTabData(tabs_->addTab(caption), key);
   };
-  add(tr("Configure"), "CONF");
-  add(tr("Acquire"), "ACQ");
-  add(tr("Log"), "log");
+  add(tr("&Configure"), "CONF");
+  add(tr("&Acquire"), "ACQ");
+  add(tr("&Log"), "log");
   connect(tabs_, &QTabBar::currentChanged, this, &TarnMain::onTab);
 }
 
@@ -184,6 +189,7 @@ void TarnMain::onTab(int tab) {
 }
 
 void TarnMain::enter(const QString& key) {
+  help_->hide();
   selectTab(key);
   if (key == "CONF") enterConfiguration();
   if (key == "ACQ") enterAcquisition();
@@ -203,10 +209,12 @@ void TarnMain::enterAcquisition() {
   configure_->hide();
   acq_->show();
   acq_->setFocus();
+  notices_->removeNotice("start");
   try {
     acq_->acq().StartReadingData(parameters_);
   } catch (const TarnError& error) {
     acq_->acq().addLog(error.description());
+    offerToMend(toQString(error.description()));
   }
 }
 
@@ -223,6 +231,21 @@ void TarnMain::showConfiguration() {
   configure_->show();
   configure_->raise();
   configure_->setParameters(parameters_);
+}
+
+/// With a vehicle, what keeps an acquisition from starting is a number among the recording parameters.
+void TarnMain::offerToMend(const QString& failure) {
+  if (!configure_->hasSession())
+    return notices_->showNotice("start", tr("There is no vehicle yet: open or connect one first"));
+  notices_->showNotice("start", failure, {}, {tr("Recording parameters"), [this] { openScreen("param"); }});
+}
+
+void TarnMain::openScreen(const QString& key) {
+  whenRecordingMayEnd([this, key] {
+    notices_->removeNotice("start");
+    enter("CONF");
+    configure_->chooseScreen(key);
+  });
 }
 
 /// The answer to a press that has no effect before values are polled again.
@@ -248,6 +271,25 @@ void TarnMain::selectTab(const QString& key) {
 
 bool TarnMain::current(const char* key) const {
   return tabs_->tabData(tabs_->currentIndex()) == QString(key);
+}
+
+void TarnMain::toggleHelp() {
+  if (current("ACQ")) return acq_->toggleHelp();
+  help_->toggle(current("log") ? LogView::helpPage() : configure_->helpPage());
+}
+
+void TarnMain::focusView() {
+  if (current("CONF")) return configure_->focusScreen();
+  QWidget& view = current("ACQ") ? static_cast<QWidget&>(*acq_) : *log_;
+  view.setFocus();
+}
+
+/// What no child has used: the focus may be on a tab.
+void TarnMain::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1)
+    toggleHelp();
+  else if (!event->matches(QKeySequence::Find) || !current("CONF") || !configure_->focusFilter())
+    QWidget::keyPressEvent(event);
 }
 
 /// A host that hid the control and shows it again: the configuration view has put its configuration away.

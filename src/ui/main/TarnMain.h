@@ -14,6 +14,7 @@ class QTabBar;
 namespace tarnlog {
 
 class AcqView;
+class HelpPanel;
 class LogView;
 class NoticeBar;
 class RecordingGuard;
@@ -62,6 +63,13 @@ class TarnMain : public QWidget {
   /// `then` may run inside a request.
   void whenRecordingMayEnd(std::function<void()> then);
 
+  /// Shows or closes the keys of the view that is shown; F1 does the same.
+  void toggleHelp();
+  /// Gives the keyboard to the view that is shown.
+  void focusView();
+  /// The configuration view with one of its screens in front. A recording that runs is asked about first.
+  void openScreen(const QString& key);
+
   Tarn2001& ctlTarnConfigure() { return *configure_; }
   TarnAcq& ctlTarnAcq();
   NoticeBar& notices() { return *notices_; }
@@ -73,6 +81,7 @@ class TarnMain : public QWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   /// Its number in the acquisition; none when no recording runs.
@@ -89,6 +98,7 @@ class TarnMain : public QWidget {
   void enterAcquisition();
   void enterLog();
   void showConfiguration();
+  void offerToMend(const QString& failure);
   void offerToEnd();
   void withdrawOffer();
   void selectTab(const QString& key);
@@ -98,6 +108,7 @@ class TarnMain : public QWidget {
   const SettingsStore* settings_ = nullptr;  ///< defaults of new configurations
   std::shared_ptr<oTarnParameters> parameters_;
   NoticeBar* notices_ = nullptr;
+  HelpPanel* help_ = nullptr;
   QTabBar* tabs_ = nullptr;
   Tarn2001* configure_ = nullptr;
   AcqView* acq_ = nullptr;

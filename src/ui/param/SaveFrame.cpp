@@ -62,6 +62,7 @@ QLayout* SaveFrame::createFolders() {
   auto* const label = new QLabel(tr("Destination folder"));
   folder_ = new FolderTree;
   folder_->setObjectName("SaveDir");
+  folder_->setAccessibleName(label->text());
   fillHeight(*folder_);
   label->setBuddy(folder_);
   auto* const rows = new QVBoxLayout;
@@ -74,6 +75,8 @@ QLayout* SaveFrame::createFiles() {
   auto* const label = new QLabel(tr("existing file"));
   files_ = new QListView;
   files_->setObjectName("SaveFile");
+  files_->setAccessibleName(tr("Files that are in the folder"));
+  files_->setTextElideMode(Qt::ElideMiddle);
   files_->setModel(fileNames_);
   files_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   files_->setUniformItemSizes(true);
@@ -89,11 +92,13 @@ QLayout* SaveFrame::createNames() {
   driveLabel_ = new QLabel(tr("Destination drive"));
   drive_ = new QComboBox;
   drive_->setObjectName("SaveDrive");
+  drive_->setAccessibleName(driveLabel_->text());
   driveLabel_->setBuddy(drive_);
   auto* const formatLabel = new QLabel(tr("File format"));
   formatLabel->setObjectName("SaveLbFormat");
   format_ = new QComboBox;
   format_->setObjectName("SaveFormat");
+  format_->setAccessibleName(formatLabel->text());
   formatLabel->setBuddy(format_);
   auto* const prefixLabel = new QLabel(tr("File Prefix"));
   prefixLabel->setObjectName("SaveLbPrefix");

@@ -89,6 +89,14 @@ QWidget* TarnParam::createRecording() {
   return frame;
 }
 
+std::vector<HelpRow> TarnParam::helpRows() {
+  return {
+      {tr("Up, Down"), tr("In a number: one step; Page Up and Page Down: a wide one")},
+      {tr("Space"), tr("Choose the trigger's kind, turn its edge")},
+      {tr("Left, Right"), tr("In the folders: close and open one; the current folder is the chosen one")},
+  };
+}
+
 void TarnParam::enterPeriod(double seconds) {
   if (refreshing_) return;
   switch (rules_.setPeriod(seconds)) {

@@ -9,6 +9,7 @@
 #include "platform/controls/CWNumEdit.h"
 #include "platform/files/FileSystem.h"
 #include "platform/settings/SettingsStore.h"
+#include "ui/common/HelpPanel.h"
 #include "ui/param/ParamRules.h"
 #include "ui/param/SaveFrame.h"
 #include "ui/param/TriggerFrame.h"
@@ -27,6 +28,8 @@ class TarnParam : public QWidget {
   /// Shows the configuration (null: none); again whenever it changed elsewhere.
   void setParameters(std::shared_ptr<oTarnParameters> parameters);
   const std::shared_ptr<oTarnParameters>& Parameters() const { return rules_.Parameters(); }
+
+  static std::vector<HelpRow> helpRows();
 
   /// Folders to offer as drives instead of this machine's mounted file systems.
   void setDrives(std::vector<std::string> drives) { save_->setDrives(std::move(drives)); }

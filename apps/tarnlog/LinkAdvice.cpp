@@ -1,0 +1,57 @@
+#include "apps/tarnlog/LinkAdvice.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <initializer_list>
+#include <string_view>
+#include <system_error>
+
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+
+namespace {
+
+/// The system's own words are in the user's language.
+bool says(const QString& failure, std::initializer_list<int> errors) {
+  return std::any_of(errors.begin(), errors.end(), [&](int error) {
+    return failure.contains(QString::fromLocal8Bit(std::generic_category().message(error).c_str()));
+  });
+}
+
+bool namesDevice(std::string_view link) { return link.find("/dev/") != std::string_view::npos; }
+
+}  // namespace
+
+QString LinkAdvice::on(const QString& failure, const CarConnection& connection) {
+  const bool device = namesDevice(connection.link) && failure.contains("/dev/");
+  if (says(failure, {EACCES, EPERM}) || failure.contains("may not be opened"))
+    return device ? tr("Serial ports belong to a group: \"sudo adduser $USER dialout\", then log in again.")
+                  : tr("You may not read this file: ask its owner, or open a copy of it.");
+  if (says(failure, {ENOENT, ENODEV, ENXIO})) return device ? onAdapter() : onFile();
+  if (says(failure, {EBUSY})) return tr("Another program uses the adapter: close that one.");
+  if (says(failure, {ECONNREFUSED, EHOSTUNREACH, ENETUNREACH, ETIMEDOUT, EHOSTDOWN}) ||
+      failure.contains("does not know this name"))
+    return onNetwork();
+  if (failure.startsWith("link ")) return tr("The list of ways to a car shows how each link is written.");
+  return {};
+}
+
+QString LinkAdvice::onFile() {
+  return tr("It may have been moved, renamed or deleted: choose the file again.");
+}
+
+QString LinkAdvice::onAdapter() {
+  return tr(
+      "Plug the adapter in, and look at the name of its port: \"ls /dev/tty*\" lists them, and so does "
+      "\"Connect to a car...\". A Bluetooth adapter needs \"sudo rfcomm bind 0 ADDRESS\" first.");
+}
+
+QString LinkAdvice::onNetwork() {
+  return tr(
+      "Is this computer in the adapter's Wi-Fi, or the cable plugged in? Are address and port right, and is "
+      "the "
+      "ignition on?");
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,293 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
+#include <QTabBar>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTreeView>
+#include <cerrno>
+#include <chrono>
+#include <optional>
+#include <system_error>
+
+#include "acquisition/TarnAcq.h"
+#include "apps/tarnlog/ConnectDialog.h"
+#include "apps/tarnlog/GuideFiles.h"
+#include "apps/tarnlog/LinkAdvice.h"
+#include "apps/tarnlog/RecorderWindow.h"
+#include "config/oTarnParameters.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/settings/SettingsStore.h"
+#include "tests/scenarios/Scenario.h"
+#include "tests/support/ManualLinkClock.h"
+#include "tests/support/ManualTimer.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/SteppedClock.h"
+#include "ui/common/Convert.h"
+#include "ui/main/NoticeBar.h"
+#include "ui/main/Tarn2001.h"
+#include "ui/main/TarnMain.h"
+
+namespace tarnlog {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+/// Parts of a control that the toolkit makes: people reach the control itself.
+bool belongsToControl(const QWidget& widget) {
+  const QString type = widget.metaObject()->className();
+  return widget.objectName().startsWith("qt_") || type == "QScrollBar" || type == "QLineEditIconButton" ||
+         type == "QHeaderView" || qobject_cast<QComboBox*>(widget.parentWidget()) != nullptr ||
+         (qobject_cast<QTabBar*>(widget.parentWidget()) != nullptr) || type == "QToolBarExtension";
+}
+
+bool isControl(const QWidget& widget) {
+  return widget.isVisible() && !belongsToControl(widget) &&
+         (widget.focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(&widget) != nullptr);
+}
+
+/// A combo box tells its value as its name, whatever it is called.
+QString nameOf(QWidget& widget) {
+  if (!widget.accessibleName().isEmpty() || qobject_cast<QComboBox*>(&widget) != nullptr)
+    return widget.accessibleName();
+  QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(&widget);
+  return access == nullptr ? QString() : access->text(QAccessible::Name);
+}
+
+std::string described(const QWidget& widget) {
+  return std::string(widget.metaObject()->className()) + " " + fromQString(widget.objectName());
+}
+
+/// The program's window on a simulated car with "Engine/Status/Speed".
+struct WindowAccess : ::testing::Test {
+  WindowAccess() {
+    files.files["/car.json"] = test::vehicleDescription({});
+    files.files["/c.xml"] = test::configuration({});
+    environment.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
+                                          [this](const CarConnection& car, const LinkHooks& hooks) {
+                                            opened.push_back(car.vehicle + " " + car.link);
+                                            hooks.whileWaiting();
+                                            return host::openVehicle(car.vehicle, files, {}, linkClock,
+                                                                     [] {});
+                                          }});
+    environment->recorder.guide = {[this] { ++guideOpened; }, guideIn(TARNLOG_DOCS, system, {}).messages};
+    window.emplace(*environment);
+    window->resize(1000, 760);
+    window->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&*window));
+  }
+  void ticks(int count) {
+    for (int i = 0; i < count; ++i) {
+      timer.fire();
+      linkClock.step(std::chrono::milliseconds(51));
+    }
+  }
+  void choose(const char* strip, int tab) { window->findChild<QTabBar*>(strip)->setCurrentIndex(tab); }
+  /// What is seen now: no control without a name, no button that the keyboard cannot reach.
+  void look(const char* page) {
+    QApplication::processEvents();
+    for (QWidget* const top : QApplication::topLevelWidgets())
+      for (QWidget* const widget : top->findChildren<QWidget*>()) {
+        if (!isControl(*widget)) continue;
+        ++controls;
+        if (nameOf(*widget).isEmpty()) unnamed.push_back(page + (": " + described(*widget)));
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0)
+          unreached.push_back(page + (": " + described(*widget)));
+      }
+  }
+  /// F1 where the focus is.
+  void pressHelp() {
+    QWidget* const focus = window->focusWidget();
+    QTest::keyClick(focus == nullptr ? &*window : focus, Qt::Key_F1);
+  }
+  QWidget* help() {
+    for (auto* const panel : window->findChildren<QWidget*>("KeyboardHelp"))
+      if (panel->isVisible()) return panel;
+    return nullptr;
+  }
+  void drop(const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    QWidget* const page = window->findChild<QListWidget*>("vehicles")->parentWidget()->parentWidget();
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(page, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent dropped({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(page, &dropped);
+    QApplication::processEvents();
+  }
+
+  test::SteppedClock clock;
+  test::ManualLinkClock linkClock{&clock};
+  test::ManualTimer timer;
+  test::MemoryFileSystem files;
+  SystemFileSystem system;  ///< the guide is the real one
+  MemorySettingsStore settings;
+  test::ScriptedDialogs dialogs;
+  std::optional<WindowEnvironment> environment;
+  std::optional<RecorderWindow> window;
+  std::vector<std::string> opened;
+  std::vector<std::string> unnamed;
+  std::vector<std::string> unreached;
+  int controls = 0;
+  int guideOpened = 0;
+};
+
+TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
+  look("first page");
+  window->findChild<QAction*>("connectToCar")->trigger();
+  look("connect");
+  delete window->findChild<ConnectDialog*>();
+  window->openVehicle("/car.json");
+  window->openConfiguration("/c.xml");
+  for (const char* const screen : {"data", "param", "scope", "initsce"}) {
+    window->recorder().ctlTarnConfigure().chooseScreen(screen);
+    look(screen);
+  }
+  window->recorder().ctlTarnConfigure().chooseScreen("scope");
+  auto& types = *window->findChild<QComboBox*>("ScopeType");
+  for (int type = 0; type < types.count(); ++type) {
+    types.setCurrentIndex(type);
+    look("a kind of display");
+  }
+  choose("TabSmain", 1);
+  ticks(12);
+  for (const int shown : {0, 1}) {
+    window->findChild<QTabBar*>("TabStripVisu")->setCurrentIndex(shown);
+    look("acquire");
+  }
+  window->recorder().notices().showNotice("a", "b", {"c", "d"}, {"e", [] {}});
+  choose("TabSmain", 2);
+  ticks(2);
+  look("log");
+  EXPECT_GT(controls, 80);
+  EXPECT_THAT(unnamed, IsEmpty());
+  EXPECT_THAT(unreached, IsEmpty());
+}
+
+/// The focus was nowhere after a vehicle had been opened: Ctrl+F did nothing before the first click.
+TEST_F(WindowAccess, WalksByKeyFromTheFirstPageToTheLog) {
+  window->openVehicle("/car.json");
+  ASSERT_NE(window->focusWidget(), nullptr);
+  QTest::keyClick(window->focusWidget(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(window->focusWidget()->objectName(), "filterAllData");
+  auto& tabs = *window->findChild<QTabBar*>("TabSmain");
+  QWidget* first = window->findChild<TarnMain*>();
+  while (first->focusPolicy() == Qt::NoFocus || !first->isVisible()) first = first->nextInFocusChain();
+  EXPECT_EQ(first, &tabs);
+  EXPECT_EQ(tabs.nextInFocusChain()->window(), &*window);
+  tabs.setFocus();
+  QTest::keyClick(&tabs, Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(window->focusWidget()->objectName(), "filterAllData");
+
+  window->openConfiguration("/c.xml");
+  QTest::keyClick(window->focusWidget(), Qt::Key_A, Qt::AltModifier);
+  EXPECT_EQ(tabs.currentIndex(), 1);
+  ticks(12);
+  QTest::keyClick(window->focusWidget(), Qt::Key_P);
+  auto& pause = *window->findChild<QAbstractButton*>("pause");
+  EXPECT_TRUE(pause.isChecked());
+  pause.setFocus(Qt::TabFocusReason);
+  QTest::keyClick(&pause, Qt::Key_Space);
+  EXPECT_FALSE(pause.isChecked()) << "a focused button is what space presses";
+  QTest::keyClick(&pause, Qt::Key_L, Qt::AltModifier);
+  ticks(2);
+  EXPECT_EQ(tabs.currentIndex(), 2);
+}
+
+TEST_F(WindowAccess, HelpOfEachPageComesAndGoesByKey) {
+  std::vector<std::string> titles;
+  const auto look = [&](QWidget* from) {
+    QTest::keyClick(from == nullptr ? &*window : from, Qt::Key_F1);
+    ASSERT_NE(help(), nullptr);
+    titles.push_back(fromQString(help()->windowTitle()));
+    QTest::keyClick(help(), Qt::Key_Escape);
+    EXPECT_EQ(help(), nullptr);
+    window->activateWindow();
+  };
+  look(window->focusWidget());
+  window->openVehicle("/car.json");
+  look(window->focusWidget());
+  look(window->findChild<QTabBar*>("TabSmain"));
+  choose("TabStripMain", 2);
+  look(window->findChild<QWidget*>("ListViewScope"));
+  choose("TabSmain", 1);
+  ticks(12);
+  look(window->findChild<QTabBar*>("TabSmain"));
+  look(window->findChild<QWidget*>("CommandStartStop"));
+  choose("TabSmain", 2);
+  ticks(2);
+  look(window->findChild<QWidget*>("logText"));
+  EXPECT_THAT(titles,
+              ::testing::ElementsAre("Keys of the first page", "Keys of the data selection",
+                                     "Keys of the data selection", "Keys of the display parameters",
+                                     "Keys while acquiring", "Keys while acquiring", "Keys of the log"));
+
+  pressHelp();
+  ASSERT_NE(help(), nullptr);
+  help()->findChild<QAbstractButton*>("openGuide")->click();
+  EXPECT_EQ(guideOpened, 1);
+  help()->findChild<QAbstractButton*>("showMessages")->click();
+  EXPECT_TRUE(window->findChild<QTextBrowser*>()->toPlainText().contains("no ECU answers"));
+  choose("TabSmain", 0);
+  EXPECT_EQ(help(), nullptr) << "it was about another page";
+}
+
+TEST_F(WindowAccess, TakesFilesThatAreDroppedOnTheFirstPage) {
+  drop({QUrl::fromLocalFile("/notes.pdf")});
+  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("dropped")),
+              HasSubstr("notes.pdf is no vehicle"));
+  drop({QUrl::fromLocalFile("/drive.trace")});
+  EXPECT_THAT(opened, Contains("obd2: replay:/drive.trace"));
+  EXPECT_TRUE(window->findChild<QListWidget*>("vehicles")->parentWidget()->isVisible());
+  drop({QUrl::fromLocalFile("/c.xml"), QUrl::fromLocalFile("/car.json")});
+  EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+}
+
+/// Each failure says what to do, in the words of the system's language.
+TEST(LinkAdvice, SaysWhatToDo) {
+  const auto advice = [](int error, const char* what, const char* vehicle, const char* link) {
+    const std::string text = std::string(what) + ": " + std::generic_category().message(error);
+    return fromQString(LinkAdvice::on(toQString(text), {vehicle, link}));
+  };
+  const char* const port = "elm327:///dev/ttyUSB0";
+  EXPECT_THAT(advice(ENOENT, "the adapter cannot be reached: /dev/ttyUSB0", "obd2:", port),
+              HasSubstr("ls /dev/tty*"));
+  EXPECT_THAT(advice(ENOENT, "/drive.trace", "obd2:", "replay:/drive.trace"),
+              HasSubstr("choose the file again"));
+  EXPECT_THAT(advice(ENOENT, "/car.json", "/car.json", port), HasSubstr("choose the file again"));
+  EXPECT_THAT(advice(EACCES, "/dev/ttyUSB0", "obd2:", port), HasSubstr("dialout"));
+  EXPECT_THAT(advice(ECONNREFUSED, "192.168.0.10:35000", "obd2:", "elm327://192.168.0.10:35000"),
+              HasSubstr("Wi-Fi"));
+  EXPECT_EQ(LinkAdvice::on("no ECU answers: is the ignition on?", {"obd2:", port}), "")
+      << "it says so itself";
+}
+
+TEST(GuideFiles, GiveThePagesThatAreThere) {
+  test::MemoryFileSystem files;
+  EXPECT_FALSE(guideIn("/none", files, {}).open);
+  files.files["/docs/first-record.md"] = "x";
+  files.files["/docs/connecting-to-a-car.md"] =
+      "# A\n\n## What the messages mean\n\n| a |\n| - |\n| b |\n\n## Next\n";
+  std::string shown;
+  const Guide guide = guideIn("/docs", files, [&](const std::string& path) { shown = path; });
+  guide.open();
+  EXPECT_EQ(shown, "/docs/first-record.md");
+  EXPECT_EQ(fromQString(guide.messages()), "## What the messages mean\n\n| a |\n| - |\n| b |\n");
+}
+
+}  // namespace
+}  // namespace tarnlog

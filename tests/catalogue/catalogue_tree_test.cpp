@@ -90,7 +90,8 @@ TEST_F(FilledTree, GivesDataBackWhereTheyStood) {
   }
   fill('R');
   GiveDataNodeBack(tree, data("Status", "Speed"));
-  EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]") << "it comes when the ECU is built";
+  EXPECT_EQ(treeText(tree), "Brakes[...] Engine[...]");
+  EXPECT_EQ(expand("Engine"), "Brakes[...] Engine[Status[Key Load Mode Raw Speed]]") << "among the others";
   fill('R', kFullDepth);
   tree.remove(nodeNamed(tree, "Engine"));
   GiveDataNodeBack(tree, data("Status", "Speed"));

@@ -86,19 +86,20 @@ TEST_F(TarnInitTest, RequestsAreAddedMovedAndRemoved) {
   tree.topLevelItem(1)->setExpanded(true);
   open(request(1, 1));
   add(0, 0);
+  tree.setCurrentItem(request(1, 0));
   QTest::keyClick(&tree, Qt::Key_Return);
-  EXPECT_EQ(rows(), "*Engine|Reset Brakes|Bleed Engine|Status Engine|Status");
+  EXPECT_EQ(rows(), "*Engine|Reset Brakes|Bleed Engine|Status Brakes|Wheels");
 
   list.clearSelection();
   list.topLevelItem(1)->setSelected(true);
   list.topLevelItem(2)->setSelected(true);
   for (const char* const again : {"moved", "the first row is among them: nothing moves"})
     EXPECT_EQ(rowsAfter(Qt::Key_Up, Qt::ControlModifier),
-              "*Brakes|Bleed *Engine|Status Engine|Reset Engine|Status")
+              "*Brakes|Bleed *Engine|Status Engine|Reset Brakes|Wheels")
         << again;
   childOf<QPushButton>(screen, "dataDown").click();
-  EXPECT_EQ(rows(), "Engine|Reset *Brakes|Bleed *Engine|Status Engine|Status");
-  EXPECT_EQ(rowsAfter(Qt::Key_Delete), "*Engine|Reset Engine|Status");
+  EXPECT_EQ(rows(), "Engine|Reset *Brakes|Bleed *Engine|Status Brakes|Wheels");
+  EXPECT_EQ(rowsAfter(Qt::Key_Delete), "*Engine|Reset Brakes|Wheels");
   EXPECT_EQ(edited.count(), 7);
 
   auto& notice = *screen.findChild<Notice*>();
@@ -107,7 +108,7 @@ TEST_F(TarnInitTest, RequestsAreAddedMovedAndRemoved) {
   EXPECT_EQ(edited.count(), 7);
   add(2, 0);
   EXPECT_FALSE(notice.isVisible());
-  EXPECT_EQ(rows(), "*Engine|Reset Engine|Status Far|Close");
+  EXPECT_EQ(rows(), "*Engine|Reset Brakes|Wheels Far|Close");
   EXPECT_EQ(parameters->initScenario->Item(3).Address, 0x18DA);
 }
 

@@ -75,6 +75,9 @@ TEST(DoipLink, SaysWhyThereIsNoAnswerAndGoesOn) {
     EXPECT_EQ(car.ask(), says);
     EXPECT_EQ(car.ask(), "62 F1 90 41; ") << says;
   }
+  car.peer.instead = {car.peer.message(0x8003, "10000E0006")};
+  car.link.send({18, ""}, *bytesFromHex("22 F1 90"));
+  EXPECT_EQ(car.ask(), "62 F1 90 41; ") << "what the gateway refused was the request before";
   Car taken;
   taken.peer.grant = "01";
   EXPECT_EQ(taken.ask(), "car: all connections of the gateway are taken by other testers");

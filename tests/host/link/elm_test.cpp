@@ -230,6 +230,8 @@ TEST(Elm327, CountsSilencesAnewAfterAnAnswerAndTellsTheirReason) {
     EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
   }
   EXPECT_EQ(rig.heard("0100"), searches) << "the bus is not looked for again";
+  for (int silence = 0; silence < 8; ++silence) said("NO DATA\r\r>");
+  EXPECT_GT(rig.heard("0100"), searches) << "after eight in a row it is";
   EXPECT_EQ(said("BUFFER FULL\r\r>"), "the adapter says BUFFER FULL");
   EXPECT_EQ(said("\x1B[2J\r\r>"), "the adapter says \"\\x1B[2J\"");
   EXPECT_EQ(said("?\r\r>"), "the adapter does not understand the request");

@@ -88,7 +88,8 @@ struct Car {
 TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   Car car;
   auto& [clock, bus] = car;
-  bus.script["02 09 02 CC CC CC CC CC"] = {"06 7F 09 78", "03 7F 09 78", "10 0A 49 02 01 31 44 34"};
+  bus.script["02 09 02 CC CC CC CC CC"] = {"06 7F 09 78", "03 7F 09 78", "10 11 49 02 01 31 44 34"};
+  bus.script["30 00 00 CC CC CC CC CC"] = {"21 47 50 30 30 52 35 35", "22 42 31 32 33"};
   bus.script["10 08 2E F1 90 01 02 03"] = {"31 00 00", "30 00 00"};
   bus.script["21 04 05 CC CC CC CC CC"] = {"03 6E F1 90"};
   bus.script["03 22 F1 90 CC CC CC CC"] = {"05 62 F1 90 01 02"};
@@ -99,7 +100,7 @@ TEST(IsoTpLink, AsksEachEcuOverItsOwnIdentifiers) {
   // Once it has begun, a long response may take longer than the time for an answer.
   for (const std::chrono::microseconds frameTime : {40'000us, 100us}) {
     bus.frameTime = frameTime;
-    EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30; ");
+    EXPECT_EQ(ask(0x7E0, "09 02"), "7F 09 78; 49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33; ");
   }
   EXPECT_EQ(ask(0x10, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");
   EXPECT_EQ(ask(0x18DA10F1, "2E F1 90 01 02 03 04 05"), "6E F1 90; ");  // the same ECU

@@ -34,6 +34,7 @@ TEST(ChangeScopeOrder, ReferencesFollowTheMovedItemAndTheOneItPassed) {
 
 TEST(ChangeScopeOrder, WhatWouldReferBehindItselfBecomesAGraph) {
   EXPECT_EQ(ScopeList("a:D b:I3 c:G").moved("c", "a").text(), "c:G a:D b:I1") << "its graph moves ahead";
+  EXPECT_EQ(ScopeList("a:D b:I2").moved("b", "a").text(), "b:I1 a:D") << "so does a reference to itself";
   EXPECT_EQ(ScopeList("a:G b:I1").moved("b", "a").text(), "b:G a:G");
   EXPECT_EQ(ScopeList("a:G b:X1").moved("a", "b").text(), "b:G a:G");
   EXPECT_EQ(ScopeList("a:D b:G c:I2 d:I2 e:D").moved("b", "c").text(), "a:D c:G b:G d:I3 e:D");

@@ -53,6 +53,8 @@ TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
   settling.follow(0, 93);
   for (int i = 0; i < 59; ++i) EXPECT_FALSE(settling.follow(0, 10)) << "counted anew";
   EXPECT_TRUE(settling.follow(0, 10));
+  settling.reset();
+  EXPECT_TRUE(settling.follow(0, 2)) << "as with the first points";
 }
 
 TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {

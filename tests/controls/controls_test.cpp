@@ -109,8 +109,8 @@ TEST(CWGraph, DrawsXYInOrderWithGapsAndForgetsOldPoints) {
   const double points[][2] = {{10, 90}, {0, 10}, {40, 10}, {40, 60}, {kNaN, 60}, {80, 60}, {100, 90}};
   for (const auto& [x, y] : points) graph.plotXY(1, x, y);
   const QImage picture = pictureOf(graph);
-  EXPECT_EQ(graph.axisMinimum(CWGraph::XAxis), 40) << "of the points that are kept";
-  EXPECT_EQ(graph.axisMaximum(CWGraph::XAxis), 100);
+  EXPECT_EQ(graph.axisMinimum(CWGraph::XAxis), 35) << "of the points that are kept";
+  EXPECT_EQ(graph.axisMaximum(CWGraph::XAxis), 105);
   const auto reds = [&](const QPointF& place) { return countOf(Qt::red, around(picture, place, 2)); };
   const auto between = [&](int one, int other) {
     return (graph.placeOf(1, one) + graph.placeOf(1, other)) / 2;
@@ -132,7 +132,7 @@ TEST(CWGraph, PlacesPointsWhereItDrawsAndFindsThem) {
     for (std::int64_t point = graph.firstPoint(); point < points; ++point) {
       const QPoint place = graph.placeOf(1, point).toPoint();
       EXPECT_EQ(graph.pointAt(place), point);
-      EXPECT_EQ(graph.momentOf(point), static_cast<double>(point) * 0.5);
+      EXPECT_EQ(graph.times().momentOf(point), static_cast<double>(point) * 0.5);
       EXPECT_GT(countOf(Qt::red, around(picture, place, 1)), 0) << point << " of " << points;
     }
   }
@@ -154,6 +154,7 @@ TEST(CWGraph, FrozenShowsTheMomentAndLosesNothing) {
     fill(free, 50, 270);
     EXPECT_EQ(pictureOf(frozen), before);
     EXPECT_EQ(frozen.endPoint(), 50);
+    EXPECT_EQ(frozen.keptPoints().begin, 0) << "what was shown stays, however long it stands";
     frozen.resize(500, 150);
     frozen.resize(400, 150);
     EXPECT_EQ(pictureOf(frozen), before) << "drawn anew, still of that moment";
@@ -211,7 +212,99 @@ TEST(Readable, DarkCurvesAreSeenOnADarkDesktopInTheirHue) {
   graph.setPalette(QPalette(night));  // graphs are black on it
   prepare(graph, 10);
   for (int i = 0; i < 10; ++i) graph.chartY(2, 50);
-  EXPECT_GT(countOf(QColor(readableCurve(Qt::blue, Qt::black).rgb()), pictureOf(graph)), 100);
+  const QImage picture = pictureOf(graph);
+  const QRect line = QRect(graph.placeOf(2, 5).toPoint() - QPoint(0, 2), QSize(1, 5));
+  EXPECT_GT(countOf(Qt::blue, picture), 100) << "as it is configured";
+  double rim = 1;
+  for (int y = line.top(); y <= line.bottom(); ++y)
+    rim = std::max(rim, contrastOf(colourAt(picture, line.left(), y), Qt::black));
+  EXPECT_GE(rim, 5) << "with a pale rim";
+}
+
+/// A speed of 50 that comes every 100 ms, with 3 s without an answer in the middle.
+void driveThroughAnOutage(CWGraph& graph) {
+  prepare(graph, 100);
+  graph.setTimeGrid(true);
+  double moment = 0;
+  for (int i = 0; i < 100; ++i) {
+    moment += i == 50 ? 3000 : 100;
+    graph.chartY(1, 50, moment);
+    graph.chartY(2, 50);
+  }
+}
+
+TEST(CWGraph, TellsTimesAndPauses) {
+  CWGraph graph;
+  driveThroughAnOutage(graph);
+  const QImage plain = pictureOf(graph);
+  const auto blues = [&](double point) {
+    const int x =
+        static_cast<int>((graph.plotArea().left() + graph.chartX(point)) * plain.devicePixelRatio());
+    return countOf(Qt::blue, plain.copy(x, 0, 1, plain.height()));
+  };
+  EXPECT_GT(blues(48.5), 0);
+  EXPECT_EQ(blues(49.5), 0) << "the line is broken";
+  graph.setTimeLabels(true);
+  EXPECT_NE(pictureOf(graph), plain);
+  graph.setTimeGrid(false);
+  EXPECT_NE(pictureOf(graph), plain);
+}
+
+TEST(CWGraph, LooksBackAtWhatItKeepsWithoutLosingWhatComes) {
+  CWGraph graph;
+  graph.setKept(5000);
+  prepare(graph, 100);
+  graph.setAxisAutoscale(CWGraph::YAxis, true);
+  const auto feed = [&](int from, int to) {
+    for (int i = from; i < to; ++i) {
+      graph.chartY(1, i);
+      graph.chartY(2, 3);
+    }
+  };
+  feed(0, 3000);
+  const QImage live = pictureOf(graph);
+  graph.setView(TimeView{0, 500});
+  EXPECT_EQ(pictureOf(graph), live) << "only a frozen picture looks back";
+  graph.setFrozen(true);
+  EXPECT_EQ(pictureOf(graph), live);
+  graph.setView(TimeView{1000, 500});
+  EXPECT_EQ(graph.firstPoint(), 1000);
+  EXPECT_GE(graph.axisMaximum(CWGraph::YAxis), 1499) << "the axis follows";
+  EXPECT_LT(graph.axisMaximum(CWGraph::YAxis), 2000);
+  const QImage back = pictureOf(graph);
+  EXPECT_EQ(graph.pointAt(graph.placeOf(1, 1234).toPoint()), 1234);
+  EXPECT_GT(countOf(Qt::red, around(back, graph.placeOf(1, 1234), 1)), 0);
+  feed(3000, 9000);
+  EXPECT_EQ(graph.keptPoints().begin, 2900) << "the memory is bounded; what was shown stays";
+  for (const double count : {4.0, 7.5, 100.0}) {
+    graph.setView(TimeView{2950 - count / 2, count});
+    pictureOf(graph);
+    EXPECT_EQ(graph.pointAt(graph.placeOf(1, 2950).toPoint()), 2950);
+  }
+  graph.setFrozen(false);
+  EXPECT_EQ(graph.firstPoint(), 8900);
+  EXPECT_EQ(graph.valueOf(1, 4001), 4001) << "kept for the next look back";
+}
+
+TEST(CWGraph, GivesEachCurveItsOwnScale) {
+  CWGraph graph;
+  prepare(graph, 100);
+  for (int i = 0; i < 100; ++i) {
+    graph.chartY(1, 1000 + i);
+    graph.chartY(2, i % 2);
+  }
+  graph.setOwnScales(true);
+  const int high = graph.plotArea().height();
+  for (const int plot : {1, 2}) {
+    EXPECT_LT(graph.placeOf(plot, 99).y(), graph.plotArea().top() + high / 5) << plot;
+    EXPECT_GT(graph.placeOf(plot, 0).y(), graph.plotArea().bottom() - high / 5) << plot;
+  }
+  EXPECT_GT(graph.axisMaximum(CWGraph::YAxis), 1098);
+  graph.chooseScale(2);
+  EXPECT_LT(graph.axisMaximum(CWGraph::YAxis), 2) << "the axis is the chosen curve's";
+  EXPECT_GT(countOf(Qt::red, around(pictureOf(graph), graph.placeOf(1, 98), 1)), 0);
+  graph.setOwnScales(false);
+  EXPECT_EQ(graph.axisMaximum(CWGraph::YAxis), 100);
 }
 
 TEST(CWSlide, ShowsTheBarInsideTheAxisFreezesAndIsSpoken) {

@@ -2,10 +2,15 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "platform/plotting/Autoscale.h"
 #include "platform/plotting/AxisTicks.h"
 #include "platform/plotting/PlotHistory.h"
+#include "platform/plotting/TimeGrid.h"
+#include "platform/plotting/TimeLine.h"
+#include "platform/plotting/TimeView.h"
 
 namespace tarnlog {
 namespace {
@@ -37,16 +42,16 @@ TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
   Autoscale scale;
   EXPECT_FALSE(scale.follow(kInfinity, -kInfinity));
   EXPECT_TRUE(scale.follow(0, 93));
-  EXPECT_EQ(scale.range(), (AxisRange{0, 100}));
+  EXPECT_EQ(scale.range(), (AxisRange{-5, 100})) << "with a margin";
   EXPECT_FALSE(scale.follow(0, 99));
   EXPECT_TRUE(scale.follow(0, 101));
   for (int i = 0; i < 59; ++i) EXPECT_FALSE(scale.follow(0, 10));
   EXPECT_TRUE(scale.follow(0, 10));
-  EXPECT_EQ(scale.range(), (AxisRange{0, 10}));
+  EXPECT_EQ(scale.range(), (AxisRange{-1, 11}));
 
   Autoscale settling;
   EXPECT_TRUE(settling.follow(0.2, 0.4));
-  EXPECT_EQ(settling.range(), (AxisRange{0.2, 0.4})) << "the first points set it";
+  EXPECT_DOUBLE_EQ(settling.range().minimum, 0.18) << "the first points set it";
   EXPECT_TRUE(settling.follow(0, 1));
   settling.follow(0, 100);
   for (int i = 0; i < 59; ++i) settling.follow(0, 10);
@@ -57,11 +62,15 @@ TEST(Autoscale, GrowsAtOnceAndShrinksLate) {
   EXPECT_TRUE(settling.follow(0, 2)) << "as with the first points";
 }
 
+std::int64_t finite(const PlotHistory& history, std::int64_t first) {
+  std::int64_t count = 0;
+  for (std::int64_t k = first; k < history.end(); ++k) count += std::isfinite(history.y(k)) ? 1 : 0;
+  return count;
+}
+
 TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
   PlotHistory history;
   history.setKeepsX(true);
-  history.setCapacity(PlotHistory::kMostPoints);
-  EXPECT_LE(history.held(), 1024) << "what a file asks for is not reserved at once";
   history.setCapacity(3000);
   for (int i = 0; i < 15000; ++i) {
     history.append(i, i % 97 == 0 ? kNaN : (i * 7919 % 1009) - 500);
@@ -73,9 +82,69 @@ TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
     const Extremes asked = history.extremes(first, history.end());
     ASSERT_EQ(asked.lowest, walked.lowest) << i;
     ASSERT_EQ(asked.highest, walked.highest) << i;
+    ASSERT_EQ(history.ys().summary(first, history.end()).count, walked.any() ? finite(history, first) : 0);
   }
   EXPECT_EQ(history.begin(), 12000);
-  EXPECT_EQ(history.held(), 3000);
+  const PlotHistory copy = history;
+  for (int i = 0; i < 5000; ++i) history.append(0, -1);
+  EXPECT_EQ(copy.end(), 15000);
+  EXPECT_EQ(copy.y(14999), (14999 * 7919 % 1009) - 500) << "a copy keeps what it had";
+  EXPECT_EQ(history.extremes(0, history.end()).highest, -1);
+}
+
+TEST(TimeLine, KnowsWhenPointsCameAndWhereTheyFailedTo) {
+  TimeLine times;
+  times.setCapacity(100);
+  double now = 5000;
+  const auto come = [&](double step) { times.append(now += step); };
+  for (int i = 0; i < 10; ++i) come(50);
+  EXPECT_EQ(times.usualStep(), 50);
+  EXPECT_EQ(times.pointAt(5075), 0.5);
+  come(3000);
+  ASSERT_EQ(times.pauses().size(), 1U);
+  EXPECT_EQ(times.pauses()[0].before, 10);
+  EXPECT_EQ(times.pauses()[0].length, 3000);
+  EXPECT_EQ(times.pointAt(now - 1000), std::nullopt) << "nothing came then";
+  for (int i = 0; i < 8; ++i) come(500);
+  EXPECT_EQ(times.usualStep(), 500);
+  EXPECT_LE(times.pauses().size(), 4U) << "a new rate is the usual one soon";
+  come(-4000);
+  EXPECT_FALSE(times.knows(10)) << "the clock went back: better no time than a wrong one";
+  EXPECT_EQ(times.pointAt(5100), std::nullopt);
+  for (int i = 0; i < 200; ++i) come(50);
+  EXPECT_LE(times.pauses().size(), 2U) << "those of dropped points are dropped";
+}
+
+TEST(TimeGrid, StandsAtWholeTimesBeforeTheNewestPoint) {
+  TimeLine times;
+  times.setCapacity(2000);
+  const auto lines = [&](double first, double last, int atMost) {
+    std::vector<TimeGridLine> grid;
+    timeGrid(times, first, last, atMost, grid);
+    std::string text;
+    for (const TimeGridLine& line : grid)
+      text += durationText(line.ago, ',') + " at " + std::to_string(std::lround(line.point)) + "; ";
+    return text;
+  };
+  times.append(0);
+  EXPECT_EQ(lines(0, 1, 4), "");
+  for (int i = 1; i <= 1000; ++i) times.append(i * 100);
+  EXPECT_EQ(lines(0, 1000, 4), "30 s at 700; 1 min at 400; 1:30 min at 100; ");
+  EXPECT_EQ(lines(900, 910, 2), "9 s at 910; 9,5 s at 905; 10 s at 900; ")
+      << "zoomed in, still before the newest";
+  EXPECT_EQ(lines(0, 1000, 0), "");
+  EXPECT_EQ(durationText(7'200'000, ','), "2 h");
+}
+
+TEST(TimeView, ZoomsAroundAPointAndStaysWithinWhatIsKept) {
+  const PointSpan kept{100, 1100};
+  const TimeView half = zoomed(wholeView(kept), 0.5, 600, kept);
+  EXPECT_EQ(half, (TimeView{350, 500}));
+  EXPECT_EQ(panned(half, -1e9, kept), (TimeView{100, 500}));
+  EXPECT_EQ(panned(half, 1e9, kept), (TimeView{600, 500}));
+  EXPECT_EQ(zoomed(half, 1e9, 600, kept), wholeView(kept));
+  EXPECT_EQ(zoomed(half, 1e-9, 600, kept).count, 4);
+  EXPECT_EQ(zoomed({0, 1}, 0.1, 0, {0, 2}), wholeView({0, 2}));
 }
 
 }  // namespace

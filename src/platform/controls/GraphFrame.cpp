@@ -83,11 +83,22 @@ void GraphFrame::numberX(const QFontMetrics& metrics, const QLocale& locale, con
   }
 }
 
+/// A value without a name has no text.
+QStringList GraphFrame::namesAt(const GraphAxis& y, const QFontMetrics& metrics, int room) const {
+  QStringList names;
+  for (int i = 0; i < yTicks_.count; ++i) {
+    const QString* const name = y.nameOf(yTicks_.at(i));
+    names.append(name == nullptr ? QString() : metrics.elidedText(*name, Qt::ElideRight, room));
+  }
+  return names;
+}
+
 void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y) {
   const int line = metrics.height();
   const int room = area_.left() - 1 - kGap;
   const PixelScale rows = PixelScale::downwards(y.range(), area_.height());
-  const QStringList numbers = axisTexts(yTicks_, locale, metrics, room);
+  const QStringList numbers =
+      y.names.empty() ? axisTexts(yTicks_, locale, metrics, room) : namesAt(y, metrics, room);
   // Clear of the caption above and of the numbers below.
   const int highest = y.caption.isEmpty() ? 0 : std::max(area_.top() - 2, 0);
   const int below = size_.height() - area_.bottom();

@@ -36,6 +36,7 @@ class GraphFrame {
 
  private:
   void numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x);
+  QStringList namesAt(const GraphAxis& y, const QFontMetrics& metrics, int room) const;
   void numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y);
   void write(const QPointF& corner, const QString& text);
   void caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y);

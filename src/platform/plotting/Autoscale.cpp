@@ -5,9 +5,14 @@
 namespace tarnlog {
 namespace {
 
+constexpr double kMargin = 0.05;
+constexpr int kRounding = 20;  ///< steps in the range, so that rounding adds little to the margin
+
 AxisRange roundedAround(double lowest, double highest) {
-  const AxisRange range = saneRange(lowest, highest);
-  const double step = ticksFor(range, 5).step;
+  const AxisRange bare = saneRange(lowest, highest);
+  const double margin = kMargin * bare.span();
+  const AxisRange range = saneRange(bare.minimum - margin, bare.maximum + margin);
+  const double step = ticksFor(range, kRounding).step;
   return saneRange(std::floor(range.minimum / step + 1e-9) * step,
                    std::ceil(range.maximum / step - 1e-9) * step);
 }

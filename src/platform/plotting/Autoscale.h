@@ -4,8 +4,9 @@
 
 namespace tarnlog {
 
-/// The range of an axis that follows its points without jitter: it grows at once, to ends on round values,
-/// and shrinks only when the points have needed much less for a while.
+/// The range of an axis that follows its points without jitter: it grows at once, to ends on round values
+/// with at least a twentieth of the span beyond the points, and shrinks only when they have needed much less
+/// for a while.
 class Autoscale {
  public:
   /// Takes the lowest and the highest value kept; says whether the range has changed. Values that are not

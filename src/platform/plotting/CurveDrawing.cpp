@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "platform/plotting/CurvePen.h"
 
@@ -15,23 +16,48 @@ bool begins(const PlotHistory& points, std::int64_t point) {
   return point == 0 || (point > points.begin() && !std::isfinite(points.y(point - 1)));
 }
 
+/// Tells, for points in their order, before which one the curve is broken.
+class Breaks {
+ public:
+  Breaks(std::span<const TimeLine::Pause> pauses, std::int64_t from)
+      : next_(std::partition_point(pauses.begin(), pauses.end(),
+                                   [from](auto& each) { return each.before < from; })),
+        end_(pauses.end()) {}
+  bool before(std::int64_t point) {
+    while (next_ != end_ && next_->before < point) ++next_;
+    return next_ != end_ && next_->before == point;
+  }
+
+ private:
+  std::span<const TimeLine::Pause>::iterator next_;
+  std::span<const TimeLine::Pause>::iterator end_;
+};
+
 }  // namespace
 
 void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
-                   const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour) {
+                   const TimeCurvePlace& place, std::uint32_t colour) {
   CurvePen pen(canvas, colour);
   std::int64_t point = std::max(from - 1, points.begin());
+  Breaks breaks(place.pauses, point);
   double row = 0;
+  bool alone = false;  // nothing before the point is joined to it
+  const auto lift = [&] {
+    if (pen.isDown() && alone) canvas.dot(place.columns.columnOf(point - 1), static_cast<int>(row), colour);
+    pen.lift();
+  };
   while (point < points.end()) {
     for (const double value : points.run(point)) {
-      const std::int64_t column = columns.columnOf(point);
+      const bool broken = breaks.before(point);
+      if (broken) lift();
       if (!std::isfinite(value)) {
-        if (pen.isDown() && begins(points, point - 1))
-          canvas.dot(columns.columnOf(point - 1), static_cast<int>(row), colour);
-        pen.lift();
+        lift();
       } else {
-        row = rows(value);
+        alone = !pen.isDown() && (broken || begins(points, point));
+        row = place.rows(value);
+        const std::int64_t column = place.columns.columnOf(point);
         pen.draw(column, row);
+        if (column > canvas.endColumn() + canvas.reach()) return;
       }
       ++point;
     }
@@ -40,25 +66,36 @@ void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int6
 }
 
 void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
-                        const ColumnScale& columns, const PixelScale& rows, std::uint32_t colour) {
+                        const TimeCurvePlace& place, std::uint32_t colour) {
+  constexpr std::int64_t kBlock = PointSeries::kBlock;
+  const ColumnScale& columns = place.columns;
+  // Where a column has several blocks, a block belongs to one of them as a whole, and no value is looked at.
+  const bool coarse = columns.columnsPerPoint() * 2 * kBlock < 1;
+  const std::int64_t grain = coarse ? kBlock : 1;
   CurvePen pen(canvas, colour);
   const std::int64_t end = points.end();
-  for (std::int64_t first = std::max(from - 1, points.begin()), next = first; first < end; first = next) {
-    const std::int64_t column = columns.columnOf(first);
-    next = std::clamp(columns.pointIn(column + 1), first + 1, end);
-    const Extremes extremes = points.extremes(first, next);
+  std::int64_t first = std::max(from - 1, points.begin());
+  if (coarse) first = std::min((first + kBlock - 1) / kBlock * kBlock, end);
+  Breaks breaks(place.pauses, first);
+  std::int64_t column = columns.columnOf(first);
+  for (std::int64_t next = first; first < end && column < canvas.endColumn(); first = next, ++column) {
+    next = std::clamp((columns.firstFrom(column + 1) + grain - 1) / grain * grain, first, end);
+    if (next == first) continue;
+    const Extremes extremes =
+        coarse ? points.ys().extremesOfBlocks(first, next) : points.extremes(first, next);
     if (!extremes.any()) {
       pen.lift();
       continue;
     }
-    const double entry = points.y(first);
-    const bool joined = pen.isDown() && std::isfinite(entry) && std::isfinite(points.y(first - 1));
+    const double entry = coarse ? extremes.lowest : points.y(first);
+    const bool joined = pen.isDown() && std::isfinite(entry) && !breaks.before(first) &&
+                        (coarse || std::isfinite(points.y(first - 1)));
     if (!joined) pen.lift();
-    pen.draw(column, rows(joined ? entry : extremes.lowest));
-    pen.cover(static_cast<int>(rows(extremes.lowest)));
-    pen.cover(static_cast<int>(rows(extremes.highest)));
-    const double exit = points.y(next - 1);
-    if (std::isfinite(exit)) pen.draw(column, rows(exit));
+    pen.draw(column, place.rows(joined ? entry : extremes.lowest));
+    pen.cover(static_cast<int>(place.rows(extremes.lowest)));
+    pen.cover(static_cast<int>(place.rows(extremes.highest)));
+    const double exit = coarse ? extremes.highest : points.y(next - 1);
+    if (std::isfinite(exit)) pen.draw(column, place.rows(exit));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "platform/plotting/AxisTicks.h"
@@ -36,7 +37,7 @@ class PixelScale {
 class ColumnScale {
  public:
   ColumnScale() = default;
-  ColumnScale(int columns, int points) : perPoint_(static_cast<double>(columns) / points) {}
+  ColumnScale(int columns, double points) : perPoint_(columns / points), perColumn_(points / columns) {}
 
   double columnsPerPoint() const { return perPoint_; }
   std::int64_t columnOf(std::int64_t point) const {
@@ -44,13 +45,18 @@ class ColumnScale {
   }
   /// A point in this column or, when there is none, the one before it.
   std::int64_t pointIn(std::int64_t column) const {
-    return static_cast<std::int64_t>(static_cast<double>(column) / perPoint_);
+    return static_cast<std::int64_t>(static_cast<double>(column) * perColumn_);
+  }
+  /// The first point that is not in a column before this one.
+  std::int64_t firstFrom(std::int64_t column) const {
+    return static_cast<std::int64_t>(std::ceil((static_cast<double>(column) - kSlack) * perColumn_));
   }
 
  private:
   static constexpr double kSlack = 1e-6;  ///< against the rounding of whole columns
 
   double perPoint_ = 1;
+  double perColumn_ = 1;
 };
 
 }  // namespace tarnlog

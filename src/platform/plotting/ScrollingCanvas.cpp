@@ -67,6 +67,35 @@ void ScrollingCanvas::line(double x0, double y0, double x1, double y1, std::uint
   span(to, row, static_cast<int>(x1 >= right + 1 ? next : y1), colour);
 }
 
+void ScrollingCanvas::dotted(std::int64_t column, int step, std::uint32_t colour) {
+  if (column < drawable_ || column >= endColumn()) return;
+  const std::ptrdiff_t stride = std::ptrdiff_t{width_} * step;
+  std::uint32_t* pixel = pixels_.data() + place(column);
+  for (int y = 0; y < height_; y += step, pixel += stride) set(pixel, colour);
+}
+
+void ScrollingCanvas::stamp(std::int64_t column, int row, const Stamp& stamp) {
+  const auto left = static_cast<int>(std::clamp<std::int64_t>(drawable_ - column, 0, stamp.width));
+  const auto right = static_cast<int>(std::clamp<std::int64_t>(endColumn() - column, left, stamp.width));
+  for (int y = std::max(0, -row); y < stamp.height && row + y < height_; ++y) {
+    const std::ptrdiff_t line = std::ptrdiff_t{row + y} * width_;
+    const std::size_t from = static_cast<std::size_t>(y) * static_cast<std::size_t>(stamp.width);
+    for (int x = left; x < right; ++x)
+      set(pixels_.data() + line + place(column + x), stamp.pixels[from + static_cast<std::size_t>(x)]);
+  }
+}
+
+void ScrollingCanvas::beginPassing() {
+  passing_ = true;
+  drawable_ = first_;
+}
+
+void ScrollingCanvas::endPassing() {
+  passing_ = false;
+  for (auto each = covered_.rbegin(); each != covered_.rend(); ++each) *each->first = each->second;
+  covered_.clear();
+}
+
 void ScrollingCanvas::dot(std::int64_t column, int row, std::uint32_t colour) {
   for (std::int64_t x = column - pen_; x <= column + pen_; ++x) span(x, row - pen_, row + pen_, colour);
 }

@@ -3,10 +3,18 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
 namespace tarnlog {
+
+/// A small picture, row by row (0xffRRGGBB); its owner keeps the pixels.
+struct Stamp {
+  int width = 0;
+  int height = 0;
+  std::span<const std::uint32_t> pixels;
+};
 
 /// The picture of a chart, written pixel by pixel (0xffRRGGBB). Columns have numbers that never change; the
 /// canvas shows `width` of them from `firstColumn`. Scrolling moves no pixel: a column is stored at its
@@ -20,8 +28,11 @@ class ScrollingCanvas {
   /// Width of lines in pixels, at least 1. Wider lines reach to the left and downwards of their place.
   void setPen(int pixels) { pen_ = pixels < 1 ? 1 : pixels; }
   int pen() const { return pen_; }
+  /// Pixels by which everything drawn with the pen is wider on each side: a rim behind the curve that
+  /// follows.
+  void setHalo(int pixels) { halo_ = pixels; }
   /// Columns beside a point that its dot or its line's width may take.
-  int reach() const { return 2 * pen_; }
+  int reach() const { return 3 * pen_; }
 
   /// Not negative. All columns that are shown can be drawn on.
   void setFirstColumn(std::int64_t column);
@@ -47,10 +58,24 @@ class ScrollingCanvas {
   void span(std::int64_t column, int top, int bottom, std::uint32_t colour);
   /// A line between two points, ends included; the whole part of a coordinate is the pixel's number.
   void line(double x0, double y0, double x1, double y1, std::uint32_t colour);
+  /// A column of which every `step`th pixel is drawn.
+  void dotted(std::int64_t column, int step, std::uint32_t colour);
+  /// With its upper left corner there.
+  void stamp(std::int64_t column, int row, const Stamp& stamp);
+
+  /// What is drawn from here on can be taken back.
+  void beginPassing();
+  /// And is.
+  void endPassing();
+
   /// A point that is seen without a line.
   void dot(std::int64_t column, int row, std::uint32_t colour);
 
  private:
+  void set(std::uint32_t* pixel, std::uint32_t colour) {
+    if (passing_) covered_.emplace_back(pixel, *pixel);
+    *pixel = colour;
+  }
   int place(std::int64_t column) const {
     const auto stored = static_cast<int>(column - first_) + seam_;
     return stored < width_ ? stored : stored - width_;
@@ -59,20 +84,23 @@ class ScrollingCanvas {
   int width_ = 1;
   int height_ = 1;
   int pen_ = 1;
+  int halo_ = 0;
   int seam_ = 0;
   std::int64_t first_ = 0;
   std::int64_t drawable_ = 0;  ///< first column that is not protected
+  bool passing_ = false;
+  std::vector<std::pair<std::uint32_t*, std::uint32_t>> covered_;  ///< by what passes, in its order
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };
 
 inline void ScrollingCanvas::span(std::int64_t column, int top, int bottom, std::uint32_t colour) {
   if (top > bottom) std::swap(top, bottom);
-  const int from = std::max(top, 0);
-  const int to = std::min(bottom + pen_ - 1, height_ - 1);
+  const int from = std::max(top - halo_, 0);
+  const int to = std::min(bottom + pen_ - 1 + halo_, height_ - 1);
   if (from > to) return;
   const std::ptrdiff_t stride = width_;
   std::uint32_t* const start = pixels_.data() + from * stride;
-  for (std::int64_t x = column - pen_ + 1; x <= column; ++x) {
+  for (std::int64_t x = column - pen_ + 1 - halo_; x <= column + halo_; ++x) {
     if (x < drawable_ || x >= endColumn()) continue;
     std::uint32_t* pixel = start + place(x);
     for (int y = from; y <= to; ++y, pixel += stride) *pixel = colour;

@@ -45,13 +45,16 @@ QToolButton* makeButton(const QString& icon, const QString& name, const QString&
 }  // namespace
 
 AcqCorner::AcqCorner(QWidget& view)
-    : silenceMark_(makeMark("LblSilence", {}, tr("The values shown are as old as that."), view)),
+    : window_(new QLabel(&view)),
+      silenceMark_(makeMark("LblSilence", {}, tr("The values shown are as old as that."), view)),
       pausedMark_(makeMark("LblPaused", tr("Paused"),
                            tr("The picture stands still, recording goes on. P lets it run again."), view)),
       pauseButton_(makeButton("pause", tr("Pause"),
                               tr("Freeze the picture while recording goes on (P or Pause)"), view)),
       helpButton_(makeButton("help", tr("Help"), tr("Keys, guide and messages (F1)"), view)) {
   pauseButton_->setCheckable(true);
+  window_->setObjectName("LblWindow");
+  window_->hide();
 }
 
 void AcqCorner::setPaused(bool paused) {
@@ -64,10 +67,15 @@ void AcqCorner::setSilence(qint64 seconds) {
   silenceMark_->setVisible(seconds > 0);
 }
 
+void AcqCorner::setWindow(const QString& time) {
+  window_->setText(tr("window: %1").arg(time));
+  window_->setVisible(!time.isEmpty());
+}
+
 void AcqCorner::place(const QRect& area) {
   int right = area.right() + 1;
   for (QWidget* const control :
-       std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_, silenceMark_}) {
+       std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_, silenceMark_, window_}) {
     const QSize size = control->sizeHint();
     const int height = std::min(size.height(), area.height() - 2);
     right -= size.width();

@@ -21,9 +21,12 @@ class AcqCorner {
   void setPaused(bool paused);
   /// Since when the vehicle has not answered, in seconds; 0 when it does.
   void setSilence(qint64 seconds);
+  /// How long a time the graphs show; empty: not known, or no graphs are seen.
+  void setWindow(const QString& time);
   void place(const QRect& area);
 
  private:
+  QLabel* window_;
   QLabel* silenceMark_;
   QLabel* pausedMark_;
   QToolButton* pauseButton_;

@@ -6,12 +6,15 @@
 #include <QLabel>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "acquisition/AcqWords.h"
 #include "platform/base/TarnError.h"
+#include "platform/plotting/TimeGrid.h"
 #include "ui/acquisition/AcqCorner.h"
 #include "ui/acquisition/AcqHeader.h"
 #include "ui/acquisition/ConnectionWatch.h"
@@ -32,6 +35,8 @@ namespace tarnlog {
 namespace {
 
 constexpr int kSpacing = AcqHeader::kSpacing;
+
+constexpr int kWindowInterval = 1000;  ///< milliseconds
 
 const QString kList = QStringLiteral("LIST");
 const QString kGraph = QStringLiteral("GRAPH");
@@ -54,6 +59,10 @@ AcqView::AcqView(AcqEnvironment environment, QWidget* parent)
   orderTabs();
   connectControls();
   addShortcuts();
+  windowTimer_ = new QTimer(this);
+  windowTimer_->setInterval(kWindowInterval);
+  connect(windowTimer_, &QTimer::timeout, this, &AcqView::showWindow);
+  windowTimer_->start();
   showTab(kList);
 }
 
@@ -133,9 +142,33 @@ void AcqView::addShortcuts() {
   pageKeys_ = {addShortcut(Qt::Key_PageUp), addShortcut(Qt::Key_PageDown)};
   connect(pageKeys_[0], &QShortcut::activated, graphs_, [this] { graphs_->turnPages(-1); });
   connect(pageKeys_[1], &QShortcut::activated, graphs_, [this] { graphs_->turnPages(1); });
+  addLookBackKeys();
   leaveFullScreen_ = addShortcut(Qt::Key_Escape);
   leaveFullScreen_->setEnabled(false);
   connect(leaveFullScreen_, &QShortcut::activated, this, &AcqView::toggleFullScreen);
+}
+
+/// They act on a paused picture of graphs.
+void AcqView::addLookBackKeys() {
+  constexpr double kNearer = 0.8;
+  LookBack& lookBack = graphs_->surface().lookBack();
+  const auto add = [this](int key, auto action) {
+    lookBackKeys_.push_back(addShortcut(key));
+    lookBackKeys_.back()->setAutoRepeat(true);
+    connect(lookBackKeys_.back(), &QShortcut::activated, graphs_, action);
+  };
+  add(Qt::Key_F, [&lookBack] { lookBack.fitAll(); });
+  add(Qt::Key_A, [&lookBack] { lookBack.setCursor(CWGraph::CursorA); });
+  add(Qt::Key_B, [&lookBack] { lookBack.setCursor(CWGraph::CursorB); });
+  add(Qt::Key_Plus, [&lookBack] { lookBack.zoom(kNearer); });
+  add(Qt::Key_Minus, [&lookBack] { lookBack.zoom(1 / kNearer); });
+  connect(&lookBack, &LookBack::moved, this, &AcqView::showWindow);
+}
+
+void AcqView::enableKeys() {
+  const bool graphs = graphs_->isVisible();
+  for (QShortcut* const key : pageKeys_) key->setEnabled(graphs);
+  for (QShortcut* const key : lookBackKeys_) key->setEnabled(graphs && paused_);
 }
 
 QShortcut* AcqView::addShortcut(int key) {
@@ -201,7 +234,18 @@ void AcqView::showTab(const QString& key) {
   if (key != kList && key != kGraph) return;
   valueList_->setVisible(key == kList);
   graphs_->setVisible(key == kGraph);
-  for (QShortcut* const pageKey : pageKeys_) pageKey->setEnabled(key == kGraph);
+  enableKeys();
+  showWindow();
+}
+
+/// Once a second, which is as often as anybody reads it.
+void AcqView::showWindow() {
+  constexpr double kTenSeconds = 10'000;
+  const auto time = graphs_->isVisible() ? graphs_->surface().shownTime() : std::nullopt;
+  const double grain = time && *time < kTenSeconds ? 100 : 1000;
+  corner_->setWindow(time ? toQString(durationText(std::round(*time / grain) * grain, decimalSeparator_))
+                          : QString());
+  corner_->place(tabs_->corner().translated(tabs_->pos()));
 }
 
 void AcqView::setPaused(bool paused) {
@@ -209,6 +253,7 @@ void AcqView::setPaused(bool paused) {
   values_->setFrozen(paused);
   graphs_->surface().setFrozen(paused);
   corner_->setPaused(paused);
+  enableKeys();
   tabs_->setHighlight(paused ? toQColor(words::colourOf(RecordingFact::Requested), palette()) : QColor());
 }
 
@@ -246,7 +291,14 @@ void AcqView::setState(AcquisitionState state) {
   emit stateEntered();
 }
 
-void AcqView::setRecording(RecordingFact fact) { header_->setRecording(fact); }
+void AcqView::setRecording(RecordingFact fact) {
+  header_->setRecording(fact);
+  addMark(marks_.hear(fact));
+}
+
+void AcqView::addMark(const std::optional<RecordingMarks::Mark>& mark) {
+  if (mark) graphs_->surface().addMark(mark->text, toQColor(mark->colour, palette()));
+}
 
 void AcqView::setRecordPath(std::string_view path) {
   recordPanel_->setText(path.empty() ? inUsersWords(words::kNoRecordFile) : toQString(path));
@@ -256,7 +308,11 @@ void AcqView::setElapsed(std::int64_t milliseconds) {
   acqTimePanel_->setText(toQString(words::elapsedText(milliseconds, decimalSeparator_)));
 }
 
-void AcqView::setEventNumber(std::int32_t number) { header_->setEventNumber(number); }
+void AcqView::setEventNumber(std::int32_t number) {
+  header_->setEventNumber(number);
+  if (number == 0) marks_.begin();
+  addMark(marks_.hearEvent(number));
+}
 
 void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
   recordPanel_->setText(failure == OpenFailure::NoStream

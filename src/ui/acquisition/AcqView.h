@@ -3,14 +3,18 @@
 #include <QWidget>
 #include <array>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "acquisition/AcqScreen.h"
 #include "acquisition/TarnAcq.h"
+#include "ui/acquisition/RecordingMarks.h"
 #include "ui/common/Guide.h"
 
 class QLabel;
 class QShortcut;
 class QStatusBar;
+class QTimer;
 
 namespace tarnlog {
 
@@ -89,11 +93,15 @@ class AcqView : public QWidget, public AcqScreen {
   void connectControls();
   void addShortcuts();
   QShortcut* addShortcut(int key);
+  void addLookBackKeys();
 
   void layOut();
   void showTab(const QString& key);
   void toggleFullScreen();
   void answerPress();
+  void addMark(const std::optional<RecordingMarks::Mark>& mark);
+  void enableKeys();
+  void showWindow();
   void showAge(qint64 seconds);
 
   std::unique_ptr<TarnAcq> acq_;
@@ -113,6 +121,9 @@ class AcqView : public QWidget, public AcqScreen {
   HelpPanel* help_ = nullptr;
   QShortcut* leaveFullScreen_ = nullptr;
   std::array<QShortcut*, 2> pageKeys_{};
+  std::vector<QShortcut*> lookBackKeys_;
+  QTimer* windowTimer_ = nullptr;
+  RecordingMarks marks_;
   char decimalSeparator_;
   bool paused_ = false;
 };

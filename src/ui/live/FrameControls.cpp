@@ -59,6 +59,12 @@ bool FrameControls::empty() const {
   return graphs_.empty() && slides_.empty() && captions_.empty() && values_.empty();
 }
 
+std::vector<GraphBlock*> FrameControls::graphs() const {
+  std::vector<GraphBlock*> graphs;
+  graphs_.each([&](GraphBlock& block) { graphs.push_back(&block); });
+  return graphs;
+}
+
 template <class Action>
 void FrameControls::each(Action action) const {
   graphs_.each(action);

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "platform/screen/Controls.h"
 #include "ui/live/ControlArray.h"
@@ -43,6 +44,8 @@ class FrameControls : public GraphicFrame {
   void setEmptied(std::function<void()> emptied) { emptied_ = std::move(emptied); }
 
   bool empty() const;
+  /// In the order of their numbers.
+  std::vector<GraphBlock*> graphs() const;
   void setFrozen(bool frozen);
   void setOld(bool old);
   /// The font of the desktop has changed.

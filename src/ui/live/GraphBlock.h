@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/controls/CWGraph.h"
@@ -7,6 +9,8 @@
 #include "ui/live/Placed.h"
 
 namespace tarnlog {
+
+class GraphChoices;
 
 /// A graph of the live display.
 class GraphBlock : public Placed<GraphControl, CWGraph> {
@@ -36,9 +40,14 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   const ValueDescription& description(int plot) const { return descriptions_.at(index(plot)); }
   const ValueDescription& xDescription() const { return x_; }
   const Clock* clock() const { return clock_; }
+  /// Milliseconds since the newest point that is shown.
+  double sinceNewest() const;
   /// Points have their moments: this is a time chart with a clock.
   bool knowsMoments() const { return clock_ != nullptr && !shown().isXY(); }
 
+  /// By which its user's choices know it: the names of its curves.
+  std::string name() const;
+  void apply(const GraphChoices& choices);
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
   void setOld(bool old) { shown().setFaded(old); }
   /// The font of the desktop has changed.
@@ -47,7 +56,12 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
  private:
   static std::size_t index(int plot) { return static_cast<std::size_t>(plot - 1); }
 
+  void takeMoment();
+  void nameValues();
+
   const Clock* clock_;
+  std::optional<Milliseconds> newest_;  ///< when the last point came
+  double moment_ = 0;                   ///< the same, as milliseconds that never begin again
   std::vector<ValueDescription> descriptions_;
   ValueDescription x_;
 };

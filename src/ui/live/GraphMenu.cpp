@@ -1,5 +1,6 @@
 #include "ui/live/GraphMenu.h"
 
+#include <QActionGroup>
 #include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
@@ -7,7 +8,9 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include "ui/live/GraphChoices.h"
 #include "ui/live/GraphReading.h"
+#include "ui/live/LookBack.h"
 
 namespace tarnlog {
 namespace {
@@ -22,7 +25,7 @@ QString suggestedPath(const QString& title) {
 
 }  // namespace
 
-GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()) {
+GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()), block_(block) {
   setAttribute(Qt::WA_DeleteOnClose);
   const auto add = [this](const QString& text, const char* name, auto action) {
     addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));
@@ -31,6 +34,80 @@ GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.s
   add(tr("Copy &picture"), "copyPicture", [picture] { QGuiApplication::clipboard()->setPixmap(picture()); });
   add(tr("&Copy points"), "copyPoints",
       [&block] { QGuiApplication::clipboard()->setText(pointsTable(block)); });
+}
+
+QAction* GraphMenu::addChoice(const QString& text, const char* name, bool checked,
+                              const std::function<void(bool)>& choose) {
+  QAction* const action = addAction(text);
+  action->setObjectName(QLatin1String(name));
+  action->setCheckable(true);
+  action->setChecked(checked);
+  connect(action, &QAction::triggered, this, choose);
+  return action;
+}
+
+void GraphMenu::addChoices(GraphChoices& choices, const std::function<void()>& changed) {
+  addSeparator();
+  if (block_.shown().plotCount() > 1) addScales(choices, changed);
+  addChoice(tr("&Times in the grid"), "times", choices.times(), [&choices, changed](bool on) {
+    choices.setTimes(on);
+    changed();
+  });
+  addChoice(tr("T&hick curves"), "thick", choices.thickCurves(), [&choices, changed](bool on) {
+    choices.setThickCurves(on);
+    changed();
+  });
+  addMemory(choices, changed);
+}
+
+void GraphMenu::addScales(GraphChoices& choices, const std::function<void()>& changed) {
+  auto* const scales = new QActionGroup(this);
+  const std::string name = block_.name();
+  const bool own = choices.ownScales(name);
+  for (const bool each : {false, true}) {
+    const QString text = each ? tr("&Each curve its own scale") : tr("&One scale for all");
+    scales->addAction(
+        addChoice(text, each ? "ownScales" : "oneScale", own == each, [&choices, changed, name, each](bool) {
+          choices.setOwnScales(name, each);
+          changed();
+        }));
+  }
+  if (!own) return;
+  auto* const curves = new QActionGroup(this);
+  QMenu* const which = addMenu(tr("&Axis of"));
+  for (int plot = 1; plot <= block_.shown().plotCount(); ++plot) {
+    QAction* const action = which->addAction(toQString(block_.description(plot).name));
+    action->setCheckable(true);
+    action->setChecked(block_.shown().chosenScale() == plot);
+    curves->addAction(action);
+    connect(action, &QAction::triggered, &block_.shown(),
+            [graph = &block_.shown(), plot] { graph->chooseScale(plot); });
+  }
+}
+
+void GraphMenu::addMemory(GraphChoices& choices, const std::function<void()>& changed) {
+  QMenu* const memory = addMenu(tr("&Memory for looking back"));
+  auto* const sizes = new QActionGroup(this);
+  for (const int megabytes : {16, 64, 256, 1024}) {
+    QAction* const action = memory->addAction(tr("%1 MB").arg(megabytes));
+    action->setCheckable(true);
+    action->setChecked(choices.megabytes() == megabytes);
+    sizes->addAction(action);
+    connect(action, &QAction::triggered, this, [&choices, changed, megabytes] {
+      choices.setMegabytes(megabytes);
+      changed();
+    });
+  }
+}
+
+void GraphMenu::addLookBack(LookBack& lookBack, std::int64_t point) {
+  addSeparator();
+  const auto add = [this](const QString& text, const char* name, auto action) {
+    addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));
+  };
+  add(tr("&Fit all\tF"), "fitAll", [&lookBack] { lookBack.fitAll(); });
+  add(tr("Cursor &A\tA"), "cursorA", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorA, point); });
+  add(tr("Cursor &B\tB"), "cursorB", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorB, point); });
 }
 
 /// The dialog belongs to the window, which stays when the graph goes.

@@ -2,6 +2,9 @@
 
 #include <QCoreApplication>
 #include <QTime>
+#include <algorithm>
+#include <limits>
+#include <optional>
 
 #include "platform/text/Cell.h"
 #include "ui/live/ValueText.h"
@@ -9,28 +12,32 @@
 namespace tarnlog {
 namespace {
 
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
 QString words(const char* text) { return QCoreApplication::translate("GraphReading", text); }
 
-std::int32_t age(const GraphBlock& block, std::int64_t point, Milliseconds now) {
-  return millisecondsBetween(static_cast<Milliseconds>(block.shown().momentOf(point)), now);
+/// How much later `later` came, in milliseconds; none where that is not known.
+std::optional<double> passed(const GraphBlock& block, std::int64_t point, std::int64_t later) {
+  const TimeLine& times = block.shown().times();
+  if (!block.knowsMoments() || !times.knows(point) || !times.knows(later)) return std::nullopt;
+  return times.momentOf(later) - times.momentOf(point);
 }
 
 /// The clock tells whole seconds: with half a second more, the time is right on the average.
-QString timeOfDay(const GraphBlock& block, std::int64_t point) {
+QString timeOfDay(const GraphBlock& block, double past) {
   constexpr int kHalf = 500;
   const LocalDateTime now = block.clock()->now();
-  const std::int32_t past = age(block, point, block.clock()->milliseconds());
-  return QTime(now.hour, now.minute, now.second).addMSecs(kHalf - past).toString(QStringLiteral("HH:mm:ss"));
+  const int since = static_cast<int>(std::min(past + block.sinceNewest(), 1e9));
+  return QTime(now.hour, now.minute, now.second).addMSecs(kHalf - since).toString(QStringLiteral("HH:mm:ss"));
 }
 
 QString whenOf(const GraphBlock& block, std::int64_t point) {
   const CWGraph& graph = block.shown();
   const std::int64_t newest = graph.endPoint() - 1;
   const std::int64_t back = newest - point;
-  if (!block.knowsMoments()) return back == 1 ? words("1 point ago") : words("%1 points ago").arg(back);
-  const auto last = static_cast<Milliseconds>(graph.momentOf(newest));
-  const QString seconds = graph.locale().toString(age(block, point, last) / 1000.0, 'f', 2);
-  return words("%1 s ago (%2)").arg(seconds, timeOfDay(block, point));
+  const auto past = passed(block, point, newest);
+  if (!past) return back == 1 ? words("1 point ago") : words("%1 points ago").arg(back);
+  return words("%1 s ago (%2)").arg(graph.locale().toString(*past / 1000.0, 'f', 2), timeOfDay(block, *past));
 }
 
 QString cell(const std::string& text) { return toQString(cleanCell(text)); }
@@ -44,28 +51,86 @@ QString firstCell(const GraphBlock& block, std::int64_t point) {
   const CWGraph& graph = block.shown();
   if (graph.isXY()) return cellText(graph.xValueOf(1, point), graph.locale());
   if (!block.knowsMoments()) return QString::number(point - graph.firstPoint());
-  const auto start = static_cast<Milliseconds>(graph.momentOf(graph.firstPoint()));
-  return cellText(-age(block, point, start) / 1000.0, graph.locale());
+  const auto past = passed(block, graph.firstPoint(), point);
+  return past ? cellText(*past / 1000.0, graph.locale()) : QString();
+}
+
+void addRows(GraphReading& reading, const GraphBlock& block, std::int64_t point) {
+  const CWGraph& graph = block.shown();
+  for (int plot = 1; plot <= graph.plotCount(); ++plot) {
+    const ValueDescription& about = block.description(plot);
+    reading.rows.push_back({graph.plotColour(plot),
+                            toQString(about.name),
+                            {valueText(graph.valueOf(plot, point), about, graph.locale())}});
+  }
+}
+
+/// A number of a curve without its unit; a dash where labels stand for numbers, or there is none.
+QString bareNumber(double value, const ValueDescription& about, const QLocale& locale) {
+  ValueDescription bare{about.name, {}, {}, about.decimals};
+  return about.labels.empty() ? valueText(value, bare, locale) : valueText(kNoNumber, bare, locale);
+}
+
+GraphReading::Row between(const GraphBlock& block, int plot, std::int64_t a, std::int64_t b) {
+  const CWGraph& graph = block.shown();
+  const ValueDescription& about = block.description(plot);
+  const ValueDescription bare{about.name, {}, about.labels, about.decimals};
+  const double atA = graph.valueOf(plot, a);
+  const double atB = graph.valueOf(plot, b);
+  const Summary within = graph.summaryOf(plot, std::min(a, b), std::max(a, b) + 1);
+  const auto number = [&](double value) { return bareNumber(value, about, graph.locale()); };
+  return {graph.plotColour(plot),
+          toQString(about.name),
+          {valueText(atA, bare, graph.locale()), valueText(atB, bare, graph.locale()), number(atB - atA),
+           number(within.any() ? within.lowest : kNoNumber),
+           number(within.any() ? within.highest : kNoNumber), number(within.mean())}};
 }
 
 }  // namespace
 
 QString GraphReading::text() const {
   QString text = when;
-  for (const Row& row : rows) text += QLatin1Char('\n') + row.name + QStringLiteral(": ") + row.value;
+  for (const Row& row : rows)
+    text += QLatin1Char('\n') + row.name + QStringLiteral(": ") + row.values.join(QStringLiteral(", "));
   return text;
 }
 
-GraphReading readPoint(const GraphBlock& block, std::int64_t point) {
+GraphReading readPoint(const GraphBlock& block, std::int64_t point, const std::vector<GraphBlock*>& others) {
   const CWGraph& graph = block.shown();
-  GraphReading reading{whenOf(block, point), {}};
+  GraphReading reading{whenOf(block, point), {}, {}};
   if (graph.isXY())
-    reading.rows.push_back({QColor(), toQString(block.xDescription().name),
-                            valueText(graph.xValueOf(1, point), block.xDescription(), graph.locale())});
-  for (int plot = 1; plot <= graph.plotCount(); ++plot) {
-    const ValueDescription& about = block.description(plot);
-    reading.rows.push_back({graph.plotColour(plot), toQString(about.name),
-                            valueText(graph.valueOf(plot, point), about, graph.locale())});
+    reading.rows.push_back({QColor(),
+                            toQString(block.xDescription().name),
+                            {valueText(graph.xValueOf(1, point), block.xDescription(), graph.locale())}});
+  addRows(reading, block, point);
+  for (const GraphBlock* const other : others)
+    if (other != &block) addRows(reading, *other, point);
+  return reading;
+}
+
+GraphReading readCursors(const std::vector<GraphBlock*>& blocks, std::int64_t a, std::int64_t b) {
+  GraphReading reading;
+  if (a < 0 || b < 0) {
+    for (const GraphBlock* const block : blocks) {
+      if (block->shown().isXY()) continue;
+      if (reading.when.isEmpty())
+        reading.when =
+            (a >= 0 ? QStringLiteral("A: ") : QStringLiteral("B: ")) + whenOf(*block, std::max(a, b));
+      addRows(reading, *block, std::max(a, b));
+    }
+    return reading;
+  }
+  reading.columns = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("B - A"),
+                     words("Minimum"),    words("Maximum"),    words("Mean")};
+  for (const GraphBlock* const block : blocks) {
+    const CWGraph& graph = block->shown();
+    if (graph.isXY()) continue;
+    if (reading.when.isEmpty()) {
+      const auto time = passed(*block, std::min(a, b), std::max(a, b));
+      reading.when = time ? words("A to B: %1 s").arg(graph.locale().toString(*time / 1000.0, 'f', 2))
+                          : words("A to B: %1 points").arg(std::abs(b - a));
+    }
+    for (int plot = 1; plot <= graph.plotCount(); ++plot) reading.rows.push_back(between(*block, plot, a, b));
   }
   return reading;
 }

@@ -9,21 +9,8 @@
 #include <utility>
 
 namespace tarnlog {
-namespace {
 
-std::vector<Hairline::Dot> dotsAt(const CWGraph& graph, std::int64_t point) {
-  std::vector<Hairline::Dot> dots;
-  for (int plot = 1; plot <= graph.plotCount(); ++plot)
-    if (std::isfinite(graph.valueOf(plot, point)) &&
-        (!graph.isXY() || std::isfinite(graph.xValueOf(plot, point))))
-      dots.push_back({graph.placeOf(plot, point) - graph.plotArea().topLeft(), graph.plotColour(plot)});
-  return dots;
-}
-
-}  // namespace
-
-GraphReadout::GraphReadout(QWidget& frame)
-    : QObject(&frame), frame_(frame), line_(new Hairline(&frame)), box_(new ReadingBox(&frame)) {}
+GraphReadout::GraphReadout(QWidget& frame) : QObject(&frame), frame_(frame), box_(new ReadingBox(&frame)) {}
 
 void GraphReadout::watch(GraphBlock& block) {
   CWGraph& graph = block.shown();
@@ -37,17 +24,40 @@ void GraphReadout::watch(GraphBlock& block) {
 void GraphReadout::forget(QObject* graph) {
   const auto block = blocks_.find(graph);
   if (block == blocks_.end()) return;
-  if (block->second == current_) hide();
+  const bool shown = block->second == current_;
   blocks_.erase(block);
+  if (shown) hide();
 }
 
 void GraphReadout::hide() {
   current_ = nullptr;
-  line_->hide();
+  point_ = -1;
+  showLines();
   box_->hide();
 }
 
-void GraphReadout::point(GraphBlock& block, const QPoint& at) {
+/// One line through all time charts; the points of an X-Y graph have no place in others.
+void GraphReadout::showLines() {
+  const bool all = current_ != nullptr && !current_->shown().isXY();
+  for (const auto& [widget, block] : blocks_) {
+    const bool lined = block == current_ || (all && !block->shown().isXY());
+    block->shown().setCursor(CWGraph::Readout, lined ? point_ : -1);
+  }
+}
+
+/// The other time charts that are seen now, from top to bottom.
+std::vector<GraphBlock*> GraphReadout::seenWith(const GraphBlock& block) const {
+  std::vector<GraphBlock*> seen;
+  for (const auto& [widget, other] : blocks_)
+    if (other != &block && !block.shown().isXY() && !other->shown().isXY() &&
+        !other->shown().visibleRegion().isEmpty())
+      seen.push_back(other);
+  std::sort(seen.begin(), seen.end(),
+            [](const GraphBlock* a, const GraphBlock* b) { return a->shown().y() < b->shown().y(); });
+  return seen;
+}
+
+void GraphReadout::pointTo(GraphBlock& block, const QPoint& at) {
   current_ = &block;
   at_ = at;
   refresh();
@@ -57,17 +67,11 @@ void GraphReadout::refresh() {
   refreshDue_ = false;
   if (current_ == nullptr) return;
   const CWGraph& graph = current_->shown();
-  const std::int64_t point = graph.plotArea().contains(at_) ? graph.pointAt(at_) : -1;
-  if (point < 0) {
-    line_->hide();
-    box_->hide();
-    return;
-  }
-  const QPoint place = graph.placeOf(1, point).toPoint();
-  const QPoint anchor(place.x(), at_.y());
-  reading_ = readPoint(*current_, point);
-  line_->showAt(graph.plotArea().translated(graph.pos()), place.x() - graph.plotArea().left(),
-                dotsAt(graph, point));
+  point_ = graph.plotArea().contains(at_) ? graph.pointAt(at_) : -1;
+  showLines();
+  if (point_ < 0) return box_->hide();
+  const QPoint anchor(graph.placeOf(1, point_).toPoint().x(), at_.y());
+  reading_ = readPoint(*current_, point_, seenWith(*current_));
   const QRect visible = frame_.visibleRegion().boundingRect();
   box_->setFont(graph.font());
   box_->showBeside(reading_, graph.pos() + anchor, visible.isEmpty() ? frame_.rect() : visible);
@@ -84,7 +88,7 @@ void GraphReadout::move(GraphBlock& block, std::int64_t point) {
   point = std::clamp(point, graph.firstPoint(), std::max(graph.endPoint() - 1, graph.firstPoint()));
   const int y = isShown() ? at_.y() : graph.plotArea().center().y();
   const QPoint place = graph.placeOf(1, point).toPoint();
-  this->point(block, graph.isXY() ? place : QPoint(place.x(), y));
+  pointTo(block, graph.isXY() ? place : QPoint(place.x(), y));
   graph.setAccessibleDescription(reading_.text());
 }
 
@@ -95,7 +99,8 @@ bool GraphReadout::handleKey(GraphBlock& block, int key, Qt::KeyboardModifiers m
   if (newest < 0) return false;
   const std::int64_t at = current_ == &block ? graph.pointAt(at_) : newest;
   // At least as far as the next pixel, so that the line moves.
-  const std::int64_t pixel = graph.isXY() ? 1 : graph.history() / std::max(graph.plotArea().width(), 1) + 1;
+  const int wide = std::max(graph.plotArea().width(), 1);
+  const std::int64_t pixel = graph.isXY() ? 1 : static_cast<std::int64_t>(graph.view().count / wide) + 1;
   const std::int64_t step = pixel * ((modifiers & Qt::ControlModifier) != 0 ? 10 : 1);
   switch (key) {
     case Qt::Key_Left:
@@ -117,7 +122,7 @@ bool GraphReadout::eventFilter(QObject* watched, QEvent* event) {
   GraphBlock& block = *found->second;
   switch (event->type()) {
     case QEvent::MouseMove:
-      point(block, static_cast<QMouseEvent*>(event)->position().toPoint());
+      pointTo(block, static_cast<QMouseEvent*>(event)->position().toPoint());
       return false;
     case QEvent::Leave:
     case QEvent::FocusOut:

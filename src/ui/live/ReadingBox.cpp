@@ -19,18 +19,27 @@ ReadingBox::ReadingBox(QWidget* parent) : QWidget(parent) {
   hide();
 }
 
-QSize ReadingBox::wanted(int mostHeight) const {
+ReadingBox::Widths ReadingBox::widths() const {
   const QFontMetrics metrics = fontMetrics();
-  int names = 0;
-  int values = 0;
+  Widths widths;
+  for (const QString& title : reading_.columns) widths.values.push_back(metrics.horizontalAdvance(title));
   for (const GraphReading::Row& row : reading_.rows) {
-    names = std::max(names, metrics.horizontalAdvance(row.name));
-    values = std::max(values, metrics.horizontalAdvance(row.value));
+    widths.name = std::max(widths.name, metrics.horizontalAdvance(row.name));
+    widths.values.resize(std::max(widths.values.size(), static_cast<std::size_t>(row.values.size())));
+    for (std::size_t i = 0; i < widths.values.size() && static_cast<qsizetype>(i) < row.values.size(); ++i)
+      widths.values[i] =
+          std::max(widths.values[i], metrics.horizontalAdvance(row.values[static_cast<qsizetype>(i)]));
   }
-  const int rows = kSwatch + kPadding + names + kGap + values;
-  const int lines = static_cast<int>(reading_.rows.size()) + 1;
-  return {std::max(rows, metrics.horizontalAdvance(reading_.when)) + 2 * kPadding,
-          std::min(lines * metrics.height() + 2 * kPadding, mostHeight)};
+  return widths;
+}
+
+QSize ReadingBox::wanted(int mostHeight) const {
+  const Widths wide = widths();
+  int row = kSwatch + kPadding + wide.name;
+  for (const int value : wide.values) row += kGap + value;
+  const int lines = static_cast<int>(reading_.rows.size()) + (reading_.columns.isEmpty() ? 1 : 2);
+  return {std::max(row, fontMetrics().horizontalAdvance(reading_.when)) + 2 * kPadding,
+          std::min(lines * fontMetrics().height() + 2 * kPadding, mostHeight)};
 }
 
 void ReadingBox::showBeside(const GraphReading& reading, const QPoint& anchor, const QRect& within) {
@@ -38,9 +47,20 @@ void ReadingBox::showBeside(const GraphReading& reading, const QPoint& anchor, c
   const QSize size = wanted(within.height());
   const bool left = anchor.x() + kGap + size.width() > within.right();
   const int x = left ? anchor.x() - kGap - size.width() : anchor.x() + kGap;
-  const int y = std::clamp(anchor.y() - size.height() / 2, within.top(),
-                           std::max(within.bottom() + 1 - size.height(), within.top()));
-  setGeometry(QRect(QPoint(std::max(x, within.left()), y), size));
+  showAt(QPoint(x, anchor.y() - size.height() / 2), size, within);
+}
+
+void ReadingBox::showInCorner(const GraphReading& reading, const QRect& within) {
+  reading_ = reading;
+  const QSize size = wanted(within.height());
+  showAt(QPoint(within.right() + 1 - size.width() - kGap, within.top() + kGap), size, within);
+}
+
+void ReadingBox::showAt(const QPoint& corner, const QSize& size, const QRect& within) {
+  const int y =
+      std::clamp(corner.y(), within.top(), std::max(within.bottom() + 1 - size.height(), within.top()));
+  setGeometry(QRect(QPoint(std::max(corner.x(), within.left()), y), size));
+  setAccessibleName(reading_.text());
   show();
   raise();
   update();
@@ -58,13 +78,26 @@ void ReadingBox::paintEvent(QPaintEvent* /*event*/) {
   const QRect inside = rect().adjusted(kPadding, kPadding, -kPadding, -kPadding);
   QRect room(inside.left(), inside.top(), inside.width(), line);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, reading_.when);
+  const Widths wide = widths();
+  if (!reading_.columns.isEmpty()) {
+    room.translate(0, line);
+    paintValues(painter, room, reading_.columns, wide);
+  }
   for (const GraphReading::Row& row : reading_.rows) {
     room.translate(0, line);
     if (room.bottom() > inside.bottom()) return;
     if (row.colour.isValid())
       painter.fillRect(room.left(), room.center().y() - kSwatch / 2 + 1, kSwatch, kSwatch, row.colour);
     painter.drawText(room.adjusted(kSwatch + kPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, row.name);
-    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, row.value);
+    paintValues(painter, room, row.values, wide);
+  }
+}
+
+/// In their columns, from the right.
+void ReadingBox::paintValues(QPainter& painter, QRect room, const QStringList& values, const Widths& wide) {
+  for (qsizetype i = values.size(); i-- > 0;) {
+    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, values[i]);
+    room.setRight(room.right() - wide.values[static_cast<std::size_t>(i)] - kGap);
   }
 }
 

@@ -45,6 +45,8 @@ void ScrolledGraphs::setVisible(bool visible) {
   bar_->setVisible(visible);
 }
 
+bool ScrolledGraphs::isVisible() const { return !visible_->isHidden(); }
+
 void ScrolledGraphs::turnPages(int pages) { bar_->setValue(bar_->value() + pages * bar_->pageStep()); }
 
 Twips ScrolledGraphs::visibleWidth() const { return toTwips(visible_->width()); }

@@ -22,6 +22,7 @@ class ScrolledGraphs : public QObject, public GraphArea {
   /// Scroll bar at the right edge of the area, the rest for the graphs. The surface stays where it is.
   void place(const QRect& area);
   void setVisible(bool visible);
+  bool isVisible() const;
   /// Up (below 0) or down by what is seen at once.
   void turnPages(int pages);
   GraphicFrameWidget& surface() { return *surface_; }

@@ -33,6 +33,15 @@ QString plainTip(const QString& text) {
   return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
+/// With its unit, "(km/h)" at the end, as long as that leaves half of the room to the name.
+QString elidedName(const QString& text, const QFontMetrics& metrics, int room) {
+  const qsizetype unit = text.endsWith(QLatin1Char(')')) ? text.lastIndexOf(QLatin1Char('(')) : -1;
+  const int wide = unit < 0 ? 0 : metrics.horizontalAdvance(text.mid(unit));
+  if (unit <= 0 || wide > room / 2) return metrics.elidedText(text, Qt::ElideRight, room);
+  const QString name = metrics.elidedText(text.left(unit).trimmed(), Qt::ElideRight, room - wide);
+  return metrics.horizontalAdvance(text) <= room ? text : name + text.mid(unit);
+}
+
 /// Whole lines only; the last one that fits ends in an ellipsis when there is more.
 void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
   const int line = painter.fontMetrics().height();
@@ -46,9 +55,8 @@ void drawWrapped(QPainter& painter, const QRect& room, const QString& text) {
     if (!part.isValid()) break;
     part.setLineWidth(room.width());
     const bool last = top + 2 * line > room.bottom() + 1;
-    const QString shown =
-        last ? painter.fontMetrics().elidedText(text.mid(part.textStart()), Qt::ElideRight, room.width())
-             : text.mid(part.textStart(), part.textLength()).trimmed();
+    const QString shown = last ? elidedName(text.mid(part.textStart()), painter.fontMetrics(), room.width())
+                               : text.mid(part.textStart(), part.textLength()).trimmed();
     painter.drawText(room.left(), top, room.width(), line, Qt::AlignLeft | Qt::AlignVCenter, shown);
   }
   layout.endLayout();
@@ -173,8 +181,12 @@ QColor TextLabel::textColour() const {
 
 void TextLabel::paintEvent(QPaintEvent* event) {
   // Every new value asks for the pixels that it shares with its caption, where that has no text.
-  if (role_ == Role::Caption && !backColour_ && !border_ && !captionArea().intersects(event->rect())) return;
+  const bool ruled = role_ == Role::Caption && !backColour_;
+  if (ruled && !border_ && event->rect().top() > 0 && !captionArea().intersects(event->rect())) return;
   QPainter painter(this);
+  // Names and values of neighbouring curves are kept apart.
+  if (ruled)
+    painter.fillRect(0, 0, width(), 1, blend(background(), palette().color(QPalette::WindowText), 0.2F));
   if (backColour_) painter.fillRect(rect(), background());
   painter.setPen(ink_);
   if (role_ == Role::Caption)
@@ -226,7 +238,7 @@ void TextLabel::drawLine(QPainter& painter, const QRect& room, const QString& te
 const QString& TextLabel::elided(const QString& text, int room, const Fitted& fit) const {
   if (text.size() * fit.widest <= room) return text;
   if (elided_.text != text || elided_.room != room)
-    elided_ = {text, room, QFontMetrics(fit.font).elidedText(text, Qt::ElideRight, room)};
+    elided_ = {text, room, elidedName(text, QFontMetrics(fit.font), room)};
   return elided_.shown;
 }
 

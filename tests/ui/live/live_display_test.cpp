@@ -105,13 +105,14 @@ TEST(LiveDisplay, FreezesPictureAndValuesAndReleasesThemWhole) {
   EXPECT_FALSE(d.widget.isFrozen()) << "the next acquisition is not frozen";
 }
 
-/// Rows of the frame in which this label has text; none: -1.
+/// Rows of the frame in which this label has text; none: -1. A caption begins with a rule.
 std::pair<int, int> inkOf(QWidget& label) {
   const QImage picture = pictureOf(label);
-  const QColor ground = picture.pixelColor(picture.width() - 1, 0);
+  const QColor ground = picture.pixelColor(picture.width() - 1, picture.height() - 1);
+  const int rule = label.objectName().startsWith("etiquette") ? 1 : 0;
   std::pair rows(-1, -1);
   eachPixel(picture, [&](const QColor& colour, int y) {
-    if (colour == ground) return;
+    if (colour == ground || y < rule) return;
     if (rows.first < 0) rows.first = label.y() + y;
     rows.second = label.y() + y;
   });
@@ -153,7 +154,7 @@ TEST(LiveDisplay, TextsCanBeReadOnLightAndDarkDesktops) {
   const auto expectReadable = [&] {
     for (const auto& [name, least] : {std::pair("etiquette1", 3), std::pair("etiquette2", 10)}) {
       const QImage picture = pictureOf(d.find(name));
-      const QColor corner = picture.pixelColor(picture.width() - 1, 0);
+      const QColor corner = picture.pixelColor(picture.width() - 1, picture.height() - 1);
       double most = 1;
       eachPixel(picture,
                 [&](const QColor& colour, int) { most = std::max(most, contrastOf(colour, corner)); });

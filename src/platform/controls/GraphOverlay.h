@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QPointF>
+#include <QRect>
+#include <QString>
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "platform/plotting/ChartPicture.h"
+#include "platform/plotting/TimeGrid.h"
+#include "platform/plotting/TimeLine.h"
+
+class QPainter;
+
+namespace tarnlog {
+
+/// A flag on a time chart.
+struct GraphMark {
+  std::int64_t point = 0;
+  QString text;
+  QColor colour;
+};
+
+/// A line at a point, with a letter where it has one, and a dot on every curve where it has dots.
+struct GraphCursorLine {
+  double x = 0;  ///< from the left edge of the plot area
+  QString letter;
+  std::vector<std::pair<QPointF, QColor>> dots;  ///< from its top left corner
+};
+
+/// What a time chart shows besides its curves: lines at whole times with the times, the lengths of pauses,
+/// flags. Texts become pixels once, so that a picture that scrolls copies them only.
+class GraphOverlay {
+ public:
+  /// What texts look like. Another one has them made anew.
+  struct Look {
+    QFont font;
+    QPalette palette;
+    double ratio = 1;  ///< pixels to a point of the layout
+    char decimalSeparator = '.';
+    bool operator==(const Look&) const = default;
+  };
+  /// The stretch of a chart that is seen.
+  struct Seen {
+    double first = 0;  ///< points
+    double last = 0;
+    double xOfFirst = 0;  ///< pixels from the left edge
+    double xPerPoint = 1;
+    int width = 0;  ///< pixels
+  };
+
+  void setLook(const Look& look);
+  void setLabels(bool on) { labels_ = on; }
+  bool labels() const { return labels_; }
+
+  /// Of pauses and marks. Valid until the next call.
+  std::span<const ChartPicture::Flag> flags(const TimeLine& times, const std::vector<GraphMark>& marks,
+                                            const Seen& seen);
+  /// At whole times. Valid until the next call.
+  std::span<const ChartPicture::Rule> rules(const TimeLine& times, const Seen& seen);
+
+  static void paintCursor(QPainter& painter, const QPalette& palette, const QRect& area,
+                          const GraphCursorLine& line);
+
+ private:
+  struct Text {
+    double value = -1;  ///< a number that it is the text of
+    QString text;
+    QColor colour;  ///< of what it belongs to
+    std::uint32_t ground = 0;
+    std::vector<std::uint32_t> pixels;
+    int width = 0;
+    int height = 0;
+    Stamp stamp() const { return {width, height, pixels}; }
+  };
+  struct PlacedText {
+    Text text;
+    int column = -1;
+  };
+
+  void draw(Text& text, const QString& what, const QColor& ground) const;
+  QString duration(double milliseconds) const;
+  std::uint32_t ink(float part) const;
+
+  Look look_;
+  bool labels_ = false;
+  std::vector<TimeGridLine> lines_;
+  std::vector<PlacedText> times_;
+  std::vector<Text> pauses_;
+  std::vector<Text> marks_;
+  std::vector<ChartPicture::Flag> flags_;
+  std::vector<ChartPicture::Rule> rules_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "platform/settings/SettingsStore.h"
+
+namespace tarnlog {
+
+/// How its user likes to see graphs. Kept in the settings, for all vehicles and configurations; what cannot
+/// be kept there holds until the end of the program.
+class GraphChoices {
+ public:
+  static constexpr int kLeastMegabytes = 16;
+  static constexpr int kMostMegabytes = 4096;
+
+  /// Without settings everything is as it is at first.
+  explicit GraphChoices(SettingsStore* settings = nullptr);
+
+  /// Times in the grid, instead of lines at ranks.
+  bool times() const { return times_; }
+  void setTimes(bool on);
+  bool thickCurves() const { return thick_; }
+  void setThickCurves(bool on);
+  /// Memory for points that are kept for a look back, for all graphs together.
+  int megabytes() const { return megabytes_; }
+  void setMegabytes(int megabytes);
+  /// Each curve of the graph of this name has a scale of its own.
+  bool ownScales(const std::string& graph) const { return ownScales_.contains(graph); }
+  void setOwnScales(const std::string& graph, bool own);
+
+ private:
+  bool flag(const char* name, bool otherwise) const;
+  void keep(const char* name, const std::string& value);
+
+  SettingsStore* settings_;
+  bool times_ = true;
+  bool thick_ = false;
+  int megabytes_ = 64;
+  std::set<std::string> ownScales_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,171 @@
+#include "ui/live/LookBack.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tarnlog {
+namespace {
+
+constexpr double kNearer = 0.8;      ///< for one step of the wheel or a key
+constexpr double kWheelStep = 120;   ///< eighths of a degree
+constexpr double kPannedPart = 0.1;  ///< of what is shown, for one step
+
+}  // namespace
+
+LookBack::LookBack(QWidget& frame, Graphs graphs, const GraphReadout& readout)
+    : QObject(&frame),
+      frame_(frame),
+      graphs_(std::move(graphs)),
+      readout_(readout),
+      box_(new ReadingBox(&frame)) {
+  box_->setObjectName("CursorBox");
+}
+
+void LookBack::watch(GraphBlock& block) { block.shown().installEventFilter(this); }
+
+void LookBack::forget(const CWGraph* graph) {
+  if (drag_.graph == graph) drag_ = {};
+}
+
+void LookBack::setActive(bool active) {
+  if (std::exchange(active_, active) == active) return;
+  drag_ = {};
+  clearCursors();
+  emit moved();
+}
+
+/// The time chart under the pointer, or the first one.
+CWGraph* LookBack::leading() const {
+  CWGraph* first = nullptr;
+  for (GraphBlock* const block : graphs_()) {
+    if (block->shown().isXY()) continue;
+    if (block == readout_.block()) return &block->shown();
+    if (first == nullptr) first = &block->shown();
+  }
+  return first;
+}
+
+double LookBack::anchor() const {
+  const CWGraph* const graph = leading();
+  const TimeView view = graph->view();
+  const auto at = static_cast<double>(readout_.point());
+  return at >= view.first && at <= view.last() ? at : view.first + view.count / 2;
+}
+
+void LookBack::show(const TimeView& view) {
+  for (GraphBlock* const block : graphs_())
+    if (!block->shown().isXY()) block->shown().setView(panned(view, 0, block->shown().keptPoints()));
+  emit moved();
+}
+
+void LookBack::zoomAt(const CWGraph& graph, double factor, double anchor) {
+  show(zoomed(graph.view(), factor, anchor, graph.keptPoints()));
+}
+
+void LookBack::panBy(const CWGraph& graph, double points) {
+  show(panned(graph.view(), points, graph.keptPoints()));
+}
+
+void LookBack::zoom(double factor) {
+  if (const CWGraph* const graph = leading(); active_ && graph != nullptr) zoomAt(*graph, factor, anchor());
+}
+
+void LookBack::pan(double part) {
+  if (const CWGraph* const graph = leading(); active_ && graph != nullptr)
+    panBy(*graph, part * graph->view().count);
+}
+
+/// All that any of the charts keeps.
+void LookBack::fitAll() {
+  const CWGraph* const graph = leading();
+  if (!active_ || graph == nullptr) return;
+  show(wholeView(graph->keptPoints()));
+}
+
+void LookBack::setCursor(CWGraph::Cursor cursor) {
+  const CWGraph* const graph = leading();
+  if (active_ && graph != nullptr)
+    setCursor(cursor, std::clamp<std::int64_t>(std::llround(anchor()), graph->keptPoints().begin,
+                                               std::max(graph->endPoint() - 1, graph->keptPoints().begin)));
+}
+
+void LookBack::setCursor(CWGraph::Cursor cursor, std::int64_t point) {
+  if (!active_ || point < 0) return;
+  std::int64_t& place = cursor == CWGraph::CursorA ? a_ : b_;
+  place = place == point ? -1 : point;
+  showCursors();
+}
+
+void LookBack::clearCursors() {
+  a_ = b_ = -1;
+  showCursors();
+}
+
+void LookBack::showCursors() {
+  const auto blocks = graphs_();
+  for (GraphBlock* const block : blocks) {
+    if (block->shown().isXY()) continue;
+    block->shown().setCursor(CWGraph::CursorA, a_);
+    block->shown().setCursor(CWGraph::CursorB, b_);
+  }
+  if (!hasCursors()) {
+    reading_ = {};
+    return box_->hide();
+  }
+  reading_ = readCursors(blocks, a_, b_);
+  const QRect visible = frame_.visibleRegion().boundingRect();
+  box_->showInCorner(reading_, visible.isEmpty() ? frame_.rect() : visible);
+}
+
+bool LookBack::wheel(CWGraph& graph, const QWheelEvent& event) {
+  const QPoint turned = event.angleDelta();
+  const bool sideways = turned.x() != 0 || (event.modifiers() & Qt::ShiftModifier) != 0;
+  const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / kWheelStep;
+  if (sideways)
+    panBy(graph, -steps * kPannedPart * graph.view().count);
+  else
+    zoomAt(graph, std::pow(kNearer, steps), graph.pointAtX(event.position().x() - graph.plotArea().left()));
+  return true;
+}
+
+bool LookBack::key(CWGraph& graph, int key, Qt::KeyboardModifiers modifiers) {
+  if (key == Qt::Key_Escape && hasCursors() && !readout_.isShown()) return clearCursors(), true;
+  if ((modifiers & Qt::ShiftModifier) == 0 || (key != Qt::Key_Left && key != Qt::Key_Right)) return false;
+  panBy(graph, (key == Qt::Key_Left ? -kPannedPart : kPannedPart) * graph.view().count);
+  return true;
+}
+
+bool LookBack::eventFilter(QObject* watched, QEvent* event) {
+  auto* const graph = qobject_cast<CWGraph*>(watched);
+  if (!active_ || graph == nullptr || graph->isXY()) return false;
+  switch (event->type()) {
+    case QEvent::Wheel:
+      return wheel(*graph, *static_cast<QWheelEvent*>(event));
+    case QEvent::MouseButtonPress: {
+      const auto& press = *static_cast<QMouseEvent*>(event);
+      if (press.button() == Qt::LeftButton) drag_ = {graph, press.position().toPoint().x()};
+      return false;
+    }
+    case QEvent::MouseButtonRelease:
+      drag_ = {};
+      return false;
+    case QEvent::MouseMove: {
+      const int x = static_cast<QMouseEvent*>(event)->position().toPoint().x();
+      if (drag_.graph == graph && x != drag_.x)
+        panBy(*graph, graph->pointAtX(std::exchange(drag_.x, x)) - graph->pointAtX(x));
+      return false;
+    }
+    case QEvent::KeyPress: {
+      const auto& press = *static_cast<QKeyEvent*>(event);
+      return key(*graph, press.key(), press.modifiers());
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "ui/live/GraphBlock.h"
+#include "ui/live/GraphReadout.h"
+#include "ui/live/ReadingBox.h"
+
+class QWheelEvent;
+
+namespace tarnlog {
+
+/// Moves through the points that a frozen picture keeps: the same stretch of time in all time charts. The
+/// wheel and + and - zoom, with Shift the wheel pans, dragging and Shift with the arrow keys pan. Two
+/// cursors, A and B, measure what lies between them.
+class LookBack : public QObject {
+  Q_OBJECT
+ public:
+  using Graphs = std::function<std::vector<GraphBlock*>()>;
+
+  /// The box of the cursors is shown over this frame.
+  LookBack(QWidget& frame, Graphs graphs, const GraphReadout& readout);
+
+  void watch(GraphBlock& block);
+  void forget(const CWGraph* graph);
+  /// A released picture forgets view and cursors.
+  void setActive(bool active);
+
+  /// Around the readout, or the middle; a factor below 1 comes nearer.
+  void zoom(double factor);
+  /// Later by this part of what is shown.
+  void pan(double part);
+  void fitAll();
+  /// At a point; where it is already, it goes.
+  void setCursor(CWGraph::Cursor cursor, std::int64_t point);
+  /// At the readout, or in the middle.
+  void setCursor(CWGraph::Cursor cursor);
+  void clearCursors();
+  bool hasCursors() const { return a_ >= 0 || b_ >= 0; }
+  /// What the box of the cursors shows.
+  const GraphReading& reading() const { return reading_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ signals:
+  /// Another stretch of time is shown.
+  void moved();
+
+ private:
+  struct Drag {
+    CWGraph* graph = nullptr;
+    int x = 0;
+  };
+
+  CWGraph* leading() const;
+  double anchor() const;
+  void show(const TimeView& view);
+  void zoomAt(const CWGraph& graph, double factor, double anchor);
+  void panBy(const CWGraph& graph, double points);
+  bool wheel(CWGraph& graph, const QWheelEvent& event);
+  bool key(CWGraph& graph, int key, Qt::KeyboardModifiers modifiers);
+  void showCursors();
+
+  QWidget& frame_;
+  Graphs graphs_;
+  const GraphReadout& readout_;
+  ReadingBox* box_;
+  bool active_ = false;
+  Drag drag_;
+  std::int64_t a_ = -1;
+  std::int64_t b_ = -1;
+  GraphReading reading_;
+};
+
+}  // namespace tarnlog

@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "LiveDisplay.h"
+#include "platform/settings/SettingsStore.h"
+#include "ui/live/GraphMenu.h"
+
+namespace tarnlog::test {
+namespace {
+
+/// A graph of speed and load, and one of load, of 100 points each; a point every 50 ms.
+struct TwoGraphs : LiveDisplay {
+  TwoGraphs() : LiveDisplay(QSize(600, 300)) {
+    widget.setSettings(&settings);
+    for (const bool first : {true, false})
+      add(first ? speed : load, oTarnScope::kGraph, [](oTarnScope& item) { item.ChangeAxeXNbPoints(100); });
+    addCurve(load, 1);
+    buildLive();
+    QApplication::processEvents();
+  }
+  void drive(int from, int to) {
+    for (int i = from; i < to; ++i) {
+      speed.setValue(i);
+      load.setValue(i % 10);
+      refresh();
+    }
+  }
+  CWGraph& graph(const char* name = "GT1") { return find<CWGraph>(name); }
+  std::string shown() {
+    const TimeView view = graph("GT2").view();
+    return graph().view() == view ? std::to_string(view.first) + " " + std::to_string(view.count)
+                                  : "not the same";
+  }
+  void choose(const char* action) {
+    emit graph().customContextMenuRequested(QPoint(200, 20));
+    GraphMenu* const menu = widget.findChild<GraphMenu*>();
+    childOf<QAction>(*menu, action).trigger();
+    delete menu;
+  }
+
+  MemorySettingsStore settings;
+};
+
+/// Eighths of a degree, away from the hand.
+void wheel(QWidget& over, const QPoint& at, int turned) {
+  QWheelEvent event(at, over.mapToGlobal(QPointF(at)), {}, {0, turned}, {}, {}, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&over, &event);
+}
+
+TEST(LookBack, MovesAllChartsThroughWhatIsKept) {
+  TwoGraphs d;
+  d.drive(0, 1000);
+  wheel(d.graph(), QPoint(300, 50), 120);
+  EXPECT_EQ(d.graph().view().count, 100) << "the picture runs";
+  d.widget.setFrozen(true);
+  LookBack& back = d.widget.lookBack();
+  back.fitAll();
+  EXPECT_EQ(d.shown(), "0.000000 1000.000000");
+  EXPECT_EQ(d.widget.shownTime(), 999 * 50);
+  const auto under = [&] { return d.graph().pointAt(QPoint(300, 50)); };
+  const std::int64_t before = under();
+  wheel(d.graph(), QPoint(300, 50), 240);
+  EXPECT_NEAR(d.graph().view().count, 640, 1e-6);
+  EXPECT_NEAR(static_cast<double>(under()), static_cast<double>(before), 1)
+      << "what is under the mouse stays";
+  QTest::mousePress(&d.graph(), Qt::LeftButton, {}, QPoint(300, 50));
+  QTest::mouseMove(&d.graph(), QPoint(350, 50));
+  QTest::mouseRelease(&d.graph(), Qt::LeftButton, {}, QPoint(350, 50));
+  EXPECT_LT(under(), before) << "the curve follows the hand";
+  d.graph().setFocus();
+  const double first = d.graph().view().first;
+  QTest::keyClick(&d.graph(), Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_NEAR(d.graph().view().first, first + 64, 1e-6);
+  EXPECT_NE(d.shown(), "not the same");
+  d.drive(1000, 1010);
+  d.widget.setFrozen(false);
+  EXPECT_EQ(d.shown(), "910.000000 100.000000") << "back to now, with what came meanwhile";
+}
+
+TEST(LookBack, MeasuresBetweenTwoCursors) {
+  TwoGraphs d;
+  d.drive(0, 200);
+  LookBack& back = d.widget.lookBack();
+  back.setCursor(CWGraph::CursorA);
+  EXPECT_FALSE(back.hasCursors()) << "only in a frozen picture";
+  d.widget.setFrozen(true);
+  back.setCursor(CWGraph::CursorA, 120);
+  EXPECT_EQ(back.reading().text().toStdString(),
+            "A: 3.95 s ago (19:05:13)\nSpeed (km/h): 120 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+  back.setCursor(CWGraph::CursorB, 160);
+  EXPECT_EQ(back.reading().text().toStdString(),
+            "A to B: 2.00 s\nSpeed (km/h): 120, 160, 40, 120, 160, 140\n"
+            "Load (%): 0, 0, 0, 0, 9, 4.39024390243902\nLoad (%): 0, 0, 0, 0, 9, 4.39024390243902");
+  EXPECT_EQ(d.graph("GT2").cursor(CWGraph::CursorB), 160) << "through all graphs";
+  back.setCursor(CWGraph::CursorA, 120);
+  EXPECT_EQ(d.graph().cursor(CWGraph::CursorA), -1) << "set again, it goes";
+  d.widget.setFrozen(false);
+  EXPECT_FALSE(back.hasCursors());
+  EXPECT_EQ(d.graph().cursor(CWGraph::CursorB), -1);
+}
+
+TEST(GraphReadout, StandsInAllChartsAndTellsTheirValues) {
+  TwoGraphs d;
+  d.drive(0, 100);
+  QTest::mouseMove(&d.graph(), d.graph().placeOf(1, 40).toPoint());
+  EXPECT_EQ(d.graph("GT2").cursor(CWGraph::Readout), 40);
+  EXPECT_EQ(d.widget.readout().reading().text().toStdString(),
+            "2.95 s ago (19:05:09)\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+  d.scope.ClearDisplay(d.widget.controls());
+}
+
+TEST(GraphChoices, AreKeptForAllGraphsAndForOne) {
+  TwoGraphs d;
+  EXPECT_FALSE(d.graph().timeLabels()) << "the lowest graph has the times";
+  EXPECT_TRUE(d.graph("GT2").timeLabels());
+  d.choose("times");
+  EXPECT_FALSE(d.graph("GT2").timeLabels());
+  d.choose("ownScales");
+  EXPECT_TRUE(d.graph().ownScales());
+  QTest::mouseClick(&d.widget, Qt::LeftButton, {}, QPoint(20, d.graph().geometry().bottom() - 20));
+  EXPECT_EQ(d.graph().chosenScale(), 2) << "by a click on the label";
+  const GraphChoices kept(&d.settings);
+  EXPECT_FALSE(kept.times());
+  EXPECT_TRUE(kept.ownScales("Speed (km/h), Load (%)"));
+  d.settings.write("GraphMegabytes", "lots");
+  d.settings.write("GraphTimes", "?");
+  EXPECT_EQ(GraphChoices(&d.settings).megabytes(), GraphChoices().megabytes());
+  EXPECT_TRUE(GraphChoices(&d.settings).times());
+}
+
+}  // namespace
+}  // namespace tarnlog::test

@@ -57,6 +57,8 @@ class AcqScreen {
   virtual void setRecordPath(std::string_view path) = 0;   ///< of the newest record file; empty: none yet
   virtual void setElapsed(std::int64_t milliseconds) = 0;  ///< time of the recording at its newest row
   virtual void setEventNumber(std::int32_t number) = 0;    ///< of the newest event; 0: none yet
+  /// Polling cycles until the file of the last event is complete, and with it another event possible; 0: now.
+  virtual void setEventCyclesLeft(std::int32_t /*cycles*/) {}
   /// In place of the path, until there is a new one.
   virtual void setOpenFailure(OpenFailure failure, std::string_view reason) = 0;
   /// Rows do not reach an open record or event file, or do so again; told when it changes.

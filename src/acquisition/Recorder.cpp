@@ -27,6 +27,7 @@ void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const
   stopMarkPending_ = false;
   finishedRecordings_ = 0;
   rowsWritten_ = 0;
+  showEventCycles(events_.cyclesLeft());
 }
 
 void Recorder::toggle() {
@@ -52,7 +53,12 @@ void Recorder::userEvent() {
     tellOpenFailed(OpenFailure::Failed, error.description());
     return;
   }
+  showEventCycles(events_.cyclesLeft());
   log_.add("User event");
+}
+
+void Recorder::showEventCycles(std::int32_t cycles) {
+  if (std::exchange(eventCyclesLeft_, cycles) != cycles) screen_.setEventCyclesLeft(cycles);
 }
 
 bool Recorder::OpenRecordFile() {
@@ -102,6 +108,7 @@ void Recorder::addToPreTrigger(Milliseconds pollTime) {
 
 Recorder::Refresh Recorder::cycle(Milliseconds pollTime) {
   events_.addRow(current_);
+  showEventCycles(events_.cyclesLeft());
   return recording_ ? cycleRecording(pollTime) : cycleIdle(pollTime);
 }
 
@@ -208,11 +215,13 @@ void Recorder::endWithAcquisition() {
   forgetRequests();
   dropMarks();
   events_.end();
+  showEventCycles(0);
 }
 
 void Recorder::suspend() {
   startPending_ = false;
   stopRequested_ = true;
+  showEventCycles(0);  // no cycle comes that would end the event
 }
 
 void Recorder::dropMarks() {

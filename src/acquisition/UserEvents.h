@@ -19,6 +19,8 @@ class UserEvents {
   /// Forgets everything; event numbers run over all recordings of one acquisition.
   void reset();
   bool active() const { return active_; }
+  /// Polling cycles until it is not active any more.
+  std::int32_t cyclesLeft() const { return active_ ? rowsLeft_ : 0; }
   /// Number of the last event that belongs to a record file.
   std::int32_t count() const { return count_; }
 

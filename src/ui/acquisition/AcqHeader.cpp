@@ -35,8 +35,7 @@ AcqHeader::AcqHeader(QWidget& view)
     : lblRec_(makeLamp("LblRec", tr("Recording"), view)),
       lblDiag_(makeLamp("LblDiag", tr("State of the acquisition"), view)),
       commandStartStop_(makeButton("CommandStartStop", tr("Start or stop recording (Enter)"), view)),
-      eventBouton_(makeButton("EventBouton",
-                              tr("Write the rows around this moment into an event file (Space)"), view)),
+      eventBouton_(makeButton("EventBouton", {}, view)),
       log_(new LogList(&view)) {
   lblRec_->setText(inUsersWords(words::kRecording));
   setState(AcquisitionState::kIdle);
@@ -76,8 +75,28 @@ void AcqHeader::setEventNumber(std::int32_t number) {
 }
 
 void AcqHeader::setButtonsAct(bool act) {
+  buttonsAct_ = act;
   commandStartStop_->setGreyed(!act);
-  eventBouton_->setGreyed(!act);
+  showEvent();
+}
+
+void AcqHeader::setEventCyclesLeft(std::int32_t cycles) {
+  eventCyclesLeft_ = cycles;
+  showEvent();
+}
+
+void AcqHeader::showEvent() {
+  const bool filling = eventCyclesLeft_ > 0;
+  const QString reason =
+      filling
+          ? tr("The file of the last event is being filled. Polling cycles until there can be another: %1")
+                .arg(eventCyclesLeft_)
+          : QString();
+  eventBouton_->setGreyed(!buttonsAct_ || filling);
+  eventBouton_->setCount(eventCyclesLeft_);
+  eventBouton_->setToolTip(filling ? reason
+                                   : tr("Write the rows around this moment into an event file (Space)"));
+  eventBouton_->setAccessibleDescription(reason);
 }
 
 QSize AcqHeader::leastViewSize() const {

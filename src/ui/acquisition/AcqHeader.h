@@ -27,6 +27,8 @@ class AcqHeader {
   void setRecording(RecordingFact fact);
   void setWriteFailing(bool failing);
   void setEventNumber(std::int32_t number);
+  /// Another event is possible after so many polling cycles: until then its button looks as it acts.
+  void setEventCyclesLeft(std::int32_t cycles);
 
   /// Buttons that act look so.
   void setButtonsAct(bool act);
@@ -42,6 +44,7 @@ class AcqHeader {
 
  private:
   void showMeaning();
+  void showEvent();
 
   Indicator* lblRec_;
   Indicator* lblDiag_;
@@ -50,6 +53,8 @@ class AcqHeader {
   LogList* log_;
   RecordingFact recording_ = RecordingFact::Off;
   bool writeFailing_ = false;
+  bool buttonsAct_ = false;
+  std::int32_t eventCyclesLeft_ = 0;
 };
 
 }  // namespace tarnlog

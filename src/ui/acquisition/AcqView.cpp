@@ -314,6 +314,8 @@ void AcqView::setEventNumber(std::int32_t number) {
   addMark(marks_.hearEvent(number));
 }
 
+void AcqView::setEventCyclesLeft(std::int32_t cycles) { header_->setEventCyclesLeft(cycles); }
+
 void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
   recordPanel_->setText(failure == OpenFailure::NoStream
                             ? inUsersWords(words::kNotCreated)

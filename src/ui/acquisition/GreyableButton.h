@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPushButton>
-#include <QStyleOptionButton>
 
 namespace tarnlog {
 
@@ -10,22 +9,19 @@ namespace tarnlog {
 class GreyableButton : public QPushButton {
  public:
   using QPushButton::QPushButton;
-  void setGreyed(bool greyed) {
-    greyed_ = greyed;
-    update();
-  }
+  void setGreyed(bool greyed);
   bool greyed() const { return greyed_; }
+  /// A number at the right edge, beside the caption; 0 for none.
+  void setCount(int count);
+  int count() const { return count_; }
 
  protected:
-  void initStyleOption(QStyleOptionButton* option) const override {
-    QPushButton::initStyleOption(option);
-    if (!greyed_) return;
-    option->state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver);
-    option->palette.setCurrentColorGroup(QPalette::Disabled);
-  }
+  void initStyleOption(QStyleOptionButton* option) const override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   bool greyed_ = false;
+  int count_ = 0;
 };
 
 }  // namespace tarnlog

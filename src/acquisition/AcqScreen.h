@@ -73,6 +73,8 @@ class AcqScreen {
   virtual void clearValueRows() = 0;
   virtual void addValueRow(std::string_view text, std::string_view unit) = 0;
   virtual void setValueText(int row, std::string_view text) = 0;
+  /// The host's texts of the least and the greatest number of this acquisition; both empty after a reset.
+  virtual void setValueExtremes(int /*row*/, std::string_view /*least*/, std::string_view /*greatest*/) {}
 
   virtual GraphArea* graphArea() = 0;  ///< null when nothing is drawn
   virtual void focusStartStop() = 0;

@@ -19,19 +19,22 @@
 #include "display/ScopeItem.h"
 #include "platform/ferrox3/Session.h"
 #include "platform/files/FileSystem.h"
+#include "platform/settings/SettingsStore.h"
 #include "platform/text/UserLocale.h"
 #include "platform/time/Clock.h"
 #include "platform/time/Timer.h"
 
 namespace tarnlog {
 
-/// The services that an acquisition uses, besides its screen. They outlive the TarnAcq.
+/// The services that an acquisition and what shows it use. They outlive both.
 struct AcqEnvironment {
   Clock& clock;
   Timer& timer;
   FileSystem& files;
   UserLocale locale;
   std::string stylesheetUrl;  ///< of an XSL stylesheet, written into XML files
+  /// Where a window keeps how its user wants values shown. Without one it forgets that at its end.
+  SettingsStore* settings = nullptr;
 };
 
 /// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,
@@ -72,6 +75,9 @@ class TarnAcq {
   void RecordUserEvent();
   /// Enter (13) is the start/stop button, space (32) the event button; true when the key was one of them.
   bool HandleHotKey(int key);
+
+  /// The extremes of the values count anew, from the next cycle on.
+  void resetExtremes() { values_.resetExtremes(); }
 
   /// The control that shows this was shown, hidden, its graph area scrolled or resized.
   void shown();

@@ -12,6 +12,8 @@ namespace tarnlog {
 void ValueList::begin(std::vector<ferrox3::DataItem*> items) {
   items_ = std::move(items);
   owed_.assign(items_.size(), 0);
+  extremesOwed_ = owed_;
+  extremes_.begin(items_.size());
 }
 
 void ValueList::clear() {
@@ -24,12 +26,25 @@ void ValueList::noteCycle(const RollingBuffer& current) {
     bool unchanged = false;
     current.GetData(static_cast<std::int32_t>(i) + 1, unchanged);
     if (!unchanged) owed_[i] = 1;
+    if ((!unchanged || !extremes_.known(i)) && extremes_.note(i, *items_[i])) extremesOwed_[i] = 1;
   }
 }
 
 void ValueList::refresh() {
-  for (std::size_t i = 0; i < items_.size(); ++i)
+  for (std::size_t i = 0; i < items_.size(); ++i) {
     if (owed_[i] != 0) owed_[i] = write(i) ? 0 : 1;
+    if (std::exchange(extremesOwed_[i], char{0}) != 0) writeExtremes(i);
+  }
+}
+
+void ValueList::resetExtremes() {
+  extremes_.reset();
+  extremesOwed_.assign(items_.size(), 1);
+}
+
+void ValueList::writeExtremes(std::size_t item) {
+  const ValueExtremes::Range& range = extremes_.of(item);
+  screen_.setValueExtremes(static_cast<int>(item) + 1, range.least.text, range.greatest.text);
 }
 
 /// False when the text could not be read: it stays owed.

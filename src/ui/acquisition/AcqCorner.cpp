@@ -72,8 +72,9 @@ void AcqCorner::setWindow(const QString& time) {
   window_->setVisible(!time.isEmpty());
 }
 
-void AcqCorner::place(const QRect& area) {
+QRect AcqCorner::place(const QRect& area) {
   int right = area.right() + 1;
+  int used = right;
   for (QWidget* const control :
        std::initializer_list<QWidget*>{helpButton_, pauseButton_, pausedMark_, silenceMark_, window_}) {
     const QSize size = control->sizeHint();
@@ -82,7 +83,9 @@ void AcqCorner::place(const QRect& area) {
     control->setGeometry(std::max(right, area.left()), area.top() + (area.height() - height) / 2,
                          size.width(), height);
     right -= kSpacing;
+    if (!control->isHidden()) used = right;
   }
+  return {area.topLeft(), QPoint(std::max(used, area.left()) - 1, area.bottom())};
 }
 
 }  // namespace tarnlog

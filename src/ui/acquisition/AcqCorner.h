@@ -23,7 +23,8 @@ class AcqCorner {
   void setSilence(qint64 seconds);
   /// How long a time the graphs show; empty: not known, or no graphs are seen.
   void setWindow(const QString& time);
-  void place(const QRect& area);
+  /// At the right end of this area. Returns what is left of it.
+  QRect place(const QRect& area);
 
  private:
   QLabel* window_;

@@ -1,9 +1,11 @@
 #include "ui/acquisition/AcqView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
@@ -21,6 +23,7 @@
 #include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/HotKeys.h"
 #include "ui/acquisition/KeyboardHelp.h"
+#include "ui/acquisition/ListFilter.h"
 #include "ui/acquisition/LogList.h"
 #include "ui/acquisition/TabStrip.h"
 #include "ui/acquisition/UserWords.h"
@@ -35,6 +38,7 @@ namespace tarnlog {
 namespace {
 
 constexpr int kSpacing = AcqHeader::kSpacing;
+constexpr int kLeastFilterWidth = 60;
 
 constexpr int kWindowInterval = 1000;  ///< milliseconds
 
@@ -49,15 +53,17 @@ AcqView::AcqView(AcqEnvironment environment, QWidget* parent)
     : QWidget(parent), decimalSeparator_(environment.locale.decimalSeparator) {
   setObjectName("ctlTarnAcq");
   const Clock& clock = environment.clock;
+  SettingsStore* const settings = environment.settings;
   acq_ = std::make_unique<TarnAcq>(*this, std::move(environment));
   watch_ = new ConnectionWatch(*acq_, this);
   header_ = std::make_unique<AcqHeader>(*this);
   makeStatusBar();
-  makeValues();
+  makeValues(settings);
   graphs_->surface().setClock(&clock);
   corner_ = std::make_unique<AcqCorner>(*this);
   orderTabs();
   connectControls();
+  connectList();
   addShortcuts();
   windowTimer_ = new QTimer(this);
   windowTimer_->setInterval(kWindowInterval);
@@ -86,7 +92,7 @@ void AcqView::makeStatusBar() {
   setElapsed(0);
 }
 
-void AcqView::makeValues() {
+void AcqView::makeValues(SettingsStore* settings) {
   tabs_ = new TabStrip(this);
   // Its bar answers to the name as well, as those of the other strips do.
   for (QWidget* const part : std::initializer_list<QWidget*>{tabs_, &tabs_->bar()})
@@ -95,8 +101,8 @@ void AcqView::makeValues() {
   tabs_->addTab(kList, tr("Digital"));
   tabs_->addTab(kGraph, tr("Graphic"));
   values_ = new ValueListModel(this);
-  valueList_ = new ValueListView(this);
-  valueList_->setModel(values_);
+  valueList_ = new ValueListView(*values_, settings, this);
+  filter_ = new ListFilter(this);
   graphs_ = new ScrolledGraphs(*this);
 }
 
@@ -104,7 +110,8 @@ void AcqView::orderTabs() {
   setTabOrder(&header_->startStop(), &header_->event());
   setTabOrder(&header_->event(), &header_->log());
   setTabOrder(&header_->log(), &tabs_->bar());
-  setTabOrder(&tabs_->bar(), &corner_->pauseButton());
+  setTabOrder(&tabs_->bar(), &filter_->box());
+  setTabOrder(&filter_->box(), &corner_->pauseButton());
   setTabOrder(&corner_->pauseButton(), &corner_->helpButton());
   setTabOrder(&corner_->helpButton(), valueList_);
   setFocusProxy(&header_->startStop());
@@ -132,7 +139,20 @@ void AcqView::connectControls() {
   connect(&corner_->helpButton(), &QToolButton::clicked, this, &AcqView::toggleHelp);
 }
 
+void AcqView::connectList() {
+  addActions(valueList_->actionsOfUser().zoom());
+  connect(valueList_, &ValueListView::filtered, filter_, &ListFilter::setCounts);
+  connect(filter_, &ListFilter::changed, valueList_, &ValueListView::setFilter);
+  connect(filter_, &ListFilter::left, valueList_, [this] { valueList_->setFocus(); });
+  connect(valueList_, &ValueListView::resetAsked, this, [this] {
+    acq_->resetExtremes();
+    values_->clearExtremes();
+  });
+}
+
 void AcqView::addShortcuts() {
+  connect(addShortcut((Qt::CTRL | Qt::Key_F).toCombined()), &QShortcut::activated, this,
+          &AcqView::enterFilter);
   for (const int key : {static_cast<int>(Qt::Key_P), static_cast<int>(Qt::Key_Pause)})
     connect(addShortcut(key), &QShortcut::activated, this, [this] { setPaused(!paused_); });
   connect(addShortcut(Qt::Key_D), &QShortcut::activated, this, [this] { tabs_->select(kList); });
@@ -194,7 +214,17 @@ void AcqView::layOut() {
   const QRect client = tabs_->clientArea().translated(tabs_->pos());
   valueList_->setGeometry(client);
   graphs_->place(client);
-  corner_->place(tabs_->corner().translated(tabs_->pos()));
+  placeCorner();
+}
+
+/// The filter stands above the list, in the line of tabs. It stays in reach however much else stands there.
+void AcqView::placeCorner() {
+  const QRect corner = tabs_->corner().translated(tabs_->pos());
+  const QRect area = corner_->place(corner).adjusted(kSpacing, 0, -kSpacing, 0);
+  const QSize wanted = filter_->sizeHint();
+  const int height = std::min(wanted.height(), area.height() - 2);
+  filter_->setGeometry(area.left(), area.top() + (area.height() - height) / 2,
+                       std::clamp(area.width(), kLeastFilterWidth, wanted.width()), height);
 }
 
 void AcqView::resizeEvent(QResizeEvent* event) {
@@ -207,6 +237,7 @@ void AcqView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   const bool sizesChange = event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange;
   if (!sizesChange || keys_ == nullptr) return;
+  valueList_->applyZoom();
   layOut();
   acq_->resized();
 }
@@ -232,7 +263,9 @@ void AcqView::keyPressEvent(QKeyEvent* event) {
 
 void AcqView::showTab(const QString& key) {
   if (key != kList && key != kGraph) return;
-  valueList_->setVisible(key == kList);
+  for (QWidget* const shown : std::initializer_list<QWidget*>{valueList_, filter_})
+    shown->setVisible(key == kList);
+  for (QAction* const zoom : valueList_->actionsOfUser().zoom()) zoom->setEnabled(key == kList);
   graphs_->setVisible(key == kGraph);
   enableKeys();
   showWindow();
@@ -254,7 +287,13 @@ void AcqView::setPaused(bool paused) {
   graphs_->surface().setFrozen(paused);
   corner_->setPaused(paused);
   enableKeys();
+  placeCorner();
   tabs_->setHighlight(paused ? toQColor(words::colourOf(RecordingFact::Requested), palette()) : QColor());
+}
+
+void AcqView::enterFilter() {
+  tabs_->select(kList);
+  filter_->enter();
 }
 
 void AcqView::toggleFullScreen() {
@@ -281,7 +320,7 @@ void AcqView::showAge(qint64 seconds) {
   values_->setOld(seconds > 0);
   graphs_->surface().setOld(seconds > 0);
   corner_->setSilence(seconds);
-  corner_->place(tabs_->corner().translated(tabs_->pos()));
+  placeCorner();
 }
 
 void AcqView::setState(AcquisitionState state) {
@@ -340,6 +379,10 @@ void AcqView::clearValueRows() {
 void AcqView::addValueRow(std::string_view text, std::string_view unit) { values_->addRow(text, unit); }
 
 void AcqView::setValueText(int row, std::string_view text) { values_->setValue(row - 1, text); }
+
+void AcqView::setValueExtremes(int row, std::string_view least, std::string_view greatest) {
+  values_->setExtremes(row - 1, least, greatest);
+}
 
 GraphArea* AcqView::graphArea() { return graphs_; }
 

@@ -24,6 +24,7 @@ class ConnectionWatch;
 class ElidedLabel;
 class HelpPanel;
 class HotKeys;
+class ListFilter;
 class ScrolledGraphs;
 class TabStrip;
 class ValueListModel;
@@ -70,6 +71,7 @@ class AcqView : public QWidget, public AcqScreen {
   void clearValueRows() override;
   void addValueRow(std::string_view text, std::string_view unit) override;
   void setValueText(int row, std::string_view text) override;
+  void setValueExtremes(int row, std::string_view least, std::string_view greatest) override;
   GraphArea* graphArea() override;
   void focusStartStop() override;
   void beep() override;
@@ -89,7 +91,8 @@ class AcqView : public QWidget, public AcqScreen {
 
  private:
   void makeStatusBar();
-  void makeValues();
+  void makeValues(SettingsStore* settings);
+  void connectList();
   void orderTabs();
   void connectControls();
   void addShortcuts();
@@ -97,6 +100,8 @@ class AcqView : public QWidget, public AcqScreen {
   void addLookBackKeys();
 
   void layOut();
+  void placeCorner();
+  void enterFilter();
   void showTab(const QString& key);
   void toggleFullScreen();
   void answerPress();
@@ -117,6 +122,7 @@ class AcqView : public QWidget, public AcqScreen {
   ValueListModel* values_ = nullptr;
   ValueListView* valueList_ = nullptr;
   ScrolledGraphs* graphs_ = nullptr;
+  ListFilter* filter_ = nullptr;
   std::unique_ptr<AcqCorner> corner_;
   Guide guide_;
   HelpPanel* help_ = nullptr;

@@ -60,6 +60,8 @@ class FullScreen {
       display_.add(newDatum(), oTarnScope::kBarGraph);
       display_.add(newDatum(), oTarnScope::kDigital);
     }
+    settings_.write("GraphMegabytes", "16");
+    display_.widget.setSettings(&settings_);
     display_.buildLive();
     display_.window.resize(seen);
     for (int i = 0; i < 700; ++i) {
@@ -77,6 +79,13 @@ class FullScreen {
     }
   }
   void refresh() { display_.refresh(); }
+  /// Until what is kept for a look back fills its memory.
+  void fillMemory() {
+    for (int i = 0; i < 25'000; ++i) {
+      change();
+      refresh();
+    }
+  }
   QWidget& window() { return display_.window; }
   template <class Kind>
   Kind* find(const char* name) {
@@ -90,6 +99,7 @@ class FullScreen {
     return *data_.back();
   }
 
+  MemorySettingsStore settings_;
   test::LiveDisplay display_;
   std::vector<test::ScriptedData*> data_;
   double step_ = 0;
@@ -97,6 +107,7 @@ class FullScreen {
 
 void refresh(benchmark::State& state) {
   FullScreen screen;
+  screen.fillMemory();
   std::size_t allocations = 0;
   for (auto _ : state) {
     state.PauseTiming();

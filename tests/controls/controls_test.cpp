@@ -221,21 +221,16 @@ TEST(Readable, DarkCurvesAreSeenOnADarkDesktopInTheirHue) {
   EXPECT_GE(rim, 5) << "with a pale rim";
 }
 
-/// A speed of 50 that comes every 100 ms, with 3 s without an answer in the middle.
-void driveThroughAnOutage(CWGraph& graph) {
+TEST(CWGraph, TellsTimesAndPauses) {
+  CWGraph graph;
   prepare(graph, 100);
   graph.setTimeGrid(true);
   double moment = 0;
   for (int i = 0; i < 100; ++i) {
-    moment += i == 50 ? 3000 : 100;
+    moment += i == 50 ? 3000 : 100;  // an outage in the middle
     graph.chartY(1, 50, moment);
     graph.chartY(2, 50);
   }
-}
-
-TEST(CWGraph, TellsTimesAndPauses) {
-  CWGraph graph;
-  driveThroughAnOutage(graph);
   const QImage plain = pictureOf(graph);
   const auto blues = [&](double point) {
     const int x =

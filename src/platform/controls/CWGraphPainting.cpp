@@ -109,6 +109,7 @@ void CWGraph::collectGrid(int rows) {
   const AxisTicks& marks = outline_.xTicks();
   for (int i = 0; xy_ && x_.grid && i < marks.count; ++i) xLines_.push_back(scene_.xColumns(marks.at(i)));
   const bool ranks = !xy_ && x_.grid && !hasTimeGrid();
+  if (ranks != (scene_.grid.rankStep > 0)) picture_.forget();
   const double apart =
       view_ ? ticksFor({view_->first, view_->last()}, std::max(marks.count, 1)).step : marks.step;
   const auto step = std::max<std::int64_t>(std::llround(apart), 1);

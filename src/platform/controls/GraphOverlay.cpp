@@ -14,7 +14,6 @@ namespace {
 constexpr int kGap = 6;    ///< between texts, in points of the layout
 constexpr int kStill = 2;  ///< pixels that a line may be off its place before it moves
 constexpr int kPauseDots = 4;
-constexpr int kFlagRows = 3;              ///< flags that follow one another stand in so many rows
 constexpr std::size_t kMostPauses = 200;  ///< more cannot be told apart
 
 }  // namespace
@@ -40,10 +39,9 @@ void GraphOverlay::draw(Text& text, const QString& what, const QColor& ground) c
   image.fill(ground);
   QPainter painter(&image);
   painter.setFont(look_.font);
-  const bool onPaper = ground == look_.palette.color(QPalette::Base);
-  painter.setPen(onPaper          ? look_.palette.color(QPalette::Text)
-                 : isDark(ground) ? QColor(Qt::white)
-                                  : QColor(Qt::black));
+  const QColor ink = look_.palette.color(QPalette::Text);
+  const QColor paper = look_.palette.color(QPalette::Base);
+  painter.setPen(contrastOf(ink, ground) > contrastOf(paper, ground) ? ink : paper);
   painter.drawText(QRectF(0, 0, wide, metrics.height()), Qt::AlignCenter, what);
   painter.end();
   text.pixels.clear();
@@ -76,7 +74,7 @@ std::span<const ChartPicture::Flag> GraphOverlay::flags(const TimeLine& times,
     if (text.value != pause.length)
       draw(text, duration(std::round(pause.length / 100) * 100), look_.palette.color(QPalette::Base));
     text.value = pause.length;
-    flags_.push_back({point, ink(0.5F), kPauseDots, 0, text.stamp()});
+    flags_.push_back({point, ink(0.5F), kPauseDots, text.height, text.stamp()});
   }
   marks_.resize(marks.size());
   const auto first = std::partition_point(marks.begin(), marks.end(), [early](const GraphMark& each) {
@@ -91,8 +89,7 @@ std::span<const ChartPicture::Flag> GraphOverlay::flags(const TimeLine& times,
       draw(text, marks[i].text,
            readable(text.colour, look_.palette.color(QPalette::Base), kCurveContrastOnDark));
     }
-    const int row = static_cast<int>(1 + static_cast<std::size_t>(marks[i].point) % kFlagRows) * text.height;
-    flags_.push_back({point, text.ground, 1, row, text.stamp()});
+    flags_.push_back({point, text.ground, 1, 0, text.stamp()});
   }
   return flags_;
 }

@@ -92,7 +92,7 @@ void ScrollingCanvas::beginPassing() {
 
 void ScrollingCanvas::endPassing() {
   passing_ = false;
-  for (auto each = covered_.rbegin(); each != covered_.rend(); ++each) *each->first = each->second;
+  std::for_each(covered_.rbegin(), covered_.rend(), [](const auto& each) { *each.first = each.second; });
   covered_.clear();
 }
 

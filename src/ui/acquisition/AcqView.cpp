@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QTimer>
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
@@ -39,8 +38,7 @@ namespace {
 
 constexpr int kSpacing = AcqHeader::kSpacing;
 constexpr int kLeastFilterWidth = 60;
-
-constexpr int kWindowInterval = 1000;  ///< milliseconds
+constexpr int kWindowInterval = 1000;  ///< milliseconds between looks at how long a time the graphs show
 
 const QString kList = QStringLiteral("LIST");
 const QString kGraph = QStringLiteral("GRAPH");
@@ -65,10 +63,6 @@ AcqView::AcqView(AcqEnvironment environment, QWidget* parent)
   connectControls();
   connectList();
   addShortcuts();
-  windowTimer_ = new QTimer(this);
-  windowTimer_->setInterval(kWindowInterval);
-  connect(windowTimer_, &QTimer::timeout, this, &AcqView::showWindow);
-  windowTimer_->start();
   showTab(kList);
 }
 
@@ -104,6 +98,8 @@ void AcqView::makeValues(SettingsStore* settings) {
   valueList_ = new ValueListView(*values_, settings, this);
   filter_ = new ListFilter(this);
   graphs_ = new ScrolledGraphs(*this);
+  graphs_->surface().setSettings(settings);
+  windowTimer_.setInterval(kWindowInterval);
 }
 
 void AcqView::orderTabs() {
@@ -132,6 +128,7 @@ void AcqView::connectControls() {
     acq_->RecordUserEvent();
     answerPress();
   });
+  connect(&windowTimer_, &QTimer::timeout, this, &AcqView::showWindow);
   connect(watch_, &ConnectionWatch::aged, this, &AcqView::showAge);
   connect(tabs_, &TabStrip::selected, this, &AcqView::showTab);
   connect(graphs_, &ScrolledGraphs::scrolled, this, [this] { acq_->scrolled(); });
@@ -170,7 +167,6 @@ void AcqView::addShortcuts() {
 
 /// They act on a paused picture of graphs.
 void AcqView::addLookBackKeys() {
-  constexpr double kNearer = 0.8;
   LookBack& lookBack = graphs_->surface().lookBack();
   const auto add = [this](int key, auto action) {
     lookBackKeys_.push_back(addShortcut(key));
@@ -180,8 +176,8 @@ void AcqView::addLookBackKeys() {
   add(Qt::Key_F, [&lookBack] { lookBack.fitAll(); });
   add(Qt::Key_A, [&lookBack] { lookBack.setCursor(CWGraph::CursorA); });
   add(Qt::Key_B, [&lookBack] { lookBack.setCursor(CWGraph::CursorB); });
-  add(Qt::Key_Plus, [&lookBack] { lookBack.zoom(kNearer); });
-  add(Qt::Key_Minus, [&lookBack] { lookBack.zoom(1 / kNearer); });
+  add(Qt::Key_Plus, [&lookBack] { lookBack.zoom(1); });
+  add(Qt::Key_Minus, [&lookBack] { lookBack.zoom(-1); });
   connect(&lookBack, &LookBack::moved, this, &AcqView::showWindow);
 }
 
@@ -267,18 +263,19 @@ void AcqView::showTab(const QString& key) {
     shown->setVisible(key == kList);
   for (QAction* const zoom : valueList_->actionsOfUser().zoom()) zoom->setEnabled(key == kList);
   graphs_->setVisible(key == kGraph);
+  key == kGraph ? windowTimer_.start() : windowTimer_.stop();
   enableKeys();
   showWindow();
 }
 
-/// Once a second, which is as often as anybody reads it.
+/// While graphs are seen, as often as anybody reads it.
 void AcqView::showWindow() {
   constexpr double kTenSeconds = 10'000;
   const auto time = graphs_->isVisible() ? graphs_->surface().shownTime() : std::nullopt;
   const double grain = time && *time < kTenSeconds ? 100 : 1000;
   corner_->setWindow(time ? toQString(durationText(std::round(*time / grain) * grain, decimalSeparator_))
                           : QString());
-  corner_->place(tabs_->corner().translated(tabs_->pos()));
+  placeCorner();
 }
 
 void AcqView::setPaused(bool paused) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <array>
 #include <memory>
@@ -14,7 +15,6 @@
 class QLabel;
 class QShortcut;
 class QStatusBar;
-class QTimer;
 
 namespace tarnlog {
 
@@ -129,7 +129,7 @@ class AcqView : public QWidget, public AcqScreen {
   QShortcut* leaveFullScreen_ = nullptr;
   std::array<QShortcut*, 2> pageKeys_{};
   std::vector<QShortcut*> lookBackKeys_;
-  QTimer* windowTimer_ = nullptr;
+  QTimer windowTimer_;
   RecordingMarks marks_;
   char decimalSeparator_;
   bool paused_ = false;

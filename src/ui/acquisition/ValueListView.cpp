@@ -9,6 +9,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "platform/text/Cell.h"
 #include "ui/acquisition/ListWidths.h"
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/common/Convert.h"
@@ -187,14 +188,10 @@ void ValueListView::copySelected() const {
   if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
 }
 
-/// What would break the cells of a table becomes blank.
 QString ValueListView::copied(int row) const {
   QStringList cells;
-  for (const int column : {ValueListModel::kData, ValueListModel::kValue, ValueListModel::kUnit}) {
-    QString cell = values_.index(row, column).data().toString();
-    for (const char c : {'\t', '\n', '\r'}) cell.replace(c, ' ');
-    cells << cell;
-  }
+  for (const int column : {ValueListModel::kData, ValueListModel::kValue, ValueListModel::kUnit})
+    cells << toQString(cleanCell(fromQString(values_.index(row, column).data().toString())));
   return cells.join('\t');
 }
 

@@ -71,6 +71,14 @@ QString bareNumber(double value, const ValueDescription& about, const QLocale& l
   return about.labels.empty() ? valueText(value, bare, locale) : valueText(kNoNumber, bare, locale);
 }
 
+/// A mean has no digits of its own: those of the datum, or a few.
+QString meanText(const Summary& within, const ValueDescription& about, const QLocale& locale) {
+  constexpr int kDigits = 6;
+  if (about.decimals || !within.any() || !about.labels.empty())
+    return bareNumber(within.any() ? within.mean() : kNoNumber, about, locale);
+  return locale.toString(within.mean(), 'g', kDigits);
+}
+
 GraphReading::Row between(const GraphBlock& block, int plot, std::int64_t a, std::int64_t b) {
   const CWGraph& graph = block.shown();
   const ValueDescription& about = block.description(plot);
@@ -83,7 +91,7 @@ GraphReading::Row between(const GraphBlock& block, int plot, std::int64_t a, std
           toQString(about.name),
           {valueText(atA, bare, graph.locale()), valueText(atB, bare, graph.locale()), number(atB - atA),
            number(within.any() ? within.lowest : kNoNumber),
-           number(within.any() ? within.highest : kNoNumber), number(within.mean())}};
+           number(within.any() ? within.highest : kNoNumber), meanText(within, about, graph.locale())}};
 }
 
 }  // namespace

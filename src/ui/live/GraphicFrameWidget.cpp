@@ -10,7 +10,7 @@
 namespace tarnlog {
 namespace {
 
-constexpr double kBytesPerPoint = 11;  ///< with the summaries
+constexpr double kBytesPerPoint = 9;  ///< with the summaries
 
 bool sameTimes(const CWGraph& a, const CWGraph& b) {
   return a.history() == b.history() && a.plotArea().width() == b.plotArea().width();
@@ -111,7 +111,7 @@ QPixmap GraphicFrameWidget::pictureOf(GraphBlock& block) {
   CWGraph& graph = block.shown();
   const bool labels = graph.timeLabels();
   graph.setTimeLabels(choices_.times());
-  const QPixmap picture = grab(QRect(0, graph.y(), width(), graph.height()));
+  QPixmap picture = grab(QRect(0, graph.y(), width(), graph.height()));
   graph.setTimeLabels(labels);
   return picture;
 }

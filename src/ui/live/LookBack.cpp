@@ -27,10 +27,6 @@ LookBack::LookBack(QWidget& frame, Graphs graphs, const GraphReadout& readout)
 
 void LookBack::watch(GraphBlock& block) { block.shown().installEventFilter(this); }
 
-void LookBack::forget(const CWGraph* graph) {
-  if (drag_.graph == graph) drag_ = {};
-}
-
 void LookBack::setActive(bool active) {
   if (std::exchange(active_, active) == active) return;
   drag_ = {};
@@ -70,13 +66,9 @@ void LookBack::panBy(const CWGraph& graph, double points) {
   show(panned(graph.view(), points, graph.keptPoints()));
 }
 
-void LookBack::zoom(double factor) {
-  if (const CWGraph* const graph = leading(); active_ && graph != nullptr) zoomAt(*graph, factor, anchor());
-}
-
-void LookBack::pan(double part) {
-  if (const CWGraph* const graph = leading(); active_ && graph != nullptr)
-    panBy(*graph, part * graph->view().count);
+void LookBack::zoom(int steps) {
+  const CWGraph* const graph = leading();
+  if (active_ && graph != nullptr) zoomAt(*graph, std::pow(kNearer, steps), anchor());
 }
 
 /// All that any of the charts keeps.

@@ -26,14 +26,11 @@ class LookBack : public QObject {
   LookBack(QWidget& frame, Graphs graphs, const GraphReadout& readout);
 
   void watch(GraphBlock& block);
-  void forget(const CWGraph* graph);
   /// A released picture forgets view and cursors.
   void setActive(bool active);
 
-  /// Around the readout, or the middle; a factor below 1 comes nearer.
-  void zoom(double factor);
-  /// Later by this part of what is shown.
-  void pan(double part);
+  /// So many steps nearer, or away (below 0), around the readout or the middle.
+  void zoom(int steps);
   void fitAll();
   /// At a point; where it is already, it goes.
   void setCursor(CWGraph::Cursor cursor, std::int64_t point);

@@ -24,7 +24,7 @@ ReadingBox::Widths ReadingBox::widths() const {
   Widths widths;
   for (const QString& title : reading_.columns) widths.values.push_back(metrics.horizontalAdvance(title));
   for (const GraphReading::Row& row : reading_.rows) {
-    widths.name = std::max(widths.name, metrics.horizontalAdvance(row.name));
+    widths.name = std::max(widths.name, metrics.horizontalAdvance(row.name) + 1);  // measures are rounded
     widths.values.resize(std::max(widths.values.size(), static_cast<std::size_t>(row.values.size())));
     for (std::size_t i = 0; i < widths.values.size() && static_cast<qsizetype>(i) < row.values.size(); ++i)
       widths.values[i] =
@@ -33,18 +33,22 @@ ReadingBox::Widths ReadingBox::widths() const {
   return widths;
 }
 
-QSize ReadingBox::wanted(int mostHeight) const {
-  const Widths wide = widths();
+/// Where there is less room, names are elided.
+QSize ReadingBox::wanted(const QSize& most) {
+  Widths& wide = widths_ = widths();
   int row = kSwatch + kPadding + wide.name;
   for (const int value : wide.values) row += kGap + value;
+  const int tooWide = std::clamp(row + 2 * kPadding - most.width(), 0, wide.name);
+  wide.name -= tooWide;
+  row -= tooWide;
   const int lines = static_cast<int>(reading_.rows.size()) + (reading_.columns.isEmpty() ? 1 : 2);
   return {std::max(row, fontMetrics().horizontalAdvance(reading_.when)) + 2 * kPadding,
-          std::min(lines * fontMetrics().height() + 2 * kPadding, mostHeight)};
+          std::min(lines * fontMetrics().height() + 2 * kPadding, most.height())};
 }
 
 void ReadingBox::showBeside(const GraphReading& reading, const QPoint& anchor, const QRect& within) {
   reading_ = reading;
-  const QSize size = wanted(within.height());
+  const QSize size = wanted(within.size());
   const bool left = anchor.x() + kGap + size.width() > within.right();
   const int x = left ? anchor.x() - kGap - size.width() : anchor.x() + kGap;
   showAt(QPoint(x, anchor.y() - size.height() / 2), size, within);
@@ -52,7 +56,7 @@ void ReadingBox::showBeside(const GraphReading& reading, const QPoint& anchor, c
 
 void ReadingBox::showInCorner(const GraphReading& reading, const QRect& within) {
   reading_ = reading;
-  const QSize size = wanted(within.height());
+  const QSize size = wanted(within.size());
   showAt(QPoint(within.right() + 1 - size.width() - kGap, within.top() + kGap), size, within);
 }
 
@@ -78,26 +82,26 @@ void ReadingBox::paintEvent(QPaintEvent* /*event*/) {
   const QRect inside = rect().adjusted(kPadding, kPadding, -kPadding, -kPadding);
   QRect room(inside.left(), inside.top(), inside.width(), line);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, reading_.when);
-  const Widths wide = widths();
   if (!reading_.columns.isEmpty()) {
     room.translate(0, line);
-    paintValues(painter, room, reading_.columns, wide);
+    paintValues(painter, room, reading_.columns);
   }
   for (const GraphReading::Row& row : reading_.rows) {
     room.translate(0, line);
     if (room.bottom() > inside.bottom()) return;
     if (row.colour.isValid())
       painter.fillRect(room.left(), room.center().y() - kSwatch / 2 + 1, kSwatch, kSwatch, row.colour);
-    painter.drawText(room.adjusted(kSwatch + kPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, row.name);
-    paintValues(painter, room, row.values, wide);
+    painter.drawText(room.adjusted(kSwatch + kPadding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(row.name, Qt::ElideRight, widths_.name));
+    paintValues(painter, room, row.values);
   }
 }
 
 /// In their columns, from the right.
-void ReadingBox::paintValues(QPainter& painter, QRect room, const QStringList& values, const Widths& wide) {
+void ReadingBox::paintValues(QPainter& painter, QRect room, const QStringList& values) const {
   for (qsizetype i = values.size(); i-- > 0;) {
     painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, values[i]);
-    room.setRight(room.right() - wide.values[static_cast<std::size_t>(i)] - kGap);
+    room.setRight(room.right() - widths_.values[static_cast<std::size_t>(i)] - kGap);
   }
 }
 

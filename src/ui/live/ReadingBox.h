@@ -27,11 +27,12 @@ class ReadingBox : public QWidget {
   };
 
   Widths widths() const;
-  QSize wanted(int mostHeight) const;
+  QSize wanted(const QSize& most);
   void showAt(const QPoint& corner, const QSize& size, const QRect& within);
-  static void paintValues(QPainter& painter, QRect room, const QStringList& values, const Widths& wide);
+  void paintValues(QPainter& painter, QRect room, const QStringList& values) const;
 
   GraphReading reading_;
+  Widths widths_;
 };
 
 }  // namespace tarnlog

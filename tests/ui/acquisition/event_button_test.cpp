@@ -5,10 +5,8 @@
 #include "tests/ui/acquisition/ViewRig.h"
 #include "ui/acquisition/GreyableButton.h"
 
-namespace tarnlog {
+namespace tarnlog::test {
 namespace {
-
-using test::ViewRig;
 
 /// Caption, look and number; what the tip tells, assistive technology reads as well.
 std::string eventButton(const ViewRig& rig) {
@@ -36,16 +34,16 @@ TEST(EventButton, CountsTheCyclesUntilAnotherEventIsPossible) {
   EXPECT_EQ(eventButton(rig), "Event 0");
 
   // One that the end of the acquisition cuts off counts no further.
-  rig.view.acq().ToggleRecording();
+  rig.acq.ToggleRecording();
   rig.tick();
   QTest::keyClick(&button, Qt::Key_Space);
   rig.tick();
   EXPECT_EQ(eventButton(rig), "Event 1 grey 19 told");
   EXPECT_NE(button.accessibleDescription().indexOf("19"), -1);
-  rig.view.acq().AskStopAcqNow();
+  rig.acq.AskStopAcqNow();
   for (int i = 0; i < 3; ++i) rig.tick();
   EXPECT_EQ(eventButton(rig), "Event 1 grey 0");
 }
 
 }  // namespace
-}  // namespace tarnlog
+}  // namespace tarnlog::test

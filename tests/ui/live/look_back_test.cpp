@@ -94,7 +94,7 @@ TEST(LookBack, MeasuresBetweenTwoCursors) {
   back.setCursor(CWGraph::CursorB, 160);
   EXPECT_EQ(back.reading().text().toStdString(),
             "A to B: 2.00 s\nSpeed (km/h): 120, 160, 40, 120, 160, 140\n"
-            "Load (%): 0, 0, 0, 0, 9, 4.39024390243902\nLoad (%): 0, 0, 0, 0, 9, 4.39024390243902");
+            "Load (%): 0, 0, 0, 0, 9, 4.39024\nLoad (%): 0, 0, 0, 0, 9, 4.39024");
   EXPECT_EQ(d.graph("GT2").cursor(CWGraph::CursorB), 160) << "through all graphs";
   back.setCursor(CWGraph::CursorA, 120);
   EXPECT_EQ(d.graph().cursor(CWGraph::CursorA), -1) << "set again, it goes";

@@ -33,6 +33,16 @@ enum class OpenFailure : std::uint8_t {
   NoStream  ///< it gave nothing to write to
 };
 
+/// The last user event. While it goes on, another is not possible.
+struct EventProgress {
+  bool goesOn = false;
+  /// Polling cycles until its file is complete. 0 as well when the file was closed before that, as one in XML
+  /// is at the end of the recording; the event goes on all the same.
+  std::int32_t cyclesLeft = 0;
+
+  bool operator==(const EventProgress&) const = default;
+};
+
 /// The scrolled area that the live display draws in: `FrGraphic` inside `FrScroll`, moved by `VScroll`
 /// (pixels).
 class GraphArea {
@@ -56,9 +66,9 @@ class AcqScreen {
   virtual void setRecording(RecordingFact fact) = 0;       ///< LblRec, CommandStartStop
   virtual void setRecordPath(std::string_view path) = 0;   ///< of the newest record file; empty: none yet
   virtual void setElapsed(std::int64_t milliseconds) = 0;  ///< time of the recording at its newest row
-  virtual void setEventNumber(std::int32_t number) = 0;    ///< of the newest event; 0: none yet
-  /// Polling cycles until the file of the last event is complete, and with it another event possible; 0: now.
-  virtual void setEventCyclesLeft(std::int32_t /*cycles*/) {}
+  /// Of the newest event in a recording; 0: none yet. Told before the progress of that event.
+  virtual void setEventNumber(std::int32_t number) = 0;
+  virtual void setEventProgress(EventProgress /*progress*/) {}  ///< of any event; told when it changes
   /// In place of the path, until there is a new one.
   virtual void setOpenFailure(OpenFailure failure, std::string_view reason) = 0;
   /// Rows do not reach an open record or event file, or do so again; told when it changes.

@@ -27,7 +27,7 @@ void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const
   stopMarkPending_ = false;
   finishedRecordings_ = 0;
   rowsWritten_ = 0;
-  showEventCycles(events_.cyclesLeft());
+  showEvent();
 }
 
 void Recorder::toggle() {
@@ -53,12 +53,14 @@ void Recorder::userEvent() {
     tellOpenFailed(OpenFailure::Failed, error.description());
     return;
   }
-  showEventCycles(events_.cyclesLeft());
+  showEvent();
   log_.add("User event");
 }
 
-void Recorder::showEventCycles(std::int32_t cycles) {
-  if (std::exchange(eventCyclesLeft_, cycles) != cycles) screen_.setEventCyclesLeft(cycles);
+void Recorder::showEvent() { tellEvent({events_.active(), events_.cyclesLeft()}); }
+
+void Recorder::tellEvent(EventProgress progress) {
+  if (std::exchange(eventProgress_, progress) != progress) screen_.setEventProgress(progress);
 }
 
 bool Recorder::OpenRecordFile() {
@@ -108,7 +110,7 @@ void Recorder::addToPreTrigger(Milliseconds pollTime) {
 
 Recorder::Refresh Recorder::cycle(Milliseconds pollTime) {
   events_.addRow(current_);
-  showEventCycles(events_.cyclesLeft());
+  showEvent();
   return recording_ ? cycleRecording(pollTime) : cycleIdle(pollTime);
 }
 
@@ -199,7 +201,7 @@ void Recorder::endRecording() {
   ++finishedRecordings_;
   SetRecordingDisplay(false);
   log_.add("Stop record");
-  files_.CloseRecordFiles();
+  closeFiles();
 }
 
 void Recorder::endIfStopArmed() {
@@ -207,7 +209,13 @@ void Recorder::endIfStopArmed() {
   if (std::exchange(recording_, false)) ++finishedRecordings_;
   dropMarks();
   SetRecordingDisplay(false);
+  closeFiles();
+}
+
+/// The file of an event may be among them.
+void Recorder::closeFiles() {
   files_.CloseRecordFiles();
+  showEvent();
 }
 
 void Recorder::endWithAcquisition() {
@@ -215,13 +223,13 @@ void Recorder::endWithAcquisition() {
   forgetRequests();
   dropMarks();
   events_.end();
-  showEventCycles(0);
+  showEvent();
 }
 
 void Recorder::suspend() {
   startPending_ = false;
   stopRequested_ = true;
-  showEventCycles(0);  // no cycle comes that would end the event
+  tellEvent({});  // no cycle comes that would end the event
 }
 
 void Recorder::dropMarks() {

@@ -72,7 +72,8 @@ class Recorder {
   void SetRecordingDisplay(bool on) { screen_.setRecording(on ? RecordingFact::On : RecordingFact::Off); }
 
  private:
-  void showEventCycles(std::int32_t cycles);
+  void showEvent();
+  void tellEvent(EventProgress progress);
   bool OpenRecordFile();
   void tellOpenFailed(OpenFailure failure, const std::string& reason);
   void writeFirstRows();
@@ -93,6 +94,7 @@ class Recorder {
   const std::string& takeMark();
   void countDown();
   void endRecording();
+  void closeFiles();
   void dropMarks();
 
   AcqScreen& screen_;
@@ -113,7 +115,7 @@ class Recorder {
   bool stopRequested_ = false;
   bool stopMarkPending_ = false;
   std::int32_t postCountdown_ = 0;
-  std::int32_t eventCyclesLeft_ = 0;  ///< as the screen was told last
+  EventProgress eventProgress_;  ///< as the screen was told last
   Milliseconds nextSampleTime_ = 0;
   TimeOrigin recordStart_;
   std::int32_t finishedRecordings_ = 0;

@@ -19,8 +19,8 @@ class UserEvents {
   /// Forgets everything; event numbers run over all recordings of one acquisition.
   void reset();
   bool active() const { return active_; }
-  /// Polling cycles until it is not active any more.
-  std::int32_t cyclesLeft() const { return active_ ? rowsLeft_ : 0; }
+  /// Polling cycles until the file is complete; 0 when none is open.
+  std::int32_t cyclesLeft() const { return active_ && files_.event() != nullptr ? rowsLeft_ : 0; }
   /// Number of the last event that belongs to a record file.
   std::int32_t count() const { return count_; }
 

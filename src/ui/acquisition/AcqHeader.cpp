@@ -80,22 +80,25 @@ void AcqHeader::setButtonsAct(bool act) {
   showEvent();
 }
 
-void AcqHeader::setEventCyclesLeft(std::int32_t cycles) {
-  eventCyclesLeft_ = cycles;
+void AcqHeader::setEventProgress(EventProgress progress) {
+  event_ = progress;
   showEvent();
 }
 
+QString AcqHeader::whyNoEvent() const {
+  if (!event_.goesOn) return {};
+  if (event_.cyclesLeft == 0)
+    return tr("The file of the last event was closed with the recording. There can be another in a moment.");
+  return tr("The file of the last event is being filled. Polling cycles until there can be another: %1")
+      .arg(event_.cyclesLeft);
+}
+
 void AcqHeader::showEvent() {
-  const bool filling = eventCyclesLeft_ > 0;
-  const QString reason =
-      filling
-          ? tr("The file of the last event is being filled. Polling cycles until there can be another: %1")
-                .arg(eventCyclesLeft_)
-          : QString();
-  eventBouton_->setGreyed(!buttonsAct_ || filling);
-  eventBouton_->setCount(eventCyclesLeft_);
-  eventBouton_->setToolTip(filling ? reason
-                                   : tr("Write the rows around this moment into an event file (Space)"));
+  const QString reason = whyNoEvent();
+  eventBouton_->setGreyed(!buttonsAct_ || event_.goesOn);
+  eventBouton_->setCount(event_.cyclesLeft);
+  eventBouton_->setToolTip(
+      event_.goesOn ? reason : tr("Write the rows around this moment into an event file (Space)"));
   eventBouton_->setAccessibleDescription(reason);
 }
 

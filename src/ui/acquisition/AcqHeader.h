@@ -27,8 +27,8 @@ class AcqHeader {
   void setRecording(RecordingFact fact);
   void setWriteFailing(bool failing);
   void setEventNumber(std::int32_t number);
-  /// Another event is possible after so many polling cycles: until then its button looks as it acts.
-  void setEventCyclesLeft(std::int32_t cycles);
+  /// While an event goes on, its button looks as it acts.
+  void setEventProgress(EventProgress progress);
 
   /// Buttons that act look so.
   void setButtonsAct(bool act);
@@ -45,6 +45,7 @@ class AcqHeader {
  private:
   void showMeaning();
   void showEvent();
+  QString whyNoEvent() const;
 
   Indicator* lblRec_;
   Indicator* lblDiag_;
@@ -54,7 +55,7 @@ class AcqHeader {
   RecordingFact recording_ = RecordingFact::Off;
   bool writeFailing_ = false;
   bool buttonsAct_ = false;
-  std::int32_t eventCyclesLeft_ = 0;
+  EventProgress event_;
 };
 
 }  // namespace tarnlog

@@ -347,10 +347,13 @@ void AcqView::setElapsed(std::int64_t milliseconds) {
 void AcqView::setEventNumber(std::int32_t number) {
   header_->setEventNumber(number);
   if (number == 0) marks_.begin();
-  addMark(marks_.hearEvent(number));
+  marks_.setEventNumber(number);
 }
 
-void AcqView::setEventCyclesLeft(std::int32_t cycles) { header_->setEventCyclesLeft(cycles); }
+void AcqView::setEventProgress(EventProgress progress) {
+  header_->setEventProgress(progress);
+  addMark(marks_.hear(progress));
+}
 
 void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
   recordPanel_->setText(failure == OpenFailure::NoStream

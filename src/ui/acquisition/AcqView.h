@@ -61,7 +61,7 @@ class AcqView : public QWidget, public AcqScreen {
   void setRecordPath(std::string_view path) override;
   void setElapsed(std::int64_t milliseconds) override;
   void setEventNumber(std::int32_t number) override;
-  void setEventCyclesLeft(std::int32_t cycles) override;
+  void setEventProgress(EventProgress progress) override;
   void setOpenFailure(OpenFailure failure, std::string_view reason) override;
   void setWriteFailing(bool failing) override;
   void clearLog() override;

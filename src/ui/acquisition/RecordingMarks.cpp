@@ -1,5 +1,7 @@
 #include "ui/acquisition/RecordingMarks.h"
 
+#include <utility>
+
 namespace tarnlog {
 namespace {
 
@@ -20,8 +22,10 @@ std::optional<RecordingMarks::Mark> RecordingMarks::hear(RecordingFact fact) {
   return ends ? std::optional(Mark{tr("Stop %1").arg(recordings_), kStop}) : std::nullopt;
 }
 
-std::optional<RecordingMarks::Mark> RecordingMarks::hearEvent(std::int32_t number) {
-  return number > 0 ? std::optional(Mark{tr("Event %1").arg(number), kEvent}) : std::nullopt;
+std::optional<RecordingMarks::Mark> RecordingMarks::hear(EventProgress progress) {
+  if (std::exchange(eventGoesOn_, progress.goesOn) || !progress.goesOn) return std::nullopt;
+  const std::int32_t number = std::exchange(eventNumber_, 0);
+  return Mark{number > 0 ? tr("Event %1").arg(number) : tr("Event"), kEvent};
 }
 
 }  // namespace tarnlog

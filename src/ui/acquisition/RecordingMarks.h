@@ -10,7 +10,8 @@
 
 namespace tarnlog {
 
-/// Turns what is heard of recordings and events into flags for the curves: "Start 1", "Event 2", "Stop 1".
+/// Turns what is heard of recordings and events into flags for the curves: "Start 1", "Event 2", "Stop 1". An
+/// event outside a recording has no number: "Event".
 class RecordingMarks {
   Q_DECLARE_TR_FUNCTIONS(RecordingMarks)
  public:
@@ -23,12 +24,16 @@ class RecordingMarks {
   void begin();
   /// A flag where rows begin or end to be recorded.
   std::optional<Mark> hear(RecordingFact fact);
-  /// The newest event; 0: none yet.
-  std::optional<Mark> hearEvent(std::int32_t number);
+  /// Of the event that begins next, if it has one.
+  void setEventNumber(std::int32_t number) { eventNumber_ = number; }
+  /// A flag where an event begins.
+  std::optional<Mark> hear(EventProgress progress);
 
  private:
   bool on_ = false;
   int recordings_ = 0;
+  bool eventGoesOn_ = false;
+  std::int32_t eventNumber_ = 0;
 };
 
 }  // namespace tarnlog

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTime>
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -38,6 +39,15 @@ QString whenOf(const GraphBlock& block, std::int64_t point) {
   const auto past = passed(block, point, newest);
   if (!past) return back == 1 ? words("1 point ago") : words("%1 points ago").arg(back);
   return words("%1 s ago (%2)").arg(graph.locale().toString(*past / 1000.0, 'f', 2), timeOfDay(block, *past));
+}
+
+/// The flags that stand here, as near as pixels can tell them apart.
+QString flagsAt(const CWGraph& graph, std::int64_t point) {
+  const double pixel = graph.view().count / std::max(graph.plotArea().width(), 1);
+  QString flags;
+  for (const GraphMark& mark : graph.marks())
+    if (static_cast<double>(std::abs(mark.point - point)) <= pixel) flags += QStringLiteral(", ") + mark.text;
+  return flags;
 }
 
 QString cell(const std::string& text) { return toQString(cleanCell(text)); }
@@ -105,7 +115,7 @@ QString GraphReading::text() const {
 
 GraphReading readPoint(const GraphBlock& block, std::int64_t point, const std::vector<GraphBlock*>& others) {
   const CWGraph& graph = block.shown();
-  GraphReading reading{whenOf(block, point), {}, {}};
+  GraphReading reading{whenOf(block, point) + flagsAt(graph, point), {}, {}};
   if (graph.isXY())
     reading.rows.push_back({QColor(),
                             toQString(block.xDescription().name),

@@ -17,7 +17,7 @@ struct GraphReading {
     QString name;
     QStringList values;  ///< one a column
   };
-  QString when;
+  QString when;         ///< and the flags that stand there
   QStringList columns;  ///< titles; none where there is one column
   std::vector<Row> rows;
 

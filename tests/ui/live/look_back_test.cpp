@@ -105,11 +105,13 @@ TEST(LookBack, MeasuresBetweenTwoCursors) {
 
 TEST(GraphReadout, StandsInAllChartsAndTellsTheirValues) {
   TwoGraphs d;
-  d.drive(0, 100);
+  d.drive(0, 41);
+  d.widget.addMark("Event 1", Qt::red);
+  d.drive(41, 100);
   QTest::mouseMove(&d.graph(), d.graph().placeOf(1, 40).toPoint());
   EXPECT_EQ(d.graph("GT2").cursor(CWGraph::Readout), 40);
   EXPECT_EQ(d.widget.readout().reading().text().toStdString(),
-            "2.95 s ago (19:05:09)\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+            "2.95 s ago (19:05:09), Event 1\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
   d.scope.ClearDisplay(d.widget.controls());
 }
 

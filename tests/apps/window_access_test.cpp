@@ -6,18 +6,22 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTreeView>
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <optional>
+#include <set>
 #include <system_error>
 
 #include "acquisition/TarnAcq.h"
@@ -35,6 +39,7 @@
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/SteppedClock.h"
 #include "ui/common/Convert.h"
+#include "ui/live/ReadingBox.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 #include "ui/main/TarnMain.h"
@@ -57,6 +62,12 @@ bool belongsToControl(const QWidget& widget) {
 bool isControl(const QWidget& widget) {
   return widget.isVisible() && !belongsToControl(widget) &&
          (widget.focusPolicy() != Qt::NoFocus || qobject_cast<const QAbstractButton*>(&widget) != nullptr);
+}
+
+/// Seen, and read out, without a focus of its own.
+bool isRead(const QWidget& widget) {
+  return widget.isVisible() && (qobject_cast<const QMenu*>(&widget) != nullptr ||
+                                dynamic_cast<const ReadingBox*>(&widget) != nullptr);
 }
 
 /// A combo box tells its value as its name, whatever it is called.
@@ -101,12 +112,41 @@ struct WindowAccess : ::testing::Test {
     QApplication::processEvents();
     for (QWidget* const top : QApplication::topLevelWidgets())
       for (QWidget* const widget : top->findChildren<QWidget*>()) {
-        if (!isControl(*widget)) continue;
+        if (!isControl(*widget) && !isRead(*widget)) continue;
         ++controls;
-        if (nameOf(*widget).isEmpty()) unnamed.push_back(page + (": " + described(*widget)));
-        if ((widget->focusPolicy() & Qt::TabFocus) == 0)
+        const QList<QAction*> entries = isRead(*widget) ? widget->actions() : QList<QAction*>();
+        const bool allNamed = std::all_of(entries.begin(), entries.end(), [](const QAction* entry) {
+          return entry->isSeparator() || !entry->text().isEmpty();
+        });
+        if (nameOf(*widget).isEmpty() || !allNamed) unnamed.push_back(page + (": " + described(*widget)));
+        if (isControl(*widget) && (widget->focusPolicy() & Qt::TabFocus) == 0)
           unreached.push_back(page + (": " + described(*widget)));
       }
+  }
+  /// The same, and Tab comes round to every control; in a group of radio buttons to the one that is chosen.
+  void walk(const char* page) {
+    look(page);
+    QApplication::setActiveWindow(&*window);
+    std::set<const QWidget*> reached;
+    for (QWidget* at = window->focusWidget(); reached.size() < 100; at = window->focusWidget()) {
+      QTest::keyClick(at == nullptr ? &*window : at, Qt::Key_Tab);
+      if (!reached.insert(window->focusWidget()).second) break;
+    }
+    for (const QWidget* const widget : window->findChildren<QWidget*>()) {
+      const auto* const radio = qobject_cast<const QRadioButton*>(widget);
+      const bool wanted =
+          isControl(*widget) && widget->isEnabled() && (radio == nullptr || radio->isChecked());
+      if (wanted && !reached.contains(widget)) unreached.push_back(page + (": " + described(*widget)));
+    }
+  }
+  /// The menu of what has this name, which the menu key or the right button opens.
+  void lookAtMenu(const char* owner) {
+    auto& widget = *window->findChild<QWidget*>(owner);
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, widget.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&widget, &asked);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr) << owner;
+    look(owner);
+    QApplication::activePopupWidget()->close();
   }
   /// F1 where the focus is.
   void pressHelp() {
@@ -147,7 +187,7 @@ struct WindowAccess : ::testing::Test {
 };
 
 TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
-  look("first page");
+  walk("first page");
   window->findChild<QAction*>("connectToCar")->trigger();
   look("connect");
   delete window->findChild<ConnectDialog*>();
@@ -155,7 +195,7 @@ TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
   window->openConfiguration("/c.xml");
   for (const char* const screen : {"data", "param", "scope", "initsce"}) {
     window->recorder().ctlTarnConfigure().chooseScreen(screen);
-    look(screen);
+    walk(screen);
   }
   window->recorder().ctlTarnConfigure().chooseScreen("scope");
   auto& types = *window->findChild<QComboBox*>("ScopeType");
@@ -163,16 +203,30 @@ TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
     types.setCurrentIndex(type);
     look("a kind of display");
   }
+  types.setCurrentText("Graph");
+  lookAtMenu("ListViewScope");
   choose("TabSmain", 1);
   ticks(12);
   for (const int shown : {0, 1}) {
     window->findChild<QTabBar*>("TabStripVisu")->setCurrentIndex(shown);
-    look("acquire");
+    walk("acquire");
   }
+  lookAtMenu("GT1");
+  QApplication::setActiveWindow(&*window);
+  window->findChild<QWidget*>("GT1")->setFocus();
+  for (const Qt::Key key : {Qt::Key_P, Qt::Key_Home, Qt::Key_A, Qt::Key_End, Qt::Key_B, Qt::Key_Left})
+    QTest::keyClick(window->findChild<QWidget*>("GT1"), key);
+  EXPECT_TRUE(window->findChild<QWidget*>("CursorBox")->isVisible());
+  look("looking back");
+  lookAtMenu("GT1");
+  window->findChild<QTabBar*>("TabStripVisu")->setCurrentIndex(0);
+  window->findChild<QLineEdit*>("ListFilter")->setText("e");
+  look("filtered");
+  for (const char* const owner : {"LVvisuText", "ListHeader", "log"}) lookAtMenu(owner);
   window->recorder().notices().showNotice("a", "b", {"c", "d"}, {"e", [] {}});
   choose("TabSmain", 2);
   ticks(2);
-  look("log");
+  walk("log");
   EXPECT_GT(controls, 80);
   EXPECT_THAT(unnamed, IsEmpty());
   EXPECT_THAT(unreached, IsEmpty());

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -156,6 +157,8 @@ void AcqView::addShortcuts() {
   connect(addShortcut(Qt::Key_G), &QShortcut::activated, this, [this] { tabs_->select(kGraph); });
   connect(addShortcut(Qt::Key_F1), &QShortcut::activated, this, &AcqView::toggleHelp);
   connect(addShortcut(Qt::Key_F11), &QShortcut::activated, this, &AcqView::toggleFullScreen);
+  connect(addShortcut((Qt::SHIFT | Qt::Key_F10).toCombined()), &QShortcut::activated, this,
+          &AcqView::askForMenu);
   pageKeys_ = {addShortcut(Qt::Key_PageUp), addShortcut(Qt::Key_PageDown)};
   connect(pageKeys_[0], &QShortcut::activated, graphs_, [this] { graphs_->turnPages(-1); });
   connect(pageKeys_[1], &QShortcut::activated, graphs_, [this] { graphs_->turnPages(1); });
@@ -289,8 +292,18 @@ void AcqView::setPaused(bool paused) {
 }
 
 void AcqView::enterFilter() {
+  QWidget* const from = QApplication::focusWidget();  // a graph that has the focus loses it with its tab
   tabs_->select(kList);
-  filter_->enter();
+  filter_->enter(from);
+}
+
+/// For keyboards without a menu key.
+void AcqView::askForMenu() {
+  QWidget* const focus = QApplication::focusWidget();
+  if (focus == nullptr) return;
+  const QPoint place = focus->rect().center();
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+  QApplication::sendEvent(focus, &asked);
 }
 
 void AcqView::toggleFullScreen() {

@@ -104,6 +104,7 @@ class AcqView : public QWidget, public AcqScreen {
   void enterFilter();
   void showTab(const QString& key);
   void toggleFullScreen();
+  void askForMenu();
   void answerPress();
   void addMark(const std::optional<RecordingMarks::Mark>& mark);
   void enableKeys();

@@ -18,6 +18,7 @@ HelpPage KeyboardHelp::page() {
               {tr("Ctrl+F"), tr("Filter the list of values; Escape empties the filter and goes back")},
               {tr("Ctrl with +, -, 0"), tr("Larger, smaller, usual letters in the list")},
               {tr("Ctrl+C"), tr("Copy the selected rows of the list, or lines of the log")},
+              {tr("Menu, Shift+F10"), tr("What can be done with the list, a graph or the log")},
               {tr("Tab"), tr("Move from control to control")},
               {tr("Alt+C, Alt+L"), tr("Configure, Log")},
               {tr("F11"), tr("Full screen; Escape leaves it")},

@@ -66,6 +66,7 @@ void ListActions::popUpForColumns(const QPoint& place) const { popUp(columns_, p
 void ListActions::popUp(const QList<QAction*>& entries, const QPoint& place) const {
   auto* const menu = new QMenu(&list_);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setAccessibleName(list_.accessibleName());
   menu->addActions(entries);
   menu->popup(place);
 }

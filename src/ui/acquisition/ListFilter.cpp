@@ -1,6 +1,5 @@
 #include "ui/acquisition/ListFilter.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -33,12 +32,11 @@ ListFilter::ListFilter(QWidget* parent) : QWidget(parent), box_(new QLineEdit), 
   line->setSpacing(kSpacing);
   line->addWidget(box_, 1);
   line->addWidget(count_);
-  setFocusProxy(box_);
   connect(box_, &QLineEdit::textChanged, this, &ListFilter::changed);
 }
 
-void ListFilter::enter() {
-  if (!box_->hasFocus()) before_ = QApplication::focusWidget();
+void ListFilter::enter(QWidget* from) {
+  if (from != box_) before_ = from;
   box_->setFocus(Qt::ShortcutFocusReason);
   box_->selectAll();
 }

@@ -17,8 +17,8 @@ class ListFilter : public QWidget {
   explicit ListFilter(QWidget* parent = nullptr);
 
   QLineEdit& box() { return *box_; }
-  /// Takes the focus; what is in it is selected.
-  void enter();
+  /// Takes the focus, from the widget that had it; what is in it is selected.
+  void enter(QWidget* from);
   /// Rows that are seen, of all.
   void setCounts(int shown, int all);
 

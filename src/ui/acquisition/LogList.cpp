@@ -47,6 +47,7 @@ void LogList::contextMenuEvent(QContextMenuEvent* event) {
   // The menu must not wait here for a choice: a tick of the acquisition may be waiting for this event.
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setAccessibleName(accessibleName());
   menu->addActions(actions());
   menu->popup(event->globalPos());
 }

@@ -45,6 +45,7 @@ ValueListView::ValueListView(ValueListModel& values, SettingsStore* settings, QW
   setSelectionMode(ExtendedSelection);
   header()->setSectionsMovable(false);
   header()->setMinimumSectionSize(8);
+  header()->setObjectName("ListHeader");
   header()->setContextMenuPolicy(Qt::CustomContextMenu);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setModel(&values);

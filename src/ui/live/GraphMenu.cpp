@@ -27,6 +27,7 @@ QString suggestedPath(const QString& title) {
 
 GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()), block_(block) {
   setAttribute(Qt::WA_DeleteOnClose);
+  setAccessibleName(block.shown().accessibleName());
   const auto add = [this](const QString& text, const char* name, auto action) {
     addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));
   };

@@ -47,9 +47,14 @@ void GraphicFrameWidget::prepare(GraphBlock& block) {
 void GraphicFrameWidget::showMenu(GraphBlock& block, const QPoint& at) {
   auto* const menu = new GraphMenu(block, [this, &block] { return pictureOf(block); });
   menu->addChoices(choices_, [this] { applyChoices(); });
-  if (frozen_ && !block.shown().isXY()) menu->addLookBack(*lookBack_, block.shown().pointAt(at));
+  if (frozen_ && !block.shown().isXY()) menu->addLookBack(*lookBack_, pointFor(block, at));
   readout_->hide();
   menu->popup(block.shown().mapToGlobal(at));
+}
+
+/// Cursors that the menu sets go to the readout, which the keys may have moved; else to the pointer.
+std::int64_t GraphicFrameWidget::pointFor(GraphBlock& block, const QPoint& at) const {
+  return readout_->block() == &block ? readout_->point() : block.shown().pointAt(at);
 }
 
 /// Once all that is being built, moved or resized now has its place.

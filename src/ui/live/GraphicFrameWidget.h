@@ -2,6 +2,9 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "ui/live/FrameControls.h"
 #include "ui/live/GraphChoices.h"
@@ -53,6 +56,7 @@ class GraphicFrameWidget : public QWidget {
  private:
   void prepare(GraphBlock& block);
   void showMenu(GraphBlock& block, const QPoint& at);
+  std::int64_t pointFor(GraphBlock& block, const QPoint& at) const;
   void arrangeSoon();
   void arrange();
   void applyChoices();

@@ -78,6 +78,7 @@ QToolButton* TarnPaSc::makeButton(const char* name, const char* icon, const QStr
 void TarnPaSc::makeMenu() {
   menuPopup_ = new QMenu(this);
   menuPopup_->setObjectName("MenuPopup");
+  menuPopup_->setAccessibleName(listViewScope_->accessibleName());
   menuPopup_->setToolTipsVisible(true);
   addAction("MenuPopupNone", ScopeAction::None, tr("&None"),
             tr("Record the selected data without showing them"));

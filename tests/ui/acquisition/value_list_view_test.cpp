@@ -95,25 +95,6 @@ TEST(ValueListView, ExtremesAreThoseOfAllCyclesUntilTheyAreReset) {
   EXPECT_EQ(row(list, 0), "Engine : Speed|7.0|km/h|7.0") << "each acquisition has its own";
 }
 
-TEST(ValueListView, ZoomsItsFontByKeyFromAnywhereInTheView) {
-  ViewRig rig;
-  rig.start();
-  QTreeView& list = listOf(rig);
-  const qreal usual = list.font().pointSizeF();
-  const int usualRow = list.visualRect(list.model()->index(0, 0)).height();
-  QWidget& button = rig.child("CommandStartStop");
-  button.setFocus();
-  for (int i = 0; i < 30; ++i) QTest::keyClick(&button, Qt::Key_Plus, Qt::ControlModifier);
-  EXPECT_NEAR(list.font().pointSizeF(), 4 * usual, 0.1);
-  EXPECT_GT(list.visualRect(list.model()->index(0, 0)).height(), 3 * usualRow);
-  EXPECT_EQ(rig.child("log").font().pointSizeF(), usual);
-  for (int i = 0; i < 30; ++i) QTest::keyClick(&button, Qt::Key_Minus, Qt::ControlModifier);
-  EXPECT_NEAR(list.font().pointSizeF(), usual / 2, 0.1);
-  QTest::keyClick(&button, Qt::Key_0, Qt::ControlModifier);
-  EXPECT_EQ(list.font().pointSizeF(), usual);
-  EXPECT_FALSE(rig.acq.startPending());
-}
-
 class BrokenStore : public SettingsStore {
  public:
   std::optional<std::string> read(const std::string&) const override { throw TarnError(1, "", "broken"); }

@@ -16,8 +16,6 @@ constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kMostMarks = 1000;  ///< more are not told apart
 constexpr float kRim = 0.7F;              ///< of the text's colour over the base
 
-std::uint32_t rgb(const QColor& colour) { return colour.rgb() | 0xff000000U; }
-
 }  // namespace
 
 CWGraph::CWGraph(QWidget* parent) : QWidget(parent) {
@@ -110,8 +108,8 @@ void CWGraph::chooseColours() {
   const QColor text = palette().color(QPalette::Text);
   const double enough = isDark(base) ? kCurveContrastOnDark : kCurveContrast;
   for (Plot& plot : plots_) {
-    plot.painted = rgb(faded_ ? blend(blend(base, text, 0.4F), plot.colour, 0.2F) : plot.colour);
-    plot.rim = !faded_ && contrastOf(plot.colour, base) < enough ? rgb(blend(base, text, kRim)) : 0;
+    plot.painted = (faded_ ? blend(blend(base, text, 0.4F), plot.colour, 0.2F) : plot.colour).rgb();
+    plot.rim = !faded_ && contrastOf(plot.colour, base) < enough ? blend(base, text, kRim).rgb() : 0;
   }
   redrawAll();
 }

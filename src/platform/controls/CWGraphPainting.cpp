@@ -10,11 +10,6 @@
 /// How a graph is painted: its axes follow the points, its curves go into the picture, and what stands around
 /// and over them is painted each time.
 namespace tarnlog {
-namespace {
-
-std::uint32_t rgb(const QColor& colour) { return colour.rgb() | 0xff000000U; }
-
-}  // namespace
 
 std::int64_t CWGraph::firstColumn() const {
   if (view_) return std::llround(view_->first * scene_.columns.columnsPerPoint());
@@ -113,7 +108,7 @@ void CWGraph::collectGrid(int rows) {
   const double apart =
       view_ ? ticksFor({view_->first, view_->last()}, std::max(marks.count, 1)).step : marks.step;
   const auto step = std::max<std::int64_t>(std::llround(apart), 1);
-  scene_.grid = {rgb(base), rgb(blend(base, palette().color(QPalette::Text), 0.16F)), levels_, xLines_,
+  scene_.grid = {base.rgb(), blend(base, palette().color(QPalette::Text), 0.16F).rgb(), levels_, xLines_,
                  ranks ? step : 0};
 }
 

@@ -29,7 +29,7 @@ void GraphOverlay::setLook(const Look& look) {
 /// A text on its ground, two points of the layout wider than itself.
 void GraphOverlay::draw(Text& text, const QString& what, const QColor& ground) const {
   text.text = what;
-  text.ground = ground.rgb() | 0xff000000U;
+  text.ground = ground.rgb();
   const QFontMetrics metrics(look_.font);
   const int wide = metrics.horizontalAdvance(what) + 4;
   text.width = std::max(static_cast<int>(std::ceil(wide * look_.ratio)), 1);
@@ -56,8 +56,7 @@ QString GraphOverlay::duration(double milliseconds) const {
 }
 
 std::uint32_t GraphOverlay::ink(float part) const {
-  return blend(look_.palette.color(QPalette::Base), look_.palette.color(QPalette::Text), part).rgb() |
-         0xff000000U;
+  return blend(look_.palette.color(QPalette::Base), look_.palette.color(QPalette::Text), part).rgb();
 }
 
 std::span<const ChartPicture::Flag> GraphOverlay::flags(const TimeLine& times,

@@ -4,9 +4,9 @@
 
 namespace tarnlog {
 
-/// The range of an axis that follows its points without jitter: it grows at once, to ends on round values
-/// with at least a twentieth of the span beyond the points, and shrinks only when they have needed much less
-/// for a while.
+/// The range of an axis that follows its points without jitter: it grows at once when they leave it, and
+/// shrinks only when they have needed much less for a while. When it changes, its ends come to stand on round
+/// values, at least a twentieth of the points' span beyond them; until then points may come up to its ends.
 class Autoscale {
  public:
   /// Takes the lowest and the highest value kept; says whether the range has changed. Values that are not

@@ -279,6 +279,16 @@ TEST(CWGraph, LooksBackAtWhatItKeepsWithoutLosingWhatComes) {
   graph.setFrozen(false);
   EXPECT_EQ(graph.firstPoint(), 8900);
   EXPECT_EQ(graph.valueOf(1, 4001), 4001) << "kept for the next look back";
+
+  graph.setOwnScales(true);
+  graph.setFrozen(true);
+  graph.setView(TimeView{5000, 1000});
+  const int high = graph.plotArea().height();
+  EXPECT_LT(graph.placeOf(1, 5999).y(), graph.plotArea().top() + high / 5) << "each scale follows, too";
+  EXPECT_GT(graph.placeOf(1, 5000).y(), graph.plotArea().bottom() - high / 5);
+  EXPECT_NEAR(graph.axisMaximum(CWGraph::YAxis), 6050, 100);
+  graph.setFrozen(false);
+  EXPECT_GT(graph.axisMinimum(CWGraph::YAxis), 8800) << "of now, as before the look back";
 }
 
 TEST(CWGraph, GivesEachCurveItsOwnScale) {

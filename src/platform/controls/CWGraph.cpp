@@ -148,27 +148,25 @@ void CWGraph::clearData() {
   for (Plot& plot : plots_) {
     plot.held.reset();
     plot.points.setKeepsX(xy_);
-    plot.scale.reset();
   }
   times_.clear();
   heldTimes_.reset();
   marks_.clear();
   cursors_.fill(-1);
   x_.ranks = xy_ ? std::nullopt : std::optional(AxisRange{0, static_cast<double>(history_)});
-  for (GraphAxis* const axis : {&x_, &y_}) axis->automatic.reset();
+  x_.automatic.reset();
+  forgetScales();
   layOut();
 }
 
 void CWGraph::setFrozen(bool frozen) {
   if (frozen_ == frozen) return;
-  if (frozen) {
-    followPoints();
-    followOwnScales();
-  }
   frozen_ = frozen;
-  view_.reset();
   for (Plot& plot : plots_) plot.held = frozen ? std::optional(plot.points) : std::nullopt;
   heldTimes_ = frozen ? std::optional(times_) : std::nullopt;
+  if (view_) forgetScales();  // they were those of a look back
+  view_.reset();
+  follow();
   layOut();
 }
 
@@ -210,10 +208,9 @@ void CWGraph::setThickCurves(bool thick) {
 void CWGraph::setView(const std::optional<TimeView>& view) {
   if (!frozen_ || xy_) return;
   view_ = view;
-  for (Plot& plot : plots_) plot.scale.reset();
-  y_.automatic.reset();
-  if (followPoints() || followOwnScales()) layOut();
-  redrawAll();
+  forgetScales();
+  follow();
+  layOut();
 }
 
 TimeView CWGraph::view() const {

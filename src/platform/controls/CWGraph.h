@@ -167,8 +167,12 @@ class CWGraph : public QWidget {
   void redrawAll();
 
   Extremes shownExtremes(const Plot& plot) const;
+  /// Whether a range has changed.
+  bool follow();
   bool followPoints();
   bool followOwnScales();
+  /// What the points need next counts alone, however wide the ranges were.
+  void forgetScales();
   void prepareCanvas();
   void collectCurves(int rows);
   void collectGrid(int rows);

@@ -53,14 +53,21 @@ bool CWGraph::followOwnScales() {
   return changed;
 }
 
+bool CWGraph::follow() {
+  const bool axes = followPoints();
+  const bool scales = followOwnScales();
+  return axes || scales;
+}
+
+void CWGraph::forgetScales() {
+  for (Plot& plot : plots_) plot.scale.reset();
+  y_.automatic.reset();
+}
+
 void CWGraph::prepareCanvas() {
-  if (!frozen_) {
-    const bool axes = followPoints();
-    const bool scales = followOwnScales();
-    if (axes || scales) {
-      outline_.renumber(fontMetrics(), locale(), x_, y_);
-      redrawAll();  // the numbers may lie outside of what is painted now
-    }
+  if (!frozen_ && follow()) {
+    outline_.renumber(fontMetrics(), locale(), x_, y_);
+    redrawAll();  // the numbers may lie outside of what is painted now
   }
   const QRect area = plotArea();
   const qreal ratio = devicePixelRatio();

@@ -150,8 +150,11 @@ TEST(CWGraph, FrozenShowsTheMomentAndLosesNothing) {
     }
     const QImage before = pictureOf(frozen);
     frozen.setFrozen(true);
-    fill(frozen, 50, 270);
-    fill(free, 50, 270);
+    for (CWGraph* const graph : {&frozen, &free}) {
+      fill(*graph, 50, 270);
+      graph->addPlot();
+      graph->chartY(3, 50);
+    }
     EXPECT_EQ(pictureOf(frozen), before);
     EXPECT_EQ(frozen.endPoint(), 50);
     EXPECT_EQ(frozen.keptPoints().begin, 0) << "what was shown stays, however long it stands";

@@ -93,6 +93,7 @@ int CWGraph::addPlot() {
   plots_.emplace_back();
   plots_.back().points.setKeepsX(xy_);
   keepPoints();
+  if (frozen_) plots_.back().held = plots_.back().points;
   setPlotColour(plotCount(), palette().color(QPalette::Text));
   return plotCount();
 }

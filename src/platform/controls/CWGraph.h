@@ -64,6 +64,7 @@ class CWGraph : public QWidget {
   void setValueNames(std::vector<std::pair<double, QString>> names);
 
   /// Plots are numbered from 1; a number without a plot does nothing.
+  /// A frozen graph shows what comes to it when it is released.
   int addPlot();
   int plotCount() const { return static_cast<int>(plots_.size()); }
   /// A colour that the background would swallow gets a rim.

@@ -133,7 +133,13 @@ TEST(TimeGrid, StandsAtWholeTimesBeforeTheNewestPoint) {
   EXPECT_EQ(lines(900, 910, 2), "9 s at 910; 9,5 s at 905; 10 s at 900; ")
       << "zoomed in, still before the newest";
   EXPECT_EQ(lines(0, 1000, 0), "");
-  EXPECT_EQ(durationText(7'200'000, ','), "2 h");
+}
+
+TEST(TimeGrid, WritesDurationsThatDifferAsTextsThatDo) {
+  std::string texts;
+  for (const int each : {50, 60'000, 65'500, 5'400'000, 7'200'000, 11'710'000, 3'645'300})
+    texts += durationText(each, ',') + "; ";
+  EXPECT_EQ(texts, "0,05 s; 1 min; 1:05,5 min; 1:30 h; 2 h; 3:15:10 h; 1:00:45,3 h; ");
 }
 
 TEST(TimeView, ZoomsAroundAPointAndStaysWithinWhatIsKept) {

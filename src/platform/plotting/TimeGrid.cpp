@@ -47,10 +47,15 @@ double stepFor(double span, int atMost) {
   return 0;
 }
 
-std::string twoParts(std::int64_t large, std::int64_t small, const char* unit) {
-  std::string text = std::to_string(large);
-  if (small != 0) text += (small < 10 ? ":0" : ":") + std::to_string(small);
-  return text + unit;
+/// Minutes or seconds behind something larger.
+std::string twoDigits(std::int64_t part) { return (part < 10 ? ":0" : ":") + std::to_string(part); }
+
+std::string fraction(std::int64_t milliseconds, char decimalSeparator) {
+  if (milliseconds == 0) return {};
+  std::string digits = std::to_string(kSecond + milliseconds);
+  digits.erase(digits.find_last_not_of('0') + 1);
+  digits[0] = decimalSeparator;
+  return digits;
 }
 
 }  // namespace
@@ -73,18 +78,13 @@ void timeGrid(const TimeLine& times, double first, double last, int atMost,
 }
 
 std::string durationText(double milliseconds, char decimalSeparator) {
-  const auto whole = static_cast<std::int64_t>(std::llround(milliseconds));
-  if (whole < kMinute || whole % kSecond != 0) {
-    std::string text = std::to_string(whole / kSecond);
-    if (const std::int64_t rest = whole % kSecond; rest != 0) {
-      std::string digits = std::to_string(kSecond + rest).substr(1);
-      digits.erase(digits.find_last_not_of('0') + 1);
-      text += decimalSeparator + digits;
-    }
-    return text + " s";
-  }
-  if (whole < kHour) return twoParts(whole / kMinute, whole % kMinute / kSecond, " min");
-  return twoParts(whole / kHour, whole % kHour / kMinute, " h");
+  const std::int64_t whole = std::llround(milliseconds);
+  const std::string rest = fraction(whole % kSecond, decimalSeparator);
+  if (whole < kMinute) return std::to_string(whole / kSecond) + rest + " s";
+  const std::string seconds = whole % kMinute == 0 ? "" : twoDigits(whole % kMinute / kSecond) + rest;
+  if (whole < kHour) return std::to_string(whole / kMinute) + seconds + " min";
+  const std::string minutes = whole % kHour == 0 ? "" : twoDigits(whole % kHour / kMinute);
+  return std::to_string(whole / kHour) + minutes + seconds + " h";
 }
 
 }  // namespace tarnlog

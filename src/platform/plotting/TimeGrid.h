@@ -18,7 +18,7 @@ struct TimeGridLine {
 /// minutes and hours as clocks have them. `lines` is filled anew, so that it keeps its memory.
 void timeGrid(const TimeLine& times, double first, double last, int atMost, std::vector<TimeGridLine>& lines);
 
-/// "0.5 s", "10 s", "1 min", "1:30 min", "2 h".
+/// "0.5 s", "10 s", "1 min", "1:30 min", "2 h", "2:30 h"; where seconds are not 0, as "1:00:45.3 h".
 std::string durationText(double milliseconds, char decimalSeparator);
 
 }  // namespace tarnlog

@@ -133,6 +133,10 @@ TEST(TimeGrid, StandsAtWholeTimesBeforeTheNewestPoint) {
   EXPECT_EQ(lines(900, 910, 2), "9 s at 910; 9,5 s at 905; 10 s at 900; ")
       << "zoomed in, still before the newest";
   EXPECT_EQ(lines(0, 1000, 0), "");
+  EXPECT_EQ(lines(1001, 1100, 4), "") << "behind all points";
+  for (int i = 0; i <= 100; ++i) times.append(i * 100);
+  EXPECT_EQ(lines(1001, 1101, 4), "5 s at 1051; 10 s at 1001; ");
+  EXPECT_EQ(lines(0, 1000, 4), "") << "the clock went back";
 }
 
 TEST(TimeGrid, WritesDurationsThatDifferAsTextsThatDo) {

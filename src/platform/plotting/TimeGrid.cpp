@@ -64,10 +64,9 @@ void timeGrid(const TimeLine& times, double first, double last, int atMost,
               std::vector<TimeGridLine>& lines) {
   lines.clear();
   const std::int64_t newest = times.end() - 1;
-  if (!times.knows(newest) || atMost < 1 || !(times.usualStep() > 0)) return;
-  auto oldest = std::max<std::int64_t>(static_cast<std::int64_t>(first), 0);
-  while (oldest < newest && !times.knows(oldest)) ++oldest;
-  const auto latest = std::clamp(static_cast<std::int64_t>(last), oldest, newest);
+  const auto oldest = std::max(static_cast<std::int64_t>(first), times.firstKnown());
+  const auto latest = std::min(static_cast<std::int64_t>(last), newest);
+  if (oldest > latest || atMost < 1 || !(times.usualStep() > 0)) return;
   const double now = times.momentOf(newest);
   const double step = stepFor(times.momentOf(latest) - times.momentOf(oldest), atMost);
   if (!(step > 0)) return;

@@ -45,8 +45,6 @@ void TimeLine::learn(double step) {
   usual_ = *middle;
 }
 
-std::int64_t TimeLine::firstKnown() const { return std::max(known_, moments_.begin()); }
-
 /// At a steady rate the point is near to where the usual step says.
 void TimeLine::narrow(double moment, std::int64_t& low, std::int64_t& high) const {
   constexpr std::int64_t kNear = 8;

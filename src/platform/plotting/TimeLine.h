@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -27,6 +28,8 @@ class TimeLine {
   void dropBefore(std::int64_t point) { moments_.dropBefore(point); }
 
   std::int64_t end() const { return moments_.end(); }
+  /// The first point whose moment is known; end() where none is.
+  std::int64_t firstKnown() const { return std::max(known_, moments_.begin()); }
   bool knows(std::int64_t point) const { return point >= firstKnown() && point < end(); }
   /// Of a point that it knows.
   double momentOf(std::int64_t point) const { return moments_[point]; }
@@ -41,7 +44,6 @@ class TimeLine {
  private:
   static constexpr std::size_t kSteps = 7;
 
-  std::int64_t firstKnown() const;
   void learn(double step);
   void narrow(double moment, std::int64_t& low, std::int64_t& high) const;
 

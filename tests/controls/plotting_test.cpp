@@ -119,10 +119,9 @@ TEST(TimeGrid, StandsAtWholeTimesBeforeTheNewestPoint) {
   TimeLine times;
   times.setCapacity(2000);
   const auto lines = [&](double first, double last, int atMost) {
-    std::vector<TimeGridLine> grid;
-    timeGrid(times, first, last, atMost, grid);
+    TimeGrid grid;
     std::string text;
-    for (const TimeGridLine& line : grid)
+    for (const TimeGridLine& line : grid.lines(times, first, last, atMost))
       text += durationText(line.ago, ',') + " at " + std::to_string(std::lround(line.point)) + "; ";
     return text;
   };
@@ -137,6 +136,10 @@ TEST(TimeGrid, StandsAtWholeTimesBeforeTheNewestPoint) {
   for (int i = 0; i <= 100; ++i) times.append(i * 100);
   EXPECT_EQ(lines(1001, 1101, 4), "5 s at 1051; 10 s at 1001; ");
   EXPECT_EQ(lines(0, 1000, 4), "") << "the clock went back";
+
+  TimeGrid steady;
+  for (const double first : {1061, 1059, 1061, 1059})
+    EXPECT_EQ(steady.lines(times, first, 1101, 4).size(), 4U) << "a span that jitters keeps its step";
 }
 
 TEST(TimeGrid, WritesDurationsThatDifferAsTextsThatDo) {

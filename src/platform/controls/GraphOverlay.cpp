@@ -96,15 +96,15 @@ std::span<const ChartPicture::Flag> GraphOverlay::flags(const TimeLine& times,
 std::span<const ChartPicture::Rule> GraphOverlay::rules(const TimeLine& times, const Seen& seen) {
   rules_.clear();
   const int line = std::max(static_cast<int>(QFontMetrics(look_.font).height() * look_.ratio), 1);
-  timeGrid(times, seen.first, seen.last, std::max(seen.width / (6 * line), 1), lines_);
-  times_.resize(lines_.size());
+  const auto lines = grid_.lines(times, seen.first, seen.last, std::max(seen.width / (6 * line), 1));
+  if (times_.size() < lines.size()) times_.resize(lines.size());  // one that goes mostly comes again
   int right = seen.width;
-  for (std::size_t i = 0; i < lines_.size(); ++i) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
     auto& [text, column] = times_[i];
-    const int now = static_cast<int>(seen.xOfFirst + (lines_[i].point - seen.first) * seen.xPerPoint);
-    const bool another = text.value != lines_[i].ago;
-    if (another) draw(text, QLatin1Char('-') + duration(lines_[i].ago), look_.palette.color(QPalette::Base));
-    text.value = lines_[i].ago;
+    const int now = static_cast<int>(seen.xOfFirst + (lines[i].point - seen.first) * seen.xPerPoint);
+    const bool another = text.value != lines[i].ago;
+    if (another) draw(text, QLatin1Char('-') + duration(lines[i].ago), look_.palette.color(QPalette::Base));
+    text.value = lines[i].ago;
     if (another || std::abs(now - column) >= kStill) column = now;
     ChartPicture::Rule rule{column, ink(0.35F), column - text.width / 2, {}};
     if (labels_ && rule.stampLeft >= 0 && rule.stampLeft + text.width <= right) {

@@ -89,7 +89,7 @@ class GraphOverlay {
 
   Look look_;
   bool labels_ = false;
-  std::vector<TimeGridLine> lines_;
+  TimeGrid grid_;
   std::vector<PlacedText> times_;
   std::vector<Text> pauses_;
   std::vector<Text> marks_;

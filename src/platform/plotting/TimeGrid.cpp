@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace tarnlog {
 namespace {
@@ -40,11 +41,13 @@ constexpr std::int64_t kSteps[] = {1,
                                    12 * kHour,
                                    kDay};
 
-/// The shortest step of which at most so many go into the span; 0 when it is longer than all.
+constexpr double kNearlyFits = 0.05;  ///< of the span
+
+/// The shortest step of which at most so many go into the span; infinite when it is longer than all.
 double stepFor(double span, int atMost) {
   for (const std::int64_t step : kSteps)
     if (span / static_cast<double>(step) <= atMost) return static_cast<double>(step);
-  return 0;
+  return std::numeric_limits<double>::infinity();
 }
 
 /// Minutes or seconds behind something larger.
@@ -60,20 +63,21 @@ std::string fraction(std::int64_t milliseconds, char decimalSeparator) {
 
 }  // namespace
 
-void timeGrid(const TimeLine& times, double first, double last, int atMost,
-              std::vector<TimeGridLine>& lines) {
-  lines.clear();
+std::span<const TimeGridLine> TimeGrid::lines(const TimeLine& times, double first, double last, int atMost) {
+  lines_.clear();
   const std::int64_t newest = times.end() - 1;
   const auto oldest = std::max(static_cast<std::int64_t>(first), times.firstKnown());
   const auto latest = std::min(static_cast<std::int64_t>(last), newest);
-  if (oldest > latest || atMost < 1 || !(times.usualStep() > 0)) return;
+  if (oldest > latest || atMost < 1 || !(times.usualStep() > 0)) return {};
   const double now = times.momentOf(newest);
-  const double step = stepFor(times.momentOf(latest) - times.momentOf(oldest), atMost);
-  if (!(step > 0)) return;
+  const double span = times.momentOf(latest) - times.momentOf(oldest);
+  step_ =
+      std::clamp(step_, stepFor(span * (1 - kNearlyFits), atMost), stepFor(span * (1 + kNearlyFits), atMost));
+  const double least = std::max(std::ceil((now - times.momentOf(latest)) / step_), 1.0) * step_;
   const double most = now - times.momentOf(oldest);
-  for (double ago = std::max(std::ceil((now - times.momentOf(latest)) / step), 1.0) * step; ago <= most;
-       ago += step)
-    if (const auto point = times.pointAt(now - ago)) lines.push_back({*point, ago});
+  for (double ago = least; ago <= most; ago += step_)
+    if (const auto point = times.pointAt(now - ago)) lines_.push_back({*point, ago});
+  return lines_;
 }
 
 std::string durationText(double milliseconds, char decimalSeparator) {

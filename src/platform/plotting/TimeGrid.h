@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,19 @@ struct TimeGridLine {
   double ago = 0;  ///< milliseconds
 };
 
-/// The lines for points `first` to `last`, with at most `atMost` steps between them; the newest comes first.
-/// A step is a time that people count in: 1, 2 or 5 times a power of ten below a second, then seconds,
-/// minutes and hours as clocks have them. `lines` is filled anew, so that it keeps its memory.
-void timeGrid(const TimeLine& times, double first, double last, int atMost, std::vector<TimeGridLine>& lines);
+/// Its steps are times that people count in: 1, 2 or 5 times a power of ten below a second, then seconds,
+/// minutes and hours as clocks have them. A step stays while it nearly fits: the moments of points jitter,
+/// and the lines would jump with them.
+class TimeGrid {
+ public:
+  /// For points `first` to `last`, with about `atMost` steps between them; the newest comes first. Valid
+  /// until the next call.
+  std::span<const TimeGridLine> lines(const TimeLine& times, double first, double last, int atMost);
+
+ private:
+  double step_ = 0;  ///< milliseconds
+  std::vector<TimeGridLine> lines_;
+};
 
 /// "0.5 s", "10 s", "1 min", "1:30 min", "2 h", "2:30 h"; where seconds are not 0, as "1:00:45.3 h".
 std::string durationText(double milliseconds, char decimalSeparator);

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/controls/Readable.h"
 
@@ -98,22 +99,28 @@ std::span<const ChartPicture::Rule> GraphOverlay::rules(const TimeLine& times, c
   const int line = std::max(static_cast<int>(QFontMetrics(look_.font).height() * look_.ratio), 1);
   const auto lines = grid_.lines(times, seen.first, seen.last, std::max(seen.width / (6 * line), 1));
   if (times_.size() < lines.size()) times_.resize(lines.size());  // one that goes mostly comes again
+  const std::uint32_t colour = ink(0.35F);
   int right = seen.width;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    auto& [text, column] = times_[i];
+    TimedLine& timed = times_[i];
     const int now = static_cast<int>(seen.xOfFirst + (lines[i].point - seen.first) * seen.xPerPoint);
-    const bool another = text.value != lines[i].ago;
-    if (another) draw(text, QLatin1Char('-') + duration(lines[i].ago), look_.palette.color(QPalette::Base));
-    text.value = lines[i].ago;
-    if (another || std::abs(now - column) >= kStill) column = now;
-    ChartPicture::Rule rule{column, ink(0.35F), column - text.width / 2, {}};
-    if (labels_ && rule.stampLeft >= 0 && rule.stampLeft + text.width <= right) {
-      rule.stamp = text.stamp();
-      right = rule.stampLeft - static_cast<int>(kGap * look_.ratio);
-    }
-    rules_.push_back(rule);
+    const bool another = std::exchange(timed.ago, lines[i].ago) != lines[i].ago;
+    if (another || std::abs(now - timed.column) >= kStill) timed.column = now;
+    ChartPicture::Rule& rule = rules_.emplace_back(ChartPicture::Rule{timed.column, colour, 0, {}});
+    if (labels_) writeTime(timed, rule, right);
   }
   return rules_;
+}
+
+/// Where there is room left of `right`, which is what the next one has.
+void GraphOverlay::writeTime(TimedLine& line, ChartPicture::Rule& rule, int& right) const {
+  Text& text = line.text;
+  if (std::exchange(text.value, line.ago) != line.ago)
+    draw(text, QLatin1Char('-') + duration(line.ago), look_.palette.color(QPalette::Base));
+  rule.stampLeft = line.column - text.width / 2;
+  if (rule.stampLeft < 0 || rule.stampLeft + text.width > right) return;
+  rule.stamp = text.stamp();
+  right = rule.stampLeft - static_cast<int>(kGap * look_.ratio);
 }
 
 void GraphOverlay::paintCursor(QPainter& painter, const QPalette& palette, const QRect& area,

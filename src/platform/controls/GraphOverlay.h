@@ -78,19 +78,22 @@ class GraphOverlay {
     int height = 0;
     Stamp stamp() const { return {width, height, pixels}; }
   };
-  struct PlacedText {
-    Text text;
+  /// A line at a whole time.
+  struct TimedLine {
+    double ago = -1;  ///< milliseconds
     int column = -1;
+    Text text;  ///< made when it is seen
   };
 
   void draw(Text& text, const QString& what, const QColor& ground) const;
+  void writeTime(TimedLine& line, ChartPicture::Rule& rule, int& right) const;
   QString duration(double milliseconds) const;
   std::uint32_t ink(float part) const;
 
   Look look_;
   bool labels_ = false;
   TimeGrid grid_;
-  std::vector<PlacedText> times_;
+  std::vector<TimedLine> times_;
   std::vector<Text> pauses_;
   std::vector<Text> marks_;
   std::vector<ChartPicture::Flag> flags_;

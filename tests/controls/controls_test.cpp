@@ -248,6 +248,25 @@ TEST(CWGraph, TellsTimesAndPauses) {
   EXPECT_NE(pictureOf(graph), plain);
 }
 
+TEST(GraphOverlay, HasTheTextsOfTheNewestFlagsThatAreSeen) {
+  TimeLine times;
+  times.setCapacity(2000);
+  double moment = 0;
+  for (int i = 0; i < 1250; ++i) times.append(moment += i % 5 == 4 ? 3000 : 50);
+  const std::vector<GraphMark> marks = {{100, QStringLiteral("Start"), Qt::green},
+                                        {1200, QStringLiteral("Stop"), Qt::red}};
+  GraphOverlay overlay;
+  const auto all = overlay.flags(times, marks, {0, 1250, 0, 1, 600});
+  ASSERT_EQ(all.size(), 202U) << "250 pauses are too many to be told apart";
+  EXPECT_EQ(all[199].point, 1248.5);
+  EXPECT_EQ(all[200].point, 100);
+  const std::uint32_t* const stop = all[201].stamp.pixels.data();
+  const auto part = overlay.flags(times, marks, {900, 1250, 0, 1, 600});
+  EXPECT_EQ(part.front().point, 553.5) << "what begins at the left may reach into the picture";
+  EXPECT_EQ(part[part.size() - 2].point, 1248.5) << "Start is out of sight";
+  EXPECT_EQ(part.back().stamp.pixels.data(), stop) << "not made again";
+}
+
 TEST(CWGraph, LooksBackAtWhatItKeepsWithoutLosingWhatComes) {
   CWGraph graph;
   graph.setKept(5000);

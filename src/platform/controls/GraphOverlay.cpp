@@ -15,7 +15,20 @@ namespace {
 constexpr int kGap = 6;    ///< between texts, in points of the layout
 constexpr int kStill = 2;  ///< pixels that a line may be off its place before it moves
 constexpr int kPauseDots = 4;
-constexpr std::size_t kMostPauses = 200;  ///< more cannot be told apart
+constexpr std::size_t kMostFlags = 200;  ///< of a kind; more cannot be told apart
+constexpr std::size_t kKeptTexts = 50;   ///< whether seen or not: who looks back goes to and fro
+
+double pointOf(const TimeLine::Pause& pause) { return static_cast<double>(pause.before) - 0.5; }
+double pointOf(const GraphMark& mark) { return static_cast<double>(mark.point); }
+
+template <class Each>
+std::span<const Each> newestBetween(std::span<const Each> all, double first, double last) {
+  const auto begin =
+      std::partition_point(all.begin(), all.end(), [=](auto& each) { return pointOf(each) < first; });
+  const auto end = std::partition_point(begin, all.end(), [=](auto& each) { return pointOf(each) <= last; });
+  const auto count = std::min(static_cast<std::size_t>(end - begin), kMostFlags);
+  return {end - static_cast<std::ptrdiff_t>(count), end};
+}
 
 }  // namespace
 
@@ -23,13 +36,16 @@ void GraphOverlay::setLook(const Look& look) {
   if (look == look_) return;
   look_ = look;
   times_.clear();
-  pauses_.clear();
-  marks_.clear();
+  flagTexts_.clear();
 }
 
 /// A text on its ground, two points of the layout wider than itself.
-void GraphOverlay::draw(Text& text, const QString& what, const QColor& ground) const {
-  text.text = what;
+void GraphOverlay::draw(Text& text, const Saying& saying) const {
+  const QColor paper = look_.palette.color(QPalette::Base);
+  const QColor ground =
+      saying.colour.isValid() ? readable(saying.colour, paper, kCurveContrastOnDark) : paper;
+  const QString what = wordsOf(saying);
+  text.saying = saying;
   text.ground = ground.rgb();
   const QFontMetrics metrics(look_.font);
   const int wide = metrics.horizontalAdvance(what) + 4;
@@ -41,7 +57,6 @@ void GraphOverlay::draw(Text& text, const QString& what, const QColor& ground) c
   QPainter painter(&image);
   painter.setFont(look_.font);
   const QColor ink = look_.palette.color(QPalette::Text);
-  const QColor paper = look_.palette.color(QPalette::Base);
   painter.setPen(contrastOf(ink, ground) > contrastOf(paper, ground) ? ink : paper);
   painter.drawText(QRectF(0, 0, wide, metrics.height()), Qt::AlignCenter, what);
   painter.end();
@@ -52,8 +67,9 @@ void GraphOverlay::draw(Text& text, const QString& what, const QColor& ground) c
   }
 }
 
-QString GraphOverlay::duration(double milliseconds) const {
-  return QString::fromStdString(durationText(milliseconds, look_.decimalSeparator));
+QString GraphOverlay::wordsOf(const Saying& saying) const {
+  if (saying.duration == kNoDuration) return saying.words;
+  return saying.words + QString::fromStdString(durationText(saying.duration, look_.decimalSeparator));
 }
 
 std::uint32_t GraphOverlay::ink(float part) const {
@@ -63,35 +79,32 @@ std::uint32_t GraphOverlay::ink(float part) const {
 std::span<const ChartPicture::Flag> GraphOverlay::flags(const TimeLine& times,
                                                         const std::vector<GraphMark>& marks,
                                                         const Seen& seen) {
-  flags_.clear();
   const double early = seen.first - (seen.last - seen.first);  // flags may reach into what is seen
-  std::size_t used = 0;
-  for (const TimeLine::Pause& pause : times.pauses()) {
-    const auto point = static_cast<double>(pause.before) - 0.5;
-    if (point < early || point > seen.last || used == kMostPauses) continue;
-    if (used == pauses_.size()) pauses_.emplace_back();
-    Text& text = pauses_[used++];
-    if (text.value != pause.length)
-      draw(text, duration(std::round(pause.length / 100) * 100), look_.palette.color(QPalette::Base));
-    text.value = pause.length;
-    flags_.push_back({point, ink(0.5F), kPauseDots, text.height, text.stamp()});
+  flags_.clear();
+  used_ = 0;
+  for (const TimeLine::Pause& pause : newestBetween(times.pauses(), early, seen.last)) {
+    const Text& text = flagText({std::round(pause.length / 100) * 100, {}, {}});
+    flags_.push_back({pointOf(pause), ink(0.5F), kPauseDots, text.height, text.stamp()});
   }
-  marks_.resize(marks.size());
-  const auto first = std::partition_point(marks.begin(), marks.end(), [early](const GraphMark& each) {
-    return static_cast<double>(each.point) < early;
-  });
-  for (auto i = static_cast<std::size_t>(first - marks.begin()); i < marks.size(); ++i) {
-    const auto point = static_cast<double>(marks[i].point);
-    if (point > seen.last) break;
-    Text& text = marks_[i];
-    if (text.text != marks[i].text || text.colour != marks[i].colour) {
-      text.colour = marks[i].colour;
-      draw(text, marks[i].text,
-           readable(text.colour, look_.palette.color(QPalette::Base), kCurveContrastOnDark));
-    }
-    flags_.push_back({point, text.ground, 1, 0, text.stamp()});
+  for (const GraphMark& mark : newestBetween(std::span(marks), early, seen.last)) {
+    const Text& text = flagText({kNoDuration, mark.text, mark.colour});
+    flags_.push_back({pointOf(mark), text.ground, 1, 0, text.stamp()});
   }
+  flagTexts_.resize(std::max(used_, std::min(flagTexts_.size(), kKeptTexts)));
   return flags_;
+}
+
+/// Flags are asked for in the order of the picture before, so the first text that has no flag yet is mostly
+/// the right one. Pixels stay where they are while texts change places.
+const GraphOverlay::Text& GraphOverlay::flagText(const Saying& saying) {
+  auto found = flagTexts_.begin() + static_cast<std::ptrdiff_t>(used_);
+  while (found != flagTexts_.end() && found->saying != saying) ++found;
+  if (found == flagTexts_.end()) {
+    found = flagTexts_.emplace(found);
+    draw(*found, saying);
+  }
+  std::swap(*found, flagTexts_[used_]);
+  return flagTexts_[used_++];
 }
 
 std::span<const ChartPicture::Rule> GraphOverlay::rules(const TimeLine& times, const Seen& seen) {
@@ -112,11 +125,10 @@ std::span<const ChartPicture::Rule> GraphOverlay::rules(const TimeLine& times, c
   return rules_;
 }
 
-/// Where there is room left of `right`, which is what the next one has.
+/// If it has room left of `right`; the next one has the room left of it.
 void GraphOverlay::writeTime(TimedLine& line, ChartPicture::Rule& rule, int& right) const {
   Text& text = line.text;
-  if (std::exchange(text.value, line.ago) != line.ago)
-    draw(text, QLatin1Char('-') + duration(line.ago), look_.palette.color(QPalette::Base));
+  if (text.saying.duration != line.ago) draw(text, {line.ago, QStringLiteral("-"), {}});
   rule.stampLeft = line.column - text.width / 2;
   if (rule.stampLeft < 0 || rule.stampLeft + text.width > right) return;
   rule.stamp = text.stamp();

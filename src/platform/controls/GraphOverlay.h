@@ -6,6 +6,7 @@
 #include <QPointF>
 #include <QRect>
 #include <QString>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -68,10 +69,16 @@ class GraphOverlay {
                           const GraphCursorLine& line);
 
  private:
+  static constexpr double kNoDuration = -1;
+
+  struct Saying {
+    double duration = kNoDuration;  ///< milliseconds, behind the words
+    QString words;
+    QColor colour;  ///< of its ground; none: that of the graph
+    bool operator==(const Saying&) const = default;
+  };
   struct Text {
-    double value = -1;  ///< a number that it is the text of
-    QString text;
-    QColor colour;  ///< of what it belongs to
+    Saying saying;
     std::uint32_t ground = 0;
     std::vector<std::uint32_t> pixels;
     int width = 0;
@@ -85,17 +92,18 @@ class GraphOverlay {
     Text text;  ///< made when it is seen
   };
 
-  void draw(Text& text, const QString& what, const QColor& ground) const;
+  void draw(Text& text, const Saying& saying) const;
   void writeTime(TimedLine& line, ChartPicture::Rule& rule, int& right) const;
-  QString duration(double milliseconds) const;
+  QString wordsOf(const Saying& saying) const;
+  const Text& flagText(const Saying& saying);
   std::uint32_t ink(float part) const;
 
   Look look_;
   bool labels_ = false;
   TimeGrid grid_;
   std::vector<TimedLine> times_;
-  std::vector<Text> pauses_;
-  std::vector<Text> marks_;
+  std::vector<Text> flagTexts_;  ///< of what was seen last, and some from before
+  std::size_t used_ = 0;         ///< of these: by the flags that are being made
   std::vector<ChartPicture::Flag> flags_;
   std::vector<ChartPicture::Rule> rules_;
 };

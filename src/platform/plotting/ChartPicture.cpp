@@ -76,7 +76,7 @@ void ChartPicture::drawFlags(const Scene& scene, std::int64_t from) {
 }
 
 void ChartPicture::layRules(std::span<const Rule> rules) {
-  canvas_.beginPassing();
+  canvas_.beginOverlay();
   for (const Rule& rule : rules) {
     canvas_.dotted(canvas_.firstColumn() + rule.column, kRuleDots * canvas_.pen(), rule.colour);
     canvas_.stamp(canvas_.firstColumn() + rule.stampLeft, canvas_.height() - rule.stamp.height, rule.stamp);

@@ -64,7 +64,7 @@ class ChartPicture {
   const ScrollingCanvas& canvas() const { return canvas_; }
   /// Over the picture until `liftRules`.
   void layRules(std::span<const Rule> rules);
-  void liftRules() { canvas_.endPassing(); }
+  void liftRules() { canvas_.endOverlay(); }
 
  private:
   void drawNewColumns(const Scene& scene);

@@ -85,15 +85,15 @@ void ScrollingCanvas::stamp(std::int64_t column, int row, const Stamp& stamp) {
   }
 }
 
-void ScrollingCanvas::beginPassing() {
-  passing_ = true;
+void ScrollingCanvas::beginOverlay() {
+  overlay_ = true;
   drawable_ = first_;
 }
 
-void ScrollingCanvas::endPassing() {
-  passing_ = false;
-  std::for_each(covered_.rbegin(), covered_.rend(), [](const auto& each) { *each.first = each.second; });
-  covered_.clear();
+void ScrollingCanvas::endOverlay() {
+  overlay_ = false;
+  std::for_each(below_.rbegin(), below_.rend(), [](const auto& each) { *each.first = each.second; });
+  below_.clear();
 }
 
 void ScrollingCanvas::dot(std::int64_t column, int row, std::uint32_t colour) {

@@ -63,17 +63,17 @@ class ScrollingCanvas {
   /// With its upper left corner there.
   void stamp(std::int64_t column, int row, const Stamp& stamp);
 
-  /// What is drawn from here on can be taken back.
-  void beginPassing();
-  /// And is.
-  void endPassing();
+  /// All columns can be drawn on until `endOverlay` takes back what `dotted` and `stamp` draw in between;
+  /// nothing else is taken back.
+  void beginOverlay();
+  void endOverlay();
 
   /// A point that is seen without a line.
   void dot(std::int64_t column, int row, std::uint32_t colour);
 
  private:
   void set(std::uint32_t* pixel, std::uint32_t colour) {
-    if (passing_) covered_.emplace_back(pixel, *pixel);
+    if (overlay_) below_.emplace_back(pixel, *pixel);
     *pixel = colour;
   }
   int place(std::int64_t column) const {
@@ -88,8 +88,8 @@ class ScrollingCanvas {
   int seam_ = 0;
   std::int64_t first_ = 0;
   std::int64_t drawable_ = 0;  ///< first column that is not protected
-  bool passing_ = false;
-  std::vector<std::pair<std::uint32_t*, std::uint32_t>> covered_;  ///< by what passes, in its order
+  bool overlay_ = false;
+  std::vector<std::pair<std::uint32_t*, std::uint32_t>> below_;  ///< the overlay, in the order of its drawing
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };
 

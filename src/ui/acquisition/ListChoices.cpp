@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/base/TarnError.h"
-
 namespace tarnlog {
 
 namespace {
@@ -16,16 +14,6 @@ constexpr std::array kZooms = {50, 60, 70, 80, 90, 100, 110, 125, 150, 175, 200,
 constexpr std::size_t kNormal = 5;
 static_assert(kZooms[kNormal] == 100);
 
-std::string stored(const SettingsStore* settings, const char* name) {
-  std::string text;
-  if (settings != nullptr) skipOnFailure([&] { text = settings->read(name).value_or(""); });
-  return text;
-}
-
-void store(SettingsStore* settings, const char* name, const std::string& text) {
-  if (settings != nullptr) skipOnFailure([&] { settings->write(name, text); });
-}
-
 std::size_t stepOf(const std::string& zoom) {
   const auto step =
       std::ranges::find_if(kZooms, [&](int percent) { return std::to_string(percent) == zoom; });
@@ -35,8 +23,8 @@ std::size_t stepOf(const std::string& zoom) {
 }  // namespace
 
 ListChoices::ListChoices(SettingsStore* settings)
-    : settings_(settings), zoom_(stepOf(stored(settings, kZoomName))) {
-  for (std::size_t i = 0; i < kSwitches; ++i) on_[i] = stored(settings, kNames[i]) == "1";
+    : settings_(settings), zoom_(stepOf(settings_.read(kZoomName).value_or(""))) {
+  for (std::size_t i = 0; i < kSwitches; ++i) on_[i] = settings_.read(kNames[i]) == "1";
 }
 
 int ListChoices::zoom() const { return kZooms[zoom_]; }
@@ -50,13 +38,13 @@ void ListChoices::resetZoom() { setZoom(kNormal); }
 void ListChoices::setZoom(std::size_t step) {
   if (step == zoom_) return;
   zoom_ = step;
-  store(settings_, kZoomName, std::to_string(zoom()));
+  settings_.write(kZoomName, std::to_string(zoom()));
 }
 
 void ListChoices::setOn(Switch choice, bool on) {
   if (on_[choice] == on) return;
   on_[choice] = on;
-  store(settings_, kNames[choice], on ? "1" : "0");
+  settings_.write(kNames[choice], on ? "1" : "0");
 }
 
 }  // namespace tarnlog

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/settings/SettingsStore.h"
+#include "platform/settings/OptionalSettings.h"
 
 namespace tarnlog {
 
@@ -33,7 +33,7 @@ class ListChoices {
  private:
   void setZoom(std::size_t step);
 
-  SettingsStore* settings_;
+  OptionalSettings settings_;
   std::size_t zoom_;  ///< step
   std::array<bool, kSwitches> on_{};
 };

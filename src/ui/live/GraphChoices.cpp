@@ -1,10 +1,8 @@
 #include "ui/live/GraphChoices.h"
 
 #include <algorithm>
-#include <optional>
 #include <sstream>
 
-#include "platform/base/TarnError.h"
 #include "platform/text/Cell.h"
 #include "platform/text/Numbers.h"
 
@@ -15,48 +13,38 @@ constexpr char kTimes[] = "GraphTimes";
 constexpr char kThick[] = "GraphThickCurves";
 constexpr char kMemory[] = "GraphMegabytes";
 constexpr char kOwnScales[] = "GraphOwnScales";
-constexpr std::size_t kMostNames = 500;
-
-std::optional<std::string> read(const SettingsStore* settings, const char* name) {
-  std::optional<std::string> value;
-  if (settings != nullptr) skipOnFailure([&] { value = settings->read(name); });
-  return value;
-}
+constexpr std::size_t kMostNames = 500;  ///< that are read
 
 }  // namespace
 
 GraphChoices::GraphChoices(SettingsStore* settings) : settings_(settings) {
   times_ = flag(kTimes, times_);
   thick_ = flag(kThick, thick_);
-  if (const auto memory = wholeInteger(read(settings_, kMemory).value_or("")))
+  if (const auto memory = wholeInteger(settings_.read(kMemory).value_or("")))
     megabytes_ = std::clamp(*memory, kLeastMegabytes, kMostMegabytes);
-  std::istringstream names(read(settings_, kOwnScales).value_or(""));
+  std::istringstream names(settings_.read(kOwnScales).value_or(""));
   for (std::string name; std::getline(names, name, '\t') && ownScales_.size() < kMostNames;)
     ownScales_.insert(name);
 }
 
 bool GraphChoices::flag(const char* name, bool otherwise) const {
-  const auto value = read(settings_, name);
+  const auto value = settings_.read(name);
   return value == "1" ? true : value == "0" ? false : otherwise;
-}
-
-void GraphChoices::keep(const char* name, const std::string& value) {
-  if (settings_ != nullptr) skipOnFailure([&] { settings_->write(name, value); });
 }
 
 void GraphChoices::setTimes(bool on) {
   times_ = on;
-  keep(kTimes, on ? "1" : "0");
+  settings_.write(kTimes, on ? "1" : "0");
 }
 
 void GraphChoices::setThickCurves(bool on) {
   thick_ = on;
-  keep(kThick, on ? "1" : "0");
+  settings_.write(kThick, on ? "1" : "0");
 }
 
 void GraphChoices::setMegabytes(int megabytes) {
   megabytes_ = std::clamp(megabytes, kLeastMegabytes, kMostMegabytes);
-  keep(kMemory, std::to_string(megabytes_));
+  settings_.write(kMemory, std::to_string(megabytes_));
 }
 
 void GraphChoices::setOwnScales(const std::string& graph, bool own) {
@@ -67,7 +55,7 @@ void GraphChoices::setOwnScales(const std::string& graph, bool own) {
     ownScales_.erase(name);
   std::string names;
   for (const std::string& each : ownScales_) names += (names.empty() ? "" : "\t") + each;
-  keep(kOwnScales, names);
+  settings_.write(kOwnScales, names);
 }
 
 }  // namespace tarnlog

@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "platform/settings/SettingsStore.h"
+#include "platform/settings/OptionalSettings.h"
 
 namespace tarnlog {
 
@@ -31,9 +31,8 @@ class GraphChoices {
 
  private:
   bool flag(const char* name, bool otherwise) const;
-  void keep(const char* name, const std::string& value);
 
-  SettingsStore* settings_;
+  OptionalSettings settings_;
   bool times_ = true;
   bool thick_ = false;
   int megabytes_ = 64;

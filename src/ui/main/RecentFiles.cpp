@@ -4,18 +4,14 @@
 #include <sstream>
 #include <utility>
 
-#include "platform/base/TarnError.h"
-
 namespace tarnlog {
 
 RecentFiles::RecentFiles(SettingsStore& settings, std::string name)
-    : settings_(settings), name_(std::move(name)) {}
+    : settings_(&settings), name_(std::move(name)) {}
 
 std::vector<std::string> RecentFiles::paths() const {
-  std::string stored;
-  skipOnFailure([&] { stored = settings_.read(name_).value_or(""); });
   std::vector<std::string> paths;
-  std::istringstream lines(stored);
+  std::istringstream lines(settings_.read(name_).value_or(""));
   for (std::string path; std::getline(lines, path) && paths.size() < kMost;)
     if (!path.empty()) paths.push_back(path);
   return paths;
@@ -38,7 +34,7 @@ void RecentFiles::remove(const std::string& path) {
 void RecentFiles::store(const std::vector<std::string>& paths) {
   std::string text;
   for (const std::string& path : paths) text += path + "\n";
-  skipOnFailure([&] { settings_.write(name_, text); });
+  settings_.write(name_, text);
 }
 
 }  // namespace tarnlog

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/settings/SettingsStore.h"
+#include "platform/settings/OptionalSettings.h"
 
 namespace tarnlog {
 
@@ -26,7 +26,7 @@ class RecentFiles {
  private:
   void store(const std::vector<std::string>& paths);
 
-  SettingsStore& settings_;
+  OptionalSettings settings_;
   std::string name_;
 };
 

@@ -49,7 +49,7 @@ void GraphChoices::setMegabytes(int megabytes) {
 
 void GraphChoices::setOwnScales(const std::string& graph, bool own) {
   const std::string name = cleanCell(graph);
-  if (own && ownScales_.size() < kMostNames)
+  if (own)
     ownScales_.insert(name);
   else
     ownScales_.erase(name);

@@ -19,22 +19,19 @@
 #include "display/ScopeItem.h"
 #include "platform/ferrox3/Session.h"
 #include "platform/files/FileSystem.h"
-#include "platform/settings/SettingsStore.h"
 #include "platform/text/UserLocale.h"
 #include "platform/time/Clock.h"
 #include "platform/time/Timer.h"
 
 namespace tarnlog {
 
-/// The services that an acquisition and what shows it use. They outlive both.
+/// The services that an acquisition uses. They outlive it.
 struct AcqEnvironment {
   Clock& clock;
   Timer& timer;
   FileSystem& files;
   UserLocale locale;
   std::string stylesheetUrl;  ///< of an XSL stylesheet, written into XML files
-  /// Where a window keeps how its user wants values shown. Without one it forgets that at its end.
-  SettingsStore* settings = nullptr;
 };
 
 /// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,

@@ -48,11 +48,10 @@ const QString kGraph = QStringLiteral("GRAPH");
 
 // --- making the controls
 
-AcqView::AcqView(AcqEnvironment environment, QWidget* parent)
+AcqView::AcqView(AcqEnvironment environment, SettingsStore* settings, QWidget* parent)
     : QWidget(parent), decimalSeparator_(environment.locale.decimalSeparator) {
   setObjectName("ctlTarnAcq");
   const Clock& clock = environment.clock;
-  SettingsStore* const settings = environment.settings;
   acq_ = std::make_unique<TarnAcq>(*this, std::move(environment));
   watch_ = new ConnectionWatch(*acq_, this);
   header_ = std::make_unique<AcqHeader>(*this);

@@ -26,6 +26,7 @@ class HelpPanel;
 class HotKeys;
 class ListFilter;
 class ScrolledGraphs;
+class SettingsStore;
 class TabStrip;
 class ValueListModel;
 class ValueListView;
@@ -39,8 +40,9 @@ class ValueListView;
 class AcqView : public QWidget, public AcqScreen {
   Q_OBJECT
  public:
-  /// What it needs, and the session, outlive the view.
-  explicit AcqView(AcqEnvironment environment, QWidget* parent = nullptr);
+  /// What it needs, and the session, outlive the view. In the settings it keeps how its user wants values
+  /// shown; without them it forgets that at its end.
+  explicit AcqView(AcqEnvironment environment, SettingsStore* settings = nullptr, QWidget* parent = nullptr);
   ~AcqView() override;
 
   TarnAcq& acq() { return *acq_; }

@@ -69,7 +69,7 @@ struct ViewRig {
   ScriptedData& speed = status.addData("Speed", ferrox3::kDouble, "km/h");
   ScriptedData& load = status.addData("Load", ferrox3::kDouble, "%");
   std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(settings);
-  AcqView view{{clock, timer, files, UserLocale{}, "tarnlog.xsl", &settings}};
+  AcqView view{{clock, timer, files, UserLocale{}, "tarnlog.xsl"}, &settings};
   TarnAcq& acq = view.acq();
 };
 

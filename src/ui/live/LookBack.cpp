@@ -71,7 +71,7 @@ void LookBack::zoom(int steps) {
   if (active_ && graph != nullptr) zoomAt(*graph, std::pow(kNearer, steps), anchor());
 }
 
-/// All that any of the charts keeps.
+/// All that the leading chart keeps.
 void LookBack::fitAll() {
   const CWGraph* const graph = leading();
   if (!active_ || graph == nullptr) return;

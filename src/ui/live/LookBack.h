@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QPoint>
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include "ui/live/GraphBlock.h"

@@ -19,7 +19,7 @@ struct MainEnvironment {
   Clock& clock;
   Timer& timer;  ///< of the acquisition, for it alone
   FileSystem& files;
-  SettingsStore& settings;  ///< defaults of new configurations
+  SettingsStore& settings;  ///< defaults of new configurations, and how its user wants things shown
   Dialogs& dialogs;
   UserLocale locale;
   /// Of an XSL stylesheet, written into configurations and XML records: it shows them in a browser.

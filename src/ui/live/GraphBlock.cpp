@@ -85,6 +85,11 @@ void GraphBlock::apply(const GraphChoices& choices) {
 }
 
 /// At the axis of one enumeration stand its labels.
+void GraphBlock::chooseScale(int plot) {
+  shown().chooseScale(plot);
+  nameValues();
+}
+
 void GraphBlock::nameValues() {
   const bool alone = descriptions_.size() == 1 || shown().ownScales();
   const auto shownPlot = static_cast<std::size_t>(shown().ownScales() ? shown().chosenScale() : 1);

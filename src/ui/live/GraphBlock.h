@@ -50,6 +50,8 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   void apply(const GraphChoices& choices);
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
   void setOld(bool old) { shown().setFaded(old); }
+  /// The axis becomes that of this plot, where each has its own scale.
+  void chooseScale(int plot);
   /// The font of the desktop has changed.
   void restyle();
 

@@ -82,7 +82,7 @@ void GraphMenu::addScales(GraphChoices& choices, const std::function<void()>& ch
     action->setChecked(block_.shown().chosenScale() == plot);
     curves->addAction(action);
     connect(action, &QAction::triggered, &block_.shown(),
-            [graph = &block_.shown(), plot] { graph->chooseScale(plot); });
+            [&block = block_, plot] { block.chooseScale(plot); });
   }
 }
 

@@ -153,11 +153,11 @@ void GraphicFrameWidget::changeEvent(QEvent* event) {
 void GraphicFrameWidget::mousePressEvent(QMouseEvent* event) {
   const QPoint at = event->position().toPoint();
   for (GraphBlock* const block : controls_.graphs()) {
-    CWGraph& graph = block->shown();
+    const CWGraph& graph = block->shown();
     if (!graph.ownScales() || at.x() >= graph.x() || at.y() < graph.y() ||
         at.y() >= graph.geometry().bottom())
       continue;
-    graph.chooseScale(1 + (at.y() - graph.y()) * graph.plotCount() / graph.height());
+    block->chooseScale(1 + (at.y() - graph.y()) * graph.plotCount() / graph.height());
   }
   QWidget::mousePressEvent(event);
 }

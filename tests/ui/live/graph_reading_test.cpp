@@ -73,6 +73,23 @@ TEST(GraphReadout, TellsTheValuesOfEveryCurveByMouseAndKeys) {
   d.widget.grab();
 }
 
+TEST(GraphMenu, TheAxisHasTheNumbersOrNamesOfTheChosenCurve) {
+  ReadGraph d;
+  d.choose("ownScales");
+  const auto expectAxisOf = [&](int plot) {
+    EXPECT_EQ(d.graph().chosenScale(), plot);
+    const QImage axis = d.graph().grab(QRect(0, 0, d.graph().plotArea().left(), 100)).toImage();
+    d.choose("times");  // each choice writes all axes anew
+    EXPECT_EQ(axis, d.graph().grab(QRect(0, 0, d.graph().plotArea().left(), 100)).toImage()) << plot;
+  };
+  QTest::mouseClick(&d.widget, Qt::LeftButton, {}, QPoint(20, d.graph().geometry().bottom() - 20));
+  expectAxisOf(2);  // by a click on its label
+  emit d.graph().customContextMenuRequested(QPoint(200, 20));
+  for (QAction* const action : d.graph().findChildren<QAction*>())
+    if (action->text() == "Speed (km/h)") action->trigger();
+  expectAxisOf(1);
+}
+
 TEST(GraphReadout, FindsTheNearestPointOfAnXYGraph) {
   LiveDisplay d;
   d.add(d.speed, oTarnScope::kGraph);

@@ -123,8 +123,6 @@ TEST(GraphChoices, AreKeptForAllGraphsAndForOne) {
   EXPECT_FALSE(d.graph("GT2").timeLabels());
   d.choose("ownScales");
   EXPECT_TRUE(d.graph().ownScales());
-  QTest::mouseClick(&d.widget, Qt::LeftButton, {}, QPoint(20, d.graph().geometry().bottom() - 20));
-  EXPECT_EQ(d.graph().chosenScale(), 2) << "by a click on the label";
   const GraphChoices kept(&d.settings);
   EXPECT_FALSE(kept.times());
   EXPECT_TRUE(kept.ownScales("Speed (km/h), Load (%)"));

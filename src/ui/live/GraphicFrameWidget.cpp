@@ -16,6 +16,12 @@ bool sameTimes(const CWGraph& a, const CWGraph& b) {
   return a.history() == b.history() && a.plotArea().width() == b.plotArea().width();
 }
 
+/// They stand at the lower edge of the curves.
+bool showsTimes(const CWGraph& graph) {
+  const QRect area = graph.plotArea();
+  return graph.visibleRegion().boundingRect().contains(area.center().x(), area.bottom());
+}
+
 }  // namespace
 
 GraphicFrameWidget::GraphicFrameWidget(QWidget* parent)
@@ -84,7 +90,8 @@ void GraphicFrameWidget::shareMemory(const std::vector<GraphBlock*>& graphs) {
   for (GraphBlock* const block : graphs) block->shown().setKept(kept);
 }
 
-/// The lowest chart that is seen has the times of those above it, as long as theirs are the same.
+/// The lowest chart whose times would be seen has the times of those above it, as long as theirs are the
+/// same.
 void GraphicFrameWidget::placeTimes(const std::vector<GraphBlock*>& graphs) {
   std::vector<CWGraph*> charts;
   for (GraphBlock* const block : graphs)
@@ -92,10 +99,8 @@ void GraphicFrameWidget::placeTimes(const std::vector<GraphBlock*>& graphs) {
   std::sort(charts.begin(), charts.end(), [](const CWGraph* a, const CWGraph* b) { return a->y() > b->y(); });
   const CWGraph* below = nullptr;
   for (CWGraph* const chart : charts) {
-    const bool whole = chart->visibleRegion().boundingRect().contains(chart->rect().center());
-    const bool labelled = choices_.times() && (below == nullptr || !sameTimes(*chart, *below));
-    chart->setTimeLabels(labelled);
-    if (whole || below == nullptr) below = whole ? chart : below;
+    chart->setTimeLabels(choices_.times() && (below == nullptr || !sameTimes(*chart, *below)));
+    if (showsTimes(*chart)) below = chart;
   }
 }
 

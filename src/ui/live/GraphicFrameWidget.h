@@ -37,7 +37,9 @@ class GraphicFrameWidget : public QWidget {
   /// A flag on all time charts, at their newest points.
   void addMark(const QString& text, const QColor& colour);
 
-  /// A graph with its labels and times, as it is seen.
+  /// More or less of the frame is seen: the times go to the lowest chart that is.
+  void arrangeSoon();
+  /// A graph with its labels and times, as it is seen, without what lies upon it.
   QPixmap pictureOf(GraphBlock& block);
   const GraphReadout& readout() const { return *readout_; }
   LookBack& lookBack() { return *lookBack_; }
@@ -57,7 +59,6 @@ class GraphicFrameWidget : public QWidget {
   void prepare(GraphBlock& block);
   void showMenu(GraphBlock& block, const QPoint& at);
   std::int64_t pointFor(GraphBlock& block, const QPoint& at) const;
-  void arrangeSoon();
   void arrange();
   void applyChoices();
   void shareMemory(const std::vector<GraphBlock*>& graphs);

@@ -38,6 +38,7 @@ void ScrolledGraphs::place(const QRect& area) {
   bar_->setGeometry(area.right() + 1 - barWidth, area.top(), barWidth, area.height());
   visible_->setGeometry(area.left(), area.top(), area.width() - barWidth, area.height());
   bar_->setPageStep(std::max(area.height(), 1));
+  surface_->arrangeSoon();
 }
 
 void ScrolledGraphs::setVisible(bool visible) {

@@ -117,6 +117,34 @@ TEST(AcqView, TheGraphsOfTheirTabScrollAtTheEndOfATick) {
   EXPECT_GT(bar.value(), turned);
 }
 
+TEST(AcqView, TimesStandInTheLowestGraphThatHasRoomForThem) {
+  ViewRig rig;
+  rig.addMore(20);
+  rig.start();
+  rig.child<TabStrip>("TabStripVisu").select("GRAPH");
+  auto& bar = rig.child<QScrollBar>("VScroll");
+  const QWidget& area = rig.child("FrScroll");
+  const auto expectTimes = [&](const char* when) {
+    QApplication::processEvents();
+    std::string timed;
+    int lowest = -1;
+    for (const CWGraph* const graph : area.findChildren<CWGraph*>()) {
+      const int bottom = graph->mapTo(&area, graph->plotArea().bottomLeft()).y();
+      if (bottom < 0 || bottom >= area.height()) continue;
+      if (graph->timeLabels()) timed += std::to_string(bottom) + ' ';
+      lowest = std::max(lowest, bottom);
+    }
+    EXPECT_EQ(timed, std::to_string(lowest) + ' ') << when;
+  };
+  for (int scrolled = 50; scrolled >= 0; scrolled -= 10) {
+    bar.setValue(scrolled);
+    rig.tick();
+    expectTimes("scrolled");
+  }
+  rig.view.resize(800, 700);
+  expectTimes("in a higher window");
+}
+
 TEST(AcqView, PlacesItsControlsByItsSize) {
   ViewRig rig;
   const auto place = [&](const char* name) { return rig.child(name).geometry(); };

@@ -121,7 +121,9 @@ QPixmap GraphicFrameWidget::pictureOf(GraphBlock& block) {
   CWGraph& graph = block.shown();
   const bool labels = graph.timeLabels();
   graph.setTimeLabels(choices_.times());
+  lookBack_->showBox(false);
   QPixmap picture = grab(QRect(0, graph.y(), width(), graph.height()));
+  lookBack_->showBox(true);
   graph.setTimeLabels(labels);
   return picture;
 }

@@ -37,6 +37,8 @@ class LookBack : public QObject {
   void setCursor(CWGraph::Cursor cursor);
   void clearCursors();
   bool hasCursors() const { return a_ >= 0 || b_ >= 0; }
+  /// The box of the cursors, if there are any.
+  void showBox(bool shown) { box_->setVisible(shown && hasCursors()); }
   /// What the box of the cursors shows.
   const GraphReading& reading() const { return reading_; }
 

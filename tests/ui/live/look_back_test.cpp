@@ -7,6 +7,7 @@
 
 #include "LiveDisplay.h"
 #include "platform/settings/SettingsStore.h"
+#include "tests/support/Pixels.h"
 #include "ui/live/GraphMenu.h"
 
 namespace tarnlog::test {
@@ -96,6 +97,11 @@ TEST(LookBack, MeasuresBetweenTwoCursors) {
             "A to B: 2.00 s\nSpeed (km/h): 120, 160, 40, 120, 160, 140\n"
             "Load (%): 0, 0, 0, 0, 9, 4.39024\nLoad (%): 0, 0, 0, 0, 9, 4.39024");
   EXPECT_EQ(d.graph("GT2").cursor(CWGraph::CursorB), 160) << "through all graphs";
+  auto& box = d.find("CursorBox");
+  PaintSpy spy(box);
+  d.choose("copyPicture");
+  EXPECT_TRUE(box.isVisible());
+  EXPECT_EQ(spy.times, 0) << "in no picture of the graph";
   back.setCursor(CWGraph::CursorA, 120);
   EXPECT_EQ(d.graph().cursor(CWGraph::CursorA), -1) << "set again, it goes";
   d.widget.setFrozen(false);

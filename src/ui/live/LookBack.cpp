@@ -113,6 +113,14 @@ void LookBack::showCursors() {
   box_->showInCorner(reading_, visible.isEmpty() ? frame_.rect() : visible);
 }
 
+/// A menu may have taken the release: the button itself says whether it is held.
+void LookBack::drag(CWGraph& graph, const QMouseEvent& move) {
+  if ((move.buttons() & Qt::LeftButton) == 0) drag_ = {};
+  const int x = move.position().toPoint().x();
+  if (drag_.graph == &graph && x != drag_.x)
+    panBy(graph, graph.pointAtX(std::exchange(drag_.x, x)) - graph.pointAtX(x));
+}
+
 bool LookBack::wheel(CWGraph& graph, const QWheelEvent& event) {
   const QPoint turned = event.angleDelta();
   const bool sideways = turned.x() != 0 || (event.modifiers() & Qt::ShiftModifier) != 0;
@@ -145,12 +153,9 @@ bool LookBack::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonRelease:
       drag_ = {};
       return false;
-    case QEvent::MouseMove: {
-      const int x = static_cast<QMouseEvent*>(event)->position().toPoint().x();
-      if (drag_.graph == graph && x != drag_.x)
-        panBy(*graph, graph->pointAtX(std::exchange(drag_.x, x)) - graph->pointAtX(x));
+    case QEvent::MouseMove:
+      drag(*graph, *static_cast<QMouseEvent*>(event));
       return false;
-    }
     case QEvent::KeyPress: {
       const auto& press = *static_cast<QKeyEvent*>(event);
       return key(*graph, press.key(), press.modifiers());

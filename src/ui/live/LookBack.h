@@ -9,6 +9,7 @@
 #include "ui/live/GraphReadout.h"
 #include "ui/live/ReadingBox.h"
 
+class QMouseEvent;
 class QWheelEvent;
 
 namespace tarnlog {
@@ -36,9 +37,9 @@ class LookBack : public QObject {
   /// At the readout, or in the middle.
   void setCursor(CWGraph::Cursor cursor);
   void clearCursors();
-  bool hasCursors() const { return a_ >= 0 || b_ >= 0; }
   /// The box of the cursors, if there are any.
   void showBox(bool shown) { box_->setVisible(shown && hasCursors()); }
+  bool hasCursors() const { return a_ >= 0 || b_ >= 0; }
   /// What the box of the cursors shows.
   const GraphReading& reading() const { return reading_; }
 
@@ -59,6 +60,7 @@ class LookBack : public QObject {
   void show(const TimeView& view);
   void zoomAt(const CWGraph& graph, double factor, double anchor);
   void panBy(const CWGraph& graph, double points);
+  void drag(CWGraph& graph, const QMouseEvent& move);
   bool wheel(CWGraph& graph, const QWheelEvent& event);
   bool key(CWGraph& graph, int key, Qt::KeyboardModifiers modifiers);
   void showCursors();

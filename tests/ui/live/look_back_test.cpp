@@ -72,6 +72,11 @@ TEST(LookBack, MovesAllChartsThroughWhatIsKept) {
   QTest::mouseMove(&d.graph(), QPoint(350, 50));
   QTest::mouseRelease(&d.graph(), Qt::LeftButton, {}, QPoint(350, 50));
   EXPECT_LT(under(), before) << "the curve follows the hand";
+  const TimeView dragged = d.graph().view();
+  QTest::mousePress(&d.graph(), Qt::LeftButton, {}, QPoint(300, 50));
+  QMouseEvent released(QEvent::MouseMove, QPointF(350, 50), QPointF(350, 50), Qt::NoButton, {}, {});
+  QApplication::sendEvent(&d.graph(), &released);
+  EXPECT_EQ(d.graph().view(), dragged) << "only as long as it holds";
   d.graph().setFocus();
   const double first = d.graph().view().first;
   QTest::keyClick(&d.graph(), Qt::Key_Right, Qt::ShiftModifier);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "acquisition/AcqWords.h"
+#include "acquisition/UserEvents.h"
 #include "ui/acquisition/GreyableButton.h"
 #include "ui/acquisition/Indicator.h"
 #include "ui/acquisition/LogList.h"
@@ -80,23 +81,26 @@ void AcqHeader::setButtonsAct(bool act) {
   showEvent();
 }
 
+/// In each polling cycle while a file is filled: only the number is another one then.
 void AcqHeader::setEventProgress(EventProgress progress) {
+  const bool told = progress.goesOn == event_.goesOn && (progress.cyclesLeft > 0) == (event_.cyclesLeft > 0);
   event_ = progress;
-  showEvent();
+  eventBouton_->setCount(event_.cyclesLeft);
+  if (!told) showEvent();
 }
 
 QString AcqHeader::whyNoEvent() const {
   if (!event_.goesOn) return {};
   if (event_.cyclesLeft == 0)
     return tr("The file of the last event was closed with the recording. There can be another in a moment.");
-  return tr("The file of the last event is being filled. Polling cycles until there can be another: %1")
-      .arg(event_.cyclesLeft);
+  return tr("The file of the last event is being filled. That takes %1 polling cycles; then there can be "
+            "another one.")
+      .arg(UserEvents::kRowsAfter);
 }
 
 void AcqHeader::showEvent() {
   const QString reason = whyNoEvent();
   eventBouton_->setGreyed(!buttonsAct_ || event_.goesOn);
-  eventBouton_->setCount(event_.cyclesLeft);
   eventBouton_->setToolTip(
       event_.goesOn ? reason : tr("Write the rows around this moment into an event file (Space)"));
   eventBouton_->setAccessibleDescription(reason);

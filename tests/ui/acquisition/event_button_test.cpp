@@ -26,8 +26,11 @@ TEST(EventButton, CountsTheCyclesUntilAnotherEventIsPossible) {
   button.setFocus();
   QTest::keyClick(&button, Qt::Key_Space);
   EXPECT_EQ(eventButton(rig), "Event grey 20 told");
+  const QString tip = button.toolTip();
+  EXPECT_TRUE(tip.contains("20 polling cycles"));
   for (int i = 0; i < 19; ++i) rig.tick();
   EXPECT_EQ(eventButton(rig), "Event grey 1 told");
+  EXPECT_EQ(button.toolTip(), tip) << "a text each cycle would take memory";
   QTest::keyClick(&button, Qt::Key_Space);
   EXPECT_EQ(rig.filesWith("event"), 1);
   EXPECT_TRUE(button.hasFocus());
@@ -40,7 +43,6 @@ TEST(EventButton, CountsTheCyclesUntilAnotherEventIsPossible) {
   QTest::keyClick(&button, Qt::Key_Space);
   rig.tick();
   EXPECT_EQ(eventButton(rig), "Event 1 grey 19 told");
-  EXPECT_NE(button.accessibleDescription().indexOf("19"), -1);
   rig.acq.AskStopAcqNow();
   for (int i = 0; i < 3; ++i) rig.tick();
   EXPECT_EQ(eventButton(rig), "Event 1 grey 0");

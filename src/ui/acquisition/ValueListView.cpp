@@ -185,8 +185,13 @@ void ValueListView::setFilter(const QString& text) {
 void ValueListView::copySelected() const {
   QStringList lines;
   for (int row = 0; row < values_.rowCount(); ++row)
-    if (!isRowHidden(row, {}) && selectionModel()->isRowSelected(row)) lines << copied(row);
+    if (!isRowHidden(row, {}) && isRowSelected(row)) lines << copied(row);
   if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
+}
+
+/// A column that came after the selection is not in it.
+bool ValueListView::isRowSelected(int row) const {
+  return selectionModel()->isSelected(values_.index(row, ValueListModel::kData));
 }
 
 QString ValueListView::copied(int row) const {

@@ -57,6 +57,7 @@ class ValueListView : public QTreeView {
   void leaveToUser();
   void filterRow(int row);
   void measureName(int row);
+  bool isRowSelected(int row) const;
   QString copied(int row) const;
 
   ValueListModel& values_;

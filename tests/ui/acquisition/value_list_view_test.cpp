@@ -189,6 +189,10 @@ TEST(ValueListView, CopiesAndPaintsTheRowsThatAreSeen) {
   rig.child<QLineEdit>("ListFilter").setText("load");
   QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "Engine : Load\t51.5\t%\nEngine : Load 2\t\ta");
+  QGuiApplication::clipboard()->clear();
+  choose(list, "Minimum");
+  QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_FALSE(QGuiApplication::clipboard()->text().isEmpty()) << "a new column leaves the rows selected";
 
   list.clearSelection();
   rig.child("log").setFocus();

@@ -13,9 +13,13 @@ TextLabel* labelOf(LabelBlock* block) { return block == nullptr ? nullptr : &blo
 
 }  // namespace
 
+FrameControls::FrameControls(QWidget& surface) : surface_(surface) {
+  cycles_.setEnded([this] { graphs_.each([](GraphBlock& block) { block.endCycle(); }); });
+}
+
 GraphControl* FrameControls::LoadGraph(std::int16_t index) {
   return graphs_.load(index, [&] {
-    auto made = named(std::make_unique<GraphBlock>(&surface_, clock_), "GT", index);
+    auto made = named(std::make_unique<GraphBlock>(&surface_, cycles_), "GT", index);
     if (graphMade_) graphMade_(*made);
     return made;
   });
@@ -52,7 +56,9 @@ void FrameControls::linkLabels(std::int16_t index) {
 void FrameControls::unloaded(std::int16_t index) {
   if (index == 0) return;
   linkLabels(index);
-  if (empty() && emptied_) emptied_();
+  if (!empty()) return;
+  cycles_.stop();
+  if (emptied_) emptied_();
 }
 
 bool FrameControls::empty() const {

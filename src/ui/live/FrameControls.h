@@ -17,7 +17,7 @@ namespace tarnlog {
 /// array and number: GT1, SL1, etiquette1, VT1.
 class FrameControls : public GraphicFrame {
  public:
-  explicit FrameControls(QWidget& surface) : surface_(surface) {}
+  explicit FrameControls(QWidget& surface);
 
   Twips left() const override { return toTwips(surface_.x()); }
   Twips top() const override { return toTwips(surface_.y()); }
@@ -38,7 +38,7 @@ class FrameControls : public GraphicFrame {
   LabelControl* LoadValueText(std::int16_t index) override;
   void UnloadValueText(LabelControl* control) override { unloaded(values_.unload(control)); }
 
-  void setClock(const Clock* clock) { clock_ = clock; }
+  void setClock(const Clock* clock) { cycles_.setClock(clock); }
   /// Called with each graph that was made, and when the last control has gone.
   void setGraphMade(std::function<void(GraphBlock&)> made) { graphMade_ = std::move(made); }
   void setEmptied(std::function<void()> emptied) { emptied_ = std::move(emptied); }
@@ -58,7 +58,7 @@ class FrameControls : public GraphicFrame {
   void linkLabels(std::int16_t index);
 
   QWidget& surface_;
-  const Clock* clock_ = nullptr;
+  ChartCycles cycles_;
   std::function<void(GraphBlock&)> graphMade_;
   std::function<void()> emptied_;
   ControlArray<GraphBlock> graphs_;

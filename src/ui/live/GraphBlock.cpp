@@ -1,5 +1,6 @@
 #include "ui/live/GraphBlock.h"
 
+#include <limits>
 #include <utility>
 
 #include "platform/text/Cell.h"
@@ -13,8 +14,8 @@ CWGraph::AxisId idOf(Axis axis) { return axis == Axis::X ? CWGraph::XAxis : CWGr
 
 }  // namespace
 
-GraphBlock::GraphBlock(QWidget* frame, const Clock* clock)
-    : Placed(std::make_unique<CWGraph>(frame)), clock_(clock) {
+GraphBlock::GraphBlock(QWidget* frame, ChartCycles& cycles)
+    : Placed(std::make_unique<CWGraph>(frame)), cycles_(cycles) {
   restyle();
 }
 
@@ -39,7 +40,7 @@ void GraphBlock::setAxisBinary(Axis axis) { shown().setAxisBinary(idOf(axis)); }
 
 void GraphBlock::addPlot() {
   shown().addPlot();
-  descriptions_.emplace_back();
+  plots_.emplace_back();
 }
 
 void GraphBlock::setPlotColour(int plot, Colour colour) {
@@ -47,32 +48,32 @@ void GraphBlock::setPlotColour(int plot, Colour colour) {
 }
 
 void GraphBlock::describePlot(int plot, const ValueDescription& description) {
-  if (plot >= 1 && plot <= shown().plotCount()) descriptions_[index(plot)] = description;
+  if (plot >= 1 && plot <= shown().plotCount()) plots_[index(plot)].description = description;
 }
 
 void GraphBlock::chartY(int plot, double y) {
-  if (plot == 1 && clock_ != nullptr) takeMoment();
-  shown().chartY(plot, y, moment_);
+  if (plot < 1 || plot > shown().plotCount()) return;
+  // The first curve that has its point already says that this is another cycle.
+  if (!cycles_.running() || plots_[index(plot)].came) cycles_.begin();
+  plots_[index(plot)].came = true;
+  shown().chartY(plot, y, cycles_.moment());
 }
 
-/// The clock's milliseconds begin again after 49 days; moments do not.
-void GraphBlock::takeMoment() {
-  const Milliseconds now = clock_->milliseconds();
-  if (newest_) moment_ += millisecondsBetween(*newest_, now);
-  newest_ = now;
+void GraphBlock::endCycle() {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  if (shown().isXY()) return;
+  for (int plot = 1; plot <= shown().plotCount(); ++plot)
+    if (!std::exchange(plots_[index(plot)].came, false)) shown().chartY(plot, kNone, cycles_.moment());
 }
 
 double GraphBlock::sinceNewest() const {
-  if (clock_ == nullptr || !newest_) return 0;
-  const CWGraph& graph = shown();
-  const double later =
-      graph.times().end() > 0 ? moment_ - graph.times().momentOf(graph.times().end() - 1) : 0;
-  return later + millisecondsBetween(*newest_, clock_->milliseconds());
+  const TimeLine& times = shown().times();
+  return cycles_.age() + (times.end() > 0 ? cycles_.moment() - times.momentOf(times.end() - 1) : 0);
 }
 
 std::string GraphBlock::name() const {
   std::string name;
-  for (const ValueDescription& each : descriptions_) name += (name.empty() ? "" : ", ") + each.name;
+  for (const Plot& each : plots_) name += (name.empty() ? "" : ", ") + each.description.name;
   return cleanCell(name);
 }
 
@@ -84,18 +85,18 @@ void GraphBlock::apply(const GraphChoices& choices) {
   nameValues();
 }
 
-/// At the axis of one enumeration stand its labels.
 void GraphBlock::chooseScale(int plot) {
   shown().chooseScale(plot);
   nameValues();
 }
 
+/// At the axis of one enumeration stand its labels.
 void GraphBlock::nameValues() {
-  const bool alone = descriptions_.size() == 1 || shown().ownScales();
+  const bool alone = plots_.size() == 1 || shown().ownScales();
   const auto shownPlot = static_cast<std::size_t>(shown().ownScales() ? shown().chosenScale() : 1);
   std::vector<std::pair<double, QString>> names;
-  if (alone && shownPlot <= descriptions_.size())
-    for (const auto& [value, label] : descriptions_[shownPlot - 1].labels)
+  if (alone && shownPlot <= plots_.size())
+    for (const auto& [value, label] : plots_[shownPlot - 1].description.labels)
       names.emplace_back(value, toQString(label));
   shown().setValueNames(std::move(names));
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/controls/CWGraph.h"
-#include "platform/time/Clock.h"
+#include "ui/live/ChartCycles.h"
 #include "ui/live/Placed.h"
 
 namespace tarnlog {
@@ -15,8 +14,7 @@ class GraphChoices;
 /// A graph of the live display.
 class GraphBlock : public Placed<GraphControl, CWGraph> {
  public:
-  /// The clock, when there is one, gives every point its moment.
-  GraphBlock(QWidget* frame, const Clock* clock);
+  GraphBlock(QWidget* frame, ChartCycles& cycles);
 
   void setEnabled(bool enabled) override { shown().setEnabled(enabled); }
   void setTitle(std::string_view title) override;
@@ -36,35 +34,41 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   void plotXY(int plot, double x, double y) override { shown().plotXY(plot, x, y); }
   void clearData() override { shown().clearData(); }
 
+  /// The cycle is over. A curve that got no value gets a gap: its later points must not stand beside earlier
+  /// ones of the others.
+  void endCycle();
+
   /// Of a plot that there is.
-  const ValueDescription& description(int plot) const { return descriptions_.at(index(plot)); }
+  const ValueDescription& description(int plot) const { return plots_.at(index(plot)).description; }
   const ValueDescription& xDescription() const { return x_; }
-  const Clock* clock() const { return clock_; }
+  const Clock* clock() const { return cycles_.clock(); }
   /// Milliseconds since the newest point that is shown.
   double sinceNewest() const;
   /// Points have their moments: this is a time chart with a clock.
-  bool knowsMoments() const { return clock_ != nullptr && !shown().isXY(); }
+  bool knowsMoments() const { return clock() != nullptr && !shown().isXY(); }
 
   /// By which its user's choices know it: the names of its curves.
   std::string name() const;
   void apply(const GraphChoices& choices);
-  void setFrozen(bool frozen) { shown().setFrozen(frozen); }
-  void setOld(bool old) { shown().setFaded(old); }
   /// The axis becomes that of this plot, where each has its own scale.
   void chooseScale(int plot);
+  void setFrozen(bool frozen) { shown().setFrozen(frozen); }
+  void setOld(bool old) { shown().setFaded(old); }
   /// The font of the desktop has changed.
   void restyle();
 
  private:
+  struct Plot {
+    ValueDescription description;
+    bool came = false;  ///< a point in this cycle
+  };
+
   static std::size_t index(int plot) { return static_cast<std::size_t>(plot - 1); }
 
-  void takeMoment();
   void nameValues();
 
-  const Clock* clock_;
-  std::optional<Milliseconds> newest_;  ///< when the last point came
-  double moment_ = 0;                   ///< the same, as milliseconds that never begin again
-  std::vector<ValueDescription> descriptions_;
+  ChartCycles& cycles_;
+  std::vector<Plot> plots_;
   ValueDescription x_;
 };
 

@@ -119,10 +119,19 @@ TEST(GraphReadout, StandsInAllChartsAndTellsTheirValues) {
   d.drive(0, 41);
   d.widget.addMark("Event 1", Qt::red);
   d.drive(41, 100);
-  QTest::mouseMove(&d.graph(), d.graph().placeOf(1, 40).toPoint());
+  const auto at = [&](std::int64_t point) {
+    QTest::mouseMove(&d.graph(), d.graph().placeOf(1, point).toPoint());
+    return d.widget.readout().reading().text().toStdString();
+  };
+  EXPECT_EQ(at(40), "2.95 s ago (19:05:09), Event 1\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
   EXPECT_EQ(d.graph("GT2").cursor(CWGraph::Readout), 40);
-  EXPECT_EQ(d.widget.readout().reading().text().toStdString(),
-            "2.95 s ago (19:05:09), Event 1\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+
+  // A value that cannot be read ends the cycle for the curves behind it.
+  d.clock.step(50);
+  d.widget.controls().LoadGraph(1)->chartY(1, 100);
+  d.drive(101, 110);
+  EXPECT_EQ(at(100), "0.45 s ago (19:05:12)\nSpeed (km/h): 100 km/h\nLoad (%): –\nLoad (%): –");
+  EXPECT_EQ(at(105), "0.20 s ago (19:05:12)\nSpeed (km/h): 105 km/h\nLoad (%): 5 %\nLoad (%): 5 %");
   d.scope.ClearDisplay(d.widget.controls());
 }
 

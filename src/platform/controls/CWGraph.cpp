@@ -191,14 +191,14 @@ void CWGraph::setTimeLabels(bool on) {
 
 void CWGraph::setOwnScales(bool own) {
   if (std::exchange(ownScales_, own) == own) return;
-  if (own) followOwnScales();
+  if (own) follow();
   if (!own) y_.chosen.reset();
   layOut();
 }
 
 void CWGraph::chooseScale(int plot) {
   chosen_ = plot;
-  if (ownScales_) followOwnScales();
+  if (ownScales_) follow();
   layOut();
 }
 

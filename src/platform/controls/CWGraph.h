@@ -170,8 +170,8 @@ class CWGraph : public QWidget {
   Extremes shownExtremes(const Plot& plot) const;
   /// Whether a range has changed.
   bool follow();
-  bool followPoints();
-  bool followOwnScales();
+  bool followAlong();
+  bool followUp();
   /// What the points need next counts alone, however wide the ranges were.
   void forgetScales();
   void prepareCanvas();

@@ -25,38 +25,32 @@ Extremes CWGraph::shownExtremes(const Plot& plot) const {
                          static_cast<std::int64_t>(std::ceil(shows.last())));
 }
 
-bool CWGraph::followPoints() {
-  bool changed = false;
-  if (x_.follows()) {
-    Extremes all;
-    for (const Plot& plot : plots_)
-      all.add(plot.shown().extremesOfX(plot.shown().begin(), plot.shown().end()));
-    changed |= x_.automatic.follow(all.lowest, all.highest);
-  }
-  if (y_.follows()) {
-    Extremes all;
-    for (const Plot& plot : plots_) all.add(shownExtremes(plot));
-    changed |= y_.automatic.follow(all.lowest, all.highest);
-  }
-  return changed;
+bool CWGraph::follow() {
+  const bool x = followAlong();
+  const bool y = followUp();
+  return x || y;
 }
 
-bool CWGraph::followOwnScales() {
-  if (!ownScales_) return false;
+bool CWGraph::followAlong() {
+  if (!x_.follows()) return false;
+  Extremes all;
+  for (const Plot& plot : plots_) all.add(plot.shown().extremesOfX(plot.shown().begin(), plot.shown().end()));
+  return x_.automatic.follow(all.lowest, all.highest);
+}
+
+bool CWGraph::followUp() {
+  if (!y_.follows() && !ownScales_) return false;
   bool changed = false;
+  Extremes all;
   for (Plot& plot : plots_) {
     const Extremes extremes = shownExtremes(plot);
-    changed |= plot.scale.follow(extremes.lowest, extremes.highest);
+    all.add(extremes);
+    if (ownScales_) changed |= plot.scale.follow(extremes.lowest, extremes.highest);
   }
+  if (y_.follows()) changed |= y_.automatic.follow(all.lowest, all.highest);
   chosen_ = std::clamp(chosen_, 1, std::max(plotCount(), 1));
-  if (!plots_.empty()) y_.chosen = plots_[static_cast<std::size_t>(chosen_ - 1)].scale.range();
+  if (ownScales_ && !plots_.empty()) y_.chosen = plots_[static_cast<std::size_t>(chosen_ - 1)].scale.range();
   return changed;
-}
-
-bool CWGraph::follow() {
-  const bool axes = followPoints();
-  const bool scales = followOwnScales();
-  return axes || scales;
 }
 
 void CWGraph::forgetScales() {

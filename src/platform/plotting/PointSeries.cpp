@@ -38,6 +38,7 @@ void PointSeries::setCapacity(std::int32_t points) {
 void PointSeries::clear() {
   begin_ = end_ = firstChunk_ = 0;
   chunks_.clear();
+  chunkExtremes_.clear();
   coarse_.clear();
 }
 
@@ -51,6 +52,7 @@ void PointSeries::dropOld() {
   while (!chunks_.empty() && (firstChunk_ + 1) * kChunk <= begin_) {
     spare_ = std::move(chunks_.front());
     chunks_.erase(chunks_.begin());
+    chunkExtremes_.erase(chunkExtremes_.begin());
     coarse_.erase(coarse_.begin(), coarse_.begin() + kChunk / kBlock);
     ++firstChunk_;
   }
@@ -63,6 +65,7 @@ PointSeries::Chunk& PointSeries::chunkToFill() {
     const bool usable = spare_ != nullptr && spare_.use_count() == 1;
     chunks_.push_back(usable ? std::exchange(spare_, nullptr) : std::make_shared<Chunk>());
     chunks_.back()->all = {};
+    chunkExtremes_.emplace_back();
   }
   std::shared_ptr<Chunk>& last = chunks_.back();
   if (last.use_count() > 1) last = std::make_shared<Chunk>(*last);
@@ -81,6 +84,7 @@ void PointSeries::append(double value) {
   block.add(value);
   chunk.all.add(value);
   coarse_.back().add(value);
+  chunkExtremes_.back().add(value);
   ++end_;
   dropOld();
 }
@@ -106,13 +110,12 @@ Sum PointSeries::summed(std::int64_t first, std::int64_t last) const {
   last = std::min(last, end_);
   Sum result;
   while (first < last) {
-    const Chunk& chunk = chunkOf(first);
     const std::int64_t from = first % kChunk;
     const std::int64_t to = std::min(kChunk, from + last - first);
     if (to - from == kChunk)
-      result.add(chunk.all);
+      addChunk(result, static_cast<std::size_t>(first / kChunk - firstChunk_));
     else
-      chunk.addTo(result, from, to);
+      chunkOf(first).addTo(result, from, to);
     first += to - from;
   }
   return result;

@@ -77,6 +77,8 @@ class PointSeries {
   }
   Chunk& chunkToFill();
   void dropOld();
+  void addChunk(Extremes& sum, std::size_t place) const { sum.add(chunkExtremes_[place]); }
+  void addChunk(Summary& sum, std::size_t place) const { sum.add(chunks_[place]->all); }
   template <class Sum>
   Sum summed(std::int64_t first, std::int64_t last) const;
 
@@ -85,7 +87,9 @@ class PointSeries {
   std::int64_t end_ = 0;
   std::int64_t firstChunk_ = 0;  ///< number of the first chunk that is stored
   std::vector<std::shared_ptr<Chunk>> chunks_;
-  std::vector<Extremes> coarse_;  ///< of the blocks of all chunks, close to one another
+  // Close to one another: a look at each chunk would cost a cache miss.
+  std::vector<Extremes> chunkExtremes_;
+  std::vector<Extremes> coarse_;  ///< of the blocks of all chunks
   std::shared_ptr<Chunk> spare_;  ///< dropped, to be filled again
 };
 

@@ -1,15 +1,19 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
+#include "platform/plotting/ColumnRows.h"
 #include "platform/plotting/ScrollingCanvas.h"
 
 namespace tarnlog {
 
 /// Draws a curve from left to right. What it does within a column becomes one span: each column takes the
 /// rows from where the curve enters it to before the one where it enters the next, so that steep lines have
-/// no holes and flat ones no double pixels.
+/// no holes and flat ones no double pixels. Columns are drawn many at a time.
 class CurvePen {
  public:
   CurvePen(ScrollingCanvas& canvas, std::uint32_t colour) : canvas_(canvas), colour_(colour) {}
@@ -28,11 +32,13 @@ class CurvePen {
   }
   /// Takes in these rows, wherever the line goes.
   void cover(int row) {
-    top_ = std::min(top_, row);
-    bottom_ = std::max(bottom_, row);
+    rows_.top = std::min(rows_.top, row);
+    rows_.bottom = std::max(rows_.bottom, row);
   }
   void lift() {
-    if (down_) canvas_.span(column_, top_, bottom_, colour_);
+    if (!down_) return;
+    finishColumn();
+    flush();
     down_ = false;
   }
 
@@ -41,7 +47,7 @@ class CurvePen {
     down_ = true;
     column_ = column;
     row_ = row;
-    top_ = bottom_ = static_cast<int>(row);
+    rows_.top = rows_.bottom = static_cast<int>(row);
   }
   void advance(std::int64_t column, double row) {
     const double rise = row - row_;
@@ -51,9 +57,18 @@ class CurvePen {
     for (; column_ < column; ++column_, next += slope) {
       const auto there = static_cast<int>(next);
       cover(there - (there > here ? 1 : 0) + (there < here ? 1 : 0));
-      canvas_.span(column_, top_, bottom_, colour_);
-      top_ = bottom_ = here = there;
+      finishColumn();
+      rows_.top = rows_.bottom = here = there;
     }
+  }
+  void finishColumn() {
+    if (count_ == finished_.size()) flush();
+    if (count_ == 0) first_ = column_;
+    finished_[count_++] = rows_;
+  }
+  void flush() {
+    canvas_.spans(first_, std::span(finished_).first(count_), colour_);
+    count_ = 0;
   }
 
   ScrollingCanvas& canvas_;
@@ -61,8 +76,10 @@ class CurvePen {
   bool down_ = false;
   std::int64_t column_ = 0;
   double row_ = 0;
-  int top_ = 0;  ///< rows that are covered in the column, both included
-  int bottom_ = 0;
+  ColumnRows rows_;                       ///< that are covered in the column
+  std::array<ColumnRows, 128> finished_;  ///< columns from `first_` on
+  std::size_t count_ = 0;
+  std::int64_t first_ = 0;
 };
 
 }  // namespace tarnlog

@@ -43,6 +43,32 @@ void ScrollingCanvas::column(std::int64_t column, std::uint32_t colour) {
   for (int y = 0, rows = height_; y < rows; ++y, pixel += stride) *pixel = colour;
 }
 
+/// A wider line takes what its neighbours take, too: since they touch, that is one stretch.
+void ScrollingCanvas::spans(std::int64_t from, std::span<const ColumnRows> columns, std::uint32_t colour) {
+  const auto count = static_cast<std::int64_t>(columns.size());
+  const std::int64_t before = pen_ - 1 + halo_;  // columns on the left of a point that it takes
+  const std::int64_t left = std::max(from - before, drawable_);
+  const std::int64_t right = std::min(from + count + halo_, endColumn());
+  if (left >= right) return;
+  widened_.clear();
+  for (std::int64_t x = left; x < right; ++x) {
+    const std::int64_t first = std::max<std::int64_t>(x - halo_ - from, 0);
+    const std::int64_t last = std::min(x + before - from, count - 1);
+    ColumnRows rows = columns[static_cast<std::size_t>(first)];
+    for (std::int64_t i = first + 1; i <= last; ++i) {
+      rows.top = std::min(rows.top, columns[static_cast<std::size_t>(i)].top);
+      rows.bottom = std::max(rows.bottom, columns[static_cast<std::size_t>(i)].bottom);
+    }
+    widened_.push_back(
+        {std::max(rows.top - halo_, 0), std::min(rows.bottom + pen_ - 1 + halo_, height_ - 1)});
+  }
+  const int start = place(left);
+  const auto beforeSeam = static_cast<std::size_t>(std::min<std::int64_t>(right - left, width_ - start));
+  const std::span<const ColumnRows> all = widened_;
+  paintColumns(pixels_.data() + start, width_, all.first(beforeSeam), colour);
+  paintColumns(pixels_.data(), width_, all.subspan(beforeSeam), colour);
+}
+
 void ScrollingCanvas::line(double x0, double y0, double x1, double y1, std::uint32_t colour) {
   if (x0 > x1) {
     std::swap(x0, x1);

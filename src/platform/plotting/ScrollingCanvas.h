@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/plotting/ColumnRows.h"
+
 namespace tarnlog {
 
 /// A small picture, row by row (0xffRRGGBB); its owner keeps the pixels.
@@ -56,6 +58,8 @@ class ScrollingCanvas {
   void column(std::int64_t column, std::uint32_t colour);
   /// Rows `top` to `bottom` of one column, whatever their order.
   void span(std::int64_t column, int top, int bottom, std::uint32_t colour);
+  /// The same for columns from `from` on, each of whose rows touch those of the next.
+  void spans(std::int64_t from, std::span<const ColumnRows> columns, std::uint32_t colour);
   /// A line between two points, ends included; the whole part of a coordinate is the pixel's number.
   void line(double x0, double y0, double x1, double y1, std::uint32_t colour);
   /// A column of which every `step`th pixel is drawn.
@@ -89,6 +93,7 @@ class ScrollingCanvas {
   std::int64_t first_ = 0;
   std::int64_t drawable_ = 0;  ///< first column that is not protected
   bool overlay_ = false;
+  std::vector<ColumnRows> widened_;                              ///< scratch, kept for its capacity
   std::vector<std::pair<std::uint32_t*, std::uint32_t>> below_;  ///< the overlay, in the order of its drawing
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };

@@ -7,13 +7,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QToolBar>
 
 #include "catalogue/FonctionsSelection.h"
 #include "tests/support/Gestures.h"
@@ -313,6 +311,29 @@ TEST_F(SelectScreen, AWalkWithMouseAndKeys) {
   EXPECT_FALSE(enabled("removeData"));
 }
 
+/// The button keeps the focus, which must not slip to "Remove data" under the finger.
+TEST_F(SelectScreen, AddIsEnabledWhileItAddsSomething) {
+  auto& add = child<QAbstractButton>("addData");
+  screen.setParameters(nullptr);
+  expand("Brakes");
+  expand("Wheels");
+  select({"Front"});
+  EXPECT_FALSE(add.isEnabled()) << "there is no configuration";
+  screen.setParameters(parameters);
+  expand("Brakes");
+  expand("Wheels");
+  select({"Brakes"});
+  EXPECT_FALSE(add.isEnabled()) << "an ECU stands for no data";
+  select({"Front"});
+  add.setFocus();
+  QTest::keyClick(&add, Qt::Key_Space);
+  EXPECT_TRUE(add.hasFocus());
+  QTest::keyClick(&add, Qt::Key_Space);
+  EXPECT_EQ(rows(), "Front *Rear");
+  EXPECT_FALSE(add.isEnabled()) << "the request has nothing left";
+  EXPECT_TRUE(list.hasFocus());
+}
+
 TEST_F(SelectScreen, TheShapeIsChosenWithTheToolbar) {
   const auto shape = [&](const char* key) { return screen.findChild<QAction*>(key); };
   EXPECT_TRUE(shape("R")->isChecked());
@@ -327,23 +348,6 @@ TEST_F(SelectScreen, TheShapeIsChosenWithTheToolbar) {
   screen.setXmlSession(document);
   EXPECT_TRUE(shape("R")->isChecked());
   EXPECT_EQ(shown(), "Brakes Engine");
-}
-
-TEST_F(SelectScreen, TabGoesThroughTheScreenAsItIsSeen) {
-  expand("Engine");
-  select({"Status"});
-  click("addData");
-  expand("Brakes");
-  select({"Wheels"});
-  auto& bar = child<QToolBar>("TbSelect");
-  bar.widgetForAction(bar.actions().front())->setFocus();
-  QStringList names;
-  for (int i = 0; i < 10; ++i) {
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    names << QApplication::focusWidget()->objectName();
-  }
-  EXPECT_EQ(fromQString(names.join(' ')),
-            "  filterAllData TreeAllData addData removeData dataUp dataDown filterToRecord ListDataToRecord");
 }
 
 TEST_F(SelectScreen, FiltersFindWhileTyping) {
@@ -414,20 +418,6 @@ TEST_F(SelectScreen, DragsFromTreeToListInsideTheListAndBack) {
   other.setXmlSession(document);
   other.setParameters(parameters);
   EXPECT_FALSE(drop(tree, {index("Speed")}, *other.findChild<QTreeView*>("ListDataToRecord"), -1));
-}
-
-TEST_F(SelectScreen, ColumnsShareTheListAndScaleWithIt) {
-  QHeaderView& header = *list.header();
-  const auto title = [&](int column) { return list.model()->headerData(column, Qt::Horizontal).toString(); };
-  EXPECT_EQ(title(0) + title(1) + title(2) + title(3), "DataRequestECUDevice");
-  const int before = list.viewport()->width();
-  EXPECT_NEAR(header.sectionSize(0), before / 3.0 - 4, 1);
-  EXPECT_NEAR(header.sectionSize(3), before / 6.0, 1);
-  header.resizeSection(0, 50);
-  screen.resize(1500, 500);
-  const double growth = static_cast<double>(list.viewport()->width()) / before;
-  EXPECT_NEAR(header.sectionSize(0), 50 * growth, 1);
-  EXPECT_NEAR(header.sectionSize(1), before / 3.0 * growth, 2);
 }
 
 TEST_F(SelectScreen, SaysWhichDataCannotBeRemovedAndWhatDataAre) {

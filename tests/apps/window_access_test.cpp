@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
@@ -14,35 +13,23 @@
 #include <QMimeData>
 #include <QRadioButton>
 #include <QTabBar>
-#include <QTest>
 #include <QTextBrowser>
 #include <QTreeView>
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
-#include <optional>
 #include <set>
 #include <system_error>
 
-#include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
 #include "apps/tarnlog/GuideFiles.h"
 #include "apps/tarnlog/LinkAdvice.h"
-#include "apps/tarnlog/RecorderWindow.h"
-#include "config/oTarnParameters.h"
 #include "platform/files/SystemFileSystem.h"
-#include "platform/settings/SettingsStore.h"
+#include "tests/apps/WindowRig.h"
 #include "tests/scenarios/Scenario.h"
-#include "tests/support/ManualLinkClock.h"
-#include "tests/support/ManualTimer.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "tests/support/ScriptedDialogs.h"
-#include "tests/support/SteppedClock.h"
 #include "ui/common/Convert.h"
 #include "ui/live/ReadingBox.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
-#include "ui/main/TarnMain.h"
 
 namespace tarnlog {
 namespace {
@@ -83,30 +70,24 @@ std::string described(const QWidget& widget) {
 }
 
 /// The program's window on a simulated car with "Engine/Status/Speed".
-struct WindowAccess : ::testing::Test {
+struct WindowAccess : ::testing::Test, test::WindowRig {
   WindowAccess() {
     files.files["/car.json"] = test::vehicleDescription({});
     files.files["/c.xml"] = test::configuration({});
-    environment.emplace(WindowEnvironment{{clock, timer, files, settings, dialogs, {}},
-                                          [this](const CarConnection& car, const LinkHooks& hooks) {
-                                            opened.push_back(car.vehicle + " " + car.link);
-                                            hooks.whileWaiting();
-                                            return host::openVehicle(car.vehicle, files, {}, linkClock,
-                                                                     [] {});
-                                          }});
-    environment->recorder.guide = {[this] { ++guideOpened; }, guideIn(TARNLOG_DOCS, system, {}).messages};
-    window.emplace(*environment);
+    WindowEnvironment environment{{clock, timer, files, settings, dialogs, {}},
+                                  [this](const CarConnection& car, const LinkHooks& hooks) {
+                                    opened.push_back(car.vehicle + " " + car.link);
+                                    hooks.whileWaiting();
+                                    return host::openVehicle(car.vehicle, files, {}, linkClock, [] {});
+                                  }};
+    environment.recorder.guide = {[this] { ++guideOpened; }, guideIn(TARNLOG_DOCS, system, {}).messages};
+    window.emplace(std::move(environment));
     window->resize(1000, 760);
     window->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&*window));
   }
-  void ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-      timer.fire();
-      linkClock.step(std::chrono::milliseconds(51));
-    }
-  }
-  void choose(const char* strip, int tab) { window->findChild<QTabBar*>(strip)->setCurrentIndex(tab); }
+  void TearDown() override { window.reset(); }  // before what it uses
+  void choose(const char* strip, int tab) { find<QTabBar>(strip)->setCurrentIndex(tab); }
   /// What is seen now: no control without a name, no button that the keyboard cannot reach.
   void look(const char* page) {
     QApplication::processEvents();
@@ -141,17 +122,12 @@ struct WindowAccess : ::testing::Test {
   }
   /// The menu of what has this name, which the menu key or the right button opens.
   void lookAtMenu(const char* owner) {
-    auto& widget = *window->findChild<QWidget*>(owner);
+    auto& widget = *find<QWidget>(owner);
     QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, widget.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&widget, &asked);
     ASSERT_NE(QApplication::activePopupWidget(), nullptr) << owner;
     look(owner);
     QApplication::activePopupWidget()->close();
-  }
-  /// F1 where the focus is.
-  void pressHelp() {
-    QWidget* const focus = window->focusWidget();
-    QTest::keyClick(focus == nullptr ? &*window : focus, Qt::Key_F1);
   }
   QWidget* help() {
     for (auto* const panel : window->findChildren<QWidget*>("KeyboardHelp"))
@@ -161,7 +137,7 @@ struct WindowAccess : ::testing::Test {
   void drop(const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);
-    QWidget* const page = window->findChild<QListWidget*>("vehicles")->parentWidget()->parentWidget();
+    QWidget* const page = find<QListWidget>("vehicles")->parentWidget()->parentWidget();
     QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(page, &enter);
     EXPECT_TRUE(enter.isAccepted());
@@ -170,15 +146,7 @@ struct WindowAccess : ::testing::Test {
     QApplication::processEvents();
   }
 
-  test::SteppedClock clock;
-  test::ManualLinkClock linkClock{&clock};
-  test::ManualTimer timer;
-  test::MemoryFileSystem files;
   SystemFileSystem system;  ///< the guide is the real one
-  MemorySettingsStore settings;
-  test::ScriptedDialogs dialogs;
-  std::optional<WindowEnvironment> environment;
-  std::optional<RecorderWindow> window;
   std::vector<std::string> opened;
   std::vector<std::string> unnamed;
   std::vector<std::string> unreached;
@@ -188,9 +156,9 @@ struct WindowAccess : ::testing::Test {
 
 TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
   walk("first page");
-  window->findChild<QAction*>("connectToCar")->trigger();
+  find<QAction>("connectToCar")->trigger();
   look("connect");
-  delete window->findChild<ConnectDialog*>();
+  delete find<ConnectDialog>();
   window->openVehicle("/car.json");
   window->openConfiguration("/c.xml");
   for (const char* const screen : {"data", "param", "scope", "initsce"}) {
@@ -198,7 +166,7 @@ TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
     walk(screen);
   }
   window->recorder().ctlTarnConfigure().chooseScreen("scope");
-  auto& types = *window->findChild<QComboBox*>("ScopeType");
+  auto& types = *find<QComboBox>("ScopeType");
   for (int type = 0; type < types.count(); ++type) {
     types.setCurrentIndex(type);
     look("a kind of display");
@@ -208,19 +176,19 @@ TEST_F(WindowAccess, EveryControlOfEveryPageHasANameAndIsReachedByKey) {
   choose("TabSmain", 1);
   ticks(12);
   for (const int shown : {0, 1}) {
-    window->findChild<QTabBar*>("TabStripVisu")->setCurrentIndex(shown);
+    find<QTabBar>("TabStripVisu")->setCurrentIndex(shown);
     walk("acquire");
   }
   lookAtMenu("GT1");
   QApplication::setActiveWindow(&*window);
-  window->findChild<QWidget*>("GT1")->setFocus();
+  find<QWidget>("GT1")->setFocus();
   for (const Qt::Key key : {Qt::Key_P, Qt::Key_Home, Qt::Key_A, Qt::Key_End, Qt::Key_B, Qt::Key_Left})
-    QTest::keyClick(window->findChild<QWidget*>("GT1"), key);
-  EXPECT_TRUE(window->findChild<QWidget*>("CursorBox")->isVisible());
+    QTest::keyClick(find<QWidget>("GT1"), key);
+  EXPECT_TRUE(find<QWidget>("CursorBox")->isVisible());
   look("looking back");
   lookAtMenu("GT1");
-  window->findChild<QTabBar*>("TabStripVisu")->setCurrentIndex(0);
-  window->findChild<QLineEdit*>("ListFilter")->setText("e");
+  find<QTabBar>("TabStripVisu")->setCurrentIndex(0);
+  find<QLineEdit>("ListFilter")->setText("e");
   look("filtered");
   for (const char* const owner : {"LVvisuText", "ListHeader", "log"}) lookAtMenu(owner);
   window->recorder().notices().showNotice("a", "b", {"c", "d"}, {"e", [] {}});
@@ -238,8 +206,8 @@ TEST_F(WindowAccess, WalksByKeyFromTheFirstPageToTheLog) {
   ASSERT_NE(window->focusWidget(), nullptr);
   QTest::keyClick(window->focusWidget(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(window->focusWidget()->objectName(), "filterAllData");
-  auto& tabs = *window->findChild<QTabBar*>("TabSmain");
-  QWidget* first = window->findChild<TarnMain*>();
+  auto& tabs = *find<QTabBar>("TabSmain");
+  QWidget* first = find<TarnMain>();
   while (first->focusPolicy() == Qt::NoFocus || !first->isVisible()) first = first->nextInFocusChain();
   EXPECT_EQ(first, &tabs);
   EXPECT_EQ(tabs.nextInFocusChain()->window(), &*window);
@@ -252,7 +220,7 @@ TEST_F(WindowAccess, WalksByKeyFromTheFirstPageToTheLog) {
   EXPECT_EQ(tabs.currentIndex(), 1);
   ticks(12);
   QTest::keyClick(window->focusWidget(), Qt::Key_P);
-  auto& pause = *window->findChild<QAbstractButton*>("pause");
+  auto& pause = *find<QAbstractButton>("pause");
   EXPECT_TRUE(pause.isChecked());
   pause.setFocus(Qt::TabFocusReason);
   QTest::keyClick(&pause, Qt::Key_Space);
@@ -275,57 +243,54 @@ TEST_F(WindowAccess, HelpOfEachPageComesAndGoesByKey) {
   look(window->focusWidget());
   window->openVehicle("/car.json");
   look(window->focusWidget());
-  look(window->findChild<QTabBar*>("TabSmain"));
+  look(find<QTabBar>("TabSmain"));
   choose("TabStripMain", 2);
-  look(window->findChild<QWidget*>("ListViewScope"));
+  look(find<QWidget>("ListViewScope"));
   choose("TabSmain", 1);
   ticks(12);
-  look(window->findChild<QTabBar*>("TabSmain"));
-  look(window->findChild<QWidget*>("CommandStartStop"));
+  look(find<QTabBar>("TabSmain"));
+  look(find<QWidget>("CommandStartStop"));
   choose("TabSmain", 2);
   ticks(2);
-  look(window->findChild<QWidget*>("logText"));
+  look(find<QWidget>("logText"));
   EXPECT_THAT(titles,
               ::testing::ElementsAre("Keys of the first page", "Keys of the data selection",
                                      "Keys of the data selection", "Keys of the display parameters",
                                      "Keys while acquiring", "Keys while acquiring", "Keys of the log"));
 
-  pressHelp();
+  QTest::keyClick(window->focusWidget(), Qt::Key_F1);
   ASSERT_NE(help(), nullptr);
   help()->findChild<QAbstractButton*>("openGuide")->click();
   EXPECT_EQ(guideOpened, 1);
   help()->findChild<QAbstractButton*>("showMessages")->click();
-  EXPECT_TRUE(window->findChild<QTextBrowser*>()->toPlainText().contains("no ECU answers"));
+  EXPECT_TRUE(find<QTextBrowser>()->toPlainText().contains("no ECU answers"));
   choose("TabSmain", 0);
   EXPECT_EQ(help(), nullptr) << "it was about another page";
 }
 
 TEST_F(WindowAccess, TakesFilesThatAreDroppedOnTheFirstPage) {
   drop({QUrl::fromLocalFile("/notes.pdf")});
-  EXPECT_THAT(fromQString(window->findChild<NoticeBar*>()->notice("dropped")),
-              HasSubstr("notes.pdf is no vehicle"));
+  EXPECT_THAT(fromQString(find<NoticeBar>()->notice("dropped")), HasSubstr("notes.pdf is no vehicle"));
   drop({QUrl::fromLocalFile("/drive.trace")});
   EXPECT_THAT(opened, Contains("obd2: replay:/drive.trace"));
-  EXPECT_TRUE(window->findChild<QListWidget*>("vehicles")->parentWidget()->isVisible());
+  EXPECT_TRUE(find<QListWidget>("vehicles")->parentWidget()->isVisible());
   drop({QUrl::fromLocalFile("/c.xml"), QUrl::fromLocalFile("/car.json")});
   EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
 }
 
 /// Each failure says what to do, in the words of the system's language.
 TEST(LinkAdvice, SaysWhatToDo) {
-  const auto advice = [](int error, const char* what, const char* vehicle, const char* link) {
-    const std::string text = std::string(what) + ": " + std::generic_category().message(error);
-    return fromQString(LinkAdvice::on(toQString(text), {vehicle, link}));
-  };
   const char* const port = "elm327:///dev/ttyUSB0";
-  EXPECT_THAT(advice(ENOENT, "the adapter cannot be reached: /dev/ttyUSB0", "obd2:", port),
-              HasSubstr("ls /dev/tty*"));
-  EXPECT_THAT(advice(ENOENT, "/drive.trace", "obd2:", "replay:/drive.trace"),
-              HasSubstr("choose the file again"));
-  EXPECT_THAT(advice(ENOENT, "/car.json", "/car.json", port), HasSubstr("choose the file again"));
-  EXPECT_THAT(advice(EACCES, "/dev/ttyUSB0", "obd2:", port), HasSubstr("dialout"));
-  EXPECT_THAT(advice(ECONNREFUSED, "192.168.0.10:35000", "obd2:", "elm327://192.168.0.10:35000"),
-              HasSubstr("Wi-Fi"));
+  const char* const adapter = "elm327://192.168.0.10:35000";
+  for (const auto& [error, what, vehicle, link, says] :
+       {std::tuple(ENOENT, "the adapter cannot be reached: /dev/ttyUSB0", "obd2:", port, "ls /dev/tty*"),
+        {ENOENT, "/drive.trace", "obd2:", "replay:/drive.trace", "choose the file again"},
+        {ENOENT, "/car.json", "/car.json", port, "choose the file again"},
+        {EACCES, "/dev/ttyUSB0", "obd2:", port, "dialout"},
+        {ECONNREFUSED, "192.168.0.10:35000", "obd2:", adapter, "Wi-Fi"}}) {
+    const std::string text = std::string(what) + ": " + std::generic_category().message(error);
+    EXPECT_THAT(fromQString(LinkAdvice::on(toQString(text), {vehicle, link})), HasSubstr(says));
+  }
   EXPECT_EQ(LinkAdvice::on("no ECU answers: is the ignition on?", {"obd2:", port}), "")
       << "it says so itself";
 }

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QClipboard>
-#include <QLineEdit>
 #include <QMenu>
 #include <QTreeView>
 
@@ -38,7 +36,7 @@ void chooseFromMenu(const QString& entry) {
   press(Qt::Key_Return);
 }
 
-TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheClipboard) {
+TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheSizeOfTexts) {
   ViewRig rig;
   rig.start();
   QApplication::processEvents();
@@ -89,18 +87,11 @@ TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheClipboard) {
   EXPECT_EQ(view().last(), 401) << "with what came meanwhile";
 
   const auto& list = rig.child<QTreeView>("LVvisuText");
-  const auto& filter = rig.child<QLineEdit>("ListFilter");
   press(Qt::Key_F, Qt::ControlModifier);
   EXPECT_EQ(focused(), "ListFilter");
-  for (const Qt::Key key : {Qt::Key_F, Qt::Key_P, Qt::Key_D, Qt::Key_G, Qt::Key_Space}) press(key);
-  EXPECT_EQ(filter.text(), "fpdg ");
-  EXPECT_FALSE(rig.view.paused());
   press(Qt::Key_Escape);
-  EXPECT_EQ(filter.text() + QString::fromStdString(focused()), "LVvisuText");
+  EXPECT_EQ(focused(), "LVvisuText");
 
-  press(Qt::Key_A, Qt::ControlModifier);
-  press(Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QGuiApplication::clipboard()->text().count('\n'), 1) << "two rows";
   chooseFromMenu("Maximum");
   rig.tick(50);
   EXPECT_EQ(list.model()->index(0, 3).data(), "199");

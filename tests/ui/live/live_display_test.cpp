@@ -65,24 +65,6 @@ TEST(LiveDisplay, ShowsTheCurrentValuesInEveryKindOfBlock) {
   EXPECT_GT(countOf(Qt::red, pictureOf(bar)), 0) << "the marker of the highest value";
 }
 
-TEST(LiveDisplay, DrawsAThousandBlocksOfAnythingAndFreesThem) {
-  LiveDisplay d(QSize(600, 1));
-  for (int i = 0; i < 1000; ++i) {
-    const DisplayKind kinds[] = {oTarnScope::kGraph, oTarnScope::kDigital, oTarnScope::kBarGraph};
-    d.add(i % 2 == 0 ? d.speed : d.gear, kinds[i % 3]);
-  }
-  EXPECT_GT(d.buildLive(), 0);
-  for (const ferrox3::Value& value : {ferrox3::Value(1e308), ferrox3::Value(ferrox3::Bytes{1, 2})}) {
-    d.gear.setValue(value);
-    d.feed(std::nan(""));
-    d.arrangeLive(QSize(d.window.width() == 1 ? 600 : 1, 1));
-    d.widget.grab(QRect(0, 0, 600, 400));
-  }
-  d.scope.ClearDisplay(d.widget.controls());
-  EXPECT_TRUE(d.widget.findChildren<CWGraph*>().isEmpty());
-  EXPECT_TRUE(d.widget.findChildren<TextLabel*>().isEmpty());
-}
-
 TEST(LiveDisplay, FreezesPictureAndValuesAndReleasesThemWhole) {
   LiveDisplay d;
   d.add(d.speed, oTarnScope::kGraph);

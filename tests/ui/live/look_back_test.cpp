@@ -150,14 +150,6 @@ TEST(GraphChoices, AreKeptForAllGraphsAndForOne) {
   d.settings.write("GraphTimes", "?");
   EXPECT_EQ(GraphChoices(&d.settings).megabytes(), GraphChoices().megabytes());
   EXPECT_TRUE(GraphChoices(&d.settings).times());
-  std::string many;
-  for (int i = 0; i < 600; ++i) many += std::to_string(1000 + i) + '\t';
-  d.settings.write("GraphOwnScales", many);
-  GraphChoices full(&d.settings);
-  for (const char* const name : {"1001", "new"}) {
-    full.setOwnScales(name, true);
-    EXPECT_TRUE(full.ownScales(name)) << name;
-  }
 }
 
 }  // namespace

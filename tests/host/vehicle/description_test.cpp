@@ -171,47 +171,39 @@ TEST(Description, IsWrittenAsItIsRead) {
   }
 }
 
-struct FieldCase {
-  const char* what;
-  BitField field;
-  const char* response;
-  std::int64_t raw;
-};
-
 constexpr ByteOrder kBig = ByteOrder::big;
 constexpr ByteOrder kLittle = ByteOrder::little;
 
-// byte, bytes, bit, bits, order, signed
-const FieldCase kFields[] = {
-    {"one byte", {2, 1, 0, 8, kBig, false}, "61 80 FE", 0xFE},
-    {"one byte signed", {2, 1, 0, 8, kBig, true}, "61 80 FE", -2},
-    {"most significant first", {2, 2, 0, 16, kBig, false}, "61 80 13 5F", 0x135F},
-    {"least significant first", {2, 2, 0, 16, kLittle, false}, "61 80 13 5F", 0x5F13},
-    {"three bytes signed", {1, 3, 0, 24, kBig, true}, "61 FF FF 85", -123},
-    {"four bytes", {0, 4, 0, 32, kBig, false}, "FF FF FF FE", 0xFFFFFFFE},
-    {"four bytes signed", {0, 4, 0, 32, kLittle, true}, "00 00 00 80", -2147483648LL},
-    {"the top bit", {1, 1, 7, 1, kBig, false}, "61 80", 1},
-    {"a bit of a 16-bit word", {1, 2, 8, 1, kBig, false}, "61 01 00", 1},
-    {"a bit of a little-endian word", {1, 2, 8, 1, kLittle, false}, "61 00 01", 1},
-    {"bits across bytes", {0, 2, 6, 4, kBig, true}, "02 40", -7},
-    {"31 bits from bit 1", {0, 4, 1, 31, kBig, false}, "FF FF FF FF", 0x7FFFFFFF},
-};
-
 TEST(BitField, ReadsAndWritesWhatStandsInTheResponse) {
-  for (const FieldCase& test : kFields) {
-    SCOPED_TRACE(test.what);
-    const auto response = *bytesFromHex(test.response);
-    const std::uint32_t pattern = readBits(test.field, response.data());
-    EXPECT_EQ(rawNumber(test.field, pattern), test.raw);
-    EXPECT_GE(test.raw, test.field.lowest());
-    EXPECT_LE(test.raw, test.field.highest());
+  // byte, bytes, bit, bits, order, signed; the response and what stands there
+  const std::tuple<BitField, const char*, std::int64_t> fields[] = {
+      {{2, 1, 0, 8, kBig, false}, "61 80 FE", 0xFE},
+      {{2, 1, 0, 8, kBig, true}, "61 80 FE", -2},
+      {{2, 2, 0, 16, kBig, false}, "61 80 13 5F", 0x135F},
+      {{2, 2, 0, 16, kLittle, false}, "61 80 13 5F", 0x5F13},
+      {{1, 3, 0, 24, kBig, true}, "61 FF FF 85", -123},
+      {{0, 4, 0, 32, kBig, false}, "FF FF FF FE", 0xFFFFFFFE},
+      {{0, 4, 0, 32, kLittle, true}, "00 00 00 80", -2147483648LL},
+      {{1, 1, 7, 1, kBig, false}, "61 80", 1},
+      {{1, 2, 8, 1, kBig, false}, "61 01 00", 1},
+      {{1, 2, 8, 1, kLittle, false}, "61 00 01", 1},
+      {{0, 2, 6, 4, kBig, true}, "02 40", -7},
+      {{0, 4, 1, 31, kBig, false}, "FF FF FF FF", 0x7FFFFFFF},
+  };
+  for (const auto& [field, hex, raw] : fields) {
+    SCOPED_TRACE(hex);
+    const auto response = *bytesFromHex(hex);
+    const std::uint32_t pattern = readBits(field, response.data());
+    EXPECT_EQ(rawNumber(field, pattern), raw);
+    EXPECT_GE(raw, field.lowest());
+    EXPECT_LE(raw, field.highest());
 
     // Written into all ones and all zeros, it reads back and leaves the other bits.
     for (const std::uint8_t filling : {std::uint8_t{0}, std::uint8_t{0xFF}}) {
       std::vector<std::uint8_t> other(response.size(), filling);
-      writeBits(test.field, pattern, other.data());
-      EXPECT_EQ(readBits(test.field, other.data()), pattern);
-      writeBits(test.field, filling == 0 ? 0 : 0xFFFFFFFF, other.data());
+      writeBits(field, pattern, other.data());
+      EXPECT_EQ(readBits(field, other.data()), pattern);
+      writeBits(field, filling == 0 ? 0 : 0xFFFFFFFF, other.data());
       EXPECT_EQ(other, std::vector<std::uint8_t>(response.size(), filling));
     }
   }

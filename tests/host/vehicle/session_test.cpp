@@ -100,8 +100,8 @@ TEST(VehicleSession, ValuesFollowTheResponse) {
   EXPECT_EQ(car.speeds({"61 80 13 5F 01 FE"}), "1239,8 | Pressed | -2");
   EXPECT_EQ(car.value("Speeds", "Speed"), ferrox3::Value(1239.75));
   EXPECT_EQ(car.value("Speeds", "Gear"), ferrox3::Value(-2));
-  EXPECT_EQ(car.request("Speeds").sentText(), "21 80");
-  EXPECT_EQ(car.request("Speeds").receivedText(), "61 80 13 5F 01 FE");
+  EXPECT_EQ(car.request("Speeds").sentText() + ": " + car.request("Speeds").receivedText(),
+            "21 80: 61 80 13 5F 01 FE");
   EXPECT_EQ(car.speeds({"61 80 00 00 00 FF"}), "0,0 | Released | ---");
   EXPECT_EQ(car.speeds({"61 80 00 04 02 00"}), "1,0 | Released | 0");
 

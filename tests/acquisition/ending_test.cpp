@@ -10,8 +10,7 @@ namespace {
 using test::AcqRig;
 
 void expectReleased(const AcqRig& rig) {
-  EXPECT_EQ(rig.session.unfinishedLists, 0);
-  EXPECT_EQ(rig.session.unfinishedPollSets, 0);
+  EXPECT_EQ(rig.session.unfinishedLists + rig.session.unfinishedPollSets, 0);
   EXPECT_EQ(rig.acq.AcqState(), TarnAcq::kIdle);
   EXPECT_FALSE(rig.timer.enabled());
 }

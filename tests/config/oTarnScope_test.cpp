@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/ferrox3/Value.h"
 
 using namespace tarnlog;
@@ -34,12 +36,11 @@ TEST(Scope, ABarStaysAsItIsAndOtherDisplaysStartAnew) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetSlide("first", 1, 2, 3);
   scope.SetSlide("second", 4, 5, 6);
-  EXPECT_EQ(scope.oTarnSlide()->Caption, "first");
   scope.ChangeAxeY(false, -5, 5);
   scope.ChangeColor(1);
   scope.ChangeAxeXNbPoints(9);
-  EXPECT_EQ(scope.oTarnSlide()->mini, -5);
-  EXPECT_EQ(scope.oTarnSlide()->Color, 1);
+  const oTarnSlide& bar = *scope.oTarnSlide();
+  EXPECT_EQ(std::tuple(bar.Caption, bar.mini, bar.Color), std::tuple("first", -5, 1));
   scope.SetGraph("first", false, 1, 2, 3, 4);
   scope.setScopeType(oTarnScope::kGraph);
   EXPECT_EQ(scope.oTarnGraph()->Caption, "");
@@ -55,10 +56,9 @@ TEST(Scope, NumbersThatDoNotFitAreRoundedOrLeftOut) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.SetNumeric("", {-1, 20, 0, -7});
   const DisplayPosition& position = scope.oTarnNumeric()->position;
-  EXPECT_EQ(position.left, -1);
-  EXPECT_EQ(position.top, 20);
-  EXPECT_EQ(position.width, 0);
-  EXPECT_EQ(position.height, -1) << "only positions from 0 up are taken";
+  EXPECT_EQ(std::tuple(position.left, position.top, position.width, position.height),
+            std::tuple(-1, 20, 0, -1))
+      << "only positions from 0 up are taken";
   for (const auto& [reference, rounded] : {std::pair(2.5F, 2), {3.5F, 4}}) {
     scope.SetGraphIndex(0, reference);
     EXPECT_EQ(*scope.graphReference(), rounded) << "halves to even";
@@ -69,10 +69,8 @@ TEST(Scope, NoDisplayKeepsWhatTheItemIsAndAssigningItForgets) {
   oTarnScope scope = scopeOf(ferrox3::kDouble);
   scope.setScopeType(oTarnScope::kGraph);
   scope.SetNone();
-  EXPECT_EQ(scope.DataKey, "c7");
-  EXPECT_EQ(scope.FunctionAddress, 16);
+  EXPECT_EQ(std::tuple(scope.DataKey, scope.FunctionAddress), std::tuple("c7", 16));
   EXPECT_EQ(scope.oTarnGraph(), nullptr);
   scope.setScopeType(oTarnScope::kNone);
-  EXPECT_EQ(scope.DataKey, "");
-  EXPECT_EQ(scope.FunctionAddress, oTarnScope::kNoAddress);
+  EXPECT_EQ(std::tuple(scope.DataKey, scope.FunctionAddress), std::tuple("", oTarnScope::kNoAddress));
 }

@@ -33,8 +33,8 @@ TEST(RegisterParameters, DefaultStandsWhereNothingUsefulIsStored) {
   const oTarnParameters parameters{failing};
   EXPECT_EQ(parameters.fileFormat, ".txt");
   EXPECT_EQ(parameters.recordingPeriod, 1);
-  EXPECT_EQ(parameters.startTrigger->modeTrigger, 0);
-  EXPECT_EQ(parameters.stopTrigger->modeTrigger, 1);
+  EXPECT_EQ(std::pair(parameters.startTrigger->modeTrigger, parameters.stopTrigger->modeTrigger),
+            std::pair(0, 1));
   for (const char* period : {"soon", "-3", "99999999999"}) {
     SetRegisterParameter(store, 2, period);
     EXPECT_EQ(oTarnParameters(store).recordingPeriod, 1) << period;

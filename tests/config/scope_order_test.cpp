@@ -2,6 +2,7 @@
 
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "config/StoredReferences.h"
@@ -56,9 +57,7 @@ TEST(ChangeScopeOrder, ConvertedItemsKeepTheirLooks) {
   list.moved("a", "c");
   ASSERT_EQ(list.text(), "b:G c:X1 a:G");
   const oTarnGraph& curve = *list.Item("b")->oTarnGraph();
-  EXPECT_EQ(curve.Caption, "Load");
-  EXPECT_EQ(curve.Color, 0x123456);
-  EXPECT_TRUE(curve.AxeYAuto);
+  EXPECT_EQ(std::tuple(curve.Caption, curve.Color, curve.AxeYAuto), std::tuple("Load", 0x123456, true));
 
   ScopeList axis("a:G b:X1");
   axis.Item("b")->ChangeCaption("Axis");

@@ -385,6 +385,22 @@ TEST(CWSlide, ShowsMarkersInsideAnyAxis) {
 }
 
 /// Keys that were refused one by one left digits that made another number.
+TEST(CWNumEdit, StepsByKeysWithinLimitsInTheUsersLocale) {
+  CWNumEdit edit;
+  edit.setLocale(QLocale(QLocale::French));
+  edit.setRange(0, 20);
+  edit.setSingleStep(0.5);
+  edit.setFastStep(8);
+  const auto after = [&](Qt::Key key) {
+    QTest::keyClick(&edit, key);
+    return edit.text().toStdString();
+  };
+  EXPECT_EQ(after(Qt::Key_Up), "0,5");
+  EXPECT_EQ(after(Qt::Key_PageUp), "8,5");
+  EXPECT_EQ(after(Qt::Key_PageUp), "16,5");
+  EXPECT_EQ(after(Qt::Key_PageUp), "20");
+}
+
 TEST(CWNumEdit, ReadsTheWholeEntryOrRefusesItAsAWhole) {
   struct Case {
     QLocale::Language language;

@@ -287,10 +287,19 @@ TEST(TarnMain, BeginsAnewWithASecondSessionAndHasNoneWhenItCannotBeRead) {
   EXPECT_THAT(rig.log(), ElementsAre("Session not defined, unable to acquire data"));
 }
 
+/// After it was hidden while it recorded, and when there is nothing to record any more.
 TEST(TarnMain, LooksIdleWhenNothingIsAcquired) {
   MainRig rig;
   rig.acquire();
   const auto& button = rig.child<QAbstractButton>("CommandStartStop");
+  rig.pressRecord();
+  rig.main.hide();
+  EXPECT_EQ(button.text(), "Stop recording");
+  rig.main.show();
+  EXPECT_EQ(button.text(), "Start recording");
+  rig.main.ctlTarnAcq().StartReadingData();
+  rig.tickUntil(TarnAcq::kCommunicate);
+  rig.ticks(1);
   rig.pressRecord();
   EXPECT_EQ(button.text(), "Stop recording");
   rig.main.ctlTarnAcq().Parameters()->RemoveAll();

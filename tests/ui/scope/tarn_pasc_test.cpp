@@ -412,6 +412,8 @@ TEST_F(ScopeScreen, TheListTakesWhatTheEditorsLeave) {
     EXPECT_EQ(frame.width(), editors);
     EXPECT_EQ(frame.x() + editors, width - screen_.layout()->contentsMargins().right());
     EXPECT_EQ(view_->geometry().right() + 1, frame.x() - screen_.layout()->spacing());
+    EXPECT_EQ(view_->columnWidth(0), view_->width() * 30 / 100);
+    EXPECT_EQ(view_->columnWidth(3), view_->width() * 20 / 100 - 4);
   }
 }
 

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QToolBar>
 
 #include "catalogue/FonctionsSelection.h"
 #include "tests/support/Gestures.h"
@@ -434,6 +435,23 @@ TEST_F(SelectScreen, SaysWhichDataCannotBeRemovedAndWhatDataAre) {
   EXPECT_EQ(fromQString(box->text()), "Internal error, data Speed not found");
   EXPECT_EQ(rows(), "*Speed");
   EXPECT_EQ(edits.count(), 1);
+}
+
+TEST_F(SelectScreen, TabGoesThroughTheScreenAsItIsSeen) {
+  expand("Engine");
+  select({"Status"});
+  click("addData");
+  expand("Brakes");
+  select({"Wheels"});
+  auto& bar = child<QToolBar>("TbSelect");
+  bar.widgetForAction(bar.actions().front())->setFocus();
+  QStringList names;
+  for (int i = 0; i < 10; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    names << QApplication::focusWidget()->objectName();
+  }
+  EXPECT_EQ(fromQString(names.join(' ')),
+            "  filterAllData TreeAllData addData removeData dataUp dataDown filterToRecord ListDataToRecord");
 }
 
 }  // namespace

@@ -7,12 +7,12 @@
 
 #include "bench/support/Goals.h"
 #include "bench/support/Loopback.h"
-#include "bench/support/LoopbackServer.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/link/doip/DoipLink.h"
 #include "host/link/stream/TcpStream.h"
 #include "host/service/HexText.h"
 #include "tests/support/Asking.h"
+#include "tests/support/LoopbackServer.h"
 
 namespace {
 
@@ -27,8 +27,8 @@ const Bytes kAnswers = *host::bytesFromHex(
     "02 FD 80 01 00 00 00 0C 10 01 0E 00 62 F1 90 01 02 03 04 05");
 
 /// Grants the connection and answers each request after `latency`: the acknowledgement and the data.
-bench::LoopbackServer gateway(std::chrono::milliseconds latency) {
-  return bench::LoopbackServer([latency](bench::LoopbackConnection& tester) {
+test::LoopbackServer gateway(std::chrono::milliseconds latency) {
+  return test::LoopbackServer([latency](test::LoopbackConnection& tester) {
     Bytes activation(kActivation.size());
     tester.read(activation);
     tester.write(kGranted);
@@ -51,7 +51,7 @@ class BareTester {
   }
 
  private:
-  bench::LoopbackConnection connection_;
+  test::LoopbackConnection connection_;
   Bytes answers_ = kAnswers;
 };
 
@@ -80,8 +80,8 @@ class ReadyLink {
 };
 
 void race(benchmark::State& state, std::chrono::milliseconds latency, int requests) {
-  const bench::LoopbackServer server = gateway(latency);
-  const bench::LoopbackServer bareServer = gateway(latency);
+  const test::LoopbackServer server = gateway(latency);
+  const test::LoopbackServer bareServer = gateway(latency);
   ReadyLink link(server.port());
   BareTester bare(bareServer.port());
   bench::raceRequests(

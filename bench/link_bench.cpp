@@ -10,11 +10,11 @@
 
 #include "bench/support/Goals.h"
 #include "bench/support/Loopback.h"
-#include "bench/support/LoopbackServer.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/link/elm/Elm327Link.h"
 #include "host/link/stream/TcpStream.h"
 #include "tests/support/Asking.h"
+#include "tests/support/LoopbackServer.h"
 
 namespace {
 
@@ -34,8 +34,8 @@ std::string_view answerTo(std::string_view line) {
 }
 
 /// Answers each line after `latency`.
-bench::LoopbackServer adapter(std::chrono::milliseconds latency) {
-  return bench::LoopbackServer([latency](bench::LoopbackConnection& tester) {
+test::LoopbackServer adapter(std::chrono::milliseconds latency) {
+  return test::LoopbackServer([latency](test::LoopbackConnection& tester) {
     std::array<std::uint8_t, 256> bytes{};
     std::string line;
     for (std::size_t count = tester.readSome(bytes); count > 0; count = tester.readSome(bytes))
@@ -51,7 +51,7 @@ bench::LoopbackServer adapter(std::chrono::milliseconds latency) {
   });
 }
 
-void sendAndWait(bench::LoopbackConnection& connection) {
+void sendAndWait(test::LoopbackConnection& connection) {
   std::array<std::uint8_t, 256> bytes{};
   connection.write(bytesOf(kRequest));
   for (std::size_t count = 1; count > 0 && std::find(bytes.begin(), bytes.end(), '>') == bytes.end();)
@@ -80,10 +80,10 @@ class ReadyLink {
 };
 
 bench::Rates race(benchmark::State& state, std::chrono::milliseconds latency, int requests) {
-  const bench::LoopbackServer server = adapter(latency);
-  const bench::LoopbackServer bareServer = adapter(latency);
+  const test::LoopbackServer server = adapter(latency);
+  const test::LoopbackServer bareServer = adapter(latency);
   ReadyLink link(server.port());
-  bench::LoopbackConnection bare(bench::connectedSocket(bareServer.port()));
+  test::LoopbackConnection bare(bench::connectedSocket(bareServer.port()));
   return bench::raceRequests(
       state, requests, [&] { return link.request(); }, [&] { sendAndWait(bare); });
 }

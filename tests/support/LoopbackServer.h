@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace tarnlog::bench {
+namespace tarnlog::test {
 
 /// The far end of one TCP connection, for a scripted peer; its reads block.
 class LoopbackConnection {
@@ -76,4 +76,4 @@ class LoopbackServer {
   std::thread thread_;
 };
 
-}  // namespace tarnlog::bench
+}  // namespace tarnlog::test

@@ -41,15 +41,7 @@ class ConfigurationFixture : public testing::Test {
   std::string dropped() const { return text(report.data); }
   std::string droppedRequests() const { return text(report.scenarioRequests); }
 
-  /// The items in order: "1 Speed G, 2 Load I1".
-  std::string items() const {
-    std::string text;
-    for (oTarnScope& scope : parameters) {
-      text += (text.empty() ? "" : ", ") + std::to_string(scope.index) + " " + scope.DataName + " " +
-              displayText(scope);
-    }
-    return text;
-  }
+  std::string items() const { return scopesText(parameters, &oTarnScope::DataName); }
 
   /// One "Data" element: `data("1", "Engine/Status/Speed", "Graph", "caption='x'")`.
   static std::string data(const std::string& index, const std::string& path, const std::string& type = "None",

@@ -19,16 +19,9 @@ class ScopeList : public oTarnParameters {
     for (std::string word; words >> word;) add(word);
   }
 
-  /// The items as they stand; an `index` that is not the position shows behind a "#". What triggers watch
-  /// follows: "start=2 stop=1".
+  /// The items as they stand. What triggers watch follows: "start=2 stop=1".
   std::string text() const {
-    std::string text;
-    std::int32_t position = 0;
-    for (oTarnScope& scope : *this) {
-      if (!text.empty()) text += ' ';
-      text += scope.DataKey + ":" + displayText(scope);
-      if (scope.index != ++position) text += "#" + std::to_string(scope.index);
-    }
+    std::string text = scopesText(*this, &oTarnScope::DataKey);
     if (startTrigger->typeTrigger == oTarnTrigger::kChannel)
       text += " start=" + std::to_string(startTrigger->DataIndex);
     if (stopTrigger->typeTrigger == oTarnTrigger::kChannel)
@@ -60,10 +53,5 @@ class ScopeList : public oTarnParameters {
     AddScope(std::move(scope));
   }
 };
-
-inline void watch(oTarnTrigger& trigger, std::int32_t index) {
-  trigger.typeTrigger = oTarnTrigger::kChannel;
-  trigger.DataIndex = index;
-}
 
 }  // namespace tarnlog::test

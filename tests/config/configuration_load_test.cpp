@@ -90,7 +90,7 @@ TEST_F(ConfigurationLoad, DisplaySettingsTakeLeadingNumbersAndTheirOwnDefaults) 
                     data("2", "Engine/Status/Load", "GraphAxeX", "index='3'") +
                     data("3", "Engine/Status/Key", "BarGraph", "mini='-1e3'") +
                     data("4", "Engine/Status/Mode", "Gauge") + digital);
-  EXPECT_EQ(items(), "1 Speed G, 2 Load X3, 3 Key B, 4 Mode N, 5 Raw D");
+  EXPECT_EQ(items(), "Speed:G Load:X3 Key:B Mode:N Raw:D");
   const oTarnGraph& graph = *parameters.Item("c2")->oTarnGraph();
   EXPECT_EQ(graph.points, 2);
   EXPECT_EQ(graph.AxeYmaxi, 1);
@@ -114,7 +114,7 @@ TEST_F(ConfigurationLoad, DropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
       data("1", "Engine/Status/Torque") + data("2", "Engine/Status/Speed", "Graph") +
           data("3", "Engine/Status/Speed") + data("4", "Gearbox/Status/Speed") +
           data("7", "Brakes/Wheels/Rear", "GraphIndex", "index=\"2\""));
-  EXPECT_EQ(items(), "2 Speed G, 7 Rear I2");
+  EXPECT_EQ(items(), "Speed:G#2 Rear:I2#7");
   EXPECT_EQ(dropped(), "Engine/Status/Torque Engine/Status/Speed= Gearbox/Status/Speed");
   EXPECT_EQ(droppedRequests(), "/Reset Engine/Reset Engine/Reset Engine/Launch");
   ASSERT_EQ(parameters.initScenario->Count(), 2);
@@ -145,7 +145,7 @@ TEST_F(ConfigurationLoad, OldVersionBecomesGraphsNumberedWithoutGaps) {
       "<Tarnlog2000 Version=\"1,0\"><PlotColor>255</PlotColor><PointsToDisplay>200</PointsToDisplay><Datas>" +
       old("Speed") + old("Torque") + old("Speed") + old("Mode") + old("Load") +
       "<Data/></Datas></Tarnlog2000>");
-  EXPECT_EQ(items(), "1 Speed G, 2 Mode N, 3 Load G");
+  EXPECT_EQ(items(), "Speed:G Mode:N Load:G");
   EXPECT_EQ(dropped(), "Engine/Status/Torque Engine/Status/Speed= /");
   EXPECT_EQ(parameters.recordingPeriod, 9);
   EXPECT_EQ(parameters.filePrefix, "kept");

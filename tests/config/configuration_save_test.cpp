@@ -53,7 +53,7 @@ TEST_F(ConfigurationSave, ReadsBackWhatItWroteUnderAnyLocale) {
   std::setlocale(LC_ALL, "de_DE.UTF-8");  // where there is one
   load(first);
   EXPECT_EQ(dropped() + droppedRequests(), "");
-  EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key B, 4 Front X1, 5 Mode D, 6 Raw N");
+  EXPECT_EQ(items(), "Speed:G Load:I1 Key:B Front:X1 Mode:D Raw:N");
   EXPECT_EQ(parameters.userDescription + parameters.filePrefix, comment + "a\tb\n'c'");
   EXPECT_EQ(parameters.startTrigger->level, 0.1);
   EXPECT_EQ(parameters.Item("c2")->oTarnGraph()->AxeYmaxi, 1.0 / 3);

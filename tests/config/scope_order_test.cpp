@@ -136,11 +136,11 @@ TEST_F(StoredReferences, AfterALoadThatDroppedItemsEverythingMeansTheSameData) {
           data("6", "Brakes/Wheels/Front", "GraphAxeX", "index=\"2\"") +
           data("7", "Brakes/Wheels/Rear", "GraphAxeX", "index=\"5\""));
   mapStoredReferences(parameters);
-  EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key I0, 4 Front X1, 5 Rear X0");
+  EXPECT_EQ(items(), "Speed:G Load:I1 Key:I0 Front:X1 Rear:X0");
   EXPECT_EQ(parameters.startTrigger->DataIndex, 4);
   EXPECT_EQ(parameters.stopTrigger->typeTrigger, oTarnTrigger::kManual);
   parameters.CheckAndCorrect();
-  EXPECT_EQ(items(), "1 Speed G, 2 Load I1, 3 Key G, 4 Front X1, 5 Rear G");
+  EXPECT_EQ(items(), "Speed:G Load:I1 Key:G Front:X1 Rear:G");
 }
 
 TEST(StoredReferencesByNumber, OfItemsWithOneNumberTheLastIsWatchedAndTheFirstGraphDrawnOn) {

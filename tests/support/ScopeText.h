@@ -18,6 +18,24 @@ inline std::string displayText(oTarnScope& scope) {
   return text;
 }
 
+/// The items in order, by key or by name: "Speed:G Load:I1"; an `index` that is not the position shows behind
+/// a
+/// "#".
+inline std::string scopesText(const oTarnParameters& parameters, std::string oTarnScope::*name) {
+  std::string text;
+  std::int32_t position = 0;
+  for (oTarnScope& scope : parameters) {
+    text += (text.empty() ? "" : " ") + scope.*name + ":" + displayText(scope);
+    if (scope.index != ++position) text += "#" + std::to_string(scope.index);
+  }
+  return text;
+}
+
+inline void watch(oTarnTrigger& trigger, std::int32_t index) {
+  trigger.typeTrigger = oTarnTrigger::kChannel;
+  trigger.DataIndex = index;
+}
+
 /// Adds this datum to a configuration, without a display.
 inline oTarnScope& addScope(oTarnParameters& parameters, const ScriptedData& data) {
   auto scope = std::make_unique<oTarnScope>();

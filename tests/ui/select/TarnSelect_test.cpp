@@ -31,16 +31,7 @@ struct SmallSelection : testing::Test {
       std::make_shared<SessionDocument>(std::move(SmallVehicle().catalogue));
   std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(MemorySettingsStore());
 
-  /// The items in order: "Speed:G Load:I1 Key:D"; an `index` that is not the position shows behind a "#".
-  std::string items() const {
-    std::string text;
-    std::int32_t position = 0;
-    for (oTarnScope& scope : *parameters) {
-      text += (text.empty() ? "" : " ") + scope.DataName + ":" + displayText(scope);
-      if (scope.index != ++position) text += "#" + std::to_string(scope.index);
-    }
-    return text;
-  }
+  std::string items() const { return scopesText(*parameters, &oTarnScope::DataName); }
   oTarnScope& item(const std::string& name) const {
     for (oTarnScope& scope : *parameters)
       if (scope.DataName == name) return scope;
@@ -69,10 +60,6 @@ struct Selection : SmallSelection {
     bool added = false;
     for (const std::string& name : names) added |= addTogether({name});
     return added;
-  }
-  void watch(std::int32_t position) {
-    parameters->startTrigger->typeTrigger = oTarnTrigger::kChannel;
-    parameters->startTrigger->DataIndex = position;
   }
   std::string tree() { return treeText(rules.tree()); }
   /// The rows: "Speed [Load]", the selected one in brackets.
@@ -103,7 +90,7 @@ TEST_F(Selection, AddingMakesItemsWithIdentityAndDefaultDisplay) {
             std::tuple(true, 250, 500, -1));
 
   speed.SetGraphIndex(0, 1);
-  watch(3);
+  watch(*parameters->startTrigger, 3);
   EXPECT_TRUE(addTogether({"Front", "Rear"}, 0));
   EXPECT_EQ(items(), "Front:G Rear:G Key:G Mode:D Speed:I3");
   EXPECT_EQ(list(), "Front [Rear] Key Mode Speed") << "the rest moves down";
@@ -163,7 +150,7 @@ TEST_F(Selection, UndoPutsBackItemsTheirPlacesAndWhatReferredToThem) {
   item("Load").SetGraphIndex(0x123456, 2);
   item("Load").ChangeCaption("Torque");
   item("Key").SetGraphAxeX("", true, 0, 100, 2);
-  watch(2);
+  watch(*parameters->startTrigger, 2);
   const std::string before = items();
   EXPECT_EQ(before, "Mode:D Speed:G Load:I2 Key:X2");
   rules.removeData({0, 1}, 0);

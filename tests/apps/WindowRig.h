@@ -7,22 +7,14 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "platform/settings/FileSettingsStore.h"
-#include "tests/support/ManualLinkClock.h"
-#include "tests/support/ManualTimer.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/RecorderParts.h"
 #include "tests/support/ScriptedDialogs.h"
 #include "ui/main/TarnMain.h"
 
 namespace tarnlog::test {
 
 /// The program's window with files, time and the user's answers in the test's hands.
-struct WindowRig {
-  void ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-      timer.fire();
-      linkClock.step(std::chrono::milliseconds(51));
-    }
-  }
+struct WindowRig : SteppedParts {
   template <class Kind>
   Kind* find(const char* name = nullptr) {
     return window->findChild<Kind*>(QLatin1String(name));
@@ -31,10 +23,6 @@ struct WindowRig {
   std::string title() { return fromQString(window->windowTitle()); }
   TarnAcq& acq() { return window->recorder().ctlTarnAcq(); }
 
-  SteppedClock clock;
-  ManualLinkClock linkClock{&clock};
-  ManualTimer timer;
-  MemoryFileSystem files;
   FileSettingsStore settings{files, "/cfg/settings"};
   ScriptedDialogs dialogs;
   std::optional<RecorderWindow> window;

@@ -10,25 +10,34 @@
 
 namespace tarnlog::test {
 
-/// A recorder on a scripted vehicle: one ECU "Engine" (function "Injection") with the request "Status" and
-/// its data "Speed" in km/h, recorded into /rec. The test sets `parameters`, starts, and steps polling
-/// cycles.
-class AcqRig : public RecorderParts {
+/// A scripted vehicle: one ECU "Engine" (function "Injection") with the request "Status" and its data "Speed"
+/// in km/h; and what is recorded of it into /rec, a row each polling cycle.
+struct ScriptedDrive : RecorderParts {
+  ScriptedDrive() {
+    parameters->fileFolder = "/rec";
+    parameters->recordingPeriod = 0;
+  }
+  oTarnScope& add(const ScriptedData& data) { return addScope(*parameters, data); }
+
+  ScriptedSession session;
+  ScriptedEcu& engine = session.addEcu("Engine", "Injection", 0x10);
+  ScriptedRequest& status = engine.addRequest("Status", "21 80");
+  ScriptedData& speed = status.addData("Speed", ferrox3::kDouble, "km/h");
+  std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(settings);
+};
+
+/// A recorder of the speed. The test sets `parameters`, starts, and steps polling cycles.
+class AcqRig : public ScriptedDrive {
  public:
   AcqRig() {
     add(speed);
-    parameters->fileFolder = "/rec";
-    parameters->recordingPeriod = 0;
     hear(acq);
     acq.setSession(&session);
   }
 
-  oTarnScope& add(const ScriptedData& data) { return addScope(*parameters, data); }
-
   /// Recording starts when the speed rises to this.
   void recordFrom(double level) {
-    parameters->startTrigger->typeTrigger = oTarnTrigger::kChannel;
-    parameters->startTrigger->DataIndex = 1;
+    watch(*parameters->startTrigger, 1);
     parameters->startTrigger->edge = 1;
     parameters->startTrigger->level = level;
   }
@@ -53,11 +62,6 @@ class AcqRig : public RecorderParts {
   /// The rows of the newest record file.
   std::vector<std::string> recordRows() const { return rowsOf(files.files.at(acq.RecordPath())); }
 
-  ScriptedSession session;
-  ScriptedEcu& engine = session.addEcu("Engine", "Injection", 0x10);
-  ScriptedRequest& status = engine.addRequest("Status", "21 80");
-  ScriptedData& speed = status.addData("Speed", ferrox3::kDouble, "km/h");
-  std::shared_ptr<oTarnParameters> parameters = std::make_shared<oTarnParameters>(settings);
   Milliseconds origin = 0;
   TarnAcq acq{screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl"}};
 };

@@ -34,26 +34,36 @@ inline std::vector<std::string> rowsOf(const std::string& file, std::size_t head
   return lines;
 }
 
-/// What a recorder works with, in the test's hands.
-struct RecorderParts {
-  explicit RecorderParts(Milliseconds start = 1'000'000) : clock(start) {}
+/// Time and files of a recorder, in the test's hands.
+struct SteppedParts {
+  explicit SteppedParts(Milliseconds start = 1'000'000) : clock(start) {}
 
-  void hear(TarnAcq& acq) {
-    acq.setAcqStoppedHandler([this] { ++stopped; });
-    acq.setFileFinishedHandler([this](const std::string& path) { finished.push_back(path); });
-  }
-  /// A start takes some 300 ms until values are polled.
-  void tickUntil(const TarnAcq& acq, TarnAcq::State state) {
-    for (int i = 0; i < 20 && acq.AcqState() != state; ++i) {
+  void ticks(int count) {
+    for (int i = 0; i < count; ++i) {
       timer.fire();
       linkClock.step(std::chrono::milliseconds(51));
     }
+  }
+  /// A start takes some 300 ms until values are polled.
+  void tickUntil(const TarnAcq& acq, TarnAcq::State state) {
+    for (int i = 0; i < 20 && acq.AcqState() != state; ++i) ticks(1);
   }
 
   SteppedClock clock;
   ManualLinkClock linkClock{&clock};
   ManualTimer timer;
   MemoryFileSystem files;
+};
+
+/// All that a recorder works with.
+struct RecorderParts : SteppedParts {
+  using SteppedParts::SteppedParts;
+
+  void hear(TarnAcq& acq) {
+    acq.setAcqStoppedHandler([this] { ++stopped; });
+    acq.setFileFinishedHandler([this](const std::string& path) { finished.push_back(path); });
+  }
+
   RecordingScreen screen;
   MemorySettingsStore settings;
   int stopped = 0;                    ///< how often AcqStopped came

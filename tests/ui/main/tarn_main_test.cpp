@@ -46,7 +46,7 @@ class ScriptedEndQuestion : public EndQuestion {
 
 /// The recorder control in a shown window, on a simulated car with one ECU, "Engine", whose speed is
 /// `recipe.speed`. Time is stepped; files are in memory: /c.xml records the speed into /rec.
-struct MainRig {
+struct MainRig : SteppedParts {
   explicit MainRig(const Recipe& recipe = {}) {
     files.files["/car.json"] = vehicleDescription(recipe);
     files.files["/c.xml"] = configuration(recipe);
@@ -96,15 +96,7 @@ struct MainRig {
   std::string notice(const char* subject) { return fromQString(main.notices().notice(subject)); }
   TarnAcq::State state() { return main.ctlTarnAcq().AcqState(); }
 
-  void tickUntil(TarnAcq::State wanted) {
-    for (int i = 0; i < 20 && state() != wanted; ++i) ticks(1);
-  }
-  void ticks(int count) {
-    for (int i = 0; i < count; ++i) {
-      timer.fire();
-      linkClock.step(std::chrono::milliseconds(51));
-    }
-  }
+  void tickUntil(TarnAcq::State wanted) { SteppedParts::tickUntil(main.ctlTarnAcq(), wanted); }
 
   /// The lines of the log view, without times of day.
   std::vector<std::string> log() {
@@ -114,10 +106,6 @@ struct MainRig {
     return lines;
   }
 
-  SteppedClock clock;
-  ManualLinkClock linkClock{&clock};
-  ManualTimer timer;
-  MemoryFileSystem files;
   MemorySettingsStore settings;
   ScriptedDialogs dialogs;
   ScriptedEndQuestion endQuestion;

@@ -1,7 +1,6 @@
 #include "apps/tarnlog/RecorderWindow.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QAction>
 #include <QLineEdit>

@@ -9,7 +9,6 @@ namespace tarnlog::record {
 namespace {
 
 using test::AcqRig;
-using testing::ElementsAre;
 
 /// A run of the recorder without a person.
 struct DirectedRun : AcqRig {

@@ -2,25 +2,14 @@
 
 #include "config/RegisterParameters.h"
 #include "config/oTarnParameters.h"
+#include "tests/support/BrokenStore.h"
 #include "tests/support/FailureOf.h"
 
 using namespace tarnlog;
 
-namespace {
-
-class FailingStore : public SettingsStore {
- public:
-  std::optional<std::string> read(const std::string&) const override {
-    throw TarnError(5, "store", "broken");
-  }
-  void write(const std::string&, const std::string&) override { throw TarnError(5, "store", "broken"); }
-};
-
-}  // namespace
-
 TEST(RegisterParameters, DefaultStandsWhereNothingUsefulIsStored) {
   MemorySettingsStore store;
-  FailingStore failing;
+  test::BrokenStore failing;
   EXPECT_EQ(GetRegisterParameter(store, 1, ".txt"), ".txt");
   SetRegisterParameter(store, 0, "");
   EXPECT_EQ(GetRegisterParameter(store, 0, "home"), "home");

@@ -43,12 +43,9 @@ struct Script {
 
   void call(const std::string& what) {
     calls.push_back(what);
-    struct Communicating {
-      bool& flag;
-      bool before = std::exchange(flag, true);
-      ~Communicating() { flag = before; }
-    } const communication{communicating};
+    const bool before = std::exchange(communicating, true);
     if (whileWaiting) whileWaiting();
+    communicating = before;
   }
 };
 

@@ -10,7 +10,7 @@
 #include <QTreeView>
 #include <limits>
 
-#include "platform/base/TarnError.h"
+#include "tests/support/BrokenStore.h"
 #include "tests/support/Pixels.h"
 #include "tests/ui/acquisition/ViewRig.h"
 #include "ui/acquisition/TabStrip.h"
@@ -94,12 +94,6 @@ TEST(ValueListView, ExtremesAreThoseOfAllCyclesUntilTheyAreReset) {
   rig.start();
   EXPECT_EQ(row(list, 0), "Engine : Speed|7.0|km/h|7.0") << "each acquisition has its own";
 }
-
-class BrokenStore : public SettingsStore {
- public:
-  std::optional<std::string> read(const std::string&) const override { throw TarnError(1, "", "broken"); }
-  void write(const std::string&, const std::string&) override { throw TarnError(1, "", "broken"); }
-};
 
 TEST(ValueListView, KeepsWhatItsUserChoseAndTakesNoNonsense) {
   MemorySettingsStore settings;

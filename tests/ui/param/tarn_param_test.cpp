@@ -11,6 +11,7 @@
 #include <fstream>
 
 #include "platform/files/SystemFileSystem.h"
+#include "tests/support/BrokenStore.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WidgetText.h"
@@ -224,10 +225,7 @@ TEST_F(ParamRulesTest, SaysWhereARecordWouldGoAndWhatStandsInItsWay) {
 }
 
 TEST_F(ParamRulesTest, WithoutParametersOrSettingsNothingFails) {
-  class BrokenStore : public SettingsStore {
-    std::optional<std::string> read(const std::string&) const override { throw TarnError(1, "", "broken"); }
-    void write(const std::string&, const std::string&) override { throw TarnError(1, "", "full"); }
-  } broken;
+  test::BrokenStore broken;
   ParamRules screen(broken, files);
   EXPECT_FALSE(screen.save().setPrefix("a") || screen.start().chooseChannel(1) || screen.setComment("x"));
   screen.setParameters(parameters);

@@ -124,16 +124,6 @@ TEST_F(ConfigurationLoad, DropsAndNamesWhatTheVehicleLacksAndWhatCameBefore) {
   EXPECT_EQ(rear.Unit, "bar");
 }
 
-TEST_F(ConfigurationLoad, Windows1252FilesAreReadDeclaredOrNot) {
-  for (const std::string head : {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>", ""}) {
-    load(head +
-         "<Tarnlog2000 Version=\"2.0\"><Parameters><Comment>d\xE9"
-         "part \x80</Comment></Parameters>"
-         "</Tarnlog2000>");
-    EXPECT_EQ(parameters.userDescription, "d\xC3\xA9part \xE2\x82\xAC");
-  }
-}
-
 TEST_F(ConfigurationLoad, OldVersionBecomesGraphsNumberedWithoutGaps) {
   const auto old = [](const std::string& name) {
     return "<Data><Name>" + name +

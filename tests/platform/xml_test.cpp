@@ -55,8 +55,8 @@ TEST(XmlDocument, ReadsTheEncodingsThatFilesComeIn) {
   EXPECT_EQ(text("\xEF\xBB\xBF<?xml version='1.0' encoding='windows-1252'?><r>" + expected + "</r>"),
             expected);
   EXPECT_EQ(text("<?xml version=\"1.0\" encoding=\"windows-1252\"?><r>\xE9t\xE9 \x80</r>"), expected);
-  EXPECT_EQ(text("<?xml version='1.0' encoding='UTF-8'?><r>\xE9t\xE9 \x80</r>"), expected)
-      << "declared wrongly";
+  for (const std::string head : {"<?xml version='1.0' encoding='UTF-8'?>", ""})
+    EXPECT_EQ(text(head + "<r>\xE9t\xE9 \x80</r>"), expected) << "declared wrongly, or not";
   EXPECT_EQ(text("<?xml version='1.0' encoding='ISO-8859-1'?><r>\xC3\xA9</r>"), "\xC3\x83\xC2\xA9");
   using std::string_literals::operator""s;
   const std::string unit = "\xD8\x3D\xDE\x00"s;

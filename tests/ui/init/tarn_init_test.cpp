@@ -109,7 +109,12 @@ TEST_F(TarnInitTest, RequestsAreAddedMovedAndRemoved) {
   add(2, 0);
   EXPECT_FALSE(notice.isVisible());
   EXPECT_EQ(rows(), "*Engine|Reset Brakes|Wheels Far|Close");
-  EXPECT_EQ(parameters->initScenario->Item(3).Address, 0x18DA);
+  oScenario& requests = *parameters->initScenario;
+  EXPECT_EQ(requests.Item(3).Address, 0x18DA);
+  while (requests.Count() < 32767) requests.Add("Reset", "Engine", 16);
+  add(0, 0);
+  EXPECT_EQ(requests.Count(), 32767);
+  EXPECT_TRUE(notice.text().contains("full")) << "an order has 16 bits";
 }
 
 TEST_F(TarnInitTest, TheStartSessionIsKeptAsTypedAndCompletedWhenLeft) {

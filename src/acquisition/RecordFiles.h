@@ -39,6 +39,7 @@ class RecordFiles {
   DataFile* record() const { return record_.file.get(); }
   DataFile* event() const { return event_.file.get(); }
   const std::string& recordPath() const { return recordPath_; }
+  const std::string& eventPath() const { return event_.path; }
   /// Rows that are written now do not reach an open file.
   bool failing() const;
 

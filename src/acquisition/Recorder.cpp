@@ -7,14 +7,15 @@
 namespace tarnlog {
 
 Recorder::Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
-                   RollingBuffer& current, RollingBuffer& preTrigger)
+                   RollingBuffer& current, RollingBuffer& preTrigger, SampleFeed& samples)
     : screen_(screen),
       log_(log),
       files_(files),
       events_(events),
       values_(values),
       current_(current),
-      preTrigger_(preTrigger) {}
+      preTrigger_(preTrigger),
+      samples_(samples) {}
 
 void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
                      std::shared_ptr<const oTarnTrigger> stopTrigger) {
@@ -26,7 +27,7 @@ void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const
   forgetRequests();
   stopMarkPending_ = false;
   finishedRecordings_ = 0;
-  rowsWritten_ = 0;
+  rowsWritten_ = rowsBefore_ = 0;
   showEvent();
 }
 
@@ -54,6 +55,7 @@ void Recorder::userEvent() {
     return;
   }
   showEvent();
+  samples_.eventMarked(recording_ ? events_.count() : 0, files_.eventPath());
   log_.add("User event");
 }
 
@@ -75,9 +77,21 @@ bool Recorder::OpenRecordFile() {
     return false;
   }
   screen_.setRecordPath(files_.recordPath());
-  writeFirstRows();
+  rowsBefore_ = rowsWritten_;
+  const Milliseconds from = historyFrom();
+  const Milliseconds zero = writeFirstRows();
+  samples_.recordingBegan(files_.recordPath(), zero, from);
   screen_.setRecording(RecordingFact::Opened);
   return true;
+}
+
+Milliseconds Recorder::historyFrom() const {
+  Milliseconds from = 0;
+  if (plan_.preTriggerPoints != 0)
+    preTrigger_.GetOldestTime(from);
+  else
+    current_.GetTime(from);
+  return from;
 }
 
 void Recorder::tellOpenFailed(OpenFailure failure, const std::string& reason) {
@@ -87,7 +101,7 @@ void Recorder::tellOpenFailed(OpenFailure failure, const std::string& reason) {
 
 /// With pre-trigger rows, the newest of them is time zero. Without, it is the newest polling cycle, and the
 /// next row is due one period later.
-void Recorder::writeFirstRows() {
+Milliseconds Recorder::writeFirstRows() {
   const bool history = plan_.preTriggerPoints != 0;
   Milliseconds start = 0;
   (history ? preTrigger_ : current_).GetTime(start);
@@ -99,6 +113,7 @@ void Recorder::writeFirstRows() {
     skipOnFailure([&] { files_.record()->writeCurrent(current_, recordStart_, "Start"); });
   }
   ++rowsWritten_;
+  return start;
 }
 
 void Recorder::addToPreTrigger(Milliseconds pollTime) {
@@ -170,6 +185,7 @@ bool Recorder::stopFires(Milliseconds pollTime) {
 void Recorder::armStop() {
   stopRequested_ = stopMarkPending_ = true;
   postCountdown_ = plan_.postTriggerPoints;
+  samples_.stopMarked();
   screen_.setRecording(RecordingFact::Requested);
 }
 
@@ -216,6 +232,7 @@ void Recorder::endIfStopArmed() {
 void Recorder::closeFiles() {
   files_.CloseRecordFiles();
   showEvent();
+  fileEnded();
 }
 
 void Recorder::endWithAcquisition() {
@@ -224,6 +241,7 @@ void Recorder::endWithAcquisition() {
   dropMarks();
   events_.end();
   showEvent();
+  fileEnded();
 }
 
 void Recorder::suspend() {

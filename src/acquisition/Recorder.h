@@ -12,6 +12,7 @@
 #include "acquisition/RecordFiles.h"
 #include "acquisition/RecordingPlan.h"
 #include "acquisition/RollingBuffer.h"
+#include "acquisition/SampleFeed.h"
 #include "acquisition/TimeOrigin.h"
 #include "acquisition/UserEvents.h"
 #include "acquisition/ValueList.h"
@@ -34,7 +35,7 @@ class Recorder {
   static constexpr std::int32_t kLongPeriod = 10000;
 
   Recorder(AcqScreen& screen, AcqLog& log, RecordFiles& files, UserEvents& events, ValueList& values,
-           RollingBuffer& current, RollingBuffer& preTrigger);
+           RollingBuffer& current, RollingBuffer& preTrigger, SampleFeed& samples);
 
   /// Starts an acquisition: nothing is recorded, pending or counted.
   void begin(const RecordingPlan& plan, const LevelTrigger& start, const LevelTrigger& stop,
@@ -64,6 +65,8 @@ class Recorder {
   /// Sets what is called when a record or event file cannot be opened.
   void setOpenFailed(OpenFailed handler) { openFailed_ = std::move(handler); }
 
+  /// The time of the first row that a recording would have if it started now.
+  Milliseconds historyFrom() const;
   bool recording() const { return recording_; }
   bool startPending() const { return startPending_; }
   std::int32_t finishedRecordings() const { return finishedRecordings_; }
@@ -75,8 +78,10 @@ class Recorder {
   void showEvent();
   void tellEvent(EventProgress progress);
   bool OpenRecordFile();
+  void fileEnded() { samples_.recordingEnded(rowsWritten_ - rowsBefore_); }
   void tellOpenFailed(OpenFailure failure, const std::string& reason);
-  void writeFirstRows();
+  /// Returns the time from which the file's times count.
+  Milliseconds writeFirstRows();
   void addToPreTrigger(Milliseconds pollTime);
   /// With period 0 every cycle writes a row. The schedule does not advance then, and the millisecond counter
   /// would pass half of its range.
@@ -104,6 +109,7 @@ class Recorder {
   ValueList& values_;
   RollingBuffer& current_;
   RollingBuffer& preTrigger_;
+  SampleFeed& samples_;
 
   RecordingPlan plan_;
   LevelTrigger start_;
@@ -120,6 +126,7 @@ class Recorder {
   TimeOrigin recordStart_;
   std::int32_t finishedRecordings_ = 0;
   std::uint64_t rowsWritten_ = 0;
+  std::uint64_t rowsBefore_ = 0;  ///< this recording
   OpenFailed openFailed_;
   std::string mark_;  ///< scratch, kept for its capacity
 };

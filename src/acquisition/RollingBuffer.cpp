@@ -58,14 +58,15 @@ void RollingBuffer::GetTime(Milliseconds& time) const {
   if (!empty()) time = times_[static_cast<std::size_t>(current_ - 1)];
 }
 
+void RollingBuffer::GetOldestTime(Milliseconds& time) const {
+  if (!empty()) time = times_[static_cast<std::size_t>(oldest() - 1)];
+}
+
 template <class WriteRow>
 void RollingBuffer::forEachRowOldestFirst(WriteRow writeRow) const {
   if (empty()) return;
-  std::int32_t row = full_ ? current_ : 0;
-  do {
-    row = row == rows_ ? 1 : row + 1;
-    writeRow(row);
-  } while (row != current_);
+  for (std::int32_t row = oldest(); row != current_; row = row % rows_ + 1) writeRow(row);
+  writeRow(current_);
 }
 
 void RollingBuffer::WriteBufferToFile(TextStream& stream, TimeOrigin t0, std::string_view mark) {

@@ -32,6 +32,8 @@ class RollingBuffer {
   /// none). Valid until the buffer is changed.
   std::string_view GetData(std::int32_t column, bool& unchanged) const;
   void GetTime(Milliseconds& time) const;
+  /// Of the oldest row.
+  void GetOldestTime(Milliseconds& time) const;
   bool empty() const { return current_ == 0; }
   std::int32_t columns() const { return columns_; }
 
@@ -46,6 +48,7 @@ class RollingBuffer {
   void forEachRowOldestFirst(WriteRow writeRow) const;
   CellRow& row(std::int32_t number) { return cells_[static_cast<std::size_t>(number - 1)]; }
   const CellRow& row(std::int32_t number) const { return cells_[static_cast<std::size_t>(number - 1)]; }
+  std::int32_t oldest() const { return full_ ? current_ % rows_ + 1 : 1; }
   Milliseconds& timeOf(std::int32_t number) { return times_[static_cast<std::size_t>(number - 1)]; }
   void writeTextRow(TextStream& stream, std::int32_t number, TimeOrigin t0, std::string_view mark);
   void writeSaxRow(ContentHandler& handler, std::int32_t number, TimeOrigin t0, std::string_view mark);

@@ -57,9 +57,10 @@ TarnAcq::TarnAcq(AcqScreen& screen, AcqEnvironment environment)
       currentBuffer_(env_.locale.decimalSeparator),
       preTriggerBuffer_(env_.locale.decimalSeparator),
       values_(screen),
+      samples_(env_.clock, env_.sinks, env_.newSampleId),
       files_(env_.files, env_.clock, env_.locale, env_.stylesheetUrl),
       events_(files_),
-      recorder_(screen, log_, files_, events_, values_, currentBuffer_, preTriggerBuffer_),
+      recorder_(screen, log_, files_, events_, values_, currentBuffer_, preTriggerBuffer_, samples_),
       startup_(log_, [this] { return stopAcqRequested_; }) {
   env_.timer.setTickHandler([this] { onTick(); });
 }
@@ -137,6 +138,7 @@ void TarnAcq::startNow() {
   logPlan(*parameters, plan);
   buildDisplay();
   beginRecording(parameters, plan);
+  samples_.begin(items_, *session_, *parameters);
   beginTicking();
 }
 
@@ -343,8 +345,9 @@ void TarnAcq::communicate() {
   cycleTime_ = env_.clock.milliseconds();
   reader_.read(items_.items(), pollTime, currentBuffer_);
   values_.noteCycle(currentBuffer_);
-  if (recorder_.cycle(pollTime) == Recorder::Refresh::Display && screen_.graphArea() != nullptr)
-    skipOnFailure([&] { display_->RefreshDisplay(); });
+  const bool refresh = recorder_.cycle(pollTime) == Recorder::Refresh::Display;
+  samples_.cycle(pollTime, recorder_.historyFrom());
+  if (refresh && screen_.graphArea() != nullptr) skipOnFailure([&] { display_->RefreshDisplay(); });
 }
 
 /// False when the cycle is not complete: a stop was requested, or the ECUs must be initialised again.
@@ -352,15 +355,18 @@ bool TarnAcq::sendRequests() {
   const ferrox3::PollSet& pollSet = items_.pollSet();
   for (std::size_t i = 0; i < pollSet.requestCount(); ++i) {
     ferrox3::Request& request = pollSet.request(i);
+    samples_.sending(i);
     try {
       request.send();
     } catch (const std::exception& error) {
+      samples_.failed(error.what());
       skipOnFailure(
           [&] { log_.add(std::string("Send error : ") + error.what() + " UCE=" + request.ecu().name()); });
       SetAcqState(kInitialise);
       return false;
     }
     answerTime_ = env_.clock.milliseconds();
+    samples_.answered();
     if (stopAcqRequested_) return false;
   }
   return true;
@@ -386,6 +392,7 @@ void TarnAcq::showWriting() {
 void TarnAcq::SetAcqState(State state) {
   state_ = state;
   screen_.setState(state);
+  samples_.state(state);
 }
 
 /// Ends the current acquisition, then carries out what was stored. Of a stop and a start the later one
@@ -423,6 +430,7 @@ void TarnAcq::EndAcquisition() {
   if (session_ != nullptr) skipOnFailure([&] { session_->endCommunication(); });
   SetAcqState(kIdle);
   recorder_.endWithAcquisition();
+  samples_.end();
   values_.clear();
   items_.release();
   skipOnFailure([&] { clearDisplay(); });

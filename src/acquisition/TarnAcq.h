@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "acquisition/AcqLog.h"
 #include "acquisition/AcqScreen.h"
@@ -12,6 +13,7 @@
 #include "acquisition/EcuStartup.h"
 #include "acquisition/RecordFiles.h"
 #include "acquisition/Recorder.h"
+#include "acquisition/SampleFeed.h"
 #include "acquisition/UserEvents.h"
 #include "acquisition/ValueList.h"
 #include "acquisition/ValueReading.h"
@@ -32,6 +34,8 @@ struct AcqEnvironment {
   FileSystem& files;
   UserLocale locale;
   std::string stylesheetUrl;  ///< of an XSL stylesheet, written into XML files
+  std::vector<SampleSink*> sinks{};  ///< hear what the vehicle answers
+  SampleFeed::NewId newSampleId = SampleId::random;
 };
 
 /// Runs an acquisition: starts and stops it, and orders the work of each timer tick (initialise the ECUs,
@@ -170,6 +174,7 @@ class TarnAcq {
   RollingBuffer currentBuffer_;
   RollingBuffer preTriggerBuffer_;
   ValueList values_;
+  SampleFeed samples_;
   RecordFiles files_;
   UserEvents events_;
   Recorder recorder_;

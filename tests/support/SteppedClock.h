@@ -21,10 +21,23 @@ class SteppedClock : public Clock {
     return time;
   }
 
-  void step(Milliseconds milliseconds) { milliseconds_ += milliseconds; }
+  std::int64_t microseconds() const override { return microseconds_; }
+  std::int64_t utcNanoseconds() const override { return kUtcAtStart + microseconds_ * 1000 + utcStep_; }
+  ZoneOffset zoneOffset() const override { return {60, 0}; }
+
+  void step(Milliseconds milliseconds) {
+    milliseconds_ += milliseconds;
+    microseconds_ += std::int64_t{milliseconds} * 1000;
+  }
+  /// Somebody sets the wall clock.
+  void setUtcBy(std::int64_t nanoseconds) { utcStep_ += nanoseconds; }
 
  private:
+  static constexpr std::int64_t kUtcAtStart = 1'763'316'307'000'000'000;
+
   Milliseconds milliseconds_;
+  std::int64_t microseconds_ = milliseconds_ * std::int64_t{1000};
+  std::int64_t utcStep_ = 0;
   Milliseconds start_;
   LocalDateTime local_;
 };

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/ferrox3/Value.h"
 
@@ -38,6 +39,29 @@ class Enumeration {
   virtual std::int32_t value(std::string_view label) const = 0;
 };
 
+/// How a number is made of the raw number in a response: raw * factor + offset.
+struct Scaling {
+  double factor = 1;
+  double offset = 0;
+  int bits = 32;  ///< of the raw number, 1 to 64
+  bool isSigned = false;
+};
+
+/// What the host knows of the last `send` of a request.
+struct Exchange {
+  enum class Outcome : std::uint8_t {
+    Answered,
+    Refused,   ///< a negative response: the data are "not available"
+    Silent,    ///< no response, while the ECU answers others: the data are "not available"
+    NotAsked,  ///< nothing was sent this time: the data stand as they were
+  };
+  Outcome outcome = Outcome::Answered;
+  /// Monotonic clock of the system, microseconds: when the request went out, and when its answer was there.
+  /// Requests that are sent as one share both; an answer may have come before `send` was called.
+  std::int64_t sent = 0;
+  std::int64_t received = 0;
+};
+
 class DataItem {
  public:
   virtual ~DataItem() = default;
@@ -54,6 +78,10 @@ class DataItem {
   /// Digits after the separator in the value text of a number; none where the number itself decides.
   virtual std::optional<int> decimals() const { return std::nullopt; }
   virtual Request& request() const = 0;
+  /// None where the host does not tell, or the value is no scaled number.
+  virtual std::optional<Scaling> scaling() const { return std::nullopt; }
+  /// The number before scaling; none where there is no `scaling`, or the value is "not available".
+  virtual std::optional<std::int64_t> rawNumber() const { return std::nullopt; }
 
   /// Updated when the request that carries it is sent; valid until the next send.
   virtual const Value& value() const = 0;
@@ -79,6 +107,8 @@ class Request {
   /// Bytes of the last exchange as text, e.g. "61 80 1F".
   virtual std::string sentText() const = 0;
   virtual std::string receivedText() const = 0;
+  /// None where the host does not tell.
+  virtual std::optional<Exchange> lastExchange() const { return std::nullopt; }
 };
 
 /// Bytes of one frame, made by the recorder for a raw exchange.
@@ -158,6 +188,18 @@ class AcquisitionList {
   virtual void finish() = 0;
 };
 
+/// What a session knows about the vehicle and the way to it: "vehicle", "VIN", "adapter", "link".
+struct Fact {
+  std::string name;
+  std::string text;
+};
+
+/// How often a diagnostic service (ISO 14229, 14230, 15031) was sent.
+struct ServiceCount {
+  std::uint8_t service = 0;
+  std::uint64_t sent = 0;
+};
+
 class Session {
  public:
   virtual ~Session() = default;
@@ -169,6 +211,10 @@ class Session {
   /// A request is on its way right now.
   virtual bool communicating() const = 0;
   virtual void endCommunication() = 0;
+  /// Those that are known by now.
+  virtual std::vector<Fact> facts() const { return {}; }
+  /// Since the session began, by service; none where the host does not tell.
+  virtual std::vector<ServiceCount> servicesSent() const { return {}; }
 };
 
 }  // namespace tarnlog::ferrox3

@@ -23,12 +23,24 @@ struct LocalDateTime {
   int second = 0;
 };
 
+/// How far local time is ahead of UTC: the zone's offset and what summer time adds to it, in minutes.
+struct ZoneOffset {
+  std::int16_t zone = 0;
+  std::int16_t summer = 0;
+};
+
 /// The only source of time: the system's in programs, stepped by hand in tests.
 class Clock {
  public:
   virtual ~Clock() = default;
   virtual Milliseconds milliseconds() const = 0;
   virtual LocalDateTime now() const = 0;
+  /// The same clock as `milliseconds`, which are these divided by 1000: it never goes back or jumps, and its
+  /// zero means nothing.
+  virtual std::int64_t microseconds() const = 0;
+  /// The wall clock: nanoseconds since 1970 UTC. It jumps when somebody sets it.
+  virtual std::int64_t utcNanoseconds() const = 0;
+  virtual ZoneOffset zoneOffset() const = 0;
 };
 
 }  // namespace tarnlog

@@ -100,6 +100,10 @@ QLayout* SaveFrame::createNames() {
   format_->setObjectName("SaveFormat");
   format_->setAccessibleName(formatLabel->text());
   formatLabel->setBuddy(format_);
+  measurement_ = new QCheckBox(tr("Also measurement data (MF4)"));
+  measurement_->setObjectName("SaveMeasurement");
+  measurement_->setToolTip(
+      tr("Writes an ASAM MDF 4 file beside each record: every answer of the vehicle with its own time"));
   auto* const prefixLabel = new QLabel(tr("File Prefix"));
   prefixLabel->setObjectName("SaveLbPrefix");
   prefix_ = new QLineEdit;
@@ -118,6 +122,7 @@ QLayout* SaveFrame::createNames() {
   form->addRow(driveLabel_, drive_);
   form->addRow(button);
   form->addRow(formatLabel, format_);
+  form->addRow(measurement_);
   form->addRow(prefixLabel, prefix_);
   return form;
 }
@@ -150,6 +155,7 @@ void SaveFrame::connectControls() {
     refreshFiles();
     acted(changed);
   });
+  connect(measurement_, &QCheckBox::clicked, this, [this](bool on) { rules_.measurement().set(on); });
   connect(prefix_, &QLineEdit::textChanged, this, [this](const QString& prefix) {
     if (!refreshing_) acted(rules_.setPrefix(fromQString(prefix)));
   });
@@ -184,6 +190,7 @@ void SaveFrame::refresh() {
   format_->clear();
   for (const std::string& format : rules_.formats()) format_->addItem(toQString(format));
   format_->setCurrentText(toQString(rules_.format()));
+  measurement_->setChecked(rules_.measurement().on());
   if (const QString prefix = toQString(rules_.prefix()); prefix_->text() != prefix) prefix_->setText(prefix);
   showFolder();
   showExample();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileSystemWatcher>
 #include <QGroupBox>
@@ -57,6 +58,7 @@ class SaveFrame : public QGroupBox {
   QLabel* driveLabel_ = nullptr;
   QComboBox* drive_ = nullptr;
   QComboBox* format_ = nullptr;
+  QCheckBox* measurement_ = nullptr;
   QLineEdit* prefix_ = nullptr;
   FolderTree* folder_ = nullptr;
   QListView* files_ = nullptr;

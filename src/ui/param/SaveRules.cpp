@@ -11,7 +11,10 @@
 namespace tarnlog {
 
 SaveRules::SaveRules(SettingsStore& settings, const FileSystem& files)
-    : settings_(settings), files_(files), folder_(GetRegisterParameter(settings, kRegisterPathName, "")) {
+    : settings_(settings),
+      measurement_(&settings),
+      files_(files),
+      folder_(GetRegisterParameter(settings, kRegisterPathName, "")) {
   for (const RecordFormat& format : recordFormats()) formats_.emplace_back(format.extension);
   takeFormat(GetRegisterParameter(settings, kRegisterFormat, std::string(recordFormats().front().extension)));
   if (folder_.empty()) folder_ = files.currentFolder();

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "acquisition/MeasurementChoice.h"
 #include "config/oTarnParameters.h"
 #include "platform/files/FileSystem.h"
 #include "platform/settings/SettingsStore.h"
@@ -26,6 +27,8 @@ class SaveRules {
   const std::string& folder() const { return folder_; }
   const std::string& format() const { return format_; }
   const std::string& prefix() const { return prefix_; }
+  /// Not part of the configuration.
+  MeasurementChoice& measurement() { return measurement_; }
   /// What the format list offers: all there are, and the configuration's own when it is another.
   const std::vector<std::string>& formats() const { return formats_; }
   /// Of the files that the file list shows.
@@ -47,6 +50,7 @@ class SaveRules {
   void takeFormat(const std::string& format);
 
   SettingsStore& settings_;
+  MeasurementChoice measurement_;
   const FileSystem& files_;
   oTarnParameters* parameters_ = nullptr;
   std::string folder_;

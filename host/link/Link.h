@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -13,6 +14,9 @@
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
+
+/// How often requests of each diagnostic service were sent, by its identifier.
+using ServiceCounts = std::array<std::uint64_t, 0x100>;
 
 /// Whom a request is for: what a link needs to address an ECU.
 struct LinkTarget {
@@ -82,6 +86,11 @@ class Link {
     static_cast<void>(target);
     return {};
   }
+  /// What an adapter called itself when it was opened last; empty where there is none.
+  virtual std::string adapterName() const { return {}; }
+  /// What has left since the link was made: what it asks of its own accord and sends once more included.
+  virtual const ServiceCounts& servicesSent() const { return servicesSent_; }
+
   /// Called at least every 20 ms while the link waits. It may do anything but use the link.
   void setIdleHook(IdleHook hook) { idleHook_ = std::move(hook); }
 
@@ -112,6 +121,10 @@ class Link {
     return false;
   }
   const IdleHook& idleHook() const { return idleHook_; }
+  /// To be called where a request leaves.
+  void noteSent(std::span<const std::uint8_t> request) {
+    if (!request.empty()) ++servicesSent_[request.front()];
+  }
 
  private:
   template <class Result, class Step>
@@ -122,6 +135,7 @@ class Link {
   IdleHook idleHook_;
   StopQuestion stopQuestion_;
   TextHook textHook_;
+  ServiceCounts servicesSent_{};
 };
 
 }  // namespace tarnlog::host

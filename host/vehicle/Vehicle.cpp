@@ -77,8 +77,10 @@ std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });
 }
 
-/// What holds a port or a connection keeps others from it.
-std::unique_ptr<OpenedVehicle> letGoUnless(bool keepOpen, std::unique_ptr<OpenedVehicle> vehicle) {
+/// Says how it was reached. What holds a port or a connection keeps others from it.
+std::unique_ptr<OpenedVehicle> reached(const std::string& url, bool keepOpen,
+                                       std::unique_ptr<OpenedVehicle> vehicle) {
+  vehicle->session().setLinkText(url.empty() ? "simulation" : url);
   if (!keepOpen) vehicle->session().endCommunication();
   return vehicle;
 }
@@ -104,9 +106,9 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
     if (options.url.empty())
       throw TarnError(1, "openVehicle",
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
-    return letGoUnless(options.keepOpen,
-                       openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
-                                  std::move(idleHook), options.phase));
+    return reached(options.url, options.keepOpen,
+                   openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
+                              std::move(idleHook), options.phase));
   }
   VehicleDescription description = readVehicleDescription(path, files);
   const std::string url = options.url.empty() ? description.link : options.url;
@@ -117,7 +119,7 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);
   if (options.openAtOnce) vehicle->openLinkAtOnce(options.phase);
-  return letGoUnless(options.keepOpen, std::move(vehicle));
+  return reached(url, options.keepOpen, std::move(vehicle));
 }
 
 std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, const FileSystem& files,

@@ -7,26 +7,20 @@
 
 namespace tarnlog::test {
 
-/// A link clock on which waiting takes no time; a stepped clock may go along.
+/// A link clock on which waiting takes no time. With a stepped clock it is the same clock.
 class ManualLinkClock : public host::LinkClock {
  public:
-  explicit ManualLinkClock(SteppedClock* companion = nullptr) : companion_(companion) {}
+  explicit ManualLinkClock(SteppedClock* same = nullptr) : clock_(same != nullptr ? *same : own_) {}
 
-  host::Moment now() const override { return now_; }
-  void step(std::chrono::microseconds time) {
-    using std::chrono::floor;
-    using std::chrono::milliseconds;
-    const auto passed = floor<milliseconds>(now_ + time) - floor<milliseconds>(now_);
-    now_ += time;
-    if (companion_ != nullptr) companion_->step(static_cast<Milliseconds>(passed.count()));
-  }
+  host::Moment now() const override { return host::Moment(clock_.microseconds()); }
+  void step(std::chrono::microseconds time) { clock_.stepMicroseconds(time.count()); }
 
  protected:
-  void sleepUntil(host::Moment moment) override { step(moment - now_); }
+  void sleepUntil(host::Moment moment) override { step(moment - now()); }
 
  private:
-  SteppedClock* companion_;
-  host::Moment now_{};
+  SteppedClock own_{0};
+  SteppedClock& clock_;
 };
 
 }  // namespace tarnlog::test

@@ -57,6 +57,7 @@ bool IsoTpLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> r
   patience_.begin();
   current_ = &streamOf(pairOf(target));
   current_->write(request);
+  noteSent(request);
   return true;
 }
 
@@ -104,6 +105,7 @@ std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t 
   for (std::int32_t address = first; address < first + count; ++address)
     ears.push_back({address, connected(CanPair{everybody, CanPair::ofEcu(address).receive})});
   ears.front().stream->write(kSupportedPids);
+  noteSent(kSupportedPids);
   const Moment deadline = clock_.now() + kPatience;
   std::vector<LinkTarget> ecus;
   Bytes answer(IsoTpReceiver::kLongest);

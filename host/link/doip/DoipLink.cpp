@@ -129,6 +129,7 @@ void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
   acknowledged_ = early_ = false;
   doipDiagnostic(settings_.tester, target_, request, version_, frame_);
   stream_->write(frame_);
+  noteSent(request);
 }
 
 bool DoipLink::doReadUnasked(const LinkTarget& target) {

@@ -36,8 +36,8 @@ class Elm327Link : public Link {
   std::string silence() const override;
   bool takesSeveralPids(const LinkTarget& target) const override;
 
-  /// The adapter's name, as it gave it when it was opened.
-  const std::string& adapterName() const { return adapterName_; }
+  std::string adapterName() const override { return adapterName_; }
+  const ServiceCounts& servicesSent() const override { return console_.servicesSent(); }
 
  protected:
   void doOpen() override;

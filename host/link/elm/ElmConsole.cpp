@@ -1,6 +1,7 @@
 #include "host/link/elm/ElmConsole.h"
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace tarnlog::host {
@@ -88,7 +89,16 @@ void ElmConsole::write(std::string_view text) {
   output_ += '\r';
   const auto* const first = reinterpret_cast<const std::uint8_t*>(output_.data());
   reached(kGone, [&] { stream_->write({first, output_.size()}); });
+  noteRequest(text);
   atRest_ = false;
+}
+
+/// Requests are digits; the adapter's own commands begin with "AT".
+void ElmConsole::noteRequest(std::string_view text) {
+  if (text.size() < 2) return;
+  unsigned service = 0;
+  const auto read = std::from_chars(text.data(), text.data() + 2, service, 16);
+  if (read.ec == std::errc() && read.ptr == text.data() + 2) ++servicesSent_[service];
 }
 
 std::optional<ElmConsole::Item> ElmConsole::next(Moment deadline) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 #include "host/link/elm/ElmText.h"
 #include "host/link/stream/ByteStream.h"
@@ -63,6 +64,8 @@ class ElmConsole {
   bool atWork() const { return beginsWork(reader_.begun()); }
   /// What came first since it was opened, as it came: some hundred bytes at most.
   const std::string& said() const { return said_; }
+  /// Of the requests among the lines sent.
+  const ServiceCounts& servicesSent() const { return servicesSent_; }
   /// Sends a line and takes everything up to the prompt. At most 64 lines are kept.
   ElmReply command(std::string_view text, std::chrono::milliseconds patience);
 
@@ -71,6 +74,7 @@ class ElmConsole {
   auto reached(const char* failure, Step&& step);
   bool fill(Moment deadline);
   void breakOffWhenAsked() const;
+  void noteRequest(std::string_view text);
 
   std::unique_ptr<ByteStream> stream_;
   LinkClock& clock_;
@@ -80,6 +84,7 @@ class ElmConsole {
   std::string output_;  ///< kept for its capacity
   bool anything_ = false;
   std::string said_;
+  ServiceCounts servicesSent_{};
   bool atRest_ = true;  ///< the prompt came after the last line
   std::function<bool()> stopAsked_;
   Moment begun_{};

@@ -17,6 +17,7 @@ bool SimulatedLink::doSend(const LinkTarget& target, std::span<const std::uint8_
   sent_ = clock_.now();
   answers_.clear();
   next_ = 0;
+  noteSent(request);
   peer_.answer(target, request, sent_ - opened_, answers_);
   return true;
 }

@@ -25,6 +25,8 @@ class TraceLink : public Link {
   std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
     return link_->answererOf(target);
   }
+  std::string adapterName() const override { return link_->adapterName(); }
+  const ServiceCounts& servicesSent() const override { return link_->servicesSent(); }
 
  protected:
   void doOpen() override;

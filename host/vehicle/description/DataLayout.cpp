@@ -50,6 +50,14 @@ double scaledNumber(const DataLayout& layout, std::uint32_t pattern) {
   return layout.kind == DataKind::integer ? std::nearbyint(value) : value;
 }
 
+std::optional<ferrox3::Scaling> scalingOf(const DataLayout& layout) {
+  const double factor = layout.factor / layout.divisor;
+  const auto whole = [](double number) { return std::nearbyint(number) == number; };
+  if (!layout.isNumber()) return std::nullopt;
+  if (layout.kind == DataKind::integer && !(whole(factor) && whole(layout.offset))) return std::nullopt;
+  return ferrox3::Scaling{factor, layout.offset, layout.field.bits, layout.field.isSigned};
+}
+
 std::uint32_t patternOf(const DataLayout& layout, double value) {
   const double raw = std::nearbyint((value - layout.offset) * layout.divisor / layout.factor);
   if (std::isnan(raw)) return layout.notAvailable.empty() ? 0 : layout.notAvailable.front().from;

@@ -2,13 +2,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "host/vehicle/description/BitField.h"
-#include "platform/ferrox3/Value.h"
+#include "platform/ferrox3/Session.h"
 
 namespace tarnlog::host {
 
@@ -51,6 +52,8 @@ struct DataLayout {
 bool meansNotAvailable(const DataLayout& layout, std::uint32_t pattern);
 /// The scaled number; integers are rounded, halves to even.
 double scaledNumber(const DataLayout& layout, std::uint32_t pattern);
+/// Where the value is always raw * factor + offset: not where an integer is rounded.
+std::optional<ferrox3::Scaling> scalingOf(const DataLayout& layout);
 /// The bits nearest to a value, within what they can express. NaN gives the first "not available" pattern, or
 /// zero.
 std::uint32_t patternOf(const DataLayout& layout, double value);

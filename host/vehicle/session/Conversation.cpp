@@ -95,8 +95,10 @@ Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<cons
     const LateAnswers::Way way = lateAnswers_.readAway(target, request, timeout);
     if (way == LateAnswers::Way::blocked) return Outcome::silent;
     if (way == LateAnswers::Way::unreachable || !link_.send(target, request)) return Outcome::unreachable;
+    times_.sent = clock_.now();
     const Outcome outcome =
         waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
+    times_.received = clock_.now();
     if (outcome == Outcome::unreachable) return outcome;
     if (outcome == Outcome::answered || outcome == Outcome::refused)
       lateAnswers_.answered();

@@ -55,6 +55,15 @@ class Conversation {
   std::vector<LinkTarget> findEcus();
   bool takesSeveralPids(const LinkTarget& target) const { return link_.takesSeveralPids(target); }
   bool busy() const { return busy_; }
+  std::string adapterName() const { return link_.adapterName(); }
+  const ServiceCounts& servicesSent() const { return link_.servicesSent(); }
+  /// When the request of the last exchange had left, and when its response was there, or nobody waited for it
+  /// any more. An ECU that was busy was asked again: then of the last time.
+  struct Times {
+    Moment sent{};
+    Moment received{};
+  };
+  const Times& times() const { return times_; }
   /// How many exchanges were answered, in whatever way.
   std::uint64_t answers() const { return answers_; }
   /// Waits like an exchange; not longer than somebody wants to end.
@@ -81,6 +90,7 @@ class Conversation {
   std::chrono::milliseconds timeout_{};  ///< of the last exchange
   Link::Bytes foreign_;                  ///< came in it and answers something else
   LateAnswers lateAnswers_{link_, clock_};
+  Times times_;
   bool busy_ = false;
   bool endRequested_ = false;
   std::uint64_t answers_ = 0;

@@ -31,6 +31,9 @@ class EcuChannel {
   std::string silence(std::string_view to) const { return conversation_.silence(to); }
   std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
 
+  /// Of the last exchange, whoever it was with.
+  const Conversation::Times& times() const { return conversation_.times(); }
+
   /// How often the ECU has answered, in whatever way.
   std::uint64_t answers() const { return answers_; }
   bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }

@@ -54,6 +54,7 @@ PidBundle::Taken PidBundle::take(const RequestDescription& request, Link::Bytes&
 bool PidBundle::ask() {
   for (Member& member : members_) member.share = Share::missing;
   const auto outcome = ecu_.converse(frame_, members_.front().request->timeout, response_);
+  times_ = ecu_.times();
   if (outcome == Conversation::Outcome::unreachable) return false;
   judge(outcome == Conversation::Outcome::answered ? split() : 0);
   return true;

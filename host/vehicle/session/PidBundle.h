@@ -29,6 +29,8 @@ class PidBundle {
   };
   /// The response to a member. Failures of the link are TarnErrors.
   Taken take(const RequestDescription& request, Link::Bytes& response);
+  /// Of the request that asked for all of them.
+  const Conversation::Times& times() const { return times_; }
   /// Drops the parts of the last response that were not used.
   void forget();
 
@@ -56,6 +58,7 @@ class PidBundle {
   std::vector<Member> members_;
   Link::Bytes frame_;
   Link::Bytes response_;
+  Conversation::Times times_;
   bool worked_ = false;
   int failures_ = 0;
   bool usable_ = true;

@@ -15,7 +15,8 @@ using Outcome = Conversation::Outcome;
 }  // namespace
 
 void PolledRequest::send() {
-  if (leftOut_ && polling_.clock.now() < again_) return pass();
+  passed_ = leftOut_ && polling_.clock.now() < again_;
+  if (passed_) return pass();
   const Outcome outcome = request_.ask(leftOut_);
   if (outcome == Outcome::answered)
     takeBack();
@@ -25,6 +26,11 @@ void PolledRequest::send() {
     leaveOut("is not answered");
   else
     throw request_.failure(outcome);
+}
+
+std::optional<ferrox3::Exchange> PolledRequest::lastExchange() const {
+  if (passed_) return ferrox3::Exchange{.outcome = ferrox3::Exchange::Outcome::NotAsked};
+  return request_.lastExchange();
 }
 
 /// Where all requests are left out, the polling loop would spin: it pauses when nothing was answered since

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,7 @@ class PolledRequest : public ferrox3::Request {
   void send() override;
   std::string sentText() const override { return request_.sentText(); }
   std::string receivedText() const override { return request_.receivedText(); }
+  std::optional<ferrox3::Exchange> lastExchange() const override;
 
  private:
   void pass();
@@ -49,6 +51,7 @@ class PolledRequest : public ferrox3::Request {
   VehicleRequest& request_;
   const Polling& polling_;
   bool leftOut_ = false;
+  bool passed_ = false;            ///< nothing was sent in its last turn
   Moment again_{};                 ///< when a request that is left out is asked again
   int silences_ = 0;               ///< in a row
   std::uint64_t ecuAnswers_ = 0;   ///< of its ECU, at the last silence

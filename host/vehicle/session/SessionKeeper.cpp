@@ -26,8 +26,11 @@ Conversation::Outcome SessionKeeper::exchange(const LinkTarget& target, std::spa
                                               std::chrono::milliseconds timeout, Link::Bytes& response) {
   keepOpen(&target);
   Conversation::Outcome outcome = send(target, request, timeout, response);
-  if (outcome == Conversation::Outcome::refused && isOutsideSession(response) && openAgain(target))
+  times_ = conversation_.times();
+  if (outcome == Conversation::Outcome::refused && isOutsideSession(response) && openAgain(target)) {
     outcome = send(target, request, timeout, response);
+    times_ = conversation_.times();
+  }
   if (outcome != Conversation::Outcome::unreachable) note(target, request, timeout, outcome);
   return outcome;
 }

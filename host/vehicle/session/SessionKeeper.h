@@ -29,6 +29,8 @@ class SessionKeeper {
   void end();
   bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
   std::uint64_t answers() const { return conversation_.answers(); }
+  /// Of the last `exchange`, not of what was sent around it.
+  const Conversation::Times& times() const { return times_; }
   /// As `Conversation::pause`.
   void pause(std::chrono::milliseconds time);
   std::chrono::milliseconds pendingTimeout() const { return conversation_.pendingTimeout(); }
@@ -52,6 +54,7 @@ class SessionKeeper {
   LinkClock& clock_;
   std::vector<OpenSession> open_;
   Link::Bytes ignored_;
+  Conversation::Times times_;
 };
 
 }  // namespace tarnlog::host

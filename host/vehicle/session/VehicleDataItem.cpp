@@ -61,6 +61,12 @@ const std::string& VehicleDataItem::valueText() const {
   return text_;
 }
 
+std::optional<std::int64_t> VehicleDataItem::rawNumber() const {
+  const DataLayout& layout = description_.layout;
+  if (!available_ || !scalingOf(layout)) return std::nullopt;
+  return host::rawNumber(layout.field, pattern_);
+}
+
 void VehicleDataItem::decode(std::span<const std::uint8_t> response) {
   if (description_.layout.isNumber())
     decodeNumber(response);

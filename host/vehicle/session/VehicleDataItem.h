@@ -54,6 +54,8 @@ class VehicleDataItem : public ferrox3::DataItem {
   bool failure() const override { return description_.failure; }
   std::optional<int> decimals() const override { return description_.decimals; }
   ferrox3::Request& request() const override { return request_; }
+  std::optional<ferrox3::Scaling> scaling() const override { return scalingOf(description_.layout); }
+  std::optional<std::int64_t> rawNumber() const override;
   const ferrox3::Value& value() const override { return value_; }
   const std::string& valueText() const override;
 

@@ -31,14 +31,31 @@ void VehicleRequest::send() {
 
 Conversation::Outcome VehicleRequest::ask(bool alone) {
   sent_ = true;
-  using Taken = PidBundle::Taken;
-  const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
-  if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
-  auto outcome = Conversation::Outcome::answered;
-  if (taken == Taken::alone) outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  exchange_.reset();
+  const auto outcome = exchange(alone);
   if (outcome == Conversation::Outcome::answered)
     for (VehicleDataItem& item : data_) item.decode(received_);
   return outcome;
+}
+
+Conversation::Outcome VehicleRequest::exchange(bool alone) {
+  using Taken = PidBundle::Taken;
+  const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
+  if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
+  if (taken == Taken::taken) {
+    note(Conversation::Outcome::answered, bundle_->times());
+    return Conversation::Outcome::answered;
+  }
+  const auto outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  if (outcome != Conversation::Outcome::unreachable) note(outcome, channel_.times());
+  return outcome;
+}
+
+void VehicleRequest::note(Conversation::Outcome outcome, const Conversation::Times& times) {
+  using Shown = ferrox3::Exchange::Outcome;
+  const Shown unanswered = outcome == Conversation::Outcome::refused ? Shown::Refused : Shown::Silent;
+  exchange_ = {outcome == Conversation::Outcome::answered ? Shown::Answered : unanswered, times.sent.count(),
+               times.received.count()};
 }
 
 TarnError VehicleRequest::failure(Conversation::Outcome outcome) const {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -39,6 +40,7 @@ class VehicleRequest : public ferrox3::Request {
   void send() override;
   std::string sentText() const override;
   std::string receivedText() const override;
+  std::optional<ferrox3::Exchange> lastExchange() const override { return exchange_; }
 
   const RequestDescription& description() const { return description_; }
   EcuChannel& channel() const { return channel_; }
@@ -53,6 +55,9 @@ class VehicleRequest : public ferrox3::Request {
   void setBundle(PidBundle* bundle) { bundle_ = bundle; }
 
  private:
+  Conversation::Outcome exchange(bool alone);
+  void note(Conversation::Outcome outcome, const Conversation::Times& times);
+
   const RequestDescription& description_;
   ferrox3::Ecu& ecu_;
   EcuChannel& channel_;
@@ -62,6 +67,7 @@ class VehicleRequest : public ferrox3::Request {
   PidBundle* bundle_ = nullptr;
   Link::Bytes received_;
   bool sent_ = false;
+  std::optional<ferrox3::Exchange> exchange_;  ///< none, too, after a failure of the link
 };
 
 }  // namespace tarnlog::host

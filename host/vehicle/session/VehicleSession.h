@@ -38,6 +38,10 @@ class VehicleSession : public ferrox3::Session {
   bool communicating() const override { return conversation_.busy(); }
   /// Closes the link; a request sent later opens it again.
   void endCommunication() override { keeper_.end(); }
+  std::vector<ferrox3::Fact> facts() const override;
+  std::vector<ferrox3::ServiceCount> servicesSent() const override;
+  /// How the vehicle is reached, for its facts.
+  void setLinkText(std::string text) { linkText_ = std::move(text); }
 
   /// Is told, while a request of a poll set is sent, when the car begins and ends to refuse it or not to know
   /// it. It may do anything but use the session.
@@ -46,6 +50,8 @@ class VehicleSession : public ferrox3::Session {
  private:
   const VehicleDevice* deviceOf(const std::string& name);
 
+  const VehicleDescription& description_;
+  std::string linkText_;
   UserLocale locale_;
   Conversation conversation_;
   SessionKeeper keeper_;

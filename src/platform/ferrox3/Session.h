@@ -198,6 +198,7 @@ struct Fact {
 struct ServiceCount {
   std::uint8_t service = 0;
   std::uint64_t sent = 0;
+  std::string name{};  ///< of the service, for people
 };
 
 class Session {
@@ -213,7 +214,8 @@ class Session {
   virtual void endCommunication() = 0;
   /// Those that are known by now.
   virtual std::vector<Fact> facts() const { return {}; }
-  /// Since the session began, by service; none where the host does not tell.
+  /// By service, in their order: all that was sent since the way to the vehicle was made, what found out how
+  /// to reach it included. None where the host does not tell.
   virtual std::vector<ServiceCount> servicesSent() const { return {}; }
 };
 

@@ -100,11 +100,18 @@ struct Poll {
 TEST(Obd, OffersWhatTheCarSaysItHas) {
   Car car;
   EXPECT_EQ(car.offered(), "Engine: 04 05 0C 0D 24 69; Transmission: 0D; ");
+  const auto heard = static_cast<std::ptrdiff_t>(car.adapter.heard.size());
   const auto vehicle = car.open();
   const ferrox3::Ecu& engine = vehicle->session().ecu(0);
   EXPECT_EQ(engine.functionName(), "Engine control");
   EXPECT_EQ(engine.findRequest("PID 24")->data(0).name(), "Oxygen sensor bank 1 sensor 1 equivalence ratio");
   EXPECT_EQ(engine.findRequest("PID 69")->data(0).name(), "PID 69 bytes");
+  EXPECT_EQ(vehicle->session().facts().at(1).text, "ELM327 v1.5");
+  std::uint64_t sent = 0;
+  for (const ferrox3::ServiceCount& count : vehicle->session().servicesSent()) sent += count.sent;
+  const auto isRequest = [](const std::string& line) { return line.size() >= 2 && line.starts_with("0"); };
+  EXPECT_EQ(sent, std::count_if(car.adapter.heard.begin() + heard, car.adapter.heard.end(), isRequest))
+      << "the search for the bus and for what the car offers is counted";
   // What is kept as a file opens as the same car.
   const std::string file = writeVehicleDescription(vehicle->description());
   EXPECT_EQ(parseVehicleDescription(file, "car.json", {}).ecus, vehicle->description().ecus);
@@ -191,6 +198,12 @@ TEST(Obd, AsksForSeveralPidsAtOnceWhereTheCarAllowsIt) {
   const auto vehicle = car.open();
   Poll poll(vehicle->session(), pids);
   EXPECT_EQ(poll.cycle(), "1726; 32; 83; 50.2; ");
+  poll.set->request(0).send();
+  car.clock.step(1s);
+  poll.set->request(1).send();
+  EXPECT_EQ(poll.set->request(1).lastExchange()->received, poll.set->request(0).lastExchange()->received)
+      << "they are asked for together";
+  poll.set->protocol().initialiseAll();
   // Each cycle gives new values; an answer that does not fit is not taken apart.
   car.engine.answers["010D"] = {"410D33"};
   for (const char* const answer : {"", "7E806410C1AF80D33\r\r>", ""}) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -393,6 +394,81 @@ TEST(VehicleSession, AnEcuThatCannotBeReachedLeavesTheOthersAlone) {
   EXPECT_THROW(car.wheels().send(), TarnError);
   car.peer.fatal.clear();
   EXPECT_THAT(sentAfterAWhile(), ElementsAre("40: 22 00 02"));
+}
+
+/// "answered 1000 to 11000", in microseconds since the clock's zero.
+std::string exchangeText(const ferrox3::Request& request) {
+  const auto known = request.lastExchange();
+  if (!known) return "none";
+  constexpr std::array kOutcomes{"answered", "refused", "silent", "not asked"};
+  return kOutcomes.at(static_cast<std::size_t>(known->outcome)) + (" " + std::to_string(known->sent)) +
+         " to " + std::to_string(known->received);
+}
+
+TEST(VehicleSession, TellsWhenARequestLeftAndItsAnswerWasThere) {
+  PolledCar car;
+  car.initialise();
+  ferrox3::Request& identity = car.set->request(1);
+  EXPECT_EQ(exchangeText(identity), "none");
+  const Moment start = car.clock.now();
+  const auto at = [&](int milliseconds) { return std::to_string((start + milliseconds * 1ms).count()); };
+  car.peer.script["1A 80"] = {"5A 80 41", "5A 80 42"};
+  identity.send();
+  EXPECT_EQ(exchangeText(identity), "answered " + at(0) + " to " + at(10));
+  // A busy ECU is asked again 20 ms later: what counts is the request that was answered.
+  car.peer.script["1A 80"] = {"7F 1A 21"};
+  car.link.setIdleHook([&] { car.peer.script["1A 80"] = {"7F 1A 78", "7F 1A 31"}; });
+  identity.send();
+  car.link.setIdleHook({});
+  EXPECT_EQ(exchangeText(identity), "refused " + at(40) + " to " + at(60));
+  identity.send();
+  EXPECT_THAT(exchangeText(identity), testing::StartsWith("not asked"));
+  car.clock.step(5s);
+  car.peer.script["1A 80"] = {};
+  car.speeds({"61 80 00 08"});
+  const std::string asked = std::to_string(car.clock.now().count());
+  identity.send();
+  EXPECT_EQ(exchangeText(identity), "silent " + asked + " to " + std::to_string(car.clock.now().count()));
+  // TesterPresent and the opening of a session do not count.
+  car.startSession();
+  car.clock.step(2s);
+  car.peer.script["3E 01"] = {"7E 01"};
+  car.peer.script["22 00 02"] = {"62 00 02 11"};
+  const Moment before = car.clock.now();
+  car.wheels().send();
+  EXPECT_EQ(exchangeText(car.wheels()), "answered " + std::to_string((before + 10ms).count()) + " to " +
+                                            std::to_string((before + 20ms).count()));
+  car.peer.fatal = "22 00 02";
+  EXPECT_THROW(car.wheels().send(), TarnError);
+  EXPECT_EQ(exchangeText(car.wheels()), "none");
+
+  std::string sent;
+  for (const ferrox3::ServiceCount& count : car.session.servicesSent())
+    sent += count.name + " " + std::to_string(count.sent) + ", ";
+  EXPECT_EQ(sent,
+            "DiagnosticSessionControl 2, ReadEcuIdentification 4, ReadDataByLocalIdentifier 1, "
+            "ReadDataByIdentifier 2, TesterPresent 1, ");
+}
+
+TEST(VehicleSession, TellsTheRawNumberWhereTheValueIsMadeOfIt) {
+  Car car;
+  car.speeds({"61 80 13 5F 01 FE"});
+  const auto scalingText = [&](const char* request, const char* data) -> std::string {
+    const ferrox3::DataItem& item = *car.request(request).findData(data);
+    const auto scaling = item.scaling();
+    if (!scaling) return item.rawNumber() ? "raw" : "none";
+    return std::to_string(scaling->bits) + (scaling->isSigned ? " signed " : " ") +
+           (item.rawNumber() ? std::to_string(*item.rawNumber()) : "no number");
+  };
+  EXPECT_EQ(car.request("Speeds").findData("Speed")->scaling()->factor, 0.25);
+  EXPECT_EQ(scalingText("Speeds", "Speed"), "16 4959");
+  EXPECT_EQ(scalingText("Speeds", "Gear"), "8 signed -2");
+  EXPECT_EQ(scalingText("Identity", "Number"), "none");
+  car.speeds({"61 80 13 5F 01 FF"});
+  EXPECT_EQ(scalingText("Speeds", "Gear"), "8 signed no number");
+  DataLayout rounded;
+  rounded.divisor = 2;
+  EXPECT_FALSE(scalingOf(rounded));
 }
 
 TEST(VehicleSession, LooksUpByName) {

@@ -27,7 +27,7 @@ void Recorder::begin(const RecordingPlan& plan, const LevelTrigger& start, const
   forgetRequests();
   stopMarkPending_ = false;
   finishedRecordings_ = 0;
-  rowsWritten_ = rowsBefore_ = 0;
+  rowsWritten_ = rowsInFile_ = 0;
   showEvent();
 }
 
@@ -77,7 +77,6 @@ bool Recorder::OpenRecordFile() {
     return false;
   }
   screen_.setRecordPath(files_.recordPath());
-  rowsBefore_ = rowsWritten_;
   const Milliseconds from = historyFrom();
   const Milliseconds zero = writeFirstRows();
   samples_.recordingBegan(files_.recordPath(), zero, from);
@@ -106,12 +105,14 @@ Milliseconds Recorder::writeFirstRows() {
   Milliseconds start = 0;
   (history ? preTrigger_ : current_).GetTime(start);
   recordStart_ = start;
-  if (history) {
-    skipOnFailure([&] { files_.record()->writeBuffer(preTrigger_, recordStart_, "Start"); });
-  } else {
-    nextSampleTime_ = start + static_cast<Milliseconds>(plan_.samplePeriod);
-    skipOnFailure([&] { files_.record()->writeCurrent(current_, recordStart_, "Start"); });
-  }
+  if (!history) nextSampleTime_ = start + static_cast<Milliseconds>(plan_.samplePeriod);
+  const bool written = skipOnFailure([&] {
+    if (history)
+      files_.record()->writeBuffer(preTrigger_, recordStart_, "Start");
+    else
+      files_.record()->writeCurrent(current_, recordStart_, "Start");
+  });
+  rowsInFile_ = !written ? 0 : history ? static_cast<std::uint64_t>(preTrigger_.rows()) : 1;
   ++rowsWritten_;
   return start;
 }
@@ -193,7 +194,8 @@ void Recorder::writeRow(Milliseconds pollTime) {
   screen_.setElapsed(recordStart_.millisecondsTo(pollTime));
   const std::string& mark = takeMark();
   if (DataFile* const file = files_.record())
-    if (skipOnFailure([&] { file->writeCurrent(current_, recordStart_, mark); })) ++rowsWritten_;
+    if (skipOnFailure([&] { file->writeCurrent(current_, recordStart_, mark); }))
+      ++rowsWritten_, ++rowsInFile_;
 }
 
 /// Where both apply, the row is marked "Stop", and the event's mark moves to the next row, if there is one.

@@ -78,7 +78,7 @@ class Recorder {
   void showEvent();
   void tellEvent(EventProgress progress);
   bool OpenRecordFile();
-  void fileEnded() { samples_.recordingEnded(rowsWritten_ - rowsBefore_); }
+  void fileEnded() { samples_.recordingEnded(rowsInFile_); }
   void tellOpenFailed(OpenFailure failure, const std::string& reason);
   /// Returns the time from which the file's times count.
   Milliseconds writeFirstRows();
@@ -126,7 +126,7 @@ class Recorder {
   TimeOrigin recordStart_;
   std::int32_t finishedRecordings_ = 0;
   std::uint64_t rowsWritten_ = 0;
-  std::uint64_t rowsBefore_ = 0;  ///< this recording
+  std::uint64_t rowsInFile_ = 0;  ///< of the newest recording, those before its start included
   OpenFailed openFailed_;
   std::string mark_;  ///< scratch, kept for its capacity
 };

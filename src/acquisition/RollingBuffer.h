@@ -35,6 +35,7 @@ class RollingBuffer {
   /// Of the oldest row.
   void GetOldestTime(Milliseconds& time) const;
   bool empty() const { return current_ == 0; }
+  std::int32_t rows() const { return full_ ? rows_ : current_; }
   std::int32_t columns() const { return columns_; }
 
   /// Every row, oldest first, or the newest one only; times relative to `t0`, the mark on the newest row.

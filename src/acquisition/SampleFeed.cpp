@@ -45,9 +45,14 @@ void SampleFeed::tell(Tell tell) const {
 void SampleFeed::begin(const AcquisitionItems& items, const ferrox3::Session& session,
                        const oTarnParameters& parameters) {
   if (sinks_.empty()) return;
-  SampleBeginning beginning{.acquisition = newId_(), .zone = clock_.zoneOffset(), .parameters = parameters};
-  collectRequests(items, beginning);
-  beginning.facts = session.facts();
+  SampleBeginning beginning{.acquisition = {}, .zone = clock_.zoneOffset(), .parameters = parameters};
+  const bool described = skipOnFailure([&] {
+    beginning.acquisition = newId_();
+    beginning.facts = session.facts();
+    collectRequests(items, beginning);
+  });
+  if (!described) return;
+  session_ = &session;
   beginning.at = clock_.microseconds();
   beginning.utcNanoseconds = clock_.utcNanoseconds();
   wallAhead_ = beginning.utcNanoseconds - beginning.at * 1000;
@@ -56,6 +61,13 @@ void SampleFeed::begin(const AcquisitionItems& items, const ferrox3::Session& se
   recording_ = false;
   begun_ = true;
   tell([&](SampleSink& sink) { sink.begin(beginning); });
+  tellContext();
+}
+
+void SampleFeed::tellContext() const {
+  SampleContext context;
+  skipOnFailure([&] { context = {session_->facts(), session_->servicesSent()}; });
+  tell([&](SampleSink& sink) { sink.context(context); });
 }
 
 void SampleFeed::collectRequests(const AcquisitionItems& items, SampleBeginning& beginning) {
@@ -86,22 +98,22 @@ void SampleFeed::sending(std::size_t position) {
   sent_ = clock_.microseconds();
 }
 
+std::optional<ferrox3::Exchange> SampleFeed::exchange() const {
+  std::optional<ferrox3::Exchange> known;
+  skipOnFailure([&] { known = polled_[current_]->lastExchange(); });
+  return known;
+}
+
 void SampleFeed::answered() {
   if (!begun_ || !positions_[current_]) return;
   const std::size_t request = *positions_[current_];
-  const auto exchange = polled_[current_]->lastExchange();
-  if (exchange && exchange->outcome == ferrox3::Exchange::Outcome::NotAsked)
-    return tell([&](SampleSink& sink) { sink.notAsked(request); });
-  SampleAnswer answer{++sequence_, request, sent_, 0};
-  if (exchange) {
-    answer.sent = exchange->sent;
-    answer.received = exchange->received;
-    answer.outcome = exchange->outcome;
-  } else {
-    answer.received = clock_.microseconds();
-  }
-  if (const auto from = gaps_.answered(answer.received))
-    tell([&](SampleSink& sink) { sink.gap(*from, answer.received); });
+  using Outcome = ferrox3::Exchange::Outcome;
+  const ferrox3::Exchange known =
+      exchange().value_or(ferrox3::Exchange{Outcome::Answered, sent_, clock_.microseconds()});
+  if (known.outcome == Outcome::NotAsked) return tell([&](SampleSink& sink) { sink.notAsked(request); });
+  const SampleAnswer answer{++sequence_, request, known.sent, known.received, known.outcome};
+  const auto gapFrom = answer.outcome == Outcome::Silent ? std::nullopt : gaps_.answered(answer.received);
+  if (gapFrom) tell([&](SampleSink& sink) { sink.gap(*gapFrom, answer.received); });
   tell([&](SampleSink& sink) { sink.answer(answer); });
 }
 
@@ -131,6 +143,7 @@ void SampleFeed::recordingBegan(const std::string& path, Milliseconds zero, Mill
   if (!begun_) return;
   recordPath_ = path;
   recording_ = true;
+  tellContext();
   const SampleRecording recording{newId_(), recordPath_, microsecondsOf(zero), microsecondsOf(from)};
   tell([&](SampleSink& sink) { sink.recordingBegan(recording); });
   mark(SampleMark::Kind::Start, 0, recordPath_, recording.zero);
@@ -143,11 +156,14 @@ void SampleFeed::mark(SampleMark::Kind kind, std::int32_t number, std::string_vi
 
 void SampleFeed::recordingEnded(std::uint64_t rows) {
   if (!std::exchange(recording_, false)) return;
+  tellContext();
   tell([&](SampleSink& sink) { sink.recordingEnded(clock_.microseconds(), rows); });
 }
 
 void SampleFeed::end() {
   if (!std::exchange(begun_, false)) return;
+  lookAtWallClock();
+  tellContext();
   tell([&](SampleSink& sink) { sink.end(clock_.microseconds()); });
 }
 

@@ -23,6 +23,8 @@ class SampleFeed {
   /// The sinks outlive the feed.
   SampleFeed(const Clock& clock, std::vector<SampleSink*> sinks, NewId newId);
 
+  /// Items, session and parameters stay as they are until `end`. A host that fails to describe its requests
+  /// is not told about.
   void begin(const AcquisitionItems& items, const ferrox3::Session& session,
              const oTarnParameters& parameters);
   void state(AcquisitionState state);
@@ -45,13 +47,16 @@ class SampleFeed {
   template <class Tell>
   void tell(Tell tell) const;
   void collectRequests(const AcquisitionItems& items, SampleBeginning& beginning);
+  std::optional<ferrox3::Exchange> exchange() const;
   void mark(SampleMark::Kind kind, std::int32_t number, std::string_view path, std::int64_t at) const;
   void lookAtWallClock();
+  void tellContext() const;
   std::int64_t microsecondsOf(Milliseconds moment) const;
 
   const Clock& clock_;
   std::vector<SampleSink*> sinks_;
   NewId newId_;
+  const ferrox3::Session* session_ = nullptr;
   bool begun_ = false;
   /// Of each request of the poll set its position among those that sinks hear of.
   std::vector<std::optional<std::size_t>> positions_;

@@ -38,8 +38,14 @@ struct SampleBeginning {
   std::int64_t utcNanoseconds = 0;  ///< since 1970
   ZoneOffset zone;
   std::vector<SampleRequest> requests{};  ///< in the order in which they are sent; without those of no item
-  std::vector<ferrox3::Fact> facts{};
+  std::vector<ferrox3::Fact> facts{};     ///< known already; an adapter is often asked for its name later
   const oTarnParameters& parameters;
+};
+
+/// What becomes known, or grows, while an acquisition runs.
+struct SampleContext {
+  std::vector<ferrox3::Fact> facts{};
+  std::vector<ferrox3::ServiceCount> servicesSent{};
 };
 
 /// A request was answered: its items have their new values, which are "not available" (NaN) where
@@ -89,6 +95,8 @@ class SampleSink {
  public:
   virtual ~SampleSink() = default;
   virtual void begin(const SampleBeginning& /*beginning*/) {}
+  /// Told behind `begin`, and right before each `recordingBegan`, `recordingEnded` and `end`.
+  virtual void context(const SampleContext& /*context*/) {}
   virtual void answer(const SampleAnswer& /*answer*/) {}
   /// A request's turn passed without its being sent.
   virtual void notAsked(std::size_t /*request*/) {}
@@ -97,6 +105,7 @@ class SampleSink {
   virtual void cycle(const SampleCycle& /*cycle*/) {}
   virtual void recordingBegan(const SampleRecording& /*recording*/) {}
   virtual void mark(const SampleMark& /*mark*/) {}
+  /// So many rows were given to the record file, those before the start included.
   virtual void recordingEnded(std::int64_t /*at*/, std::uint64_t /*rows*/) {}
   /// No answer came from `from` to `till`, for longer than usual.
   virtual void gap(std::int64_t /*from*/, std::int64_t /*till*/) {}

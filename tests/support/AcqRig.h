@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/RecorderParts.h"
@@ -27,9 +28,12 @@ struct ScriptedDrive : RecorderParts {
 };
 
 /// A recorder of the speed. The test sets `parameters`, starts, and steps polling cycles.
+/// Ids of acquisitions and recordings are 1, 2, ...
 class AcqRig : public ScriptedDrive {
  public:
-  AcqRig() {
+  explicit AcqRig(std::vector<SampleSink*> sinks = {})
+      : acq(screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl", nullptr, std::move(sinks),
+                     [this] { return SampleId{{++ids_}}; }}) {
     add(speed);
     hear(acq);
     acq.setSession(&session);
@@ -63,7 +67,10 @@ class AcqRig : public ScriptedDrive {
   std::vector<std::string> recordRows() const { return rowsOf(files.files.at(acq.RecordPath())); }
 
   Milliseconds origin = 0;
-  TarnAcq acq{screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl"}};
+  TarnAcq acq;
+
+ private:
+  std::uint8_t ids_ = 0;
 };
 
 }  // namespace tarnlog::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -24,6 +25,8 @@ class ScriptedRequest : public ferrox3::Request {
   bool isAvailable = true;
   std::string answer = "61 80";  ///< what `receivedText` gives
   Failing failing;               ///< of `send`
+  /// What `lastExchange` gives.
+  std::optional<ferrox3::Exchange> exchange{};
 
   const std::string& name() const override { return name_; }
   bool available() const override { return isAvailable; }
@@ -39,6 +42,7 @@ class ScriptedRequest : public ferrox3::Request {
   void send() override;
   std::string sentText() const override { return frame_; }
   std::string receivedText() const override { return answer; }
+  std::optional<ferrox3::Exchange> lastExchange() const override { return exchange; }
 
  private:
   Script& script_;

@@ -32,6 +32,8 @@ class ScriptedSession : public ferrox3::Session {
   /// Lists and poll sets that were made and not yet told to finish.
   int unfinishedLists = 0;
   int unfinishedPollSets = 0;
+  std::vector<ferrox3::Fact> known{};         ///< facts
+  std::vector<ferrox3::ServiceCount> sent{};  ///< services
 
   std::size_t ecuCount() const override { return ecus_.size(); }
   ScriptedEcu& ecu(std::size_t position) const override { return *ecus_.at(position); }
@@ -46,6 +48,8 @@ class ScriptedSession : public ferrox3::Session {
   }
   bool communicating() const override { return script.communicating; }
   void endCommunication() override { script.call("end communication"); }
+  std::vector<ferrox3::Fact> facts() const override { return known; }
+  std::vector<ferrox3::ServiceCount> servicesSent() const override { return sent; }
 
  private:
   std::vector<std::unique_ptr<ScriptedEcu>> ecus_;

@@ -46,6 +46,13 @@ void NonWaitingStream::write(std::string_view text) {
   drain();
 }
 
+bool NonWaitingStream::offer(std::string_view lines) {
+  drain();
+  if (!keep(lines)) return false;
+  drain();
+  return true;
+}
+
 /// The count of the lines that are missing stands where they are missing.
 void NonWaitingStream::flush() {
   drain();

@@ -25,6 +25,8 @@ class NonWaitingStream {
 
   /// One line with its end, or a piece of one.
   void write(std::string_view text);
+  /// One or several lines, all of them or, when there is no room for them now, none: false.
+  bool offer(std::string_view lines);
   /// Writes of what is kept what can be written at once. To be called now and then.
   void flush();
   /// Whether all has been written.

@@ -1,9 +1,12 @@
 #include "apps/tarn-record/RunCommand.h"
 
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <memory>
+#include <optional>
+#include <vector>
 
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
@@ -18,11 +21,14 @@
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/ProgressLine.h"
 #include "apps/tarn-record/RunDirector.h"
+#include "apps/tarn-record/SamplesOutput.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
+#include "samples/JsonLinesSink.h"
+#include "samples/QualityCounter.h"
 
 namespace tarnlog::record {
 
@@ -54,13 +60,15 @@ class Run {
         progress_(clock_, errors_, ::isatty(STDERR_FILENO) != 0, systemLocale().decimalSeparator),
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()) {
+    if (options.samples) openSamples(*options.samples);
     host::LinkOptions link = options.link;
     link.stopAsked = Signals::stopRequested;
     // Not earlier: `idle` looks at the members.
     vehicle_ = openVehicle(
         options.vehicle, files_, linkClock_, [this] { idle(); }, link);
-    acq_ = std::make_unique<TarnAcq>(screen_,
-                                     AcqEnvironment{clock_, *timer_, files_, systemLocale(), kStylesheetUrl});
+    acq_ = std::make_unique<TarnAcq>(screen_, environment());
+    quality_.setRecordingEnded(
+        [this](const std::string& path, const Quality& quality) { printQuality(path, quality); });
     files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
     if (options.folderPerVehicle)
       acq_->setFolderRule([this](const std::string& folder) {
@@ -103,6 +111,26 @@ class Run {
       throw BadInput("stopped while the car was asked what it offers");
   }
 
+  AcqEnvironment environment() {
+    std::vector<SampleSink*> sinks{&quality_};
+    if (json_) sinks.push_back(&*json_);
+    return {clock_, *timer_, files_, systemLocale(), kStylesheetUrl, nullptr, sinks};
+  }
+
+  void openSamples(const std::string& path) {
+    samples_.emplace(path, files_);
+    json_.emplace(*samples_);
+    json_->setLossHandler([this, path](bool losing, std::uint64_t lines) {
+      progress_.print("tarn-record: samples: " + path +
+                      (losing ? ": lines are left out, nobody takes them"
+                              : fmt::format(": {} lines were left out", lines)));
+    });
+  }
+
+  void printQuality(const std::string& what, const Quality& quality) {
+    progress_.print("tarn-record: " + what + ": " + qualityText(quality));
+  }
+
   LoadedConfiguration load() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
@@ -112,17 +140,21 @@ class Run {
 
   /// Programs read it; what a terminal would act on is escaped there only.
   void printPath(const std::string& path) {
+    if (samples_ && samples_->onStandardOutput()) return progress_.print(path);
     paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
   }
 
   void goOnPrinting() {
     paths_.flush();
+    if (samples_) samples_->flush();
     progress_.show(*acq_, screen_);
   }
 
   /// All files are closed now: no path may be lost because its reader is slow. The log must not keep the
   /// program from ending.
   void finishPrinting() {
+    if (samples_ && !samples_->finish())
+      progress_.print("tarn-record: samples: the last lines were not read");
     progress_.end();
     paths_.wait();
     errors_.wait(kLogPatience);
@@ -131,10 +163,13 @@ class Run {
   /// The recorder goes on polling meanwhile.
   void noteTrouble(const WriteTrouble& trouble) {
     troubled_ = true;
+    // Samples are written by the cycle: how many lines are lost, their sink tells.
+    if (trouble.path == options_.samples && trouble.kind == WriteTrouble::Kind::Ended) return;
     progress_.print("tarn-record: " + textOf(trouble));
   }
 
   int conclude(const RunDirector& director) {
+    if (acq_->finishedRecordings() > 1) printQuality("all recordings", quality_.acquisition());
     if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
       progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");
@@ -151,6 +186,9 @@ class Run {
   ConsoleScreen screen_;
   RunLoop loop_;
   std::unique_ptr<Timer> timer_;
+  QualityCounter quality_;
+  std::optional<SamplesOutput> samples_;
+  std::optional<JsonLinesSink> json_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;
   std::unique_ptr<TarnAcq> acq_;
   bool troubled_ = false;  ///< something that was to be written is not in its file

@@ -19,11 +19,12 @@ struct RunOptions {
   std::optional<std::string> prefix;
   std::optional<std::int32_t> duration;
   std::optional<std::int32_t> recordings;
+  std::optional<std::string> samples;  ///< a file or pipe for JSON lines, or "-"
 };
 
-/// Records until a limit, a signal or the configuration's stop ends it. Log lines and errors go to standard
-/// error, the path of each finished file to standard output. Returns the exit code; raises BadInput and
-/// TarnErrors before it starts.
+/// Records until a limit, a signal or the configuration's stop ends it. Log lines, errors and how well each
+/// recording went go to standard error, the path of each finished file to standard output, or to standard
+/// error when the samples go there. Returns the exit code; raises BadInput and TarnErrors before it starts.
 int run(const RunOptions& options);
 
 }  // namespace tarnlog::record

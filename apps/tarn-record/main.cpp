@@ -142,6 +142,11 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
                   "End the run after N recordings (default: 1 when the start is manual, else no limit)")
       ->check(wholeNumber(1, 1000000000))
       ->type_name("N");
+  command
+      .add_option(
+          "--samples", options.samples,
+          "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
+      ->type_name("FILE");
   command.footer(
       "Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is the event "
       "button.\n"

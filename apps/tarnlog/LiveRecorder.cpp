@@ -91,8 +91,17 @@ WindowEnvironment LiveRecorder::environment() {
     options_.link.trace.clear();  // a trace is of one vehicle
     return vehicle;
   };
-  return {{clock_, timer_, files_, folderSettings_, dialogs_, desktopLocale(), kStylesheetUrl, &endQuestion_,
-           [this](const std::string& file) { refusePrefixOutside(files_, file); }, guideOfProgram(files_)},
+  return {{clock_,
+           timer_,
+           files_,
+           folderSettings_,
+           dialogs_,
+           desktopLocale(),
+           kStylesheetUrl,
+           &endQuestion_,
+           [this](const std::string& file) { refusePrefixOutside(files_, file); },
+           guideOfProgram(files_),
+           {&quality_}},
           open,
           options_.link.url,
           exampleVehicles(),
@@ -110,6 +119,10 @@ int LiveRecorder::run() {
   files_.setWriteTroubleHandler([&](const WriteTrouble& trouble) {
     noteFailure(textOf(trouble));
     window.showWriteTrouble(trouble);
+  });
+  quality_.setRecordingEnded([&](const std::string& path, const Quality& quality) {
+    say(path + ": " + qualityText(quality));
+    window.showQuality(path, qualityText(quality));
   });
   acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
     const std::string text = words::openFailureText(failure, reason);
@@ -134,6 +147,7 @@ int LiveRecorder::run() {
   });
   const int code = QApplication::exec();
   files_.setWriteTroubleHandler({});
+  quality_.setRecordingEnded({});
   paths_.wait();
   return failed_ ? kFailed : code;
 }

@@ -455,6 +455,11 @@ void RecorderWindow::showOpenFailed(const std::string& text) {
                        {tr("Recording parameters"), [this] { recorder_->openScreen("param"); }});
 }
 
+void RecorderWindow::showQuality(const std::string& path, const std::string& text) {
+  const QString name = QFileInfo(toQString(path)).fileName();
+  notices_->showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(text)));
+}
+
 /// In the middle of a request, too: during an outage there is hardly a moment outside of one.
 void RecorderWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(mayClose_);

@@ -70,6 +70,8 @@ class RecorderWindow : public QMainWindow {
   void endAndClose();
   void showWriteTrouble(const WriteTrouble& trouble);
   void showOpenFailed(const std::string& text);
+  /// How well the newest recording went.
+  void showQuality(const std::string& path, const std::string& text);
 
   TarnMain& recorder() { return *recorder_; }
 

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "acquisition/SampleSink.h"
 #include "platform/files/FileSystem.h"
 #include "platform/settings/SettingsStore.h"
 #include "platform/text/UserLocale.h"
@@ -31,6 +33,8 @@ struct MainEnvironment {
   std::function<void(const std::string& fileName)> checkConfiguration{};
   /// What the help leads to, besides the keys.
   Guide guide{};
+  /// Hear what the vehicle answers.
+  std::vector<SampleSink*> sinks{};
 };
 
 }  // namespace tarnlog

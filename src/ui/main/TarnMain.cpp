@@ -68,7 +68,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   notices_ = new NoticeBar(this);
   configure_ = new Tarn2001(environment, *notices_, this);
   acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
-                      environment.stylesheetUrl},
+                      environment.stylesheetUrl, environment.sinks},
                      &environment.settings, this);
   log_ = new LogView(this);
   configure_->setObjectName("ctlTarnConfigure");

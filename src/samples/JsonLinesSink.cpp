@@ -1,0 +1,318 @@
+#include "samples/JsonLinesSink.h"
+
+#include <utility>
+#include <variant>
+
+#include "platform/base/Overloaded.h"
+#include "platform/base/TarnError.h"
+#include "samples/JsonText.h"
+
+namespace tarnlog {
+
+namespace {
+
+/// A cycle of more is handed over in pieces.
+constexpr std::size_t kMostAtOnce = 65536;
+
+std::string_view nameOf(AcquisitionState state) {
+  switch (state) {
+    case AcquisitionState::kIdle:
+      return "idle";
+    case AcquisitionState::kInitialise:
+      return "initialise";
+    case AcquisitionState::kStartSessions:
+      return "start sessions";
+    case AcquisitionState::kCommunicate:
+      return "communicate";
+    case AcquisitionState::kWaitAfterInit:
+      return "wait after initialisation";
+    case AcquisitionState::kWaitBeforePolling:
+      return "wait before polling";
+  }
+  return {};
+}
+
+std::string_view nameOf(SampleMark::Kind kind) {
+  switch (kind) {
+    case SampleMark::Kind::Start:
+      return "start";
+    case SampleMark::Kind::Stop:
+      return "stop";
+    case SampleMark::Kind::Event:
+      break;
+  }
+  return "event";
+}
+
+std::string_view typeOf(const ferrox3::DataItem& item) {
+  switch (item.typeCode()) {
+    case ferrox3::kInteger:
+      return "integer";
+    case ferrox3::kString:
+      return "text";
+    case ferrox3::kByteArray:
+      return "bytes";
+    default:
+      return "number";
+  }
+}
+
+void appendHex(std::string& out, const ferrox3::Bytes& bytes) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  out += '"';
+  for (const std::uint8_t byte : bytes) {
+    out += kDigits[byte >> 4U];
+    out += kDigits[byte & 0xFU];
+  }
+  out += '"';
+}
+
+/// "," but in front of the first.
+void separate(std::string& out) {
+  if (out.back() != '{' && out.back() != '[') out += ',';
+}
+
+}  // namespace
+
+/// What fails on the way, where a host raises, leaves no line behind.
+template <class Fill>
+void JsonLinesSink::line(std::string_view type, Fill fill) {
+  const std::size_t before = out_.size();
+  const bool whole = skipOnFailure([&] {
+    out_ += "{\"type\":\"";
+    out_ += type;
+    out_ += '"';
+    fill();
+    out_ += "}\n";
+  });
+  if (whole)
+    ++lines_;
+  else
+    out_.resize(before);
+}
+
+template <class Value>
+void JsonLinesSink::member(std::string_view name, const Value& value) {
+  separate(out_);
+  out_ += '"';
+  out_ += name;
+  out_ += "\":";
+  appendJson(out_, value);
+}
+
+void JsonLinesSink::time(std::string_view name, std::int64_t at) { member(name, utc(at)); }
+
+void JsonLinesSink::begin(const SampleBeginning& beginning) {
+  at_ = beginning.at;
+  utc_ = beginning.utcNanoseconds;
+  requests_.clear();
+  out_.clear();
+  lines_ = 0;
+  for (const SampleRequest& sampled : beginning.requests) {
+    Request& request = requests_.emplace_back();
+    request.names = ",\"ecu\":";
+    appendJson(request.names, sampled.request->ecu().name());
+    request.names += ",\"request\":";
+    appendJson(request.names, sampled.request->name());
+    for (const ferrox3::DataItem* const item : sampled.items) {
+      Item& added = request.items.emplace_back(Item{item, request.items.empty() ? "" : ","});
+      appendJson(added.key, item->name());
+      added.key += ':';
+    }
+  }
+  line("begin", [&] { describe(beginning); });
+  handOver();
+}
+
+void JsonLinesSink::describe(const SampleBeginning& beginning) {
+  time("t", beginning.at);
+  member("acquisition", beginning.acquisition.text());
+  member("zone", std::int64_t{beginning.zone.zone + beginning.zone.summer});
+  facts(beginning.facts);
+  out_ += ",\"requests\":[";
+  for (const SampleRequest& request : beginning.requests) describe(request);
+  out_ += ']';
+}
+
+void JsonLinesSink::facts(const std::vector<ferrox3::Fact>& facts) {
+  factsTold_ = facts.size();
+  out_ += ",\"facts\":{";
+  for (const ferrox3::Fact& fact : facts) {
+    separate(out_);
+    appendJson(out_, fact.name);
+    out_ += ':';
+    appendJson(out_, fact.text);
+  }
+  out_ += '}';
+}
+
+/// An adapter tells its name when it is opened, which may be after the beginning.
+void JsonLinesSink::context(const SampleContext& context) {
+  if (context.facts.size() > factsTold_) line("facts", [&] { facts(context.facts); });
+}
+
+void JsonLinesSink::describe(const SampleRequest& request) {
+  separate(out_);
+  out_ += '{';
+  member("ecu", request.request->ecu().name());
+  member("request", request.request->name());
+  out_ += ",\"data\":[";
+  for (const ferrox3::DataItem* const item : request.items) describe(*item);
+  out_ += "]}";
+}
+
+void JsonLinesSink::describe(const ferrox3::DataItem& item) {
+  separate(out_);
+  out_ += '{';
+  member("name", item.name());
+  member("unit", item.unit());
+  member("type", typeOf(item));
+  member("minimum", item.minimum());
+  member("maximum", item.maximum());
+  if (const ferrox3::Enumeration* const labels = item.enumeration()) {
+    out_ += ",\"labels\":{";
+    for (std::int32_t position = 1; position <= labels->Count(); ++position) {
+      const std::string label = labels->label(position);
+      member(std::to_string(labels->value(label)), label);
+    }
+    out_ += '}';
+  }
+  out_ += '}';
+}
+
+void JsonLinesSink::answer(const SampleAnswer& answer) {
+  using Outcome = ferrox3::Exchange::Outcome;
+  const Request& request = requests_.at(answer.request);
+  line("answer", [&] {
+    out_ += ",\"t\":";
+    appendJson(out_, utc(answer.received));
+    out_ += ",\"sent\":";
+    appendJson(out_, utc(answer.sent));
+    out_ += request.names;
+    member("seq", answer.sequence);
+    if (answer.outcome == Outcome::Refused) out_ += ",\"outcome\":\"refused\"";
+    if (answer.outcome == Outcome::Silent) out_ += ",\"outcome\":\"silent\"";
+    values(request);
+  });
+  if (out_.size() > kMostAtOnce) handOver();
+}
+
+void JsonLinesSink::values(const Request& request) {
+  out_ += ",\"values\":{";
+  for (const Item& item : request.items) {
+    out_ += item.key;
+    const std::size_t before = out_.size();
+    if (skipOnFailure([&] { value(*item.item); })) continue;
+    out_.resize(before);
+    out_ += "null";
+  }
+  out_ += '}';
+}
+
+void JsonLinesSink::value(const ferrox3::DataItem& item) {
+  std::visit(Overloaded{[this](const ferrox3::Bytes& bytes) { appendHex(out_, bytes); },
+                        [this](const std::string& text) { appendJson(out_, text); },
+                        [this](std::int32_t number) { appendJson(out_, std::int64_t{number}); },
+                        [this](double number) { appendJson(out_, number); }},
+             item.value());
+}
+
+void JsonLinesSink::failure(const SampleFailure& failure) {
+  line("failure", [&] {
+    time("t", failure.at);
+    time("sent", failure.sent);
+    out_ += requests_.at(failure.request).names;
+    member("reason", failure.reason);
+  });
+  handOver();
+}
+
+void JsonLinesSink::state(AcquisitionState state, std::int64_t at) {
+  line("state", [&] {
+    time("t", at);
+    member("state", nameOf(state));
+  });
+  handOver();
+}
+
+void JsonLinesSink::cycle(const SampleCycle& /*cycle*/) { handOver(); }
+
+void JsonLinesSink::recordingBegan(const SampleRecording& recording) {
+  line("recording", [&] {
+    time("t", recording.zero);
+    time("from", recording.from);
+    member("recording", recording.id.text());
+    member("path", recording.path);
+  });
+}
+
+void JsonLinesSink::mark(const SampleMark& mark) {
+  line("mark", [&] {
+    time("t", mark.at);
+    member("mark", nameOf(mark.kind));
+    member("number", std::int64_t{mark.number});
+    member("path", mark.path);
+  });
+  handOver();
+}
+
+void JsonLinesSink::recordingEnded(std::int64_t at, std::uint64_t rows) {
+  line("recording end", [&] {
+    time("t", at);
+    member("rows", rows);
+  });
+  handOver();
+}
+
+void JsonLinesSink::gap(std::int64_t from, std::int64_t till) {
+  line("gap", [&] {
+    time("t", till);
+    time("from", from);
+  });
+}
+
+void JsonLinesSink::clockStep(std::int64_t at, std::int64_t nanoseconds) {
+  line("clock step", [&] {
+    time("t", at);
+    member("nanoseconds", nanoseconds);
+  });
+}
+
+/// Of what is lost until now there is no later line that could tell.
+void JsonLinesSink::end(std::int64_t at) {
+  line("end", [&] { time("t", at); });
+  handOver();
+  if (lost_ > 0 && lossHandler_) lossHandler_(false, lost_);
+  lost_ = 0;
+}
+
+void JsonLinesSink::handOver() {
+  if (lost_ == 0) {
+    if (!taken(out_)) lose();
+  } else {
+    withLoss_ = "{\"type\":\"lost\",\"lines\":";
+    appendJson(withLoss_, lost_);
+    withLoss_ += "}\n";
+    withLoss_ += out_;
+    if (!taken(withLoss_))
+      lose();
+    else if (const std::uint64_t lost = std::exchange(lost_, 0); lossHandler_)
+      lossHandler_(false, lost);
+  }
+  out_.clear();
+  lines_ = 0;
+}
+
+bool JsonLinesSink::taken(std::string_view lines) {
+  bool all = false;
+  skipOnFailure([&] { all = lines.empty() || target_.take(lines); });
+  return all;
+}
+
+void JsonLinesSink::lose() {
+  const bool begins = lost_ == 0;
+  lost_ += lines_;
+  if (begins && lossHandler_) lossHandler_(true, 0);
+}
+
+}  // namespace tarnlog

@@ -154,7 +154,7 @@ class Run {
   /// program from ending.
   void finishPrinting() {
     if (samples_ && !samples_->finish())
-      progress_.print("tarn-record: samples: the last lines were not read");
+      progress_.print("tarn-record: samples: the last lines were not taken");
     progress_.end();
     paths_.wait();
     errors_.wait(kLogPatience);

@@ -104,7 +104,9 @@ void QualityCounter::forgetBefore(std::int64_t time) {
 /// A recording whose trigger fires begins within a cycle, which is counted when it is complete.
 void QualityCounter::recordingBegan(const SampleRecording& recording) {
   path_ = recording.path;
-  recording_.emplace().zero = recording.zero;
+  Tally tally;
+  tally.zero = recording.zero;
+  recording_ = tally;
   for (std::size_t i = historyFrom_; i < history_.size(); ++i)
     if (history_[i].began.value_or(0) >= recording.from) recording_->add(history_[i]);
 }

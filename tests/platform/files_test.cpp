@@ -119,6 +119,20 @@ TEST_F(Files, CutRowIsFinishedByTheNextWrite) {
   close(sealed);
 }
 
+TEST_F(Files, AreAppendedToAfterBytesAtTheirBeginningWereReplaced) {
+  {
+    const auto stream = files.create(folder / "a.mf4");
+    stream->write("UnFinMF rows");
+    stream->writeAt(0, "MDF     ");
+    stream->write(" and more");
+    stream->sync();
+    onFullDisk(0, [&] { EXPECT_NE(failureOf([&] { stream->writeAt(8, "ROWS"); }), "none"); });
+  }
+  EXPECT_EQ(files.readAll(folder / "a.mf4"), "MDF     rows and more");
+  EXPECT_THAT(told, ElementsAre("File too large", "closed, lost 0 of 0"));
+  files.openForAppending("/dev/null")->sync();
+}
+
 TEST_F(Files, BelongToOneStreamAndWhatOtherProgramsDoToThemIsTold) {
   {
     const auto removed = files.openForAppending(folder / "a.txt");

@@ -69,18 +69,28 @@ class MemoryFileSystem : public FileSystem {
       owed_.append(bytes);
       put({});
     }
+    void writeAt(std::uint64_t offset, std::string_view bytes) override {
+      refuseFailing();
+      system_.files[path_].replace(offset, bytes.size(), bytes);
+    }
+    void sync() override { refuseFailing(); }
     bool failing() const override { return failing_; }
 
    private:
     bool put(std::string_view bytes) {
-      if (!system_.writeError.empty()) {
-        if (!std::exchange(failing_, true))
-          system_.tellTrouble({.kind = WriteTrouble::Kind::Begun, .path = path_, .why = system_.writeError});
-        return false;
-      }
+      if (beginFailing()) return false;
       system_.files[path_].append(std::exchange(owed_, {})).append(bytes);
       endFailing(false);
       return true;
+    }
+    bool beginFailing() {
+      if (system_.writeError.empty()) return false;
+      if (!std::exchange(failing_, true))
+        system_.tellTrouble({.kind = WriteTrouble::Kind::Begun, .path = path_, .why = system_.writeError});
+      return true;
+    }
+    void refuseFailing() {
+      if (beginFailing()) throw TarnError(28, "FileSystem", system_.writeError);
     }
     void endFailing(bool closed) {
       if (!std::exchange(failing_, false)) return;

@@ -41,4 +41,23 @@ bool Descriptor::lock() const {
   return true;
 }
 
+/// Open for appending, `pwrite` appends, too, whatever its offset is.
+int Descriptor::overwrite(off_t offset, std::string_view bytes) const {
+  const int flags = ::fcntl(fd_, F_GETFL);
+  ::fcntl(fd_, F_SETFL, flags & ~O_APPEND);
+  int error = 0;
+  while (error == 0 && !bytes.empty()) {
+    const ssize_t count = ::pwrite(fd_, bytes.data(), bytes.size(), offset);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) {
+      error = errno;
+    } else {
+      offset += count;
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+  }
+  ::fcntl(fd_, F_SETFL, flags);
+  return error;
+}
+
 }  // namespace tarnlog

@@ -30,6 +30,8 @@ class Descriptor {
   /// process, has it. True also where the file system knows no such locks.
   bool lock() const;
   std::size_t writeAll(std::string_view bytes) const { return tarnlog::writeAll(fd_, bytes); }
+  /// Writes from this place on, also where the file is open for appending. Returns errno, or 0.
+  int overwrite(off_t offset, std::string_view bytes) const;
 
  private:
   int fd_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -23,6 +24,12 @@ class FileStream {
   /// What must stand before whatever is written after it. Never raises: while it cannot be written it is
   /// kept, and the next write begins with it.
   virtual void writeOrOwe(std::string_view bytes) = 0;
+  /// Writes over bytes that are in the file already, `offset` bytes from its beginning. Raises and tells as
+  /// `write` does; what was there may be partly replaced then.
+  virtual void writeAt(std::uint64_t offset, std::string_view bytes) = 0;
+  /// Returns when everything that was written has reached the disk; nothing to do for what is no regular
+  /// file. Raises and tells as `write` does when that fails.
+  virtual void sync() = 0;
   /// What is written now gets lost.
   virtual bool failing() const = 0;
 };

@@ -79,10 +79,7 @@ void SystemFileStream::endLastLine() {
 }
 
 void SystemFileStream::write(std::string_view row) {
-  if (const int error = put(row)) {
-    beginFailing(std::strerror(error));
-    throw systemError(path_, error);
-  }
+  if (const int error = put(row)) raise(error);
   ++rows_;
   if (removed_)
     ++lost_;
@@ -96,6 +93,19 @@ void SystemFileStream::writeOrOwe(std::string_view bytes) {
     beginFailing(std::strerror(error));
   else if (!removed_)
     endFailing(false);
+}
+
+void SystemFileStream::writeAt(std::uint64_t offset, std::string_view bytes) {
+  if (const int error = file_.overwrite(static_cast<off_t>(offset), bytes)) raise(error);
+}
+
+void SystemFileStream::sync() {
+  if (regular_ && ::fdatasync(file_.get()) != 0) raise(errno);
+}
+
+void SystemFileStream::raise(int error) {
+  beginFailing(std::strerror(error));
+  throw systemError(path_, error);
 }
 
 /// What is owed and the row, as one write. Returns errno, or 0.

@@ -24,6 +24,8 @@ class SystemFileStream : public FileStream {
 
   void write(std::string_view row) override;
   void writeOrOwe(std::string_view bytes) override;
+  void writeAt(std::uint64_t offset, std::string_view bytes) override;
+  void sync() override;
   bool failing() const override { return failing_; }
 
  private:
@@ -32,6 +34,7 @@ class SystemFileStream : public FileStream {
   int put(std::string_view row);
   void keepRest(std::string_view whole, std::size_t owed, std::size_t out);
   bool takeBack(std::size_t done);
+  [[noreturn]] void raise(int error);
   void beginFailing(const std::string& why);
   void endFailing(bool closed);
   void look();

@@ -14,6 +14,8 @@ std::string textOf(const WriteTrouble& trouble) {
       return "write failed: " + trouble.path + ": " + trouble.why;
     case WriteTrouble::Kind::CutShort:
       return "file cut short: " + trouble.path + ": " + trouble.why;
+    case WriteTrouble::Kind::NotSynced:
+      return "not synced, a power cut may cost rows: " + trouble.path + ": " + trouble.why;
     case WriteTrouble::Kind::Ended:
       break;
   }

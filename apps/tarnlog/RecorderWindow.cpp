@@ -442,6 +442,9 @@ void RecorderWindow::showWriteTrouble(const WriteTrouble& trouble) {
     text = tr("Rows are lost, the file cannot be written: %1: %2").arg(path, toQString(trouble.why));
   } else if (trouble.kind == WriteTrouble::Kind::CutShort) {
     text = tr("The file was cut short: %1: %2").arg(path, toQString(trouble.why));
+  } else if (trouble.kind == WriteTrouble::Kind::NotSynced) {
+    text = tr("A power cut may cost rows, the file could not be synced: %1: %2")
+               .arg(path, toQString(trouble.why));
   } else {
     text = (trouble.closed ? tr("The file was closed while it could not be written: %1: lost rows: %2")
                            : tr("The file can be written again: %1: lost rows: %2"))

@@ -61,7 +61,10 @@ class MemoryFileSystem : public FileSystem {
       endFailing(true);
     }
     void write(std::string_view bytes) override {
-      if (put(bytes)) return;
+      if (put(bytes)) {
+        ++writes_;
+        return;
+      }
       ++lost_;
       throw TarnError(28, "FileSystem", system_.writeError);
     }
@@ -73,7 +76,12 @@ class MemoryFileSystem : public FileSystem {
       refuseFailing();
       system_.files[path_].replace(offset, bytes.size(), bytes);
     }
-    void sync() override { refuseFailing(); }
+    void sync() override {
+      refuseFailing();
+      synced_ = writes_;
+    }
+    std::uint64_t writes() const override { return writes_; }
+    std::uint64_t writesSynced() const override { return synced_; }
     bool failing() const override { return failing_; }
 
    private:
@@ -102,6 +110,8 @@ class MemoryFileSystem : public FileSystem {
     std::string path_;
     std::string owed_;
     bool failing_ = false;
+    std::uint64_t writes_ = 0;
+    std::uint64_t synced_ = 0;
     std::uint64_t lost_ = 0;
     std::uint64_t inFile_ = 0;
   };

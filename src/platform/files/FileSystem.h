@@ -27,9 +27,13 @@ class FileStream {
   /// Writes over bytes that are in the file already, `offset` bytes from its beginning. Raises and tells as
   /// `write` does; what was there may be partly replaced then.
   virtual void writeAt(std::uint64_t offset, std::string_view bytes) = 0;
-  /// Returns when everything that was written has reached the disk; nothing to do for what is no regular
-  /// file. Raises and tells as `write` does when that fails.
+  /// Returns when everything that was written is on the disk; nothing to do for what is no regular file.
+  /// Closing does the same without waiting. Raises a TarnError when that fails or takes too long, and tells
+  /// it.
   virtual void sync() = 0;
+  /// How many `write`s the file got, and how many of these are on the disk for certain.
+  virtual std::uint64_t writes() const { return 0; }
+  virtual std::uint64_t writesSynced() const { return 0; }
   /// What is written now gets lost.
   virtual bool failing() const = 0;
 };
@@ -70,7 +74,7 @@ class FileSystem {
   }
 
   /// Called when writes to a stream that this file system opened begin to fail and when that ends; also when
-  /// such a file was removed or cut short meanwhile, which fails no write.
+  /// such a file was removed or cut short meanwhile, which fails no write, and when it cannot be synced.
   void setWriteTroubleHandler(TroubleHandler handler) { troubleHandler_ = std::move(handler); }
 
  protected:

@@ -24,9 +24,9 @@ int flagsFor(SystemFileStream::Opening opening) {
   return O_WRONLY | O_CREAT | O_APPEND | (opening == SystemFileStream::Opening::New ? O_EXCL : 0);
 }
 
-Descriptor open(const std::string& path, SystemFileStream::Opening opening) {
+Descriptor open(const std::string& path, SystemFileStream::Opening opening, FileCalls& calls) {
   try {
-    return Descriptor(path, flagsFor(opening));
+    return Descriptor(path, flagsFor(opening), 0666, calls);
   } catch (const TarnError& error) {
     if (error.number() != EEXIST) throw;
     throw NameTaken(error.number(), error.source(), error.description());
@@ -39,19 +39,54 @@ bool sameFile(const struct stat& a, const struct stat& b) {
 
 }  // namespace
 
-SystemFileStream::SystemFileStream(std::string path, Opening opening, Tell tell)
-    : path_(std::move(path)), file_(open(path_, opening)), tell_(std::move(tell)) {
+SystemFileStream::SystemFileStream(std::string path, Opening opening, Tell tell, FileCalls& calls,
+                                   SyncThread& syncing)
+    : path_(std::move(path)),
+      file_(open(path_, opening, calls)),
+      tell_(std::move(tell)),
+      calls_(calls),
+      syncing_(syncing) {
   takeFile(opening);
+  beginSyncing();
 }
 
 SystemFileStream::~SystemFileStream() {
   skipOnFailure([this] {
-    if (!owed_.empty() && put({}) == 0 && !removed_) endFailing(false);
+    if (!owed_.empty()) writeOrOwe({});
     look();
     if (rowOwed_) ++lost_;
     if (failing_) removeIfEmpty();
+    endSyncing();
     endFailing(true);
   });
+}
+
+/// Without a descriptor or a thread for it, the file is written all the same.
+void SystemFileStream::beginSyncing() {
+  if (!regular_) return;
+  try {
+    synced_ = syncing_.add(file_, path_, wasEmpty_);
+  } catch (const std::exception& error) {
+    tellNotSynced(error.what());
+  }
+}
+
+/// The lock must not last for as long as a sync that does not come back.
+void SystemFileStream::endSyncing() {
+  if (!synced_) return;
+  if (removed_)
+    syncing_.remove(synced_);
+  else
+    syncing_.letGo(synced_);
+  file_.unlock();
+}
+
+void SystemFileStream::noteChange() {
+  if (synced_) synced_->changed(rows_);
+}
+
+void SystemFileStream::tellNotSynced(const std::string& why) {
+  tell_({.kind = WriteTrouble::Kind::NotSynced, .path = path_, .why = why});
 }
 
 /// Devices and pipes belong to nobody. A file that somebody else removed before it was locked is not ours.
@@ -60,7 +95,7 @@ void SystemFileStream::takeFile(Opening opening) {
   regular_ = ::fstat(file_.get(), &status) == 0 && S_ISREG(status.st_mode);
   if (!regular_) return;
   const bool ours = file_.lock();
-  if (!ours && opening == Opening::New) ::unlink(path_.c_str());
+  if (!ours && opening == Opening::New) calls_.unlink(path_);
   struct stat named {};
   if (!ours || ::fstat(file_.get(), &status) != 0 || ::stat(path_.c_str(), &named) != 0 ||
       !sameFile(status, named))
@@ -81,6 +116,7 @@ void SystemFileStream::endLastLine() {
 void SystemFileStream::write(std::string_view row) {
   if (const int error = put(row)) raise(error);
   ++rows_;
+  noteChange();
   if (removed_)
     ++lost_;
   else
@@ -93,17 +129,23 @@ void SystemFileStream::writeOrOwe(std::string_view bytes) {
     beginFailing(std::strerror(error));
   else if (!removed_)
     endFailing(false);
+  noteChange();
 }
 
 void SystemFileStream::writeAt(std::uint64_t offset, std::string_view bytes) {
   if (const int error = file_.overwrite(static_cast<off_t>(offset), bytes)) raise(error);
+  noteChange();
 }
 
 void SystemFileStream::sync() {
-  if (regular_ && ::fdatasync(file_.get()) != 0) raise(errno);
+  if (!synced_) return;
+  const SyncThread::Outcome outcome = syncing_.sync(synced_);
+  if (outcome.isNews) tellNotSynced(outcome.why);
+  if (outcome.error != 0) throw TarnError(outcome.error, "FileSystem", path_ + ": " + outcome.why);
 }
 
 void SystemFileStream::raise(int error) {
+  noteChange();
   beginFailing(std::strerror(error));
   throw systemError(path_, error);
 }
@@ -144,7 +186,7 @@ void SystemFileStream::keepRest(std::string_view whole, std::size_t owed, std::s
 bool SystemFileStream::takeBack(std::size_t done) {
   struct stat status {};
   return done == 0 || (regular_ && ::fstat(file_.get(), &status) == 0 &&
-                       ::ftruncate(file_.get(), status.st_size - static_cast<off_t>(done)) == 0);
+                       calls_.ftruncate(file_.get(), status.st_size - static_cast<off_t>(done)) == 0);
 }
 
 void SystemFileStream::beginFailing(const std::string& why) {
@@ -191,7 +233,7 @@ void SystemFileStream::removeIfEmpty() {
   struct stat named {};
   if (regular_ && wasEmpty_ && ::fstat(file_.get(), &ours) == 0 && ours.st_size == 0 &&
       ::lstat(path_.c_str(), &named) == 0 && sameFile(ours, named))
-    ::unlink(path_.c_str());
+    calls_.unlink(path_);
 }
 
 }  // namespace tarnlog

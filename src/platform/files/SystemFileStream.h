@@ -8,28 +8,36 @@
 
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileSystem.h"
+#include "platform/files/SyncThread.h"
 
 namespace tarnlog {
 
 /// A file of this machine whose writes are whole or taken back: what a failed write left behind is cut off
-/// again, or, where that is not possible, finished by the next one. It is locked while it is open.
+/// again, or, where that is not possible, finished by the next one. It is locked while it is open. A regular
+/// file is synced by `syncing` while it is open, and once more when it is closed.
 class SystemFileStream : public FileStream {
  public:
   enum class Opening { New, Append };
   using Tell = std::function<void(const WriteTrouble&)>;
 
   /// Raises NameTaken when a new file is there already, or when another stream writes this one.
-  SystemFileStream(std::string path, Opening opening, Tell tell);
+  SystemFileStream(std::string path, Opening opening, Tell tell, FileCalls& calls, SyncThread& syncing);
   ~SystemFileStream() override;
 
   void write(std::string_view row) override;
   void writeOrOwe(std::string_view bytes) override;
   void writeAt(std::uint64_t offset, std::string_view bytes) override;
   void sync() override;
+  std::uint64_t writes() const override { return rows_; }
+  std::uint64_t writesSynced() const override { return synced_ ? synced_->writesSynced() : 0; }
   bool failing() const override { return failing_; }
 
  private:
   void takeFile(Opening opening);
+  void beginSyncing();
+  void endSyncing();
+  void noteChange();
+  void tellNotSynced(const std::string& why);
   void endLastLine();
   int put(std::string_view row);
   void keepRest(std::string_view whole, std::size_t owed, std::size_t out);
@@ -44,6 +52,9 @@ class SystemFileStream : public FileStream {
   std::string path_;
   Descriptor file_;
   Tell tell_;
+  FileCalls& calls_;
+  SyncThread& syncing_;
+  SyncThread::Shared synced_;  ///< none: it is no regular file, or cannot be synced
   bool regular_ = false;
   bool wasEmpty_ = false;
   bool hasName_ = true;    ///< in a folder, when it was opened

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 #include "platform/base/TarnError.h"
 #include "platform/files/Descriptor.h"
@@ -60,7 +61,7 @@ constexpr const char* kBeside = ".new-";
 
 /// Removes what killed programs left beside a file that they were replacing. The number at the end is that of
 /// the process; this one replaces one file at a time.
-void removeLeftovers(const std::string& target) {
+void removeLeftovers(const std::string& target, FileCalls& calls) {
   const std::filesystem::path path(target);
   const std::string prefix = path.filename().string() + kBeside;
   std::error_code error;
@@ -73,17 +74,18 @@ void removeLeftovers(const std::string& target) {
     const auto [rest, bad] = std::from_chars(name.data() + prefix.size(), name.data() + name.size(), process);
     if (bad != std::errc{} || rest != name.data() + name.size() || process <= 0) continue;
     const bool gone = process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
-    if (gone) ::unlink(entry->path().c_str());
+    if (gone) calls.unlink(entry->path().string());
   }
 }
 
 /// A new file with the mode of the one that it is to replace. What has been replaced must be whole after a
 /// power cut: the bytes reach the disk before the name does.
-void writeBeside(const std::string& beside, const std::string& target, std::string_view bytes) {
-  const Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+void writeBeside(const std::string& beside, const std::string& target, std::string_view bytes,
+                 FileCalls& calls) {
+  const Descriptor file(beside, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666, calls);
   if (struct stat old{}; ::stat(target.c_str(), &old) == 0 && ::fchmod(file.get(), old.st_mode) != 0)
     throw systemError(beside, errno);
-  if (file.writeAll(bytes) < bytes.size() || ::fsync(file.get()) != 0) throw systemError(beside, errno);
+  if (file.writeAll(bytes) < bytes.size() || calls.fsync(file.get()) != 0) throw systemError(beside, errno);
 }
 
 constexpr std::size_t kBlock = 65536;
@@ -107,6 +109,14 @@ std::string readUpTo(const Descriptor& file, const std::string& path, std::size_
 }
 
 }  // namespace
+
+SystemFileSystem::SystemFileSystem(std::shared_ptr<FileCalls> calls, std::chrono::milliseconds patience)
+    : calls_(std::move(calls)), syncing_(calls_, patience) {}
+
+void SystemFileSystem::tell(const std::vector<SyncThread::Outcome>& troubles) const {
+  for (const SyncThread::Outcome& outcome : troubles)
+    tellTrouble({.kind = WriteTrouble::Kind::NotSynced, .path = outcome.path, .why = outcome.why});
+}
 
 bool SystemFileSystem::folderExists(const std::string& path) const {
   std::error_code error;
@@ -137,21 +147,22 @@ std::unique_ptr<FileStream> SystemFileSystem::create(const std::string& path) {
 }
 
 std::unique_ptr<FileStream> SystemFileSystem::open(const std::string& path,
-                                                   SystemFileStream::Opening opening) const {
-  return std::make_unique<SystemFileStream>(path, opening,
-                                            [this](const WriteTrouble& trouble) { tellTrouble(trouble); });
+                                                   SystemFileStream::Opening opening) {
+  return std::make_unique<SystemFileStream>(
+      path, opening, [this](const WriteTrouble& trouble) { tellTrouble(trouble); }, *calls_, syncing_);
 }
 
 void SystemFileSystem::replace(const std::string& path, std::string_view bytes) {
   if (writtenThrough(path, bytes)) return;
   const std::string target = linkTarget(path);
   const std::string beside = target + kBeside + std::to_string(::getpid());
-  removeLeftovers(target);
+  removeLeftovers(target, *calls_);
   try {
-    writeBeside(beside, target, bytes);
-    if (::rename(beside.c_str(), target.c_str()) != 0) throw systemError(path, errno);
+    writeBeside(beside, target, bytes, *calls_);
+    if (calls_->rename(beside, target) != 0) throw systemError(path, errno);
+    if (const int error = syncFolder(folderOf(target), *calls_)) throw systemError(path, error);
   } catch (const TarnError& error) {
-    if (error.number() != EEXIST) ::unlink(beside.c_str());
+    if (error.number() != EEXIST) calls_->unlink(beside);
     throw TarnError(error.number(), error.source(), path + ": " + std::strerror(error.number()));
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,6 +15,12 @@
 
 namespace tarnlog {
 
+/// Rows of a file, from its opening on.
+struct RowCount {
+  std::uint64_t written = 0;  ///< handed to the system
+  std::uint64_t synced = 0;   ///< on the disk for certain
+};
+
 /// An open record or event file. Destroying it closes it.
 class DataFile {
  public:
@@ -22,6 +29,9 @@ class DataFile {
   virtual void writeCurrent(RollingBuffer& buffer, TimeOrigin t0, std::string_view mark) = 0;
   /// Writes what the format needs at its end. At most once, before destroying.
   virtual void finish() = 0;
+  /// As `FileStream::sync`.
+  virtual void sync() = 0;
+  virtual RowCount rows() const = 0;
   /// Rows that are written now get lost.
   virtual bool failing() const = 0;
 };

@@ -92,9 +92,15 @@ void RecordFiles::closeAll() {
   closeEventFile();
 }
 
+/// A record is on the disk before its path is told. An event file may end within a recording, where nothing
+/// is waited for.
 void RecordFiles::close(OpenFile& open) {
   if (open.file == nullptr) return;
   skipOnFailure([&] { open.file->finish(); });
+  if (&open == &record_) {
+    skipOnFailure([&] { open.file->sync(); });
+    closedRows_ = open.file->rows();
+  }
   const std::string path = std::exchange(open, {}).path;
   if (finished_ && files_.fileExists(path)) finished_(path);
 }

@@ -40,6 +40,8 @@ class RecordFiles {
   DataFile* event() const { return event_.file.get(); }
   const std::string& recordPath() const { return recordPath_; }
   const std::string& eventPath() const { return event_.path; }
+  /// Of the record file that is open, else of the one that was closed last.
+  RowCount recordRows() const { return record_.file != nullptr ? record_.file->rows() : closedRows_; }
   /// Rows that are written now do not reach an open file.
   bool failing() const;
 
@@ -75,6 +77,7 @@ class RecordFiles {
   Columns columns_;
   std::string recordBaseName_;
   std::string recordPath_;
+  RowCount closedRows_;
   OpenFile record_;
   OpenFile event_;
   Finished finished_;

@@ -243,6 +243,7 @@ void Recorder::endWithAcquisition() {
   dropMarks();
   events_.end();
   showEvent();
+  files_.closeAll();
   fileEnded();
 }
 

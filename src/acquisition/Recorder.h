@@ -54,7 +54,7 @@ class Recorder {
 
   /// Ends the recording if a stop is armed: to be called when the ECUs have to be initialised again.
   void endIfStopArmed();
-  /// Ends whatever runs, with the acquisition; files are closed by the caller.
+  /// Ends whatever runs and closes the files, with the acquisition.
   void endWithAcquisition();
   /// The window that shows the acquisition was hidden: a pending start is dropped, a stop is requested, and
   /// files stay open until the next start.

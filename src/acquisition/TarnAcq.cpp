@@ -434,7 +434,6 @@ void TarnAcq::EndAcquisition() {
   values_.clear();
   items_.release();
   skipOnFailure([&] { clearDisplay(); });
-  files_.closeAll();
   showWriting();
 }
 

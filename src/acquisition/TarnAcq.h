@@ -109,6 +109,9 @@ class TarnAcq {
   std::optional<std::int64_t> millisecondsSinceCycle() const { return since(cycleTime_); }
   std::optional<std::int64_t> millisecondsSinceAnswer() const { return since(answerTime_); }
   std::uint64_t rowsWritten() const { return recorder_.rowsWritten(); }
+  /// Of the record file that is open, else of the one that was closed last; final before sinks hear that the
+  /// recording has ended.
+  RowCount recordRows() const { return files_.recordRows(); }
   const std::string& RecordPath() const { return files_.recordPath(); }
 
  private:

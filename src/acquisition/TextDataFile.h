@@ -24,6 +24,8 @@ class TextDataFile : public DataFile {
     buffer.WriteCurrentToFile(stream_, t0, mark);
   }
   void finish() override {}
+  void sync() override { stream_.sync(); }
+  RowCount rows() const override { return {stream_.lines(), stream_.linesSynced()}; }
   bool failing() const override { return stream_.failing(); }
 
  private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,6 +42,10 @@ class TextStream {
     }
     file_->writeOrOwe(encoded_);
   }
+  void sync() { file_->sync(); }
+  /// That were ended, without headings.
+  std::uint64_t lines() const { return file_->writes(); }
+  std::uint64_t linesSynced() const { return file_->writesSynced(); }
   bool failing() const { return file_->failing(); }
 
  private:

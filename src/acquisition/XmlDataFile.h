@@ -26,6 +26,8 @@ class XmlDataFile : public DataFile {
     buffer.WriteCurrentToSaxFile(writer_, t0, mark);
   }
   void finish() override;
+  void sync() override { stream_->sync(); }
+  RowCount rows() const override { return {stream_->writes(), stream_->writesSynced()}; }
   bool failing() const override { return stream_->failing(); }
 
  private:

@@ -1,8 +1,12 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <memory>
+
 #include "platform/files/SystemFileSystem.h"
 #include "platform/xml/XmlDocument.h"
 #include "tests/scenarios/Scenario.h"
+#include "tests/support/PowerCut.h"
 #include "tests/support/TempFolder.h"
 
 namespace tarnlog {
@@ -177,6 +181,27 @@ TEST(RecordFiles, SayWhyTheyCannotBeOpened) {
   EXPECT_THAT(car.rows(), ElementsAre("0|\"Start\"|0", "0.2|\"\"|0"));
   car.acq.RecordUserEvent();
   EXPECT_EQ(car.screen.eventCaption, "Event 1") << "the one before was none";
+}
+
+TEST(RecordFiles, AreOnTheDiskWithTheirNameWhenTheirPathIsTold) {
+  for (const std::string format : {".txt", ".xml"}) {
+    const test::TempFolder folder;
+    const auto calls = std::make_shared<test::PowerCut>(folder.path());
+    SystemFileSystem disk(calls, std::chrono::hours(1));
+    disk.setSyncInterval({});
+    Scenario car({.speed = "0:40 1100:60", .start = "rising 50", .format = format, .folder = folder.path()},
+                 &disk);
+    std::size_t told = 0;
+    car.acq.setFileFinishedHandler([&](const std::string&) { told = calls->calls(); });
+    car.run("1000 1100 1200");
+    EXPECT_EQ(car.acq.recordRows().written, 2U);
+    EXPECT_EQ(car.acq.recordRows().synced, 0U);
+    car.end();
+    EXPECT_EQ(car.acq.recordRows().synced, 2U);
+    calls->forEachOutcome(told, [&](const test::PowerCut::Disk& left) {
+      EXPECT_EQ(left.begin()->second, disk.readAll(car.acq.RecordPath()));
+    });
+  }
 }
 
 TEST(RecordFiles, LoseOnlyTheRowsForWhichTheDiskHasNoRoom) {

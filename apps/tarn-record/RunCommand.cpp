@@ -61,6 +61,7 @@ class Run {
         screen_([this](std::string_view line) { progress_.print(line); }),
         timer_(loop_.createTimer()) {
     if (options.samples) openSamples(*options.samples);
+    files_.setSyncInterval(std::chrono::seconds(options.sync));
     host::LinkOptions link = options.link;
     link.stopAsked = Signals::stopRequested;
     // Not earlier: `idle` looks at the members.
@@ -145,6 +146,7 @@ class Run {
   }
 
   void goOnPrinting() {
+    files_.tellSyncTroubles();
     paths_.flush();
     if (samples_) samples_->flush();
     progress_.show(*acq_, screen_);
@@ -170,6 +172,7 @@ class Run {
 
   int conclude(const RunDirector& director) {
     if (acq_->finishedRecordings() > 1) printQuality("all recordings", quality_.acquisition());
+    files_.finishSyncing();
     if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
       progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");

@@ -20,6 +20,7 @@ struct RunOptions {
   std::optional<std::int32_t> duration;
   std::optional<std::int32_t> recordings;
   std::optional<std::string> samples;  ///< a file or pipe for JSON lines, or "-"
+  std::int32_t sync = 5;  ///< seconds from one sync of open files to the next; 0: only when they are closed
 };
 
 /// Records until a limit, a signal or the configuration's stop ends it. Log lines, errors and how well each

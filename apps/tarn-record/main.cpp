@@ -147,6 +147,11 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
           "--samples", options.samples,
           "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
       ->type_name("FILE");
+  command
+      .add_option("--sync", options.sync,
+                  "Bring the files to the disk every S seconds (default: 5; 0: only when they are closed)")
+      ->check(wholeNumber(0, 3600))
+      ->type_name("S");
   command.footer(
       "Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is the event "
       "button.\n"

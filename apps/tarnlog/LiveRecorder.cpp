@@ -134,6 +134,7 @@ int LiveRecorder::run() {
   });
   QTimer printing;
   QObject::connect(&printing, &QTimer::timeout, [this] {
+    files_.tellSyncTroubles();
     paths_.flush();
     errors_.flush();
   });
@@ -146,6 +147,7 @@ int LiveRecorder::run() {
     if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
   });
   const int code = QApplication::exec();
+  files_.finishSyncing();
   files_.setWriteTroubleHandler({});
   quality_.setRecordingEnded({});
   paths_.wait();

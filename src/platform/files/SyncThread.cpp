@@ -88,7 +88,7 @@ void SyncThread::State::syncOne(std::unique_lock<std::mutex>& lock, const Shared
 }
 
 /// Allocates nothing, as the polling path beside it. A file counts as synced only when its name is. What is
-/// written during the sync is left for the next one.
+/// written during the sync counts with the next one that succeeds, or with this one when it fails.
 int SyncThread::State::bringToDisk(File& file) const {
   if (file.folderDue_) {
     if (const int error = syncFolder(file.folder_, *calls)) return error;
@@ -98,7 +98,7 @@ int SyncThread::State::bringToDisk(File& file) const {
   const std::uint64_t writes = file.writes_.load(std::memory_order_acquire);
   if (calls->fdatasync(file.file_.get()) != 0) {
     const int error = errno;
-    file.unsure_ = writes - file.synced_;
+    file.unsure_ = file.writes_ - file.synced_;
     return error;
   }
   file.synced_.store(writes - file.unsure_, std::memory_order_release);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -79,6 +80,17 @@ class ScriptedData : public ferrox3::DataItem {
     enumeration_ = std::make_unique<ScriptedEnumeration>(std::move(labels));
     return *this;
   }
+  /// The value is this raw number from now on.
+  ScriptedData& withRaw(ferrox3::Scaling scaling, std::int64_t raw) {
+    scaling_ = scaling;
+    raw_ = raw;
+    setValue(static_cast<double>(raw) * scaling.factor + scaling.offset);
+    return *this;
+  }
+  void setNotAvailable() {
+    raw_.reset();
+    setValue(std::numeric_limits<double>::quiet_NaN());
+  }
   /// Reading this property ("name", "unit", "minimum", "maximum", "typeCode", "device", "enumeration",
   /// "readable", "value", "valueText") raises from now on; "" for none.
   ScriptedData& raisingAt(std::string property) {
@@ -104,6 +116,8 @@ class ScriptedData : public ferrox3::DataItem {
   }
   bool failure() const override { return failure_; }
   ferrox3::Request& request() const override { return request_; }
+  std::optional<ferrox3::Scaling> scaling() const override { return scaling_; }
+  std::optional<std::int64_t> rawNumber() const override { return raw_; }
   const ferrox3::Value& value() const override { return checked("value", value_); }
   const std::string& valueText() const override { return checked("valueText", text_); }
 
@@ -139,6 +153,8 @@ class ScriptedData : public ferrox3::DataItem {
   std::unique_ptr<ScriptedDevice> device_;
   std::unique_ptr<ScriptedEnumeration> enumeration_;
   std::string raisingAt_;
+  std::optional<ferrox3::Scaling> scaling_;
+  std::optional<std::int64_t> raw_;
   ferrox3::Value value_;
   std::string text_;
 };

@@ -1,0 +1,128 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "MdfRig.h"
+#include "samples/MdfFinisher.h"
+#include "tests/support/FailureOf.h"
+
+using namespace tarnlog;
+using namespace tarnlog::test;
+
+namespace {
+
+constexpr char kWhole[] = "/rec/16-11-26_19h05mn07_all.mf4";
+
+/// A file with a gap, a mark and a step of the clock, as it is before it is closed and after that.
+struct Files {
+  std::string open;
+  std::string closed;
+};
+
+Files recorded() {
+  MdfRig rig;
+  rig.start();
+  rig.cycles(4);
+  rig.acq.RecordUserEvent();
+  rig.clock.setUtcBy(-1'000'000'000);
+  rig.cycles(2, 400);
+  rig.cycles(1);
+  rig.sink.state(TarnAcq::kCommunicate, 0);
+  Files files{rig.mdfFiles.files.at(kWhole), {}};
+  rig.sink.end(0);
+  files.closed = rig.mdfFiles.files.at(kWhole);
+  return files;
+}
+
+MdfContent contentOf(const std::string& file) { return MdfStrictReader(file).read(); }
+std::string finished(const std::string& file) { return finishMdf(file, planMdfFinish(file)); }
+
+/// Stops after so many operations, as a power cut does.
+class StoppingStream : public FileStream {
+ public:
+  StoppingStream(std::string& file, int operations) : file_(file), left_(operations) {}
+  void write(std::string_view bytes) override {
+    go();
+    file_.append(bytes);
+  }
+  void writeOrOwe(std::string_view) override {}
+  void writeAt(std::uint64_t offset, std::string_view bytes) override {
+    go();
+    file_.replace(offset, bytes.size(), bytes);
+  }
+  void sync() override { go(); }
+  bool failing() const override { return false; }
+
+ private:
+  void go() {
+    if (left_-- == 0) throw TarnError(1, "Test", "power cut");
+  }
+
+  std::string& file_;
+  int left_;
+};
+
+}  // namespace
+
+TEST(MdfFinisher, MakesOfAKilledFileWhatClosingWouldHaveMade) {
+  const Files files = recorded();
+  EXPECT_EQ(contentOf(files.closed).events.size(), 4U);
+  EXPECT_TRUE(finished(files.open) == files.closed);
+  EXPECT_TRUE(planMdfFinish(files.closed).finished);
+  EXPECT_TRUE(finished(files.open + std::string(5000, '\0')) == files.closed) << "never reached the disk";
+
+  const std::size_t head = planMdfFinish(files.open).closing.data + 24;
+  std::uint64_t records = 0;
+  for (std::size_t size = 0; size < files.open.size(); ++size) {
+    const std::string cut = files.open.substr(0, size);
+    if (size < head) {
+      EXPECT_NE(failureOf([&] { planMdfFinish(cut); }), "none") << size;
+      continue;
+    }
+    const MdfFinish plan = planMdfFinish(cut);
+    EXPECT_TRUE(plan.records == records || plan.records == records + 1) << size;
+    records = plan.records;
+    const MdfContent content = contentOf(finishMdf(cut, plan));
+    EXPECT_EQ(plan.keep + plan.cutBytes, size);
+    EXPECT_EQ(content.groups[0].records, contentOf(cut).groups[0].records) << size;
+  }
+}
+
+TEST(MdfFinisher, FinishesAClosingThatWasCutShort) {
+  const Files files = recorded();
+  MdfClosing closing = planMdfFinish(files.open).closing;
+  closing.quality = {"fine", {{"answers lost", "0"}}};
+  int operations = 0;
+  for (bool whole = false; !whole; ++operations) {
+    std::string file = files.open;
+    StoppingStream stream(file, operations);
+    whole = skipOnFailure([&] { closeMdf(stream, closing); });
+    const MdfContent content = contentOf(file);
+    EXPECT_EQ(content.groups[0].records, contentOf(files.open).groups[0].records);
+    EXPECT_EQ(content.finished, planMdfFinish(file).finished);
+    if (content.finished)
+      EXPECT_THAT(content.histories.back(), testing::HasSubstr("<TX>fine</TX><tool_id>"));
+    else
+      EXPECT_TRUE(finished(file) == files.closed) << operations;
+  }
+  EXPECT_GT(operations, 20);
+}
+
+TEST(MdfFinisher, RefusesWhatItDoesNotUnderstand) {
+  const std::string open = recorded().open;
+  const auto refusal = [&](std::size_t place, const std::string& bytes) {
+    std::string file = open;
+    file.replace(place, bytes.size(), bytes);
+    return failureOf([&] { planMdfFinish(file); });
+  };
+  const std::size_t group = open.find("##CG");
+  const std::size_t data = open.find("##DT");
+  const auto at = [](std::size_t place) { return " at " + std::to_string(place) + ": "; };
+  EXPECT_EQ(refusal(0, "RIFF"), "the file at 0: not an MDF file");
+  EXPECT_EQ(refusal(28, "\x9B"), "the file at 28: not of version 4.10");
+  EXPECT_EQ(refusal(60, "\x02"), "the file at 60: flags of another maker");
+  EXPECT_EQ(refusal(group, "##CX"), "##CG" + at(group) + "another block stands there");
+  EXPECT_EQ(refusal(group + 8, "\x10"), "##CG" + at(group) + "shorter than such blocks are");
+  EXPECT_EQ(refusal(group + 24 + 48 + 16, "\x02"), "##CG" + at(group) + "flags of another maker");
+  EXPECT_EQ(refusal(data, "##HL"), "##DT" + at(data) + "another block stands there");
+  EXPECT_EQ(refusal(data + 24, "\x7F"), "##DT" + at(data + 24) + "a record with an id of no group");
+}

@@ -26,8 +26,8 @@ function(tarnlog_package_headers base)
   endforeach()
 endfunction()
 
-tarnlog_package_part(Core tarnlog_samples)
-tarnlog_package_headers(src/ mdf catalogue config display acquisition samples)
+tarnlog_package_part(Core tarnlog_samples tarnlog_records)
+tarnlog_package_headers(src/ mdf catalogue config records display acquisition samples)
 tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platform/screen platform/settings
                         platform/text platform/time platform/xml)
 tarnlog_package_part(Vehicle tarnlog_vehicle)

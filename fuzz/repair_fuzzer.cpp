@@ -5,8 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "apps/common/BadInput.h"
-#include "apps/common/RecordWalk.h"
+#include "records/RecordWalk.h"
 
 /// Repairs arbitrary bytes as a record. What comes of it is whole, however the bytes were cut into blocks,
 /// and what was whole stays as it is.

@@ -10,7 +10,7 @@
 #include <system_error>
 
 #include "apps/common/BadInput.h"
-#include "apps/common/RecordWalk.h"
+#include "records/RecordWalk.h"
 #include "platform/files/Descriptor.h"
 #include "platform/xml/XmlDocument.h"
 
@@ -34,7 +34,7 @@ RecordFaults walkFile(const std::string& path, const Descriptor& file, const Tak
   };
   try {
     return walkRecord(read, take);
-  } catch (const BadInput& error) {
+  } catch (const NotARecord& error) {
     throw BadInput(path + ": " + error.what());
   }
 }

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "apps/common/RecordRepair.h"
-#include "apps/common/RecordWalk.h"
+#include "records/RecordWalk.h"
 #include "apps/common/UnfinishedRecords.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/xml/XmlDocument.h"

@@ -5,7 +5,15 @@
 #include <functional>
 #include <string_view>
 
+#include "platform/base/TarnError.h"
+
 namespace tarnlog {
+
+/// The file is none that the recorder made.
+class NotARecord : public TarnError {
+ public:
+  using TarnError::TarnError;
+};
 
 /// What is wrong with an XML record or event file, and what was mended.
 struct RecordFaults {
@@ -25,7 +33,7 @@ using TakePiece = std::function<void(std::string_view piece)>;
 
 /// Reads an XML record, a block at a time, and passes it on as a well-formed document: the root is closed, an
 /// unfinished element at the end is dropped, and an unfinished row in the middle is closed before the next
-/// one begins. The pieces make up the document. Raises BadInput when one element is longer than 16 MB.
+/// one begins. The pieces make up the document. Raises NotARecord when one element is longer than 16 MB.
 RecordFaults walkRecord(const ReadBlock& read, const TakePiece& take);
 
 }  // namespace tarnlog

@@ -1,10 +1,8 @@
-#include "apps/common/RecordWalk.h"
+#include "records/RecordWalk.h"
 
 #include <algorithm>
 #include <string>
 #include <vector>
-
-#include "apps/common/BadInput.h"
 
 namespace tarnlog {
 
@@ -15,6 +13,8 @@ constexpr std::string_view kRow = "row";
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::size_t kBlock = 256 * 1024;
 constexpr std::size_t kLongest = 16 * 1024 * 1024;  ///< child of the root; configurations are much shorter
+
+NotARecord tooLong() { return {1, "RecordWalk", "an element does not end within 16 MB, this is no record"}; }
 
 bool isBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
 
@@ -53,7 +53,7 @@ class Window {
 
   /// False at the end.
   bool more() {
-    if (rest().size() > kLongest) throw BadInput("an element does not end within 16 MB, this is no record");
+    if (rest().size() > kLongest) throw tooLong();
     bytes_.erase(0, at_);
     at_ = 0;
     const std::size_t count = read_(block_.data(), block_.size());
@@ -218,7 +218,7 @@ class Walk {
 
   void put(std::string_view text) {
     piece_.append(text);
-    if (piece_.size() > kLongest) throw BadInput("an element does not end within 16 MB, this is no record");
+    if (piece_.size() > kLongest) throw tooLong();
   }
 
   void flush() {

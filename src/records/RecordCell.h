@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "records/Record.h"
+
+/// Cells of text and XML records.
+namespace tarnlog {
+
+/// Which decimal separator the writer of a recording used. The times tell, as the writer made them; where
+/// they have no decimals, most of the cells do.
+class SeparatorVote {
+ public:
+  /// True once the rest need not be looked at.
+  bool addTime(std::string_view text);
+  void addCell(std::string_view text);
+  char separator() const { return commas_ > points_ ? ',' : '.'; }
+
+ private:
+  std::uint64_t points_ = 0;
+  std::uint64_t commas_ = 0;
+};
+
+/// The value of a cell: a number when it is one as records write them, else a text; none when it is empty or
+/// "---". The separator in the cell is turned into ".". Texts stay as they are.
+RecordValue cellValue(char* begin, char* end, char separator);
+
+}  // namespace tarnlog

@@ -1,0 +1,36 @@
+#include "records/RecordNames.h"
+
+#include <map>
+
+namespace tarnlog {
+
+namespace {
+
+std::string below(const std::string& upper, const std::string& name) {
+  return upper.empty() ? name : upper + "/" + name;
+}
+
+}  // namespace
+
+std::string fullName(const RecordColumn& column) {
+  return below(column.ecu, below(column.request, column.name));
+}
+
+bool isCalled(const RecordColumn& column, std::string_view name) {
+  return name == column.name || name == below(column.request, column.name) || name == fullName(column);
+}
+
+std::vector<std::vector<std::string>> shortNames(const RecordHead& head) {
+  std::map<std::string, int> counts;
+  for (const RecordGroup& group : head.groups)
+    for (const RecordColumn& column : group.columns) ++counts[column.name];
+  std::vector<std::vector<std::string>> names;
+  for (const RecordGroup& group : head.groups) {
+    std::vector<std::string>& ofGroup = names.emplace_back();
+    for (const RecordColumn& column : group.columns)
+      ofGroup.push_back(counts[column.name] == 1 ? column.name : fullName(column));
+  }
+  return names;
+}
+
+}  // namespace tarnlog

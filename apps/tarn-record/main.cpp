@@ -7,6 +7,7 @@
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -21,6 +22,7 @@
 #include "apps/common/Stylesheet.h"
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/CheckCommand.h"
+#include "apps/tarn-record/ExportCommand.h"
 #include "apps/tarn-record/ImportCommand.h"
 #include "apps/tarn-record/ListCommand.h"
 #include "apps/tarn-record/NewCommand.h"
@@ -289,6 +291,42 @@ std::function<int()> addScan(CLI::App& app, ScanOptions& options) {
   };
 }
 
+std::function<int()> addExport(CLI::App& app, ExportOptions& options) {
+  CLI::App& command = *app.add_subcommand("export", "Write a record as CSV or JSON lines");
+  command.add_option("FILE", options.input, "Text or XML record or event file, or MDF 4 file")->required();
+  command.add_option("--to", options.format, "Format to write")
+      ->required()
+      ->check(CLI::IsMember(std::vector<std::string>(std::begin(kExportFormats), std::end(kExportFormats))));
+  command.add_option("--from", options.choice.from, "Only from this time on (seconds, as in the record)")
+      ->type_name("S");
+  command.add_option("--till", options.choice.till, "Only up to this time")->type_name("S");
+  command.add_option("--data", options.choice.data, "Only these data")->type_name("[ECU/[REQUEST/]]DATA");
+  command.add_flag("--utc", options.choice.utc,
+                   "Times as UTC (a text or XML record tells local time: it is taken in this system's zone)");
+  command
+      .add_option("--output", options.output,
+                  "File to write (replaced when it exists; - is standard output, the default)")
+      ->type_name("FILE");
+  command.footer(
+      "CSV: UTF-8, one header line, commas, \".\" in numbers. Columns: time in seconds from the record's "
+      "zero\n"
+      "(with --utc ISO 8601), mark (Start, Stop, event, gap, failure, clock step), then the data as\n"
+      "\"name [unit]\", with ECU and request before the name where two have the same. A file that holds\n"
+      "several recordings gets a column with their number in front. Of an MDF 4 file there is a line for\n"
+      "each time at which something was answered; what was not answered then is empty, and so is what is "
+      "not\n"
+      "available: nothing is repeated or interpolated. An enumerated value is its number.\n"
+      "JSON: one object a line: begin, row or answer, mark, gap, failure, end; not available is null.\n"
+      "What is missing in the file is told on standard error.\n"
+      "Example:\n"
+      "  tarn-record export recordings/16-11-26_19h05mn07.txt --to csv --utc --output drive.csv");
+  return [&options] {
+    options.output = outputPath(options.output);
+    std::fputs(printableText(exportRecord(options)).c_str(), stderr);
+    return kDone;
+  };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -308,10 +346,11 @@ int program(int argc, char** argv) {
   std::string repairFileName;
   ImportOptions importOptions;
   ScanOptions scanOptions;
+  ExportOptions exportOptions;
   const std::vector<std::function<int()>> actions = {
-      addRun(app, runOptions),  addList(app, listOptions),      addCheck(app, checkOptions),
-      addNew(app, newOptions),  addRepair(app, repairFileName), addImport(app, importOptions),
-      addScan(app, scanOptions)};
+      addRun(app, runOptions),   addList(app, listOptions),      addCheck(app, checkOptions),
+      addNew(app, newOptions),   addRepair(app, repairFileName), addImport(app, importOptions),
+      addScan(app, scanOptions), addExport(app, exportOptions)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -41,4 +41,18 @@ ZoneOffset SystemClock::zoneOffset() const {
   return {static_cast<std::int16_t>(all - summer), static_cast<std::int16_t>(summer)};
 }
 
+std::optional<std::int64_t> utcOfLocal(const LocalDateTime& time) {
+  std::tm local{};
+  local.tm_year = time.year - 1900;
+  local.tm_mon = time.month - 1;
+  local.tm_mday = time.day;
+  local.tm_hour = time.hour;
+  local.tm_min = time.minute;
+  local.tm_sec = time.second;
+  local.tm_isdst = -1;  // whichever held then
+  const std::time_t seconds = std::mktime(&local);
+  if (seconds == -1) return std::nullopt;
+  return nanoseconds(std::chrono::seconds(seconds)).count();
+}
+
 }  // namespace tarnlog

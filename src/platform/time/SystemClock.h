@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+
 #include "platform/time/Clock.h"
 
 namespace tarnlog {
@@ -13,5 +16,8 @@ class SystemClock : public Clock {
   std::int64_t utcNanoseconds() const override;
   ZoneOffset zoneOffset() const override;
 };
+
+/// Nanoseconds since 1970 UTC of a moment of local time in this system's zone; none when it is no date.
+std::optional<std::int64_t> utcOfLocal(const LocalDateTime& time);
 
 }  // namespace tarnlog

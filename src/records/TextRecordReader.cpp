@@ -26,11 +26,13 @@ std::string_view unquoted(std::string_view cell) {
   return cell;
 }
 
+/// At least one, though it may be empty.
 std::vector<std::string> cellsOf(std::string_view line) {
   std::vector<std::string> cells;
-  const bool emptyLast = line.ends_with('\t');
-  while (!line.empty()) cells.push_back(utf8FromWindows1252(takeUntil(line, '\t')));
-  if (emptyLast) cells.emplace_back();
+  for (bool another = true; another;) {
+    another = line.find('\t') != std::string_view::npos;
+    cells.push_back(utf8FromWindows1252(takeUntil(line, '\t')));
+  }
   return cells;
 }
 

@@ -32,7 +32,7 @@ struct ScriptedDrive : RecorderParts {
 class AcqRig : public ScriptedDrive {
  public:
   explicit AcqRig(std::vector<SampleSink*> sinks = {})
-      : acq(screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl", nullptr, std::move(sinks),
+      : acq(screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl", std::move(sinks),
                      [this] { return SampleId{{++ids_}}; }}) {
     add(speed);
     hear(acq);

@@ -86,10 +86,8 @@ bool Recorder::OpenRecordFile() {
 
 Milliseconds Recorder::historyFrom() const {
   Milliseconds from = 0;
-  if (plan_.preTriggerPoints != 0)
-    preTrigger_.GetOldestTime(from);
-  else
-    current_.GetTime(from);
+  current_.GetTime(from);
+  if (plan_.preTriggerPoints != 0) preTrigger_.GetOldestTime(from);
   return from;
 }
 
@@ -243,6 +241,9 @@ void Recorder::endWithAcquisition() {
   dropMarks();
   events_.end();
   showEvent();
+}
+
+void Recorder::closeAllFiles() {
   files_.closeAll();
   fileEnded();
 }

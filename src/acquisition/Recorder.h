@@ -54,8 +54,9 @@ class Recorder {
 
   /// Ends the recording if a stop is armed: to be called when the ECUs have to be initialised again.
   void endIfStopArmed();
-  /// Ends whatever runs and closes the files, with the acquisition.
+  /// Ends whatever runs, with the acquisition. Its files are then closed by `closeAllFiles`.
   void endWithAcquisition();
+  void closeAllFiles();
   /// The window that shows the acquisition was hidden: a pending start is dropped, a stop is requested, and
   /// files stay open until the next start.
   void suspend();

@@ -89,7 +89,9 @@ void SampleFeed::collectRequests(const AcquisitionItems& items, SampleBeginning&
 }
 
 void SampleFeed::state(AcquisitionState state) {
-  if (begun_) tell([&](SampleSink& sink) { sink.state(state, clock_.microseconds()); });
+  if (!begun_) return;
+  if (state == AcquisitionState::kCommunicate) tellContext();
+  tell([&](SampleSink& sink) { sink.state(state, clock_.microseconds()); });
 }
 
 void SampleFeed::sending(std::size_t position) {

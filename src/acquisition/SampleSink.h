@@ -31,7 +31,7 @@ struct SampleRequest {
 };
 
 /// All times of samples are microseconds of `Clock::microseconds`. What pointers and references show is there
-/// until `end`.
+/// while answers come: no longer when `end`, or a `recordingEnded` right before it, is told.
 struct SampleBeginning {
   SampleId acquisition;
   std::int64_t at = 0;              ///< taken together with the next
@@ -95,7 +95,8 @@ class SampleSink {
  public:
   virtual ~SampleSink() = default;
   virtual void begin(const SampleBeginning& /*beginning*/) {}
-  /// Told behind `begin`, and right before each `recordingBegan`, `recordingEnded` and `end`.
+  /// Told behind `begin`, and right before the state in which requests are polled and before each
+  /// `recordingBegan`, `recordingEnded` and `end`.
   virtual void context(const SampleContext& /*context*/) {}
   virtual void answer(const SampleAnswer& /*answer*/) {}
   /// A request's turn passed without its being sent.

@@ -430,10 +430,11 @@ void TarnAcq::EndAcquisition() {
   if (session_ != nullptr) skipOnFailure([&] { session_->endCommunication(); });
   SetAcqState(kIdle);
   recorder_.endWithAcquisition();
-  samples_.end();
   values_.clear();
   items_.release();
   skipOnFailure([&] { clearDisplay(); });
+  recorder_.closeAllFiles();
+  samples_.end();
   showWriting();
 }
 

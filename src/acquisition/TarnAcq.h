@@ -33,7 +33,7 @@ struct AcqEnvironment {
   Timer& timer;
   FileSystem& files;
   UserLocale locale;
-  std::string stylesheetUrl;  ///< of an XSL stylesheet, written into XML files
+  std::string stylesheetUrl;         ///< of an XSL stylesheet, written into XML files
   std::vector<SampleSink*> sinks{};  ///< hear what the vehicle answers
   SampleFeed::NewId newSampleId = SampleId::random;
 };

@@ -6,11 +6,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "mdf/Mdf.h"
 #include "platform/base/TarnError.h"
 #include "platform/files/Descriptor.h"
+#include "samples/MdfHead.h"
 
 namespace tarnlog {
 
@@ -27,12 +30,26 @@ std::string partOf(const Descriptor& file, off_t from) {
   return part;
 }
 
+/// Of those that this program wrote.
+bool isUnfinishedMeasurement(std::string_view beginning) {
+  return beginning.starts_with(mdf::kUnfinished) &&
+         beginning.substr(mdf::kProgramAt).starts_with(kMdfProgram);
+}
+
+bool isUnfinishedXml(std::string_view beginning, std::string_view end) {
+  return beginning.find("<Tarnlog2000") != std::string_view::npos &&
+         end.find("</Tarnlog2000>") == std::string_view::npos;
+}
+
 bool unfinished(const std::string& path) {
   const Descriptor file(path, O_RDONLY | O_NONBLOCK);
   struct stat status {};
   if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
-  return partOf(file, 0).find("<Tarnlog2000") != std::string::npos &&
-         partOf(file, status.st_size - kLook).find("</Tarnlog2000>") == std::string::npos && file.lock();
+  const std::string beginning = partOf(file, 0);
+  const bool lacksEnd = path.ends_with(".xml")
+                            ? isUnfinishedXml(beginning, partOf(file, status.st_size - kLook))
+                            : isUnfinishedMeasurement(beginning);
+  return lacksEnd && file.lock();
 }
 
 }  // namespace
@@ -41,7 +58,8 @@ std::vector<std::string> unfinishedRecords(const std::string& folder) {
   std::vector<std::pair<fs::file_time_type, std::string>> found;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    if (entry->path().extension() != ".xml") continue;
+    const fs::path extension = entry->path().extension();
+    if (extension != ".xml" && extension != ".mf4") continue;
     bool lacksEnd = false;
     skipOnFailure([&] { lacksEnd = unfinished(entry->path().string()); });
     std::error_code unknown;

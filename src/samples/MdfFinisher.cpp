@@ -260,7 +260,7 @@ class Finisher {
   std::string_view file_;
   std::uint16_t flags_ = 0;
   std::size_t idBytes_ = 0;
-  const MdfLayout own_ = ownMdfLayout();
+  const MdfLayout own_ = mdfLayout(std::vector<MdfGroup>{});
   std::vector<Group> groupsInOrder_;
   std::unordered_map<std::uint64_t, std::size_t> groups_;  ///< positions by id
   std::size_t at_ = 0;
@@ -270,35 +270,15 @@ class Finisher {
   std::vector<MdfEvent> events_;
 };
 
-/// A file in memory.
-class StringStream : public FileStream {
- public:
-  explicit StringStream(std::string& file) : file_(file) {}
-  void write(std::string_view bytes) override { file_.append(bytes); }
-  void writeOrOwe(std::string_view bytes) override { write(bytes); }
-  void writeAt(std::uint64_t offset, std::string_view bytes) override {
-    file_.replace(offset, bytes.size(), bytes);
-  }
-  void sync() override {}
-  bool failing() const override { return false; }
-
- private:
-  std::string& file_;
-};
-
 }  // namespace
 
 MdfFinish planMdfFinish(std::string_view file) { return Finisher(file).plan(); }
 
-std::string finishMdf(std::string file, const MdfFinish& finish) {
-  if (finish.finished) return file;
-  file.resize(finish.keep);
-  StringStream stream(file);
+void finishMdf(FileStream& copy, const MdfFinish& finish) {
   const std::string none(sizeof(std::uint64_t), '\0');
-  stream.writeAt(mdf::linkPlace(mdf::kHeaderAt, mdf::link::kFirstEvent), none);
-  stream.writeAt(mdf::linkPlace(finish.closing.history, mdf::link::kNextHistory), none);
-  closeMdf(stream, finish.closing);
-  return file;
+  copy.writeAt(mdf::linkPlace(mdf::kHeaderAt, mdf::link::kFirstEvent), none);
+  copy.writeAt(mdf::linkPlace(finish.closing.history, mdf::link::kNextHistory), none);
+  closeMdf(copy, finish.closing);
 }
 
 }  // namespace tarnlog

@@ -23,7 +23,7 @@ struct MdfFinish {
 /// understand.
 MdfFinish planMdfFinish(std::string_view file);
 
-/// The file as it is when it is closed.
-std::string finishMdf(std::string file, const MdfFinish& finish);
+/// Closes a file that holds the first `keep` bytes of such a one. Raises what the stream raises.
+void finishMdf(FileStream& copy, const MdfFinish& finish);
 
 }  // namespace tarnlog

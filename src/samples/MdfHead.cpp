@@ -12,8 +12,6 @@ namespace {
 
 using mdf::Fields;
 
-constexpr std::string_view kProgram = "tarnlog ";
-
 std::string escaped(std::string_view text) {
   std::string room(text.size() * kLongestXmlEscape, '\0');
   room.resize(static_cast<std::size_t>(writeXmlText(room.data(), text) - room.data()));
@@ -58,7 +56,7 @@ class HeadWriter {
  private:
   static std::string identification() {
     std::string bytes;
-    bytes.append(mdf::kUnfinished).append(mdf::kVersionText).append(kProgram);
+    bytes.append(mdf::kUnfinished).append(mdf::kVersionText).append(kMdfProgram);
     const auto flags =
         static_cast<std::uint16_t>(mdf::kNoRecordCounts | mdf::kNoDataLength | mdf::kNoTextBytes);
     return bytes + Fields().zeros(4).add(mdf::kVersion).zeros(30).add(flags).zeros(2).bytes();

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "acquisition/SampleSink.h"
@@ -10,6 +11,9 @@
 #include "samples/MdfLayout.h"
 
 namespace tarnlog {
+
+/// The program, as the first bytes of a file name it.
+inline constexpr std::string_view kMdfProgram = "tarnlog ";
 
 /// What is told of a file as a whole.
 struct MdfAbout {

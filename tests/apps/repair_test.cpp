@@ -4,10 +4,10 @@
 #include <filesystem>
 
 #include "apps/common/RecordRepair.h"
-#include "records/RecordWalk.h"
 #include "apps/common/UnfinishedRecords.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/xml/XmlDocument.h"
+#include "records/RecordWalk.h"
 #include "tests/support/AcqRig.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/TempFolder.h"

@@ -34,12 +34,11 @@ Files recorded() {
 }
 
 MdfContent contentOf(const std::string& file) { return MdfStrictReader(file).read(); }
-std::string finished(const std::string& file) { return finishMdf(file, planMdfFinish(file)); }
 
-/// Stops after so many operations, as a power cut does.
+/// A file in memory. Stops after so many operations, as a power cut does.
 class StoppingStream : public FileStream {
  public:
-  StoppingStream(std::string& file, int operations) : file_(file), left_(operations) {}
+  explicit StoppingStream(std::string& file, int operations = -1) : file_(file), left_(operations) {}
   void write(std::string_view bytes) override {
     go();
     file_.append(bytes);
@@ -61,6 +60,15 @@ class StoppingStream : public FileStream {
   int left_;
 };
 
+std::string finished(std::string file, const MdfFinish& finish) {
+  if (finish.finished) return file;
+  file.resize(finish.keep);
+  StoppingStream stream(file);
+  finishMdf(stream, finish);
+  return file;
+}
+std::string finished(const std::string& file) { return finished(file, planMdfFinish(file)); }
+
 }  // namespace
 
 TEST(MdfFinisher, MakesOfAKilledFileWhatClosingWouldHaveMade) {
@@ -81,7 +89,7 @@ TEST(MdfFinisher, MakesOfAKilledFileWhatClosingWouldHaveMade) {
     const MdfFinish plan = planMdfFinish(cut);
     EXPECT_TRUE(plan.records == records || plan.records == records + 1) << size;
     records = plan.records;
-    const MdfContent content = contentOf(finishMdf(cut, plan));
+    const MdfContent content = contentOf(finished(cut, plan));
     EXPECT_EQ(plan.keep + plan.cutBytes, size);
     EXPECT_EQ(content.groups[0].records, contentOf(cut).groups[0].records) << size;
   }

@@ -28,7 +28,7 @@
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
 #include "samples/JsonLinesSink.h"
-#include "samples/QualityCounter.h"
+#include "samples/Measurement.h"
 
 namespace tarnlog::record {
 
@@ -70,13 +70,11 @@ class Run {
     acq_ = std::make_unique<TarnAcq>(screen_, environment());
     quality_.setRecordingEnded(
         [this](const std::string& path, const Quality& quality) { printQuality(path, quality); });
+    quality_.setRowsSynced([this] { return acq_->recordRows().synced; });
+    mdf_.setFinished([this](const std::string& path) { printPath(path); });
+    mdf_.setFailed([this](const std::string& why) { noteFailure(why); });
     files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
-    if (options.folderPerVehicle)
-      acq_->setFolderRule([this](const std::string& folder) {
-        return folderOfVehicle(folder, vehicle_->description(), [this](const std::string& why) {
-          progress_.print("tarn-record: folder of the vehicle: " + why);
-        });
-      });
+    if (options.folderPerVehicle) useFolderOfVehicle();
     acq_->setAcqStoppedHandler([this] { loop_.quit(); });
     acq_->setFileFinishedHandler([this](const std::string& path) { printPath(path); });
     loop_.setWakeDescriptor(Signals::wakeDescriptor());
@@ -112,10 +110,21 @@ class Run {
       throw BadInput("stopped while the car was asked what it offers");
   }
 
+  void useFolderOfVehicle() {
+    const auto rule = [this](const std::string& folder) {
+      return folderOfVehicle(folder, vehicle_->description(), [this](const std::string& why) {
+        progress_.print("tarn-record: folder of the vehicle: " + why);
+      });
+    };
+    acq_->setFolderRule(rule);
+    mdf_.setFolderRule(rule);
+  }
+
   AcqEnvironment environment() {
     std::vector<SampleSink*> sinks{&quality_};
+    if (!options_.mf4.empty()) sinks = measurement_.sinks();
     if (json_) sinks.push_back(&*json_);
-    return {clock_, *timer_, files_, systemLocale(), kStylesheetUrl, nullptr, sinks};
+    return {clock_, *timer_, files_, systemLocale(), kStylesheetUrl, sinks};
   }
 
   void openSamples(const std::string& path) {
@@ -162,6 +171,11 @@ class Run {
     errors_.wait(kLogPatience);
   }
 
+  void noteFailure(const std::string& text) {
+    troubled_ = true;
+    progress_.print("tarn-record: " + text);
+  }
+
   /// The recorder goes on polling meanwhile.
   void noteTrouble(const WriteTrouble& trouble) {
     troubled_ = true;
@@ -189,7 +203,14 @@ class Run {
   ConsoleScreen screen_;
   RunLoop loop_;
   std::unique_ptr<Timer> timer_;
-  QualityCounter quality_;
+  Measurement measurement_{{.files = files_,
+                            .clock = clock_,
+                            .locale = systemLocale(),
+                            .programVersion = TARNLOG_VERSION,
+                            .recordings = [this] { return options_.mf4 == "record"; },
+                            .whole = options_.mf4 == "all"}};
+  QualityCounter& quality_ = measurement_.quality();
+  MdfSink& mdf_ = measurement_.files();
   std::optional<SamplesOutput> samples_;
   std::optional<JsonLinesSink> json_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;

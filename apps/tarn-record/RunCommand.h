@@ -19,6 +19,7 @@ struct RunOptions {
   std::optional<std::string> prefix;
   std::optional<std::int32_t> duration;
   std::optional<std::int32_t> recordings;
+  std::string mf4;  ///< "record": a measurement file for each recording; "all": one for the acquisition
   std::optional<std::string> samples;  ///< a file or pipe for JSON lines, or "-"
   std::int32_t sync = 5;  ///< seconds from one sync of open files to the next; 0: only when they are closed
 };

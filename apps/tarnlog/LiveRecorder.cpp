@@ -1,5 +1,4 @@
 #include "apps/tarnlog/LiveRecorder.h"
-#include "acquisition/AcqWords.h"
 
 #include <unistd.h>
 
@@ -101,7 +100,8 @@ WindowEnvironment LiveRecorder::environment() {
            &endQuestion_,
            [this](const std::string& file) { refusePrefixOutside(files_, file); },
            guideOfProgram(files_),
-           {&quality_}},
+           {},
+           TARNLOG_VERSION},
           open,
           options_.link.url,
           exampleVehicles(),
@@ -120,7 +120,8 @@ int LiveRecorder::run() {
     noteFailure(textOf(trouble));
     window.showWriteTrouble(trouble);
   });
-  quality_.setRecordingEnded([&](const std::string& path, const Quality& quality) {
+  Measurement& measurement = window.recorder().measurement();
+  measurement.quality().setRecordingEnded([&](const std::string& path, const Quality& quality) {
     say(path + ": " + qualityText(quality));
     window.showQuality(path, qualityText(quality));
   });
@@ -129,8 +130,14 @@ int LiveRecorder::run() {
     noteFailure(text);
     window.showOpenFailed(text);
   });
-  acq.setFileFinishedHandler([this](const std::string& path) {
+  const auto printPath = [this](const std::string& path) {
     paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
+  };
+  acq.setFileFinishedHandler(printPath);
+  measurement.files().setFinished(printPath);
+  measurement.files().setFailed([&](const std::string& why) {
+    noteFailure(why);
+    window.showOpenFailed(why);
   });
   QTimer printing;
   QObject::connect(&printing, &QTimer::timeout, [this] {
@@ -149,7 +156,6 @@ int LiveRecorder::run() {
   const int code = QApplication::exec();
   files_.finishSyncing();
   files_.setWriteTroubleHandler({});
-  quality_.setRecordingEnded({});
   paths_.wait();
   return failed_ ? kFailed : code;
 }

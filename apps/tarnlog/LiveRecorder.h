@@ -13,7 +13,6 @@
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
-#include "samples/QualityCounter.h"
 #include "ui/common/QtTimer.h"
 #include "ui/main/Dialogs.h"
 
@@ -55,7 +54,6 @@ class LiveRecorder {
   QtTimer timer_;
   QtDialogs dialogs_;
   EndRecordingBox endQuestion_;
-  QualityCounter quality_;
   bool failed_ = false;  ///< something that was to be recorded is in no file
   int attempts_ = 0;     ///< to open the vehicle that is traced
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarnlog {
 
@@ -60,15 +61,12 @@ MdfColumn itemColumn(const ferrox3::DataItem& item) {
   return column;
 }
 
-MdfColumn timeColumn(const char* name) { return {.name = name, .kind = Kind::Time, .unit = "s"}; }
-
 MdfGroup requestGroup(const SampleRequest& request) {
   const ferrox3::Ecu& ecu = request.request->ecu();
   MdfGroup group{.name = ecu.name() + "/" + request.request->name(),
                  .ecu = ecu.name(),
                  .ecuFunction = ecu.functionName()};
-  group.columns = {
-      timeColumn("time"), timeColumn("request time"), {.name = "sequence", .kind = Kind::Unsigned}};
+  group.columns = mdfRequestColumns();
   std::uint32_t bit = 0;
   for (const ferrox3::DataItem* const item : request.items) {
     group.columns.push_back(itemColumn(*item));
@@ -85,7 +83,7 @@ MdfGroup marksGroup() {
                  {value(SampleMark::Kind::Stop), "Stop"},
                  {value(SampleMark::Kind::Event), "Event"}};
   return {.name = mdfnames::kMarks,
-          .columns = {timeColumn("time"),
+          .columns = {mdfTimeColumn(),
                       kind,
                       {.name = "number", .kind = Kind::Unsigned, .bytes = 4},
                       {.name = "file", .kind = Kind::Text}}};
@@ -93,14 +91,14 @@ MdfGroup marksGroup() {
 
 void addOwnGroups(MdfLayout& layout) {
   layout.groups.push_back(marksGroup());
-  layout.groups.push_back({.name = mdfnames::kGaps, .columns = {timeColumn("time"), timeColumn("end")}});
+  layout.groups.push_back({.name = mdfnames::kGaps, .columns = {mdfTimeColumn(), mdfTimeColumn("end")}});
   layout.groups.push_back({.name = mdfnames::kFailures,
-                           .columns = {timeColumn("time"),
-                                       timeColumn("request time"),
+                           .columns = {mdfTimeColumn(),
+                                       mdfTimeColumn("request time"),
                                        {.name = "request", .kind = Kind::Text},
                                        {.name = "reason", .kind = Kind::Text}}});
   layout.groups.push_back(
-      {.name = mdfnames::kClockSteps, .columns = {timeColumn("time"), {.name = "step", .unit = "s"}}});
+      {.name = mdfnames::kClockSteps, .columns = {mdfTimeColumn(), {.name = "step", .unit = "s"}}});
 }
 
 void placeCells(MdfGroup& group, MdfLayout& layout, std::uint64_t& id) {
@@ -125,16 +123,21 @@ void placeAll(MdfLayout& layout) {
 
 }  // namespace
 
-MdfLayout mdfLayout(const SampleBeginning& beginning) {
-  MdfLayout layout{.groups = {}, .requests = beginning.requests.size()};
-  for (const SampleRequest& request : beginning.requests) layout.groups.push_back(requestGroup(request));
-  addOwnGroups(layout);
-  placeAll(layout);
-  return layout;
+MdfColumn mdfTimeColumn(const char* name) { return {.name = name, .kind = Kind::Time, .unit = "s"}; }
+
+std::vector<MdfColumn> mdfRequestColumns() {
+  return {mdfTimeColumn(), mdfTimeColumn("request time"), {.name = "sequence", .kind = Kind::Unsigned}};
 }
 
-MdfLayout ownMdfLayout() {
-  MdfLayout layout;
+MdfLayout mdfLayout(const SampleBeginning& beginning) {
+  std::vector<MdfGroup> groups;
+  for (const SampleRequest& request : beginning.requests) groups.push_back(requestGroup(request));
+  return mdfLayout(std::move(groups));
+}
+
+MdfLayout mdfLayout(std::vector<MdfGroup> groups) {
+  MdfLayout layout{.groups = std::move(groups)};
+  layout.requests = layout.groups.size();
   addOwnGroups(layout);
   placeAll(layout);
   return layout;

@@ -75,7 +75,11 @@ inline constexpr char kClockSteps[] = "Clock steps";
 }  // namespace mdfnames
 
 MdfLayout mdfLayout(const SampleBeginning& beginning);
-/// The groups that are no request's, alone.
-MdfLayout ownMdfLayout();
+/// These groups, in which cells have no place yet, and those that are no request's.
+MdfLayout mdfLayout(std::vector<MdfGroup> groups);
+
+/// The first columns of a request's group, and of any other.
+std::vector<MdfColumn> mdfRequestColumns();
+MdfColumn mdfTimeColumn(const char* name = "time");
 
 }  // namespace tarnlog

@@ -77,6 +77,40 @@ void encodeItem(const ferrox3::DataItem& item, const MdfColumn& column, MdfRecor
 
 }  // namespace
 
+void mdfMark(const MdfLayout& layout, SampleMark::Kind kind, std::int64_t at, std::int32_t number,
+             std::string_view file, MdfRecord& record) {
+  const MdfGroup& group = layout.groups.at(layout.own(MdfLayout::kMarks));
+  record.begin(group);
+  record.setTime(group.columns[0], at);
+  record.setBits(group.columns[1], static_cast<std::uint64_t>(kind));
+  record.setBits(group.columns[2], static_cast<std::uint64_t>(number));
+  record.setVariable(group.columns[3], file);
+}
+
+void mdfGap(const MdfLayout& layout, std::int64_t from, std::int64_t till, MdfRecord& record) {
+  const MdfGroup& group = layout.groups.at(layout.own(MdfLayout::kGaps));
+  record.begin(group);
+  record.setTime(group.columns[0], from);
+  record.setTime(group.columns[1], till);
+}
+
+void mdfFailure(const MdfLayout& layout, std::int64_t at, std::int64_t sent, std::string_view request,
+                std::string_view reason, MdfRecord& record) {
+  const MdfGroup& group = layout.groups.at(layout.own(MdfLayout::kFailures));
+  record.begin(group);
+  record.setTime(group.columns[0], at);
+  record.setTime(group.columns[1], sent);
+  record.setVariable(group.columns[2], request);
+  record.setVariable(group.columns[3], reason);
+}
+
+void mdfClockStep(const MdfLayout& layout, std::int64_t at, double step, MdfRecord& record) {
+  const MdfGroup& group = layout.groups.at(layout.own(MdfLayout::kClockSteps));
+  record.begin(group);
+  record.setTime(group.columns[0], at);
+  record.setNumber(group.columns[1], step);
+}
+
 void encodeAnswer(const SampleRequest& request, const MdfGroup& group, const SampleAnswer& answer,
                   MdfRecord& record) {
   record.begin(group);

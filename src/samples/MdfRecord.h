@@ -32,6 +32,14 @@ class MdfRecord {
   std::size_t dataBytes_ = 0;
 };
 
+/// Records of the groups that are no request's. Times are microseconds, the step is in seconds.
+void mdfMark(const MdfLayout& layout, SampleMark::Kind kind, std::int64_t at, std::int32_t number,
+             std::string_view file, MdfRecord& record);
+void mdfGap(const MdfLayout& layout, std::int64_t from, std::int64_t till, MdfRecord& record);
+void mdfFailure(const MdfLayout& layout, std::int64_t at, std::int64_t sent, std::string_view request,
+                std::string_view reason, MdfRecord& record);
+void mdfClockStep(const MdfLayout& layout, std::int64_t at, double step, MdfRecord& record);
+
 /// The record of an answer: its items' values as they are now.
 void encodeAnswer(const SampleRequest& request, const MdfGroup& group, const SampleAnswer& answer,
                   MdfRecord& record);

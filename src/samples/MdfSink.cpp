@@ -1,8 +1,11 @@
 #include "samples/MdfSink.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <memory>
 #include <utility>
+#include <variant>
 
 #include "acquisition/FileNames.h"
 #include "platform/base/TarnError.h"
@@ -13,6 +16,14 @@ namespace {
 
 constexpr char kExtension[] = ".mf4";
 constexpr int kMostNumbers = 9999;  // behind one name
+
+QualityReport reportOf(const Quality& quality) {
+  QualityReport report{qualityText(quality), {}};
+  for (const QualityFigure& figure : qualityFigures(quality))
+    report.figures.push_back(
+        {figure.name, std::visit([](auto value) { return fmt::format("{}", value); }, figure.value)});
+  return report;
+}
 
 std::string nameOf(std::string_view path) { return std::string(path.substr(path.rfind('/') + 1)); }
 
@@ -37,17 +48,23 @@ void MdfSink::begin(const SampleBeginning& beginning) {
   utcNanoseconds_ = beginning.utcNanoseconds;
   zone_ = beginning.zone;
   acquisition_ = beginning.acquisition;
-  if (setup_.whole) openWhole(beginning);
+  ofRecordings_ = setup_.recordings();
+  wholePath_.clear();
+  if (setup_.whole) wholePath_ = wholePath(beginning.parameters);
 }
 
-void MdfSink::openWhole(const SampleBeginning& beginning) {
-  const oTarnParameters& parameters = beginning.parameters;
+std::string MdfSink::wholePath(const oTarnParameters& parameters) const {
   std::string folder = parameters.fileFolder;
   if (!setup_.files.folderExists(folder)) folder = setup_.files.currentFolder();
-  if (setup_.folderRule) folder = setup_.folderRule(folder);
+  if (folderRule_) folder = folderRule_(folder);
   const std::string base = recordBaseName(setup_.clock.now(), "", setup_.locale);
-  open(whole_, beginning.acquisition, folder, parameters.filePrefix + base + "_all" + kExtension,
-       aboutFrom(beginning.at, {}));
+  return joinPath(folder, parameters.filePrefix + base + "_all" + kExtension);
+}
+
+/// Only when there is something to write: an adapter has told its name by then, and no file stays empty.
+void MdfSink::openWhole() {
+  const std::string path = std::exchange(wholePath_, {});
+  open(whole_, acquisition_, path, aboutFrom(at_, {}));
 }
 
 /// The wall clock of the start is what it would be had nobody set it since the beginning.
@@ -66,21 +83,24 @@ MdfAbout MdfSink::aboutFrom(std::int64_t start, const std::vector<ferrox3::Fact>
   return about;
 }
 
-void MdfSink::open(std::optional<Open>& target, const SampleId& id, const std::string& folder,
-                   const std::string& name, const MdfAbout& about) {
-  std::string candidate = name;
+void MdfSink::open(std::optional<Open>& target, const SampleId& id, const std::string& path,
+                   const MdfAbout& about) {
+  std::string candidate = path;
   for (int number = 2;; ++number) {
-    const std::string path = joinPath(folder, candidate);
     try {
-      target.emplace(Open{MdfFile(setup_.files.create(path), path, layout_, about), id});
+      target.emplace(Open{MdfFile(setup_.files.create(candidate), candidate, layout_, about), id});
       return;
     } catch (const NameTaken& taken) {
-      if (number > kMostNumbers) return setup_.failed ? setup_.failed(taken.description()) : void();
+      if (number > kMostNumbers) return tellFailed(taken.description());
     } catch (const TarnError& error) {
-      return setup_.failed ? setup_.failed(error.description()) : void();
+      return tellFailed(error.description());
     }
-    candidate = numberedName(name, kExtension, number);
+    candidate = numberedName(path, kExtension, number);
   }
+}
+
+void MdfSink::tellFailed(const std::string& why) const {
+  if (failed_) failed_(why);
 }
 
 void MdfSink::answer(const SampleAnswer& answer) {
@@ -91,60 +111,45 @@ void MdfSink::answer(const SampleAnswer& answer) {
 /// The record that was just made.
 void MdfSink::add(std::size_t group, std::int64_t at) {
   newest_ = std::max(newest_, at);
-  if (setup_.recordings) history_.add(group, at, record_.bytes());
+  if (!wholePath_.empty()) openWhole();
+  if (ofRecordings_) history_.add(group, at, record_.bytes());
   if (recording_) recording_->file.add(group, at, record_.bytes());
   if (whole_) whole_->file.add(group, at, record_.bytes());
 }
 
 void MdfSink::note(const MdfEvent& event) {
-  if (setup_.recordings) pastEvents_.push_back(event);
+  if (ofRecordings_) pastEvents_.push_back(event);
   if (recording_) recording_->file.note(event);
   if (whole_) whole_->file.note(event);
 }
 
 void MdfSink::failure(const SampleFailure& failure) {
-  const std::size_t own = layout_.own(MdfLayout::kFailures);
-  const MdfGroup& group = layout_.groups.at(own);
-  record_.begin(group);
-  record_.setTime(group.columns[0], failure.at);
-  record_.setTime(group.columns[1], failure.sent);
-  record_.setVariable(group.columns[2], layout_.groups.at(failure.request).name);
-  record_.setVariable(group.columns[3], failure.reason);
-  add(own, failure.at);
+  mdfFailure(layout_, failure.at, failure.sent, layout_.groups.at(failure.request).name, failure.reason,
+             record_);
+  add(layout_.own(MdfLayout::kFailures), failure.at);
 }
 
+/// A start may count from a row that came before the newest mark; the times of a channel group do not go
+/// back.
 void MdfSink::mark(const SampleMark& mark) {
-  const std::size_t own = layout_.own(MdfLayout::kMarks);
-  const MdfGroup& group = layout_.groups.at(own);
   const std::string file = nameOf(mark.path);
-  record_.begin(group);
-  record_.setTime(group.columns[0], mark.at);
-  record_.setBits(group.columns[1], static_cast<std::uint64_t>(mark.kind));
-  record_.setBits(group.columns[2], static_cast<std::uint64_t>(mark.number));
-  record_.setVariable(group.columns[3], file);
-  add(own, mark.at);
+  lastMark_ = std::max(lastMark_, mark.at);
+  mdfMark(layout_, mark.kind, lastMark_, mark.number, file, record_);
+  add(layout_.own(MdfLayout::kMarks), lastMark_);
   note(markEvent(mark.kind, mark.at, mark.number, file));
 }
 
 /// A gap belongs to the moment at which it ended, since nobody knew of it before.
 void MdfSink::gap(std::int64_t from, std::int64_t till) {
-  const std::size_t own = layout_.own(MdfLayout::kGaps);
-  const MdfGroup& group = layout_.groups.at(own);
-  record_.begin(group);
-  record_.setTime(group.columns[0], from);
-  record_.setTime(group.columns[1], till);
-  add(own, till);
+  mdfGap(layout_, from, till, record_);
+  add(layout_.own(MdfLayout::kGaps), till);
   note(gapEvent(from, till));
 }
 
 void MdfSink::clockStep(std::int64_t at, std::int64_t nanoseconds) {
-  const std::size_t own = layout_.own(MdfLayout::kClockSteps);
-  const MdfGroup& group = layout_.groups.at(own);
   const double seconds = static_cast<double>(nanoseconds) / 1e9;
-  record_.begin(group);
-  record_.setTime(group.columns[0], at);
-  record_.setNumber(group.columns[1], seconds);
-  add(own, at);
+  mdfClockStep(layout_, at, seconds, record_);
+  add(layout_.own(MdfLayout::kClockSteps), at);
   note(clockStepEvent(at, seconds));
 }
 
@@ -167,13 +172,12 @@ void MdfSink::cycle(const SampleCycle& cycle) {
 }
 
 void MdfSink::recordingBegan(const SampleRecording& recording) {
-  if (!setup_.recordings) return;
+  if (!ofRecordings_) return;
   close(recording_);
   const std::string record(recording.path);
   const std::string name = nameOf(record);
-  const std::string base = name.substr(0, std::min(name.rfind('.'), name.size()));
-  const std::string folder = record.substr(0, record.size() - name.size());
-  open(recording_, recording.id, folder, base + kExtension,
+  const std::size_t extension = name.size() - std::min(name.rfind('.'), name.size());
+  open(recording_, recording.id, record.substr(0, record.size() - extension) + kExtension,
        aboutFrom(recording.from, {{"recording id", recording.id.text()}, {"record file", name}}));
   if (!recording_) return;
   history_.forEach([&](std::size_t group, std::int64_t at, std::string_view bytes) {
@@ -185,6 +189,7 @@ void MdfSink::recordingBegan(const SampleRecording& recording) {
 void MdfSink::recordingEnded(std::int64_t /*at*/, std::uint64_t /*rows*/) { close(recording_); }
 
 void MdfSink::end(std::int64_t /*at*/) {
+  wholePath_.clear();
   close(recording_);
   close(whole_);
   requests_.clear();
@@ -193,26 +198,26 @@ void MdfSink::end(std::int64_t /*at*/) {
 void MdfSink::close(std::optional<Open>& open) {
   if (!open) return;
   std::optional<MdfClosing> closing = open->file.closing();
-  lostInClosed_ += open->file.lostRecords();
+  const std::uint64_t lost = open->file.lostRecords();
+  lostInClosed_ += lost;
   if (closing) finish(*open, *std::move(closing));
+  if (lost != 0)
+    tellFailed(open->file.path() + ": " + std::to_string(lost) + " answers and marks are missing");
   open.reset();
 }
 
-/// Told when the file is closed.
+/// A file that cannot be finished can still be read; the file system tells why.
 void MdfSink::finish(Open& open, MdfClosing closing) {
   closing.zone = setup_.clock.zoneOffset();
   closing.utcNanoseconds = setup_.clock.utcNanoseconds();
-  if (setup_.quality) closing.quality = setup_.quality(open.id);
-  auto work = [stream = std::shared_ptr<FileStream>(open.file.takeStream()), closing = std::move(closing),
-               path = open.file.path(), done = setup_.finished]() mutable {
+  if (setup_.quality != nullptr)
+    closing.quality =
+        reportOf(open.id == acquisition_ ? setup_.quality->acquisition() : setup_.quality->recording());
+  {
+    const std::unique_ptr<FileStream> stream = open.file.takeStream();
     skipOnFailure([&] { closeMdf(*stream, closing); });
-    stream.reset();
-    if (done) done(path);
-  };
-  if (setup_.background)
-    setup_.background(std::move(work));
-  else
-    work();
+  }
+  if (finished_ && setup_.files.fileExists(open.file.path())) finished_(open.file.path());
 }
 
 std::uint64_t MdfSink::lostRecords() const {

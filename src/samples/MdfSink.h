@@ -14,6 +14,7 @@
 #include "samples/MdfFile.h"
 #include "samples/MdfLayout.h"
 #include "samples/MdfRecord.h"
+#include "samples/QualityCounter.h"
 #include "samples/SampleHistory.h"
 
 namespace tarnlog {
@@ -24,19 +25,11 @@ struct MdfSinkSetup {
   const Clock& clock;
   UserLocale locale;
   std::string programVersion;
-  bool recordings = true;  ///< a file for each recording, beside the record file
-  bool whole = false;      ///< one for the whole acquisition
-  /// How good the recording or acquisition of this id was; asked when its file is closed.
-  std::function<QualityReport(const SampleId&)> quality{};
-  /// Gives the folder of the whole acquisition's file; its argument is the configured one, which is the
-  /// default.
-  std::function<std::string(const std::string& folder)> folderRule{};
-  std::function<void(const std::string& path)> finished{};  ///< a file was closed
-  std::function<void(const std::string& why)> failed{};     ///< a file could not be made
-  /// Runs what waits for the disk. Without it, that runs at once; on another thread, `finished` and the file
-  /// system's trouble handler are called there.
-  std::function<void(std::function<void()>)> background{};
-  std::size_t mostHistory = 64 << 20;  ///< bytes
+  /// Whether each recording of an acquisition that begins now gets a file, beside its record file.
+  std::function<bool()> recordings = [] { return true; };
+  bool whole = false;                       ///< one for the whole acquisition, from its first answer on
+  const QualityCounter* quality = nullptr;  ///< stands in the files; it hears everything before this sink
+  std::size_t mostHistory = 64 << 20;       ///< bytes
 };
 
 /// Writes measurement files (MDF 4.10): what was answered and when, raw, with all that is needed to
@@ -46,7 +39,18 @@ class MdfSink : public SampleSink {
   explicit MdfSink(MdfSinkSetup setup);
   ~MdfSink() override;
 
+  /// Called with the path of each file that was closed.
+  void setFinished(std::function<void(const std::string& path)> finished) { finished_ = std::move(finished); }
+  /// Called when a file could not be made, or lacks something, with the reason and the path.
+  void setFailed(std::function<void(const std::string& why)> failed) { failed_ = std::move(failed); }
+  /// Gives the folder of the whole acquisition's file; its argument is the configured one, which is the
+  /// default.
+  void setFolderRule(std::function<std::string(const std::string& folder)> rule) {
+    folderRule_ = std::move(rule);
+  }
+
   void begin(const SampleBeginning& beginning) override;
+  void context(const SampleContext& context) override { facts_ = context.facts; }
   void answer(const SampleAnswer& answer) override;
   void failure(const SampleFailure& failure) override;
   void state(AcquisitionState state, std::int64_t at) override;
@@ -71,13 +75,17 @@ class MdfSink : public SampleSink {
   void note(const MdfEvent& event);
   void flush();
   MdfAbout aboutFrom(std::int64_t start, const std::vector<ferrox3::Fact>& ids) const;
-  void openWhole(const SampleBeginning& beginning);
-  void open(std::optional<Open>& target, const SampleId& id, const std::string& folder,
-            const std::string& name, const MdfAbout& about);
+  void openWhole();
+  std::string wholePath(const oTarnParameters& parameters) const;
+  void open(std::optional<Open>& target, const SampleId& id, const std::string& path, const MdfAbout& about);
   void close(std::optional<Open>& open);
   void finish(Open& open, MdfClosing closing);
+  void tellFailed(const std::string& why) const;
 
   MdfSinkSetup setup_;
+  std::function<void(const std::string& path)> finished_;
+  std::function<void(const std::string& why)> failed_;
+  std::function<std::string(const std::string& folder)> folderRule_;
   MdfLayout layout_;
   std::vector<SampleRequest> requests_;
   SampleId acquisition_;
@@ -86,9 +94,12 @@ class MdfSink : public SampleSink {
   ZoneOffset zone_;
   std::vector<ferrox3::Fact> facts_;
   std::string configuration_;
+  std::string wholePath_;  ///< of a file that is still to be made
   MdfRecord record_;
   SampleHistory history_;
+  bool ofRecordings_ = false;
   std::vector<MdfEvent> pastEvents_;  ///< those that the history has
+  std::int64_t lastMark_ = 0;
   std::optional<Open> recording_;
   std::optional<Open> whole_;
   std::int64_t newest_ = 0;

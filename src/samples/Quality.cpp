@@ -33,8 +33,8 @@ std::string answersText(const SampleCounts& counts) {
                      what.empty() ? what : " (" + what + ")");
 }
 
-std::string ratesText(const CycleRates::Rates& rates) {
-  return fmt::format("{} cycles/s ({} to {})", plain(rates.median, 1), plain(rates.least, 1),
+std::string ratesText(const CycleRates::Rates& rates, const char* what) {
+  return fmt::format("{} {}/s ({} to {})", plain(rates.median, 1), what, plain(rates.least, 1),
                      plain(rates.most, 1));
 }
 
@@ -53,7 +53,8 @@ std::string stepsText(const SampleCounts& counts) {
 }
 
 std::string rowsText(const Quality& quality) {
-  const std::string rows = counted(quality.rows, "row");
+  if (!quality.rows) return {};
+  const std::string rows = "; " + counted(*quality.rows, "row");
   return quality.rowsSynced ? fmt::format("{}, {} synced", rows, *quality.rowsSynced) : rows;
 }
 
@@ -81,9 +82,14 @@ void SampleCounts::add(const SampleCounts& more) {
 }
 
 std::string qualityText(const Quality& quality) {
-  return fmt::format("{}; {}; {}; {}; {}{}", answersText(quality.counts), ratesText(quality.cyclesPerSecond),
-                     gapText(quality.counts, quality.zero), stepsText(quality.counts), rowsText(quality),
-                     sentText(quality.servicesSent));
+  return fmt::format("{}; {}; {}; {}{}{}", answersText(quality.counts),
+                     ratesText(quality.cyclesPerSecond, "cycles"), gapText(quality.counts, quality.zero),
+                     stepsText(quality.counts), rowsText(quality), sentText(quality.servicesSent));
+}
+
+std::string rowQualityText(const Quality& quality) {
+  return fmt::format("{}; {}; {}", counted(quality.rows.value_or(0), "row"),
+                     ratesText(quality.cyclesPerSecond, "rows"), gapText(quality.counts, quality.zero));
 }
 
 std::vector<QualityFigure> qualityFigures(const Quality& quality) {
@@ -102,8 +108,8 @@ std::vector<QualityFigure> qualityFigures(const Quality& quality) {
       {"longest gap at", counts.gaps == 0 ? 0 : seconds(counts.longestGapFrom - quality.zero)},
       {"clock steps", counts.clockSteps},
       {"clock stepped by", static_cast<double>(counts.clockStepped) / 1e9},
-      {"rows", quality.rows},
   };
+  if (quality.rows) figures.push_back({"rows", *quality.rows});
   if (quality.rowsSynced) figures.push_back({"rows synced", *quality.rowsSynced});
   for (const ferrox3::ServiceCount& service : quality.servicesSent)
     figures.push_back({"sent " + service.name, service.sent});

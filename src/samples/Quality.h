@@ -34,7 +34,7 @@ struct Quality {
   SampleCounts counts;
   CycleRates::Rates cyclesPerSecond;
   std::int64_t zero = 0;                    ///< the sample time from which people count
-  std::uint64_t rows = 0;                   ///< handed to the system
+  std::optional<std::uint64_t> rows;        ///< handed to the system; none: nobody told
   std::optional<std::uint64_t> rowsSynced;  ///< on the disk; none: nobody told
   /// By then, since the way to the vehicle was made; no more than the host told.
   std::vector<ferrox3::ServiceCount> servicesSent;
@@ -43,6 +43,9 @@ struct Quality {
 /// One line of plain English, without its end: "1204 of 1210 answers (3 late, 2 refused, 4 lost); 30 cycles/s
 /// (28 to 31); longest gap 1.2 s at 34.5 s; no clock step; 1205 rows, 1205 synced; sent so far: ..."
 std::string qualityText(const Quality& quality);
+
+/// The same of a record that tells rows, but not which answers were in them.
+std::string rowQualityText(const Quality& quality);
 
 /// The same for programs; times and durations in seconds. "answers expected", ..., "sent TesterPresent".
 struct QualityFigure {

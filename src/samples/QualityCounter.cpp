@@ -120,9 +120,9 @@ void QualityCounter::recordingEnded(std::int64_t at, std::uint64_t rows) {
   acquisition_.rows += rows;
   if (recording_->rowsSynced)
     acquisition_.rowsSynced = acquisition_.rowsSynced.value_or(0) + *recording_->rowsSynced;
-  const Quality quality = qualityOf(*recording_, at);
+  ended_ = qualityOf(*recording_, at);
   recording_.reset();
-  if (recordingEnded_) recordingEnded_(path_, quality);
+  if (recordingEnded_) recordingEnded_(path_, ended_);
 }
 
 void QualityCounter::end(std::int64_t at) {

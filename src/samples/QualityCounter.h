@@ -32,6 +32,8 @@ class QualityCounter : public SampleSink {
   /// Asked at the end of each recording how many of its rows are on the disk.
   void setRowsSynced(std::function<std::uint64_t()> rowsSynced) { rowsSynced_ = std::move(rowsSynced); }
 
+  /// Of the recording that ended last.
+  const Quality& recording() const { return ended_; }
   /// Of the newest acquisition, until its last cycle.
   Quality acquisition() const;
 
@@ -81,6 +83,7 @@ class QualityCounter : public SampleSink {
   Cycle open_;
   Tally acquisition_;
   std::optional<Tally> recording_;
+  Quality ended_;
   std::string path_;
   std::vector<Cycle> history_;   ///< that a recording may begin with
   std::size_t historyFrom_ = 0;  ///< those before are forgotten

@@ -17,12 +17,11 @@ struct MdfParts {
   MemoryFileSystem mdfFiles;
   SteppedClock mdfClock;
   std::vector<std::string> closed;
-  MdfSink sink{{.files = mdfFiles,
-                .clock = mdfClock,
-                .locale = {},
-                .programVersion = "1.0",
-                .whole = true,
-                .finished = [this](const std::string& path) { closed.push_back(path); }}};
+  MdfSink sink{{.files = mdfFiles, .clock = mdfClock, .locale = {}, .programVersion = "1.0", .whole = true}};
+
+  MdfParts() {
+    sink.setFinished([this](const std::string& path) { closed.push_back(path); });
+  }
 };
 
 /// A recorder on a vehicle of two ECUs with data of all kinds, whose link takes a millisecond and a quarter

@@ -35,6 +35,8 @@ struct MainEnvironment {
   Guide guide{};
   /// Hear what the vehicle answers.
   std::vector<SampleSink*> sinks{};
+  /// Of the program, told in measurement files.
+  std::string programVersion{};
 };
 
 }  // namespace tarnlog

@@ -7,12 +7,15 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 #include <utility>
+#include <vector>
 
+#include "acquisition/MeasurementChoice.h"
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
+#include "samples/Measurement.h"
 #include "ui/acquisition/AcqView.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
@@ -67,9 +70,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   createTabs();  // first: so they come first in the tab order
   notices_ = new NoticeBar(this);
   configure_ = new Tarn2001(environment, *notices_, this);
-  acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
-                      environment.stylesheetUrl, environment.sinks},
-                     &environment.settings, this);
+  createAcquisition(environment);
   log_ = new LogView(this);
   configure_->setObjectName("ctlTarnConfigure");
   acq_->setObjectName("ctlTarnAcq");
@@ -105,6 +106,21 @@ void TarnMain::create(const MainEnvironment& environment) {
   connect(configure_, &Tarn2001::stateChanged, this, &TarnMain::configurationStateChanged);
   parameters_ = std::make_shared<oTarnParameters>(*settings_);
   configure_->setParameters(parameters_);
+}
+
+void TarnMain::createAcquisition(const MainEnvironment& environment) {
+  measurement_ = std::make_unique<Measurement>(MdfSinkSetup{
+      .files = environment.files,
+      .clock = environment.clock,
+      .locale = environment.locale,
+      .programVersion = environment.programVersion,
+      .recordings = [settings = &environment.settings] { return MeasurementChoice(settings).on(); }});
+  std::vector<SampleSink*> sinks = measurement_->sinks();
+  sinks.insert(sinks.end(), environment.sinks.begin(), environment.sinks.end());
+  acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
+                      environment.stylesheetUrl, std::move(sinks)},
+                     &environment.settings, this);
+  measurement_->quality().setRowsSynced([this] { return acq_->acq().recordRows().synced; });
 }
 
 void TarnMain::createTabs() {

@@ -16,6 +16,7 @@ namespace tarnlog {
 class AcqView;
 class HelpPanel;
 class LogView;
+class Measurement;
 class NoticeBar;
 class RecordingGuard;
 class Tarn2001;
@@ -72,6 +73,8 @@ class TarnMain : public QWidget {
 
   Tarn2001& ctlTarnConfigure() { return *configure_; }
   TarnAcq& ctlTarnAcq();
+  /// How well recordings go, and the measurement files that the user may ask for.
+  Measurement& measurement() { return *measurement_; }
   NoticeBar& notices() { return *notices_; }
 
  signals:
@@ -91,6 +94,7 @@ class TarnMain : public QWidget {
   TarnMain(std::unique_ptr<OwnEnvironment> own, QWidget* parent);
 
   void create(const MainEnvironment& environment);
+  void createAcquisition(const MainEnvironment& environment);
   void createTabs();
   void onTab(int tab);
   void enter(const QString& key);
@@ -114,6 +118,7 @@ class TarnMain : public QWidget {
   AcqView* acq_ = nullptr;
   LogView* log_ = nullptr;
   RecordingGuard* guard_ = nullptr;
+  std::unique_ptr<Measurement> measurement_;
 };
 
 }  // namespace tarnlog

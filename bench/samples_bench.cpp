@@ -48,7 +48,7 @@ void cycle(benchmark::State& state, bool listened, std::size_t dataPerRequest) {
   SilentAcqScreen screen;
   SystemClock clock;
   test::ManualTimer timer;
-  TarnAcq acq(screen, {clock, timer, files, {}, "", nullptr, sinks});
+  TarnAcq acq(screen, {clock, timer, files, {}, "", sinks});
   acq.setSession(&vehicle->session());
   acq.StartReadingData(bench::everything(kRequests, dataPerRequest, folder.path()));
   while (!acq.hasRow()) timer.fire();

@@ -1,12 +1,16 @@
 #include "apps/tarn-record/ExportCommand.h"
 
 #include <algorithm>
+#include <exception>
+#include <memory>
 #include <vector>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/NearestName.h"
 #include "apps/tarn-record/ExportFile.h"
+#include "apps/tarn-record/Mf4Export.h"
 #include "apps/tarn-record/OutputFile.h"
+#include "apps/tarn-record/RecordFile.h"
 #include "platform/time/SystemClock.h"
 #include "records/CsvExport.h"
 #include "records/JsonExport.h"
@@ -15,21 +19,6 @@
 namespace tarnlog::record {
 
 namespace {
-
-constexpr const char* kFileSystem = "FileSystem";
-
-std::string baseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-
-/// Says which file a fault is in.
-template <class Step>
-auto inFile(const std::string& path, Step step) {
-  try {
-    return step();
-  } catch (const TarnError& error) {
-    if (error.source() == kFileSystem) throw;  // which names the file itself, and it may be the output
-    throw BadInput(path + ": " + error.description());
-  }
-}
 
 void checkNames(const std::vector<RecordHead>& recordings, const ExportOptions& options) {
   std::vector<std::string> known;
@@ -59,31 +48,66 @@ std::vector<RecordHead> withUtc(std::vector<RecordHead> recordings, const Export
   return recordings;
 }
 
+/// The output as the closing of a measurement file wants it. What cannot be written is raised again when it
+/// is synced, since who writes records of a vehicle goes on.
+class ExportStream : public FileStream {
+ public:
+  explicit ExportStream(ExportFile& file) : file_(file) {}
+  void write(std::string_view bytes) override {
+    try {
+      file_.write(bytes);
+    } catch (...) {
+      failure_ = std::current_exception();
+      throw;
+    }
+  }
+  void writeOrOwe(std::string_view bytes) override {
+    skipOnFailure([&] { write(bytes); });
+  }
+  void writeAt(std::uint64_t offset, std::string_view bytes) override { file_.overwrite(offset, bytes); }
+  void sync() override {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+  bool failing() const override { return failure_ != nullptr; }
+
+ private:
+  ExportFile& file_;
+  std::exception_ptr failure_;
+};
+
+void exportMf4(const RecordFile& record, const ExportOptions& options, ExportFile& output) {
+  if (!output.replaces()) throw BadInput("--to mf4: needs a file to write, name one with --output FILE");
+  Mf4Survey survey(record.recordings(), options.choice);
+  record.read(survey);
+  Mf4Export mf4(record.recordings(), options.choice, survey, std::make_unique<ExportStream>(output));
+  record.read(mf4);
+  mf4.finish();
+}
+
 }  // namespace
 
 std::string exportRecord(const ExportOptions& options) {
   refuseInput(options.output, options.input);
-  const SystemReadableFile file(options.input);
-  const auto reader = inFile(options.input, [&] { return openRecord(file, baseName(options.input)); });
-  checkNames(reader->recordings(), options);
+  const RecordFile record(options.input);
+  checkNames(record.recordings(), options);
   const std::vector<RecordHead> recordings =
-      options.choice.utc ? withUtc(reader->recordings(), options) : reader->recordings();
+      options.choice.utc ? withUtc(record.recordings(), options) : record.recordings();
 
   ExportFile output(options.output);
   const ExportOutput write = [&](std::string_view bytes) { output.write(bytes); };
   if (options.format == "csv") {
     CsvExport csv(recordings, options.choice, write);
-    inFile(options.input, [&] { reader->read(csv); });
+    record.read(csv);
     csv.finish();
+  } else if (options.format == "mf4") {
+    exportMf4(record, options, output);
   } else {
     JsonExport json(recordings, options.choice, write);
-    inFile(options.input, [&] { reader->read(json); });
-    json.finish(reader->missing());
+    record.read(json);
+    json.finish(record.missing());
   }
   output.finish();
-  std::string report;
-  for (const std::string& each : reader->missing()) report += options.input + ": " + each + "\n";
-  return report;
+  return record.missingText();
 }
 
 }  // namespace tarnlog::record

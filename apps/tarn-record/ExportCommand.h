@@ -13,7 +13,7 @@ struct ExportOptions {
   ExportChoice choice;
 };
 
-inline constexpr const char* kExportFormats[] = {"csv", "json"};
+inline constexpr const char* kExportFormats[] = {"csv", "mf4", "json"};
 
 /// Writes a record in another format. Returns what is missing in it, a line for each matter. Raises BadInput
 /// or a TarnError when it cannot be read, lacks data that are asked for, or does not tell when it began while

@@ -53,6 +53,10 @@ void ExportFile::write(std::string_view bytes) {
   if (writeAll(descriptor, bytes) < bytes.size()) throw systemError(path_, errno);
 }
 
+void ExportFile::overwrite(std::uint64_t offset, std::string_view bytes) {
+  if (const int error = file_->overwrite(static_cast<off_t>(offset), bytes)) throw systemError(path_, error);
+}
+
 void ExportFile::finish() {
   if (beside_.empty()) return;
   if (std::rename(beside_.c_str(), path_.c_str()) != 0) throw systemError(path_, errno);

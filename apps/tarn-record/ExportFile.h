@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,6 +21,10 @@ class ExportFile {
   /// Raises a TarnError.
   void write(std::string_view bytes);
   void finish();
+  /// Writes over bytes that are there already. Only where `replaces`.
+  void overwrite(std::uint64_t offset, std::string_view bytes);
+  /// The file is written beside its place first.
+  bool replaces() const { return !beside_.empty(); }
 
  private:
   std::string path_;

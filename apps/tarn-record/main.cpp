@@ -28,6 +28,7 @@
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/OutputFile.h"
+#include "apps/tarn-record/QualityCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
 #include "host/link/SystemLinkClock.h"
@@ -145,6 +146,12 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
       ->check(wholeNumber(1, 1000000000))
       ->type_name("N");
   command
+      .add_flag(
+          "--mf4{record}", options.mf4,
+          "Also write what was answered, and when, as measurement data (MDF 4): a file beside each record;\n"
+          "--mf4=all: one file for the whole run")
+      ->check(CLI::IsMember(std::vector<std::string>{"record", "all"}));
+  command
       .add_option(
           "--samples", options.samples,
           "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
@@ -241,11 +248,30 @@ std::function<int()> addNew(CLI::App& app, NewOptions& options) {
 }
 
 std::function<int()> addRepair(CLI::App& app, std::string& file) {
-  CLI::App& command = *app.add_subcommand("repair", "Close an XML record file whose recording was killed");
-  command.add_option("FILE", file, "XML record or event file")->required();
+  CLI::App& command =
+      *app.add_subcommand("repair", "Close an XML record or measurement file whose recording was killed");
+  command.add_option("FILE", file, "XML record or event file, or measurement file")->required();
   command.footer("Example:\n  tarn-record repair recordings/16-11-26_19h05mn07.xml");
   return [&file] {
     print(printableText(repairRecord(file)));
+    return kDone;
+  };
+}
+
+std::function<int()> addQuality(CLI::App& app, std::string& file) {
+  CLI::App& command =
+      *app.add_subcommand("quality", "Tell how well a recording went: answers, cycles a second, gaps, rows");
+  command.add_option("FILE", file, "Text or XML record or event file, or MDF 4 file")->required();
+  command.footer(
+      "A measurement file that was closed tells what was counted while it was recorded; of all others that "
+      "is\n"
+      "told which can be counted in them. What is missing in the file is told on standard error.\n"
+      "Example:\n"
+      "  tarn-record quality recordings/16-11-26_19h05mn07.mf4");
+  return [&file] {
+    const QualityReportOfFile report = qualityOfFile(file);
+    print(printableText(report.lines));
+    std::fputs(printableText(report.missing).c_str(), stderr);
     return kDone;
   };
 }
@@ -292,7 +318,7 @@ std::function<int()> addScan(CLI::App& app, ScanOptions& options) {
 }
 
 std::function<int()> addExport(CLI::App& app, ExportOptions& options) {
-  CLI::App& command = *app.add_subcommand("export", "Write a record as CSV or JSON lines");
+  CLI::App& command = *app.add_subcommand("export", "Write a record as CSV, MDF 4 or JSON lines");
   command.add_option("FILE", options.input, "Text or XML record or event file, or MDF 4 file")->required();
   command.add_option("--to", options.format, "Format to write")
       ->required()
@@ -347,10 +373,11 @@ int program(int argc, char** argv) {
   ImportOptions importOptions;
   ScanOptions scanOptions;
   ExportOptions exportOptions;
+  std::string qualityFileName;
   const std::vector<std::function<int()>> actions = {
       addRun(app, runOptions),   addList(app, listOptions),      addCheck(app, checkOptions),
       addNew(app, newOptions),   addRepair(app, repairFileName), addImport(app, importOptions),
-      addScan(app, scanOptions), addExport(app, exportOptions)};
+      addScan(app, scanOptions), addExport(app, exportOptions),  addQuality(app, qualityFileName)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -74,6 +74,7 @@ class LayoutReader {
     const Mf4Block header = blocks_.read(mdf::kHeaderAt, mdf::kHeader);
     readStart(header);
     readComment(header.link(mdf::link::kHeaderComment));
+    skipOnFailure([&] { readHistory(header.link(mdf::link::kFirstHistory)); });  // nothing depends on it
     for (std::uint64_t place = header.link(mdf::link::kFirstDataGroup); place != 0;)
       place = readDataGroup(place);
     for (Mf4DataGroup& data : layout_.dataGroups)
@@ -112,6 +113,22 @@ class LayoutReader {
     layout_.head.facts.emplace_back("comment", document.selectSingleNode("HDcomment/TX").text());
     for (const XmlElement& each : document.selectNodes("HDcomment/common_properties//e"))
       layout_.head.facts.emplace_back(each.attributeOrEmpty("name"), each.text());
+  }
+
+  /// When this program closes a file, it adds how well the recording went.
+  void readHistory(std::uint64_t place) {
+    constexpr int kMost = 1000;  // more are linked in a circle
+    for (int i = 0; place != 0 && i < kMost; ++i) {
+      const Mf4Block block = blocks_.read(place, mdf::kHistory);
+      readQuality(blocks_.text(block.link(mdf::link::kHistoryComment)));
+      place = block.link(mdf::link::kNextHistory);
+    }
+  }
+
+  void readQuality(const std::string& comment) {
+    XmlDocument document;
+    if (document.parse(comment) || document.selectNodes("FHcomment/common_properties//e").empty()) return;
+    layout_.head.facts.emplace_back(kQualityFact, document.selectSingleNode("FHcomment/TX").text());
   }
 
   /// Returns the next one's place, 0 behind the last.

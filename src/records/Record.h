@@ -42,6 +42,9 @@ struct RecordGroup {
   std::vector<RecordColumn> columns;
 };
 
+/// Name of the fact that tells how well the recording went, as it was counted meanwhile.
+inline constexpr char kQualityFact[] = "quality";
+
 struct RecordHead {
   std::optional<std::int64_t> utcNanoseconds;  ///< of the zero, since 1970
   std::optional<LocalDateTime> local;          ///< of the zero, to the second, where UTC is not known

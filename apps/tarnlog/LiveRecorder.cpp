@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "acquisition/AcqWords.h"
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordFolder.h"
@@ -22,6 +23,7 @@
 #include "apps/tarnlog/GuideFiles.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
+#include "samples/Measurement.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
 #include "ui/main/TarnMain.h"
@@ -137,7 +139,7 @@ int LiveRecorder::run() {
   measurement.files().setFinished(printPath);
   measurement.files().setFailed([&](const std::string& why) {
     noteFailure(why);
-    window.showOpenFailed(why);
+    window.showMeasurementFailed(why);
   });
   QTimer printing;
   QObject::connect(&printing, &QTimer::timeout, [this] {
@@ -156,6 +158,8 @@ int LiveRecorder::run() {
   const int code = QApplication::exec();
   files_.finishSyncing();
   files_.setWriteTroubleHandler({});
+  measurement.quality().setRecordingEnded({});
+  measurement.files().setFailed({});
   paths_.wait();
   return failed_ ? kFailed : code;
 }

@@ -458,6 +458,10 @@ void RecorderWindow::showOpenFailed(const std::string& text) {
                        {tr("Recording parameters"), [this] { recorder_->openScreen("param"); }});
 }
 
+void RecorderWindow::showMeasurementFailed(const std::string& why) {
+  notices_->showNotice("measurement", tr("Measurement data are missing: %1").arg(toQString(why)));
+}
+
 void RecorderWindow::showQuality(const std::string& path, const std::string& text) {
   const QString name = QFileInfo(toQString(path)).fileName();
   notices_->showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(text)));

@@ -70,6 +70,7 @@ class RecorderWindow : public QMainWindow {
   void endAndClose();
   void showWriteTrouble(const WriteTrouble& trouble);
   void showOpenFailed(const std::string& text);
+  void showMeasurementFailed(const std::string& why);
   /// How well the newest recording went.
   void showQuality(const std::string& path, const std::string& text);
 

@@ -57,19 +57,26 @@ std::string_view typeOf(const ferrox3::DataItem& item) {
   }
 }
 
-void appendHex(std::string& out, const ferrox3::Bytes& bytes) {
+void appendHex(ByteBuffer& out, const ferrox3::Bytes& bytes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
-  out += '"';
+  out.append(1, '"');
   for (const std::uint8_t byte : bytes) {
-    out += kDigits[byte >> 4U];
-    out += kDigits[byte & 0xFU];
+    out.append(1, kDigits[byte >> 4U]);
+    out.append(1, kDigits[byte & 0xFU]);
   }
-  out += '"';
+  out.append(1, '"');
+}
+
+std::string quoted(std::string_view text) {
+  ByteBuffer out;
+  appendJson(out, text);
+  return std::string(out.view());
 }
 
 /// "," but in front of the first.
-void separate(std::string& out) {
-  if (out.back() != '{' && out.back() != '[') out += ',';
+void separate(ByteBuffer& out) {
+  const char last = out.view().back();
+  if (last != '{' && last != '[') out.append(1, ',');
 }
 
 }  // namespace
@@ -79,28 +86,34 @@ template <class Fill>
 void JsonLinesSink::line(std::string_view type, Fill fill) {
   const std::size_t before = out_.size();
   const bool whole = skipOnFailure([&] {
-    out_ += "{\"type\":\"";
-    out_ += type;
-    out_ += '"';
+    out_.append("{\"type\":\"");
+    out_.append(type);
+    out_.append(1, '"');
     fill();
-    out_ += "}\n";
+    out_.append("}\n");
   });
   if (whole)
     ++lines_;
   else
-    out_.resize(before);
+    out_.end(out_.view().data() + before);
 }
 
 template <class Value>
 void JsonLinesSink::member(std::string_view name, const Value& value) {
   separate(out_);
-  out_ += '"';
-  out_ += name;
-  out_ += "\":";
+  out_.append(1, '"');
+  out_.append(name);
+  out_.append("\":");
   appendJson(out_, value);
 }
 
-void JsonLinesSink::time(std::string_view name, std::int64_t at) { member(name, utc(at)); }
+void JsonLinesSink::time(std::string_view name, std::int64_t at) {
+  separate(out_);
+  out_.append(1, '"');
+  out_.append(name);
+  out_.append("\":");
+  moments_.append(out_, utc(at));
+}
 
 void JsonLinesSink::begin(const SampleBeginning& beginning) {
   at_ = beginning.at;
@@ -110,15 +123,10 @@ void JsonLinesSink::begin(const SampleBeginning& beginning) {
   lines_ = 0;
   for (const SampleRequest& sampled : beginning.requests) {
     Request& request = requests_.emplace_back();
-    request.names = ",\"ecu\":";
-    appendJson(request.names, sampled.request->ecu().name());
-    request.names += ",\"request\":";
-    appendJson(request.names, sampled.request->name());
-    for (const ferrox3::DataItem* const item : sampled.items) {
-      Item& added = request.items.emplace_back(Item{item, request.items.empty() ? "" : ","});
-      appendJson(added.key, item->name());
-      added.key += ':';
-    }
+    request.names = ",\"ecu\":" + quoted(sampled.request->ecu().name()) +
+                    ",\"request\":" + quoted(sampled.request->name());
+    for (const ferrox3::DataItem* const item : sampled.items)
+      request.items.push_back({item, (request.items.empty() ? "" : ",") + quoted(item->name()) + ":"});
   }
   line("begin", [&] { describe(beginning); });
   handOver();
@@ -129,21 +137,21 @@ void JsonLinesSink::describe(const SampleBeginning& beginning) {
   member("acquisition", beginning.acquisition.text());
   member("zone", std::int64_t{beginning.zone.zone + beginning.zone.summer});
   facts(beginning.facts);
-  out_ += ",\"requests\":[";
+  out_.append(",\"requests\":[");
   for (const SampleRequest& request : beginning.requests) describe(request);
-  out_ += ']';
+  out_.append(1, ']');
 }
 
 void JsonLinesSink::facts(const std::vector<ferrox3::Fact>& facts) {
   factsTold_ = facts.size();
-  out_ += ",\"facts\":{";
+  out_.append(",\"facts\":{");
   for (const ferrox3::Fact& fact : facts) {
     separate(out_);
     appendJson(out_, fact.name);
-    out_ += ':';
+    out_.append(1, ':');
     appendJson(out_, fact.text);
   }
-  out_ += '}';
+  out_.append(1, '}');
 }
 
 /// An adapter tells its name when it is opened, which may be after the beginning.
@@ -153,60 +161,61 @@ void JsonLinesSink::context(const SampleContext& context) {
 
 void JsonLinesSink::describe(const SampleRequest& request) {
   separate(out_);
-  out_ += '{';
+  out_.append(1, '{');
   member("ecu", request.request->ecu().name());
   member("request", request.request->name());
-  out_ += ",\"data\":[";
+  out_.append(",\"data\":[");
   for (const ferrox3::DataItem* const item : request.items) describe(*item);
-  out_ += "]}";
+  out_.append("]}");
 }
 
 void JsonLinesSink::describe(const ferrox3::DataItem& item) {
   separate(out_);
-  out_ += '{';
+  out_.append(1, '{');
   member("name", item.name());
   member("unit", item.unit());
   member("type", typeOf(item));
   member("minimum", item.minimum());
   member("maximum", item.maximum());
   if (const ferrox3::Enumeration* const labels = item.enumeration()) {
-    out_ += ",\"labels\":{";
+    out_.append(",\"labels\":{");
     for (std::int32_t position = 1; position <= labels->Count(); ++position) {
       const std::string label = labels->label(position);
       member(std::to_string(labels->value(label)), label);
     }
-    out_ += '}';
+    out_.append(1, '}');
   }
-  out_ += '}';
+  out_.append(1, '}');
 }
 
 void JsonLinesSink::answer(const SampleAnswer& answer) {
   using Outcome = ferrox3::Exchange::Outcome;
   const Request& request = requests_.at(answer.request);
   line("answer", [&] {
-    out_ += ",\"t\":";
-    appendJson(out_, utc(answer.received));
-    out_ += ",\"sent\":";
-    appendJson(out_, utc(answer.sent));
-    out_ += request.names;
-    member("seq", answer.sequence);
-    if (answer.outcome == Outcome::Refused) out_ += ",\"outcome\":\"refused\"";
-    if (answer.outcome == Outcome::Silent) out_ += ",\"outcome\":\"silent\"";
+    out_.append(",\"t\":");
+    moments_.append(out_, utc(answer.received));
+    out_.append(",\"sent\":");
+    moments_.append(out_, utc(answer.sent));
+    out_.append(request.names);
+    out_.append(",\"seq\":");
+    appendJson(out_, answer.sequence);
+    if (answer.outcome == Outcome::Refused) out_.append(",\"outcome\":\"refused\"");
+    if (answer.outcome == Outcome::Silent) out_.append(",\"outcome\":\"silent\"");
     values(request);
   });
   if (out_.size() > kMostAtOnce) handOver();
 }
 
 void JsonLinesSink::values(const Request& request) {
-  out_ += ",\"values\":{";
+  out_.append(",\"values\":{");
   for (const Item& item : request.items) {
-    out_ += item.key;
+    out_.append(item.key);
     const std::size_t before = out_.size();
     if (skipOnFailure([&] { value(*item.item); })) continue;
-    out_.resize(before);
-    out_ += "null";
+    out_.end(out_.view().data() + before);
+    out_.append("null");
   }
-  out_ += '}';
+  out_.append(1, '}');
 }
 
 void JsonLinesSink::value(const ferrox3::DataItem& item) {
@@ -221,7 +230,7 @@ void JsonLinesSink::failure(const SampleFailure& failure) {
   line("failure", [&] {
     time("t", failure.at);
     time("sent", failure.sent);
-    out_ += requests_.at(failure.request).names;
+    out_.append(requests_.at(failure.request).names);
     member("reason", failure.reason);
   });
   handOver();
@@ -288,13 +297,14 @@ void JsonLinesSink::end(std::int64_t at) {
 
 void JsonLinesSink::handOver() {
   if (lost_ == 0) {
-    if (!taken(out_)) lose();
+    if (!taken(out_.view())) lose();
   } else {
-    withLoss_ = "{\"type\":\"lost\",\"lines\":";
+    withLoss_.clear();
+    withLoss_.append("{\"type\":\"lost\",\"lines\":");
     appendJson(withLoss_, lost_);
-    withLoss_ += "}\n";
-    withLoss_ += out_;
-    if (!taken(withLoss_))
+    withLoss_.append("}\n");
+    withLoss_.append(out_.view());
+    if (!taken(withLoss_.view()))
       lose();
     else if (const std::uint64_t lost = std::exchange(lost_, 0); lossHandler_)
       lossHandler_(false, lost);

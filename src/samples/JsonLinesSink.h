@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "acquisition/SampleSink.h"
+#include "platform/base/ByteBuffer.h"
+#include "samples/JsonText.h"
 
 namespace tarnlog {
 
@@ -84,8 +86,9 @@ class JsonLinesSink : public SampleSink {
   std::int64_t utc_ = 0;  ///< the same moment
   std::size_t factsTold_ = 0;
   std::vector<Request> requests_;
-  std::string out_;
-  std::string withLoss_;     ///< kept for its capacity
+  JsonMoments moments_;
+  ByteBuffer out_;
+  ByteBuffer withLoss_;      ///< kept for its capacity
   std::uint64_t lines_ = 0;  ///< in `out_`
   std::uint64_t lost_ = 0;   ///< and not told in the stream yet
 };

@@ -119,15 +119,17 @@ TEST(JsonLines, CountWhatNobodyTakesAndSaySoWhereItIsMissing) {
 }
 
 TEST(JsonText, IsWhatEveryReaderTakes) {
-  std::string text;
-  for (const double number : {0.1, -0.0, 1e300, 812.0, std::numeric_limits<double>::infinity()}) {
+  ByteBuffer text;
+  for (const double number :
+       {0.1, -0.0, 1e300, 812.0, -100000.25, 0.0625, 1.0 / 3, 999999999999.999, double{INFINITY}}) {
     appendJson(text, number);
-    text += ' ';
+    text.append(" ");
   }
-  EXPECT_EQ(text, "0.1 -0 1e+300 812 null ");
+  EXPECT_EQ(text.view(), "0.1 0 1e+300 812 -100000.25 0.0625 0.3333333333333333 999999999999.999 null ");
   text.clear();
   appendJson(text, "\x7F\\\n\xC3\xA9\xC3\xF0\x9F\x9A\x97\xF0\x9F");
-  EXPECT_EQ(text, "\"\\u007f\\\\\\u000a\xC3\xA9\xEF\xBF\xBD\xF0\x9F\x9A\x97\xEF\xBF\xBD\xEF\xBF\xBD\"");
+  EXPECT_EQ(text.view(),
+            "\"\\u007f\\\\\\u000a\xC3\xA9\xEF\xBF\xBD\xF0\x9F\x9A\x97\xEF\xBF\xBD\xEF\xBF\xBD\"");
 }
 
 }  // namespace

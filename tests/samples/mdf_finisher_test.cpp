@@ -2,8 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "MdfRig.h"
+#include "platform/files/SystemFileSystem.h"
+#include "samples/MdfFile.h"
 #include "samples/MdfFinisher.h"
 #include "tests/support/FailureOf.h"
+#include "tests/support/PowerCut.h"
+#include "tests/support/TempFolder.h"
 
 using namespace tarnlog;
 using namespace tarnlog::test;
@@ -113,6 +117,37 @@ TEST(MdfFinisher, FinishesAClosingThatWasCutShort) {
       EXPECT_TRUE(finished(file) == files.closed) << operations;
   }
   EXPECT_GT(operations, 20);
+}
+
+TEST(MdfFinisher, NoPowerCutWhileClosingCostsWhatWasSyncedBefore) {
+  const TempFolder folder;
+  const auto disk = std::make_shared<PowerCut>(folder.path());
+  SystemFileSystem files(disk, std::chrono::hours(1));
+  const MdfLayout layout = mdfLayout(std::vector<MdfGroup>{});
+  MdfFile file(files.create(folder / "a.mf4"), folder / "a.mf4", layout,
+               {.zone = {}, .programVersion = "1", .facts = {}});
+  MdfRecord record;
+  for (const std::int64_t second : {1, 2}) {
+    mdfMark(layout, SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt", record);
+    file.add(layout.own(MdfLayout::kMarks), second * 1'000'000, record.bytes());
+    file.note(markEvent(SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt"));
+  }
+  MdfClosing closing = *file.closing();
+  closing.quality = {"fine", {{"answers lost", "0"}}};
+  const std::unique_ptr<FileStream> stream = file.takeStream();
+  stream->sync();
+  const std::size_t synced = disk->calls();
+  closeMdf(*stream, closing);
+
+  std::size_t outcomes = 0;
+  for (std::size_t calls = synced; calls <= disk->calls(); ++calls)
+    disk->forEachOutcome(calls, [&](PowerCut::Disk left) {
+      ++outcomes;
+      const MdfContent content = contentOf(finished(left.at("a.mf4")));
+      ASSERT_EQ(content.groups[0].records, 2U) << "after " << calls;
+      ASSERT_EQ(content.events.size(), 2U) << "after " << calls;
+    });
+  EXPECT_GT(outcomes, 500U);
 }
 
 TEST(MdfFinisher, RefusesWhatItDoesNotUnderstand) {

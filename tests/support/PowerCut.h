@@ -20,7 +20,7 @@ namespace tarnlog::test {
 
 /// Notes the calls that change the files of one folder, and tells what a power cut after any of them may
 /// leave there. What was not synced is on the disk or is not, whatever came later; of a write also its first
-/// half.
+/// half, but for one that replaces bytes of one sector only.
 class PowerCut : public FileCalls {
  public:
   using Disk = std::map<std::string, std::string>;  ///< name to content
@@ -69,7 +69,10 @@ class PowerCut : public FileCalls {
   }
   ssize_t pwrite(int fd, std::string_view bytes, off_t offset) override {
     const std::lock_guard lock(mutex_);
-    return noteWrite(fd, offset, bytes, FileCalls::pwrite(fd, bytes, offset));
+    constexpr off_t kSector = 512;
+    const ssize_t done = noteWrite(fd, offset, bytes, FileCalls::pwrite(fd, bytes, offset));
+    if (done > 0) steps_.back().whole = offset / kSector == (offset + done - 1) / kSector;
+    return done;
   }
   int ftruncate(int fd, off_t size) override {
     const std::lock_guard lock(mutex_);
@@ -99,6 +102,7 @@ class PowerCut : public FileCalls {
     std::string bytes = {};
     std::string name = {};     ///< given to the file
     std::string oldName = {};  ///< taken away
+    bool whole = false;        ///< done or not, never half
   };
   struct State {
     std::map<std::size_t, std::string> contents;
@@ -148,7 +152,8 @@ class PowerCut : public FileCalls {
                   std::vector<Fate>& fates, Visit& visit) const {
     if (next == open.size()) return visit(diskAfter(calls, fates));
     for (const Fate fate : {Fate::Lost, Fate::Half, Fate::Whole}) {
-      if (fate == Fate::Half && steps_[open[next]].what != Step::Write) continue;
+      if (fate == Fate::Half && (steps_[open[next]].what != Step::Write || steps_[open[next]].whole))
+        continue;
       fates[open[next]] = fate;
       visitFates(calls, open, next + 1, fates, visit);
     }

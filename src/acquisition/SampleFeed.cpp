@@ -58,7 +58,7 @@ void SampleFeed::begin(const AcquisitionItems& items, const ferrox3::Session& se
   wallAhead_ = beginning.utcNanoseconds - beginning.at * 1000;
   sequence_ = 0;
   gaps_ = {};
-  recording_ = false;
+  recording_ = hostTellsTimes_ = false;
   begun_ = true;
   tell([&](SampleSink& sink) { sink.begin(beginning); });
   tellContext();
@@ -94,10 +94,12 @@ void SampleFeed::state(AcquisitionState state) {
   tell([&](SampleSink& sink) { sink.state(state, clock_.microseconds()); });
 }
 
+/// Where the host tells the times, the clock is read no more often than once a cycle: each request is sent
+/// when the one before it is answered.
 void SampleFeed::sending(std::size_t position) {
   if (!begun_) return;
   current_ = position;
-  sent_ = clock_.microseconds();
+  if (position == 0 || !hostTellsTimes_) sent_ = clock_.microseconds();
 }
 
 std::optional<ferrox3::Exchange> SampleFeed::exchange() const {
@@ -110,9 +112,12 @@ void SampleFeed::answered() {
   if (!begun_ || !positions_[current_]) return;
   const std::size_t request = *positions_[current_];
   using Outcome = ferrox3::Exchange::Outcome;
+  const std::optional<ferrox3::Exchange> told = exchange();
+  hostTellsTimes_ = told.has_value();
   const ferrox3::Exchange known =
-      exchange().value_or(ferrox3::Exchange{Outcome::Answered, sent_, clock_.microseconds()});
+      told ? *told : ferrox3::Exchange{Outcome::Answered, sent_, clock_.microseconds()};
   if (known.outcome == Outcome::NotAsked) return tell([&](SampleSink& sink) { sink.notAsked(request); });
+  sent_ = known.received;
   const SampleAnswer answer{++sequence_, request, known.sent, known.received, known.outcome};
   const auto gapFrom = answer.outcome == Outcome::Silent ? std::nullopt : gaps_.answered(answer.received);
   if (gapFrom) tell([&](SampleSink& sink) { sink.gap(*gapFrom, answer.received); });

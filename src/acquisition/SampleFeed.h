@@ -62,7 +62,8 @@ class SampleFeed {
   std::vector<std::optional<std::size_t>> positions_;
   std::vector<const ferrox3::Request*> polled_;
   std::size_t current_ = 0;
-  std::int64_t sent_ = 0;
+  bool hostTellsTimes_ = false;
+  std::int64_t sent_ = 0;  ///< the request that is under way
   std::uint64_t sequence_ = 0;
   std::int64_t wallAhead_ = 0;  ///< of the monotonic clock, nanoseconds
   GapWatch gaps_;

@@ -13,6 +13,7 @@ namespace {
 
 /// A cycle of more is handed over in pieces.
 constexpr std::size_t kMostAtOnce = 65536;
+constexpr std::int64_t kLongestWait = 20'000;  // µs
 
 std::string_view nameOf(AcquisitionState state) {
   switch (state) {
@@ -203,6 +204,8 @@ void JsonLinesSink::answer(const SampleAnswer& answer) {
     if (answer.outcome == Outcome::Silent) out_.append(",\"outcome\":\"silent\"");
     values(request);
   });
+  newest_ = answer.received;
+  if (waiting_ == 0) waiting_ = newest_;
   if (out_.size() > kMostAtOnce) handOver();
 }
 
@@ -244,7 +247,11 @@ void JsonLinesSink::state(AcquisitionState state, std::int64_t at) {
   handOver();
 }
 
-void JsonLinesSink::cycle(const SampleCycle& /*cycle*/) { handOver(); }
+/// The next answers are expected one cycle later.
+void JsonLinesSink::cycle(const SampleCycle& cycle) {
+  const std::int64_t next = newest_ + (cycle.began - std::exchange(cycleBegan_, cycle.began));
+  if (next - waiting_ >= kLongestWait) handOver();
+}
 
 void JsonLinesSink::recordingBegan(const SampleRecording& recording) {
   line("recording", [&] {
@@ -311,6 +318,7 @@ void JsonLinesSink::handOver() {
   }
   out_.clear();
   lines_ = 0;
+  waiting_ = 0;
 }
 
 bool JsonLinesSink::taken(std::string_view lines) {

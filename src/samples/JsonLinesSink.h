@@ -29,8 +29,9 @@ class LineTarget {
 ///     {"type":"answer","t":...,"sent":...,"ecu":"Engine","request":"Speeds","seq":7,"values":{"V":8}}
 ///     {"type":"lost","lines":120}
 ///
-/// A cycle's lines are handed over together. Lines that the target does not take are counted, and told in the
-/// stream where they are missing. Once warm, an answer allocates nothing.
+/// A cycle's lines are handed over together, those of several fast cycles at least every 20 ms. Lines that
+/// the target does not take are counted, and told in the stream where they are missing. Once warm, an answer
+/// allocates nothing.
 class JsonLinesSink : public SampleSink {
  public:
   /// True with 0: lines get lost from now on. False: no longer, so many were.
@@ -86,6 +87,9 @@ class JsonLinesSink : public SampleSink {
   std::int64_t utc_ = 0;  ///< the same moment
   std::size_t factsTold_ = 0;
   std::vector<Request> requests_;
+  std::int64_t newest_ = 0;   ///< answer
+  std::int64_t waiting_ = 0;  ///< since then, lines are kept; 0: none are
+  std::int64_t cycleBegan_ = 0;
   JsonMoments moments_;
   ByteBuffer out_;
   ByteBuffer withLoss_;      ///< kept for its capacity

@@ -4,7 +4,11 @@ namespace tarnlog {
 
 namespace {
 
-std::string rows(std::uint64_t count) { return std::to_string(count) + (count == 1 ? " row" : " rows"); }
+/// A measurement file gets its answers in blocks; how many are missing is told when it is closed.
+std::string counted(std::uint64_t count, const std::string& path) {
+  const bool blocks = path.ends_with(".mf4");
+  return std::to_string(count) + (blocks ? " block" : " row") + (count == 1 ? "" : "s");
+}
 
 }  // namespace
 
@@ -23,7 +27,7 @@ std::string textOf(const WriteTrouble& trouble) {
                                 ? std::string()
                                 : ", " + std::to_string(trouble.lostInFile) + " in all";
   return (trouble.closed ? "closed while writing failed: " : "writing goes on: ") + trouble.path + ": " +
-         rows(trouble.lostRows) + " lost" + inAll;
+         counted(trouble.lostRows, trouble.path) + " lost" + inAll;
 }
 
 }  // namespace tarnlog

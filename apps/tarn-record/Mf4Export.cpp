@@ -66,9 +66,8 @@ void Mf4Survey::row(const RecordRow& row) {
 }
 
 void Mf4Survey::noteTime(double time) {
-  if (!choice_.takes(time)) return;
   const std::int64_t at = zero(recording_) + microseconds(time);
-  first_ = std::exchange(any_, true) ? std::min(first_, at) : at;
+  if (choice_.takes(time)) first_ = std::min(first_, at);
 }
 
 Mf4Export::Mf4Export(const std::vector<RecordHead>& recordings, const ExportChoice& choice,

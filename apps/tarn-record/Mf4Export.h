@@ -13,7 +13,7 @@
 namespace tarnlog::record {
 
 /// What has to be known of a record before a measurement file can be made of it: which columns hold texts,
-/// and when the first sample was taken.
+/// and how long before its zero it begins.
 class Mf4Survey : public RecordConsumer {
  public:
   Mf4Survey(const std::vector<RecordHead>& recordings, const ExportChoice& choice);
@@ -25,7 +25,8 @@ class Mf4Survey : public RecordConsumer {
   bool holdsText(std::size_t recording, std::size_t group, std::size_t column) const {
     return texts_[recording][group][column];
   }
-  /// Microseconds from the zero of the first recording; that of this one, and of the first sample of all.
+  /// Microseconds from the zero of the first recording: that of this one, and of the earliest sample that
+  /// came before it, or 0.
   std::int64_t zero(std::size_t recording) const { return zeros_[recording]; }
   std::int64_t first() const { return first_; }
 
@@ -36,7 +37,6 @@ class Mf4Survey : public RecordConsumer {
   std::vector<std::vector<std::vector<bool>>> texts_;
   std::vector<std::int64_t> zeros_;
   std::int64_t first_ = 0;
-  bool any_ = false;
   std::size_t recording_ = 0;
 };
 

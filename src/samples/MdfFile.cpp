@@ -1,6 +1,7 @@
 #include "samples/MdfFile.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "mdf/LittleEndian.h"
@@ -95,10 +96,21 @@ void MdfFile::passed(std::int64_t now, std::int64_t next) {
   if (!pending_.empty() && std::max(now, next) - firstPending_ >= kBlockSpan) flush();
 }
 
+bool MdfFile::writePending() {
+  try {
+    stream_->write(pending_.view());
+    return true;
+  } catch (const WrittenInPart&) {
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 /// A block that does not get out takes its values with it, so that what follows counts without them.
 void MdfFile::flush() {
   if (pending_.empty()) return;
-  if (skipOnFailure([this] { stream_->write(pending_.view()); })) {
+  if (writePending()) {
     dataBytes_ += pending_.size();
     written_ = counts_;
     headWritten_ = true;

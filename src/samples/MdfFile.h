@@ -54,6 +54,7 @@ class MdfFile {
     std::uint64_t all = 0;
   };
 
+  bool writePending();
   char* putId(char* to, std::uint64_t id) const;
   char* putValues(char* to, const MdfGroup& group, std::string_view record) const;
   char* putRecord(char* to, const MdfGroup& group, std::string_view record);

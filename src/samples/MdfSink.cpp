@@ -180,6 +180,9 @@ void MdfSink::recordingBegan(const SampleRecording& recording) {
   open(recording_, recording.id, record.substr(0, record.size() - extension) + kExtension,
        aboutFrom(recording.from, {{"recording id", recording.id.text()}, {"record file", name}}));
   if (!recording_) return;
+  if (const std::uint64_t lost = history_.takeLost(); lost != 0)
+    tellFailed(recording_->file.path() + ": " + std::to_string(lost) +
+               " answers before its start are missing");
   history_.forEach([&](std::size_t group, std::int64_t at, std::string_view bytes) {
     recording_->file.add(group, at, bytes);
   });
@@ -221,7 +224,7 @@ void MdfSink::finish(Open& open, MdfClosing closing) {
 }
 
 std::uint64_t MdfSink::lostRecords() const {
-  return lostInClosed_ + history_.lost() + (recording_ ? recording_->file.lostRecords() : 0) +
+  return lostInClosed_ + (recording_ ? recording_->file.lostRecords() : 0) +
          (whole_ ? whole_->file.lostRecords() : 0);
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tarnlog {
 
@@ -26,8 +27,8 @@ class SampleHistory {
       visit(headAt(place).group, headAt(place).at,
             std::string_view(bytes_).substr(place + sizeof(Head), headAt(place).size));
   }
-  /// Records that were dropped though they would have been needed.
-  std::uint64_t lost() const { return lost_; }
+  /// Records that were dropped though they would have been needed, since this was asked last.
+  std::uint64_t takeLost() { return std::exchange(lost_, 0); }
 
  private:
   struct Head {

@@ -119,6 +119,34 @@ TEST(MdfFinisher, FinishesAClosingThatWasCutShort) {
   EXPECT_GT(operations, 20);
 }
 
+TEST(MdfFinisher, ABlockWhoseFirstHalfCannotBeCutOffIsCompletedLater) {
+  struct TornCalls : FileCalls {
+    int torn = -1;  ///< this write gets half of its bytes out and fails then
+    ssize_t write(int fd, std::string_view bytes) override {
+      if (torn == 0) return errno = ENOSPC, -1;
+      if (torn > 0 && --torn == 0) return FileCalls::write(fd, bytes.substr(0, bytes.size() / 2));
+      return FileCalls::write(fd, bytes);
+    }
+    int ftruncate(int, off_t) override { return errno = EIO, -1; }
+  };
+  const TempFolder folder;
+  const auto calls = std::make_shared<TornCalls>();
+  SystemFileSystem files(calls, std::chrono::hours(1));
+  const MdfLayout layout = mdfLayout(std::vector<MdfGroup>{});
+  MdfFile file(files.create(folder / "a.mf4"), {}, layout, {.zone = {}, .programVersion = "1", .facts = {}});
+  MdfRecord record;
+  for (const std::int64_t second : {1, 2, 3, 4}) {
+    mdfMark(layout, SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt", record);
+    file.add(layout.own(MdfLayout::kMarks), second * 1'000'000, record.bytes());
+    calls->torn = second == 2 ? 1 : second == 3 ? 0 : -1;
+    file.flush();
+  }
+  const MdfClosing closing = *file.closing();
+  closeMdf(*file.takeStream(), closing);
+  EXPECT_EQ(file.lostRecords(), 1U) << "the third; of the second, the rest came with the fourth";
+  EXPECT_EQ(contentOf(files.readAll(folder / "a.mf4")).groups[0].records, 3U);
+}
+
 TEST(MdfFinisher, NoPowerCutWhileClosingCostsWhatWasSyncedBefore) {
   const TempFolder folder;
   const auto disk = std::make_shared<PowerCut>(folder.path());

@@ -16,7 +16,7 @@ namespace tarnlog {
 /// A file that takes bytes as they are, each `write` as one write to the system, so that a killed process
 /// loses none that has returned. Closing is destroying. A write that fails is told to the file system's
 /// trouble handler, at the first one, and raised as a TarnError. It is in the file whole or not at all: where
-/// part of it cannot be cut off again, the next write begins with the rest of it.
+/// part of it cannot be cut off again, the next write begins with the rest of it (WrittenInPart).
 class FileStream {
  public:
   virtual ~FileStream() = default;
@@ -43,6 +43,13 @@ class FileStream {
 class NameTaken : public TarnError {
  public:
   using TarnError::TarnError;
+};
+
+/// A write that failed, but of which a part is in the file and cannot be cut off: the next write begins with
+/// the rest of it.
+class WrittenInPart : public TarnError {
+ public:
+  explicit WrittenInPart(const TarnError& why) : TarnError(why) {}
 };
 
 /// Folders and files. Paths are UTF-8. Failures are TarnErrors whose description is the path and the system's

@@ -114,7 +114,8 @@ void SystemFileStream::endLastLine() {
 }
 
 void SystemFileStream::write(std::string_view row) {
-  if (const int error = put(row)) raise(error);
+  newestInPart_ = false;
+  if (const int error = put(row)) raise(error, newestInPart_);
   ++rows_;
   noteChange();
   if (removed_)
@@ -144,9 +145,10 @@ void SystemFileStream::sync() {
   if (outcome.error != 0) throw TarnError(outcome.error, "FileSystem", path_ + ": " + outcome.why);
 }
 
-void SystemFileStream::raise(int error) {
+void SystemFileStream::raise(int error, bool inPart) {
   noteChange();
   beginFailing(std::strerror(error));
+  if (inPart) throw WrittenInPart(systemError(path_, error));
   throw systemError(path_, error);
 }
 
@@ -176,7 +178,8 @@ int SystemFileStream::put(std::string_view row) {
 void SystemFileStream::keepRest(std::string_view whole, std::size_t owed, std::size_t out) {
   size_ += static_cast<std::int64_t>(out);
   if (owed != 0 && out >= owed) rowOwed_ = false;
-  if (out > owed)
+  newestInPart_ = out > owed;
+  if (newestInPart_)
     rowOwed_ = true;
   else if (whole.size() > owed)
     ++lost_;

@@ -42,7 +42,7 @@ class SystemFileStream : public FileStream {
   int put(std::string_view row);
   void keepRest(std::string_view whole, std::size_t owed, std::size_t out);
   bool takeBack(std::size_t done);
-  [[noreturn]] void raise(int error);
+  [[noreturn]] void raise(int error, bool inPart = false);
   void beginFailing(const std::string& why);
   void endFailing(bool closed);
   void look();
@@ -57,10 +57,11 @@ class SystemFileStream : public FileStream {
   SyncThread::Shared synced_;  ///< none: it is no regular file, or cannot be synced
   bool regular_ = false;
   bool wasEmpty_ = false;
-  bool hasName_ = true;    ///< in a folder, when it was opened
-  std::int64_t size_ = 0;  ///< that the file should have at least
-  std::string owed_;       ///< the next write begins with this
-  bool rowOwed_ = false;   ///< it holds the end of a row
+  bool hasName_ = true;        ///< in a folder, when it was opened
+  std::int64_t size_ = 0;      ///< that the file should have at least
+  std::string owed_;           ///< the next write begins with this
+  bool rowOwed_ = false;       ///< it holds the end of a row
+  bool newestInPart_ = false;  ///< and that is the row whose write failed last
   bool failing_ = false;
   bool removed_ = false;
   std::uint64_t rows_ = 0;  ///< that got into the file

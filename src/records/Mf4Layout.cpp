@@ -109,7 +109,7 @@ class LayoutReader {
     const std::string comment = blocks_.text(place);
     if (comment.empty()) return;
     XmlDocument document;
-    if (document.parse(comment)) return layout_.head.facts.push_back({"comment", comment}), void();
+    if (document.parse(comment)) return layout_.head.facts.emplace_back("comment", comment), void();
     layout_.head.facts.emplace_back("comment", document.selectSingleNode("HDcomment/TX").text());
     for (const XmlElement& each : document.selectNodes("HDcomment/common_properties//e"))
       layout_.head.facts.emplace_back(each.attributeOrEmpty("name"), each.text());

@@ -1,23 +1,13 @@
 #include "apps/tarnlog/LinkAdvice.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <initializer_list>
 #include <string_view>
-#include <system_error>
 
-#include "ui/common/Convert.h"
+#include "ui/common/SystemErrors.h"
 
 namespace tarnlog {
 
 namespace {
-
-/// The system's own words are in the user's language.
-bool says(const QString& failure, std::initializer_list<int> errors) {
-  return std::any_of(errors.begin(), errors.end(), [&](int error) {
-    return failure.contains(QString::fromLocal8Bit(std::generic_category().message(error).c_str()));
-  });
-}
 
 bool namesDevice(std::string_view link) { return link.find("/dev/") != std::string_view::npos; }
 
@@ -25,12 +15,12 @@ bool namesDevice(std::string_view link) { return link.find("/dev/") != std::stri
 
 QString LinkAdvice::on(const QString& failure, const CarConnection& connection) {
   const bool device = namesDevice(connection.link) && failure.contains("/dev/");
-  if (says(failure, {EACCES, EPERM}) || failure.contains("may not be opened"))
+  if (tellsOf(failure, {EACCES, EPERM}) || failure.contains("may not be opened"))
     return device ? tr("Serial ports belong to a group: \"sudo adduser $USER dialout\", then log in again.")
                   : tr("You may not read this file: ask its owner, or open a copy of it.");
-  if (says(failure, {ENOENT, ENODEV, ENXIO})) return device ? onAdapter() : onFile();
-  if (says(failure, {EBUSY})) return tr("Another program uses the adapter: close that one.");
-  if (says(failure, {ECONNREFUSED, EHOSTUNREACH, ENETUNREACH, ETIMEDOUT, EHOSTDOWN}) ||
+  if (tellsOf(failure, {ENOENT, ENODEV, ENXIO})) return device ? onAdapter() : onFile();
+  if (tellsOf(failure, {EBUSY})) return tr("Another program uses the adapter: close that one.");
+  if (tellsOf(failure, {ECONNREFUSED, EHOSTUNREACH, ENETUNREACH, ETIMEDOUT, EHOSTDOWN}) ||
       failure.contains("does not know this name"))
     return onNetwork();
   if (failure.startsWith("link ")) return tr("The list of ways to a car shows how each link is written.");
@@ -50,8 +40,7 @@ QString LinkAdvice::onAdapter() {
 QString LinkAdvice::onNetwork() {
   return tr(
       "Is this computer in the adapter's Wi-Fi, or the cable plugged in? Are address and port right, and is "
-      "the "
-      "ignition on?");
+      "the ignition on?");
 }
 
 }  // namespace tarnlog

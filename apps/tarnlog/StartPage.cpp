@@ -107,7 +107,6 @@ HelpPage StartPage::helpPage() {
               {tr("Ctrl+O"), tr("Open configuration: it waits for the vehicle")},
               {tr("Alt+F, Alt+H"), tr("The menus File and Help")},
               {tr("Ctrl+Q"), tr("Quit")},
-              {tr("F1"), tr("This panel; Escape closes it")},
           }};
 }
 

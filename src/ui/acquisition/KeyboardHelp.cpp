@@ -22,7 +22,6 @@ HelpPage KeyboardHelp::page() {
               {tr("Tab"), tr("Move from control to control")},
               {tr("Alt+C, Alt+L"), tr("Configure, Log")},
               {tr("F11"), tr("Full screen; Escape leaves it")},
-              {tr("F1"), tr("This panel; Escape closes it")},
           }};
 }
 

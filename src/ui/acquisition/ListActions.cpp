@@ -1,10 +1,10 @@
 #include "ui/acquisition/ListActions.h"
 
 #include <QAction>
-#include <QMenu>
 #include <utility>
 
 #include "ui/acquisition/ValueListView.h"
+#include "ui/common/PopUpMenu.h"
 
 namespace tarnlog {
 
@@ -58,17 +58,8 @@ void ListActions::showReset() {
   reset_->setEnabled(choices.isOn(ListChoices::kMinimum) || choices.isOn(ListChoices::kMaximum));
 }
 
-void ListActions::popUpForRows(const QPoint& place) const { popUp(rows_ + columns_, place); }
+void ListActions::popUpForRows(const QPoint& place) const { popUpMenu(list_, rows_ + columns_, place); }
 
-void ListActions::popUpForColumns(const QPoint& place) const { popUp(columns_, place); }
-
-/// The menu must not wait here for a choice: a tick of the acquisition may be waiting for this event.
-void ListActions::popUp(const QList<QAction*>& entries, const QPoint& place) const {
-  auto* const menu = new QMenu(&list_);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setAccessibleName(list_.accessibleName());
-  menu->addActions(entries);
-  menu->popup(place);
-}
+void ListActions::popUpForColumns(const QPoint& place) const { popUpMenu(list_, columns_, place); }
 
 }  // namespace tarnlog

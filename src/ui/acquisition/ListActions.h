@@ -29,7 +29,6 @@ class ListActions {
  private:
   QAction* add(const QString& text, std::function<void()> act, const QList<QKeySequence>& keys = {});
   QAction* addSwitch(const QString& text, ListChoices::Switch choice);
-  void popUp(const QList<QAction*>& entries, const QPoint& place) const;
   void showReset();
 
   ValueListView& list_;

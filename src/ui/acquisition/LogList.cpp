@@ -4,8 +4,9 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QStringList>
+
+#include "ui/common/PopUpMenu.h"
 
 namespace tarnlog {
 
@@ -43,13 +44,6 @@ void LogList::copySelected() const {
   if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join('\n'));
 }
 
-void LogList::contextMenuEvent(QContextMenuEvent* event) {
-  // The menu must not wait here for a choice: a tick of the acquisition may be waiting for this event.
-  auto* const menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setAccessibleName(accessibleName());
-  menu->addActions(actions());
-  menu->popup(event->globalPos());
-}
+void LogList::contextMenuEvent(QContextMenuEvent* event) { popUpMenu(*this, actions(), event->globalPos()); }
 
 }  // namespace tarnlog

@@ -65,13 +65,16 @@ void HelpPanel::toggle(const HelpPage& page) {
 void HelpPanel::fill(const HelpPage& page) {
   setWindowTitle(page.title);
   while (rows_->rowCount() > 0) rows_->removeRow(0);
-  for (const HelpRow& row : page.rows) {
-    auto* const keys = new QLabel("<b>" + row.keys.toHtmlEscaped() + "</b>");
-    auto* const what = new QLabel(row.what);
-    what->setTextFormat(Qt::PlainText);
-    what->setAccessibleName(row.keys + ": " + row.what);
-    rows_->addRow(keys, what);
-  }
+  for (const HelpRow& row : page.rows) add(row);
+  add({"F1", tr("This panel; Escape closes it")});
+}
+
+void HelpPanel::add(const HelpRow& row) {
+  auto* const keys = new QLabel("<b>" + row.keys.toHtmlEscaped() + "</b>");
+  auto* const what = new QLabel(row.what);
+  what->setTextFormat(Qt::PlainText);
+  what->setAccessibleName(row.keys + ": " + row.what);
+  rows_->addRow(keys, what);
 }
 
 /// In the middle of the page, and on the screen.

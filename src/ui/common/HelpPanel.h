@@ -16,7 +16,7 @@ struct HelpRow {
   QString what;
 };
 
-/// What a page tells of its keys.
+/// What a page tells of its keys, besides F1.
 struct HelpPage {
   QString title;
   std::vector<HelpRow> rows;
@@ -40,6 +40,7 @@ class HelpPanel : public QWidget {
  private:
   QWidget* makeButtons();
   void fill(const HelpPage& page);
+  void add(const HelpRow& row);
   void place();
 
   Guide guide_;

@@ -23,7 +23,6 @@ HelpPage LogView::helpPage() {
               {tr("Shift with these keys"), tr("Select; Ctrl+A selects all")},
               {tr("Ctrl+C"), tr("Copy what is selected")},
               {tr("Alt+C, Alt+A"), tr("Configure, Acquire")},
-              {tr("F1"), tr("This panel; Escape closes it")},
           }};
 }
 

@@ -197,7 +197,6 @@ HelpPage Tarn2001::helpPage() const {
       {tr("Ctrl+S, Ctrl+Shift+S"), tr("Save configuration, under another name")},
       {tr("Tab"), tr("Move from control to control")},
       {tr("Alt+A, Alt+L"), tr("Acquire, Log")},
-      {tr("F1"), tr("This panel; Escape closes it")},
   };
   page.rows.insert(page.rows.end(), std::begin(everywhere), std::end(everywhere));
   return page;

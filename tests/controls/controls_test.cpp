@@ -205,6 +205,12 @@ TEST(GraphFrame, NumbersAtLeastTwoMarksWhereTheyHaveRoom) {
           << range.minimum << " to " << range.maximum << ", " << height << " pixels";
     }
   }
+  y.fixed = {-10, 220};
+  y.names = {{0, "Off"}, {37, "Half"}, {38, "No room"}, {201, "On"}, {300, "Outside"}};
+  frame.layOut({400, 8 * line}, metrics, QLocale::c(), x, y);
+  QString names;
+  for (const GraphFrame::Text& text : frame.texts()) names += text.text.text() + ' ';
+  EXPECT_EQ(names, "Off Half On ") << "wherever the ticks are";
 }
 
 TEST(Readable, DarkCurvesAreSeenOnADarkDesktopInTheirHue) {

@@ -84,6 +84,7 @@ void CWGraph::setAxisBinary(AxisId axis, bool binary) {
 }
 
 void CWGraph::setValueNames(std::vector<std::pair<double, QString>> names) {
+  std::sort(names.begin(), names.end());
   if (y_.names == names) return;
   y_.names = std::move(names);
   layOut();

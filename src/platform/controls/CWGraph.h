@@ -60,7 +60,7 @@ class CWGraph : public QWidget {
   void setAxisGrid(AxisId axis, bool grid);
   /// For logical levels: marks at whole values only.
   void setAxisBinary(AxisId axis, bool binary = true);
-  /// Written at these values of the Y axis, in their order, instead of numbers; none: numbers.
+  /// Written at these values of the Y axis, instead of numbers; where none is in its range: numbers.
   void setValueNames(std::vector<std::pair<double, QString>> names);
 
   /// Plots are numbered from 1; a number without a plot does nothing.

@@ -100,8 +100,8 @@ void CWGraph::collectGrid(int rows) {
   levels_.clear();
   xLines_.clear();
   const PixelScale scale = PixelScale::downwards(y_.range(), rows);
-  const AxisTicks& levels = outline_.yTicks();
-  for (int i = 0; y_.grid && i < levels.count; ++i) levels_.push_back(scale(levels.at(i)));
+  if (y_.grid)
+    for (const double mark : outline_.yMarks()) levels_.push_back(scale(mark));
   const AxisTicks& marks = outline_.xTicks();
   for (int i = 0; xy_ && x_.grid && i < marks.count; ++i) xLines_.push_back(scene_.xColumns(marks.at(i)));
   const bool ranks = !xy_ && x_.grid && !hasTimeGrid();

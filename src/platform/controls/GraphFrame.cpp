@@ -51,12 +51,27 @@ void GraphFrame::renumber(const QFontMetrics& metrics, const QLocale& locale, co
   const int line = std::max(metrics.height(), 1);
   xTicks_ = x.hasNumbers() ? ticksAlong(x.range(), locale, metrics, area_.width())
                            : x.ticks(std::clamp(area_.width() / (line * 5), 1, 11));
-  yTicks_ = ticksUp(y, area_.height(), line);
+  markY(y, line);
   written_ = 0;
   if (x.hasNumbers()) numberX(metrics, locale, x);
   if (y.hasNumbers() && area_.left() > 1) numberY(metrics, locale, y);
   caption(metrics, x, y);
   texts_.resize(written_);
+}
+
+/// At values that have names, as many as have room one above the other; else at the ticks.
+void GraphFrame::markY(const GraphAxis& y, int line) {
+  const AxisRange range = y.range();
+  const double apart = range.span() * line / std::max(area_.height(), 1);
+  yMarks_.clear();
+  for (const auto& [value, name] : y.names)
+    if (value >= range.minimum && value <= range.maximum &&
+        (yMarks_.empty() || value - yMarks_.back() >= apart))
+      yMarks_.push_back(value);
+  named_ = !yMarks_.empty();
+  if (named_) return;
+  yTicks_ = ticksUp(y, area_.height(), line);
+  for (int i = 0; i < yTicks_.count; ++i) yMarks_.push_back(yTicks_.at(i));
 }
 
 /// A text that stood in its place before stays laid out.
@@ -83,13 +98,11 @@ void GraphFrame::numberX(const QFontMetrics& metrics, const QLocale& locale, con
   }
 }
 
-/// A value without a name has no text.
-QStringList GraphFrame::namesAt(const GraphAxis& y, const QFontMetrics& metrics, int room) const {
+QStringList GraphFrame::textsY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y,
+                               int room) const {
+  if (!named_) return axisTexts(yTicks_, locale, metrics, room);
   QStringList names;
-  for (int i = 0; i < yTicks_.count; ++i) {
-    const QString* const name = y.nameOf(yTicks_.at(i));
-    names.append(name == nullptr ? QString() : metrics.elidedText(*name, Qt::ElideRight, room));
-  }
+  for (const double value : yMarks_) names.append(metrics.elidedText(*y.nameOf(value), Qt::ElideRight, room));
   return names;
 }
 
@@ -97,15 +110,14 @@ void GraphFrame::numberY(const QFontMetrics& metrics, const QLocale& locale, con
   const int line = metrics.height();
   const int room = area_.left() - 1 - kGap;
   const PixelScale rows = PixelScale::downwards(y.range(), area_.height());
-  const QStringList numbers =
-      y.names.empty() ? axisTexts(yTicks_, locale, metrics, room) : namesAt(y, metrics, room);
+  const QStringList numbers = textsY(metrics, locale, y, room);
   // Clear of the caption above and of the numbers below.
   const int highest = y.caption.isEmpty() ? 0 : std::max(area_.top() - 2, 0);
   const int below = size_.height() - area_.bottom();
   const int lowest = std::max((below > line ? area_.bottom() + 3 : size_.height()) - line, highest);
   int free = size_.height();
-  for (int i = 0; i < yTicks_.count; ++i) {
-    const int centre = area_.top() + static_cast<int>(rows(yTicks_.at(i)));
+  for (qsizetype i = 0; i < numbers.size(); ++i) {
+    const int centre = area_.top() + static_cast<int>(rows(yMarks_[static_cast<std::size_t>(i)]));
     const int top = std::clamp(centre - line / 2, highest, lowest);
     if (top + line > free + 2) continue;  // lines of numbers have room to spare
     write(QPointF(room - numberWidth(numbers[i], metrics), top), numbers[i]);

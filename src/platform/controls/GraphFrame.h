@@ -27,16 +27,18 @@ class GraphFrame {
   void renumber(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x, const GraphAxis& y);
 
   const QRect& plotArea() const { return area_; }
-  /// The marks that have a line in the grid, and a number when the axis has numbers.
+  /// The marks that have a line in the grid, and a number when the axis has numbers. Along Y they stand at
+  /// the values that have names, where there are some.
   const AxisTicks& xTicks() const { return xTicks_; }
-  const AxisTicks& yTicks() const { return yTicks_; }
+  const std::vector<double>& yMarks() const { return yMarks_; }
   const std::vector<Text>& texts() const { return texts_; }
   /// In the painter's font and pen; the border in its own colour.
   void paint(QPainter& painter, const QColor& border) const;
 
  private:
   void numberX(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& x);
-  QStringList namesAt(const GraphAxis& y, const QFontMetrics& metrics, int room) const;
+  void markY(const GraphAxis& y, int line);
+  QStringList textsY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y, int room) const;
   void numberY(const QFontMetrics& metrics, const QLocale& locale, const GraphAxis& y);
   void write(const QPointF& corner, const QString& text);
   void caption(const QFontMetrics& metrics, const GraphAxis& x, const GraphAxis& y);
@@ -45,6 +47,8 @@ class GraphFrame {
   QRect area_;
   AxisTicks xTicks_;
   AxisTicks yTicks_;
+  std::vector<double> yMarks_;
+  bool named_ = false;  ///< the marks along Y
   std::vector<Text> texts_;
   std::size_t written_ = 0;  ///< texts since the numbers began to change
 };

@@ -175,6 +175,7 @@ void CWGraph::setFrozen(bool frozen) {
 void CWGraph::addMark(const QString& text, const QColor& colour) {
   const std::int64_t newest = times_.end() - 1;
   if (xy_ || newest < 0) return;
+  std::erase_if(marks_, [oldest = keptPoints().begin](const GraphMark& mark) { return mark.point < oldest; });
   if (marks_.size() == kMostMarks) marks_.erase(marks_.begin());
   marks_.push_back({newest, text, colour});
   if (!frozen_) pacer_.request(plotArea());
@@ -250,6 +251,10 @@ std::int64_t CWGraph::endPoint() const {
 std::int64_t CWGraph::firstPoint() const {
   const TimeView shows = view();
   return std::clamp(static_cast<std::int64_t>(std::ceil(shows.first)), keptPoints().begin, endPoint());
+}
+
+std::int64_t CWGraph::endShown() const {
+  return std::min(endPoint(), static_cast<std::int64_t>(std::ceil(view().last())));
 }
 
 double CWGraph::valueOf(int plot, std::int64_t point) const {

@@ -64,7 +64,6 @@ class CWGraph : public QWidget {
   void setValueNames(std::vector<std::pair<double, QString>> names);
 
   /// Plots are numbered from 1; a number without a plot does nothing.
-  /// A frozen graph shows what comes to it when it is released.
   int addPlot();
   int plotCount() const { return static_cast<int>(plots_.size()); }
   /// A colour that the background would swallow gets a rim.
@@ -112,9 +111,11 @@ class CWGraph : public QWidget {
   PointSpan keptPoints() const;
 
   // Points are numbered from 0 in the order of arrival; those of several plots with one number belong
-  // together. What follows is about the points that are shown.
-  /// The numbers that any plot has: first to before end.
+  // together. What follows is, for a frozen graph, about those that it had when it was frozen.
+  /// The points that are shown: first to before end.
   std::int64_t firstPoint() const;
+  std::int64_t endShown() const;
+  /// Behind the newest point that any plot has, whether the view reaches there or not.
   std::int64_t endPoint() const;
   /// Of a point of a plot that is kept; NaN where there is none.
   double valueOf(int plot, std::int64_t point) const;

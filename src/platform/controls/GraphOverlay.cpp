@@ -138,9 +138,11 @@ void GraphOverlay::writeTime(TimedLine& line, ChartPicture::Rule& rule, int& rig
 void GraphOverlay::paintCursor(QPainter& painter, const QPalette& palette, const QRect& area,
                                const GraphCursorLine& line) {
   constexpr double kRadius = 3;
+  const int fromLeft = static_cast<int>(line.x);
+  if (fromLeft < 0 || fromLeft >= area.width()) return;
   const QColor base = palette.color(QPalette::Base);
   const QColor ink = blend(base, palette.color(QPalette::Text), line.letter.isEmpty() ? 0.6F : 0.85F);
-  const int x = area.left() + static_cast<int>(line.x);
+  const int x = area.left() + fromLeft;
   painter.fillRect(x, area.top(), 1, area.height(), ink);
   if (!line.letter.isEmpty()) {
     const QFontMetrics metrics = painter.fontMetrics();

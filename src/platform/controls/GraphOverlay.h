@@ -65,6 +65,7 @@ class GraphOverlay {
   /// At whole times. Valid until the next call.
   std::span<const ChartPicture::Rule> rules(const TimeLine& times, const Seen& seen);
 
+  /// Nothing where the line lies outside of the area.
   static void paintCursor(QPainter& painter, const QPalette& palette, const QRect& area,
                           const GraphCursorLine& line);
 

@@ -159,7 +159,7 @@ QString pointsTable(const GraphBlock& block) {
   for (int plot = 1; plot <= graph.plotCount(); ++plot)
     table += QLatin1Char('\t') + cell(block.description(plot).name);
   table += QLatin1Char('\n');
-  for (std::int64_t point = graph.firstPoint(); point < graph.endPoint(); ++point) {
+  for (std::int64_t point = graph.firstPoint(); point < graph.endShown(); ++point) {
     table += firstCell(block, point);
     for (int plot = 1; plot <= graph.plotCount(); ++plot)
       table += QLatin1Char('\t') + cellText(graph.valueOf(plot, point), graph.locale());

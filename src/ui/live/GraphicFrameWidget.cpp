@@ -129,14 +129,19 @@ QPixmap GraphicFrameWidget::pictureOf(GraphBlock& block) {
 }
 
 std::optional<double> GraphicFrameWidget::shownTime() const {
+  const CWGraph* lowest = nullptr;
   for (const GraphBlock* const block : controls_.graphs()) {
     const CWGraph& graph = block->shown();
-    const std::int64_t last = std::min(graph.endPoint(), static_cast<std::int64_t>(graph.view().last())) - 1;
-    if (!block->knowsMoments() || !graph.times().knows(graph.firstPoint()) || !graph.times().knows(last))
-      continue;
-    return graph.times().momentOf(last) - graph.times().momentOf(graph.firstPoint());
+    if (block->knowsMoments() && !graph.visibleRegion().isEmpty() &&
+        (lowest == nullptr || graph.y() > lowest->y()))
+      lowest = &graph;
   }
-  return std::nullopt;
+  if (lowest == nullptr) return std::nullopt;
+  const TimeLine& times = lowest->times();
+  const std::int64_t first = lowest->firstPoint();
+  const std::int64_t last = lowest->endShown() - 1;
+  if (!times.knows(first) || !times.knows(last)) return std::nullopt;
+  return times.momentOf(last) - times.momentOf(first);
 }
 
 bool GraphicFrameWidget::eventFilter(QObject* watched, QEvent* event) {

@@ -43,7 +43,7 @@ class GraphicFrameWidget : public QWidget {
   QPixmap pictureOf(GraphBlock& block);
   const GraphReadout& readout() const { return *readout_; }
   LookBack& lookBack() { return *lookBack_; }
-  /// How long a time the graphs show, in milliseconds; none while that is not known.
+  /// How long a time the lowest chart that is seen shows, in milliseconds; none while that is not known.
   std::optional<double> shownTime() const;
 
  signals:

@@ -30,6 +30,7 @@ class SteppedClock : public Clock {
   void stepMicroseconds(std::int64_t microseconds) { microseconds_ += microseconds; }
   /// Somebody sets the wall clock.
   void setUtcBy(std::int64_t nanoseconds) { set_ += nanoseconds; }
+  void stepLocal(int seconds) { local_.second += seconds; }
 
  private:
   static constexpr std::int64_t kUtcAtStart = 1'794'852'307'000'000'000;  // 2026-11-16 18:05:07

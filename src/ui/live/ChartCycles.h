@@ -28,6 +28,9 @@ class ChartCycles {
   double moment() const { return moment_; }
   /// Milliseconds since then.
   double age() const;
+  /// The time of day has gone on as the milliseconds have since the first cycle; a clock that was set would
+  /// give earlier points a wrong time.
+  bool wallClockAgrees() const;
 
  private:
   const Clock* clock_ = nullptr;
@@ -35,6 +38,8 @@ class ChartCycles {
   bool running_ = false;
   std::optional<Milliseconds> began_;
   double moment_ = 0;
+  LocalDateTime firstDate_;
+  double firstMoment_ = 0;
 };
 
 }  // namespace tarnlog

@@ -47,6 +47,9 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   /// Points have their moments: this is a time chart with a clock.
   bool knowsMoments() const { return clock() != nullptr && !shown().isXY(); }
 
+  /// And those the time of day: the system's clock was not set meanwhile.
+  bool knowsTimeOfDay() const { return cycles_.wallClockAgrees(); }
+
   /// By which its user's choices know it: the names of its curves.
   std::string name() const;
   void apply(const GraphChoices& choices);

@@ -32,13 +32,16 @@ QString timeOfDay(const GraphBlock& block, double past) {
   return QTime(now.hour, now.minute, now.second).addMSecs(kHalf - since).toString(QStringLiteral("HH:mm:ss"));
 }
 
+/// In a picture that stands still, and in an outage, "ago" would be untrue a moment later.
 QString whenOf(const GraphBlock& block, std::int64_t point) {
   const CWGraph& graph = block.shown();
   const std::int64_t newest = graph.endPoint() - 1;
   const std::int64_t back = newest - point;
   const auto past = passed(block, point, newest);
-  if (!past) return back == 1 ? words("1 point ago") : words("%1 points ago").arg(back);
-  return words("%1 s ago (%2)").arg(graph.locale().toString(*past / 1000.0, 'f', 2), timeOfDay(block, *past));
+  if (!past)
+    return back == 1 ? words("1 point before the newest") : words("%1 points before the newest").arg(back);
+  const QString when = words("%1 s before the newest").arg(graph.locale().toString(*past / 1000.0, 'f', 2));
+  return block.knowsTimeOfDay() ? when + QStringLiteral(" (%1)").arg(timeOfDay(block, *past)) : when;
 }
 
 /// The flags that stand here, as near as pixels can tell them apart.

@@ -45,15 +45,15 @@ struct ReadGraph : LiveDisplay {
 TEST(GraphReadout, TellsTheValuesOfEveryCurveByMouseAndKeys) {
   ReadGraph d;
   d.point(1);
-  EXPECT_EQ(d.said(), "0,10 s ago (19:05:07)\nSpeed (km/h): 20 km/h\nBrake: Pressed");
+  EXPECT_EQ(d.said(), "0,10 s before the newest (19:05:07)\nSpeed (km/h): 20 km/h\nBrake: Pressed");
   d.point(2);
-  EXPECT_EQ(d.said(), "0,05 s ago (19:05:07)\nSpeed (km/h): –\nBrake: Released");
+  EXPECT_EQ(d.said(), "0,05 s before the newest (19:05:07)\nSpeed (km/h): –\nBrake: Released");
   d.refresh();
   d.refresh();
   QApplication::processEvents();
   d.graph().grab();
   QApplication::processEvents();
-  EXPECT_EQ(d.said(), "0,15 s ago (19:05:07)\nSpeed (km/h): –\nBrake: Released") << "points came meanwhile";
+  EXPECT_EQ(d.said(), "0,15 s before the newest (19:05:07)\nSpeed (km/h): –\nBrake: Released");
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&d.graph(), &leave);
   EXPECT_EQ(d.said(), "nothing");
@@ -104,7 +104,7 @@ TEST(GraphReadout, FindsTheNearestPointOfAnXYGraph) {
   graph.grab();  // its axes follow the points
   QTest::mouseMove(&graph, graph.placeOf(1, 1).toPoint() + QPoint(9, -9));
   EXPECT_EQ(d.widget.readout().reading().text().toStdString(),
-            "1 point ago\nLoad (%): 20 %\nSpeed (km/h): 40 km/h");
+            "1 point before the newest\nLoad (%): 20 %\nSpeed (km/h): 40 km/h");
 }
 
 TEST(GraphMenu, CopiesPointsForASpreadsheetAndSavesThePictureOfItsMoment) {

@@ -96,7 +96,7 @@ TEST(LookBack, MeasuresBetweenTwoCursors) {
   d.widget.setFrozen(true);
   back.setCursor(CWGraph::CursorA, 120);
   EXPECT_EQ(back.reading().text().toStdString(),
-            "A: 3.95 s ago (19:05:13)\nSpeed (km/h): 120 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+            "A: 3.95 s before the newest (19:05:13)\nSpeed (km/h): 120 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
   back.setCursor(CWGraph::CursorB, 160);
   EXPECT_EQ(back.reading().text().toStdString(),
             "A to B: 2.00 s\nSpeed (km/h): 120, 160, 40, 120, 160, 140\n"
@@ -123,15 +123,18 @@ TEST(GraphReadout, StandsInAllChartsAndTellsTheirValues) {
     QTest::mouseMove(&d.graph(), d.graph().placeOf(1, point).toPoint());
     return d.widget.readout().reading().text().toStdString();
   };
-  EXPECT_EQ(at(40), "2.95 s ago (19:05:09), Event 1\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
+  EXPECT_EQ(
+      at(40),
+      "2.95 s before the newest (19:05:09), Event 1\nSpeed (km/h): 40 km/h\nLoad (%): 0 %\nLoad (%): 0 %");
   EXPECT_EQ(d.graph("GT2").cursor(CWGraph::Readout), 40);
 
   // A value that cannot be read ends the cycle for the curves behind it.
   d.clock.step(50);
   d.widget.controls().LoadGraph(1)->chartY(1, 100);
   d.drive(101, 110);
-  EXPECT_EQ(at(100), "0.45 s ago (19:05:12)\nSpeed (km/h): 100 km/h\nLoad (%): –\nLoad (%): –");
-  EXPECT_EQ(at(105), "0.20 s ago (19:05:12)\nSpeed (km/h): 105 km/h\nLoad (%): 5 %\nLoad (%): 5 %");
+  EXPECT_EQ(at(100), "0.45 s before the newest (19:05:12)\nSpeed (km/h): 100 km/h\nLoad (%): –\nLoad (%): –");
+  d.clock.stepLocal(3);
+  EXPECT_EQ(at(105), "0.20 s before the newest\nSpeed (km/h): 105 km/h\nLoad (%): 5 %\nLoad (%): 5 %");
   d.scope.ClearDisplay(d.widget.controls());
 }
 

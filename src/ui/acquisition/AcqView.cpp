@@ -171,15 +171,17 @@ void AcqView::addShortcuts() {
 void AcqView::addLookBackKeys() {
   LookBack& lookBack = graphs_->surface().lookBack();
   const auto add = [this](int key, auto action) {
-    lookBackKeys_.push_back(addShortcut(key));
-    lookBackKeys_.back()->setAutoRepeat(true);
-    connect(lookBackKeys_.back(), &QShortcut::activated, graphs_, action);
+    QShortcut* const shortcut = lookBackKeys_.emplace_back(addShortcut(key));
+    connect(shortcut, &QShortcut::activated, graphs_, action);
+    return shortcut;
   };
   add(Qt::Key_F, [&lookBack] { lookBack.fitAll(); });
   add(Qt::Key_A, [&lookBack] { lookBack.setCursor(CWGraph::CursorA); });
   add(Qt::Key_B, [&lookBack] { lookBack.setCursor(CWGraph::CursorB); });
-  add(Qt::Key_Plus, [&lookBack] { lookBack.zoom(1); });
-  add(Qt::Key_Minus, [&lookBack] { lookBack.zoom(-1); });
+  add(Qt::Key_Plus, [&lookBack] { lookBack.zoom(1); })->setAutoRepeat(true);
+  add(Qt::Key_Minus, [&lookBack] { lookBack.zoom(-1); })->setAutoRepeat(true);
+  add((Qt::SHIFT | Qt::Key_Right).toCombined(), [&lookBack] { lookBack.pan(1); })->setAutoRepeat(true);
+  add((Qt::SHIFT | Qt::Key_Left).toCombined(), [&lookBack] { lookBack.pan(-1); })->setAutoRepeat(true);
   connect(&lookBack, &LookBack::moved, this, &AcqView::showWindow);
 }
 

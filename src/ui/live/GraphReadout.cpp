@@ -132,6 +132,10 @@ bool GraphReadout::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Paint:
       if (current_ == &block) refreshSoon();
       return false;
+    case QEvent::ShortcutOverride:  // Escape first ends this, then what else it may end
+      if (!isShown() || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+      event->accept();
+      return true;
     case QEvent::KeyPress: {
       const auto* const key = static_cast<QKeyEvent*>(event);
       return handleKey(block, key->key(), key->modifiers());

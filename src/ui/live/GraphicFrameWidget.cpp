@@ -72,6 +72,7 @@ void GraphicFrameWidget::arrangeSoon() {
 void GraphicFrameWidget::arrange() {
   arrangeDue_ = false;
   applyChoices();
+  lookBack_->showCursors();
 }
 
 void GraphicFrameWidget::applyChoices() {

@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
 
 namespace tarnlog {
@@ -62,13 +63,21 @@ void LookBack::zoomAt(const CWGraph& graph, double factor, double anchor) {
   show(zoomed(graph.view(), factor, anchor, graph.keptPoints()));
 }
 
+/// A picture that shows all there is stays as it is, also while it is not full yet.
 void LookBack::panBy(const CWGraph& graph, double points) {
+  const PointSpan kept = graph.keptPoints();
+  if (graph.view().count >= static_cast<double>(kept.end - kept.begin)) return;
   show(panned(graph.view(), points, graph.keptPoints()));
 }
 
 void LookBack::zoom(int steps) {
   const CWGraph* const graph = leading();
   if (active_ && graph != nullptr) zoomAt(*graph, std::pow(kNearer, steps), anchor());
+}
+
+void LookBack::pan(int steps) {
+  const CWGraph* const graph = leading();
+  if (active_ && graph != nullptr) panBy(*graph, steps * kPannedPart * graph->view().count);
 }
 
 /// All that the leading chart keeps.
@@ -80,9 +89,9 @@ void LookBack::fitAll() {
 
 void LookBack::setCursor(CWGraph::Cursor cursor) {
   const CWGraph* const graph = leading();
-  if (active_ && graph != nullptr)
-    setCursor(cursor, std::clamp<std::int64_t>(std::llround(anchor()), graph->keptPoints().begin,
-                                               std::max(graph->endPoint() - 1, graph->keptPoints().begin)));
+  if (!active_ || graph == nullptr || graph->endPoint() == 0) return;
+  setCursor(cursor, std::clamp<std::int64_t>(std::llround(anchor()), graph->keptPoints().begin,
+                                             graph->endPoint() - 1));
 }
 
 void LookBack::setCursor(CWGraph::Cursor cursor, std::int64_t point) {
@@ -97,8 +106,11 @@ void LookBack::clearCursors() {
   showCursors();
 }
 
+/// The table has the charts that are seen first: there may be no room for all.
 void LookBack::showCursors() {
-  const auto blocks = graphs_();
+  auto blocks = graphs_();
+  std::stable_partition(blocks.begin(), blocks.end(),
+                        [](const GraphBlock* block) { return !block->shown().visibleRegion().isEmpty(); });
   for (GraphBlock* const block : blocks) {
     if (block->shown().isXY()) continue;
     block->shown().setCursor(CWGraph::CursorA, a_);
@@ -123,19 +135,20 @@ void LookBack::drag(CWGraph& graph, const QMouseEvent& move) {
 
 bool LookBack::wheel(CWGraph& graph, const QWheelEvent& event) {
   const QPoint turned = event.angleDelta();
-  const bool sideways = turned.x() != 0 || (event.modifiers() & Qt::ShiftModifier) != 0;
-  const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / kWheelStep;
-  if (sideways)
+  const bool sideways = std::abs(turned.x()) > std::abs(turned.y());  // fingers never go quite straight
+  const double steps = (sideways ? turned.x() : turned.y()) / kWheelStep;
+  if (sideways || (event.modifiers() & Qt::ShiftModifier) != 0)
     panBy(graph, -steps * kPannedPart * graph.view().count);
   else
     zoomAt(graph, std::pow(kNearer, steps), graph.pointAtX(event.position().x() - graph.plotArea().left()));
   return true;
 }
 
-bool LookBack::key(CWGraph& graph, int key, Qt::KeyboardModifiers modifiers) {
-  if (key == Qt::Key_Escape && hasCursors() && !readout_.isShown()) return clearCursors(), true;
-  if ((modifiers & Qt::ShiftModifier) == 0 || (key != Qt::Key_Left && key != Qt::Key_Right)) return false;
-  panBy(graph, (key == Qt::Key_Left ? -kPannedPart : kPannedPart) * graph.view().count);
+/// Before a shortcut of the same key.
+bool LookBack::escape(QKeyEvent& event) {
+  if (event.key() != Qt::Key_Escape || !hasCursors() || readout_.isShown()) return false;
+  if (event.type() == QEvent::KeyPress) clearCursors();
+  event.accept();
   return true;
 }
 
@@ -156,10 +169,9 @@ bool LookBack::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseMove:
       drag(*graph, *static_cast<QMouseEvent*>(event));
       return false;
-    case QEvent::KeyPress: {
-      const auto& press = *static_cast<QKeyEvent*>(event);
-      return key(*graph, press.key(), press.modifiers());
-    }
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress:
+      return escape(*static_cast<QKeyEvent*>(event));
     default:
       return false;
   }

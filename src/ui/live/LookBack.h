@@ -9,14 +9,15 @@
 #include "ui/live/GraphReadout.h"
 #include "ui/live/ReadingBox.h"
 
+class QKeyEvent;
 class QMouseEvent;
 class QWheelEvent;
 
 namespace tarnlog {
 
 /// Moves through the points that a frozen picture keeps: the same stretch of time in all time charts. The
-/// wheel and + and - zoom, with Shift the wheel pans, dragging and Shift with the arrow keys pan. Two
-/// cursors, A and B, measure what lies between them.
+/// wheel zooms, sideways or with Shift it pans, and so does dragging. Two cursors, A and B, measure what lies
+/// between them; Escape on a graph takes them away.
 class LookBack : public QObject {
   Q_OBJECT
  public:
@@ -31,12 +32,16 @@ class LookBack : public QObject {
 
   /// So many steps nearer, or away (below 0), around the readout or the middle.
   void zoom(int steps);
+  /// So many steps later, or earlier (below 0).
+  void pan(int steps);
   void fitAll();
   /// At a point; where it is already, it goes.
   void setCursor(CWGraph::Cursor cursor, std::int64_t point);
   /// At the readout, or in the middle.
   void setCursor(CWGraph::Cursor cursor);
   void clearCursors();
+  /// Anew: other charts may be seen, or the frame may have another size.
+  void showCursors();
   /// The box of the cursors, if there are any.
   void showBox(bool shown) { box_->setVisible(shown && hasCursors()); }
   bool hasCursors() const { return a_ >= 0 || b_ >= 0; }
@@ -62,8 +67,7 @@ class LookBack : public QObject {
   void panBy(const CWGraph& graph, double points);
   void drag(CWGraph& graph, const QMouseEvent& move);
   bool wheel(CWGraph& graph, const QWheelEvent& event);
-  bool key(CWGraph& graph, int key, Qt::KeyboardModifiers modifiers);
-  void showCursors();
+  bool escape(QKeyEvent& event);
 
   QWidget& frame_;
   Graphs graphs_;

@@ -47,7 +47,6 @@ TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheSizeOfTexts) {
   EXPECT_EQ(focused(), "CommandStartStop");
 
   press(Qt::Key_G);
-  tabTo("GT1");
   const auto& graph = rig.child<CWGraph>("GT1");
   const auto view = [&] { return graph.view(); };
   const TimeView now = view();
@@ -66,6 +65,7 @@ TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheSizeOfTexts) {
   EXPECT_EQ(view().count, 400);
 
   const QWidget& box = rig.child("CursorBox");
+  tabTo("GT1");
   press(Qt::Key_Home);
   chooseFromMenu("Cursor A");
   EXPECT_EQ(graph.cursor(CWGraph::CursorA), 0) << "where the readout stood";
@@ -74,9 +74,13 @@ TEST(AcqView, IsUsedByKeyboardAloneFromThePauseToTheSizeOfTexts) {
   press(Qt::Key_B);
   EXPECT_TRUE(box.isVisible());
   EXPECT_TRUE(box.accessibleName().startsWith("A to B: 19.95 s\n")) << box.accessibleName().toStdString();
+  press(Qt::Key_F11);
   press(Qt::Key_Escape);
   press(Qt::Key_Escape);
   EXPECT_FALSE(box.isVisible()) << "first the readout goes, then the cursors";
+  EXPECT_TRUE(rig.view.isFullScreen());
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(rig.view.isFullScreen()) << "last the full screen";
   press(Qt::Key_Plus);
   chooseFromMenu("Fit all");
   EXPECT_EQ(view().count, 400);

@@ -116,7 +116,9 @@ bool GraphReadout::handleKey(GraphBlock& block, int key, Qt::KeyboardModifiers m
   }
 }
 
+/// A graph that is being destroyed loses the focus as a mere widget.
 bool GraphReadout::eventFilter(QObject* watched, QEvent* event) {
+  if (qobject_cast<CWGraph*>(watched) == nullptr) return false;
   const auto found = blocks_.find(watched);
   if (found == blocks_.end()) return false;
   GraphBlock& block = *found->second;

@@ -199,7 +199,7 @@ void CWGraph::setOwnScales(bool own) {
 }
 
 void CWGraph::chooseScale(int plot) {
-  chosen_ = plot;
+  if (std::exchange(chosen_, plot) == plot) return;
   if (ownScales_) follow();
   layOut();
 }

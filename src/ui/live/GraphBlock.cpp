@@ -81,12 +81,9 @@ void GraphBlock::apply(const GraphChoices& choices) {
   CWGraph& graph = shown();
   graph.setTimeGrid(choices.times());
   graph.setThickCurves(choices.thickCurves());
-  graph.setOwnScales(graph.plotCount() > 1 && choices.ownScales(name()));
-  nameValues();
-}
-
-void GraphBlock::chooseScale(int plot) {
-  shown().chooseScale(plot);
+  const std::string known = name();
+  graph.setOwnScales(graph.plotCount() > 1 && choices.ownScales(known));
+  graph.chooseScale(choices.axisOf(known));
   nameValues();
 }
 

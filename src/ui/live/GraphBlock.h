@@ -53,8 +53,6 @@ class GraphBlock : public Placed<GraphControl, CWGraph> {
   /// By which its user's choices know it: the names of its curves.
   std::string name() const;
   void apply(const GraphChoices& choices);
-  /// The axis becomes that of this plot, where each has its own scale.
-  void chooseScale(int plot);
   void setFrozen(bool frozen) { shown().setFrozen(frozen); }
   void setOld(bool old) { shown().setFaded(old); }
   /// The font of the desktop has changed.

@@ -12,7 +12,7 @@ namespace {
 constexpr char kTimes[] = "GraphTimes";
 constexpr char kThick[] = "GraphThickCurves";
 constexpr char kMemory[] = "GraphMegabytes";
-constexpr char kOwnScales[] = "GraphOwnScales";
+constexpr char kAxes[] = "GraphAxes";    ///< name, plot, name, plot... with tabs between them
 constexpr std::size_t kMostNames = 500;  ///< that are read
 
 }  // namespace
@@ -22,9 +22,16 @@ GraphChoices::GraphChoices(SettingsStore* settings) : settings_(settings) {
   thick_ = flag(kThick, thick_);
   if (const auto memory = wholeInteger(settings_.read(kMemory).value_or("")))
     megabytes_ = std::clamp(*memory, kLeastMegabytes, kMostMegabytes);
-  std::istringstream names(settings_.read(kOwnScales).value_or(""));
-  for (std::string name; std::getline(names, name, '\t') && ownScales_.size() < kMostNames;)
-    ownScales_.insert(name);
+  axes_ = keptAxes();
+}
+
+GraphChoices::Axes GraphChoices::keptAxes() const {
+  Axes axes;
+  std::istringstream cells(settings_.read(kAxes).value_or(""));
+  for (std::string name, plot;
+       axes.size() < kMostNames && std::getline(cells, name, '\t') && std::getline(cells, plot, '\t');)
+    axes[name] = std::max(wholeInteger(plot).value_or(1), 1);
+  return axes;
 }
 
 bool GraphChoices::flag(const char* name, bool otherwise) const {
@@ -47,15 +54,25 @@ void GraphChoices::setMegabytes(int megabytes) {
   settings_.write(kMemory, std::to_string(megabytes_));
 }
 
-void GraphChoices::setOwnScales(const std::string& graph, bool own) {
-  const std::string name = cleanCell(graph);
-  if (own)
-    ownScales_.insert(name);
-  else
-    ownScales_.erase(name);
-  std::string names;
-  for (const std::string& each : ownScales_) names += (names.empty() ? "" : "\t") + each;
-  settings_.write(kOwnScales, names);
+int GraphChoices::axisOf(const std::string& graph) const {
+  const auto found = axes_.find(graph);
+  return found == axes_.end() ? 1 : found->second;
+}
+
+/// Another window may have added to the list since it was read.
+void GraphChoices::setAxis(const std::string& graph, int plot) {
+  chosen_[cleanCell(graph)] = plot;
+  axes_ = keptAxes();
+  for (const auto& [name, axis] : chosen_) {
+    if (axis == 0)
+      axes_.erase(name);
+    else
+      axes_[name] = axis;
+  }
+  std::string cells;
+  for (const auto& [name, axis] : axes_)
+    cells += (cells.empty() ? "" : "\t") + name + '\t' + std::to_string(axis);
+  settings_.write(kAxes, cells);
 }
 
 }  // namespace tarnlog

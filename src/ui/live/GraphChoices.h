@@ -1,6 +1,6 @@
 #pragma once
 
-#include <set>
+#include <map>
 #include <string>
 
 #include "platform/settings/OptionalSettings.h"
@@ -8,7 +8,7 @@
 namespace tarnlog {
 
 /// How its user likes to see graphs. Kept in the settings, for all vehicles and configurations; what cannot
-/// be kept there holds until the end of the program.
+/// be kept there holds until the end of the program. Several windows may share the settings.
 class GraphChoices {
  public:
   static constexpr int kLeastMegabytes = 16;
@@ -26,17 +26,25 @@ class GraphChoices {
   int megabytes() const { return megabytes_; }
   void setMegabytes(int megabytes);
   /// Each curve of the graph of this name has a scale of its own.
-  bool ownScales(const std::string& graph) const { return ownScales_.contains(graph); }
-  void setOwnScales(const std::string& graph, bool own);
+  bool ownScales(const std::string& graph) const { return axes_.contains(graph); }
+  void setOwnScales(const std::string& graph, bool own) { setAxis(graph, own ? axisOf(graph) : 0); }
+  /// The plot whose scale is that of the axis then.
+  int axisOf(const std::string& graph) const;
+  /// 0: all curves have one scale.
+  void setAxis(const std::string& graph, int plot);
 
  private:
+  using Axes = std::map<std::string, int>;  ///< plots, by graphs whose curves have their own scales
+
   bool flag(const char* name, bool otherwise) const;
+  Axes keptAxes() const;
 
   OptionalSettings settings_;
   bool times_ = true;
   bool thick_ = false;
   int megabytes_ = 64;
-  std::set<std::string> ownScales_;
+  Axes axes_;
+  Axes chosen_;  ///< of these, what was chosen here; 0 for one scale
 };
 
 }  // namespace tarnlog

@@ -28,18 +28,20 @@ QString suggestedPath(const QString& title) {
 GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()), block_(block) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAccessibleName(block.shown().accessibleName());
-  const auto add = [this](const QString& text, const char* name, auto action) {
-    addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));
-  };
-  add(tr("&Save picture..."), "savePicture", [this, picture] { savePicture(picture()); });
-  add(tr("Copy &picture"), "copyPicture", [picture] { QGuiApplication::clipboard()->setPixmap(picture()); });
-  add(tr("&Copy points"), "copyPoints",
-      [&block] { QGuiApplication::clipboard()->setText(pointsTable(block)); });
+  addDeed(tr("&Save picture..."), "savePicture", [this, picture] { savePicture(picture()); });
+  addDeed(tr("Copy &picture"), "copyPicture",
+          [picture] { QGuiApplication::clipboard()->setPixmap(picture()); });
+  addDeed(tr("&Copy points"), "copyPoints",
+          [&block] { QGuiApplication::clipboard()->setText(pointsTable(block)); });
 }
 
-QAction* GraphMenu::addChoice(const QString& text, const char* name, bool checked,
+void GraphMenu::addDeed(const QString& text, const char* name, const std::function<void()>& deed) {
+  addAction(text, this, deed)->setObjectName(QLatin1String(name));
+}
+
+QAction* GraphMenu::addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
                               const std::function<void(bool)>& choose) {
-  QAction* const action = addAction(text);
+  QAction* const action = menu.addAction(text);
   action->setObjectName(QLatin1String(name));
   action->setCheckable(true);
   action->setChecked(checked);
@@ -50,11 +52,11 @@ QAction* GraphMenu::addChoice(const QString& text, const char* name, bool checke
 void GraphMenu::addChoices(GraphChoices& choices, const std::function<void()>& changed) {
   addSeparator();
   if (block_.shown().plotCount() > 1) addScales(choices, changed);
-  addChoice(tr("&Times in the grid"), "times", choices.times(), [&choices, changed](bool on) {
+  addChoice(*this, tr("&Times in the grid"), "times", choices.times(), [&choices, changed](bool on) {
     choices.setTimes(on);
     changed();
   });
-  addChoice(tr("T&hick curves"), "thick", choices.thickCurves(), [&choices, changed](bool on) {
+  addChoice(*this, tr("T&hick curves"), "thick", choices.thickCurves(), [&choices, changed](bool on) {
     choices.setThickCurves(on);
     changed();
   });
@@ -67,22 +69,22 @@ void GraphMenu::addScales(GraphChoices& choices, const std::function<void()>& ch
   const bool own = choices.ownScales(name);
   for (const bool each : {false, true}) {
     const QString text = each ? tr("&Each curve its own scale") : tr("&One scale for all");
-    scales->addAction(
-        addChoice(text, each ? "ownScales" : "oneScale", own == each, [&choices, changed, name, each](bool) {
-          choices.setOwnScales(name, each);
-          changed();
-        }));
+    scales->addAction(addChoice(*this, text, each ? "ownScales" : "oneScale", own == each,
+                                [&choices, changed, name, each](bool) {
+                                  choices.setOwnScales(name, each);
+                                  changed();
+                                }));
   }
   if (!own) return;
   auto* const curves = new QActionGroup(this);
   QMenu* const which = addMenu(tr("&Axis of"));
   for (int plot = 1; plot <= block_.shown().plotCount(); ++plot) {
-    QAction* const action = which->addAction(toQString(block_.description(plot).name));
-    action->setCheckable(true);
-    action->setChecked(block_.shown().chosenScale() == plot);
-    curves->addAction(action);
-    connect(action, &QAction::triggered, &block_.shown(),
-            [&block = block_, plot] { block.chooseScale(plot); });
+    const bool checked = block_.shown().chosenScale() == plot;
+    curves->addAction(addChoice(*which, toQString(block_.description(plot).name), "axis", checked,
+                                [&choices, changed, name, plot](bool) {
+                                  choices.setAxis(name, plot);
+                                  changed();
+                                }));
   }
 }
 
@@ -90,25 +92,20 @@ void GraphMenu::addMemory(GraphChoices& choices, const std::function<void()>& ch
   QMenu* const memory = addMenu(tr("&Memory for looking back"));
   auto* const sizes = new QActionGroup(this);
   for (const int megabytes : {16, 64, 256, 1024}) {
-    QAction* const action = memory->addAction(tr("%1 MB").arg(megabytes));
-    action->setCheckable(true);
-    action->setChecked(choices.megabytes() == megabytes);
-    sizes->addAction(action);
-    connect(action, &QAction::triggered, this, [&choices, changed, megabytes] {
-      choices.setMegabytes(megabytes);
-      changed();
-    });
+    const bool checked = choices.megabytes() == megabytes;
+    sizes->addAction(addChoice(*memory, tr("%1 MB").arg(megabytes), "megabytes", checked,
+                               [&choices, changed, megabytes](bool) {
+                                 choices.setMegabytes(megabytes);
+                                 changed();
+                               }));
   }
 }
 
 void GraphMenu::addLookBack(LookBack& lookBack, std::int64_t point) {
   addSeparator();
-  const auto add = [this](const QString& text, const char* name, auto action) {
-    addAction(text, this, std::move(action))->setObjectName(QLatin1String(name));
-  };
-  add(tr("&Fit all\tF"), "fitAll", [&lookBack] { lookBack.fitAll(); });
-  add(tr("Cursor &A\tA"), "cursorA", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorA, point); });
-  add(tr("Cursor &B\tB"), "cursorB", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorB, point); });
+  addDeed(tr("&Fit all\tF"), "fitAll", [&lookBack] { lookBack.fitAll(); });
+  addDeed(tr("Cursor &A\tA"), "cursorA", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorA, point); });
+  addDeed(tr("Cursor &B\tB"), "cursorB", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorB, point); });
 }
 
 /// The dialog belongs to the window, which stays when the graph goes.

@@ -170,7 +170,8 @@ void GraphicFrameWidget::mousePressEvent(QMouseEvent* event) {
     if (!graph.ownScales() || at.x() >= graph.x() || at.y() < graph.y() ||
         at.y() >= graph.geometry().bottom())
       continue;
-    block->chooseScale(1 + (at.y() - graph.y()) * graph.plotCount() / graph.height());
+    choices_.setAxis(block->name(), 1 + (at.y() - graph.y()) * graph.plotCount() / graph.height());
+    applyChoices();
   }
   QWidget::mousePressEvent(event);
 }

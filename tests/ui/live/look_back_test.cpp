@@ -153,11 +153,14 @@ TEST(GraphChoices, AreKeptForAllGraphsAndForOne) {
   EXPECT_TRUE(d.graph("GT2").timeLabels());
   d.choose("times");
   EXPECT_FALSE(d.graph("GT2").timeLabels());
+  GraphChoices(&d.settings).setAxis("of another window", 3);
   d.choose("ownScales");
   EXPECT_TRUE(d.graph().ownScales());
+  QTest::mouseClick(&d.widget, Qt::LeftButton, {}, QPoint(20, d.graph().geometry().bottom() - 20));
   const GraphChoices kept(&d.settings);
   EXPECT_FALSE(kept.times());
-  EXPECT_TRUE(kept.ownScales("Speed (km/h), Load (%)"));
+  EXPECT_EQ(kept.axisOf("Speed (km/h), Load (%)"), 2);
+  EXPECT_EQ(kept.axisOf("of another window"), 3);
   d.settings.write("GraphMegabytes", "lots");
   d.settings.write("GraphTimes", "?");
   EXPECT_EQ(GraphChoices(&d.settings).megabytes(), GraphChoices().megabytes());

@@ -107,10 +107,8 @@ void GraphicFrameWidget::placeTimes(const std::vector<GraphBlock*>& graphs) {
 
 void GraphicFrameWidget::setFrozen(bool frozen) {
   const bool now = frozen && !controls_.empty();
-  if (now != frozen_) controls_.setFrozen(now);
-  const bool changed = std::exchange(frozen_, now) != now || now != frozen;
+  if (std::exchange(frozen_, now) != now) controls_.setFrozen(now);
   lookBack_->setActive(now);
-  if (changed) emit frozenChanged(now);
 }
 
 void GraphicFrameWidget::addMark(const QString& text, const QColor& colour) {

@@ -46,9 +46,6 @@ class GraphicFrameWidget : public QWidget {
   /// How long a time the lowest chart that is seen shows, in milliseconds; none while that is not known.
   std::optional<double> shownTime() const;
 
- signals:
-  void frozenChanged(bool frozen);
-
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void moveEvent(QMoveEvent* event) override;

@@ -117,7 +117,7 @@ void RecorderWindow::createMenus() {
   addHelpActions(*menuBar()->addMenu(tr("&Help")));
 }
 
-/// F1 belongs to the pages; the menu only names it.
+/// F1 is no shortcut of the menu: the page that has the focus may take it first.
 void RecorderWindow::addHelpActions(QMenu& menu) {
   const Guide& guide = environment_.recorder.guide;
   menu.addAction(tr("&Keys of this page") + "\tF1", this, &RecorderWindow::toggleHelp)->setObjectName("help");
@@ -327,7 +327,9 @@ void RecorderWindow::acquireWaiting() {
     if (folder) recorder_->ctlTarnAcq().Parameters()->fileFolder = *folder;
   } catch (const TarnError& error) {
     const QString failure = toQString(error.description());
-    environment_.recorder.dialogs.error(this, tr("Load error"), failure + "\n\n" + LoadAdvice::on(failure));
+    const bool ofFile = failure.startsWith("Open file error");
+    environment_.recorder.dialogs.error(this, ofFile ? tr("Load error") : tr("Acquisition error"),
+                                        ofFile ? failure + "\n\n" + LoadAdvice::on(failure) : failure);
   }
 }
 

@@ -15,7 +15,7 @@ HelpPage KeyboardHelp::page() {
               {tr("A, B"), tr("While paused: set the two cursors")},
               {tr("Arrows, Home, End"), tr("On a graph: read out its points; with Ctrl in wide steps")},
               {tr("Page Up, Page Down"), tr("Scroll the graphs")},
-              {tr("Ctrl+F"), tr("Filter the list of values; Escape empties the filter and goes back")},
+              {tr("Ctrl+F"), tr("Filter the list of values; Escape shows them all and leaves the filter")},
               {tr("Ctrl with +, -, 0"), tr("Larger, smaller, usual letters in the list")},
               {tr("Ctrl+C"), tr("Copy the selected rows of the list, or lines of the log")},
               {tr("Menu, Shift+F10"), tr("What can be done with the list, a graph or the log")},

@@ -9,8 +9,8 @@ class QLineEdit;
 namespace tarnlog {
 
 /// Where the user types which rows of the value list are to be seen, and how many of them are. What is typed
-/// here is text: Enter and space do not reach the recorder. Escape empties it and goes back to where the user
-/// came from.
+/// here is text: Enter and space do not reach the recorder. Escape empties it; the focus goes back to where
+/// it was, or to the list where that is no longer seen.
 class ListFilter : public QWidget {
   Q_OBJECT
  public:

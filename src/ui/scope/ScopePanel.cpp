@@ -237,9 +237,11 @@ void ScopePanel::takeDataRange() {
 void ScopePanel::showDataRange() {
   const auto range = editor_.dataRange();
   axeYRange_->setEnabled(range && editor_.rangeEnabled());
-  const QString tip = !range                   ? tr("The vehicle does not tell the range of this data")
-                      : editor_.rangeEnabled() ? tr("From %1 to %2").arg(range->mini).arg(range->maxi)
-                                               : tr("Switch the automatic range off first");
+  QString tip = tr("The vehicle does not tell the range of this data");
+  if (range && !editor_.rangeEnabled()) tip = tr("Switch the automatic range off first");
+  if (range && editor_.rangeEnabled())
+    tip =
+        tr("From %1 to %2").arg(axeYmini_->textFromValue(range->mini), axeYmini_->textFromValue(range->maxi));
   axeYRange_->setToolTip(tip);
   axeYRange_->setAccessibleDescription(tip);
 }

@@ -39,14 +39,16 @@ void DescriptorStream::failWith(int error) const {
   fail(std::generic_category().message(error));
 }
 
+void DescriptorStream::idleIfDue(std::chrono::milliseconds ahead) {
+  if (clock_.now() + ahead < nextIdle_) return;
+  idle();
+  nextIdle_ = clock_.now() + kIdlePeriod;
+}
+
 bool DescriptorStream::wait(short events, Moment deadline) {
   for (;;) {
-    Moment now = clock_.now();
-    if (now >= nextIdle_) {
-      idle();
-      now = clock_.now();
-      nextIdle_ = now + kIdlePeriod;
-    }
+    idleIfDue();
+    const Moment now = clock_.now();
     pollfd watched{descriptor_.number(), events, 0};
     const timespec limit = toTimespec(std::max(Moment(0), std::min(deadline, nextIdle_) - now));
     const int ready = ::ppoll(&watched, 1, &limit, nullptr);
@@ -74,16 +76,30 @@ void DescriptorStream::write(std::span<const std::uint8_t> bytes) {
   }
 }
 
+std::ptrdiff_t DescriptorStream::readSome(std::span<std::uint8_t> into) {
+  return ::read(descriptor_.number(), into.data(), into.size());
+}
+
+/// Below 0 when no byte has come, 0 when none will.
+std::ptrdiff_t DescriptorStream::takeSome(std::span<std::uint8_t> into) {
+  const std::ptrdiff_t count = readSome(into);
+  if (count < 0 && !wouldBlock(errno)) failWith(errno);
+  return count;
+}
+
 std::size_t DescriptorStream::read(std::span<std::uint8_t> into, Moment deadline) {
   if (!descriptor_) fail("is not open");
+  // Before each request links look for what has come: that is to cost no poll(2).
+  if (clock_.now() >= deadline)
+    if (const std::ptrdiff_t count = takeSome(into); count != 0)
+      return static_cast<std::size_t>(std::max<std::ptrdiff_t>(count, 0));
   for (;;) {
     const bool ready = wait(POLLIN, deadline);
-    const ssize_t count = ::read(descriptor_.number(), into.data(), into.size());
+    const std::ptrdiff_t count = takeSome(into);
     if (count > 0) return static_cast<std::size_t>(count);
     // A terminal whose other end is gone reads as ended or as EIO; a serial port with no byte as 0 too, but
     // then poll(2) had not called it ready.
     if (count == 0 && ready) fail("the other end is gone");
-    if (count < 0 && !wouldBlock(errno)) failWith(errno);
     if (!ready) return 0;
   }
 }

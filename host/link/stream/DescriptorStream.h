@@ -41,9 +41,13 @@ class DescriptorStream : public ByteStream {
 
   /// One write to the system: the number of bytes taken, below 0 with errno set when it failed.
   virtual std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes);
+  /// One read that does not wait, likewise; 0 when no byte will come any more.
+  virtual std::ptrdiff_t readSome(std::span<std::uint8_t> into);
   void setDescriptor(Descriptor descriptor) { descriptor_ = std::move(descriptor); }
   int descriptor() const { return descriptor_.number(); }
   LinkClock& clock() const { return clock_; }
+  /// Runs the idle hook when that is due within so long.
+  void idleIfDue(std::chrono::milliseconds ahead = {});
   /// False when none of the poll(2) events came before the deadline.
   bool wait(short events, Moment deadline);
   /// Raises a TarnError: the connection's name and the text.
@@ -52,6 +56,8 @@ class DescriptorStream : public ByteStream {
   [[noreturn]] virtual void failWith(int error) const;
 
  private:
+  std::ptrdiff_t takeSome(std::span<std::uint8_t> into);
+
   std::string name_;
   LinkClock& clock_;
   Descriptor descriptor_;

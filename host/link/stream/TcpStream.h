@@ -15,9 +15,11 @@ class TcpStream : public DescriptorStream {
  public:
   TcpStream(std::string host, std::uint16_t port, LinkClock& clock);
   void open() override;
+  std::size_t read(std::span<std::uint8_t> into, Moment deadline) override;
 
  protected:
   std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override;
+  std::ptrdiff_t readSome(std::span<std::uint8_t> into) override;
 
  private:
   struct FreeAddresses {
@@ -33,6 +35,7 @@ class TcpStream : public DescriptorStream {
   Addresses lookUp();
   /// The system's error number, 0 when connected.
   int connectTo(const addrinfo& address);
+  void waitInReads();
 
   std::string host_;
   std::uint16_t port_;

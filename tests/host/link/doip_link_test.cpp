@@ -121,6 +121,12 @@ TEST(DoipLink, ForgetsAnAnswerThatAGatewayBeganBeforeItWasGone) {
   Bytes response;
   EXPECT_TRUE(test::received(link, response, milliseconds(2000)));
   EXPECT_EQ(hexText(response), "62 F1 90 41");
+  int idled = 0;
+  link.setIdleHook([&] { ++idled; });
+  const Moment asked = clock.now();
+  EXPECT_FALSE(test::received(link, response, milliseconds(50)));
+  EXPECT_GE(clock.now() - asked, 50ms);
+  EXPECT_GE(idled, 2);
 }
 
 TEST(DoipFinder, TakesTheFirstVehicleThatAnswers) {

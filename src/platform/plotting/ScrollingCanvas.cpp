@@ -101,14 +101,24 @@ void ScrollingCanvas::dotted(std::int64_t column, int step, std::uint32_t colour
 }
 
 void ScrollingCanvas::stamp(std::int64_t column, int row, const Stamp& stamp) {
-  const auto left = static_cast<int>(std::clamp<std::int64_t>(drawable_ - column, 0, stamp.width));
-  const auto right = static_cast<int>(std::clamp<std::int64_t>(endColumn() - column, left, stamp.width));
+  const std::int64_t left = std::clamp<std::int64_t>(drawable_ - column, 0, stamp.width);
+  const std::int64_t right = std::clamp<std::int64_t>(endColumn() - column, left, stamp.width);
+  if (left == right) return;
+  const int start = place(column + left);
+  const auto count = static_cast<std::size_t>(right - left);
+  const std::size_t beforeSeam = std::min(count, static_cast<std::size_t>(width_ - start));
   for (int y = std::max(0, -row); y < stamp.height && row + y < height_; ++y) {
-    const std::ptrdiff_t line = std::ptrdiff_t{row + y} * width_;
-    const std::size_t from = static_cast<std::size_t>(y) * static_cast<std::size_t>(stamp.width);
-    for (int x = left; x < right; ++x)
-      set(pixels_.data() + line + place(column + x), stamp.pixels[from + static_cast<std::size_t>(x)]);
+    std::uint32_t* const line = pixels_.data() + std::ptrdiff_t{row + y} * width_;
+    const auto pixels =
+        stamp.pixels.subspan(static_cast<std::size_t>(std::int64_t{y} * stamp.width + left), count);
+    copy(pixels.first(beforeSeam), line + start);
+    copy(pixels.subspan(beforeSeam), line);
   }
+}
+
+void ScrollingCanvas::copy(std::span<const std::uint32_t> pixels, std::uint32_t* to) {
+  for (std::size_t i = 0; overlay_ && i < pixels.size(); ++i) below_.emplace_back(to + i, to[i]);
+  std::ranges::copy(pixels, to);
 }
 
 void ScrollingCanvas::beginOverlay() {

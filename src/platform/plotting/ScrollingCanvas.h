@@ -80,6 +80,7 @@ class ScrollingCanvas {
     if (overlay_) below_.emplace_back(pixel, *pixel);
     *pixel = colour;
   }
+  void copy(std::span<const std::uint32_t> pixels, std::uint32_t* to);
   int place(std::int64_t column) const {
     const auto stored = static_cast<int>(column - first_) + seam_;
     return stored < width_ ? stored : stored - width_;

@@ -68,6 +68,12 @@ std::int64_t finite(const PlotHistory& history, std::int64_t first) {
   return count;
 }
 
+Extremes walk(const PlotHistory& history, std::int64_t first) {
+  Extremes walked;
+  for (std::int64_t k = first; k < history.end(); ++k) walked.add(history.y(k));
+  return walked;
+}
+
 TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
   PlotHistory history;
   history.setKeepsX(true);
@@ -76,13 +82,18 @@ TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
     history.append(i, i % 97 == 0 ? kNaN : (i * 7919 % 1009) - 500);
     if (i % 11 != 0) continue;
     const std::int64_t first = history.begin() + i % 130;
-    Extremes walked;
-    for (std::int64_t k = first; k < history.end(); ++k) walked.add(history.y(k));
+    const Extremes walked = walk(history, first);
     ASSERT_EQ(history.x(first), first);
     const Extremes asked = history.extremes(first, history.end());
     ASSERT_EQ(asked.lowest, walked.lowest) << i;
     ASSERT_EQ(asked.highest, walked.highest) << i;
     ASSERT_EQ(history.ys().summary(first, history.end()).count, walked.any() ? finite(history, first) : 0);
+    const std::int64_t block = PointSeries::blockWithin(i % 2000);
+    const std::int64_t whole = (first + block - 1) / block * block;
+    if (block == 1 || whole >= history.end()) continue;
+    const Extremes ofBlocks = history.ys().extremesOfBlocks(whole, history.end(), block);
+    ASSERT_EQ(ofBlocks.lowest, walk(history, whole).lowest) << i;
+    ASSERT_EQ(ofBlocks.highest, walk(history, whole).highest) << i;
   }
   EXPECT_EQ(history.begin(), 12000);
   const PlotHistory copy = history;

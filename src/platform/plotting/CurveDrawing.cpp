@@ -67,35 +67,28 @@ void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int6
 
 void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
                         const TimeCurvePlace& place, std::uint32_t colour) {
-  constexpr std::int64_t kBlock = PointSeries::kBlock;
   const ColumnScale& columns = place.columns;
   // Where a column has several blocks, a block belongs to one of them as a whole, and no value is looked at.
-  const bool coarse = columns.columnsPerPoint() * 2 * kBlock < 1;
-  const std::int64_t grain = coarse ? kBlock : 1;
+  const std::int64_t block = PointSeries::blockWithin(1 / columns.columnsPerPoint() / 2);
+  const bool coarse = block > 1;
+  const auto whole = [block](std::int64_t point) { return (point + block - 1) & -block; };
+  const auto goesOn = [&](std::int64_t point) {
+    return coarse || (std::isfinite(points.y(point)) && std::isfinite(points.y(point - 1)));
+  };
   CurvePen pen(canvas, colour);
   const std::int64_t end = points.end();
-  std::int64_t first = std::max(from - 1, points.begin());
-  if (coarse) first = std::min((first + kBlock - 1) / kBlock * kBlock, end);
+  std::int64_t first = std::min(whole(std::max(from - 1, points.begin())), end);
   Breaks breaks(place.pauses, first);
   std::int64_t column = columns.columnOf(first);
   for (std::int64_t next = first; first < end && column < canvas.endColumn(); first = next, ++column) {
-    next = std::clamp((columns.firstFrom(column + 1) + grain - 1) / grain * grain, first, end);
+    next = std::clamp(whole(columns.firstFrom(column + 1)), first, end);
     if (next == first) continue;
     const Extremes extremes =
-        coarse ? points.ys().extremesOfBlocks(first, next) : points.extremes(first, next);
-    if (!extremes.any()) {
-      pen.lift();
-      continue;
-    }
-    const double entry = coarse ? extremes.lowest : points.y(first);
-    const bool joined = pen.isDown() && std::isfinite(entry) && !breaks.before(first) &&
-                        (coarse || std::isfinite(points.y(first - 1)));
-    if (!joined) pen.lift();
-    pen.draw(column, place.rows(joined ? entry : extremes.lowest));
-    pen.cover(static_cast<int>(place.rows(extremes.lowest)));
-    pen.cover(static_cast<int>(place.rows(extremes.highest)));
-    const double exit = coarse ? extremes.highest : points.y(next - 1);
-    if (std::isfinite(exit)) pen.draw(column, place.rows(exit));
+        coarse ? points.ys().extremesOfBlocks(first, next, block) : points.extremes(first, next);
+    if (!extremes.any() || breaks.before(first) || (pen.isDown() && !goesOn(first))) pen.lift();
+    if (extremes.any())
+      pen.band(column, {static_cast<int>(place.rows(extremes.highest)),
+                        static_cast<int>(place.rows(extremes.lowest))});
   }
 }
 

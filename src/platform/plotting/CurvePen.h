@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <numeric>
 #include <span>
 
 #include "platform/plotting/ColumnRows.h"
@@ -30,10 +31,16 @@ class CurvePen {
     cover(static_cast<int>(row));
     row_ = row;
   }
-  /// Takes in these rows, wherever the line goes.
-  void cover(int row) {
-    rows_.top = std::min(rows_.top, row);
-    rows_.bottom = std::max(rows_.bottom, row);
+  /// All that the curve takes of the column on the right of the one before, which it meets halfway; begins a
+  /// curve when the pen is lifted.
+  void band(std::int64_t column, ColumnRows rows) {
+    if (down_) {
+      meet(rows_, rows);
+      finishColumn();
+    }
+    down_ = true;
+    column_ = column;
+    rows_ = rows;
   }
   void lift() {
     if (!down_) return;
@@ -43,6 +50,19 @@ class CurvePen {
   }
 
  private:
+  static void meet(ColumnRows& left, ColumnRows& right) {
+    if (left.bottom < right.top - 1) {
+      left.bottom = std::midpoint(left.bottom, right.top);
+      right.top = left.bottom + 1;
+    } else if (right.bottom < left.top - 1) {
+      right.bottom = std::midpoint(right.bottom, left.top);
+      left.top = right.bottom + 1;
+    }
+  }
+  void cover(int row) {
+    rows_.top = std::min(rows_.top, row);
+    rows_.bottom = std::max(rows_.bottom, row);
+  }
   void putDown(std::int64_t column, double row) {
     down_ = true;
     column_ = column;

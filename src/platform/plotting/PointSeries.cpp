@@ -1,6 +1,7 @@
 #include "platform/plotting/PointSeries.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <utility>
 
@@ -38,8 +39,7 @@ void PointSeries::setCapacity(std::int32_t points) {
 void PointSeries::clear() {
   begin_ = end_ = firstChunk_ = 0;
   chunks_.clear();
-  chunkExtremes_.clear();
-  coarse_.clear();
+  for (auto& each : extremes_) each.clear();
 }
 
 void PointSeries::dropBefore(std::int64_t index) {
@@ -52,8 +52,8 @@ void PointSeries::dropOld() {
   while (!chunks_.empty() && (firstChunk_ + 1) * kChunk <= begin_) {
     spare_ = std::move(chunks_.front());
     chunks_.erase(chunks_.begin());
-    chunkExtremes_.erase(chunkExtremes_.begin());
-    coarse_.erase(coarse_.begin(), coarse_.begin() + kChunk / kBlock);
+    for (std::size_t i = 0; i < kBlocks.size(); ++i)
+      extremes_[i].erase(extremes_[i].begin(), extremes_[i].begin() + kChunk / kBlocks[i]);
     ++firstChunk_;
   }
 }
@@ -65,7 +65,6 @@ PointSeries::Chunk& PointSeries::chunkToFill() {
     const bool usable = spare_ != nullptr && spare_.use_count() == 1;
     chunks_.push_back(usable ? std::exchange(spare_, nullptr) : std::make_shared<Chunk>());
     chunks_.back()->all = {};
-    chunkExtremes_.emplace_back();
   }
   std::shared_ptr<Chunk>& last = chunks_.back();
   if (last.use_count() > 1) last = std::make_shared<Chunk>(*last);
@@ -76,15 +75,14 @@ void PointSeries::append(double value) {
   Chunk& chunk = chunkToFill();
   const auto place = static_cast<std::size_t>(end_ % kChunk);
   Summary& block = chunk.blocks[place / kBlock];
-  if (place % kBlock == 0) {
-    block = {};
-    coarse_.emplace_back();
-  }
+  if (place % kBlock == 0) block = {};
   chunk.values[place] = value;
   block.add(value);
   chunk.all.add(value);
-  coarse_.back().add(value);
-  chunkExtremes_.back().add(value);
+  for (std::size_t i = 0; i < kBlocks.size(); ++i) {
+    if ((end_ & (kBlocks[i] - 1)) == 0) extremes_[i].emplace_back();
+    extremes_[i].back().add(value);
+  }
   ++end_;
   dropOld();
 }
@@ -104,6 +102,10 @@ void PointSeries::Chunk::addTo(Sum& sum, std::int64_t from, std::int64_t to) con
   for (; from < to; ++from) sum.add(values[static_cast<std::size_t>(from)]);
 }
 
+void PointSeries::addChunks(Summary& sum, std::int64_t first, std::int64_t last) const {
+  for (; first < last; first += kChunk) sum.add(chunkOf(first).all);
+}
+
 template <class Sum>
 Sum PointSeries::summed(std::int64_t first, std::int64_t last) const {
   first = std::max(first, begin_);
@@ -112,11 +114,14 @@ Sum PointSeries::summed(std::int64_t first, std::int64_t last) const {
   while (first < last) {
     const std::int64_t from = first % kChunk;
     const std::int64_t to = std::min(kChunk, from + last - first);
-    if (to - from == kChunk)
-      addChunk(result, static_cast<std::size_t>(first / kChunk - firstChunk_));
-    else
+    if (to - from < kChunk) {
       chunkOf(first).addTo(result, from, to);
-    first += to - from;
+      first += to - from;
+    } else {
+      const std::int64_t end = last / kChunk * kChunk;
+      addChunks(result, first, end);
+      first = end;
+    }
   }
   return result;
 }
@@ -129,11 +134,21 @@ Extremes PointSeries::extremes(std::int64_t first, std::int64_t last) const {
   return summed<Extremes>(first, last);
 }
 
-Extremes PointSeries::extremesOfBlocks(std::int64_t first, std::int64_t last) const {
-  const std::int64_t before = firstChunk_ * (kChunk / kBlock);
+std::int64_t PointSeries::blockWithin(double points) {
+  std::int64_t longest = 1;
+  for (const std::int64_t block : kBlocks)
+    if (static_cast<double>(block) <= points) longest = block;
+  return longest;
+}
+
+Extremes PointSeries::extremesOfBlocks(std::int64_t first, std::int64_t last, std::int64_t block) const {
+  const std::vector<Extremes>& known =
+      extremes_[static_cast<std::size_t>(std::ranges::find(kBlocks, block) - kBlocks.begin())];
+  const int shift = std::countr_zero(static_cast<std::uint64_t>(block));  // divides faster
+  const auto from = static_cast<std::size_t>((first - firstChunk_ * kChunk) >> shift);
+  const auto to = static_cast<std::size_t>((last - firstChunk_ * kChunk + block - 1) >> shift);
   Extremes result;
-  for (std::int64_t block = first / kBlock; block * kBlock < last; ++block)
-    result.add(coarse_[static_cast<std::size_t>(block - before)]);
+  for (std::size_t i = from; i < to; ++i) result.add(known[i]);
   return result;
 }
 

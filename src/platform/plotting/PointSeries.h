@@ -36,8 +36,6 @@ struct Summary : Extremes {
 /// once all N have come, appending allocates nothing unless a copy holds what is dropped.
 class PointSeries {
  public:
-  static constexpr std::int64_t kBlock = 128;
-  static constexpr std::int64_t kChunk = 1024;
   static constexpr std::int32_t kMostPoints = 10'000'000;
 
   /// 1 to kMostPoints; what lies outside is limited. Fewer than before drops the oldest.
@@ -59,10 +57,17 @@ class PointSeries {
   /// Of the values from `first` to before `last`, inside what is kept.
   Summary summary(std::int64_t first, std::int64_t last) const;
   Extremes extremes(std::int64_t first, std::int64_t last) const;
-  /// The same from the beginning of a block to that of another, or to end(), without looking at a value.
-  Extremes extremesOfBlocks(std::int64_t first, std::int64_t last) const;
+  /// The longest blocks of at most so many points whose extremes are known; 1 when there are none. A power of
+  /// two.
+  static std::int64_t blockWithin(double points);
+  /// From the beginning of such a block to that of another, or to end(), without looking at a value.
+  Extremes extremesOfBlocks(std::int64_t first, std::int64_t last, std::int64_t block) const;
 
  private:
+  static constexpr std::int64_t kBlock = 128;
+  static constexpr std::int64_t kChunk = 1024;
+  static constexpr std::array<std::int64_t, 3> kBlocks{kBlock, 512, kChunk};  ///< powers of two
+
   struct Chunk {
     template <class Sum>
     void addTo(Sum& sum, std::int64_t from, std::int64_t to) const;
@@ -77,8 +82,10 @@ class PointSeries {
   }
   Chunk& chunkToFill();
   void dropOld();
-  void addChunk(Extremes& sum, std::size_t place) const { sum.add(chunkExtremes_[place]); }
-  void addChunk(Summary& sum, std::size_t place) const { sum.add(chunks_[place]->all); }
+  void addChunks(Extremes& sum, std::int64_t first, std::int64_t last) const {
+    sum.add(extremesOfBlocks(first, last, kChunk));
+  }
+  void addChunks(Summary& sum, std::int64_t first, std::int64_t last) const;
   template <class Sum>
   Sum summed(std::int64_t first, std::int64_t last) const;
 
@@ -87,9 +94,8 @@ class PointSeries {
   std::int64_t end_ = 0;
   std::int64_t firstChunk_ = 0;  ///< number of the first chunk that is stored
   std::vector<std::shared_ptr<Chunk>> chunks_;
-  // Close to one another: a look at each chunk would cost a cache miss.
-  std::vector<Extremes> chunkExtremes_;
-  std::vector<Extremes> coarse_;  ///< of the blocks of all chunks
+  // Of blocks of each size, close to one another: a look at each chunk would cost a cache miss.
+  std::array<std::vector<Extremes>, kBlocks.size()> extremes_;
   std::shared_ptr<Chunk> spare_;  ///< dropped, to be filled again
 };
 

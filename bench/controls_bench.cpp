@@ -251,7 +251,10 @@ void lookBack(benchmark::State& state) {
   constexpr int kEvents = 20;
   const auto kept = static_cast<int>(state.range(0));
   FullWindow window(kLookedAtGraphs, true);
-  for (CWGraph* const graph : window.graphs()) graph->setKept(kept);
+  for (CWGraph* const graph : window.graphs()) {
+    graph->setKept(kept);
+    graph->setOwnScales(true);
+  }
   window.drive(kept - kSpeed, kept / kEvents);
   for (CWGraph* const graph : window.graphs()) {
     graph->setFrozen(true);

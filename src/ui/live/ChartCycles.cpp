@@ -8,8 +8,9 @@ namespace {
 
 double millisecondsOf(const LocalDateTime& date) {
   using namespace std::chrono;
-  const sys_days day = year(date.year) / static_cast<unsigned>(date.month) / static_cast<unsigned>(date.day);
-  const auto time = day + hours(date.hour) + minutes(date.minute) + seconds(date.second);
+  const sys_days midnight = year_month_day(year(date.year), month(static_cast<unsigned>(date.month)),
+                                           day(static_cast<unsigned>(date.day)));
+  const auto time = midnight + hours(date.hour) + minutes(date.minute) + seconds(date.second);
   return static_cast<double>(duration_cast<milliseconds>(time.time_since_epoch()).count());
 }
 

@@ -165,6 +165,9 @@ void AcqView::addShortcuts() {
   leaveFullScreen_ = addShortcut(Qt::Key_Escape);
   leaveFullScreen_->setEnabled(false);
   connect(leaveFullScreen_, &QShortcut::activated, this, &AcqView::toggleFullScreen);
+  connect(leaveFullScreen_, &QShortcut::activatedAmbiguously, this, [this] {
+    if (help_ != nullptr) help_->hide();  // open, it takes the key as well, and goes first
+  });
 }
 
 /// They act on a paused picture of graphs.
@@ -314,7 +317,13 @@ void AcqView::toggleFullScreen() {
 }
 
 void AcqView::toggleHelp() {
-  if (help_ == nullptr) help_ = new HelpPanel(guide_, this);
+  if (help_ == nullptr) {
+    help_ = new HelpPanel(guide_, this);
+    help_->setAttribute(Qt::WA_ShowWithoutActivating);
+    help_->setFocusPolicy(Qt::StrongFocus);
+    keys_->watch(*help_);
+  }
+  help_->setFocus();  // not a button of it: where it becomes active, too, Enter and space stay the recorder's
   help_->toggle(KeyboardHelp::page());
 }
 

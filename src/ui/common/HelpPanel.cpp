@@ -59,7 +59,7 @@ void HelpPanel::toggle(const HelpPage& page) {
   fill(page);
   place();
   show();
-  activateWindow();
+  if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
 }
 
 void HelpPanel::fill(const HelpPage& page) {

@@ -23,7 +23,8 @@ struct HelpPage {
 };
 
 /// A small panel beside a page: its keys, and the way to the guide and to what the messages mean. Nothing
-/// waits for it; Escape, here and on the page, and F1 close it, and it goes with the page.
+/// waits for it; Escape, here and on the page, and F1 close it, and it goes with the page. It takes the
+/// focus, unless it has `WA_ShowWithoutActivating`.
 class HelpPanel : public QWidget {
   Q_OBJECT
  public:

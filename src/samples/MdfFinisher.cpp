@@ -175,12 +175,13 @@ class Finisher {
   }
 
   /// A record, true, or a value, false; nothing when there is none that is whole.
+  /// A power cut may leave a file longer than what had reached the disk, and holes in what had not.
   std::optional<bool> takeOne() {
     if (end_ - at_ < idBytes_) return std::nullopt;
     const auto found = groups_.find(idAt(at_));
     if (found == groups_.end()) {
-      if (onlyZerosFrom(at_)) return std::nullopt;
-      refuse(mdf::kData.id, at_, "a record with an id of no group");
+      if (records_ == 0 && !onlyZerosFrom(at_)) refuse(mdf::kData.id, at_, "a record with an id of no group");
+      return std::nullopt;
     }
     Group& group = groupsInOrder_[found->second];
     return group.values ? takeValue(group, found->second) : takeRecord(group);
@@ -216,7 +217,6 @@ class Finisher {
     return mdf::get<std::uint64_t>(whole);
   }
 
-  /// A power cut may leave a file longer than what had reached the disk.
   bool onlyZerosFrom(std::size_t place) const {
     return file_.substr(0, end_).find_first_not_of('\0', place) == std::string_view::npos;
   }

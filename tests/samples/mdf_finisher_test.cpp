@@ -82,6 +82,12 @@ TEST(MdfFinisher, MakesOfAKilledFileWhatClosingWouldHaveMade) {
   EXPECT_TRUE(planMdfFinish(files.closed).finished);
   EXPECT_TRUE(finished(files.open + std::string(5000, '\0')) == files.closed) << "never reached the disk";
 
+  std::string holed = files.open;
+  holed.replace(holed.size() - 100, 90, 90, '\0');
+  EXPECT_GT(planMdfFinish(holed).records, 5U);
+  EXPECT_GT(planMdfFinish(holed).cutBytes, 90U);
+  EXPECT_LT(contentOf(finished(holed)).groups[0].records, contentOf(files.closed).groups[0].records);
+
   const std::size_t head = planMdfFinish(files.open).closing.data + 24;
   std::uint64_t records = 0;
   for (std::size_t size = 0; size < files.open.size(); ++size) {

@@ -78,7 +78,7 @@ class Finisher {
   explicit Finisher(std::string_view file) : file_(file) {}
 
   MdfFinish plan() {
-    if (!readIdentification()) return {.keep = file_.size(), .finished = true, .closing = {}};
+    const bool finished = readIdentification();
     const Block header(file_, mdf::kHeaderAt, mdf::kHeader);
     const Block history(file_, header.link(mdf::link::kFirstHistory), mdf::kHistory);
     const Block dataGroup(file_, header.link(mdf::link::kFirstDataGroup), mdf::kDataGroup);
@@ -89,12 +89,31 @@ class Finisher {
       refuse(mdf::kDataGroup.id, dataGroup.place(), "records have no ids of 1, 2, 4 or 8 bytes");
     readGroups(dataGroup.link(mdf::link::kFirstChannelGroup));
     const Block data(file_, dataGroup.link(mdf::link::kDataBlock), mdf::kData);
+    if (finished && header.link(mdf::link::kFirstEvent) < file_.size() && isWhole(data))
+      return {.keep = file_.size(), .finished = true, .closing = {}};
     const std::size_t keep = walk(data);
     return result(history.place(), data.place(), keep);
   }
 
  private:
-  /// False when the file is finished.
+  /// A finished file may have been cut afterwards: then its data, a block behind them, or what one of these
+  /// links to, is not there.
+  bool isWhole(const Block& data) const {
+    std::uint64_t place = data.place() + data.length();
+    while (place < file_.size()) {
+      place += (mdf::kAlignment - place % mdf::kAlignment) % mdf::kAlignment;
+      if (file_.size() - place < mdf::kBlockHead) return false;
+      const auto length = mdf::get<std::uint64_t>(file_.data() + place + 8);
+      const auto links = mdf::get<std::uint64_t>(file_.data() + place + 16);
+      if (length < mdf::kBlockHead || length > file_.size() - place || links > length / 8) return false;
+      for (std::uint64_t i = 0; i < links; ++i)
+        if (mdf::get<std::uint64_t>(file_.data() + mdf::linkPlace(place, i)) >= file_.size()) return false;
+      place += length;
+    }
+    return place == file_.size();
+  }
+
+  /// True when the file says that it is finished.
   bool readIdentification() {
     if (file_.size() < mdf::kIdentificationSize)
       refuse("the file", file_.size(), "ends in its identification");
@@ -106,7 +125,7 @@ class Finisher {
     const int known = mdf::kNoRecordCounts | mdf::kNoDataLength | mdf::kNoTextBytes;
     if ((flags_ & ~known) != 0 || mdf::get<std::uint16_t>(file_.data() + mdf::kCustomFlagsAt) != 0)
       refuse("the file", mdf::kUnfinishedFlagsAt, "flags of another maker");
-    return !finished;
+    return finished;
   }
 
   void readGroups(std::uint64_t place) {

@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "acquisition/FileNames.h"
+#include "mdf/LittleEndian.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog {
@@ -171,6 +172,13 @@ void MdfSink::cycle(const SampleCycle& cycle) {
                 [&](const MdfEvent& event) { return event.till.value_or(event.at) < cycle.keepFrom; });
 }
 
+/// Whether this is an answer of the cycle before: the times of rows have no more than milliseconds.
+bool MdfSink::isBefore(std::int64_t from, std::size_t group, std::string_view record) const {
+  if (group >= layout_.requests) return false;
+  const MdfColumn& sent = layout_.groups[group].columns[1];
+  return mdf::get<std::int64_t>(record.data() + sent.at) < from;
+}
+
 void MdfSink::recordingBegan(const SampleRecording& recording) {
   if (!ofRecordings_) return;
   close(recording_);
@@ -184,7 +192,7 @@ void MdfSink::recordingBegan(const SampleRecording& recording) {
     tellFailed(recording_->file.path() + ": " + std::to_string(lost) +
                " answers before its start are missing");
   history_.forEach([&](std::size_t group, std::int64_t at, std::string_view bytes) {
-    recording_->file.add(group, at, bytes);
+    if (!isBefore(recording.from, group, bytes)) recording_->file.add(group, at, bytes);
   });
   for (const MdfEvent& event : pastEvents_) recording_->file.note(event);
 }
@@ -209,18 +217,20 @@ void MdfSink::close(std::optional<Open>& open) {
   open.reset();
 }
 
-/// A file that cannot be finished can still be read; the file system tells why.
+/// A file that cannot be closed keeps what is in it; the file system tells why it could not.
 void MdfSink::finish(Open& open, MdfClosing closing) {
   closing.zone = setup_.clock.zoneOffset();
   closing.utcNanoseconds = setup_.clock.utcNanoseconds();
   if (setup_.quality != nullptr)
     closing.quality =
         reportOf(open.id == acquisition_ ? setup_.quality->acquisition() : setup_.quality->recording());
-  {
-    const std::unique_ptr<FileStream> stream = open.file.takeStream();
-    skipOnFailure([&] { closeMdf(*stream, closing); });
-  }
-  if (finished_ && setup_.files.fileExists(open.file.path())) finished_(open.file.path());
+  std::unique_ptr<FileStream> stream = open.file.takeStream();
+  const bool closed = skipOnFailure([&] { closeMdf(*stream, closing); });
+  stream.reset();
+  if (!closed)
+    tellFailed(open.file.path() + ": not closed, it has to be repaired");
+  else if (finished_ && setup_.files.fileExists(open.file.path()))
+    finished_(open.file.path());
 }
 
 std::uint64_t MdfSink::lostRecords() const {

@@ -72,6 +72,7 @@ class MdfSink : public SampleSink {
   };
 
   void add(std::size_t group, std::int64_t at);
+  bool isBefore(std::int64_t from, std::size_t group, std::string_view record) const;
   void note(const MdfEvent& event);
   void flush();
   MdfAbout aboutFrom(std::int64_t start, const std::vector<ferrox3::Fact>& ids) const;

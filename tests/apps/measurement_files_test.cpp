@@ -53,6 +53,8 @@ TEST_F(MeasurementFiles, AreExportedToTheSameValuesAgain) {
               exportRecord({.input = kSmall, .format = "mf4", .output = "/dev/null", .choice = {}});
             }),
             "--to mf4: needs a file to write, name one with --output FILE");
+  EXPECT_EQ(test::failureOf([&] { exported(text, "csv", {.from = 2, .till = 1, .data = {}}); }),
+            "--from is later than --till: nothing lies between them");
 }
 
 TEST_F(MeasurementFiles, AreUnderstoodAndRepairedWhereverTheyAreCut) {
@@ -62,6 +64,12 @@ TEST_F(MeasurementFiles, AreUnderstoodAndRepairedWhereverTheyAreCut) {
   EXPECT_THAT(repairRecord(kSmall), HasSubstr("whole, nothing to do"));
 
   const std::size_t data = whole.find("##DT");
+  for (const std::size_t lacking : {1U, 8U, 100U, 400U}) {
+    const std::string cut = written("cut.mf4", whole.substr(0, whole.size() - lacking));
+    EXPECT_THAT(repairRecord(cut), HasSubstr("cut.mf4: closed, ")) << lacking;
+    EXPECT_EQ(qualityOfFile(cut).missing, "") << lacking;
+    EXPECT_THAT(repairRecord(cut), HasSubstr("whole, nothing to do"));
+  }
   std::string open = whole.substr(0, data + mdf::get<std::uint64_t>(whole.data() + data + 8));
   open.replace(0, 8, "UnFinMF ").replace(60, 2, std::string("\x25\0", 2));
   int repaired = 0;

@@ -116,7 +116,7 @@ inline constexpr std::size_t kConversionValues = 6;
 inline constexpr std::size_t kConversionFirstValue = 24;
 }  // namespace at
 
-enum class TimeFlag : std::uint8_t { Local = 1, OffsetsValid = 2 };
+enum class TimeFlag : std::uint8_t { None = 0, Local = 1, OffsetsValid = 2 };
 
 inline constexpr std::uint16_t kVariableLengthGroup = 1;  ///< flag of a CG
 

@@ -1,6 +1,7 @@
 #include "records/Mf4Blocks.h"
 
 #include "platform/base/TarnError.h"
+#include "platform/text/TextEncoding.h"
 
 namespace tarnlog {
 
@@ -63,7 +64,8 @@ std::string Mf4Blocks::text(std::uint64_t place) const {
   if (place == 0) return {};
   const bool xml = place < file_.size() && id(place) == mdf::kXml.id;
   const std::string data = read(place, xml ? mdf::kXml : mdf::kText).data;
-  return data.substr(0, data.find('\0'));
+  std::string text = data.substr(0, data.find('\0'));
+  return isUtf8(text) ? text : utf8FromWindows1252(text);  // what some programs take for UTF-8
 }
 
 }  // namespace tarnlog

@@ -74,7 +74,8 @@ class LayoutReader {
     const Mf4Block header = blocks_.read(mdf::kHeaderAt, mdf::kHeader);
     readStart(header);
     readComment(header.link(mdf::link::kHeaderComment));
-    skipOnFailure([&] { readHistory(header.link(mdf::link::kFirstHistory)); });  // nothing depends on it
+    layout_.historyLacks =
+        !skipOnFailure([&] { readHistory(header.link(mdf::link::kFirstHistory)); });  // nothing depends on it
     for (std::uint64_t place = header.link(mdf::link::kFirstDataGroup); place != 0;)
       place = readDataGroup(place);
     for (Mf4DataGroup& data : layout_.dataGroups)

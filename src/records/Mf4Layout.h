@@ -49,7 +49,8 @@ struct Mf4Layout {
   std::vector<Mf4DataGroup> dataGroups;
   std::vector<RecordNote> events;  ///< in the order of their times; texts are in `eventTexts`
   std::vector<std::string> eventTexts;
-  std::string eventTrouble;  ///< why there may be more events; empty when there are not
+  bool historyLacks = false;  ///< what was noted when the file was closed cannot be read
+  std::string eventTrouble;   ///< why there may be more events; empty when there are not
 };
 
 /// Whether a file begins as an MDF file, of whatever version, does.

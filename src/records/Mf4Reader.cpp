@@ -123,6 +123,7 @@ void Mf4Reader::tellMissing(const Streams& streams) {
   if (!layout_.finished) missing_.emplace_back("the file is not closed: its recording goes on or was killed");
   if (layout_.lacking != 0)
     missing_.push_back("the file ends " + std::to_string(layout_.lacking) + " bytes before its data do");
+  if (layout_.historyLacks) missing_.emplace_back("what was noted when it was closed cannot be read");
   if (!layout_.eventTrouble.empty())
     missing_.push_back(layout_.eventTrouble + "; further events are not read");
   const Mf4DataGroup* last = nullptr;

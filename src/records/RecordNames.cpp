@@ -24,11 +24,16 @@ std::vector<std::vector<std::string>> shortNames(const RecordHead& head) {
   std::map<std::string, int> counts;
   for (const RecordGroup& group : head.groups)
     for (const RecordColumn& column : group.columns) ++counts[column.name];
+  std::map<std::string, int> given;
+  const auto name = [&](const RecordColumn& column) {
+    const std::string shortest = counts[column.name] == 1 ? column.name : fullName(column);
+    const int times = ++given[shortest];
+    return times == 1 ? shortest : shortest + " " + std::to_string(times);
+  };
   std::vector<std::vector<std::string>> names;
   for (const RecordGroup& group : head.groups) {
     std::vector<std::string>& ofGroup = names.emplace_back();
-    for (const RecordColumn& column : group.columns)
-      ofGroup.push_back(counts[column.name] == 1 ? column.name : fullName(column));
+    for (const RecordColumn& column : group.columns) ofGroup.push_back(name(column));
   }
   return names;
 }

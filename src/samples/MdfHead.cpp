@@ -22,12 +22,13 @@ std::string element(const std::string& name, std::string_view text) {
   return "<" + name + ">" + escaped(text) + "</" + name + ">";
 }
 
-Fields moment(std::int64_t utcNanoseconds, ZoneOffset zone) {
+Fields moment(std::int64_t utcNanoseconds, const std::optional<ZoneOffset>& zone) {
+  const ZoneOffset offset = zone.value_or(ZoneOffset{});
   return Fields()
       .add(static_cast<std::uint64_t>(utcNanoseconds))
-      .add(zone.zone)
-      .add(zone.summer)
-      .add(mdf::TimeFlag::OffsetsValid);
+      .add(offset.zone)
+      .add(offset.summer)
+      .add(zone ? mdf::TimeFlag::OffsetsValid : mdf::TimeFlag::None);
 }
 
 /// Writes the blocks that stand before the records; each is followed by those it links to, where it can be.
@@ -213,7 +214,7 @@ class HeadWriter {
 
 }  // namespace
 
-std::string mdfHistoryData(std::int64_t utcNanoseconds, ZoneOffset zone) {
+std::string mdfHistoryData(std::int64_t utcNanoseconds, const std::optional<ZoneOffset>& zone) {
   return moment(utcNanoseconds, zone).zeros(3).bytes();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,7 @@ inline constexpr std::string_view kMdfProgram = "tarnlog ";
 struct MdfAbout {
   std::int64_t start = 0;  ///< the file's times count from here, microseconds
   std::int64_t utcNanoseconds = 0;
-  ZoneOffset zone;
+  std::optional<ZoneOffset> zone;  ///< none: not known
   std::string programVersion;
   std::vector<ferrox3::Fact> facts;
 };
@@ -45,7 +46,7 @@ MdfHead mdfHead(const MdfLayout& layout, const MdfAbout& about);
 std::string mdfComment(const std::string& element, const std::string& text,
                        const std::vector<ferrox3::Fact>& facts, const std::string& afterText = {});
 /// The data of an FH of this moment.
-std::string mdfHistoryData(std::int64_t utcNanoseconds, ZoneOffset zone);
+std::string mdfHistoryData(std::int64_t utcNanoseconds, const std::optional<ZoneOffset>& zone);
 
 /// The whole configuration as a document.
 std::string configurationText(const oTarnParameters& parameters);

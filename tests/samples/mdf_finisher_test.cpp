@@ -139,7 +139,8 @@ TEST(MdfFinisher, ABlockWhoseFirstHalfCannotBeCutOffIsCompletedLater) {
   const auto calls = std::make_shared<TornCalls>();
   SystemFileSystem files(calls, std::chrono::hours(1));
   const MdfLayout layout = mdfLayout(std::vector<MdfGroup>{});
-  MdfFile file(files.create(folder / "a.mf4"), {}, layout, {.zone = {}, .programVersion = "1", .facts = {}});
+  MdfFile file(files.create(folder / "a.mf4"), {}, layout,
+               {.zone = ZoneOffset{}, .programVersion = "1", .facts = {}});
   MdfRecord record;
   for (const std::int64_t second : {1, 2, 3, 4}) {
     mdfMark(layout, SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt", record);
@@ -159,7 +160,7 @@ TEST(MdfFinisher, NoPowerCutWhileClosingCostsWhatWasSyncedBefore) {
   SystemFileSystem files(disk, std::chrono::hours(1));
   const MdfLayout layout = mdfLayout(std::vector<MdfGroup>{});
   MdfFile file(files.create(folder / "a.mf4"), folder / "a.mf4", layout,
-               {.zone = {}, .programVersion = "1", .facts = {}});
+               {.zone = ZoneOffset{}, .programVersion = "1", .facts = {}});
   MdfRecord record;
   for (const std::int64_t second : {1, 2}) {
     mdfMark(layout, SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt", record);

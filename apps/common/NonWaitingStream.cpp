@@ -71,6 +71,11 @@ void NonWaitingStream::wait(std::optional<std::chrono::milliseconds> longest) {
   }
 }
 
+std::size_t NonWaitingStream::linesKept() const {
+  const auto ends = static_cast<std::size_t>(std::ranges::count(kept_, '\n'));
+  return kept_.empty() || kept_.back() == '\n' ? ends : ends + 1;
+}
+
 bool NonWaitingStream::keep(std::string_view text) {
   if (kept_.size() > bound_ || text.size() > bound_ - kept_.size()) return false;
   kept_ += text;

@@ -29,6 +29,8 @@ class NonWaitingStream {
   bool offer(std::string_view lines);
   /// Writes of what is kept what can be written at once. To be called now and then.
   void flush();
+  /// Lines, or pieces of one, that are not written yet.
+  std::size_t linesKept() const;
   /// Whether all has been written.
   bool empty() const { return kept_.empty(); }
   /// Waits until all is written or the reader is gone, at most for this time, if any; not for room on a disk.

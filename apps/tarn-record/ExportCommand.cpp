@@ -1,6 +1,7 @@
 #include "apps/tarn-record/ExportCommand.h"
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <memory>
 #include <vector>
@@ -19,6 +20,13 @@
 namespace tarnlog::record {
 
 namespace {
+
+void checkTimes(const ExportChoice& choice) {
+  for (const std::optional<double>& time : {choice.from, choice.till})
+    if (time && !std::isfinite(*time)) throw BadInput("--from and --till: expected seconds");
+  if (choice.from && choice.till && *choice.from > *choice.till)
+    throw BadInput("--from is later than --till: nothing lies between them");
+}
 
 void checkNames(const std::vector<RecordHead>& recordings, const ExportOptions& options) {
   std::vector<std::string> known;
@@ -88,6 +96,7 @@ void exportMf4(const RecordFile& record, const ExportOptions& options, ExportFil
 
 std::string exportRecord(const ExportOptions& options) {
   refuseInput(options.output, options.input);
+  checkTimes(options.choice);
   const RecordFile record(options.input);
   checkNames(record.recordings(), options);
   const std::vector<RecordHead> recordings =

@@ -132,7 +132,7 @@ class Run {
     json_.emplace(*samples_);
     json_->setLossHandler([this, path](bool losing, std::uint64_t lines) {
       progress_.print("tarn-record: samples: " + path +
-                      (losing ? ": lines are left out, nobody takes them"
+                      (losing ? ": lines are left out, they are not taken"
                               : fmt::format(": {} lines were left out", lines)));
     });
   }
@@ -164,8 +164,9 @@ class Run {
   /// All files are closed now: no path may be lost because its reader is slow. The log must not keep the
   /// program from ending.
   void finishPrinting() {
-    if (samples_ && !samples_->finish())
-      progress_.print("tarn-record: samples: the last lines were not taken");
+    if (samples_)
+      if (const std::string lost = samples_->finish(); !lost.empty())
+        progress_.print("tarn-record: samples: " + lost);
     progress_.end();
     paths_.wait();
     errors_.wait(kLogPatience);

@@ -23,12 +23,21 @@ bool becomesFile(const std::string& path) {
   return kind == std::filesystem::file_type::regular || kind == std::filesystem::file_type::not_found;
 }
 
+/// Where the shell sent it; empty when that is no file. Written as a file, a full disk is noticed at once.
+std::string fileOfStandardOutput() {
+  std::error_code none;
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/fd/1", none);
+  return !none && std::filesystem::is_regular_file(path, none) ? path.string() : std::string();
+}
+
 }  // namespace
 
 /// A pipe is opened for reading, too: so nobody needs to read it yet, and who reads it may come and go.
 SamplesOutput::SamplesOutput(const std::string& given, FileSystem& files)
     : standardOutput_(isStandardOutput(outputPath(given))) {
-  if (standardOutput_) {
+  if (const std::string file = standardOutput_ ? fileOfStandardOutput() : std::string(); !file.empty()) {
+    file_ = files.openForAppending(file);
+  } else if (standardOutput_) {
     stream_.emplace(STDOUT_FILENO, kBound);
   } else if (becomesFile(given)) {
     file_ = files.openForAppending(given);
@@ -48,13 +57,15 @@ void SamplesOutput::flush() {
   if (stream_) stream_->flush();
 }
 
-bool SamplesOutput::finish() {
-  if (!stream_) return true;
+std::string SamplesOutput::finish() {
+  if (!stream_) return {};
   if (standardOutput_)
     stream_->wait();
   else
     stream_->wait(kPipePatience);
-  return stream_->empty();
+  if (const std::size_t lines = stream_->linesKept(); lines > 0)
+    return "the last " + std::to_string(lines) + " lines were not taken";
+  return {};
 }
 
 }  // namespace tarnlog::record

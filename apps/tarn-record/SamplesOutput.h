@@ -23,8 +23,8 @@ class SamplesOutput : public LineTarget {
   /// To be called now and then.
   void flush();
   /// Nothing more comes. Whoever reads standard output gets all of it, whoever reads a pipe what he takes
-  /// within a second. False when there is something left.
-  bool finish();
+  /// within a second. Tells what is left then; empty when there is nothing.
+  std::string finish();
   bool onStandardOutput() const { return standardOutput_; }
 
  private:

@@ -1,6 +1,7 @@
 #include "apps/tarn-record/SamplesOutput.h"
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -43,7 +44,7 @@ TEST(SamplesOutput, APipeIsNeverWaitedForAndGetsWholeLines) {
     output.flush();
   }
   EXPECT_TRUE(output.take("on it goes\n"));
-  EXPECT_TRUE(output.finish());
+  EXPECT_EQ(output.finish(), "");
   read += readFrom(reader);
   EXPECT_EQ(read.size(), taken * line.size() + 11);
   EXPECT_TRUE(read.ends_with("\non it goes\n"));
@@ -58,14 +59,14 @@ TEST(SamplesOutput, AFileIsAppendedToAndAFullDiskRefuses) {
     SamplesOutput output(path, files);
     EXPECT_TRUE(output.take("a\nb\n"));
     EXPECT_THROW(SamplesOutput(path, files), TarnError) << "somebody writes it already";
-    EXPECT_TRUE(output.finish());
+    EXPECT_EQ(output.finish(), "");
   }
   EXPECT_EQ(files.readAll(path), "cut off\r\na\nb\n");
   SamplesOutput full("/dev/full", files);
   const std::string many(600'000, '\n');
   EXPECT_TRUE(full.take(many));
   EXPECT_FALSE(full.take(many));
-  EXPECT_FALSE(full.finish());
+  EXPECT_THAT(full.finish(), testing::HasSubstr("were not taken"));
   EXPECT_THROW(SamplesOutput(folder.path(), files), TarnError);
 }
 

@@ -56,8 +56,8 @@ std::vector<RecordHead> withUtc(std::vector<RecordHead> recordings, const Export
   return recordings;
 }
 
-/// The output as the closing of a measurement file wants it. What cannot be written is raised again when it
-/// is synced, since who writes records of a vehicle goes on.
+/// The output as a stream. An MdfFile goes on after a write that failed, as a recording must; an export must
+/// not, so `sync` raises the failure again.
 class ExportStream : public FileStream {
  public:
   explicit ExportStream(ExportFile& file) : file_(file) {}

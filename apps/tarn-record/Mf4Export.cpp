@@ -160,7 +160,6 @@ void Mf4Export::setValue(const MdfColumn& column, const RecordValue& value) {
 void Mf4Export::note(const RecordNote& note) {
   if (!choice_.takes(note.time)) return;
   const std::int64_t at = timeOf(note.time);
-  const std::int64_t start = file_.start();
   switch (note.kind) {
     case RecordNote::Kind::Gap:
       mdfGap(layout_, at, timeOf(note.till), record_);
@@ -176,7 +175,7 @@ void Mf4Export::note(const RecordNote& note) {
     default:
       break;
   }
-  lastMark_ = std::max({lastMark_, at, start});
+  lastMark_ = std::max({lastMark_, at, file_.start()});
   const auto number = static_cast<std::int32_t>(note.number);
   mdfMark(layout_, markKind(note.kind), lastMark_, number, note.text, record_);
   file_.add(layout_.own(MdfLayout::kMarks), lastMark_, record_.bytes());

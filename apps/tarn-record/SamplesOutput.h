@@ -12,8 +12,8 @@
 
 namespace tarnlog::record {
 
-/// Where `--samples` goes: standard output ("-"), a pipe or a device, none of which is waited for, or a file,
-/// which is appended to.
+/// Where `--samples` goes: a file, which is appended to; or standard output ("-"), a pipe or a device, none
+/// of which is waited for. Standard output that the shell sent into a file is written as a file.
 class SamplesOutput : public LineTarget {
  public:
   /// Raises a TarnError when it cannot be opened. A pipe that nobody reads yet can be.

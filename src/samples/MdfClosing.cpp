@@ -128,8 +128,7 @@ void writeTail(FileStream& stream, const MdfClosing& closing) {
 }  // namespace
 
 /// Nothing may be appended before the length of the records is on the disk, or it would be read as records;
-/// no flag may say that a number is there before it is; no
-/// link may lead to what is not there yet.
+/// no flag may say that a number is there before it is; no link may lead to what is not there yet.
 void closeMdf(FileStream& stream, const MdfClosing& closing) {
   constexpr std::uint64_t kLengthAt = 8;  // in a block
   writeNumber(stream, closing.data + kLengthAt, mdf::kBlockHead + closing.dataBytes);

@@ -105,6 +105,7 @@ void MdfSink::tellFailed(const std::string& why) const {
 }
 
 void MdfSink::answer(const SampleAnswer& answer) {
+  if (!ofRecordings_ && !setup_.whole) return;
   encodeAnswer(requests_.at(answer.request), layout_.groups[answer.request], answer, record_);
   add(answer.request, answer.received);
 }

@@ -246,7 +246,7 @@ void plainLook(benchmark::State& state) {
 }
 
 /// Through so many points that are kept: all of them, then nearer and nearer, and sideways. Curves cover what
-/// those of the plain widgets do.
+/// those of the plain widgets do; all of them with a rim, or none.
 void lookBack(benchmark::State& state) {
   constexpr int kEvents = 20;
   const auto kept = static_cast<int>(state.range(0));
@@ -254,6 +254,7 @@ void lookBack(benchmark::State& state) {
   for (CWGraph* const graph : window.graphs()) {
     graph->setKept(kept);
     graph->setOwnScales(true);
+    for (int plot = 1; plot <= kCurves && state.range(1) != 0; ++plot) graph->setPlotColour(plot, Qt::yellow);
   }
   window.drive(kept - kSpeed, kept / kEvents);
   for (CWGraph* const graph : window.graphs()) {
@@ -277,7 +278,7 @@ BENCHMARK(scroll)->Arg(kSpeed)->Arg(kLong)->Unit(benchmark::kMicrosecond);
 BENCHMARK(redraw)->Arg(kSpeed)->Arg(kLong)->Unit(benchmark::kMicrosecond);
 BENCHMARK(scrollFull)->ArgsProduct({{0, 1}, {0, 1}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(plainLook)->Unit(benchmark::kMicrosecond);
-BENCHMARK(lookBack)->Arg(kFew)->Arg(kMany)->Unit(benchmark::kMicrosecond);
+BENCHMARK(lookBack)->Args({kFew, 0})->Args({kMany, 0})->Args({kMany, 1})->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
@@ -293,7 +294,8 @@ int main(int argc, char** argv) {
   goals.ratio("scroll_with_times_and_flags", "scrollFull/1/1", "scrollFull/0/1", atMost(1.15));
   goals.ratio("allocations_with_times_and_flags", "scrollFull/1/0", "scrollFull/0/0", atMost(1.01),
               "allocations");
-  goals.ratio("look_back_1000000_points", "lookBack/1000000", "plainLook", atMost(1));
-  goals.ratio("look_back_1000000_to_10000_points", "lookBack/1000000", "lookBack/10000", atMost(1.5));
+  goals.ratio("look_back_1000000_points", "lookBack/1000000/0", "plainLook", atMost(1));
+  goals.ratio("look_back_with_rims", "lookBack/1000000/1", "plainLook", atMost(1));
+  goals.ratio("look_back_1000000_to_10000_points", "lookBack/1000000/0", "lookBack/10000/0", atMost(1.5));
   return goals.run(argc, argv);
 }

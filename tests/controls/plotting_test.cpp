@@ -7,6 +7,7 @@
 
 #include "platform/plotting/Autoscale.h"
 #include "platform/plotting/AxisTicks.h"
+#include "platform/plotting/CurveDrawing.h"
 #include "platform/plotting/PlotHistory.h"
 #include "platform/plotting/TimeGrid.h"
 #include "platform/plotting/TimeLine.h"
@@ -101,6 +102,41 @@ TEST(PlotHistory, ExtremesAgreeWithAWalkWhileItGrowsAndOldPointsAreDropped) {
   EXPECT_EQ(copy.end(), 15000);
   EXPECT_EQ(copy.y(14999), (14999 * 7919 % 1009) - 500) << "a copy keeps what it had";
   EXPECT_EQ(history.extremes(0, history.end()).highest, -1);
+}
+
+/// A curve of many points a column, with a rim: in one walk, or the rim first and the curve over it.
+ScrollingCanvas rimmed(const PlotHistory& points, int pen, bool oneWalk) {
+  ScrollingCanvas canvas;
+  canvas.resize(301, 60);
+  canvas.setPen(pen);
+  canvas.setFirstColumn(40);
+  const ColumnScale columns(301, 301 * 9);
+  const PixelScale rows = PixelScale::downwards({-500, 500}, 50);
+  const TimeCurvePlace place{columns, rows, {}};
+  if (oneWalk) {
+    drawDenseTimeCurve(canvas, points, 0, place, {1, 2});
+  } else {
+    canvas.setHalo(pen);
+    drawDenseTimeCurve(canvas, points, 0, place, {2});
+    canvas.setHalo(0);
+    drawDenseTimeCurve(canvas, points, 0, place, {1});
+  }
+  return canvas;
+}
+
+TEST(CurveDrawing, ARimDrawnWithItsCurveIsThatOfTwoWalks) {
+  PlotHistory points;
+  points.setCapacity(4000);
+  // What lies on both sides of a gap has no pixels in common.
+  for (int i = 0; i < 3400; ++i)
+    points.append(0, i % 1500 < 100 ? kNaN : 300 * std::sin(i / 60.0) + i * 7919 % 200 - 100);
+  for (const int pen : {1, 2, 3}) {
+    const ScrollingCanvas one = rimmed(points, pen, true);
+    const ScrollingCanvas two = rimmed(points, pen, false);
+    for (std::int64_t column = one.firstColumn(); column < one.endColumn(); ++column)
+      for (int row = 0; row < one.height(); ++row)
+        ASSERT_EQ(one.at(column, row), two.at(column, row)) << pen << ": " << column << ", " << row;
+  }
 }
 
 TEST(TimeLine, KnowsWhenPointsCameAndWhereTheyFailedTo) {

@@ -89,7 +89,7 @@ void CWGraph::collectCurves(int rows) {
   for (const Plot& plot : plots_)
     curves_.push_back({&plot.shown(),
                        PixelScale::downwards(ownScales_ ? plot.scale.range() : y_.range(), rows),
-                       plot.painted, plot.rim});
+                       {plot.painted, plot.rim}});
   scene_.curves = curves_;
 }
 

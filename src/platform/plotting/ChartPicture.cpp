@@ -54,14 +54,8 @@ void ChartPicture::drawColumns(const Scene& scene, std::int64_t from, std::int64
   drawGrid(scene, std::max(from, canvas_.firstColumn()), to);
   const std::int64_t point = scene.columns.pointIn(from - canvas_.reach());
   for (std::size_t i = 0; i < drawn_.size(); ++i) {
-    const Curve& curve = scene.curves[i];
-    if (curve.rim != 0) {
-      canvas_.setHalo(scene.pen);
-      drawCurve(scene, curve, point, curve.rim);
-      canvas_.setHalo(0);
-    }
-    drawCurve(scene, curve, point, curve.colour);
-    drawn_[i] = curve.points->end();
+    drawCurve(scene, scene.curves[i], point);
+    drawn_[i] = scene.curves[i].points->end();
   }
   drawFlags(scene, from);
 }
@@ -83,15 +77,23 @@ void ChartPicture::layRules(std::span<const Rule> rules) {
   }
 }
 
-void ChartPicture::drawCurve(const Scene& scene, const Curve& curve, std::int64_t from,
-                             std::uint32_t colour) {
-  const TimeCurvePlace place{scene.columns, curve.rows, scene.pauses};
+void ChartPicture::drawCurve(const Scene& scene, const Curve& curve, std::int64_t from) {
+  if (!scene.xy && scene.columns.columnsPerPoint() * kPointsOfDenseColumn < 1)
+    return drawDenseTimeCurve(canvas_, *curve.points, from, {scene.columns, curve.rows, scene.pauses},
+                              curve.ink);
+  if (curve.ink.rim != 0) {
+    canvas_.setHalo(scene.pen);
+    drawLine(scene, curve, from, curve.ink.rim);
+    canvas_.setHalo(0);
+  }
+  drawLine(scene, curve, from, curve.ink.colour);
+}
+
+void ChartPicture::drawLine(const Scene& scene, const Curve& curve, std::int64_t from, std::uint32_t colour) {
   if (scene.xy)
     drawXYCurve(canvas_, *curve.points, scene.xColumns, curve.rows, colour);
-  else if (scene.columns.columnsPerPoint() * kPointsOfDenseColumn < 1)
-    drawDenseTimeCurve(canvas_, *curve.points, from, place, colour);
   else
-    drawTimeCurve(canvas_, *curve.points, from, place, colour);
+    drawTimeCurve(canvas_, *curve.points, from, {scene.columns, curve.rows, scene.pauses}, colour);
 }
 
 void ChartPicture::drawGrid(const Scene& scene, std::int64_t from, std::int64_t to) {

@@ -18,8 +18,7 @@ class ChartPicture {
   struct Curve {
     const PlotHistory* points = nullptr;
     PixelScale rows;
-    std::uint32_t colour = 0;
-    std::uint32_t rim = 0;  ///< around the curve, where its colour is hard to see; 0: none
+    CurveInk ink;  ///< with a rim where the colour is hard to see
   };
   struct Grid {
     std::uint32_t base = 0;
@@ -69,7 +68,8 @@ class ChartPicture {
  private:
   void drawNewColumns(const Scene& scene);
   void drawColumns(const Scene& scene, std::int64_t from, std::int64_t to);
-  void drawCurve(const Scene& scene, const Curve& curve, std::int64_t from, std::uint32_t colour);
+  void drawCurve(const Scene& scene, const Curve& curve, std::int64_t from);
+  void drawLine(const Scene& scene, const Curve& curve, std::int64_t from, std::uint32_t colour);
   void drawFlags(const Scene& scene, std::int64_t from);
   void drawGrid(const Scene& scene, std::int64_t from, std::int64_t to);
 

@@ -37,7 +37,7 @@ class Breaks {
 
 void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
                    const TimeCurvePlace& place, std::uint32_t colour) {
-  CurvePen pen(canvas, colour);
+  CurvePen pen(canvas, {colour});
   std::int64_t point = std::max(from - 1, points.begin());
   Breaks breaks(place.pauses, point);
   double row = 0;
@@ -66,7 +66,7 @@ void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int6
 }
 
 void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
-                        const TimeCurvePlace& place, std::uint32_t colour) {
+                        const TimeCurvePlace& place, const CurveInk& ink) {
   const ColumnScale& columns = place.columns;
   // Where a column has several blocks, a block belongs to one of them as a whole, and no value is looked at.
   const std::int64_t block = PointSeries::blockWithin(1 / columns.columnsPerPoint() / 2);
@@ -75,7 +75,7 @@ void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std:
   const auto goesOn = [&](std::int64_t point) {
     return coarse || (std::isfinite(points.y(point)) && std::isfinite(points.y(point - 1)));
   };
-  CurvePen pen(canvas, colour);
+  CurvePen pen(canvas, ink);
   const std::int64_t end = points.end();
   std::int64_t first = std::min(whole(std::max(from - 1, points.begin())), end);
   Breaks breaks(place.pauses, first);

@@ -21,9 +21,10 @@ struct TimeCurvePlace {
 /// The points of a time chart from number `from`, each with a line from the one before it.
 void drawTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
                    const TimeCurvePlace& place, std::uint32_t colour);
-/// The same for a chart that has many points in a column: at the cost of the columns.
+/// The same for a chart that has many points in a column: at the cost of the columns. The rim is drawn with
+/// it.
 void drawDenseTimeCurve(ScrollingCanvas& canvas, const PlotHistory& points, std::int64_t from,
-                        const TimeCurvePlace& place, std::uint32_t colour);
+                        const TimeCurvePlace& place, const CurveInk& ink);
 /// All points (x, y), in their order, with a dot at the newest.
 void drawXYCurve(ScrollingCanvas& canvas, const PlotHistory& points, const PixelScale& columns,
                  const PixelScale& rows, std::uint32_t colour);

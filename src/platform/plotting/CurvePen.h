@@ -17,7 +17,7 @@ namespace tarnlog {
 /// no holes and flat ones no double pixels. Columns are drawn many at a time.
 class CurvePen {
  public:
-  CurvePen(ScrollingCanvas& canvas, std::uint32_t colour) : canvas_(canvas), colour_(colour) {}
+  CurvePen(ScrollingCanvas& canvas, const CurveInk& ink) : canvas_(canvas), ink_(ink) {}
   ~CurvePen() { lift(); }
   CurvePen(const CurvePen&) = delete;
   CurvePen& operator=(const CurvePen&) = delete;
@@ -46,6 +46,7 @@ class CurvePen {
     if (!down_) return;
     finishColumn();
     flush();
+    count_ = drawn_ = 0;
     down_ = false;
   }
 
@@ -87,18 +88,31 @@ class CurvePen {
     finished_[count_++] = rows_;
   }
   void flush() {
-    canvas_.spans(first_, std::span(finished_).first(count_), colour_);
-    count_ = 0;
+    const std::span<ColumnRows> columns = std::span(finished_).first(count_);
+    if (ink_.rim == 0) {
+      canvas_.spans(first_, columns, ink_.colour);
+      count_ = 0;
+    } else {
+      canvas_.spansWithRim(first_, columns, drawn_, ink_);
+      keepLast(std::min(count_, canvas_.columnsToSpare()));
+    }
+  }
+  /// For the rim of those that follow.
+  void keepLast(std::size_t count) {
+    first_ += static_cast<std::int64_t>(count_ - count);
+    std::copy_n(finished_.begin() + static_cast<std::ptrdiff_t>(count_ - count), count, finished_.begin());
+    count_ = drawn_ = count;
   }
 
   ScrollingCanvas& canvas_;
-  std::uint32_t colour_;
+  CurveInk ink_;
   bool down_ = false;
   std::int64_t column_ = 0;
   double row_ = 0;
   ColumnRows rows_;                       ///< that are covered in the column
   std::array<ColumnRows, 128> finished_;  ///< columns from `first_` on
   std::size_t count_ = 0;
+  std::size_t drawn_ = 0;  ///< of them, kept for the rim
   std::int64_t first_ = 0;
 };
 

@@ -43,30 +43,64 @@ void ScrollingCanvas::column(std::int64_t column, std::uint32_t colour) {
   for (int y = 0, rows = height_; y < rows; ++y, pixel += stride) *pixel = colour;
 }
 
-/// A wider line takes what its neighbours take, too: since they touch, that is one stretch.
-void ScrollingCanvas::spans(std::int64_t from, std::span<const ColumnRows> columns, std::uint32_t colour) {
+/// What a wider line, with a rim of `halo` pixels, takes of each column of the stretch: what its neighbours
+/// take, too. Since they touch, that is one stretch of rows; top > bottom where it is none.
+void ScrollingCanvas::widen(std::int64_t from, std::span<const ColumnRows> columns, const Stretch& stretch,
+                            int halo, std::vector<ColumnRows>& widened) const {
   const auto count = static_cast<std::int64_t>(columns.size());
-  const std::int64_t before = pen_ - 1 + halo_;  // columns on the left of a point that it takes
-  const std::int64_t left = std::max(from - before, drawable_);
-  const std::int64_t right = std::min(from + count + halo_, endColumn());
-  if (left >= right) return;
-  widened_.clear();
-  for (std::int64_t x = left; x < right; ++x) {
-    const std::int64_t first = std::max<std::int64_t>(x - halo_ - from, 0);
-    const std::int64_t last = std::min(x + before - from, count - 1);
+  widened.clear();
+  for (std::int64_t x = stretch.from; x < stretch.to; ++x) {
+    const std::int64_t first = std::max<std::int64_t>(x - halo - from, 0);
+    const std::int64_t last = std::min(x + pen_ - 1 + halo - from, count - 1);
+    if (first > last) {
+      widened.push_back({0, -1});
+      continue;
+    }
     ColumnRows rows = columns[static_cast<std::size_t>(first)];
     for (std::int64_t i = first + 1; i <= last; ++i) {
       rows.top = std::min(rows.top, columns[static_cast<std::size_t>(i)].top);
       rows.bottom = std::max(rows.bottom, columns[static_cast<std::size_t>(i)].bottom);
     }
-    widened_.push_back(
-        {std::max(rows.top - halo_, 0), std::min(rows.bottom + pen_ - 1 + halo_, height_ - 1)});
+    widened.push_back({std::max(rows.top - halo, 0), std::min(rows.bottom + pen_ - 1 + halo, height_ - 1)});
   }
-  const int start = place(left);
-  const auto beforeSeam = static_cast<std::size_t>(std::min<std::int64_t>(right - left, width_ - start));
-  const std::span<const ColumnRows> all = widened_;
-  paintColumns(pixels_.data() + start, width_, all.first(beforeSeam), colour);
-  paintColumns(pixels_.data(), width_, all.subspan(beforeSeam), colour);
+}
+
+void ScrollingCanvas::paint(const Stretch& stretch, std::span<const ColumnRows> rows, std::uint32_t colour) {
+  const int start = place(stretch.from);
+  const auto beforeSeam = std::min(rows.size(), static_cast<std::size_t>(width_ - start));
+  paintColumns(pixels_.data() + start, width_, rows.first(beforeSeam), colour);
+  paintColumns(pixels_.data(), width_, rows.subspan(beforeSeam), colour);
+}
+
+void ScrollingCanvas::spans(std::int64_t from, std::span<const ColumnRows> columns, std::uint32_t colour) {
+  const auto count = static_cast<std::int64_t>(columns.size());
+  const Stretch stretch = shown(from - pen_ + 1 - halo_, from + count + halo_);
+  if (!stretch.any()) return;
+  widen(from, columns, stretch, halo_, widened_);
+  paint(stretch, widened_, colour);
+}
+
+void ScrollingCanvas::spansWithRim(std::int64_t from, std::span<const ColumnRows> columns, std::size_t drawn,
+                                   const CurveInk& ink) {
+  const auto count = static_cast<std::int64_t>(columns.size());
+  const std::int64_t fresh = from + static_cast<std::int64_t>(drawn);
+  const Stretch stretch = shown(fresh - 2 * pen_ + 1, from + count + pen_);
+  if (!stretch.any()) return;
+  widen(from, columns, stretch, pen_, above_);
+  widen(from, columns, stretch, 0, widened_);
+  below_ = above_;
+  for (std::size_t i = 0; i < widened_.size(); ++i) {
+    const ColumnRows& curve = widened_[i];
+    if (curve.top > curve.bottom) {
+      below_[i].bottom = -1;
+      continue;
+    }
+    above_[i].bottom = curve.top - 1;
+    below_[i].top = curve.bottom + 1;
+  }
+  paint(stretch, above_, ink.rim);
+  paint(stretch, below_, ink.rim);
+  paint(stretch, widened_, ink.colour);
 }
 
 void ScrollingCanvas::line(double x0, double y0, double x1, double y1, std::uint32_t colour) {
@@ -117,7 +151,7 @@ void ScrollingCanvas::stamp(std::int64_t column, int row, const Stamp& stamp) {
 }
 
 void ScrollingCanvas::copy(std::span<const std::uint32_t> pixels, std::uint32_t* to) {
-  for (std::size_t i = 0; overlay_ && i < pixels.size(); ++i) below_.emplace_back(to + i, to[i]);
+  for (std::size_t i = 0; overlay_ && i < pixels.size(); ++i) covered_.emplace_back(to + i, to[i]);
   std::ranges::copy(pixels, to);
 }
 
@@ -128,8 +162,8 @@ void ScrollingCanvas::beginOverlay() {
 
 void ScrollingCanvas::endOverlay() {
   overlay_ = false;
-  std::for_each(below_.rbegin(), below_.rend(), [](const auto& each) { *each.first = each.second; });
-  below_.clear();
+  std::for_each(covered_.rbegin(), covered_.rend(), [](const auto& each) { *each.first = each.second; });
+  covered_.clear();
 }
 
 void ScrollingCanvas::dot(std::int64_t column, int row, std::uint32_t colour) {

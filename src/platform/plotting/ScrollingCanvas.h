@@ -18,6 +18,12 @@ struct Stamp {
   std::span<const std::uint32_t> pixels;
 };
 
+/// The pixels of a curve, and of the rim around it; 0: none.
+struct CurveInk {
+  std::uint32_t colour = 0;
+  std::uint32_t rim = 0;
+};
+
 /// The picture of a chart, written pixel by pixel (0xffRRGGBB). Columns have numbers that never change; the
 /// canvas shows `width` of them from `firstColumn`. Scrolling moves no pixel: a column is stored at its
 /// number modulo the width, so what shows the picture draws two pieces.
@@ -30,8 +36,8 @@ class ScrollingCanvas {
   /// Width of lines in pixels, at least 1. Wider lines reach to the left and downwards of their place.
   void setPen(int pixels) { pen_ = pixels < 1 ? 1 : pixels; }
   int pen() const { return pen_; }
-  /// Pixels by which everything drawn with the pen is wider on each side: a rim behind the curve that
-  /// follows.
+  /// Pixels by which everything drawn with the pen in one colour is wider on each side: a rim behind the
+  /// curve that follows.
   void setHalo(int pixels) { halo_ = pixels; }
   /// Columns beside a point that its dot or its line's width may take.
   int reach() const { return 3 * pen_; }
@@ -60,6 +66,11 @@ class ScrollingCanvas {
   void span(std::int64_t column, int top, int bottom, std::uint32_t colour);
   /// The same for columns from `from` on, each of whose rows touch those of the next.
   void spans(std::int64_t from, std::span<const ColumnRows> columns, std::uint32_t colour);
+  /// The same with a rim as wide as the pen, each pixel written once. The first columns, `drawn` in number,
+  /// stand already, and the rim spares them. With `columnsToSpare` of them the picture is that of one call.
+  void spansWithRim(std::int64_t from, std::span<const ColumnRows> columns, std::size_t drawn,
+                    const CurveInk& ink);
+  std::size_t columnsToSpare() const { return static_cast<std::size_t>(3 * pen_ - 1); }
   /// A line between two points, ends included; the whole part of a coordinate is the pixel's number.
   void line(double x0, double y0, double x1, double y1, std::uint32_t colour);
   /// A column of which every `step`th pixel is drawn.
@@ -77,10 +88,21 @@ class ScrollingCanvas {
 
  private:
   void set(std::uint32_t* pixel, std::uint32_t colour) {
-    if (overlay_) below_.emplace_back(pixel, *pixel);
+    if (overlay_) covered_.emplace_back(pixel, *pixel);
     *pixel = colour;
   }
   void copy(std::span<const std::uint32_t> pixels, std::uint32_t* to);
+  struct Stretch {
+    std::int64_t from = 0;
+    std::int64_t to = 0;
+    bool any() const { return from < to; }
+  };
+  Stretch shown(std::int64_t from, std::int64_t to) const {
+    return {std::max(from, drawable_), std::min(to, endColumn())};
+  }
+  void widen(std::int64_t from, std::span<const ColumnRows> columns, const Stretch& stretch, int halo,
+             std::vector<ColumnRows>& widened) const;
+  void paint(const Stretch& stretch, std::span<const ColumnRows> rows, std::uint32_t colour);
   int place(std::int64_t column) const {
     const auto stored = static_cast<int>(column - first_) + seam_;
     return stored < width_ ? stored : stored - width_;
@@ -94,8 +116,11 @@ class ScrollingCanvas {
   std::int64_t first_ = 0;
   std::int64_t drawable_ = 0;  ///< first column that is not protected
   bool overlay_ = false;
-  std::vector<ColumnRows> widened_;                              ///< scratch, kept for its capacity
-  std::vector<std::pair<std::uint32_t*, std::uint32_t>> below_;  ///< the overlay, in the order of its drawing
+  std::vector<ColumnRows> widened_;  ///< scratch, as the next two
+  std::vector<ColumnRows> above_;    ///< rim over the curve
+  std::vector<ColumnRows> below_;    ///< rim under the curve
+  std::vector<std::pair<std::uint32_t*, std::uint32_t>>
+      covered_;  ///< by the overlay, in the order of its drawing
   std::vector<std::uint32_t> pixels_ = std::vector<std::uint32_t>(1);
 };
 

@@ -96,7 +96,9 @@ void MdfFile::passed(std::int64_t now, std::int64_t next) {
   if (!pending_.empty() && std::max(now, next) - firstPending_ >= kBlockSpan) flush();
 }
 
+/// Behind a cut, records would be read from the wrong byte on.
 bool MdfFile::writePending() {
+  if (cutShort()) return false;
   try {
     stream_->write(pending_.view());
     return true;
@@ -130,7 +132,7 @@ void MdfFile::note(MdfEvent event) {
 
 std::optional<MdfClosing> MdfFile::closing() {
   flush();
-  if (!headWritten_) return std::nullopt;
+  if (!headWritten_ || cutShort()) return std::nullopt;
   MdfClosing closing{.data = data_, .dataBytes = dataBytes_, .counts = {}, .events = std::move(events_)};
   closing.history = history_;
   for (std::size_t i = 0; i < layout_.groups.size(); ++i) {

@@ -37,8 +37,10 @@ class MdfFile {
   void note(MdfEvent event);
 
   /// Ends the file: it takes no records any more, and `closeMdf` with these two finishes it. Nothing when
-  /// there is no file to finish, since not even what stands before the records could be written.
+  /// there is no file to finish, since not even what stands before the records could be written, or when
+  /// another program cut it short: then nothing is where the closing would look for it.
   std::optional<MdfClosing> closing();
+  bool cutShort() const { return stream_->cutShort(); }
   std::unique_ptr<FileStream> takeStream() { return std::move(stream_); }
 
   const std::string& path() const { return path_; }

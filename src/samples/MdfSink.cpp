@@ -212,7 +212,10 @@ void MdfSink::close(std::optional<Open>& open) {
   std::optional<MdfClosing> closing = open->file.closing();
   const std::uint64_t lost = open->file.lostRecords();
   lostInClosed_ += lost;
-  if (closing) finish(*open, *std::move(closing));
+  if (closing)
+    finish(*open, *std::move(closing));
+  else if (open->file.cutShort())
+    tellFailed(open->file.path() + ": cut short by another program, not closed, it has to be repaired");
   if (lost != 0)
     tellFailed(open->file.path() + ": " + std::to_string(lost) + " answers and marks are missing");
   open.reset();

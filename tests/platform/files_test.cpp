@@ -145,14 +145,21 @@ TEST_F(Files, BelongToOneStreamAndWhatOtherProgramsDoToThemIsTold) {
     const auto cut = files.openForAppending(folder / "b.txt");
     std::filesystem::resize_file(folder / "b.txt", 12);
     cut->write("last\r\n");
+    const auto blocks = files.create(folder / "d.mf4");
+    blocks->write("0123456789");
+    EXPECT_FALSE(blocks->cutShort());
+    std::filesystem::resize_file(folder / "d.mf4", 4);
+    EXPECT_TRUE(blocks->cutShort());
   }
+  EXPECT_EQ(files.readAll(folder / "d.mf4"), "0123") << "only lines get an end";
   EXPECT_EQ(files.readAll(folder / "b.txt"), "row\r\nrow\r\nro\r\nlast\r\n")
       << "no row is glued to the cut one";
   files.replace(folder / "c.txt", "half a li");
   files.openForAppending(folder / "c.txt")->write("second\r\n");
   EXPECT_EQ(files.readAll(folder / "c.txt"), "half a li\r\nsecond\r\n");
   EXPECT_THAT(told, ElementsAre("the file was removed while it was being written",
-                                "3 bytes were cut off by another program", "closed, lost 30 of 30"));
+                                "3 bytes were cut off by another program",
+                                "6 bytes were cut off by another program", "closed, lost 30 of 30"));
 }
 
 TEST_F(Files, ReplacingKeepsLinkAndModeAndLeavesNothingBeside) {

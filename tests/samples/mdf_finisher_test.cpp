@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "MdfRig.h"
 #include "platform/files/SystemFileSystem.h"
 #include "samples/MdfFile.h"
@@ -152,6 +154,27 @@ TEST(MdfFinisher, ABlockWhoseFirstHalfCannotBeCutOffIsCompletedLater) {
   closeMdf(*file.takeStream(), closing);
   EXPECT_EQ(file.lostRecords(), 1U) << "the third; of the second, the rest came with the fourth";
   EXPECT_EQ(contentOf(files.readAll(folder / "a.mf4")).groups[0].records, 3U);
+}
+
+TEST(MdfFinisher, AFileThatAnotherProgramCutsShortIsLeftAsItIs) {
+  const TempFolder folder;
+  SystemFileSystem files;
+  const MdfLayout layout = mdfLayout(std::vector<MdfGroup>{});
+  MdfFile file(files.create(folder / "a.mf4"), {}, layout,
+               {.zone = ZoneOffset{}, .programVersion = "1", .facts = {}});
+  MdfRecord record;
+  for (const std::int64_t second : {1, 2, 3}) {
+    mdfMark(layout, SampleMark::Kind::Event, second * 1'000'000, 7, "event.txt", record);
+    file.add(layout.own(MdfLayout::kMarks), second * 1'000'000, record.bytes());
+    file.flush();
+    const std::string path = folder / "a.mf4";
+    if (second == 2) std::filesystem::resize_file(path, std::filesystem::file_size(path) - 3);
+  }
+  EXPECT_FALSE(file.closing());
+  EXPECT_EQ(file.lostRecords(), 1U) << "the third";
+  const MdfFinish repaired = planMdfFinish(files.readAll(folder / "a.mf4"));
+  EXPECT_EQ(repaired.records, 1U) << "the second is not whole";
+  EXPECT_GT(repaired.cutBytes, 0U);
 }
 
 TEST(MdfFinisher, NoPowerCutWhileClosingCostsWhatWasSyncedBefore) {

@@ -36,6 +36,9 @@ class FileStream {
   virtual std::uint64_t writesSynced() const { return 0; }
   /// What is written now gets lost.
   virtual bool failing() const = 0;
+  /// Another program took away bytes that were in the file: what is written now does not stand where it was
+  /// to be.
+  virtual bool cutShort() { return false; }
 };
 
 /// The name belongs to a file that is there already and must not be replaced, or to one that is being
@@ -66,7 +69,8 @@ class FileSystem {
   virtual std::string currentFolder() const = 0;
   /// Opens a file for appending, creating it when missing; null when the system gives no stream. The
   /// file is this stream's until it is closed: where another one writes it, in whatever process, raises
-  /// NameTaken.
+  /// NameTaken. It is one of lines: a last one that is not whole, because it was cut, ends before the next
+  /// one.
   virtual std::unique_ptr<FileStream> openForAppending(const std::string& path) = 0;
   /// Creates a file that must not exist yet; else raises NameTaken. A file that got nothing since every write
   /// failed is removed when it is closed.

@@ -45,7 +45,8 @@ SystemFileStream::SystemFileStream(std::string path, Opening opening, Tell tell,
       file_(open(path_, opening, calls)),
       tell_(std::move(tell)),
       calls_(calls),
-      syncing_(syncing) {
+      syncing_(syncing),
+      ofLines_(opening == Opening::Append) {
   takeFile(opening);
   beginSyncing();
 }
@@ -106,8 +107,10 @@ void SystemFileStream::takeFile(Opening opening) {
   if (!wasEmpty_) skipOnFailure([this] { endLastLine(); });
 }
 
-/// What a killed program or a power cut left behind may end within a line.
+/// What a killed program or a power cut left behind may end within a line. An XML record needs no such end,
+/// and a measurement file would be spoilt by it.
 void SystemFileStream::endLastLine() {
+  if (!ofLines_) return;
   const Descriptor reading(path_, O_RDONLY);
   char last = 0;
   if (::pread(reading.get(), &last, 1, size_ - 1) == 1 && last != '\n') owed_.insert(0, "\r\n");
@@ -228,6 +231,7 @@ void SystemFileStream::noteCut(std::int64_t now) {
          .path = path_,
          .why = std::to_string(size_ - now) + " bytes were cut off by another program"});
   size_ = now;
+  cutShort_ = true;
   if (now > 0) skipOnFailure([this] { endLastLine(); });
 }
 

@@ -31,6 +31,10 @@ class SystemFileStream : public FileStream {
   std::uint64_t writes() const override { return rows_; }
   std::uint64_t writesSynced() const override { return synced_ ? synced_->writesSynced() : 0; }
   bool failing() const override { return failing_; }
+  bool cutShort() override {
+    look();
+    return cutShort_;
+  }
 
  private:
   void takeFile(Opening opening);
@@ -56,7 +60,9 @@ class SystemFileStream : public FileStream {
   SyncThread& syncing_;
   SyncThread::Shared synced_;  ///< none: it is no regular file, or cannot be synced
   bool regular_ = false;
+  bool ofLines_ = false;
   bool wasEmpty_ = false;
+  bool cutShort_ = false;
   bool hasName_ = true;        ///< in a folder, when it was opened
   std::int64_t size_ = 0;      ///< that the file should have at least
   std::string owed_;           ///< the next write begins with this

@@ -120,17 +120,17 @@ int LiveRecorder::run() {
   TarnAcq& acq = window.recorder().ctlTarnAcq();
   files_.setWriteTroubleHandler([&](const WriteTrouble& trouble) {
     noteFailure(textOf(trouble));
-    window.showWriteTrouble(trouble);
+    window.recordings().writeTrouble(trouble);
   });
   Measurement& measurement = window.recorder().measurement();
   measurement.quality().setRecordingEnded([&](const std::string& path, const Quality& quality) {
     say(path + ": " + qualityText(quality));
-    window.showQuality(path, qualityText(quality));
+    window.recordings().recorded(path, qualityText(quality));
   });
   acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
     const std::string text = words::openFailureText(failure, reason);
     noteFailure(text);
-    window.showOpenFailed(text);
+    window.recordings().openFailed(text);
   });
   const auto printPath = [this](const std::string& path) {
     paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
@@ -139,7 +139,7 @@ int LiveRecorder::run() {
   measurement.files().setFinished(printPath);
   measurement.files().setFailed([&](const std::string& why) {
     noteFailure(why);
-    window.showMeasurementFailed(why);
+    window.recordings().measurementFailed(why);
   });
   QTimer printing;
   QObject::connect(&printing, &QTimer::timeout, [this] {

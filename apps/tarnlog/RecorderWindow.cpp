@@ -76,6 +76,7 @@ void RecorderWindow::createContent() {
   startHelp_ = new HelpPanel(environment_.recorder.guide, start_);
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
+  recordings_.emplace(*notices_, [this] { recorder_->openScreen("param"); });
   unfinished_.emplace(environment_.unfinished, *notices_,
                       [this] { return recorder_->ctlTarnAcq().AcqState() != TarnAcq::kIdle; });
   pages_ = new QStackedWidget;
@@ -434,39 +435,6 @@ void RecorderWindow::restorePlace() {
 void RecorderWindow::storePlace() {
   skipOnFailure(
       [&] { environment_.recorder.settings.write(kGeometry, saveGeometry().toBase64().toStdString()); });
-}
-
-/// One message a file: its end takes the place of its beginning.
-void RecorderWindow::showWriteTrouble(const WriteTrouble& trouble) {
-  const QString path = toQString(trouble.path);
-  QString text;
-  if (trouble.kind == WriteTrouble::Kind::Begun) {
-    text = tr("Rows are lost, the file cannot be written: %1: %2").arg(path, toQString(trouble.why));
-  } else if (trouble.kind == WriteTrouble::Kind::CutShort) {
-    text = tr("The file was cut short: %1: %2").arg(path, toQString(trouble.why));
-  } else if (trouble.kind == WriteTrouble::Kind::NotSynced) {
-    text = tr("A power cut may cost rows, the file could not be synced: %1: %2")
-               .arg(path, toQString(trouble.why));
-  } else {
-    text = (trouble.closed ? tr("The file was closed while it could not be written: %1: lost rows: %2")
-                           : tr("The file can be written again: %1: lost rows: %2"))
-               .arg(path, QString::number(trouble.lostInFile));
-  }
-  notices_->showNotice("write " + path, text);
-}
-
-void RecorderWindow::showOpenFailed(const std::string& text) {
-  notices_->showNotice("open", tr("Nothing is recorded: %1").arg(toQString(text)), {},
-                       {tr("Recording parameters"), [this] { recorder_->openScreen("param"); }});
-}
-
-void RecorderWindow::showMeasurementFailed(const std::string& why) {
-  notices_->showNotice("measurement", tr("Measurement data are missing: %1").arg(toQString(why)));
-}
-
-void RecorderWindow::showQuality(const std::string& path, const std::string& text) {
-  const QString name = QFileInfo(toQString(path)).fileName();
-  notices_->showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(text)));
 }
 
 /// In the middle of a request, too: during an outage there is hardly a moment outside of one.

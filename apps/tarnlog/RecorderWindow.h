@@ -9,9 +9,9 @@
 
 #include "apps/tarnlog/CarConnection.h"
 #include "apps/tarnlog/LinkChoices.h"
+#include "apps/tarnlog/RecordingNotices.h"
 #include "apps/tarnlog/UnfinishedOffer.h"
 #include "apps/tarnlog/VehicleSlot.h"
-#include "platform/files/WriteTrouble.h"
 #include "ui/main/MainEnvironment.h"
 #include "ui/main/NoticeBar.h"
 #include "ui/main/RecentFiles.h"
@@ -68,11 +68,8 @@ class RecorderWindow : public QMainWindow {
 
   /// Ends an acquisition in order, then closes without a question; open ones are cancelled.
   void endAndClose();
-  void showWriteTrouble(const WriteTrouble& trouble);
-  void showOpenFailed(const std::string& text);
-  void showMeasurementFailed(const std::string& why);
-  /// How well the newest recording went.
-  void showQuality(const std::string& path, const std::string& text);
+  /// What is told of recordings.
+  RecordingNotices& recordings() { return *recordings_; }
 
   TarnMain& recorder() { return *recorder_; }
 
@@ -136,6 +133,7 @@ class RecorderWindow : public QMainWindow {
   QAction* folderPerVehicle_ = nullptr;
   TarnMain* recorder_ = nullptr;
   std::unique_ptr<VehicleSlot> slot_;
+  std::optional<RecordingNotices> recordings_;
   std::optional<UnfinishedOffer> unfinished_;
 };
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <functional>
+#include <string>
+
+#include "platform/files/WriteTrouble.h"
+
+namespace tarnlog {
+
+class NoticeBar;
+
+/// What the window tells of recordings in its bar: files that cannot be written, and how well it went.
+class RecordingNotices {
+  Q_DECLARE_TR_FUNCTIONS(RecordingNotices)
+
+ public:
+  /// `openParameters` shows where files go.
+  RecordingNotices(NoticeBar& bar, std::function<void()> openParameters);
+
+  void writeTrouble(const WriteTrouble& trouble);
+  void openFailed(const std::string& why);
+  void measurementFailed(const std::string& why);
+  /// How well the newest recording went.
+  void recorded(const std::string& path, const std::string& quality);
+
+ private:
+  NoticeBar& bar_;
+  std::function<void()> openParameters_;
+};
+
+}  // namespace tarnlog

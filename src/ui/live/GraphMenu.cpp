@@ -80,11 +80,12 @@ void GraphMenu::addScales(GraphChoices& choices, const std::function<void()>& ch
   QMenu* const which = addMenu(tr("&Axis of"));
   for (int plot = 1; plot <= block_.shown().plotCount(); ++plot) {
     const bool checked = block_.shown().chosenScale() == plot;
-    curves->addAction(addChoice(*which, toQString(block_.description(plot).name), "axis", checked,
-                                [&choices, changed, name, plot](bool) {
-                                  choices.setAxis(name, plot);
-                                  changed();
-                                }));
+    QString curve = toQString(block_.description(plot).name);
+    curves->addAction(
+        addChoice(*which, curve.replace('&', "&&"), "axis", checked, [&choices, changed, name, plot](bool) {
+          choices.setAxis(name, plot);
+          changed();
+        }));
   }
 }
 

@@ -15,8 +15,7 @@ bool LevelTrigger::evaluate() {
   skipOnFailure([&] { value = ferrox3::numericValue(data_->value()); });
   if (std::isnan(value)) return false;
   const double before = std::exchange(previous_, value);
-  return (edge_ == 1 && value >= level_ && before < level_) ||
-         (edge_ == -1 && value <= level_ && before > level_);
+  return crossing_.crosses(before, value);
 }
 
 }  // namespace tarnlog

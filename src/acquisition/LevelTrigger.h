@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "config/LevelCrossing.h"
 #include "platform/ferrox3/Session.h"
 
 namespace tarnlog {
@@ -13,7 +14,7 @@ class LevelTrigger {
   /// Edge 1 = rising, -1 = falling, anything else never fires. The first evaluation cannot fire: the memory
   /// starts on the far side of the level. `data` null never fires.
   LevelTrigger(const ferrox3::DataItem* data, std::int32_t edge, double level)
-      : data_(data), edge_(edge), level_(level), previous_(edge + level) {}
+      : data_(data), crossing_{edge, level}, previous_(edge + level) {}
 
   explicit operator bool() const { return data_ != nullptr; }
   /// A value that is not a number, or cannot be read, does not fire and is not remembered: the crossing is
@@ -22,8 +23,7 @@ class LevelTrigger {
 
  private:
   const ferrox3::DataItem* data_ = nullptr;
-  std::int32_t edge_ = 0;
-  double level_ = 0;
+  LevelCrossing crossing_;
   double previous_ = 0;
 };
 

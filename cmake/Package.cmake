@@ -26,15 +26,15 @@ function(tarnlog_package_headers base)
   endforeach()
 endfunction()
 
-tarnlog_package_part(Core tarnlog_samples tarnlog_records)
-tarnlog_package_headers(src/ mdf catalogue config records display acquisition samples)
+tarnlog_package_part(Core tarnlog_exports)
+tarnlog_package_headers(src/ mdf catalogue config records display acquisition samples exports)
 tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platform/screen platform/settings
                         platform/text platform/time platform/xml)
 tarnlog_package_part(Vehicle tarnlog_vehicle)
 tarnlog_package_headers("" host)
 if(TARNLOG_UI)
   tarnlog_package_part(Ui tarnlog_ui_main tarnlog_controls)
-  tarnlog_package_headers(src/ platform/controls platform/plotting ui/main)
+  tarnlog_package_headers(src/ platform/controls platform/plotting ui/common ui/main)
 endif()
 
 configure_package_config_file(cmake/Tarnlog2001Config.cmake.in ${PROJECT_BINARY_DIR}/Tarnlog2001Config.cmake

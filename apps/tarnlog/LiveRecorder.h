@@ -13,8 +13,8 @@
 #include "platform/files/SystemFileSystem.h"
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
+#include "ui/common/Dialogs.h"
 #include "ui/common/QtTimer.h"
-#include "ui/main/Dialogs.h"
 
 namespace tarnlog {
 

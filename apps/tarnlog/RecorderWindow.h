@@ -12,8 +12,8 @@
 #include "apps/tarnlog/RecordingNotices.h"
 #include "apps/tarnlog/UnfinishedOffer.h"
 #include "apps/tarnlog/VehicleSlot.h"
+#include "ui/common/NoticeBar.h"
 #include "ui/main/MainEnvironment.h"
-#include "ui/main/NoticeBar.h"
 #include "ui/main/RecentFiles.h"
 
 class QAction;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui/common/Convert.h"
-#include "ui/main/NoticeBar.h"
+#include "ui/common/NoticeBar.h"
 
 namespace tarnlog {
 

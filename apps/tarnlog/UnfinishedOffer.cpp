@@ -7,7 +7,7 @@
 #include "platform/base/TarnError.h"
 #include "ui/common/BusyPointer.h"
 #include "ui/common/Convert.h"
-#include "ui/main/NoticeBar.h"
+#include "ui/common/NoticeBar.h"
 
 namespace tarnlog {
 

@@ -28,7 +28,7 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/support/ScriptedPeer.h"
 #include "tests/support/TempFolder.h"
-#include "ui/main/NoticeBar.h"
+#include "ui/common/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 
 namespace tarnlog {

@@ -26,8 +26,8 @@
 #include "tests/apps/WindowRig.h"
 #include "tests/scenarios/Scenario.h"
 #include "ui/common/Convert.h"
+#include "ui/common/NoticeBar.h"
 #include "ui/live/ReadingBox.h"
-#include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 
 namespace tarnlog {

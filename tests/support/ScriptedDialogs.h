@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ui/common/Convert.h"
-#include "ui/main/Dialogs.h"
+#include "ui/common/Dialogs.h"
 
 namespace tarnlog::test {
 

@@ -2,10 +2,10 @@
 
 #include <QTreeView>
 
+#include "catalogue/RowFilter.h"
 #include "platform/controls/PaintPacer.h"
 #include "ui/acquisition/ListActions.h"
 #include "ui/acquisition/ListChoices.h"
-#include "ui/acquisition/RowFilter.h"
 
 namespace tarnlog {
 

@@ -10,8 +10,8 @@
 #include "platform/text/UserLocale.h"
 #include "platform/time/Clock.h"
 #include "platform/time/Timer.h"
+#include "ui/common/Dialogs.h"
 #include "ui/common/Guide.h"
-#include "ui/main/Dialogs.h"
 #include "ui/main/EndQuestion.h"
 
 namespace tarnlog {

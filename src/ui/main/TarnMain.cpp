@@ -20,11 +20,11 @@
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
 #include "ui/common/HelpPanel.h"
+#include "ui/common/NoticeBar.h"
 #include "ui/common/QtTimer.h"
 #include "ui/common/WheelGuard.h"
 #include "ui/main/LogView.h"
 #include "ui/main/MainEnvironment.h"
-#include "ui/main/NoticeBar.h"
 #include "ui/main/RecordingGuard.h"
 #include "ui/main/Tarn2001.h"
 

@@ -9,10 +9,10 @@
 #include <QVBoxLayout>
 
 #include "ui/common/Convert.h"
+#include "ui/common/FilterBox.h"
+#include "ui/common/HintedTreeView.h"
 #include "ui/common/Icons.h"
 #include "ui/select/CatalogueModel.h"
-#include "ui/select/FilterBox.h"
-#include "ui/select/HintedTreeView.h"
 #include "ui/select/TreeExpansion.h"
 
 namespace tarnlog {

@@ -10,9 +10,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/common/FilterBox.h"
+#include "ui/common/HintedTreeView.h"
 #include "ui/common/Icons.h"
-#include "ui/select/FilterBox.h"
-#include "ui/select/HintedTreeView.h"
 #include "ui/select/ListColumns.h"
 #include "ui/select/SelectedDataModel.h"
 

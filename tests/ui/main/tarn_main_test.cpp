@@ -15,11 +15,11 @@
 #include "tests/support/ScriptedDialogs.h"
 #include "tests/support/ScriptedSession.h"
 #include "tests/support/WidgetText.h"
+#include "ui/common/NoticeBar.h"
 #include "ui/init/TarnInit.h"
 #include "ui/main/EndQuestion.h"
 #include "ui/main/LogView.h"
 #include "ui/main/MainEnvironment.h"
-#include "ui/main/NoticeBar.h"
 #include "ui/main/Tarn2001.h"
 #include "ui/main/WhenIdle.h"
 

@@ -1,4 +1,4 @@
-#include "ui/main/Dialogs.h"
+#include "ui/common/Dialogs.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

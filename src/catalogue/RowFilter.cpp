@@ -1,4 +1,4 @@
-#include "ui/acquisition/RowFilter.h"
+#include "catalogue/RowFilter.h"
 
 #include <algorithm>
 #include <sstream>

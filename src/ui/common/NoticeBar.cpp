@@ -1,4 +1,4 @@
-#include "ui/main/NoticeBar.h"
+#include "ui/common/NoticeBar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "ui/select/HintedTreeView.h"
+#include "ui/common/HintedTreeView.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include "ui/select/FilterBox.h"
+#include "ui/common/FilterBox.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>

@@ -2,16 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
-#include <memory>
 #include <vector>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/NearestName.h"
-#include "apps/tarn-record/ExportFile.h"
-#include "apps/tarn-record/Mf4Export.h"
 #include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/RecordFile.h"
+#include "exports/ExportFile.h"
+#include "exports/Mf4Writing.h"
 #include "platform/time/SystemClock.h"
 #include "records/CsvExport.h"
 #include "records/JsonExport.h"
@@ -56,40 +54,10 @@ std::vector<RecordHead> withUtc(std::vector<RecordHead> recordings, const Export
   return recordings;
 }
 
-/// The output as a stream. An MdfFile goes on after a write that failed, as a recording must; an export must
-/// not, so `sync` raises the failure again.
-class ExportStream : public FileStream {
- public:
-  explicit ExportStream(ExportFile& file) : file_(file) {}
-  void write(std::string_view bytes) override {
-    try {
-      file_.write(bytes);
-    } catch (...) {
-      failure_ = std::current_exception();
-      throw;
-    }
-  }
-  void writeOrOwe(std::string_view bytes) override {
-    skipOnFailure([&] { write(bytes); });
-  }
-  void writeAt(std::uint64_t offset, std::string_view bytes) override { file_.overwrite(offset, bytes); }
-  void sync() override {
-    if (failure_) std::rethrow_exception(failure_);
-  }
-  bool failing() const override { return failure_ != nullptr; }
-
- private:
-  ExportFile& file_;
-  std::exception_ptr failure_;
-};
-
 void exportMf4(const RecordFile& record, const ExportOptions& options, ExportFile& output) {
   if (!output.replaces()) throw BadInput("--to mf4: needs a file to write, name one with --output FILE");
-  Mf4Survey survey(record.recordings(), options.choice);
-  record.read(survey);
-  Mf4Export mf4(record.recordings(), options.choice, survey, std::make_unique<ExportStream>(output));
-  record.read(mf4);
-  mf4.finish();
+  writeMf4(
+      record.recordings(), [&](RecordConsumer& consumer) { record.read(consumer); }, options.choice, output);
 }
 
 }  // namespace

@@ -4,18 +4,15 @@
 #include <system_error>
 
 #include "apps/common/BadInput.h"
+#include "exports/ExportFile.h"
 
 namespace tarnlog::record {
 
-namespace {
+std::string outputPath(const std::string& given) {
+  return given == "-" ? ExportFile::kStandardOutput : given;
+}
 
-constexpr const char* kStandardOutput = "/dev/stdout";
-
-}  // namespace
-
-std::string outputPath(const std::string& given) { return given == "-" ? kStandardOutput : given; }
-
-bool isStandardOutput(const std::string& path) { return path == kStandardOutput; }
+bool isStandardOutput(const std::string& path) { return path == ExportFile::kStandardOutput; }
 
 void refuseInput(const std::string& output, const std::string& input) {
   std::error_code none;

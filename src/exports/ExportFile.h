@@ -7,12 +7,14 @@
 
 #include "platform/files/Descriptor.h"
 
-namespace tarnlog::record {
+namespace tarnlog {
 
-/// What a command writes piece by piece: a file beside its place that is renamed when it is whole, so that
+/// What is written piece by piece: a file beside its place that is renamed when it is whole, so that
 /// one that is there stays until then. Standard output, a device or a pipe gets the pieces as they come.
 class ExportFile {
  public:
+  static constexpr const char* kStandardOutput = "/dev/stdout";
+
   explicit ExportFile(const std::string& path);
   ~ExportFile();
   ExportFile(const ExportFile&) = delete;
@@ -32,4 +34,4 @@ class ExportFile {
   std::unique_ptr<Descriptor> file_;  ///< none: standard output
 };
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

@@ -10,7 +10,7 @@
 #include "samples/MdfFile.h"
 #include "samples/MdfRecord.h"
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 /// What has to be known of a record before a measurement file can be made of it: which columns hold texts,
 /// and how long before its zero it begins.
@@ -80,4 +80,4 @@ class Mf4Export : public RecordConsumer {
   std::int64_t lastMark_;
 };
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

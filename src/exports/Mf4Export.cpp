@@ -1,4 +1,4 @@
-#include "apps/tarn-record/Mf4Export.h"
+#include "exports/Mf4Export.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 #include "platform/time/SystemClock.h"
 #include "records/RecordNames.h"
 
-namespace tarnlog::record {
+namespace tarnlog {
 
 namespace {
 
@@ -189,4 +189,4 @@ void Mf4Export::finish() {
   closeMdf(*stream, *closing);
 }
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

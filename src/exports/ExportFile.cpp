@@ -1,4 +1,4 @@
-#include "apps/tarn-record/ExportFile.h"
+#include "exports/ExportFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -8,9 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "apps/tarn-record/OutputFile.h"
-
-namespace tarnlog::record {
+namespace tarnlog {
 
 namespace {
 
@@ -33,7 +31,7 @@ bool isReplaceable(const std::string& path) {
 
 ExportFile::ExportFile(const std::string& path) : path_(path) {
   // Opened a second time, a file that it is redirected to would be written from its beginning.
-  if (isStandardOutput(path)) return;
+  if (path == kStandardOutput) return;
   if (!isReplaceable(path)) {
     file_ = std::make_unique<Descriptor>(path_, O_WRONLY);
     return;
@@ -63,4 +61,4 @@ void ExportFile::finish() {
   beside_.clear();
 }
 
-}  // namespace tarnlog::record
+}  // namespace tarnlog

@@ -91,35 +91,53 @@ Mf4Reader::Streams Mf4Reader::openStreams() const {
 }
 
 void Mf4Reader::read(RecordConsumer& consumer) {
-  missing_.clear();
-  Streams streams = openStreams();
+  streams_ = openStreams();
   consumer.recording(0);
-  merge(streams, consumer);
-  tellMissing(streams);
+  merge(consumer);
+  tellMissing();
 }
 
-void Mf4Reader::merge(Streams& streams, RecordConsumer& consumer) const {
+bool Mf4Reader::readOn(RecordConsumer& consumer) {
+  const Mf4Layout now = readLayout(file_);
+  const bool goesOn =
+      !now.finished && layout_.events.empty() && now.events.empty() &&
+      std::equal(now.dataGroups.begin(), now.dataGroups.end(), layout_.dataGroups.begin(),
+                 layout_.dataGroups.end(), [](const Mf4DataGroup& a, const Mf4DataGroup& b) {
+                   return a.from == b.from && a.till >= b.till && a.groups.size() == b.groups.size();
+                 });
+  if (!goesOn) return false;
+  layout_.lacking = now.lacking;
+  for (std::size_t i = 0; i < now.dataGroups.size(); ++i) layout_.dataGroups[i].till = now.dataGroups[i].till;
+  for (const auto& stream : streams_) stream->goOn();
+  consumer.recording(0);
+  merge(consumer);
+  tellMissing();
+  return true;
+}
+
+void Mf4Reader::merge(RecordConsumer& consumer) const {
   auto event = layout_.events.begin();
   const auto tellEventsUpTo = [&](double time) {
     for (; event != layout_.events.end() && event->time <= time; ++event) consumer.note(*event);
   };
   const auto isLater = [&](std::size_t a, std::size_t b) {
-    return std::pair(streams[a]->row().time, a) > std::pair(streams[b]->row().time, b);
+    return std::pair(streams_[a]->row().time, a) > std::pair(streams_[b]->row().time, b);
   };
   std::priority_queue<std::size_t, std::vector<std::size_t>, decltype(isLater)> oldest(isLater);
-  for (std::size_t i = 0; i < streams.size(); ++i)
-    if (streams[i]->next()) oldest.push(i);
+  for (std::size_t i = 0; i < streams_.size(); ++i)
+    if (streams_[i]->next()) oldest.push(i);
   while (!oldest.empty()) {
     const std::size_t first = oldest.top();
     oldest.pop();
-    tellEventsUpTo(streams[first]->row().time);
-    tell(streams[first]->row(), consumer);
-    if (streams[first]->next()) oldest.push(first);
+    tellEventsUpTo(streams_[first]->row().time);
+    tell(streams_[first]->row(), consumer);
+    if (streams_[first]->next()) oldest.push(first);
   }
   tellEventsUpTo(std::numeric_limits<double>::infinity());
 }
 
-void Mf4Reader::tellMissing(const Streams& streams) {
+void Mf4Reader::tellMissing() {
+  missing_.clear();
   if (!layout_.finished) missing_.emplace_back("the file is not closed: its recording goes on or was killed");
   if (layout_.lacking != 0)
     missing_.push_back("the file ends " + std::to_string(layout_.lacking) + " bytes before its data do");
@@ -127,7 +145,7 @@ void Mf4Reader::tellMissing(const Streams& streams) {
   if (!layout_.eventTrouble.empty())
     missing_.push_back(layout_.eventTrouble + "; further events are not read");
   const Mf4DataGroup* last = nullptr;
-  for (const auto& stream : streams)
+  for (const auto& stream : streams_)
     if (std::exchange(last, &stream->data()) != &stream->data()) tellDamage(stream->rows(), stream->data());
 }
 

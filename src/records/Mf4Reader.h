@@ -20,17 +20,21 @@ class Mf4Reader : public RecordReader {
   ~Mf4Reader() override;
   /// In the order of the times, whatever the order in the file.
   void read(RecordConsumer& consumer) override;
+  /// In the order of the times among themselves, while the file is written; not when it has been finished.
+  bool readOn(RecordConsumer& consumer) override;
+  bool isOpenEnded() const override { return !layout_.finished; }
 
  private:
   using Streams = std::vector<std::unique_ptr<Mf4Stream>>;
 
   Streams openStreams() const;
-  void merge(Streams& streams, RecordConsumer& consumer) const;
-  void tellMissing(const Streams& streams);
+  void merge(RecordConsumer& consumer) const;
+  void tellMissing();
   void tellDamage(const Mf4Rows& rows, const Mf4DataGroup& data);
 
   const ReadableFile& file_;
   Mf4Layout layout_;
+  Streams streams_;  ///< of what has been read
 };
 
 }  // namespace tarnlog

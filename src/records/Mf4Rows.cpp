@@ -66,6 +66,16 @@ std::nullptr_t Mf4Rows::end() {
   return nullptr;
 }
 
+void Mf4Rows::goOn() {
+  if (damage_.foreignAt != 0) {
+    place_ = data_.till;
+    return;
+  }
+  if (damage_.cutBytes != 0) place_ = damage_.cutAt;
+  damage_.cutAt = damage_.cutBytes = 0;
+  blockSize_ = 0;
+}
+
 /// Goes to the next record of samples or notes; what is of variable length on the way is kept.
 const Mf4Group* Mf4Rows::nextRecord() {
   while (place_ < data_.till) {

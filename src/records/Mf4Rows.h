@@ -61,6 +61,9 @@ class Mf4Rows {
   /// The same, but of the row only its group and time.
   bool nextTime(Mf4Row& row);
 
+  /// The data group has more of them now.
+  void goOn();
+
   const Mf4Damage& damage() const { return damage_; }
   /// Records that were read, by position of the group; those without a time too.
   const std::vector<std::uint64_t>& counts() const { return counts_; }

@@ -21,6 +21,11 @@ class Mf4Stream {
 
   /// False behind the last one.
   bool next();
+  /// The data group has more records now; some may be older than those that came.
+  void goOn() {
+    ended_ = false;
+    rows_.goOn();
+  }
   /// The record gone to, until the next one.
   Mf4Row& row() { return *current_; }
   const Mf4Row& row() const { return *current_; }

@@ -44,12 +44,15 @@ struct RecordGroup {
 
 /// Name of the fact that tells how well the recording went, as it was counted meanwhile.
 inline constexpr char kQualityFact[] = "quality";
+/// Name of the fact that holds the configuration as a document.
+inline constexpr char kConfigurationFact[] = "configuration";
 
 struct RecordHead {
   std::optional<std::int64_t> utcNanoseconds;  ///< of the zero, since 1970
   std::optional<LocalDateTime> local;          ///< of the zero, to the second, where UTC is not known
   std::vector<std::pair<std::string, std::string>> facts;  ///< name and text: vehicle, VIN, comment, ...
   std::vector<RecordGroup> groups;
+  std::string configuration;  ///< the document that it was made with, where the file itself is one
 };
 
 struct RecordValue {
@@ -97,8 +100,13 @@ class RecordReader {
   const std::vector<RecordHead>& recordings() const { return recordings_; }
   /// Everything that is whole. Raises a TarnError when the file cannot be read on.
   virtual void read(RecordConsumer& consumer) = 0;
+  /// After `read`, when the file has grown: what it holds now behind all that was told; `missing` is of the
+  /// whole file. False when that cannot be told so: a new reader reads all of it then.
+  virtual bool readOn(RecordConsumer& /*consumer*/) { return false; }
   /// After `read`: what the file lacks and what was passed over, a sentence for each matter.
   const std::vector<std::string>& missing() const { return missing_; }
+  /// After `read`: the file has no end yet, so more may be written to it.
+  virtual bool isOpenEnded() const { return false; }
 
  protected:
   std::vector<RecordHead> recordings_;

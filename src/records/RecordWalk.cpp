@@ -49,7 +49,11 @@ class Window {
   explicit Window(const ReadBlock& read) : read_(read) {}
 
   std::string_view rest() const { return std::string_view(bytes_).substr(at_); }
-  void skip(std::size_t count) { at_ += count; }
+  void skip(std::size_t count) {
+    at_ += count;
+    passed_ += count;
+  }
+  std::uint64_t passed() const { return passed_; }
 
   /// False at the end.
   bool more() {
@@ -66,6 +70,7 @@ class Window {
   std::string block_ = std::string(kBlock, '\0');
   std::string bytes_;
   std::size_t at_ = 0;
+  std::uint64_t passed_ = 0;
 };
 
 /// Markup at the beginning of what is left: `cut` when another one, or the end, comes before its end.
@@ -97,6 +102,9 @@ class Walk {
     const std::string_view markup = window_.rest().substr(0, found.length);
     found.cut ? takeCut(markup) : takeMarkup(markup);
     window_.skip(found.length);
+    if (names_.size() != 1 || !piece_.empty()) return;
+    faults_.wholeBytes = window_.passed();
+    faults_.wholeDropped = faults_.droppedBytes;
   }
 
   Markup findMarkup() {

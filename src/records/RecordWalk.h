@@ -22,6 +22,8 @@ struct RecordFaults {
   std::uint64_t cutRows = 0;    ///< unfinished rows in the middle of the file; their whole cells are kept
   std::uint64_t addedEnds = 0;  ///< end tags that were missing and were inserted
   std::uint64_t droppedBytes = 0;
+  std::uint64_t wholeBytes = 0;    ///< up to behind the last whole child of the root; 0: there is none
+  std::uint64_t wholeDropped = 0;  ///< `droppedBytes` up to there
 
   bool whole() const { return closed && cutRows == 0 && addedEnds == 0 && droppedBytes == 0; }
 };

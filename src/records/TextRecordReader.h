@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/TextArena.h"
-#include "records/LineReader.h"
 #include "records/Record.h"
 
 namespace tarnlog {
@@ -14,9 +12,6 @@ namespace tarnlog {
 /// hold several recordings, one after another, each with a header of its own.
 class TextRecordReader : public RecordReader {
  public:
-  /// How such a file begins.
-  static constexpr std::string_view kBeginning = "time\tevent";
-
   /// Looks for the headers. Raises NotARecord when the first one is not whole.
   TextRecordReader(const ReadableFile& file, const std::string& name);
   void read(RecordConsumer& consumer) override;
@@ -28,24 +23,14 @@ class TextRecordReader : public RecordReader {
     std::uint64_t till = 0;
     char separator = '.';
   };
-  /// Rows that were passed over.
-  struct Damage {
-    std::uint64_t rows = 0;
-    std::uint64_t first = 0;  ///< its place
-  };
 
   std::vector<std::uint64_t> headerPlaces() const;
   void addPart(std::uint64_t header, std::uint64_t till, const std::string& name);
-  char separatorOf(const Part& part) const;
   void readPart(std::size_t position, RecordConsumer& consumer);
-  bool readRow(LineReader& line, char separator, RecordConsumer& consumer);
-  void tellMark(std::string_view cell, double time, RecordConsumer& consumer);
 
   const ReadableFile& file_;
   std::vector<Part> parts_;
   std::vector<std::string> cutHeaders_;
-  std::vector<RecordValue> values_;  ///< of one row
-  TextArena texts_;                  ///< of one row, where they are not as in the file
 };
 
 }  // namespace tarnlog

@@ -13,15 +13,20 @@ namespace tarnlog {
 
 namespace {
 
-/// Reads a file from its beginning, until it is told to stop.
+constexpr std::string_view kRootStart = "<Tarnlog2000>";
+
+/// Reads a file from its beginning, or as a document of what stands behind one of its rows, until it is told
+/// to stop.
 class BlockFeed {
  public:
-  explicit BlockFeed(const ReadableFile& file) : file_(file) {}
+  explicit BlockFeed(const ReadableFile& file, std::uint64_t place = 0)
+      : file_(file), place_(place), start_(place == 0 ? std::string_view() : kRootStart) {}
   void stop() { stopped_ = true; }
 
   ReadBlock reader() {
     return [this](char* block, std::size_t size) -> std::size_t {
       if (stopped_) return 0;
+      if (!start_.empty()) return std::exchange(start_, {}).copy(block, size);
       const std::size_t count = file_.readAt(place_, block, size);
       place_ += count;
       return count;
@@ -30,7 +35,8 @@ class BlockFeed {
 
  private:
   const ReadableFile& file_;
-  std::uint64_t place_ = 0;
+  std::uint64_t place_;
+  std::string_view start_;
   bool stopped_ = false;
 };
 
@@ -123,33 +129,50 @@ void XmlRecordReader::readHead(const std::string& name) {
     for (std::size_t i = 0; i < head.columns; ++i) group.columns[i].name = "C" + std::to_string(i + 1);
   }
   separator_ = head.vote.separator();
+  separatorKnown_ = head.decided;
   RecordHead& recording = recordings_.emplace_back();
   recording.local = beginningOf(document, name);
   recording.facts.emplace_back("comment", document.selectSingleNode("head/Parameters/Comment").text());
   recording.groups.push_back(std::move(group));
+  recording.configuration = "<Tarnlog2000>" + head.elements + "</Tarnlog2000>";
 }
 
 void XmlRecordReader::read(RecordConsumer& consumer) {
-  missing_.clear();
-  if (!unnamed_.empty()) missing_.push_back(unnamed_);
   values_.assign(recordings_.front().groups.front().columns.size(), {});
+  place_ = bad_ = cut_ = dropped_ = 0;
+  readFrom(0, consumer);
+}
+
+bool XmlRecordReader::readOn(RecordConsumer& consumer) {
+  if (!separatorKnown_ || place_ == 0) return false;
+  readFrom(place_, consumer);
+  return true;
+}
+
+void XmlRecordReader::readFrom(std::uint64_t place, RecordConsumer& consumer) {
   consumer.recording(0);
-  BlockFeed feed(file_);
-  std::uint64_t bad = 0;
+  BlockFeed feed(file_, place);
   const RecordFaults faults = walkRecord(feed.reader(), [&](std::string_view piece) {
-    if (XmlRow::isRow(piece) && !readRow(piece, consumer)) ++bad;
+    if (XmlRow::isRow(piece) && !readRow(piece, consumer)) ++bad_;
   });
-  if (bad != 0)
-    missing_.push_back(counted(bad, "row") + " passed over: without a time, or with foreign cells");
+  openEnded_ = !faults.closed;
+  cut_ += faults.cutRows;
   tellFaults(faults);
+  if (faults.wholeBytes > kRootStart.size())
+    place_ = place + faults.wholeBytes - (place == 0 ? 0 : kRootStart.size());
+  dropped_ += faults.wholeDropped;
 }
 
 void XmlRecordReader::tellFaults(const RecordFaults& faults) {
+  missing_.clear();
+  if (!unnamed_.empty()) missing_.push_back(unnamed_);
+  if (bad_ != 0)
+    missing_.push_back(counted(bad_, "row") + " passed over: without a time, or with foreign cells");
   if (!faults.closed) missing_.emplace_back("the file is not closed: its recording goes on or was killed");
-  if (faults.cutRows != 0)
-    missing_.push_back(counted(faults.cutRows, "row") + " cut, the whole cells are read");
-  if (faults.droppedBytes != 0)
-    missing_.push_back(counted(faults.droppedBytes, "byte") + " of what is not finished passed over");
+  if (cut_ != 0) missing_.push_back(counted(cut_, "row") + " cut, the whole cells are read");
+  if (dropped_ + faults.droppedBytes != 0)
+    missing_.push_back(counted(dropped_ + faults.droppedBytes, "byte") +
+                       " of what is not finished passed over");
 }
 
 bool XmlRecordReader::readRow(std::string_view piece, RecordConsumer& consumer) {

@@ -11,8 +11,8 @@
 // The fuzzers, each under its own name.
 extern "C" {
 using Fuzzer = int(const std::uint8_t*, std::size_t);
-Fuzzer configuration_fuzzer, elm_fuzzer, mf4_fuzzer, odx_fuzzer, record_fuzzer, repair_fuzzer, texts_fuzzer,
-    vehicle_fuzzer, wire_fuzzer;
+Fuzzer configuration_fuzzer, elm_fuzzer, mf4_fuzzer, odx_fuzzer, record_fuzzer, repair_fuzzer, table_fuzzer,
+    texts_fuzzer, vehicle_fuzzer, wire_fuzzer;
 }
 
 namespace {
@@ -25,6 +25,7 @@ TEST(Seeds, PassTheFuzzersChecks) {
                                      {"odx_fuzzer", &odx_fuzzer},
                                      {"record_fuzzer", &record_fuzzer},
                                      {"repair_fuzzer", &repair_fuzzer},
+                                     {"table_fuzzer", &table_fuzzer},
                                      {"texts_fuzzer", &texts_fuzzer},
                                      {"vehicle_fuzzer", &vehicle_fuzzer},
                                      {"wire_fuzzer", &wire_fuzzer}}) {

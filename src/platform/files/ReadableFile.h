@@ -26,6 +26,11 @@ class SystemReadableFile : public ReadableFile {
   std::uint64_t size() const override { return size_; }
   std::size_t readAt(std::uint64_t place, char* to, std::size_t most) const override;
 
+ protected:
+  const std::string& path() const { return path_; }
+  int descriptor() const { return file_.get(); }
+  void setSize(std::uint64_t size) { size_ = size; }
+
  private:
   std::string path_;
   Descriptor file_;

@@ -1,0 +1,349 @@
+#include "records/ForeignTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <chrono>
+#include <cmath>
+#include <map>
+#include <utility>
+
+#include "platform/base/TextArena.h"
+#include "platform/text/TextEncoding.h"
+#include "records/ForeignCells.h"
+#include "records/LineReader.h"
+#include "records/RecordCell.h"
+#include "records/RecordWalk.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr std::size_t kSample = 256 * 1024;
+constexpr std::size_t kLines = 100;  ///< of them
+constexpr double kDay = 86400;       ///< seconds
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kSeparators = "\t;|, ";  ///< the likeliest first
+
+using Lines = std::vector<std::vector<std::string>>;
+
+NotARecord noTable(const std::string& why) {
+  return {1, "ForeignTable", why + ", expected a text file with a line for each row and columns of numbers"};
+}
+
+std::string beginningOf(const ReadableFile& file) {
+  std::string text(kSample, '\0');
+  text.resize(file.readAt(0, text.data(), text.size()));
+  return text;
+}
+
+std::uint64_t behindMark(const ReadableFile& file) {
+  std::array<char, kUtf8Mark.size()> bytes{};
+  const std::size_t count = file.readAt(0, bytes.data(), bytes.size());
+  return std::string_view(bytes.data(), count) == kUtf8Mark ? kUtf8Mark.size() : 0;
+}
+
+void checkText(std::string_view text) {
+  if (text.empty()) throw noTable("the file is empty");
+  if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+    throw noTable("the text is UTF-16; save it as UTF-8");
+  const bool binary = std::any_of(text.begin(), text.end(), [](char c) {
+    return static_cast<unsigned char>(c) < ' ' &&
+           std::string_view("\t\r\n\f\v\x1A").find(c) == std::string_view::npos;
+  });
+  if (binary) throw noTable("the file holds bytes that are no text");
+  const std::size_t first = text.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
+  if (first == text.npos || text[first] == '<' || text[first] == '{') throw noTable("this is no table");
+}
+
+/// Characters that are cut off at the end of the sample say nothing.
+bool looksLikeUtf8(std::string_view text) {
+  return isUtf8(text.substr(0, text.rfind('\n') == text.npos ? text.size() : text.rfind('\n')));
+}
+
+bool isNumber(std::string_view cell) { return foreignNumber(cell, '.') || foreignNumber(cell, ','); }
+bool isValue(std::string_view cell) { return isNumber(cell) || foreignMoment(cell); }
+
+/// How many cells most lines have, and how many lines have so many.
+struct Layout {
+  std::size_t columns = 0;
+  std::size_t lines = 0;
+};
+
+Layout layoutOf(const Lines& lines) {
+  std::map<std::size_t, std::size_t> counts;
+  for (const auto& line : lines) ++counts[line.size()];
+  Layout best;
+  for (const auto& [columns, count] : counts)
+    if (columns > 1 && count >= best.lines) best = {columns, count};
+  return best;
+}
+
+/// A row has as many cells as most lines, and a number or a time. The first one of several is looked for, as
+/// headers may have numbers, too.
+std::size_t headerLinesOf(const Lines& lines, std::size_t columns) {
+  constexpr std::ptrdiff_t kSeveral = 3;
+  const auto isRow = [&](const std::vector<std::string>& line) {
+    return line.size() == columns && std::any_of(line.begin(), line.end(), isValue);
+  };
+  for (auto line = lines.begin(); line != lines.end(); ++line) {
+    const auto some = line + std::min(kSeveral, lines.end() - line);
+    if (isRow(*line) && 2 * std::count_if(line, some, isRow) > some - line)
+      return static_cast<std::size_t>(line - lines.begin());
+  }
+  throw noTable("no column has numbers");
+}
+
+char decimalOf(const Lines& lines, const ForeignTableChoice& choice) {
+  SeparatorVote vote;
+  for (std::size_t i = choice.headerLines; i < lines.size(); ++i)
+    for (const std::string& cell : lines[i]) vote.addCell(cell);
+  return choice.separator == ',' ? '.' : vote.separator();
+}
+
+/// By column; empty where there are none.
+std::vector<ForeignHeading> headingsOf(const Lines& lines, std::size_t headerLines, std::size_t columns) {
+  std::vector<ForeignHeading> headings(columns);
+  const auto isHeading = [&](std::size_t line) {
+    return line < lines.size() && lines[line].size() == columns;
+  };
+  if (headerLines == 0 || !isHeading(headerLines - 1)) return headings;
+  const bool hasUnits =
+      headerLines > 1 && isHeading(headerLines - 2) &&
+      std::any_of(lines[headerLines - 1].begin(), lines[headerLines - 1].end(), [](const std::string& cell) {
+        return cell.empty() || cell.front() == '[' || cell.front() == '(' || secondsOf(cell);
+      });
+  for (std::size_t i = 0; i < columns; ++i) {
+    headings[i] = foreignHeading(lines[headerLines - (hasUnits ? 2 : 1)][i]);
+    if (!hasUnits) continue;
+    std::string unit = lines[headerLines - 1][i];
+    if (unit.size() > 1 && (unit.front() == '[' || unit.front() == '('))
+      unit = unit.substr(1, unit.size() - 2);
+    headings[i].unit = unit;
+  }
+  return headings;
+}
+
+bool isCalledTime(std::string name) {
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return name == "t" || name.starts_with("time") || name.starts_with("zeit") || name.starts_with("temps") ||
+         name.starts_with("date") || name.ends_with("time") || name.ends_with("timestamp");
+}
+
+/// Clock times begin again at midnight.
+bool isMidnight(double before, double time) {
+  return time < kDay && before < kDay && before - time > kDay / 2;
+}
+
+/// Whether all rows have a time there that does not go back; and goes on, where its name does not tell.
+bool isTime(const Lines& lines, const ForeignTableChoice& choice, std::size_t column, bool named) {
+  std::optional<double> before;
+  for (std::size_t i = choice.headerLines; i < lines.size(); ++i) {
+    if (column >= lines[i].size()) continue;
+    const auto time = foreignTime(lines[i][column], choice);
+    if (!time || (before && !named && *time <= *before)) return false;
+    if (before && *time < *before && !isMidnight(*before, *time)) return false;
+    before = time;
+  }
+  return before.has_value();
+}
+
+std::optional<std::size_t> timeColumnOf(const Lines& lines, const ForeignTableChoice& choice,
+                                        const std::vector<ForeignHeading>& headings) {
+  for (const bool named : {true, false})
+    for (std::size_t i = 0; i < headings.size(); ++i)
+      if ((!named || isCalledTime(headings[i].name)) && isTime(lines, choice, i, named)) return i;
+  return std::nullopt;
+}
+
+constexpr double kLongAgo = 1e8;  ///< seconds since 1970, of 1973
+
+/// By the heading; else a number of this size is no drive in seconds, but a moment since 1970.
+double timeUnitOf(const Lines& lines, const ForeignTableChoice& choice,
+                  const std::vector<ForeignHeading>& headings) {
+  if (!choice.timeColumn) return 1;
+  if (const auto unit = secondsOf(headings[*choice.timeColumn].unit)) return *unit;
+  const auto first =
+      choice.headerLines < lines.size() && *choice.timeColumn < lines[choice.headerLines].size()
+          ? foreignNumber(lines[choice.headerLines][*choice.timeColumn], choice.decimal)
+          : std::nullopt;
+  if (!first) return 1;
+  for (const double unit : {1e-9, 1e-6, 1e-3})
+    if (*first * unit > kLongAgo * 10) return unit;
+  return 1;
+}
+
+}  // namespace
+
+std::vector<std::vector<std::string>> foreignLines(const ReadableFile& file,
+                                                   const ForeignTableChoice& choice) {
+  Lines lines;
+  ForeignCells cells(choice.separator);
+  for (LineReader line(file, behindMark(file), std::min<std::uint64_t>(file.size(), kSample));
+       lines.size() < kLines && line.next();) {
+    if (!line.whole() && line.nextPlace() < file.size() && !lines.empty()) break;
+    std::vector<std::string>& to = lines.emplace_back();
+    for (const std::span<char> cell : cells.split(line.begin(), line.end()))
+      to.push_back(choice.utf8 ? std::string(view(cell)) : utf8FromWindows1252(view(cell)));
+  }
+  return lines;
+}
+
+ForeignTablePreview lookAtForeignTable(const ReadableFile& file) {
+  const std::string text = beginningOf(file);
+  checkText(text);
+  ForeignTablePreview best;
+  Layout layout;
+  for (const char separator : kSeparators) {
+    ForeignTableChoice choice;
+    choice.separator = separator;
+    choice.utf8 = looksLikeUtf8(text);
+    Lines lines = foreignLines(file, choice);
+    const Layout found = layoutOf(lines);
+    if (found.lines <= layout.lines) continue;
+    layout = found;
+    best = {choice, std::move(lines)};
+  }
+  if (layout.columns == 0) throw noTable("the lines have no columns");
+  ForeignTableChoice& choice = best.choice;
+  choice.headerLines = headerLinesOf(best.lines, layout.columns);
+  choice.decimal = decimalOf(best.lines, choice);
+  const auto headings = headingsOf(best.lines, choice.headerLines, layout.columns);
+  choice.timeColumn = timeColumnOf(best.lines, choice, headings);
+  choice.timeUnit = timeUnitOf(best.lines, choice, headings);
+  return best;
+}
+
+std::optional<double> foreignTime(std::string_view cell, const ForeignTableChoice& choice) {
+  if (const auto number = foreignNumber(cell, choice.decimal)) return *number * choice.timeUnit;
+  if (const auto moment = foreignMoment(cell)) return moment->seconds;
+  return std::nullopt;
+}
+
+namespace {
+
+LocalDateTime civil(double seconds) {
+  using namespace std::chrono;
+  const sys_seconds time{std::chrono::seconds(static_cast<std::int64_t>(seconds))};
+  const sys_days day = floor<days>(time);
+  const year_month_day date(day);
+  const hh_mm_ss clock(time - day);
+  return {static_cast<int>(date.year()),
+          static_cast<int>(static_cast<unsigned>(date.month())),
+          static_cast<int>(static_cast<unsigned>(date.day())),
+          static_cast<int>(clock.hours().count()),
+          static_cast<int>(clock.minutes().count()),
+          static_cast<int>(clock.seconds().count())};
+}
+
+class ForeignTableReader : public RecordReader {
+ public:
+  ForeignTableReader(const ReadableFile& file, const ForeignTableChoice& choice)
+      : file_(file), choice_(choice) {
+    const Lines lines = foreignLines(file, choice);
+    const Layout layout = layoutOf(lines);
+    if (layout.columns == 0 && !lines.empty()) columns_ = lines.back().size();
+    columns_ = std::max(columns_, layout.columns);
+    if (columns_ == 0 || (choice.timeColumn && *choice.timeColumn >= columns_))
+      throw noTable("there is no such time column");
+    makeHead(headingsOf(lines, choice.headerLines, columns_));
+    if (choice.headerLines < lines.size()) findZero(lines[choice.headerLines]);
+    values_.resize(recordings_.front().groups.front().columns.size());
+  }
+
+  void read(RecordConsumer& consumer) override {
+    missing_.clear();
+    consumer.recording(0);
+    ForeignCells cells(choice_.separator);
+    std::size_t number = 0;
+    for (LineReader line(file_, behindMark(file_), file_.size()); line.next();)
+      if (++number > choice_.headerLines && line.begin() != line.end()) {
+        if (!readRow(cells.split(line.begin(), line.end()), consumer) && damaged_++ == 0)
+          firstDamaged_ = number;
+      }
+    if (damaged_ != 0)
+      missing_.push_back("line " + std::to_string(firstDamaged_) + ": " + std::to_string(damaged_) +
+                         (damaged_ == 1 ? " row" : " rows, this the first,") + " passed over: expected " +
+                         (choice_.timeColumn ? "a time and " : "") + "at most " + std::to_string(columns_) +
+                         " cells");
+  }
+
+ private:
+  void makeHead(const std::vector<ForeignHeading>& headings) {
+    RecordHead& head = recordings_.emplace_back();
+    RecordGroup& group = head.groups.emplace_back();
+    for (std::size_t i = 0; i < columns_; ++i) {
+      if (i == choice_.timeColumn) continue;
+      RecordColumn& column = group.columns.emplace_back();
+      column.name = headings[i].name.empty() ? "C" + std::to_string(i + 1) : headings[i].name;
+      column.unit = headings[i].unit;
+    }
+  }
+
+  void findZero(const std::vector<std::string>& row) {
+    if (!choice_.timeColumn || *choice_.timeColumn >= row.size()) return;
+    const std::string& cell = row[*choice_.timeColumn];
+    const auto first = foreignTime(cell, choice_);
+    const auto moment = foreignMoment(cell);
+    if (!first || (!moment && *first < kLongAgo)) return;
+    zero_ = *first;
+    if (moment && moment->hasDate) recordings_.front().local = civil(std::floor(zero_));
+    if (!moment && zero_ < kLongAgo * 90)
+      recordings_.front().utcNanoseconds = static_cast<std::int64_t>(zero_ * 1e9);
+  }
+
+  bool readRow(std::span<const std::span<char>> cells, RecordConsumer& consumer) {
+    if (cells.size() > columns_) return false;
+    const auto time = timeOf(cells);
+    if (!time) return false;
+    texts_.clear();
+    std::fill(values_.begin(), values_.end(), RecordValue());
+    for (std::size_t i = 0; i < cells.size(); ++i)
+      if (i != choice_.timeColumn)
+        values_[i - (choice_.timeColumn && i > *choice_.timeColumn ? 1 : 0)] = valueOf(cells[i]);
+    consumer.row({0, *time, {}, values_, {}, {}});
+    ++rows_;
+    return true;
+  }
+
+  std::optional<double> timeOf(std::span<const std::span<char>> cells) {
+    if (!choice_.timeColumn) return static_cast<double>(rows_);
+    if (*choice_.timeColumn >= cells.size()) return std::nullopt;
+    auto time = foreignTime(view(cells[*choice_.timeColumn]), choice_);
+    if (!time) return std::nullopt;
+    *time -= zero_;
+    if (zero_ > 0 && zero_ < kDay && *time + days_ * kDay < newest_ - kDay / 2) ++days_;
+    return newest_ = *time + days_ * kDay;
+  }
+
+  RecordValue valueOf(std::span<char> cell) {
+    RecordValue value = cellValue(cell.data(), cell.data() + cell.size(), choice_.decimal);
+    if (value.kind != RecordValue::Kind::Text) return value;
+    if (const auto number = foreignNumber(value.text, choice_.decimal))
+      return {RecordValue::Kind::Number, *number, {}};
+    if (value.text == "nan" || value.text == "NaN" || value.text == "NAN") return {};
+    if (!choice_.utf8 || !isUtf8(value.text)) value.text = texts_.copy(utf8FromWindows1252(value.text));
+    return value;
+  }
+
+  const ReadableFile& file_;
+  ForeignTableChoice choice_;
+  std::size_t columns_ = 0;
+  double zero_ = 0;  ///< of its times: the first one, where they are moments
+  double days_ = 0;  ///< that clock times have gone past midnight
+  double newest_ = 0;
+  std::uint64_t rows_ = 0;
+  std::uint64_t damaged_ = 0;
+  std::size_t firstDamaged_ = 0;
+  std::vector<RecordValue> values_;
+  TextArena texts_;
+};
+
+}  // namespace
+
+std::unique_ptr<RecordReader> openForeignTable(const ReadableFile& file, const ForeignTableChoice& choice) {
+  return std::make_unique<ForeignTableReader>(file, choice);
+}
+
+}  // namespace tarnlog

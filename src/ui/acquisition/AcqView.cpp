@@ -25,12 +25,12 @@
 #include "ui/acquisition/KeyboardHelp.h"
 #include "ui/acquisition/ListFilter.h"
 #include "ui/acquisition/LogList.h"
+#include "ui/acquisition/RecordLabel.h"
 #include "ui/acquisition/TabStrip.h"
 #include "ui/acquisition/UserWords.h"
 #include "ui/acquisition/ValueListModel.h"
 #include "ui/acquisition/ValueListView.h"
 #include "ui/common/Convert.h"
-#include "ui/common/ElidedLabel.h"
 #include "ui/live/ScrolledGraphs.h"
 
 namespace tarnlog {
@@ -75,7 +75,7 @@ void AcqView::makeStatusBar() {
   statusBar_ = new QStatusBar(this);
   statusBar_->setObjectName("StatusBar1");
   statusBar_->setSizeGripEnabled(false);
-  recordPanel_ = new ElidedLabel(statusBar_);
+  recordPanel_ = new RecordLabel(statusBar_);
   recordPanel_->setObjectName("Record");
   acqTimePanel_ = new QLabel(statusBar_);
   acqTimePanel_->setObjectName("AcqTime");
@@ -360,7 +360,13 @@ void AcqView::addMark(const std::optional<RecordingMarks::Mark>& mark) {
 }
 
 void AcqView::setRecordPath(std::string_view path) {
-  recordPanel_->setText(path.empty() ? inUsersWords(words::kNoRecordFile) : toQString(path));
+  path.empty() ? recordPanel_->setNotice(inUsersWords(words::kNoRecordFile))
+               : recordPanel_->setPath(toQString(path));
+}
+
+void AcqView::setLookAtRecord(std::function<void(const std::string& path)> lookAt) {
+  if (!lookAt) return;
+  recordPanel_->setLookAt([lookAt = std::move(lookAt)](const QString& path) { lookAt(fromQString(path)); });
 }
 
 void AcqView::setElapsed(std::int64_t milliseconds) {
@@ -379,9 +385,9 @@ void AcqView::setEventProgress(EventProgress progress) {
 }
 
 void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
-  recordPanel_->setText(failure == OpenFailure::NoStream
-                            ? inUsersWords(words::kNotCreated)
-                            : inUsersWords(words::kOpenError) + toQString(reason));
+  recordPanel_->setNotice(failure == OpenFailure::NoStream
+                              ? inUsersWords(words::kNotCreated)
+                              : inUsersWords(words::kOpenError) + toQString(reason));
 }
 
 void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing); }

@@ -3,8 +3,10 @@
 #include <QTimer>
 #include <QWidget>
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "acquisition/AcqScreen.h"
@@ -21,10 +23,10 @@ namespace tarnlog {
 class AcqCorner;
 class AcqHeader;
 class ConnectionWatch;
-class ElidedLabel;
 class HelpPanel;
 class HotKeys;
 class ListFilter;
+class RecordLabel;
 class ScrolledGraphs;
 class SettingsStore;
 class TabStrip;
@@ -53,6 +55,8 @@ class AcqView : public QWidget, public AcqScreen {
 
   /// For the help, before it is shown first.
   void setGuide(const Guide& guide) { guide_ = guide; }
+  /// A click on a record file's path calls this with it.
+  void setLookAtRecord(std::function<void(const std::string& path)> lookAt);
   void toggleHelp();
 
   QSize sizeHint() const override;
@@ -119,7 +123,7 @@ class AcqView : public QWidget, public AcqScreen {
 
   std::unique_ptr<AcqHeader> header_;
   QStatusBar* statusBar_ = nullptr;
-  ElidedLabel* recordPanel_ = nullptr;
+  RecordLabel* recordPanel_ = nullptr;
   QLabel* acqTimePanel_ = nullptr;
   TabStrip* tabs_ = nullptr;
   ValueListModel* values_ = nullptr;

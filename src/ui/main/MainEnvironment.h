@@ -37,6 +37,8 @@ struct MainEnvironment {
   std::vector<SampleSink*> sinks{};
   /// Of the program, told in measurement files.
   std::string programVersion{};
+  /// Shows a record file to the user, who clicked on its path; without it, a path is just a text.
+  std::function<void(const std::string& path)> lookAtRecord{};
 };
 
 }  // namespace tarnlog

@@ -120,6 +120,7 @@ void TarnMain::createAcquisition(const MainEnvironment& environment) {
   acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
                       environment.stylesheetUrl, std::move(sinks)},
                      &environment.settings, this);
+  acq_->setLookAtRecord(environment.lookAtRecord);
   measurement_->quality().setRowsSynced([this] { return acq_->acq().recordRows().synced; });
 }
 

@@ -8,11 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "bench/support/BigRecord.h"
 #include "bench/support/Goals.h"
-#include "bench/support/RowTexts.h"
-#include "platform/files/SystemFileSystem.h"
 #include "records/CsvExport.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -22,38 +20,8 @@ constexpr std::size_t kRows = 1000000;
 constexpr std::size_t kColumns = 50;
 constexpr std::size_t kBlock = 256 * 1024;
 
-/// The record, written once.
-class BigRecord {
- public:
-  BigRecord() {
-    SystemFileSystem files;
-    const auto stream = files.create(path());
-    const bench::RowTexts texts(kColumns);
-    std::string out =
-        line("time\tevent", "Engine") + line("16/11/26\t", "Status") + line("19:05:08\t", "Speed(km/h)");
-    for (std::size_t row = 0; row < kRows; ++row) {
-      appendSeconds2(out, static_cast<std::int64_t>(row) * 100, '.');
-      out += "\t\"\"";
-      for (const std::string& cell : texts.row(row)) out.append("\t").append(cell);
-      out += "\r\n";
-      if (out.size() < kBlock && row + 1 < kRows) continue;
-      stream->write(out);
-      out.clear();
-    }
-  }
-  std::string path() const { return folder_ / "16-11-26_19h05mn08.txt"; }
-
- private:
-  static std::string line(std::string start, const std::string& cell) {
-    for (std::size_t i = 0; i < kColumns; ++i) start.append("\t\"").append(cell).append("\"");
-    return start + "\r\n";
-  }
-
-  test::TempFolder folder_;
-};
-
-const BigRecord& bigRecord() {
-  static const BigRecord made;
+const bench::BigRecord& bigRecord() {
+  static const bench::BigRecord made(kColumns, kRows);
   return made;
 }
 

@@ -1,7 +1,7 @@
 # What other projects get from `cmake --install BUILD --component library`: find_package(Tarnlog2001) with
 #   Tarnlog2001::Core     the recorder, without Qt
 #   Tarnlog2001::Vehicle  vehicles from descriptions, for hosts without a protocol library of their own
-#   Tarnlog2001::Ui       the control TarnMain and the measurement controls, on Qt 6
+#   Tarnlog2001::Ui       the controls TarnMain and TarnReview and the measurement controls, on Qt 6
 
 include(CMakePackageConfigHelpers)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Tarnlog2001)
@@ -33,8 +33,8 @@ tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platf
 tarnlog_package_part(Vehicle tarnlog_vehicle)
 tarnlog_package_headers("" host)
 if(TARNLOG_UI)
-  tarnlog_package_part(Ui tarnlog_ui_main tarnlog_controls)
-  tarnlog_package_headers(src/ platform/controls platform/plotting ui/common ui/main)
+  tarnlog_package_part(Ui tarnlog_ui_main tarnlog_ui_review tarnlog_controls)
+  tarnlog_package_headers(src/ platform/controls platform/plotting ui/common ui/main ui/review)
 endif()
 
 configure_package_config_file(cmake/Tarnlog2001Config.cmake.in ${PROJECT_BINARY_DIR}/Tarnlog2001Config.cmake

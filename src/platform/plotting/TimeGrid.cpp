@@ -43,13 +43,6 @@ constexpr std::int64_t kSteps[] = {1,
 
 constexpr double kNearlyFits = 0.05;  ///< of the span
 
-/// The shortest step of which at most so many go into the span; infinite when it is longer than all.
-double stepFor(double span, int atMost) {
-  for (const std::int64_t step : kSteps)
-    if (span / static_cast<double>(step) <= atMost) return static_cast<double>(step);
-  return std::numeric_limits<double>::infinity();
-}
-
 /// Minutes or seconds behind something larger.
 std::string twoDigits(std::int64_t part) { return (part < 10 ? ":0" : ":") + std::to_string(part); }
 
@@ -63,6 +56,12 @@ std::string fraction(std::int64_t milliseconds, char decimalSeparator) {
 
 }  // namespace
 
+double timeStep(double span, int atMost) {
+  for (const std::int64_t step : kSteps)
+    if (span / static_cast<double>(step) <= atMost) return static_cast<double>(step);
+  return std::numeric_limits<double>::infinity();
+}
+
 std::span<const TimeGridLine> TimeGrid::lines(const TimeLine& times, double first, double last, int atMost) {
   lines_.clear();
   const std::int64_t newest = times.end() - 1;
@@ -71,8 +70,8 @@ std::span<const TimeGridLine> TimeGrid::lines(const TimeLine& times, double firs
   if (oldest > latest || atMost < 1 || !(times.usualStep() > 0)) return {};
   const double now = times.momentOf(newest);
   const double span = times.momentOf(latest) - times.momentOf(oldest);
-  step_ =
-      std::clamp(step_, stepFor(span * (1 - kNearlyFits), atMost), stepFor(span * (1 + kNearlyFits), atMost));
+  step_ = std::clamp(step_, timeStep(span * (1 - kNearlyFits), atMost),
+                     timeStep(span * (1 + kNearlyFits), atMost));
   const double least = std::max(std::ceil((now - times.momentOf(latest)) / step_), 1.0) * step_;
   const double most = now - times.momentOf(oldest);
   for (double ago = least; ago <= most; ago += step_)

@@ -28,6 +28,10 @@ class TimeGrid {
   std::vector<TimeGridLine> lines_;
 };
 
+/// The shortest step, in milliseconds, of which at most so many go into the span; infinite when it is longer
+/// than a day for each.
+double timeStep(double span, int atMost);
+
 /// "0.5 s", "10 s", "1 min", "1:30 min", "2 h", "2:30 h"; where seconds are not 0, as "1:00:45.3 h".
 std::string durationText(double milliseconds, char decimalSeparator);
 

@@ -1,5 +1,6 @@
 #include "ui/common/HintedTreeView.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 
 namespace tarnlog {
@@ -7,6 +8,14 @@ namespace tarnlog {
 void HintedTreeView::setHint(const QString& hint) {
   hint_ = hint;
   viewport()->update();
+}
+
+/// Whoever let go of the button meanwhile drags nothing any more.
+void HintedTreeView::startDrag(Qt::DropActions actions) {
+  if (!dragRule_) return QTreeView::startDrag(actions);
+  dragRule_([this, actions] {
+    if ((QGuiApplication::mouseButtons() & Qt::LeftButton) != 0) QTreeView::startDrag(actions);
+  });
 }
 
 void HintedTreeView::paintEvent(QPaintEvent* event) {

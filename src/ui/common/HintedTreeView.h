@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QTreeView>
+#include <functional>
 
 namespace tarnlog {
 
@@ -11,12 +12,16 @@ class HintedTreeView : public QTreeView {
  public:
   using QTreeView::QTreeView;
   void setHint(const QString& hint);
+  /// Begins drags at a moment that this rule chooses: a drag runs a loop of its own.
+  void setDragRule(std::function<void(std::function<void()> drag)> rule) { dragRule_ = std::move(rule); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void startDrag(Qt::DropActions actions) override;
 
  private:
   QString hint_;
+  std::function<void(std::function<void()> drag)> dragRule_;
 };
 
 }  // namespace tarnlog

@@ -29,6 +29,7 @@ class NoticeBar : public QFrame {
   /// Empty when there is none.
   QString notice(const QString& subject) const;
   QStringList details(const QString& subject) const;
+  QStringList subjects() const { return notices_.keys(); }
 
  private:
   class Notice;

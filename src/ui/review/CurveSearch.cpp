@@ -1,0 +1,61 @@
+#include "ui/review/CurveSearch.h"
+
+namespace tarnlog {
+
+const ReviewCurve* CurveSearch::curve() const {
+  const auto& chosen = scene_.chosen();
+  if (!chosen || chosen->graph >= scene_.graphs().size()) return nullptr;
+  const std::vector<ReviewCurve>& curves = scene_.graphs()[chosen->graph].curves;
+  return chosen->curve < curves.size() ? &curves[chosen->curve] : nullptr;
+}
+
+bool CurveSearch::possible(What what) const {
+  const ReviewCurve* const chosen = curve();
+  return chosen != nullptr && (what == What::Change || !columns_.of(*chosen).isEnumeration());
+}
+
+/// The readout; where it is not set, the edge of what is seen.
+double CurveSearch::start(bool back) const {
+  if (const auto readout = scene_.cursor(ReviewCursor::Readout)) return *readout;
+  return back ? scene_.span().till : scene_.span().from;
+}
+
+CurveSearch::Answer CurveSearch::find(What what, double level, bool back) const {
+  const ReviewCurve* const chosen = curve();
+  if (chosen == nullptr) return {};
+  const TableGroup& group = columns_.groupOf(*chosen);
+  const TableColumn& column = columns_.of(*chosen);
+  Answer answer;
+  if (const auto found = row(*chosen, what, level, back)) {
+    answer.time = group.times[*found] + scene_.offset(chosen->place);
+    answer.number = column.numbers[*found];
+  } else if (group.rows() != 0) {
+    answer.figures = figuresOf(group, column, {group.times[0], group.times[group.rows() - 1]});
+  }
+  return answer;
+}
+
+/// A row that is as old as the readout is the one that was found before.
+std::optional<std::int64_t> CurveSearch::row(const ReviewCurve& chosen, What what, double level,
+                                             bool back) const {
+  const TableGroup& group = columns_.groupOf(chosen);
+  const TableColumn& column = columns_.of(chosen);
+  const double offset = scene_.offset(chosen.place);
+  const double from = start(back) - offset;
+  const std::int64_t before = group.firstFrom(from);
+  const std::int64_t after = group.rowAt(from).value_or(-1);
+  const LevelCrossing crossing{what == What::Rising ? 1 : -1, level};
+  switch (what) {
+    case What::Rising:
+    case What::Falling:
+      return back ? previousCrossing(column, crossing, before) : nextCrossing(column, crossing, after);
+    case What::Change:
+      return back ? previousChange(column, before) : nextChange(column, after);
+    case What::LargestStep:
+      break;
+  }
+  const TimeSpan span = scene_.measured();
+  return largestStep(group, column, {span.from - offset, span.till - offset});
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,94 @@
+#include "ui/review/FigureRows.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarnlog {
+
+void FigureRows::setLevel(std::optional<double> level) {
+  level_ = level;
+  refresh();
+}
+
+void FigureRows::refresh() {
+  rows_.clear();
+  search_.reset();
+  searched_ = 0;
+  addCurves();
+  for (Row& row : rows_) measure(row);
+}
+
+/// A curve that several graphs show is measured once.
+void FigureRows::addCurves() {
+  for (const ReviewGraph& graph : scene_.graphs())
+    for (const ReviewCurve& curve : graph.curves) {
+      const auto same = [&](const Row& row) {
+        return row.curve.place == curve.place && row.curve.minus == curve.minus;
+      };
+      if (std::ranges::any_of(rows_, same)) continue;
+      rows_.emplace_back().curve = curve;
+    }
+}
+
+TimeSpan FigureRows::spanOf(const ReviewCurve& curve) const {
+  const TimeSpan span = scene_.measured();
+  const double offset = scene_.offset(curve.place);
+  return {span.from - offset, span.till - offset};
+}
+
+void FigureRows::measure(Row& row) {
+  const TableColumn& column = columns_.of(row.curve);
+  const TableGroup& group = columns_.groupOf(row.curve);
+  const TimeSpan span = spanOf(row.curve);
+  row.atA = valueAt(row.curve, timeA());
+  row.atB = valueAt(row.curve, timeB());
+  if (column.isEnumeration()) return;
+  row.figures = figuresOf(group, column, span);
+  row.figures.lowestAt += scene_.offset(row.curve.place);
+  row.figures.highestAt += scene_.offset(row.curve.place);
+  row.range = row.figures.count == 0 ? 0 : row.figures.highest - row.figures.lowest;
+  if (const auto apart = difference(); apart && *apart != 0)
+    row.slope = (row.atB.number - row.atA.number) / *apart;
+  if (!level_) return;
+  const LookedAtRecord& record = scene_.records()[row.curve.place.record];
+  row.above = secondsAbove(record.recordingTable(), group, column, *level_, span);
+}
+
+std::optional<double> FigureRows::difference() const {
+  if (!timeA() || !timeB()) return std::nullopt;
+  return *timeB() - *timeA();
+}
+
+/// The value of the newest row up to then. Behind the last row there is none.
+FigureRows::Value FigureRows::valueAt(const ReviewCurve& curve, std::optional<double> time) {
+  const TableGroup& group = columns_.groupOf(curve);
+  if (!time || group.rows() == 0) return {};
+  const double own = *time - scene_.offset(curve.place);
+  const auto row = group.rowAt(own);
+  if (!row || own > group.times[group.rows() - 1]) return {};
+  const TableColumn& column = columns_.of(curve);
+  return {column.numbers[*row], std::string(curve.minus ? std::string_view() : column.labelOf(*row))};
+}
+
+bool FigureRows::fits() const {
+  return std::ranges::all_of(rows_, [this](const Row& row) {
+    return scene_.has(row.curve.place) && (!row.curve.minus || scene_.has(*row.curve.minus));
+  });
+}
+
+bool FigureRows::step(std::int64_t rows) {
+  if (searched_ >= rows_.size()) return false;
+  Row& row = rows_[searched_];
+  const TableColumn& column = columns_.of(row.curve);
+  if (!search_) {
+    if (column.isEnumeration()) return ++searched_ < rows_.size();
+    search_.emplace(columns_.groupOf(row.curve), column, spanOf(row.curve));
+  }
+  if (!search_->step(rows)) return true;
+  row.median = search_->median();
+  row.medianFound = true;
+  search_.reset();
+  return ++searched_ < rows_.size();
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,150 @@
+#include "ui/review/ReviewFlags.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "platform/controls/Readable.h"
+#include "ui/common/Convert.h"
+
+namespace tarnlog {
+namespace {
+
+const QColor kStart(0x00, 0xA0, 0x00);  // as in the live graphs
+const QColor kStop(0xD0, 0x00, 0x00);
+const QColor kEvent(0x00, 0x60, 0xC0);
+const QColor kTrouble(0xB0, 0x60, 0x00);
+constexpr std::size_t kMostFlags = 500;  ///< more cannot be told apart
+
+QString words(const char* text) { return QCoreApplication::translate("ReviewFlags", text); }
+
+class FlagPainter {
+ public:
+  FlagPainter(QPainter& painter, const TimeSpan& span, const QRect& area, const ReviewLook& look)
+      : painter_(painter), span_(span), area_(area), look_(look), metrics_(look.font) {}
+
+  void shade(const TimeSpan& gap) {
+    const double from = std::max(xOf(gap.from), static_cast<double>(area_.left()));
+    const double till = std::min(xOf(gap.till), static_cast<double>(area_.right() + 1));
+    if (from < till)
+      painter_.fillRect(QRectF(from, area_.top(), std::max(till - from, 1.0), area_.height()), shadeColour());
+  }
+  void line(double time, const QColor& colour, std::size_t record) {
+    const double at = std::floor(xOf(time));
+    if (isInside(at)) painter_.fillRect(QRectF(at, area_.top(), 1, area_.height()), ground(colour, record));
+  }
+  /// Those of later records stand one line lower, so that they can be told apart.
+  void text(double time, const ReviewFlag& flag, std::size_t record) {
+    const double at = std::floor(xOf(time));
+    const int wide = metrics_.horizontalAdvance(flag.text) + 4;
+    const double left = std::min(at, static_cast<double>(area_.right() + 1 - wide));
+    const QRectF place(left, area_.top() + static_cast<int>(record) * metrics_.height(), wide,
+                       metrics_.height());
+    if (!isInside(at) || left < free_[record] || place.bottom() > area_.bottom()) return;
+    free_[record] = left + wide + 2;
+    const QColor paper = ground(flag.colour, record);
+    painter_.fillRect(place, paper);
+    const QColor ink = look_.palette.color(QPalette::Text);
+    painter_.setPen(contrastOf(ink, paper) > contrastOf(look_.base(), paper) ? ink : look_.base());
+    painter_.drawText(place, Qt::AlignCenter, flag.text);
+  }
+
+ private:
+  double xOf(double time) const {
+    return area_.left() + (time - span_.from) / span_.length() * area_.width();
+  }
+  bool isInside(double x) const { return x >= area_.left() && x <= area_.right(); }
+  QColor ground(const QColor& colour, std::size_t record) const {
+    return blend(look_.base(), readable(colour, look_.base(), kCurveContrastOnDark),
+                 record == 0 ? 1.0F : 0.6F);
+  }
+  QColor shadeColour() const {
+    QColor shade = look_.ink(0.5F);
+    shade.setAlphaF(0.2F);
+    return shade;
+  }
+
+  QPainter& painter_;
+  TimeSpan span_;
+  QRect area_;
+  const ReviewLook& look_;
+  QFontMetrics metrics_;
+  double free_[ReviewScene::kMostRecords] = {-1e9, -1e9, -1e9};  ///< behind the last text
+};
+
+struct SeenMark {
+  const TableMark* mark;
+  double time;
+  std::size_t record;
+};
+
+std::vector<SeenMark> seenMarks(const ReviewScene& scene, const TimeSpan& span) {
+  std::vector<SeenMark> seen;
+  for (std::size_t record = 0; record < scene.records().size(); ++record) {
+    const LookedAtRecord& each = scene.records()[record];
+    for (const TableMark& mark : each.recordingTable().marks) {
+      const double time = mark.time + each.offset;
+      const double till = mark.kind == RecordNote::Kind::Gap ? mark.till + each.offset : time;
+      if (time > span.till || till < span.from || seen.size() == kMostFlags) continue;
+      seen.push_back({&mark, time, record});
+    }
+  }
+  return seen;
+}
+
+}  // namespace
+
+ReviewFlag flagOf(const TableMark& mark) {
+  switch (mark.kind) {
+    case RecordNote::Kind::Start:
+      return {words("Start"), kStart};
+    case RecordNote::Kind::Stop:
+      return {words("Stop"), kStop};
+    case RecordNote::Kind::Event:
+      return {mark.number > 0 ? words("Event %1").arg(mark.number) : words("Event"), kEvent};
+    case RecordNote::Kind::Gap:
+      return {words("Gap"), kTrouble};
+    case RecordNote::Kind::Failure:
+      return {words("Failure"), kTrouble};
+    case RecordNote::Kind::ClockStep:
+      return {words("Clock step"), kTrouble};
+  }
+  return {};
+}
+
+void paintFlags(QPainter& painter, const ReviewScene& scene, const TimeSpan& span, const QRect& area,
+                const ReviewLook& look, int texts) {
+  FlagPainter flags(painter, span, area, look);
+  painter.setFont(look.font);
+  const std::vector<SeenMark> marks = seenMarks(scene, span);
+  for (const auto& [mark, time, record] : marks) {
+    if (mark->kind == RecordNote::Kind::Gap)
+      flags.shade({time, time + mark->till - mark->time});
+    else
+      flags.line(time, flagOf(*mark).colour, record);
+  }
+  for (const auto& [mark, time, record] : marks)
+    if (mark->kind != RecordNote::Kind::Gap && static_cast<int>(record) < texts)
+      flags.text(time, flagOf(*mark), record);
+}
+
+QString flagsNear(const ReviewScene& scene, double time, double reach, const QLocale& locale) {
+  QStringList found;
+  if (scene.records().empty()) return {};
+  const LookedAtRecord& record = scene.records().front();
+  for (const TableMark& mark : record.recordingTable().marks) {
+    const double from = mark.time + record.offset;
+    const bool gap = mark.kind == RecordNote::Kind::Gap;
+    if (time < from - reach || time > (gap ? mark.till + record.offset : from) + reach) continue;
+    QString line = QStringLiteral("%1: %2").arg(flagOf(mark).text, momentText(scene, from, locale));
+    if (!mark.text.empty()) line += QLatin1Char('\n') + toQString(mark.text);
+    found.append(line);
+    if (found.size() == 5) break;
+  }
+  return found.join(QLatin1Char('\n'));
+}
+
+}  // namespace tarnlog

@@ -1,0 +1,98 @@
+#include "ui/review/ReviewGraphMenu.h"
+
+#include <QActionGroup>
+#include <algorithm>
+#include <vector>
+
+#include "ui/review/ReviewLook.h"
+
+namespace tarnlog {
+namespace {
+
+constexpr std::size_t kMostData = 40;  ///< of a menu
+
+/// A "&" of a name is no mark of a key.
+QString itemText(QString name) { return name.replace(QLatin1Char('&'), QStringLiteral("&&")); }
+
+/// That have numbers: those of all graphs.
+std::vector<CurvePlace> graphedData(const ReviewScene& scene) {
+  std::vector<CurvePlace> places;
+  for (const ReviewGraph& graph : scene.graphs())
+    for (const ReviewCurve& curve : graph.curves)
+      if (!curve.minus && graph.kind != GraphKind::States && places.size() < kMostData &&
+          std::ranges::find(places, curve.place) == places.end())
+        places.push_back(curve.place);
+  return places;
+}
+
+}  // namespace
+
+ReviewGraphMenu::ReviewGraphMenu(ReviewScene& scene, std::size_t graph, std::optional<std::size_t> curve,
+                                 std::optional<double> time, QWidget* parent)
+    : QMenu(parent), scene_(scene), graph_(graph) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setAccessibleName(parent->accessibleName());
+  if (shown().kind != GraphKind::States) {
+    if (shown().curves.size() > 1) addScales();
+    addX();
+  }
+  if (time) addCursors(*time);
+  addRemoval(curve);
+}
+
+void ReviewGraphMenu::addDeed(const QString& text, const char* name, const std::function<void()>& deed) {
+  addAction(text, this, deed)->setObjectName(QLatin1String(name));
+}
+
+QAction* ReviewGraphMenu::addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
+                                    const std::function<void(bool)>& choose) {
+  QAction* const action = menu.addAction(text);
+  action->setObjectName(QLatin1String(name));
+  action->setCheckable(true);
+  action->setChecked(checked);
+  connect(action, &QAction::triggered, this, choose);
+  return action;
+}
+
+void ReviewGraphMenu::addScales() {
+  const bool own = shown().ownScales;
+  addChoice(*this, tr("&Each curve its own scale"), "ownScales", own,
+            [this](bool on) { scene_.setOwnScales(graph_, on); });
+  if (!own) return;
+  QMenu* const axis = addMenu(tr("&Axis of"));
+  auto* const curves = new QActionGroup(this);
+  for (std::size_t i = 0; i < shown().curves.size(); ++i)
+    curves->addAction(addChoice(*axis, itemText(curveName(scene_, shown().curves[i])), "axis",
+                                shown().axis == i, [this, i](bool) { scene_.setAxis(graph_, i); }));
+}
+
+void ReviewGraphMenu::addX() {
+  QMenu* const over = addMenu(tr("&Over"));
+  auto* const choices = new QActionGroup(this);
+  choices->addAction(addChoice(*over, tr("&Time"), "overTime", !shown().x,
+                               [this](bool) { scene_.setX(graph_, std::nullopt); }));
+  over->addSeparator();
+  for (const CurvePlace& place : graphedData(scene_))
+    choices->addAction(addChoice(*over, itemText(dataName(scene_, place)), "over", shown().x == place,
+                                 [this, place](bool) { scene_.setX(graph_, place); }));
+}
+
+void ReviewGraphMenu::addCursors(double time) {
+  addSeparator();
+  addDeed(tr("Cursor A &here"), "cursorA", [this, time] { scene_.setCursor(ReviewCursor::A, time); });
+  addDeed(tr("Cursor B he&re"), "cursorB", [this, time] { scene_.setCursor(ReviewCursor::B, time); });
+  addDeed(tr("&Fit all\tF"), "fitAll", [this] { scene_.fit(); });
+  if (scene_.canGoBack()) addDeed(tr("&Back\tBackspace"), "back", [this] { scene_.back(); });
+}
+
+void ReviewGraphMenu::addRemoval(std::optional<std::size_t> curve) {
+  addSeparator();
+  if (curve && *curve < shown().curves.size()) {
+    const QString name = itemText(curveName(scene_, shown().curves[*curve]));
+    addDeed(tr("&Take away %1").arg(name), "removeCurve",
+            [this, curve = *curve] { scene_.removeCurve(graph_, curve); });
+  }
+  addDeed(tr("Take away the &graph"), "removeGraph", [this] { scene_.removeGraph(graph_); });
+}
+
+}  // namespace tarnlog

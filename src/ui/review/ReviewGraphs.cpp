@@ -1,0 +1,106 @@
+#include "ui/review/ReviewGraphs.h"
+
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "ui/review/CurveDrag.h"
+#include "ui/review/ReviewGraphWidget.h"
+#include "ui/review/ReviewKeys.h"
+#include "ui/review/TimeAxis.h"
+
+namespace tarnlog {
+
+ReviewGraphs::ReviewGraphs(ReviewScene& scene, QWidget* parent)
+    : QWidget(parent),
+      scene_(scene),
+      scroll_(new QScrollArea(this)),
+      column_(new QSplitter(Qt::Vertical)),
+      axis_(new TimeAxis(scene, this)) {
+  setAcceptDrops(true);
+  scroll_->setWidget(column_);
+  scroll_->setWidgetResizable(true);
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll_->setAccessibleName(tr("Graphs"));
+  scroll_->viewport()->installEventFilter(this);
+  column_->setChildrenCollapsible(false);
+  column_->setHandleWidth(5);
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(scroll_, 1);
+  layout->addWidget(axis_);
+  arrange();
+  scene.addListener([self = QPointer<ReviewGraphs>(this)](unsigned changes) {
+    if (self) self->react(changes);
+  });
+}
+
+void ReviewGraphs::react(unsigned changes) {
+  if ((changes & kRecordsChanged) != 0) seen_->forget();
+  if ((changes & kGraphsChanged) != 0) arrange();
+  for (ReviewGraphWidget* const graph : graphs_) graph->react(changes);
+  if ((changes & (kSpanChanged | kCursorsChanged | kRecordsChanged)) != 0) axis_->update();
+  if ((changes & kGraphsChanged) != 0) placeAxis();
+}
+
+/// As many widgets as there are graphs. Those that stay keep their heights.
+void ReviewGraphs::arrange() {
+  const bool focused = !graphs_.empty() && graphs_.back()->hasFocus();
+  while (graphs_.size() > scene_.graphs().size()) {
+    graphs_.back()->setParent(nullptr);
+    graphs_.back()->deleteLater();
+    graphs_.pop_back();
+    if (focused && !graphs_.empty()) graphs_.back()->setFocus();
+  }
+  while (graphs_.size() < scene_.graphs().size()) {
+    graphs_.push_back(new ReviewGraphWidget(scene_, graphs_.size(), seen_, column_));
+    column_->addWidget(graphs_.back());
+    column_->setStretchFactor(static_cast<int>(graphs_.size()) - 1, 1);
+  }
+  for (ReviewGraphWidget* const graph : graphs_) graph->show();
+}
+
+void ReviewGraphs::placeAxis() {
+  if (graphs_.empty()) return axis_->setPlot(0, width());
+  ReviewGraphWidget& graph = *graphs_.front();
+  const QRect area = graph.plotArea();
+  axis_->setPlot(graph.mapTo(this, area.topLeft()).x(), area.width());
+}
+
+void ReviewGraphs::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeAxis();
+}
+
+/// A scroll bar that comes makes the graphs narrower.
+bool ReviewGraphs::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize)
+    QMetaObject::invokeMethod(
+        this, [this] { placeAxis(); }, Qt::QueuedConnection);
+  return QWidget::eventFilter(watched, event);
+}
+
+void ReviewGraphs::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasFormat(QLatin1String(kDraggedCurves))) event->acceptProposedAction();
+}
+
+/// Beside all graphs.
+void ReviewGraphs::dropEvent(QDropEvent* event) {
+  const auto places = draggedCurves(*event->mimeData(), scene_);
+  if (places.empty()) return;
+  event->acceptProposedAction();
+  scene_.addGraph(graphOf(scene_, places));
+}
+
+void ReviewGraphs::keyPressEvent(QKeyEvent* event) {
+  if (!handleReviewKey(*event, scene_)) QWidget::keyPressEvent(event);
+}
+
+}  // namespace tarnlog

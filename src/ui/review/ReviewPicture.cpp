@@ -1,0 +1,163 @@
+#include "ui/review/ReviewPicture.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <vector>
+
+#include "platform/base/TarnError.h"
+#include "ui/common/Convert.h"
+#include "ui/review/GraphSheet.h"
+#include "ui/review/TimeAxis.h"
+
+namespace tarnlog {
+namespace {
+
+constexpr int kMargin = 12;
+constexpr int kGap = 6;  ///< between graphs
+constexpr QSize kLeast(200, 120);
+
+QString words(const char* text) { return QCoreApplication::translate("ReviewPicture", text); }
+
+[[noreturn]] void fail(const QString& path, const QString& why) {
+  const QString text =
+      words("The picture %1 could not be written: %2").arg(QDir::toNativeSeparators(path), why);
+  throw TarnError(1, "writePicture", fromQString(text));
+}
+
+/// Black on white, whatever the desktop's colours: pictures go into documents. A font in pixels looks the
+/// same in both kinds of files.
+ReviewLook lookOfPictures() {
+  ReviewLook look;
+  for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window})
+    look.palette.setColor(role, Qt::white);
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText})
+    look.palette.setColor(role, Qt::black);
+  look.font = QGuiApplication::font();
+  look.font.setPixelSize(std::max(QFontInfo(look.font).pixelSize(), 11));
+  return look;
+}
+
+QString titleOf(const ReviewScene& scene) {
+  QStringList names;
+  for (const LookedAtRecord& record : scene.records())
+    names.append(names.isEmpty()
+                     ? toQString(record.name)
+                     : QStringLiteral("(%1) %2").arg(names.size() + 1).arg(toQString(record.name)));
+  const QString date = beginningText(scene, ReviewLook().locale);
+  return names.join(QStringLiteral(", ")) + (date.isEmpty() ? QString() : QStringLiteral(", ") + date);
+}
+
+/// Heights of the graphs: bars of states have what they need, the others share the rest.
+std::vector<int> heights(const ReviewScene& scene, int room, int line) {
+  std::vector<int> result;
+  int fixed = 0;
+  int shared = 0;
+  for (const ReviewGraph& graph : scene.graphs()) {
+    const bool bars = graph.kind == GraphKind::States;
+    result.push_back(bars ? static_cast<int>(graph.curves.size()) * (2 * line + 7) + 4 : 0);
+    fixed += result.back();
+    shared += bars ? 0 : 1;
+  }
+  if (shared > 0 && fixed > room / 2) {
+    for (int& each : result) each = each * (room / 2) / fixed;
+    fixed = room / 2;
+  }
+  for (int& each : result)
+    if (each == 0) each = (room - fixed) / shared;
+  return result;
+}
+
+/// Its plot area.
+QRect paintGraph(QPainter& painter, const ReviewScene& scene, std::size_t graph, const QRect& place,
+                 const ReviewLook& look, SeenRecords& seen) {
+  GraphSheet sheet;
+  sheet.layOut(scene, graph, place.size(), look, false);
+  sheet.see(seen, sheet.plotArea().width());
+  painter.save();
+  painter.translate(place.topLeft());
+  painter.setRenderHint(QPainter::Antialiasing);
+  sheet.paintCurves(painter);
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  sheet.paintAround(painter, {}, false);
+  sheet.paintOver(painter);
+  painter.restore();
+  return sheet.plotArea().translated(place.topLeft());
+}
+
+void paintPicture(QPainter& painter, const ReviewScene& scene, const QSize& size) {
+  const ReviewLook look = lookOfPictures();
+  const int line = QFontMetrics(look.font).height();
+  const QRect all = QRect(QPoint(), size).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  painter.fillRect(QRect(QPoint(), size), look.base());
+  QFont bold = look.font;
+  bold.setBold(true);
+  painter.setFont(bold);
+  painter.setPen(look.palette.color(QPalette::WindowText));
+  painter.drawText(QRect(all.left(), all.top(), all.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
+                   QFontMetrics(bold).elidedText(titleOf(scene), Qt::ElideMiddle, all.width()));
+  const int count = static_cast<int>(scene.graphs().size());
+  const int top = all.top() + line + kGap;
+  const int room = all.bottom() + 1 - top - 2 * line - (count - 1) * kGap;
+  SeenRecords seen;
+  QRect place(all.left(), top, all.width(), 0);
+  QRect area = all;
+  for (std::size_t graph = 0; const int height : heights(scene, room, line)) {
+    place.setHeight(height);
+    area = paintGraph(painter, scene, graph, place, look, seen);
+    place.moveTop(place.bottom() + 1 + kGap);
+    ++graph;
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  area.moveBottom(place.top() - kGap - 1);
+  TimeAxis::paint(painter, scene, area, look);
+}
+
+QByteArray svgOf(const ReviewScene& scene, const QSize& size) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setSize(size);
+  generator.setViewBox(QRect(QPoint(), size));
+  generator.setTitle(titleOf(scene));
+  QPainter painter(&generator);
+  paintPicture(painter, scene, size);
+  painter.end();
+  return bytes;
+}
+
+QByteArray pngOf(const ReviewScene& scene, const QSize& size) {
+  QImage image(size, QImage::Format_RGB32);
+  QPainter painter(&image);
+  paintPicture(painter, scene, size);
+  painter.end();
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "PNG");
+  return bytes;
+}
+
+}  // namespace
+
+void writePicture(const ReviewScene& scene, const QString& path, QSize size) {
+  size = size.expandedTo(kLeast);
+  const bool svg = path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
+  if (!svg && !path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+    fail(path, words("its name must end with .svg or .png"));
+  const QByteArray bytes = svg ? svgOf(scene, size) : pngOf(scene, size);
+  QSaveFile file(path);
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+  if (!written) fail(path, file.errorString());
+}
+
+}  // namespace tarnlog

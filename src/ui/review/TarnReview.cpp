@@ -1,0 +1,470 @@
+#include "ui/review/TarnReview.h"
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/base/TarnError.h"
+#include "platform/files/SystemFileSystem.h"
+#include "platform/settings/FileSettingsStore.h"
+#include "ui/common/Convert.h"
+#include "ui/common/DesktopLocale.h"
+#include "ui/common/HelpPanel.h"
+#include "ui/common/HintedTreeView.h"
+#include "ui/common/Icons.h"
+#include "ui/common/NoticeBar.h"
+#include "ui/common/PopUpMenu.h"
+#include "ui/review/CurveDifference.h"
+#include "ui/review/DataList.h"
+#include "ui/review/FiguresTable.h"
+#include "ui/review/FindBar.h"
+#include "ui/review/ForeignTableDialog.h"
+#include "ui/review/HandOn.h"
+#include "ui/review/MarkList.h"
+#include "ui/review/OverviewStrip.h"
+#include "ui/review/RecordsBar.h"
+#include "ui/review/ReviewEnvironment.h"
+#include "ui/review/ReviewGraphWidget.h"
+#include "ui/review/ReviewGraphs.h"
+#include "ui/review/ReviewHelp.h"
+#include "ui/review/ReviewPicture.h"
+#include "ui/review/ReviewSources.h"
+
+namespace tarnlog {
+
+namespace {
+
+constexpr int kUsualPicture = 800;  ///< pixels
+constexpr int kUsualPanes = 200;    ///< pixels
+constexpr QSize kLeastPicture(800, 500);
+constexpr int kNarrow = 720;  ///< pixels; below, the data list is one of the panes below the graphs
+
+QString fileNameOf(const QString& path) { return QFileInfo(path).fileName(); }
+
+std::vector<std::string> filesIn(const QMimeData& data) {
+  std::vector<std::string> paths;
+  for (const QUrl& url : data.urls())
+    if (url.isLocalFile()) paths.push_back(fromQString(url.toLocalFile()));
+  return paths;
+}
+
+}  // namespace
+
+/// What this system gives.
+class TarnReview::OwnEnvironment {
+ public:
+  ReviewEnvironment environment{dialogs_, &settings_, desktopLocale()};
+
+ private:
+  SystemFileSystem files_;
+  FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
+  QtDialogs dialogs_;
+};
+
+TarnReview::TarnReview(QWidget* parent) : TarnReview(std::make_unique<OwnEnvironment>(), parent) {}
+
+TarnReview::TarnReview(std::unique_ptr<OwnEnvironment> own, QWidget* parent)
+    : QWidget(parent), own_(std::move(own)), environment_(own_->environment) {
+  create();
+}
+
+TarnReview::TarnReview(const ReviewEnvironment& environment, QWidget* parent)
+    : QWidget(parent), environment_(environment) {
+  create();
+}
+
+/// The views go before what they stand on.
+TarnReview::~TarnReview() {
+  sources_->disconnect(this);
+  delete handOn_;
+  delete sources_;
+  for (QWidget* const child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) delete child;
+}
+
+void TarnReview::create() {
+  setAcceptDrops(true);
+  scene_.addListener([this](unsigned changes) { follow(changes); });
+  sources_ = new ReviewSources(scene_, this);
+  notices_ = new NoticeBar(this);
+  QWidget* const tools = makeTools();
+  records_ = new RecordsBar(scene_, environment_.locale, this);
+  makePanes();
+  across_ = new QSplitter(Qt::Horizontal, this);
+  across_->addWidget(data_);
+  across_->addWidget(makePicture());
+  across_->setStretchFactor(1, 1);
+  across_->setSizes({data_->sizeHint().width(), kUsualPicture});
+  across_->setChildrenCollapsible(false);
+  down_ = new QSplitter(Qt::Vertical, this);
+  down_->addWidget(across_);
+  down_->addWidget(panes_);
+  down_->setStretchFactor(0, 1);
+  down_->setSizes({kUsualPicture, kUsualPanes});
+  down_->setChildrenCollapsible(false);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(2);
+  column->addWidget(notices_);
+  column->addWidget(tools);
+  column->addWidget(records_);
+  column->addWidget(down_, 1);
+  help_ = new HelpPanel(environment_.guide, this);
+  makeHandOn();
+  connectSources();
+  addKeys();
+  follow(~0U);
+}
+
+QToolButton* TarnReview::addTool(QHBoxLayout& line, const char* name, const QString& text,
+                                 const QString& toolTip) {
+  auto* const button = new QToolButton(this);
+  button->setObjectName(name);
+  button->setText(text);
+  button->setToolTip(toolTip);
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::StrongFocus);
+  line.addWidget(button);
+  return button;
+}
+
+QWidget* TarnReview::makeTools() {
+  auto* const tools = new QWidget(this);
+  auto* const line = new QHBoxLayout(tools);
+  line->setContentsMargins(2, 2, 2, 0);
+  line->setSpacing(0);  // 480 pixels have to do
+  QToolButton* const open = addTool(*line, "reviewOpen", tr("Open..."), tr("Open a record (Ctrl+O)"));
+  open->setIcon(tarnIcon("folder"));
+  open->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  connect(open, &QToolButton::clicked, this, &TarnReview::askOpen);
+  back_ = addTool(*line, "reviewBack", tr("Back"), tr("What was seen before (Backspace)"));
+  connect(back_, &QToolButton::clicked, this, [this] { scene_.back(); });
+  fit_ = addTool(*line, "reviewFit", tr("Show all"), tr("The whole record (F)"));
+  connect(fit_, &QToolButton::clicked, this, [this] { scene_.fit(); });
+  line->addWidget(makeCompare());
+  line->addStretch(1);
+  showData_ = addTool(*line, "reviewShowData", tr("Data"), tr("Show or hide the list of data"));
+  showPanes_ = addTool(*line, "reviewShowPanes", tr("Figures"), tr("Show or hide what is below the graphs"));
+  for (QToolButton* const button : {showData_, showPanes_}) {
+    button->setCheckable(true);
+    button->setChecked(true);
+    connect(button, &QToolButton::toggled, this, &TarnReview::showPanes);
+  }
+  QToolButton* const handOn = addTool(*line, "reviewHandOn", tr("Hand on"), tr("Save or copy what is seen"));
+  connect(handOn, &QToolButton::clicked, this, [this, handOn] { popUp(*handOn, handOn_->actions()); });
+  QToolButton* const keys = addTool(*line, "reviewKeys", tr("Keys"), tr("Keys and help (F1)"));
+  keys->setIcon(tarnIcon("help"));
+  connect(keys, &QToolButton::clicked, this, &TarnReview::toggleHelp);
+  return tools;
+}
+
+QToolButton* TarnReview::makeCompare() {
+  layOver_ = new QAction(tr("Lay another record &over..."), this);
+  connect(layOver_, &QAction::triggered, this, &TarnReview::askLayOver);
+  layOver_->setObjectName("reviewLayOver");
+  layOver_->setShortcut(Qt::CTRL | Qt::Key_L);
+  difference_ = new QAction(tr("&Difference of the chosen curve"), this);
+  connect(difference_, &QAction::triggered, this, [this] { showDifference(scene_); });
+  difference_->setObjectName("reviewDifference");
+  difference_->setShortcut(Qt::CTRL | Qt::Key_D);
+  for (QAction* const action : {layOver_, difference_}) {
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+  }
+  auto* const compare = new QToolButton(this);
+  compare->setObjectName("reviewCompare");
+  compare->setText(tr("Compare"));
+  compare->setToolTip(tr("Lay another drive over this one, and show how they differ"));
+  compare->setAutoRaise(true);
+  compare->setFocusPolicy(Qt::StrongFocus);
+  connect(compare, &QToolButton::clicked, this, [this, compare] {
+    popUp(*compare, {layOver_, difference_});
+  });
+  return compare;
+}
+
+void TarnReview::popUp(QToolButton& button, const QList<QAction*>& actions) {
+  popUpMenu(button, actions, button.mapToGlobal(button.rect().bottomLeft()));
+}
+
+QWidget* TarnReview::makePicture() {
+  auto* const place = new QWidget(this);
+  auto* const column = new QVBoxLayout(place);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(2);
+  overview_ = new OverviewStrip(scene_, place);
+  graphs_ = new ReviewGraphs(scene_, place);
+  hint_ = new QLabel(tr("Open a record, or drop its file here.\n"
+                        "Text, XML and MDF 4 records, whole or still being written."),
+                     place);
+  hint_->setAlignment(Qt::AlignCenter);
+  hint_->setWordWrap(true);
+  hint_->setForegroundRole(QPalette::PlaceholderText);
+  column->addWidget(overview_);
+  column->addWidget(graphs_, 1);
+  column->addWidget(hint_, 1);
+  return place;
+}
+
+void TarnReview::makePanes() {
+  data_ = new DataList(scene_, this);
+  data_->list().setDragRule(
+      [this](std::function<void()> drag) { environment_.runWhenIdle(std::move(drag)); });
+  figures_ = new FiguresTable(scene_, columns_, environment_.locale, this);
+  marks_ = new MarkList(scene_, environment_.locale, this);
+  find_ = new FindBar(scene_, columns_, environment_.locale, this);
+  panes_ = new QTabWidget(this);
+  panes_->setObjectName("reviewPanes");
+  panes_->setDocumentMode(true);
+  panes_->addTab(figures_, tr("Figures"));
+  panes_->addTab(marks_, tr("Marks"));
+  panes_->addTab(find_, tr("Find"));
+  connect(marks_, &MarkList::eventFileWanted, this, &TarnReview::layEventOver);
+}
+
+void TarnReview::makeHandOn() {
+  handOn_ = new HandOn({.scene = scene_,
+                        .notices = *notices_,
+                        .window = *this,
+                        .wholeOf = [this](std::size_t record) { return sources_->wholeOf(record); },
+                        .copyFigures = [this] { figures_->copy(); },
+                        .savePicture =
+                            [this](const QString& path) {
+                              writePicture(scene_, path, graphs_->size().expandedTo(kLeastPicture));
+                            }},
+                       environment_, this);
+  addActions(handOn_->actions());
+}
+
+void TarnReview::connectSources() {
+  connect(sources_, &ReviewSources::progressed, this, &TarnReview::showProgress);
+  connect(sources_, &ReviewSources::opened, this, &TarnReview::opened);
+  connect(sources_, &ReviewSources::finished, this, &TarnReview::finishedLoading);
+  connect(sources_, &ReviewSources::failed, this, &TarnReview::tellFailed);
+  connect(sources_, &ReviewSources::lacking, this, [this](const QString& path, const QStringList& missing) {
+    const QString text = missing.size() == 1 ? tr("%1: %2").arg(fileNameOf(path), missing.front())
+                                             : tr("%1 is not whole").arg(fileNameOf(path));
+    notices_->showNotice("missing " + path, text, missing);
+  });
+  connect(records_, &RecordsBar::removeWanted, sources_, &ReviewSources::remove);
+  connect(records_, &RecordsBar::recordingWanted, sources_, &ReviewSources::showRecording);
+  connect(records_, &RecordsBar::cancelWanted, sources_, &ReviewSources::cancelReading);
+}
+
+void TarnReview::addKeys() {
+  const auto key = [this](const QKeySequence& keys, auto act) {
+    auto* const shortcut = new QShortcut(keys, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, act);
+  };
+  key(QKeySequence::Find, [this] {
+    (narrow_ ? showPanes_ : showData_)->setChecked(true);
+    if (narrow_) panes_->setCurrentWidget(data_);
+    data_->focusFilter();
+  });
+  key(Qt::CTRL | Qt::Key_G, [this] {
+    showPanes_->setChecked(true);
+    panes_->setCurrentWidget(find_);
+    find_->enter();
+  });
+  key(Qt::Key_F3, [this] { find_->find(false); });
+  key(Qt::SHIFT | Qt::Key_F3, [this] { find_->find(true); });
+  key(QKeySequence::Open, [this] { askOpen(); });
+  key(Qt::Key_F6, [this] { enterPane(1); });
+  key(Qt::SHIFT | Qt::Key_F6, [this] { enterPane(-1); });
+}
+
+/// Data, graphs, the pane below: those that are seen, in a circle.
+void TarnReview::enterPane(int step) {
+  QWidget* const all[] = {data_, graphs_, panes_};
+  int now = 0;
+  for (int i = 0; i < 3; ++i)
+    if (all[i]->isAncestorOf(focusWidget())) now = i;
+  for (int i = 0; i < 3; ++i) {
+    now = (now + 3 + step) % 3;
+    if (all[now]->isVisible()) break;
+  }
+  QWidget* to = all[now] == panes_ ? panes_->currentWidget() : all[now];
+  if (to == graphs_ && !graphs_->graphs().empty()) to = graphs_->graphs().front();
+  to->setFocus(Qt::TabFocusReason);
+}
+
+// --- files
+
+void TarnReview::open(const std::vector<std::string>& paths) {
+  closeRecords();
+  for (const std::string& path : paths) layOver(path);
+}
+
+void TarnReview::layOver(const std::string& path) {
+  if (sources_->count() < ReviewScene::kMostRecords) return sources_->add(path);
+  notices_->showNotice("most", tr("At most %1 records are looked at: %2 was left out")
+                                   .arg(ReviewScene::kMostRecords)
+                                   .arg(fileNameOf(toQString(path))));
+}
+
+void TarnReview::layEventOver(const QString& path, std::size_t record) {
+  if (sources_->count() >= ReviewScene::kMostRecords) return layOver(fromQString(path));
+  sources_->addOver(fromQString(path), record);
+}
+
+void TarnReview::closeRecords() {
+  sources_->clear();
+  // What they told of the records that are gone.
+  for (const QString& subject : notices_->subjects()) notices_->removeNotice(subject);
+}
+
+static FileQuestion recordQuestion(const QString& title) {
+  return {title,
+          {},
+          TarnReview::tr("Records (*.txt, *.xml, *.mf4)") + "|*.txt *.xml *.mf4|" +
+              TarnReview::tr("All files") + "|*.*",
+          {},
+          "openRecordDialog"};
+}
+
+void TarnReview::askOpen() {
+  environment_.runWhenIdle([this] {
+    if (const auto path = environment_.dialogs.fileToOpen(this, recordQuestion(tr("Open record"))))
+      open(fromQString(*path));
+  });
+}
+
+void TarnReview::askLayOver() {
+  if (scene_.records().empty()) return askOpen();
+  environment_.runWhenIdle([this] {
+    const FileQuestion question = recordQuestion(tr("Lay another record over"));
+    if (const auto path = environment_.dialogs.fileToOpen(this, question)) layOver(fromQString(*path));
+  });
+}
+
+bool TarnReview::reading() const { return sources_->reading().has_value(); }
+
+void TarnReview::showProgress() {
+  if (const auto progress = sources_->reading())
+    records_->showProgress(progress->name, progress->part);
+  else
+    records_->hideProgress();
+}
+
+void TarnReview::tellFailed(const QString& path, const QString& why, bool foreignTable) {
+  NoticeBar::Action offer;
+  if (foreignTable) offer = {tr("Read it as a table of another program"), [this, path] { askForeign(path); }};
+  notices_->showNotice("failed " + path, why, {}, offer);
+}
+
+void TarnReview::askForeign(const QString& path) {
+  try {
+    auto* const dialog = new ForeignTableDialog(fromQString(path), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, path] {
+      notices_->removeNotice("failed " + path);
+      sources_->add(fromQString(path), dialog->choice());
+    });
+    dialog->open();
+  } catch (const TarnError& error) {
+    notices_->showNotice("failed " + path, toQString(error.description()));
+  }
+}
+
+// --- the views
+
+void TarnReview::follow(unsigned changes) {
+  if ((changes & kRecordsChanged) != 0) columns_.forget();
+  if (handOn_ == nullptr) return;  // not all of it is there yet
+  data_->follow(changes);
+  figures_->follow(changes);
+  if ((changes & kRecordsChanged) != 0) marks_->follow(changes, sources_->paths());
+  find_->follow(changes);
+  records_->follow(changes);
+  handOn_->showActions();
+  back_->setEnabled(scene_.canGoBack());
+  const bool some = !scene_.records().empty();
+  fit_->setEnabled(some);
+  layOver_->setEnabled(some && scene_.records().size() < ReviewScene::kMostRecords);
+  difference_->setEnabled(canShowDifference(scene_));
+  showPanes();
+  overview_->setVisible(some);
+  graphs_->setVisible(some);
+  hint_->setVisible(!some);
+  if ((changes & kRecordsChanged) != 0) showTitle();
+}
+
+void TarnReview::showTitle() {
+  QStringList names;
+  for (const LookedAtRecord& record : scene_.records()) names << toQString(record.name);
+  emit titleChanged(names.join(", "));
+}
+
+void TarnReview::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeData(width() < kNarrow);
+}
+
+void TarnReview::placeData(bool narrow) {
+  if (narrow == narrow_) return;
+  narrow_ = narrow;
+  if (narrow) {
+    panes_->insertTab(0, data_, tr("Data"));
+  } else {
+    panes_->removeTab(panes_->indexOf(data_));
+    across_->insertWidget(0, data_);
+    across_->setStretchFactor(1, 1);
+  }
+  showData_->setVisible(!narrow);
+  showPanes();
+}
+
+/// Without a record there is nothing to list. As a tab, the list of data is the tabs' to show.
+void TarnReview::showPanes() {
+  const bool some = !scene_.records().empty();
+  if (!narrow_) data_->setVisible(some && showData_->isChecked());
+  panes_->setVisible(some && showPanes_->isChecked());
+}
+
+void TarnReview::toggleHelp() { help_->toggle(ReviewHelp::page()); }
+
+void TarnReview::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1)
+    toggleHelp();
+  else
+    QWidget::keyPressEvent(event);
+}
+
+// --- drop
+
+void TarnReview::dragEnterEvent(QDragEnterEvent* event) {
+  if (!filesIn(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+void TarnReview::dropEvent(QDropEvent* event) {
+  const std::vector<std::string> paths = filesIn(*event->mimeData());
+  if (paths.empty()) return;
+  event->acceptProposedAction();
+  if (sources_->count() == 0)
+    open(paths);
+  else
+    offerDropped(paths, mapToGlobal(event->position().toPoint()));
+}
+
+void TarnReview::offerDropped(const std::vector<std::string>& paths, const QPoint& place) {
+  auto* const instead = new QAction(tr("Look at this instead"), this);
+  auto* const over = new QAction(tr("Lay it over"), this);
+  connect(instead, &QAction::triggered, this, [this, paths] { open(paths); });
+  connect(over, &QAction::triggered, this, [this, paths] {
+    for (const std::string& path : paths) layOver(path);
+  });
+  popUpMenu(*this, {instead, over}, place);
+}
+
+}  // namespace tarnlog

@@ -1,11 +1,9 @@
 #include "apps/tarn-record/ExportCommand.h"
 
-#include <algorithm>
-#include <cmath>
 #include <vector>
 
 #include "apps/common/BadInput.h"
-#include "apps/common/NearestName.h"
+#include "apps/common/RecordChoice.h"
 #include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/RecordFile.h"
 #include "exports/ExportFile.h"
@@ -13,36 +11,10 @@
 #include "platform/time/SystemClock.h"
 #include "records/CsvExport.h"
 #include "records/JsonExport.h"
-#include "records/RecordNames.h"
 
 namespace tarnlog::record {
 
 namespace {
-
-void checkTimes(const ExportChoice& choice) {
-  for (const std::optional<double>& time : {choice.from, choice.till})
-    if (time && !std::isfinite(*time)) throw BadInput("--from and --till: expected seconds");
-  if (choice.from && choice.till && *choice.from > *choice.till)
-    throw BadInput("--from is later than --till: nothing lies between them");
-}
-
-void checkNames(const std::vector<RecordHead>& recordings, const ExportOptions& options) {
-  std::vector<std::string> known;
-  for (const std::string& name : options.choice.data) {
-    bool found = false;
-    for (const RecordHead& head : recordings)
-      for (const RecordGroup& group : head.groups)
-        for (const RecordColumn& column : group.columns) {
-          found = found || isCalled(column, name);
-          known.push_back(column.name);
-          known.push_back(fullName(column));
-        }
-    if (found) continue;
-    const std::string nearest = nearestName(known, name);
-    throw BadInput("--data " + name + ": not in " + options.input +
-                   (nearest.empty() ? std::string() : ", did you mean " + nearest + "?"));
-  }
-}
 
 /// Records that tell local time began in this system's zone.
 std::vector<RecordHead> withUtc(std::vector<RecordHead> recordings, const ExportOptions& options) {
@@ -64,9 +36,9 @@ void exportMf4(const RecordFile& record, const ExportOptions& options, ExportFil
 
 std::string exportRecord(const ExportOptions& options) {
   refuseInput(options.output, options.input);
-  checkTimes(options.choice);
+  refuseBadTimes(options.choice.from, options.choice.till);
   const RecordFile record(options.input);
-  checkNames(record.recordings(), options);
+  refuseUnknownData(record.recordings(), options.choice.data, options.input);
   const std::vector<RecordHead> recordings =
       options.choice.utc ? withUtc(record.recordings(), options) : record.recordings();
 

@@ -1,56 +1,30 @@
 #include "apps/tarn-record/ListCommand.h"
 
-#include <fmt/format.h>
-#include <fmt/ranges.h>
-
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/CatalogueTable.h"
+#include "apps/tarn-record/TextTable.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog::record {
 
 namespace {
 
-using Cells = std::array<std::string, 7>;
-
 bool isNumber(const CatalogueRow& row) { return row.type != "text" && row.type != "bytes"; }
 
-Cells cellsOf(const CatalogueRow& row) {
+std::vector<std::string> cellsOf(const CatalogueRow& row) {
   const std::string device = row.device.empty() || !row.failure ? row.device : row.device + " (failure)";
   return {row.ecu,  row.request, row.data, row.unit, isNumber(row) ? row.minimum + " to " + row.maximum : "",
           row.type, device};
 }
 
-/// Characters of a UTF-8 text.
-std::size_t widthOf(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
-}
-
 std::string table(const std::vector<CatalogueRow>& rows) {
-  std::vector<Cells> lines{{"ECU", "REQUEST", "DATA", "UNIT", "RANGE", "TYPE", "DEVICE"}};
-  for (const CatalogueRow& row : rows) {
-    lines.push_back(cellsOf(row));
-    for (std::string& cell : lines.back()) cell = printableLine(cell);
-  }
-  std::array<std::size_t, 7> widths{};
-  for (const Cells& cells : lines)
-    for (std::size_t i = 0; i < cells.size(); ++i) widths[i] = std::max(widths[i], widthOf(cells[i]));
-  std::string out;
-  for (const Cells& cells : lines) {
-    std::string line;
-    for (std::size_t i = 0; i < cells.size(); ++i)
-      line += cells[i] + std::string(widths[i] - widthOf(cells[i]) + 2, ' ');
-    line.erase(line.find_last_not_of(' ') + 1);
-    out += line + "\n";
-  }
-  return out;
+  TextTable table(std::vector(7, TextTable::Align::Left));
+  table.add({"ECU", "REQUEST", "DATA", "UNIT", "RANGE", "TYPE", "DEVICE"});
+  for (const CatalogueRow& row : rows) table.add(cellsOf(row));
+  return table.text();
 }
 
 std::string jsonArray(const std::vector<CatalogueRow>& rows) {

@@ -99,18 +99,24 @@ class FileQuality : public RecordConsumer {
 
 }  // namespace
 
-QualityReportOfFile qualityOfFile(const std::string& path) {
+FileQualities qualitiesOf(const std::string& path) {
   const RecordFile file(path);
   FileQuality counted(file.recordings());
   file.read(counted);
-  const std::vector<std::string> lines = counted.lines();
-  const std::vector<RecordHead>& recordings = file.recordings();
-  QualityReportOfFile report{.lines = {}, .missing = file.missingText()};
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    const std::string told = toldQuality(recordings[i]);
-    const std::string number = lines.size() == 1 ? "" : ", recording " + std::to_string(i + 1);
-    report.lines += path + number + ": " + (told.empty() ? lines[i] : told) + "\n";
+  FileQualities qualities{.recordings = counted.lines(), .missing = file.missingText()};
+  for (std::size_t i = 0; i < qualities.recordings.size(); ++i) {
+    const std::string told = toldQuality(file.recordings()[i]);
+    if (!told.empty()) qualities.recordings[i] = told;
   }
+  return qualities;
+}
+
+QualityReportOfFile qualityOfFile(const std::string& path) {
+  const auto [lines, missing] = qualitiesOf(path);
+  QualityReportOfFile report{.lines = {}, .missing = missing};
+  for (std::size_t i = 0; i < lines.size(); ++i)
+    report.lines +=
+        path + (lines.size() == 1 ? "" : ", recording " + std::to_string(i + 1)) + ": " + lines[i] + "\n";
   return report;
 }
 

@@ -1,25 +1,12 @@
 #include "apps/tarn-record/RecordFile.h"
 
-#include "apps/common/BadInput.h"
+#include "apps/common/RecordErrors.h"
 
 namespace tarnlog::record {
 
 namespace {
 
-constexpr const char* kFileSystem = "FileSystem";
-
 std::string baseName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-
-/// Says which file a fault is in.
-template <class Step>
-auto inFile(const std::string& path, Step step) {
-  try {
-    return step();
-  } catch (const TarnError& error) {
-    if (error.source() == kFileSystem) throw;  // which names the file itself, and it may be another
-    throw BadInput(path + ": " + error.description());
-  }
-}
 
 }  // namespace
 

@@ -1,4 +1,6 @@
 #include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <functional>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -31,6 +34,8 @@
 #include "apps/tarn-record/QualityCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
+#include "apps/tarn-record/ShowJson.h"
+#include "apps/tarn-record/ShowText.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
@@ -353,6 +358,42 @@ std::function<int()> addExport(CLI::App& app, ExportOptions& options) {
   };
 }
 
+/// Columns of the terminal that standard output is, if it is one.
+std::optional<std::size_t> terminalWidth() {
+  winsize size{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
+  return size.ws_col;
+}
+
+struct ShowCommand {
+  ShowOptions options;
+  bool json = false;
+};
+
+std::function<int()> addShow(CLI::App& app, ShowCommand& show) {
+  CLI::App& command = *app.add_subcommand("show", "Show what a record holds: facts, marks, figures, quality");
+  command.add_option("FILE", show.options.input, "Text or XML record or event file, or MDF 4 file")
+      ->required();
+  command.add_option("--data", show.options.data, "Only these data")->type_name("[ECU/[REQUEST/]]DATA");
+  command
+      .add_option("--from", show.options.from, "Figures only from this time on (seconds, as in the record)")
+      ->type_name("S");
+  command.add_option("--till", show.options.till, "Figures only up to this time")->type_name("S");
+  command.add_flag("--json", show.json, "As JSON");
+  command.footer(
+      "Figures: how many values, minimum and maximum and when they were first reached, the mean and "
+      "standard\n"
+      "deviation of the rows. Data whose values have names, and on/off data: how long each value stood, how\n"
+      "often it began, and when first.\n"
+      "Example:\n"
+      "  tarn-record show recordings/16-11-26_19h05mn07.txt --data \"Vehicle speed\" --from 60 --till 120");
+  return [&show] {
+    const ShownRecord shown = shownRecord(show.options);
+    print(show.json ? showJson(shown) : showText(shown, terminalWidth()));
+    return kDone;
+  };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -374,10 +415,12 @@ int program(int argc, char** argv) {
   ScanOptions scanOptions;
   ExportOptions exportOptions;
   std::string qualityFileName;
+  ShowCommand showCommand;
   const std::vector<std::function<int()>> actions = {
       addRun(app, runOptions),   addList(app, listOptions),      addCheck(app, checkOptions),
       addNew(app, newOptions),   addRepair(app, repairFileName), addImport(app, importOptions),
-      addScan(app, scanOptions), addExport(app, exportOptions),  addQuality(app, qualityFileName)};
+      addScan(app, scanOptions), addExport(app, exportOptions),  addQuality(app, qualityFileName),
+      addShow(app, showCommand)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

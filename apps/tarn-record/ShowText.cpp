@@ -1,0 +1,230 @@
+#include "apps/tarn-record/ShowText.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <ctime>
+#include <string_view>
+#include <utility>
+
+#include "apps/common/TerminalText.h"
+#include "apps/tarn-record/TextTable.h"
+#include "platform/text/Numbers.h"
+#include "records/RecordMarks.h"
+
+namespace tarnlog::record {
+
+namespace {
+
+using Align = TextTable::Align;
+
+constexpr std::size_t kMostMarks = 100;
+constexpr std::size_t kMostLabels = 20;
+constexpr double kWholeBelow = 1e15;
+constexpr int kAsRecorded = 7;  // digits of what was measured
+constexpr int kComputed = 6;    // and of what is computed from it
+
+std::string withDecimals(double value, int decimals) {
+  std::string text;
+  appendFixed(text, value, decimals, '.');
+  if (text.find('.') == std::string::npos) return text;
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+std::string timeText(double seconds) { return withDecimals(seconds, 3); }
+
+std::string timesText(std::int64_t count) { return count == 1 ? "once" : fmt::format("{} times", count); }
+
+/// As the record tells it; UTC as local time, too.
+std::string beginText(const RecordHead& head) {
+  if (head.utcNanoseconds) {
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    const std::time_t utc = *head.utcNanoseconds / kNanoseconds;
+    return fmt::format("{:%Y-%m-%d %H:%M:%S} ({:%Y-%m-%d %H:%M:%S} UTC)", fmt::localtime(utc),
+                       fmt::gmtime(utc));
+  }
+  if (!head.local) return "not told";
+  const LocalDateTime& at = *head.local;
+  return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", at.year, at.month, at.day, at.hour, at.minute,
+                     at.second);
+}
+
+std::string formatText(const ShownRecord& shown) {
+  const double size = static_cast<double>(shown.table->bytes);
+  const std::string bytes = size < 1e4   ? fmt::format("{} bytes", shown.table->bytes)
+                            : size < 1e7 ? fmt::format("{:.0f} kB", size / 1e3)
+                                         : fmt::format("{:.0f} MB", size / 1e6);
+  const std::string_view kind = shown.format == "mf4"   ? "measurement file (MDF 4)"
+                                : shown.format == "xml" ? "XML record"
+                                                        : "text record";
+  return fmt::format("{}, {}", kind, bytes);
+}
+
+/// Lines "Name  text"; a text's own lines stand under each other.
+void addFact(TextTable& table, std::string name, std::string_view text) {
+  if (!name.empty()) name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    table.add({std::exchange(name, {}), std::string(text.substr(0, end))});
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+}
+
+TextTable factTable() { return TextTable({Align::Left, Align::Left}); }
+
+void addFacts(TextTable& table, const ShownRecord& shown) {
+  addFact(table, "File", shown.table->path);
+  addFact(table, "Kind", formatText(shown));
+  if (shown.recordings.size() != 1) addFact(table, "Recordings", std::to_string(shown.recordings.size()));
+  for (const std::string& each : shown.table->missing) addFact(table, "Missing", each);
+}
+
+void addFacts(TextTable& table, const ShownRecording& shown) {
+  const TableRecording& recording = *shown.recording;
+  const double begin = recording.begin();
+  const double end = recording.end();
+  addFact(table, "Began", beginText(recording.head));
+  addFact(table, "Lasts",
+          fmt::format("{}, from {} s to {} s", durationText(end - begin), timeText(begin), timeText(end)));
+  addFact(table, shown.tellsAnswers() ? "Answers" : "Rows", std::to_string(recording.rows()));
+  for (const auto& [name, text] : recording.head.facts)
+    if (name != kQualityFact && name != kConfigurationFact) addFact(table, name, text);
+  addFact(table, "Quality", shown.quality);
+}
+
+std::string markLine(const TableMark& mark) {
+  using Kind = RecordNote::Kind;
+  std::string text = markText({mark.kind, mark.time, mark.till, mark.number, {}});
+  if (mark.kind == Kind::Gap) text += fmt::format(" of {} s", timeText(mark.till - mark.time));
+  if (mark.kind == Kind::ClockStep) text += fmt::format(" of {} s", timeText(mark.till));
+  return mark.text.empty() ? text : text + ": " + mark.text;
+}
+
+std::string marks(const ShownRecording& shown) {
+  TextTable table({Align::Right, Align::Left}, 2);
+  std::size_t count = 0;
+  for (const TableMark& mark : shown.recording->marks)
+    if (shown.shows(mark) && ++count <= kMostMarks) table.add({timeText(mark.time) + " s", markLine(mark)});
+  if (count == 0) return {};
+  const std::string more =
+      count > kMostMarks ? fmt::format("  and {} more: --json has them all\n", count - kMostMarks) : "";
+  return "\nMarks\n" + table.text() + more;
+}
+
+std::string titleOf(const ShownDatum& datum) {
+  const std::string& unit = datum.column->about.unit;
+  return unit.empty() ? datum.name : datum.name + " (" + unit + ")";
+}
+
+TextTable wideTable(const std::vector<const ShownDatum*>& data) {
+  TextTable table({Align::Left, Align::Left, Align::Right, Align::Right, Align::Right, Align::Right,
+                   Align::Right, Align::Right, Align::Right},
+                  2);
+  table.add({"Data", "Unit", "Values", "Minimum", "at s", "Maximum", "at s", "Mean", "Deviation"});
+  for (const ShownDatum* const datum : data) {
+    const RecordFigures& figures = datum->figures;
+    table.add({datum->name, datum->column->about.unit, std::to_string(figures.count),
+               measureText(figures.lowest, kAsRecorded), timeText(figures.lowestAt),
+               measureText(figures.highest, kAsRecorded), timeText(figures.highestAt),
+               measureText(figures.mean, kComputed), measureText(figures.deviation, kComputed)});
+  }
+  return table;
+}
+
+std::string narrowTable(const std::vector<const ShownDatum*>& data) {
+  std::string out;
+  for (const ShownDatum* const datum : data) {
+    const RecordFigures& figures = datum->figures;
+    out += "  " + printableLine(titleOf(*datum)) + "\n";
+    TextTable table({Align::Left, Align::Right, Align::Left}, 4);
+    table.add({"values", std::to_string(figures.count)});
+    if (figures.count != 0) {
+      table.add(
+          {"minimum", measureText(figures.lowest, kAsRecorded), "at " + timeText(figures.lowestAt) + " s"});
+      table.add(
+          {"maximum", measureText(figures.highest, kAsRecorded), "at " + timeText(figures.highestAt) + " s"});
+      table.add({"mean", measureText(figures.mean, kComputed)});
+    }
+    if (figures.count > 1) table.add({"deviation", measureText(figures.deviation, kComputed)});
+    out += table.text();
+  }
+  return out;
+}
+
+std::string figures(const ShownRecording& shown, std::optional<std::size_t> width) {
+  if (shown.span.length() < 0) return "\nNothing between these times\n";
+  std::vector<const ShownDatum*> measures;
+  for (const ShownDatum& datum : shown.data)
+    if (datum.measure) measures.push_back(&datum);
+  if (measures.empty()) return {};
+  const TextTable wide = wideTable(measures);
+  const std::string heading =
+      fmt::format("\nFigures from {} s to {} s\n", timeText(shown.span.from), timeText(shown.span.till));
+  return heading + (width && wide.width() > *width ? narrowTable(measures) : wide.text());
+}
+
+std::string labelsOf(const ShownDatum& datum) {
+  std::vector<HeldLabel> labels = datum.labels;
+  std::ranges::stable_sort(labels, std::greater(), &HeldLabel::seconds);
+  TextTable table({Align::Left, Align::Right, Align::Right, Align::Left}, 4);
+  for (std::size_t i = 0; i < std::min(labels.size(), kMostLabels); ++i)
+    table.add({labels[i].label, durationText(labels[i].seconds), timesText(labels[i].times),
+               "first at " + timeText(labels[i].first) + " s"});
+  std::string out = "  " + printableLine(titleOf(datum)) + "\n" + table.text();
+  if (labels.empty()) out += "    no value\n";
+  if (labels.size() > kMostLabels)
+    out += fmt::format("    and {} more: --json has them all\n", labels.size() - kMostLabels);
+  return out;
+}
+
+std::string labels(const ShownRecording& shown) {
+  std::string out;
+  for (const ShownDatum& datum : shown.data)
+    if (!datum.measure || !datum.labels.empty()) out += labelsOf(datum);
+  return out.empty() ? out : "\nHow long values stood\n" + out;
+}
+
+}  // namespace
+
+std::string durationText(double seconds) {
+  constexpr double kMinute = 60;
+  constexpr double kHour = 3600;
+  const double rounded = std::round(seconds * 1000) / 1000;
+  if (rounded < 2 * kMinute) return timeText(rounded) + " s";
+  const double hours = std::floor(rounded / kHour);
+  const double minutes = std::floor((rounded - hours * kHour) / kMinute);
+  const std::string rest = withDecimals(rounded - hours * kHour - minutes * kMinute, 1) + " s";
+  return (hours > 0 ? fmt::format("{:.0f} h ", hours) : "") + fmt::format("{:.0f} min ", minutes) + rest;
+}
+
+std::string measureText(double value, int digits) {
+  if (std::isnan(value)) return {};
+  const double size = std::abs(value);
+  if (size < kWholeBelow && size == std::floor(size)) return fmt::format("{:.0f}", value + 0.0);
+  if (size >= kWholeBelow || size < 1e-4) return fmt::format("{:.{}g}", value, digits);
+  return withDecimals(value, std::max(0, digits - 1 - static_cast<int>(std::floor(std::log10(size)))));
+}
+
+std::string showText(const ShownRecord& shown, std::optional<std::size_t> width) {
+  const bool several = shown.recordings.size() != 1;
+  TextTable table = factTable();
+  addFacts(table, shown);
+  std::string out = several ? table.text() : "";
+  for (const ShownRecording& each : shown.recordings) {
+    if (several) {
+      out += fmt::format("\n--- Recording {} of {} ---\n\n", &each - shown.recordings.data() + 1,
+                         shown.recordings.size());
+      table = factTable();
+    }
+    addFacts(table, each);
+    out += table.text() + marks(each) + figures(each, width) + labels(each);
+  }
+  return out;
+}
+
+}  // namespace tarnlog::record

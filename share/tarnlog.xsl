@@ -5,9 +5,24 @@
 
   <xsl:variable name="datas" select="/Tarnlog2000/Datas/Data"/>
   <xsl:variable name="rows" select="/Tarnlog2000/row"/>
+  <xsl:variable name="count" select="count($rows)"/>
   <!-- Data that the vehicle did not give have no column. Then the columns cannot be told apart. -->
   <xsl:variable name="columns" select="$rows[1]/@*[starts-with(name(), 'C')]"/>
   <xsl:variable name="named" select="count($columns) = count($datas)"/>
+  <!-- Of the table. More of them keep browsers busy for long. -->
+  <xsl:variable name="most" select="10000"/>
+  <!-- The usual time from row to row: the middle one of up to a thousand of them. -->
+  <xsl:variable name="each" select="ceiling($count div 1000)"/>
+  <xsl:variable name="step">
+    <xsl:for-each select="$rows[position() &gt; 1 and position() mod $each = 0]">
+      <xsl:sort select="translate(@Time, ',', '.') - translate(preceding-sibling::row[1]/@Time, ',', '.')" data-type="number"/>
+      <xsl:if test="position() = ceiling(last() div 2)">
+        <xsl:value-of select="translate(@Time, ',', '.') - translate(preceding-sibling::row[1]/@Time, ',', '.')"/>
+      </xsl:if>
+    </xsl:for-each>
+  </xsl:variable>
+  <!-- Longer ones are gaps. Times have two decimals. -->
+  <xsl:variable name="pause" select="3 * $step + 0.015"/>
 
   <xsl:template match="/Tarnlog2000">
     <html lang="en">
@@ -210,13 +225,15 @@
   <!-- Record -->
 
   <xsl:template name="record">
-    <xsl:if test="$named and count($rows) &gt; 1">
+    <xsl:if test="$named and $count &gt; 1">
       <xsl:apply-templates select="$datas[Scope/@type = 'Graph']" mode="graph"/>
     </xsl:if>
     <section>
       <h2>Rows</h2>
       <p class="quiet">
-        <xsl:value-of select="count($rows)"/> row<xsl:if test="count($rows) != 1">s</xsl:if>. Times in seconds.
+        <xsl:value-of select="format-number($count, '#,##0')"/> row<xsl:if test="$count != 1">s</xsl:if>.
+        <xsl:if test="$count &gt; $most">The table ends after the first <xsl:value-of select="format-number($most, '#,##0')"/>; the graphs show all. </xsl:if>
+        <xsl:text>Times in seconds.</xsl:text>
         <xsl:if test="$rows and not($named)">Some data were not there, so the columns only have numbers.</xsl:if>
       </p>
       <div class="scroll tall">
@@ -228,9 +245,15 @@
               <xsl:for-each select="$columns"><xsl:call-template name="heading"/></xsl:for-each>
             </tr>
           </thead>
-          <tbody><xsl:apply-templates select="$rows"/></tbody>
+          <tbody><xsl:apply-templates select="$rows[position() &lt;= $most]"/></tbody>
         </table>
       </div>
+      <xsl:if test="$count &gt; $most">
+        <p class="quiet">
+          <xsl:value-of select="concat('The table ends here, after ', format-number($most, '#,##0'), ' of ', format-number($count, '#,##0'))"/>
+          <xsl:text> rows. </xsl:text><code>tarn-record export</code><xsl:text> makes a table of them all.</xsl:text>
+        </p>
+      </xsl:if>
     </section>
   </xsl:template>
 
@@ -261,70 +284,81 @@
     <xsl:variable name="settings" select="Scope/Graph"/>
     <xsl:variable name="curves" select="current() | $datas[Scope/GraphIndex/@index = current()/@index]"/>
     <xsl:variable name="axis" select="$datas[Scope/GraphAxeX/@index = current()/@index][last()]"/>
-    <xsl:variable name="x">
+    <xsl:variable name="columnX">
       <xsl:choose>
         <xsl:when test="$axis">C<xsl:value-of select="count($axis/preceding-sibling::Data) + 1"/></xsl:when>
         <xsl:otherwise>Time</xsl:otherwise>
       </xsl:choose>
     </xsl:variable>
-    <xsl:variable name="y">
+    <xsl:variable name="columnsY">
       <xsl:text> </xsl:text>
       <xsl:for-each select="$curves"><xsl:value-of select="concat('C', count(preceding-sibling::Data) + 1, ' ')"/></xsl:for-each>
     </xsl:variable>
-    <xsl:variable name="fixed" select="$settings/@axeYauto = 0 and $settings/@axeYmini &lt; $settings/@axeYmaxi"/>
-    <xsl:variable name="bottom">
+    <!-- Strings: comparing each cell with a fragment takes long. -->
+    <xsl:variable name="x" select="string($columnX)"/>
+    <xsl:variable name="y" select="string($columnsY)"/>
+    <xsl:variable name="one" select="count($curves) = 1"/>
+    <xsl:variable name="first" select="normalize-space($y)"/>
+    <xsl:variable name="cells" select="$rows/@*[name() = $first or (not($one) and contains($y, concat(name(), ' ')))]"/>
+    <xsl:variable name="across">
       <xsl:choose>
-        <xsl:when test="$fixed"><xsl:value-of select="$settings/@axeYmini"/></xsl:when>
-        <xsl:otherwise><xsl:call-template name="extreme"><xsl:with-param name="names" select="$y"/></xsl:call-template></xsl:otherwise>
-      </xsl:choose>
-    </xsl:variable>
-    <xsl:variable name="top">
-      <xsl:choose>
-        <xsl:when test="$fixed"><xsl:value-of select="$settings/@axeYmaxi"/></xsl:when>
+        <xsl:when test="$axis">
+          <xsl:call-template name="range"><xsl:with-param name="cells" select="$rows/@*[name() = $x]"/></xsl:call-template>
+        </xsl:when>
         <xsl:otherwise>
-          <xsl:call-template name="extreme">
-            <xsl:with-param name="names" select="$y"/>
-            <xsl:with-param name="order">descending</xsl:with-param>
-          </xsl:call-template>
+          <xsl:value-of select="translate(concat($rows[1]/@Time, ' ', $rows[last()]/@Time), ',', '.')"/>
         </xsl:otherwise>
       </xsl:choose>
     </xsl:variable>
-    <xsl:variable name="left">
-      <xsl:call-template name="extreme"><xsl:with-param name="names" select="concat(' ', $x, ' ')"/></xsl:call-template>
+    <xsl:variable name="up">
+      <xsl:choose>
+        <xsl:when test="$settings/@axeYauto = 0 and $settings/@axeYmini &lt; $settings/@axeYmaxi">
+          <xsl:value-of select="concat($settings/@axeYmini, ' ', $settings/@axeYmaxi)"/>
+        </xsl:when>
+        <xsl:otherwise>
+          <xsl:call-template name="range"><xsl:with-param name="cells" select="$cells"/></xsl:call-template>
+        </xsl:otherwise>
+      </xsl:choose>
     </xsl:variable>
-    <xsl:variable name="right">
-      <xsl:call-template name="extreme">
-        <xsl:with-param name="names" select="concat(' ', $x, ' ')"/>
-        <xsl:with-param name="order">descending</xsl:with-param>
-      </xsl:call-template>
-    </xsl:variable>
-    <xsl:if test="string($bottom) and string($left)">
+    <xsl:variable name="left" select="substring-before($across, ' ')"/>
+    <xsl:variable name="right" select="substring-after($across, ' ')"/>
+    <xsl:variable name="width" select="($right - $left) + ($right = $left)"/>
+    <xsl:variable name="bottom" select="substring-before($up, ' ')"/>
+    <xsl:variable name="top" select="substring-after($up, ' ')"/>
+    <xsl:if test="string($across) and string($up)">
       <figure>
         <figcaption><xsl:apply-templates select="$curves" mode="legend"/></figcaption>
-        <div class="plot">
-          <div class="y"><span><xsl:value-of select="round(1000 * $top) div 1000"/></span><span><xsl:value-of select="round(1000 * $bottom) div 1000"/></span></div>
-          <svg viewBox="0 0 1000 200" preserveAspectRatio="none" xmlns="http://www.w3.org/2000/svg">
-            <xsl:if test="not($axis)">
-              <xsl:for-each select="$rows[string(@Event)]">
-                <xsl:variable name="at" select="1000 * (translate(@Time, ',', '.') - $left) div ($right - $left)"/>
-                <line class="mark" x1="{$at}" x2="{$at}" y1="0" y2="200"><title><xsl:value-of select="@Event"/></title></line>
-              </xsl:for-each>
-            </xsl:if>
-            <xsl:for-each select="$curves">
-              <xsl:call-template name="curve">
-                <xsl:with-param name="x" select="string($x)"/>
-                <xsl:with-param name="y" select="concat('C', count(preceding-sibling::Data) + 1)"/>
-                <xsl:with-param name="left" select="$left"/>
-                <xsl:with-param name="width" select="($right - $left) + ($right = $left)"/>
-                <xsl:with-param name="bottom" select="$bottom"/>
-                <xsl:with-param name="height" select="($top - $bottom) + ($top = $bottom)"/>
-              </xsl:call-template>
-            </xsl:for-each>
-          </svg>
+        <div class="y">
+          <span><xsl:call-template name="rounded"><xsl:with-param name="value" select="$top"/><xsl:with-param name="range" select="$top - $bottom"/></xsl:call-template></span>
+          <span><xsl:call-template name="rounded"><xsl:with-param name="value" select="$bottom"/><xsl:with-param name="range" select="$top - $bottom"/></xsl:call-template></span>
         </div>
+        <svg viewBox="0 0 1000 200" preserveAspectRatio="none" xmlns="http://www.w3.org/2000/svg">
+          <xsl:if test="not($axis)">
+            <xsl:for-each select="$rows[string(@Event)]">
+              <xsl:variable name="at" select="1000 * (translate(@Time, ',', '.') - $left) div $width"/>
+              <line class="mark" x1="{$at}" x2="{$at}" y1="0" y2="200"><title><xsl:value-of select="@Event"/></title></line>
+            </xsl:for-each>
+          </xsl:if>
+          <xsl:for-each select="$curves">
+            <xsl:variable name="column" select="concat('C', count(preceding-sibling::Data) + 1)"/>
+            <path>
+              <xsl:attribute name="stroke"><xsl:apply-templates select="Scope/*/@color"/></xsl:attribute>
+              <xsl:attribute name="d">
+                <xsl:call-template name="curve">
+                  <xsl:with-param name="cells" select="$cells[name() = $column]"/>
+                  <xsl:with-param name="x" select="$x"/>
+                  <xsl:with-param name="left" select="$left"/>
+                  <xsl:with-param name="width" select="$width"/>
+                  <xsl:with-param name="bottom" select="$bottom"/>
+                  <xsl:with-param name="height" select="($top - $bottom) + ($top = $bottom)"/>
+                </xsl:call-template>
+              </xsl:attribute>
+            </path>
+          </xsl:for-each>
+        </svg>
         <div class="x">
           <span><xsl:value-of select="$left"/></span>
-          <span><xsl:value-of select="$axis/@name"/></span>
+          <span class="name"><xsl:value-of select="$axis/@name"/></span>
           <span><xsl:value-of select="$right"/><xsl:if test="not($axis)"> s</xsl:if></span>
         </div>
       </figure>
@@ -342,39 +376,141 @@
     </span>
   </xsl:template>
 
-  <!-- Least or greatest number in the columns with these names; numbers may have a decimal comma. -->
-  <xsl:template name="extreme">
-    <xsl:param name="names"/>
-    <xsl:param name="order">ascending</xsl:param>
-    <xsl:variable name="values" select="$rows/@*[contains($names, concat(' ', name(), ' '))]"/>
-    <xsl:for-each select="$values[number(translate(., ',', '.')) = number(translate(., ',', '.'))]">
-      <xsl:sort select="translate(., ',', '.')" data-type="number" order="{$order}"/>
-      <xsl:if test="position() = 1"><xsl:value-of select="translate(., ',', '.')"/></xsl:if>
-    </xsl:for-each>
+  <!-- Least and greatest of these numbers, with a blank between them. They may have a decimal comma; what is no number is
+       passed over: 0 times it is not 0. -->
+  <xsl:template name="range">
+    <xsl:param name="cells"/>
+    <xsl:param name="numbers" select="$cells[0 * translate(., ',', '.') = 0]"/>
+    <xsl:if test="$numbers">
+      <xsl:call-template name="extreme">
+        <xsl:with-param name="numbers" select="$numbers"/>
+        <xsl:with-param name="sign" select="-1"/>
+      </xsl:call-template>
+      <xsl:text> </xsl:text>
+      <xsl:call-template name="extreme">
+        <xsl:with-param name="numbers" select="$numbers"/>
+        <xsl:with-param name="sign" select="1"/>
+      </xsl:call-template>
+    </xsl:if>
   </xsl:template>
 
-  <!-- At most about a thousand points: more than that no screen shows. -->
+  <!-- The greatest number, or with the sign -1 the least: that of a few is found by sorting, and again of those beyond it, until
+       there are none. Sorting all takes much longer. -->
+  <xsl:template name="extreme">
+    <xsl:param name="numbers"/>
+    <xsl:param name="sign"/>
+    <xsl:variable name="each" select="ceiling(count($numbers) div 20)"/>
+    <xsl:variable name="found">
+      <xsl:for-each select="$numbers[position() mod $each = 0]">
+        <xsl:sort select="$sign * translate(., ',', '.')" data-type="number" order="descending"/>
+        <xsl:if test="position() = 1"><xsl:value-of select="translate(., ',', '.')"/></xsl:if>
+      </xsl:for-each>
+    </xsl:variable>
+    <xsl:variable name="level" select="number($found)"/>
+    <xsl:variable name="beyond" select="$numbers[$sign * (translate(., ',', '.') - $level) &gt; 0]"/>
+    <xsl:choose>
+      <xsl:when test="$beyond">
+        <xsl:call-template name="extreme">
+          <xsl:with-param name="numbers" select="$beyond"/>
+          <xsl:with-param name="sign" select="$sign"/>
+        </xsl:call-template>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="$found"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+  <!-- To a hundredth of the range of an axis. -->
+  <xsl:template name="rounded">
+    <xsl:param name="value"/>
+    <xsl:param name="range"/>
+    <xsl:param name="scale" select="1"/>
+    <xsl:choose>
+      <xsl:when test="$range * $scale &lt; 100 and $scale &lt; 1000000">
+        <xsl:call-template name="rounded">
+          <xsl:with-param name="value" select="$value"/>
+          <xsl:with-param name="range" select="$range"/>
+          <xsl:with-param name="scale" select="10 * $scale"/>
+        </xsl:call-template>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="format-number(round($value * $scale) div $scale + 0, '0.######')"/></xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+  <!-- The curve through these cells of one column. What is narrower than a screen shows is drawn as its first two, lowest,
+       highest and last point; the rest is parted into halves, so that a long record takes no longer per row than a short one. -->
   <xsl:template name="curve">
+    <xsl:param name="cells"/>
     <xsl:param name="x"/>
-    <xsl:param name="y"/>
     <xsl:param name="left"/>
     <xsl:param name="width"/>
     <xsl:param name="bottom"/>
     <xsl:param name="height"/>
-    <xsl:variable name="step" select="floor(count($rows) div 1000) + 1"/>
-    <polyline xmlns="http://www.w3.org/2000/svg">
-      <xsl:attribute name="stroke"><xsl:apply-templates select="Scope/*/@color"/></xsl:attribute>
-      <xsl:attribute name="points">
-        <xsl:for-each select="$rows[position() mod $step = 0]">
-          <xsl:variable name="h" select="number(translate(@*[name() = $x], ',', '.'))"/>
-          <xsl:variable name="v" select="number(translate(@*[name() = $y], ',', '.'))"/>
-          <xsl:if test="$h = $h and $v = $v">
-            <xsl:value-of select="concat(round(10000 * ($h - $left) div $width) div 10, ',',
-                                         200 - round(2000 * ($v - $bottom) div $height) div 10, ' ')"/>
-          </xsl:if>
+    <xsl:variable name="span" select="translate($cells[last()]/../@Time, ',', '.') - translate($cells[1]/../@Time, ',', '.')"/>
+    <xsl:variable name="narrow" select="count($cells) &lt;= 4 or ($x = 'Time' and 500 * $span &lt;= $width)
+                                        or ($x != 'Time' and 500 * count($cells) &lt;= $count)"/>
+    <xsl:choose>
+      <xsl:when test="$narrow">
+        <xsl:variable name="numbers" select="$cells[0 * translate(., ',', '.') = 0]"/>
+        <xsl:variable name="range">
+          <xsl:call-template name="range"><xsl:with-param name="numbers" select="$numbers"/></xsl:call-template>
+        </xsl:variable>
+        <xsl:variable name="low" select="number(substring-before($range, ' '))"/>
+        <xsl:variable name="high" select="number(substring-after($range, ' '))"/>
+        <xsl:for-each select="$numbers[position() &lt;= 2 or position() = last()] | $numbers[translate(., ',', '.') = $low][1]
+                              | $numbers[translate(., ',', '.') = $high][1]">
+          <xsl:call-template name="point">
+            <xsl:with-param name="x" select="$x"/>
+            <xsl:with-param name="left" select="$left"/>
+            <xsl:with-param name="width" select="$width"/>
+            <xsl:with-param name="bottom" select="$bottom"/>
+            <xsl:with-param name="height" select="$height"/>
+          </xsl:call-template>
         </xsl:for-each>
-      </xsl:attribute>
-    </polyline>
+      </xsl:when>
+      <xsl:otherwise>
+        <xsl:variable name="half" select="floor(count($cells) div 2)"/>
+        <xsl:call-template name="curve">
+          <xsl:with-param name="cells" select="$cells[position() &lt;= $half]"/>
+          <xsl:with-param name="x" select="$x"/>
+          <xsl:with-param name="left" select="$left"/>
+          <xsl:with-param name="width" select="$width"/>
+          <xsl:with-param name="bottom" select="$bottom"/>
+          <xsl:with-param name="height" select="$height"/>
+        </xsl:call-template>
+        <xsl:call-template name="curve">
+          <xsl:with-param name="cells" select="$cells[position() &gt; $half]"/>
+          <xsl:with-param name="x" select="$x"/>
+          <xsl:with-param name="left" select="$left"/>
+          <xsl:with-param name="width" select="$width"/>
+          <xsl:with-param name="bottom" select="$bottom"/>
+          <xsl:with-param name="height" select="$height"/>
+        </xsl:call-template>
+      </xsl:otherwise>
+    </xsl:choose>
+  </xsl:template>
+
+  <!-- The point of a cell. A line leads to it unless its row comes after a pause or the row before has no number: then a
+       dot begins another piece. -->
+  <xsl:template name="point">
+    <xsl:param name="x"/>
+    <xsl:param name="left"/>
+    <xsl:param name="width"/>
+    <xsl:param name="bottom"/>
+    <xsl:param name="height"/>
+    <xsl:variable name="before" select="../preceding-sibling::row[1]"/>
+    <xsl:variable name="h" select="number(translate(../@*[name() = $x], ',', '.'))"/>
+    <xsl:variable name="v" select="number(translate(., ',', '.'))"/>
+    <xsl:variable name="point" select="concat(round(10000 * ($h - $left) div $width) div 10, ',',
+                                              200 - round(2000 * ($v - $bottom) div $height) div 10)"/>
+    <xsl:choose>
+      <xsl:when test="string($h) = 'NaN'"/>
+      <xsl:when test="string(number(translate($before/@*[name() = name(current())], ',', '.'))) = 'NaN'
+                      or string(number(translate($before/@*[name() = $x], ',', '.'))) = 'NaN'
+                      or translate(../@Time, ',', '.') - translate($before/@Time, ',', '.') &gt; $pause">
+        <xsl:value-of select="concat('M', $point, 'h0')"/>
+      </xsl:when>
+      <xsl:otherwise><xsl:value-of select="concat('L', $point)"/></xsl:otherwise>
+    </xsl:choose>
   </xsl:template>
 
   <xsl:template name="style">
@@ -408,16 +544,15 @@
                border-radius: 3px; }
       details { margin-top: 2rem; }
       summary { cursor: pointer; font-size: 1.1rem; font-weight: bold; }
-      figure { margin: 1.5rem 0 0; }
-      figcaption { padding-left: 5rem; font-size: .9rem; }
-      .curve { margin-right: 1.2rem; white-space: nowrap; }
-      .plot { display: flex; height: 10rem; }
-      .y { box-sizing: border-box; width: 5rem; padding-right: .5rem; display: flex; flex-direction: column;
-           justify-content: space-between; text-align: right; }
-      .x { display: flex; justify-content: space-between; padding-left: 5rem; }
+      figure { margin: 1.5rem 0 0; display: grid; grid-template-columns: minmax(3rem, max-content) minmax(0, 1fr); gap: .2rem .5rem; }
+      figcaption { grid-column: 2; font-size: .9rem; }
+      .curve { margin-right: 1.2rem; display: inline-block; }
+      .y { display: flex; flex-direction: column; justify-content: space-between; text-align: right; }
+      .x { grid-column: 2; display: flex; flex-wrap: wrap; justify-content: space-between; gap: 0 1rem; }
+      .x .name { overflow-wrap: anywhere; min-width: 0; }
       .x, .y { color: var(--quiet); font-size: .8rem; font-variant-numeric: tabular-nums; }
-      svg { flex: 1; min-width: 0; border: 1px solid var(--line); overflow: hidden; }
-      polyline { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; stroke-linejoin: round; }
+      svg { width: 100%; height: 10rem; border: 1px solid var(--line); overflow: hidden; }
+      path { fill: none; stroke-width: 1.6px; vector-effect: non-scaling-stroke; stroke-linejoin: round; stroke-linecap: round; }
       .mark { stroke: var(--quiet); stroke-width: 1px; stroke-dasharray: 4 3; vector-effect: non-scaling-stroke; }
       @media print { .scroll { overflow: visible; max-height: none; } }
     </style>

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -27,10 +28,16 @@ std::string pageOf(const std::string& document) {
   return page;
 }
 
+class Stylesheet : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (std::system("command -v xsltproc >/dev/null") != 0) GTEST_SKIP() << "xsltproc is not installed";
+  }
+};
+
 }  // namespace
 
-TEST(Stylesheet, ShowsWhatTheWritersWrite) {
-  if (std::system("command -v xsltproc >/dev/null") != 0) GTEST_SKIP() << "xsltproc is not installed";
+TEST_F(Stylesheet, ShowsWhatTheWritersWrite) {
   Scenario car({.speed = "0:12.25 1100:60.5 1200:61 1300:100",
                 .data = {"Status/Speed", "Status/Température"},
                 .start = "rising 49.5",
@@ -51,6 +58,27 @@ TEST(Stylesheet, ShowsWhatTheWritersWrite) {
   for (const char* part :
        {"<h1>p_16-11-26_19h05mn08.xml</h1>",
         "<th class=\"number\">Température<span class=\"quiet\"> °C</span></th>",
-        "<td>Start</td><td class=\"number\">60,5</td>", "points=\"0,139.5 500,139 1000,100 \""})
+        "<td>Start</td><td class=\"number\">60,5</td>", "d=\"M0,139.5h0L500,139L1000,100\""})
     EXPECT_THAT(record, testing::HasSubstr(part));
+}
+
+TEST_F(Stylesheet, KeepsPeaksAndGapsOfLongRecordsAndEndsTheTable) {
+  std::string record =
+      "<Tarnlog2000><Description>Data file</Description><Date/><Datas><Data index='1' name='Speed'>"
+      "<Scope type='Graph'><Graph axeYauto='1' color='0'/></Scope></Data></Datas>";
+  for (int i = 0; i <= 20000; ++i) {
+    const bool rests = i >= 5000 && i < 10000;
+    const std::string cell = i == 3001 ? "1000" : i == 17003 ? "-1000" : rests ? "---" : "0";
+    const int time = i + (i >= 15000 ? 20000 : 0);
+    record += "<row Time='" + std::to_string(time) + "' C1='" + cell + "'/>";
+  }
+  const std::string page = pageOf(record + "</Tarnlog2000>");
+  EXPECT_THAT(page, testing::HasSubstr("after 10,000 of 20,001 rows"));
+  EXPECT_THAT(page, testing::Not(testing::HasSubstr("<td class=\"number\">10000</td>")));
+  const std::size_t begin = page.find("d=\"M");
+  const std::string curve = page.substr(begin, page.find('"', begin + 3) - begin);
+  for (const char* point :
+       {"d=\"M0,100h0", "L75,0L", "L125,100M250,100h0", "L375,100M875,100h0", "L925.1,200L"})
+    EXPECT_THAT(curve, testing::HasSubstr(point));
+  EXPECT_LT(curve.size(), 30000U);
 }

@@ -149,11 +149,15 @@ int LiveRecorder::run() {
   });
   printing.start(1000);
   const SignalWatch signalWatch([&] { window.endAndClose(); }, [&] { acq.RecordUserEvent(); });
-  window.show();
+  // Who comes for a record is not asked for a vehicle.
+  const bool recorderWanted =
+      options_.records.empty() || !options_.vehicle.empty() || !options_.config.empty();
+  if (recorderWanted) window.show();
   // From within the loop, which a box about them must not keep from ending.
   QTimer::singleShot(0, &window, [&] {
     if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
     if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
+    if (!options_.records.empty()) window.lookAtRecords(options_.records);
   });
   const int code = QApplication::exec();
   files_.finishSyncing();

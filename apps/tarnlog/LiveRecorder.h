@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "apps/common/NonWaitingStream.h"
 #include "apps/tarnlog/EndRecordingBox.h"
@@ -27,6 +28,7 @@ struct LiveOptions {
   std::optional<std::string> folder;  ///< of the files of `config` and of new configurations
   bool folderPerVehicle = false;      ///< for this time; else as the user's settings have it
   host::LinkOptions link;
+  std::vector<std::string> records = {};  ///< to be looked at
 };
 
 /// The recorder in a window, on this system, as the command line wants it.

@@ -17,7 +17,9 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
 #include "apps/tarnlog/LinkAdvice.h"
+#include "apps/tarnlog/RecentMenu.h"
 #include "apps/tarnlog/StartPage.h"
+#include "config/RecordMark.h"
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
@@ -74,9 +76,14 @@ void RecorderWindow::createContent() {
   notices_ = new NoticeBar;
   start_ = new StartPage;
   startHelp_ = new HelpPanel(environment_.recorder.guide, start_);
+  viewer_.emplace(
+      environment_.recorder, [this] { bringUp(); },
+      [this](std::function<void()> action) { whenIdle_->run(std::move(action)); });
+  environment_.recorder.lookAtRecord = [this](const std::string& path) { lookAtRecords({path}); };
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
-  recordings_.emplace(*notices_, [this] { recorder_->openScreen("param"); });
+  recordings_.emplace(
+      *notices_, [this] { recorder_->openScreen("param"); }, environment_.recorder.lookAtRecord);
   unfinished_.emplace(environment_.unfinished, *notices_,
                       [this] { return recorder_->ctlTarnAcq().AcqState() != TarnAcq::kIdle; });
   pages_ = new QStackedWidget;
@@ -94,6 +101,7 @@ void RecorderWindow::createContent() {
   connect(start_, &StartPage::connectionChosen, this, &RecorderWindow::openConnection);
   connect(start_, &StartPage::otherVehicleWanted, this, &RecorderWindow::chooseVehicle);
   connect(start_, &StartPage::carWanted, this, &RecorderWindow::connectToCar);
+  connect(start_, &StartPage::recordWanted, this, [this] { viewer_->askOpen(); });
   // Once the drag is over: opening lets events run.
   connect(
       start_, &StartPage::filesDropped, this, [this](const QStringList& paths) { openDropped(paths); },
@@ -145,14 +153,17 @@ void RecorderWindow::addFileActions(QMenu& menu) {
                  this, &RecorderWindow::chooseVehicle);
   menu.addAction(tarnIcon("plug"), tr("&Connect to a car..."), this, &RecorderWindow::connectToCar)
       ->setObjectName("connectToCar");
-  addRecentMenu(menu, tr("Recent v&ehicles"), recentVehicles_, &RecorderWindow::openVehicle);
+  addRecentMenu(menu, tr("Recent v&ehicles"), recentVehicles_,
+                [this](const QString& path) { openVehicle(path); });
   menu.addSeparator();
   const QList<QAction*> actions = recorder_->ctlTarnConfigure().fileActions();
   for (QAction* const action : actions) action->setShortcutContext(Qt::WindowShortcut);
   menu.addAction(actions.first());
   QMenu* const recent = addRecentMenu(menu, tr("&Recent configurations"), recentConfigurations_,
-                                      &RecorderWindow::openConfiguration);
+                                      [this](const QString& path) { openConfiguration(path); });
   menu.addActions(actions.mid(1));
+  menu.addSeparator();
+  viewer_->addActions(menu);
   menu.addSeparator();
   addFolderPerVehicle(menu);
   menu.addSeparator();
@@ -186,21 +197,6 @@ std::string RecorderWindow::folderFor(const std::string& folder) {
       });
 }
 
-QMenu* RecorderWindow::addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
-                                     void (RecorderWindow::*open)(const QString&)) {
-  QMenu* const recent = menu.addMenu(title);
-  connect(recent, &QMenu::aboutToShow, this, [this, recent, &files, open] {
-    recent->clear();
-    for (const std::string& path : files.paths()) {
-      QString text = toQString(path);
-      recent->addAction(text.replace('&', "&&"), this,
-                        [this, open, path = toQString(path)] { (this->*open)(path); });
-    }
-    if (recent->isEmpty()) recent->addAction(tr("(none)"))->setEnabled(false);
-  });
-  return recent;
-}
-
 void RecorderWindow::about() {
   QMessageBox::about(this, tr("About Tarnlog2001"),
                      tr("Tarnlog2001 %1\nRecorder and live scope for the diagnostic data of a vehicle's "
@@ -220,21 +216,35 @@ void RecorderWindow::chooseVehicle() {
   });
 }
 
-/// A configuration that comes along is for the vehicle.
+/// A configuration that comes along is for the vehicle; records are looked at together.
 void RecorderWindow::openDropped(const QStringList& paths) {
-  for (const bool configurations : {false, true})
-    for (const QString& path : paths)
-      if (configurations == path.endsWith(".xml", Qt::CaseInsensitive)) openDropped(path);
+  std::vector<std::string> records;
+  QStringList configurations;
+  for (const QString& path : paths) {
+    if (isRecord(path))
+      records.push_back(fromQString(path));
+    else if (path.endsWith(".xml", Qt::CaseInsensitive))
+      configurations += path;
+    else
+      openDropped(path);
+  }
+  for (const QString& path : configurations) openConfiguration(path);
+  if (!records.empty()) lookAtRecords(records);
+}
+
+bool RecorderWindow::isRecord(const QString& path) const {
+  const QString kind = QFileInfo(path).suffix().toLower();
+  return kind == "txt" || kind == "csv" || kind == "mf4" ||
+         (kind == "xml" && isRecordFile(environment_.recorder.files, fromQString(path)));
 }
 
 void RecorderWindow::openDropped(const QString& path) {
   const QString kind = QFileInfo(path).suffix().toLower();
   if (kind == "json") return openVehicle(path);
   if (kind == "trace") return openConnection({std::string(host::kObdCar), "replay:" + fromQString(path)});
-  if (kind == "xml") return openConfiguration(path);
   const bool container = kind == "pdx" || kind == "odx";
   say("dropped", (container ? tr("%1: \"tarn-record import --odx\" makes a vehicle description of it")
-                            : tr("%1 is no vehicle (.json), configuration (.xml) or trace (.trace)"))
+                            : tr("%1 is no vehicle (.json), configuration (.xml), record or trace (.trace)"))
                      .arg(QFileInfo(path).fileName()));
 }
 
@@ -414,6 +424,12 @@ void RecorderWindow::showPlace() {
   menuBar()->setCornerWidget(place_);  // the bar makes room for a longer text only then
 }
 
+void RecorderWindow::bringUp() {
+  show();
+  raise();
+  activateWindow();
+}
+
 void RecorderWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   showPlace();
@@ -466,6 +482,7 @@ void RecorderWindow::endAndClose() {
 void RecorderWindow::closeNow() {
   if (std::exchange(mayClose_, true)) return;
   storePlace();
+  viewer_->close();
   QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 

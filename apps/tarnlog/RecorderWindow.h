@@ -9,6 +9,7 @@
 
 #include "apps/tarnlog/CarConnection.h"
 #include "apps/tarnlog/LinkChoices.h"
+#include "apps/tarnlog/RecordViewer.h"
 #include "apps/tarnlog/RecordingNotices.h"
 #include "apps/tarnlog/UnfinishedOffer.h"
 #include "apps/tarnlog/VehicleSlot.h"
@@ -68,6 +69,11 @@ class RecorderWindow : public QMainWindow {
 
   /// Ends an acquisition in order, then closes without a question; open ones are cancelled.
   void endAndClose();
+  /// In a window of its own; the second and third are laid over the first.
+  void lookAtRecords(const std::vector<std::string>& paths) { viewer_->open(paths); }
+  /// In front of other windows.
+  void bringUp();
+
   /// What is told of recordings.
   RecordingNotices& recordings() { return *recordings_; }
 
@@ -84,13 +90,12 @@ class RecorderWindow : public QMainWindow {
   void addFileActions(QMenu& menu);
   void addHelpActions(QMenu& menu);
   void addFolderPerVehicle(QMenu& menu);
-  QMenu* addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files,
-                       void (RecorderWindow::*open)(const QString&));
   void restorePlace();
   void storePlace();
   void toggleHelp();
   void openDropped(const QStringList& paths);
   void openDropped(const QString& path);
+  bool isRecord(const QString& path) const;
   void chooseVehicle();
   void connectToCar();
   void connectAsAsked(ConnectDialog& dialog);
@@ -133,6 +138,7 @@ class RecorderWindow : public QMainWindow {
   QAction* folderPerVehicle_ = nullptr;
   TarnMain* recorder_ = nullptr;
   std::unique_ptr<VehicleSlot> slot_;
+  std::optional<RecordViewer> viewer_;
   std::optional<RecordingNotices> recordings_;
   std::optional<UnfinishedOffer> unfinished_;
 };

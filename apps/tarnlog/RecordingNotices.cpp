@@ -8,8 +8,9 @@
 
 namespace tarnlog {
 
-RecordingNotices::RecordingNotices(NoticeBar& bar, std::function<void()> openParameters)
-    : bar_(bar), openParameters_(std::move(openParameters)) {}
+RecordingNotices::RecordingNotices(NoticeBar& bar, std::function<void()> openParameters,
+                                   std::function<void(const std::string& path)> lookAt)
+    : bar_(bar), openParameters_(std::move(openParameters)), lookAt_(std::move(lookAt)) {}
 
 /// One message a file: its end takes the place of its beginning. A measurement file gets its answers in
 /// blocks.
@@ -49,7 +50,8 @@ void RecordingNotices::measurementFailed(const std::string& why) {
 
 void RecordingNotices::recorded(const std::string& path, const std::string& quality) {
   const QString name = QFileInfo(toQString(path)).fileName();
-  bar_.showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(quality)));
+  bar_.showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(quality)), {},
+                  {tr("Look at it"), [this, path] { lookAt_(path); }});
 }
 
 }  // namespace tarnlog

@@ -15,8 +15,9 @@ class RecordingNotices {
   Q_DECLARE_TR_FUNCTIONS(RecordingNotices)
 
  public:
-  /// `openParameters` shows where files go.
-  RecordingNotices(NoticeBar& bar, std::function<void()> openParameters);
+  /// `openParameters` shows where files go, `lookAt` a record.
+  RecordingNotices(NoticeBar& bar, std::function<void()> openParameters,
+                   std::function<void(const std::string& path)> lookAt);
 
   void writeTrouble(const WriteTrouble& trouble);
   void openFailed(const std::string& why);
@@ -27,6 +28,7 @@ class RecordingNotices {
  private:
   NoticeBar& bar_;
   std::function<void()> openParameters_;
+  std::function<void(const std::string& path)> lookAt_;
 };
 
 }  // namespace tarnlog

@@ -45,10 +45,12 @@ StartPage::StartPage(QWidget* parent)
     : QWidget(parent),
       vehicles_(new QListWidget),
       car_(new QPushButton(tarnIcon("plug"), tr("&Connect to a car..."))),
-      other_(new QPushButton(tarnIcon("load"), tr("&Open vehicle..."))) {
+      other_(new QPushButton(tarnIcon("load"), tr("&Open vehicle..."))),
+      record_(new QPushButton(tr("&Look at a record..."))) {
   setAcceptDrops(true);
   car_->setObjectName("connectCar");
   other_->setObjectName("otherVehicle");
+  record_->setObjectName("lookAtRecord");
   vehicles_->setObjectName("vehicles");
   vehicles_->setAccessibleName(tr("Vehicles"));
   vehicles_->setIconSize({24, 24});
@@ -56,7 +58,7 @@ StartPage::StartPage(QWidget* parent)
   vehicles_->setTextElideMode(Qt::ElideMiddle);
   auto* const hint = new QLabel(tr(
       "A vehicle description tells which control units a vehicle has and what they can be asked. It can be "
-      "dropped here, and so can a configuration or a trace."));
+      "dropped here, and so can a configuration, a record or a trace."));
   hint->setWordWrap(true);
 
   auto* const page = new QWidget;
@@ -70,6 +72,7 @@ StartPage::StartPage(QWidget* parent)
   auto* const buttons = new QHBoxLayout;
   buttons->addWidget(car_);
   buttons->addWidget(other_);
+  buttons->addWidget(record_);
   buttons->addStretch();
   column->addLayout(buttons);
   column->addStretch(1);
@@ -82,6 +85,7 @@ StartPage::StartPage(QWidget* parent)
           [this](const QListWidgetItem* item) { choose(*item); });
   connect(car_, &QPushButton::clicked, this, &StartPage::carWanted);
   connect(other_, &QPushButton::clicked, this, &StartPage::otherVehicleWanted);
+  connect(record_, &QPushButton::clicked, this, &StartPage::recordWanted);
 }
 
 void StartPage::setVehicles(const std::vector<CarConnection>& connections,
@@ -104,6 +108,7 @@ HelpPage StartPage::helpPage() {
               {tr("Up, Down, Enter"), tr("Choose and open a vehicle")},
               {tr("Alt+C"), tr("Connect to a car")},
               {tr("Alt+O, Ctrl+Shift+O"), tr("Open vehicle: a description of one")},
+              {tr("Alt+L"), tr("Look at a record that was made")},
               {tr("Ctrl+O"), tr("Open configuration: it waits for the vehicle")},
               {tr("Alt+F, Alt+H"), tr("The menus File and Help")},
               {tr("Ctrl+Q"), tr("Quit")},

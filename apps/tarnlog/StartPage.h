@@ -32,6 +32,7 @@ class StartPage : public QWidget {
   void connectionChosen(const tarnlog::CarConnection& connection);
   void otherVehicleWanted();
   void carWanted();
+  void recordWanted();
   /// Files of the desktop were dropped on the page.
   void filesDropped(const QStringList& paths);
 
@@ -47,6 +48,7 @@ class StartPage : public QWidget {
   QListWidget* vehicles_;
   QPushButton* car_;
   QPushButton* other_;
+  QPushButton* record_;
 };
 
 }  // namespace tarnlog

@@ -13,15 +13,33 @@
 #include "apps/common/TerminalText.h"
 #include "apps/tarnlog/Display.h"
 #include "apps/tarnlog/LiveRecorder.h"
+#include "apps/tarnlog/RecordPicture.h"
 #include "apps/tarnlog/SignalWatch.h"
 
 namespace {
 
 using namespace tarnlog;
 
+void addPicture(CLI::App& app, CLI::Option& records, PictureOptions& picture) {
+  CLI::Option* const output =
+      app.add_option("--picture", picture.output,
+                     "Write a picture of the records (.svg or .png) and open no window; needs no display")
+          ->needs(&records)
+          ->type_name("FILE");
+  const auto add = [&](const char* name, auto& value, const char* text, const char* type) {
+    app.add_option(name, value, text)->needs(output)->type_name(type);
+  };
+  app.add_option("--data", picture.data, "In the picture: only these data")
+      ->needs(output)
+      ->type_name("[ECU/[REQUEST/]]DATA");
+  add("--from", picture.from, "In the picture: only from this time on (seconds, as in the record)", "S");
+  add("--till", picture.till, "In the picture: only up to this time", "S");
+  add("--size", picture.size, "Of the picture, in pixels (default: 1200x800)", "WxH");
+}
+
 /// The exit code, when the command line itself is what ends the program.
-std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
-  CLI::App app("Shows the data of a vehicle's control units live, and records them");
+std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOptions& picture) {
+  CLI::App app("Shows the data of a vehicle's control units live, records them, and shows records");
   app.set_version_flag("--version", TARNLOG_VERSION);
   app.add_option(
          "--vehicle", options.vehicle,
@@ -37,6 +55,11 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
       ->type_name("URL");
   app.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
       ->type_name("FILE");
+  CLI::Option* const records =
+      app.add_option("RECORD", options.records,
+                     "Records to look at: text, XML, MDF 4; the second and third are laid over the first")
+          ->expected(0, 3);
+  addPicture(app, *records, picture);
   app.footer(
       "F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at "
       "once;\nUSR1 is the event button.\n"
@@ -44,7 +67,8 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
       "is\ntarn-record.\n"
       "Example:\n"
       "  tarnlog --vehicle examples/road-car.vehicle.json --config examples/road-car.xml --folder "
-      "recordings");
+      "recordings\n"
+      "  tarnlog recordings/16-11-26_19h05mn11.xml");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -58,9 +82,33 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options) {
   return std::nullopt;
 }
 
+/// Scripts mail what they find on standard error: what the toolkit notices of its surroundings is not worth
+/// it.
+void tellOnlyToolkitFailures(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
+  if (type == QtCriticalMsg || type == QtFatalMsg)
+    std::fprintf(stderr, "tarnlog: %s\n", message.toUtf8().constData());
+}
+
+/// Where a failure is told in a box, nobody may sit.
+int drawPicture(int argc, char** argv, const PictureOptions& picture) {
+  try {
+    qInstallMessageHandler(tellOnlyToolkitFailures);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    std::fputs(printableText(makePicture(picture)).c_str(), stderr);
+    return kDone;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "tarnlog: %s\n", printableText(error.what()).c_str());
+    return exitCodeAfter(error);
+  }
+}
+
 int program(int argc, char** argv) {
   LiveOptions options;
-  if (const auto code = parse(argc, argv, options)) return *code;
+  PictureOptions picture;
+  if (const auto code = parse(argc, argv, options, picture)) return *code;
+  picture.records = options.records;
+  if (!picture.output.empty()) return drawPicture(argc, argv, picture);
   LiveRecorder recorder(options);
   if (!displayUsable()) {
     std::fputs("tarnlog: there is no display to show a window on; tarn-record records without one\n", stderr);

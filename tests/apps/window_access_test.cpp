@@ -16,6 +16,7 @@
 #include <QTreeView>
 #include <algorithm>
 #include <cerrno>
+#include <fstream>
 #include <set>
 #include <system_error>
 
@@ -25,6 +26,7 @@
 #include "platform/files/SystemFileSystem.h"
 #include "tests/apps/WindowRig.h"
 #include "tests/scenarios/Scenario.h"
+#include "tests/support/TempFolder.h"
 #include "ui/common/Convert.h"
 #include "ui/common/NoticeBar.h"
 #include "ui/live/ReadingBox.h"
@@ -275,6 +277,34 @@ TEST_F(WindowAccess, TakesFilesThatAreDroppedOnTheFirstPage) {
   EXPECT_TRUE(find<QListWidget>("vehicles")->parentWidget()->isVisible());
   drop({QUrl::fromLocalFile("/c.xml"), QUrl::fromLocalFile("/car.json")});
   EXPECT_EQ(window->windowTitle(), "c.xml[*] - Car - Tarnlog2001");
+}
+
+TEST_F(WindowAccess, LooksAtRecordsInAWindowBesideItsOwn) {
+  const test::TempFolder folder;
+  for (const char* const name : {"a.txt", "b.txt"})
+    std::ofstream(folder / name) << "time\tevent\tCar\r\n17/11/26\t\tEngine\r\n10:00:00\t\tSpeed(km/h)\r\n"
+                                    "0.00\tStart\t1\r\n0.10\t\t2\r\n";
+  const auto review = [] {
+    for (QWidget* const each : QApplication::topLevelWidgets())
+      if (each->objectName() == "reviewWindow" && each->isVisible()) return each;
+    return static_cast<QWidget*>(nullptr);
+  };
+  const auto titled = [&](const char* names) {
+    return QTest::qWaitFor([&] { return review() != nullptr && review()->windowTitle().contains(names); });
+  };
+  drop({QUrl::fromLocalFile(toQString(folder / "a.txt")), QUrl::fromLocalFile(toQString(folder / "b.txt"))});
+  EXPECT_TRUE(titled("b.txt"));
+  window->recordings().recorded(folder / "a.txt", "2 rows");
+  for (QAbstractButton* const button : find<NoticeBar>()->findChildren<QAbstractButton*>())
+    if (button->text() == "Look at it") button->click();
+  EXPECT_TRUE(titled("a.txt - "));
+  for (auto* const recent : window->findChildren<QMenu*>())
+    if (recent->title() == "Recent recor&ds") {
+      emit recent->aboutToShow();
+      EXPECT_EQ(recent->actions().size(), 2);
+    }
+  window->endAndClose();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return review() == nullptr; })) << "it goes with the recorder's";
 }
 
 /// Each failure says what to do, in the words of the system's language.

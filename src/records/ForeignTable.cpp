@@ -13,6 +13,7 @@
 #include "records/ForeignCells.h"
 #include "records/LineReader.h"
 #include "records/RecordCell.h"
+#include "records/RecordDate.h"
 #include "records/RecordWalk.h"
 
 namespace tarnlog {
@@ -223,20 +224,6 @@ std::optional<double> foreignTime(std::string_view cell, const ForeignTableChoic
 
 namespace {
 
-LocalDateTime civil(double seconds) {
-  using namespace std::chrono;
-  const sys_seconds time{std::chrono::seconds(static_cast<std::int64_t>(seconds))};
-  const sys_days day = floor<days>(time);
-  const year_month_day date(day);
-  const hh_mm_ss clock(time - day);
-  return {static_cast<int>(date.year()),
-          static_cast<int>(static_cast<unsigned>(date.month())),
-          static_cast<int>(static_cast<unsigned>(date.day())),
-          static_cast<int>(clock.hours().count()),
-          static_cast<int>(clock.minutes().count()),
-          static_cast<int>(clock.seconds().count())};
-}
-
 class ForeignTableReader : public RecordReader {
  public:
   ForeignTableReader(const ReadableFile& file, const ForeignTableChoice& choice)
@@ -288,7 +275,9 @@ class ForeignTableReader : public RecordReader {
     const auto moment = foreignMoment(cell);
     if (!first || (!moment && *first < kLongAgo)) return;
     zero_ = *first;
-    if (moment && moment->hasDate) recordings_.front().local = civil(std::floor(zero_));
+    if (moment && moment->hasDate)
+      recordings_.front().local = dateOf(
+          std::chrono::sys_seconds(std::chrono::seconds(static_cast<std::int64_t>(std::floor(zero_)))));
     if (!moment && zero_ < kLongAgo * 90)
       recordings_.front().utcNanoseconds = static_cast<std::int64_t>(zero_ * 1e9);
   }

@@ -9,6 +9,7 @@
 #include "platform/base/TarnError.h"
 #include "platform/xml/XmlDocument.h"
 #include "records/Mf4Events.h"
+#include "records/RecordDate.h"
 
 namespace tarnlog {
 
@@ -25,20 +26,6 @@ constexpr std::uint16_t kKnownGroupFlags = 0x7;  ///< variable length; of a bus,
 /// The columns of an answer before its data.
 constexpr std::string_view kRequestTime = "request time";
 constexpr std::string_view kSequence = "sequence";
-
-LocalDateTime civil(std::int64_t nanoseconds) {
-  using namespace std::chrono;
-  const sys_seconds time{floor<seconds>(std::chrono::nanoseconds(nanoseconds))};
-  const sys_days day = floor<days>(time);
-  const year_month_day date(day);
-  const hh_mm_ss clock(time - day);
-  return {static_cast<int>(date.year()),
-          static_cast<int>(static_cast<unsigned>(date.month())),
-          static_cast<int>(static_cast<unsigned>(date.day())),
-          static_cast<int>(clock.hours().count()),
-          static_cast<int>(clock.minutes().count()),
-          static_cast<int>(clock.seconds().count())};
-}
 
 struct NotedGroup {
   std::string_view name;
@@ -101,7 +88,8 @@ class LayoutReader {
     const auto start = header.field<std::int64_t>(0);
     const auto flags = header.field<std::uint8_t>(kTimeFlags);
     if ((flags & static_cast<std::uint8_t>(mdf::TimeFlag::Local)) != 0)
-      layout_.head.local = civil(start);
+      layout_.head.local = dateOf(std::chrono::sys_seconds(
+          std::chrono::floor<std::chrono::seconds>(std::chrono::nanoseconds(start))));
     else
       layout_.head.utcNanoseconds = start;
   }

@@ -78,4 +78,17 @@ std::optional<LocalDateTime> dateInName(std::string_view name) {
   return found;
 }
 
+LocalDateTime dateOf(std::chrono::sys_seconds time) {
+  using namespace std::chrono;
+  const sys_days day = floor<days>(time);
+  const year_month_day date(day);
+  const hh_mm_ss clock(time - day);
+  return {static_cast<int>(date.year()),
+          static_cast<int>(static_cast<unsigned>(date.month())),
+          static_cast<int>(static_cast<unsigned>(date.day())),
+          static_cast<int>(clock.hours().count()),
+          static_cast<int>(clock.minutes().count()),
+          static_cast<int>(clock.seconds().count())};
+}
+
 }  // namespace tarnlog

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string_view>
 
@@ -15,5 +16,8 @@ std::optional<LocalDateTime> recordDate(std::string_view date, std::string_view 
 /// From the name that a record or event file was given: "event1_16-11-26_19h05mn07.txt". None when it has
 /// another one.
 std::optional<LocalDateTime> dateInName(std::string_view name);
+
+/// Date and time of a clock that shows these seconds since 1970.
+LocalDateTime dateOf(std::chrono::sys_seconds time);
 
 }  // namespace tarnlog

@@ -39,10 +39,6 @@ std::string withPath(const std::string& path, const std::string& description) {
   return description.starts_with(path) ? description : path + ": " + description;
 }
 
-}  // namespace
-
-namespace {
-
 RecordTable readWhole(const std::string& path, const ReadableFile& file, TableReader& reader) {
   reader.readOn();
   RecordTable table = std::move(*reader.table());

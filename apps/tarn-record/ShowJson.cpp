@@ -27,6 +27,7 @@ Json figuresOf(const ShownDatum& datum) {
     item["mean"] = datum.figures.mean;
     item["deviation"] = datum.figures.deviation;
   }
+  if (datum.secondsAbove) item["secondsAbove"] = *datum.secondsAbove;
   for (const HeldLabel& label : datum.labels)
     item["labels"].push_back(
         {{"label", label.label}, {"seconds", label.seconds}, {"times", label.times}, {"first", label.first}});
@@ -70,6 +71,7 @@ Json recordingOf(const ShownRecording& shown) {
 std::string showJson(const ShownRecord& shown) {
   Json root{{"file", shown.table->path}, {"kind", shown.format}, {"bytes", shown.table->bytes}};
   root["missing"] = shown.table->missing;
+  if (shown.above) root["above"] = *shown.above;
   root["recordings"] = Json::array();
   for (const ShownRecording& each : shown.recordings) root["recordings"].push_back(recordingOf(each));
   // The escapes are JSON's, too.

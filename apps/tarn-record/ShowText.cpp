@@ -121,22 +121,33 @@ std::string titleOf(const ShownDatum& datum) {
   return unit.empty() ? datum.name : datum.name + " (" + unit + ")";
 }
 
-TextTable wideTable(const std::vector<const ShownDatum*>& data) {
-  TextTable table({Align::Left, Align::Left, Align::Right, Align::Right, Align::Right, Align::Right,
-                   Align::Right, Align::Right, Align::Right},
-                  2);
-  table.add({"Data", "Unit", "Values", "Minimum", "at s", "Maximum", "at s", "Mean", "Deviation"});
+/// `above`: the heading of the last column, which is left out without one.
+TextTable wideTable(const std::vector<const ShownDatum*>& data, const std::string& above) {
+  std::vector<std::string> headings{"Data",    "Unit", "Values", "Minimum",  "at s",
+                                    "Maximum", "at s", "Mean",   "Deviation"};
+  if (!above.empty()) headings.push_back(above);
+  std::vector<Align> columns(headings.size(), Align::Right);
+  columns[0] = columns[1] = Align::Left;
+  TextTable table(std::move(columns), 2);
+  table.add(std::move(headings));
   for (const ShownDatum* const datum : data) {
     const RecordFigures& figures = datum->figures;
-    table.add({datum->name, datum->column->about.unit, std::to_string(figures.count),
-               measureText(figures.lowest, kAsRecorded), timeText(figures.lowestAt),
-               measureText(figures.highest, kAsRecorded), timeText(figures.highestAt),
-               measureText(figures.mean, kComputed), measureText(figures.deviation, kComputed)});
+    std::vector<std::string> cells{datum->name,
+                                   datum->column->about.unit,
+                                   std::to_string(figures.count),
+                                   measureText(figures.lowest, kAsRecorded),
+                                   timeText(figures.lowestAt),
+                                   measureText(figures.highest, kAsRecorded),
+                                   timeText(figures.highestAt),
+                                   measureText(figures.mean, kComputed),
+                                   measureText(figures.deviation, kComputed)};
+    if (datum->secondsAbove) cells.push_back(durationText(*datum->secondsAbove));
+    table.add(std::move(cells));
   }
   return table;
 }
 
-std::string narrowTable(const std::vector<const ShownDatum*>& data) {
+std::string narrowTable(const std::vector<const ShownDatum*>& data, const std::string& above) {
   std::string out;
   for (const ShownDatum* const datum : data) {
     const RecordFigures& figures = datum->figures;
@@ -151,21 +162,22 @@ std::string narrowTable(const std::vector<const ShownDatum*>& data) {
       table.add({"mean", measureText(figures.mean, kComputed)});
     }
     if (figures.count > 1) table.add({"deviation", measureText(figures.deviation, kComputed)});
+    if (datum->secondsAbove) table.add({above, durationText(*datum->secondsAbove)});
     out += table.text();
   }
   return out;
 }
 
-std::string figures(const ShownRecording& shown, std::optional<std::size_t> width) {
+std::string figures(const ShownRecording& shown, const std::string& above, std::optional<std::size_t> width) {
   if (shown.span.length() < 0) return "\nNothing between these times\n";
   std::vector<const ShownDatum*> measures;
   for (const ShownDatum& datum : shown.data)
     if (datum.measure) measures.push_back(&datum);
   if (measures.empty()) return {};
-  const TextTable wide = wideTable(measures);
+  const TextTable wide = wideTable(measures, above);
   const std::string heading =
       fmt::format("\nFigures from {} s to {} s\n", timeText(shown.span.from), timeText(shown.span.till));
-  return heading + (width && wide.width() > *width ? narrowTable(measures) : wide.text());
+  return heading + (width && wide.width() > *width ? narrowTable(measures, above) : wide.text());
 }
 
 std::string labelsOf(const ShownDatum& datum) {
@@ -212,6 +224,7 @@ std::string measureText(double value, int digits) {
 
 std::string showText(const ShownRecord& shown, std::optional<std::size_t> width) {
   const bool several = shown.recordings.size() != 1;
+  const std::string above = shown.above ? "above " + exactNumberText(*shown.above) : std::string();
   TextTable table = factTable();
   addFacts(table, shown);
   std::string out = several ? table.text() : "";
@@ -222,7 +235,7 @@ std::string showText(const ShownRecord& shown, std::optional<std::size_t> width)
       table = factTable();
     }
     addFacts(table, each);
-    out += table.text() + marks(each) + figures(each, width) + labels(each);
+    out += table.text() + marks(each) + figures(each, above, width) + labels(each);
   }
   return out;
 }

@@ -1,9 +1,11 @@
 #include "apps/tarn-record/ShownRecord.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <string_view>
 
+#include "apps/common/BadInput.h"
 #include "apps/common/RecordChoice.h"
 #include "apps/common/RecordErrors.h"
 #include "apps/tarn-record/QualityCommand.h"
@@ -37,8 +39,10 @@ bool isMeasure(const TableColumn& column) {
 }
 
 ShownDatum shownDatum(const ShownRecording& shown, const TableGroup& group, const TableColumn& column,
-                      const std::string& name) {
-  ShownDatum datum{name, &column, figuresOf(group, column, shown.span), isMeasure(column), {}};
+                      const std::string& name, const std::optional<double>& above) {
+  ShownDatum datum{name, &column, figuresOf(group, column, shown.span), isMeasure(column), {}, {}};
+  if (above && datum.measure)
+    datum.secondsAbove = secondsAbove(*shown.recording, group, column, *above, shown.span);
   const bool switches = column.onOff && datum.figures.lowest < datum.figures.highest;
   if (!datum.measure || switches) datum.labels = heldLabels(*shown.recording, group, column, shown.span);
   return datum;
@@ -55,7 +59,7 @@ ShownRecording shownRecording(const TableRecording& recording, const ShowOptions
     const TableGroup& group = recording.groups[g];
     for (std::size_t c = 0; c < group.columns.size(); ++c)
       if (isWanted(group.columns[c].about, options.data))
-        shown.data.push_back(shownDatum(shown, group, group.columns[c], names[g][c]));
+        shown.data.push_back(shownDatum(shown, group, group.columns[c], names[g][c], options.above));
   }
   return shown;
 }
@@ -86,11 +90,13 @@ bool ShownRecording::tellsAnswers() const {
 
 ShownRecord shownRecord(const ShowOptions& options) {
   refuseBadTimes(options.from, options.till);
+  if (options.above && !std::isfinite(*options.above)) throw BadInput("--above: expected a number");
   ShownRecord shown{
       .format = formatOf(options.input),
       .table = inFile(options.input,
                       [&] { return std::make_shared<const RecordTable>(loadRecord(options.input)); }),
-      .recordings = {}};
+      .recordings = {},
+      .above = options.above};
   std::vector<RecordHead> heads;
   for (const TableRecording& recording : shown.table->recordings) heads.push_back(recording.head);
   refuseUnknownData(heads, options.data, options.input);

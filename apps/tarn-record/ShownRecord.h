@@ -16,14 +16,16 @@ struct ShowOptions {
   std::optional<double> from = {};
   std::optional<double> till = {};
   std::vector<std::string> data = {};  ///< see `isCalled`; empty: all
+  std::optional<double> above = {};    ///< the level of `ShownDatum::secondsAbove`
 };
 
 struct ShownDatum {
   std::string name;
   const TableColumn* column = nullptr;
   RecordFigures figures;
-  bool measure = true;            ///< a mean of its numbers says something
-  std::vector<HeldLabel> labels;  ///< of enumerations, texts and what was both on and off
+  bool measure = true;                 ///< a mean of its numbers says something
+  std::optional<double> secondsAbove;  ///< of a measure, when it was asked for
+  std::vector<HeldLabel> labels;       ///< of enumerations, texts and what was both on and off
 };
 
 struct ShownRecording {
@@ -42,6 +44,7 @@ struct ShownRecord {
   std::string format;                        ///< "text", "xml" or "mf4"
   std::shared_ptr<const RecordTable> table;  ///< what is pointed at below
   std::vector<ShownRecording> recordings;
+  std::optional<double> above;  ///< as it was asked for
 };
 
 /// Raises BadInput or a TarnError when the file cannot be read or lacks data that are asked for.

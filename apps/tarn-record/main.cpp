@@ -379,6 +379,9 @@ std::function<int()> addShow(CLI::App& app, ShowCommand& show) {
       .add_option("--from", show.options.from, "Figures only from this time on (seconds, as in the record)")
       ->type_name("S");
   command.add_option("--till", show.options.till, "Figures only up to this time")->type_name("S");
+  command
+      .add_option("--above", show.options.above, "Tell, too, for how long the data were above this number")
+      ->type_name("NUMBER");
   command.add_flag("--json", show.json, "As JSON");
   command.footer(
       "Figures: how many values, minimum and maximum and when they were first reached, the mean and "

@@ -48,13 +48,17 @@ TEST(ShowCommand, TellsFactsMarksFiguresAndHowLongLabelsStood) {
                              "  Lamp\n"
                              "    1  3 s     once  first at 1 s\n"
                              "    0  2 s  2 times  first at -1 s\n"));
-  EXPECT_THAT(showText(shownRecord({.input = path, .data = {"Engine speed"}}), 60),
-              HasSubstr("    maximum       1200  at 2.5 s\n"));
+  const ShowOptions narrow{.input = path, .data = {"Engine speed"}, .above = 1000};
+  EXPECT_THAT(showText(shownRecord(narrow), 60), AllOf(HasSubstr("    maximum        1200  at 2.5 s\n"),
+                                                       HasSubstr("    above 1000    2.5 s\n")));
+  EXPECT_THAT(showText(shownRecord(narrow), {}),
+              AllOf(HasSubstr("  Deviation  above 1000\n"), HasSubstr("    191.529       2.5 s\n")));
 
-  const auto json = nlohmann::json::parse(showJson(shownRecord({path, 0, 2, {"PID 0C/Engine speed"}})));
+  const auto json = nlohmann::json::parse(showJson(shownRecord({path, 0, 2, {"PID 0C/Engine speed"}, 1000})));
   const auto& first = json["recordings"][0];
   EXPECT_EQ(first["data"].size(), 1U);
   EXPECT_EQ(first["data"][0]["maximum"], 1000.5);
+  EXPECT_EQ(first["data"][0]["secondsAbove"], 1);
   EXPECT_TRUE(first["data"][0]["deviation"].is_null()) << "of one value";
   EXPECT_EQ(first["marks"].size(), 1U);
 }

@@ -206,8 +206,8 @@ std::string labels(const ShownRecording& shown) {
 std::string durationText(double seconds) {
   constexpr double kMinute = 60;
   constexpr double kHour = 3600;
-  const double rounded = std::round(seconds * 1000) / 1000;
-  if (rounded < 2 * kMinute) return timeText(rounded) + " s";
+  if (std::round(seconds * 1000) / 1000 < 2 * kMinute) return timeText(seconds) + " s";
+  const double rounded = std::round(seconds * 10) / 10;  // before it is parted: there is no 60th second
   const double hours = std::floor(rounded / kHour);
   const double minutes = std::floor((rounded - hours * kHour) / kMinute);
   const std::string rest = withDecimals(rounded - hours * kHour - minutes * kMinute, 1) + " s";

@@ -61,6 +61,8 @@ TEST(ShowCommand, TellsFactsMarksFiguresAndHowLongLabelsStood) {
   EXPECT_EQ(first["data"][0]["secondsAbove"], 1);
   EXPECT_TRUE(first["data"][0]["deviation"].is_null()) << "of one value";
   EXPECT_EQ(first["marks"].size(), 1U);
+  EXPECT_EQ(durationText(179.96), "3 min 0 s");
+  EXPECT_EQ(durationText(7199.9), "1 h 59 min 59.9 s");
 }
 
 TEST(ShowCommand, RefusesWhatItCannotShow) {

@@ -240,23 +240,37 @@ class ForeignTableReader : public RecordReader {
   }
 
   void read(RecordConsumer& consumer) override {
-    missing_.clear();
+    reading_ = {};
     consumer.recording(0);
     ForeignCells cells(choice_.separator);
     std::size_t number = 0;
     for (LineReader line(file_, behindMark(file_), file_.size()); line.next();)
       if (++number > choice_.headerLines && line.begin() != line.end()) {
-        if (!readRow(cells.split(line.begin(), line.end()), consumer) && damaged_++ == 0)
-          firstDamaged_ = number;
+        if (!readRow(cells.split(line.begin(), line.end()), consumer) && reading_.damaged++ == 0)
+          reading_.firstDamaged = number;
       }
-    if (damaged_ != 0)
-      missing_.push_back("line " + std::to_string(firstDamaged_) + ": " + std::to_string(damaged_) +
-                         (damaged_ == 1 ? " row" : " rows, this the first,") + " passed over: expected " +
-                         (choice_.timeColumn ? "a time and " : "") + "at most " + std::to_string(columns_) +
-                         " cells");
+    tellMissing();
   }
 
  private:
+  /// What is counted while the rows are read.
+  struct Reading {
+    std::uint64_t rows = 0;
+    double days = 0;  ///< that clock times have gone past midnight
+    double newest = 0;
+    std::uint64_t damaged = 0;     ///< rows
+    std::size_t firstDamaged = 0;  ///< line
+  };
+
+  void tellMissing() {
+    missing_.clear();
+    if (reading_.damaged == 0) return;
+    missing_.push_back(
+        "line " + std::to_string(reading_.firstDamaged) + ": " + std::to_string(reading_.damaged) +
+        (reading_.damaged == 1 ? " row" : " rows, this the first,") + " passed over: expected " +
+        (choice_.timeColumn ? "a time and " : "") + "at most " + std::to_string(columns_) + " cells");
+  }
+
   void makeHead(const std::vector<ForeignHeading>& headings) {
     RecordHead& head = recordings_.emplace_back();
     RecordGroup& group = head.groups.emplace_back();
@@ -292,18 +306,19 @@ class ForeignTableReader : public RecordReader {
       if (i != choice_.timeColumn)
         values_[i - (choice_.timeColumn && i > *choice_.timeColumn ? 1 : 0)] = valueOf(cells[i]);
     consumer.row({0, *time, {}, values_, {}, {}});
-    ++rows_;
+    ++reading_.rows;
     return true;
   }
 
   std::optional<double> timeOf(std::span<const std::span<char>> cells) {
-    if (!choice_.timeColumn) return static_cast<double>(rows_);
+    if (!choice_.timeColumn) return static_cast<double>(reading_.rows);
     if (*choice_.timeColumn >= cells.size()) return std::nullopt;
     auto time = foreignTime(view(cells[*choice_.timeColumn]), choice_);
     if (!time) return std::nullopt;
     *time -= zero_;
-    if (zero_ > 0 && zero_ < kDay && *time + days_ * kDay < newest_ - kDay / 2) ++days_;
-    return newest_ = *time + days_ * kDay;
+    if (zero_ > 0 && zero_ < kDay && *time + reading_.days * kDay < reading_.newest - kDay / 2)
+      ++reading_.days;
+    return reading_.newest = *time + reading_.days * kDay;
   }
 
   RecordValue valueOf(std::span<char> cell) {
@@ -320,11 +335,7 @@ class ForeignTableReader : public RecordReader {
   ForeignTableChoice choice_;
   std::size_t columns_ = 0;
   double zero_ = 0;  ///< of its times: the first one, where they are moments
-  double days_ = 0;  ///< that clock times have gone past midnight
-  double newest_ = 0;
-  std::uint64_t rows_ = 0;
-  std::uint64_t damaged_ = 0;
-  std::size_t firstDamaged_ = 0;
+  Reading reading_;
   std::vector<RecordValue> values_;
   TextArena texts_;
 };

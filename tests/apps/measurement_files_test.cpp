@@ -7,6 +7,7 @@
 #include "apps/common/UnfinishedRecords.h"
 #include "apps/tarn-record/ExportCommand.h"
 #include "apps/tarn-record/QualityCommand.h"
+#include "exports/PartExport.h"
 #include "mdf/LittleEndian.h"
 #include "platform/files/SystemFileSystem.h"
 #include "tests/support/FailureOf.h"
@@ -55,6 +56,17 @@ TEST_F(MeasurementFiles, AreExportedToTheSameValuesAgain) {
             "--to mf4: needs a file to write, name one with --output FILE");
   EXPECT_EQ(test::failureOf([&] { exported(text, "csv", {.from = 2, .till = 1, .data = {}}); }),
             "--from is later than --till: nothing lies between them");
+}
+
+/// Which is read twice, where its rows are counted for want of times.
+TEST_F(MeasurementFiles, AreMadeOfATableOfAnotherProgram) {
+  const PartChoice part{.input = written("t.csv", "a;b\n1;2\n3;4\n5;6\n"),
+                        .foreign = ForeignTableChoice{.separator = ';', .timeColumn = {}},
+                        .output = folder / "part.mf4",
+                        .format = PartChoice::Format::Mf4,
+                        .choice = {.from = 1, .till = {}, .data = {}}};
+  EXPECT_TRUE(exportPart(part, false));
+  EXPECT_EQ(exported(part.output, "csv"), "time [s],mark,a,b\n1,,3,4\n2,,5,6\n");
 }
 
 TEST_F(MeasurementFiles, AreUnderstoodAndRepairedWhereverTheyAreCut) {

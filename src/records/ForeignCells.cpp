@@ -84,8 +84,11 @@ bool isZone(std::string_view text) {
 
 }  // namespace
 
+bool ForeignCells::isBlankHere(char c) const { return c != separator_ && isBlank(c); }
+
 std::span<const std::span<char>> ForeignCells::split(char* begin, char* const end) {
   cells_.clear();
+  unclosed_ = false;
   if (separator_ == ' ') begin = std::find_if_not(begin, end, isBlank);
   for (;;) {
     char* const next = takeCell(begin, end);
@@ -99,23 +102,34 @@ std::span<const std::span<char>> ForeignCells::split(char* begin, char* const en
 
 /// Returns the separator behind it.
 char* ForeignCells::takeCell(char* begin, char* const end) {
-  const auto blank = [this](char c) { return c != separator_ && isBlank(c); };
+  const auto blank = [this](char c) { return isBlankHere(c); };
   begin = std::find_if_not(begin, end, blank);
-  if (begin != end && *begin == '"') {
-    char* to = ++begin;
-    char* at = begin;
-    for (; at != end; ++at) {
-      if (*at == '"' && (at + 1 == end || at[1] != '"')) break;
-      if (*at == '"') ++at;
-      *to++ = *at;
-    }
-    cells_.emplace_back(begin, to);
-    return std::find(at, end, separator_);
-  }
+  if (begin != end && *begin == '"') return takeQuoted(begin + 1, end);
   char* const next = std::find(begin, end, separator_);
   char* last = next;
   while (last != begin && blank(last[-1])) --last;
   cells_.emplace_back(begin, last);
+  return next;
+}
+
+/// From behind the quote on. What stands behind the one that closes it belongs to the cell, too.
+char* ForeignCells::takeQuoted(char* const begin, char* const end) {
+  char* to = begin;
+  char* at = begin;
+  for (; at != end; ++at) {
+    if (*at == '"' && (at + 1 == end || at[1] != '"')) break;
+    if (*at == '"') ++at;
+    *to++ = *at;
+  }
+  unclosed_ = unclosed_ || at == end;
+  char* const next = std::find(at, end, separator_);
+  char* last = next;
+  while (last != at && isBlankHere(last[-1])) --last;
+  if (last - at > 1) {
+    unclosed_ = unclosed_ || std::find(begin, to, '\n') != to;
+    to = std::copy(at + 1, last, to);
+  }
+  cells_.emplace_back(begin, to);
   return next;
 }
 

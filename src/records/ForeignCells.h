@@ -18,11 +18,17 @@ class ForeignCells {
   explicit ForeignCells(char separator) : separator_(separator) {}
   /// They lie in the line, which may be changed, and so may they.
   std::span<const std::span<char>> split(char* begin, char* end);
+  /// A cell began with a quote that is not closed; over several lines, a separator must follow that closes
+  /// it.
+  bool unclosed() const { return unclosed_; }
 
  private:
   char* takeCell(char* begin, char* end);
+  char* takeQuoted(char* begin, char* end);
+  bool isBlankHere(char c) const;
 
   char separator_;
+  bool unclosed_ = false;
   std::vector<std::span<char>> cells_;
 };
 

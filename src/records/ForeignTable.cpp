@@ -1,7 +1,6 @@
 #include "records/ForeignTable.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <chrono>
 #include <cmath>
@@ -11,7 +10,7 @@
 #include "platform/base/TextArena.h"
 #include "platform/text/TextEncoding.h"
 #include "records/ForeignCells.h"
-#include "records/LineReader.h"
+#include "records/ForeignRows.h"
 #include "records/RecordCell.h"
 #include "records/RecordDate.h"
 #include "records/RecordWalk.h"
@@ -21,9 +20,8 @@ namespace tarnlog {
 namespace {
 
 constexpr std::size_t kSample = 256 * 1024;
-constexpr std::size_t kLines = 100;  ///< of them
-constexpr double kDay = 86400;       ///< seconds
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::size_t kLines = 100;                 ///< of them
+constexpr double kDay = 86400;                      ///< seconds
 constexpr std::string_view kSeparators = "\t;|, ";  ///< the likeliest first
 
 using Lines = std::vector<std::vector<std::string>>;
@@ -36,12 +34,6 @@ std::string beginningOf(const ReadableFile& file) {
   std::string text(kSample, '\0');
   text.resize(file.readAt(0, text.data(), text.size()));
   return text;
-}
-
-std::uint64_t behindMark(const ReadableFile& file) {
-  std::array<char, kUtf8Mark.size()> bytes{};
-  const std::size_t count = file.readAt(0, bytes.data(), bytes.size());
-  return std::string_view(bytes.data(), count) == kUtf8Mark ? kUtf8Mark.size() : 0;
 }
 
 void checkText(std::string_view text) {
@@ -58,9 +50,7 @@ void checkText(std::string_view text) {
 }
 
 /// Characters that are cut off at the end of the sample say nothing.
-bool looksLikeUtf8(std::string_view text) {
-  return isUtf8(text.substr(0, text.rfind('\n') == text.npos ? text.size() : text.rfind('\n')));
-}
+bool looksLikeUtf8(std::string_view text) { return isUtf8(text.substr(0, text.find_last_of("\r\n"))); }
 
 bool isNumber(std::string_view cell) { return foreignNumber(cell, '.') || foreignNumber(cell, ','); }
 bool isValue(std::string_view cell) { return isNumber(cell) || foreignMoment(cell); }
@@ -115,7 +105,9 @@ std::vector<ForeignHeading> headingsOf(const Lines& lines, std::size_t headerLin
         return cell.empty() || cell.front() == '[' || cell.front() == '(' || secondsOf(cell);
       });
   for (std::size_t i = 0; i < columns; ++i) {
-    headings[i] = foreignHeading(lines[headerLines - (hasUnits ? 2 : 1)][i]);
+    std::string heading = lines[headerLines - (hasUnits ? 2 : 1)][i];
+    std::replace(heading.begin(), heading.end(), '\n', ' ');
+    headings[i] = foreignHeading(heading);
     if (!hasUnits) continue;
     std::string unit = lines[headerLines - 1][i];
     if (unit.size() > 1 && (unit.front() == '[' || unit.front() == '('))
@@ -180,12 +172,11 @@ double timeUnitOf(const Lines& lines, const ForeignTableChoice& choice,
 std::vector<std::vector<std::string>> foreignLines(const ReadableFile& file,
                                                    const ForeignTableChoice& choice) {
   Lines lines;
-  ForeignCells cells(choice.separator);
-  for (LineReader line(file, behindMark(file), std::min<std::uint64_t>(file.size(), kSample));
-       lines.size() < kLines && line.next();) {
-    if (!line.whole() && line.nextPlace() < file.size() && !lines.empty()) break;
+  const auto till = std::min<std::uint64_t>(file.size(), kSample);
+  for (ForeignRows rows(file, choice.separator, till); lines.size() < kLines && rows.next();) {
+    if (!rows.whole() && till < file.size() && !lines.empty()) break;
     std::vector<std::string>& to = lines.emplace_back();
-    for (const std::span<char> cell : cells.split(line.begin(), line.end()))
+    for (const std::span<char> cell : rows.cells())
       to.push_back(choice.utf8 ? std::string(view(cell)) : utf8FromWindows1252(view(cell)));
   }
   return lines;
@@ -242,33 +233,45 @@ class ForeignTableReader : public RecordReader {
   void read(RecordConsumer& consumer) override {
     reading_ = {};
     consumer.recording(0);
-    ForeignCells cells(choice_.separator);
     std::size_t number = 0;
-    for (LineReader line(file_, behindMark(file_), file_.size()); line.next();)
-      if (++number > choice_.headerLines && line.begin() != line.end()) {
-        if (!readRow(cells.split(line.begin(), line.end()), consumer) && reading_.damaged++ == 0)
-          reading_.firstDamaged = number;
-      }
+    for (ForeignRows rows(file_, choice_.separator, file_.size()); rows.next();) {
+      if (++number <= choice_.headerLines) continue;
+      if (rows.unclosed())
+        reading_.unclosed.add(rows.line());
+      else if (!readRow(rows.cells(), consumer))
+        reading_.damaged.add(rows.line());
+    }
     tellMissing();
   }
 
  private:
+  struct Faults {
+    std::uint64_t rows = 0;
+    std::size_t firstLine = 0;
+    void add(std::size_t line) {
+      if (rows++ == 0) firstLine = line;
+    }
+  };
   /// What is counted while the rows are read.
   struct Reading {
     std::uint64_t rows = 0;
     double days = 0;  ///< that clock times have gone past midnight
     double newest = 0;
-    std::uint64_t damaged = 0;     ///< rows
-    std::size_t firstDamaged = 0;  ///< line
+    Faults damaged;
+    Faults unclosed;
   };
 
   void tellMissing() {
     missing_.clear();
-    if (reading_.damaged == 0) return;
-    missing_.push_back(
-        "line " + std::to_string(reading_.firstDamaged) + ": " + std::to_string(reading_.damaged) +
-        (reading_.damaged == 1 ? " row" : " rows, this the first,") + " passed over: expected " +
-        (choice_.timeColumn ? "a time and " : "") + "at most " + std::to_string(columns_) + " cells");
+    tellFaults(reading_.damaged, std::string("expected ") + (choice_.timeColumn ? "a time and " : "") +
+                                     "at most " + std::to_string(columns_) + " cells");
+    tellFaults(reading_.unclosed, "a cell begins with a quote that is not closed");
+  }
+
+  void tellFaults(const Faults& faults, const std::string& why) {
+    if (faults.rows == 0) return;
+    missing_.push_back("line " + std::to_string(faults.firstLine) + ": " + std::to_string(faults.rows) +
+                       (faults.rows == 1 ? " row" : " rows, this the first,") + " passed over: " + why);
   }
 
   void makeHead(const std::vector<ForeignHeading>& headings) {

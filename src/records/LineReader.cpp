@@ -14,8 +14,8 @@ constexpr std::size_t kLongest = 16 * 1024 * 1024;
 
 }  // namespace
 
-LineReader::LineReader(const ReadableFile& file, std::uint64_t from, std::uint64_t till)
-    : file_(file), place_(from), till_(till), block_(kBlock) {}
+LineReader::LineReader(const ReadableFile& file, std::uint64_t from, std::uint64_t till, char lineEnd)
+    : file_(file), place_(from), till_(till), lineEnd_(lineEnd), block_(kBlock) {}
 
 bool LineReader::next() {
   begin_ = next_;
@@ -24,7 +24,7 @@ bool LineReader::next() {
   do {
     const std::size_t from = begin_ + looked;
     looked = filled_ - begin_;
-    lineEnd = static_cast<const char*>(std::memchr(block_.data() + from, '\n', filled_ - from));
+    lineEnd = static_cast<const char*>(std::memchr(block_.data() + from, lineEnd_, filled_ - from));
   } while (lineEnd == nullptr && fill());
   whole_ = lineEnd != nullptr;
   end_ = whole_ ? static_cast<std::size_t>(lineEnd - block_.data()) : filled_;

@@ -8,10 +8,11 @@
 
 namespace tarnlog {
 
-/// The lines of a part of a file, a block in memory at a time. Lines end with LF or CR LF.
+/// The lines of a part of a file, a block in memory at a time. Lines end with LF or CR LF, or as they are
+/// told to.
 class LineReader {
  public:
-  LineReader(const ReadableFile& file, std::uint64_t from, std::uint64_t till);
+  LineReader(const ReadableFile& file, std::uint64_t from, std::uint64_t till, char lineEnd = '\n');
 
   /// Goes to the next line; false behind the last one. Raises NotARecord when it is longer than 16 MB.
   bool next();
@@ -30,6 +31,7 @@ class LineReader {
   const ReadableFile& file_;
   std::uint64_t place_;  ///< in the file: of what comes behind the block
   std::uint64_t till_;
+  char lineEnd_;
   std::vector<char> block_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;

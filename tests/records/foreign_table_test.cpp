@@ -56,6 +56,20 @@ TEST(ForeignTable, IsGuessed) {
             ",. 1 utf8\ntime|a[]|b[]\n0|1|1\n1|1|0");
 }
 
+TEST(ForeignTable, HasLinesOfManyKinds) {
+  const std::string table = ";. 1 utf8\ntime|a[]|b[]\n0|1|2\n1|1|2";
+  EXPECT_EQ(readAsGuessed("a;b\r1;2\r1;2\r"), table);
+  EXPECT_EQ(readAsGuessed("\r\na;b\r\n\r\n1;2\r\n\r\n1;2"), table);
+  EXPECT_EQ(readAsGuessed("Time,\"Speed\n(km/h)\",\"Note\"\n0,1,\"a\r\n\"\"b\"\"\"\n1,2,c\n"),
+            ",. 1 utf8\ntime|Speed[km/h]|Note[]\n0|1|a\n\"b\"\n1|2|c");
+  EXPECT_EQ(
+      readAsGuessed("a,b\n1,\"x\n2,3\n4,\"5\"0 \n6,7,8\n9,\"x\n",
+                    {"line 5: 1 row passed over: expected a time and at most 2 cells",
+                     "line 2: 2 rows, this the first, passed over: a cell begins with a quote that is not "
+                     "closed"}),
+      ",. 1 utf8\ntime|b[]\n2|3\n4|50");
+}
+
 TEST(ForeignTable, IsCorrectedByItsUser) {
   const test::MemoryReadableFile file("x;1,5\ny;2,5\n");
   ForeignTableChoice choice;

@@ -20,8 +20,9 @@ namespace tarnlog {
 namespace {
 
 constexpr std::size_t kSample = 256 * 1024;
-constexpr std::size_t kLines = 100;                 ///< of them
-constexpr double kDay = 86400;                      ///< seconds
+constexpr std::size_t kLines = 100;  ///< of them
+constexpr double kDay = 86400;       ///< seconds
+constexpr double kMicroseconds = 1e6;
 constexpr std::string_view kSeparators = "\t;|, ";  ///< the likeliest first
 
 using Lines = std::vector<std::vector<std::string>>;
@@ -208,7 +209,10 @@ ForeignTablePreview lookAtForeignTable(const ReadableFile& file) {
 }
 
 std::optional<double> foreignTime(std::string_view cell, const ForeignTableChoice& choice) {
-  if (const auto number = foreignNumber(cell, choice.decimal)) return *number * choice.timeUnit;
+  if (const auto number = foreignNumber(cell, choice.decimal)) {
+    const double seconds = *number * choice.timeUnit;
+    return std::isfinite(seconds) ? std::optional(seconds) : std::nullopt;
+  }
   if (const auto moment = foreignMoment(cell)) return moment->seconds;
   return std::nullopt;
 }
@@ -226,7 +230,8 @@ class ForeignTableReader : public RecordReader {
     if (columns_ == 0 || (choice.timeColumn && *choice.timeColumn >= columns_))
       throw noTable("there is no such time column");
     makeHead(headingsOf(lines, choice.headerLines, columns_));
-    if (choice.headerLines < lines.size()) findZero(lines[choice.headerLines]);
+    for (std::size_t i = choice.headerLines; i < lines.size() && !findZero(lines[i]); ++i) {
+    }
     values_.resize(recordings_.front().groups.front().columns.size());
   }
 
@@ -285,24 +290,29 @@ class ForeignTableReader : public RecordReader {
     }
   }
 
-  void findZero(const std::vector<std::string>& row) {
-    if (!choice_.timeColumn || *choice_.timeColumn >= row.size()) return;
+  /// False when this row has no time.
+  bool findZero(const std::vector<std::string>& row) {
+    if (!choice_.timeColumn) return true;
+    if (*choice_.timeColumn >= row.size()) return false;
     const std::string& cell = row[*choice_.timeColumn];
     const auto first = foreignTime(cell, choice_);
-    const auto moment = foreignMoment(cell);
-    if (!first || (!moment && *first < kLongAgo)) return;
+    if (!first) return false;
+    const auto moment = foreignNumber(cell, choice_.decimal) ? std::nullopt : foreignMoment(cell);
+    if (!moment && *first < kLongAgo) return true;
     zero_ = *first;
+    isClock_ = moment && !moment->hasDate;
     if (moment && moment->hasDate)
       recordings_.front().local = dateOf(
-          std::chrono::sys_seconds(std::chrono::seconds(static_cast<std::int64_t>(std::floor(zero_)))));
-    if (!moment && zero_ < kLongAgo * 90)
-      recordings_.front().utcNanoseconds = static_cast<std::int64_t>(zero_ * 1e9);
+          std::chrono::sys_seconds(std::chrono::seconds(static_cast<std::int64_t>(std::floor(*zero_)))));
+    if (!moment && *zero_ < kLongAgo * 90)
+      recordings_.front().utcNanoseconds = static_cast<std::int64_t>(*zero_ * 1e9);
+    return true;
   }
 
   bool readRow(std::span<const std::span<char>> cells, RecordConsumer& consumer) {
     if (cells.size() > columns_) return false;
     const auto time = timeOf(cells);
-    if (!time) return false;
+    if (!time || !std::isfinite(*time)) return false;
     texts_.clear();
     std::fill(values_.begin(), values_.end(), RecordValue());
     for (std::size_t i = 0; i < cells.size(); ++i)
@@ -318,9 +328,10 @@ class ForeignTableReader : public RecordReader {
     if (*choice_.timeColumn >= cells.size()) return std::nullopt;
     auto time = foreignTime(view(cells[*choice_.timeColumn]), choice_);
     if (!time) return std::nullopt;
-    *time -= zero_;
-    if (zero_ > 0 && zero_ < kDay && *time + reading_.days * kDay < reading_.newest - kDay / 2)
-      ++reading_.days;
+    if (!zero_) return time;
+    // Of seconds since 1970, a double holds no more digits.
+    *time = std::round((*time - *zero_) * kMicroseconds) / kMicroseconds;
+    if (isClock_ && *time + reading_.days * kDay < reading_.newest - kDay / 2) ++reading_.days;
     return reading_.newest = *time + reading_.days * kDay;
   }
 
@@ -337,7 +348,8 @@ class ForeignTableReader : public RecordReader {
   const ReadableFile& file_;
   ForeignTableChoice choice_;
   std::size_t columns_ = 0;
-  double zero_ = 0;  ///< of its times: the first one, where they are moments
+  std::optional<double> zero_;  ///< of its times: the first one, where they are moments
+  bool isClock_ = false;        ///< they have no date and begin again at midnight
   Reading reading_;
   std::vector<RecordValue> values_;
   TextArena texts_;

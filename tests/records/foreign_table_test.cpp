@@ -50,6 +50,10 @@ TEST(ForeignTable, IsGuessed) {
                           "n\tDate\n5\t2026-11-16 23:59:59.5\n5\t17.11.2026 00:00:01\n"),
             "\t. 1 utf8\ntime|n[]\n0|5\n1.5|5");
   EXPECT_EQ(readAsGuessed("a|Time\n5|23:59:59\n6|00:00:01.25\n"), "|. 1 utf8\ntime|a[]\n0|5\n2.25|6");
+  EXPECT_EQ(readAsGuessed("a|Time\n5|00:00:00\n7|23:59:59.1\n6|00:00:01.25\n").substr(10),
+            "time|a[]\n0|5\n86399.1|7\n86401.25|6");
+  EXPECT_EQ(readAsGuessed("a|Time\n5|2026-11-16 12:00:00.3\n6|2026-11-16 12:00:00.4\n").substr(10),
+            "time|a[]\n0|5\n0.1|6");
   EXPECT_EQ(readAsGuessed("timestamp,v\n1700000000000,1\n1700000000250,2\n").substr(10),
             "time|v[]\n0|1\n0.25|2");
   EXPECT_EQ(readAsGuessed("a,b\n1,1\n1,2,3\n1,0\n", {"line 3: 1 row passed over: expected at most 2 cells"}),
@@ -82,6 +86,8 @@ TEST(ForeignTable, IsCorrectedByItsUser) {
   reader->readOn();
   EXPECT_DOUBLE_EQ(reader->table()->recordings[0].groups[0].times[1], 0.0025);
   EXPECT_EQ(reader->table()->recordings[0].groups[0].columns[0].textOf(1), "y");
+  choice.timeUnit = 3600;
+  EXPECT_EQ(foreignTime("1e308", choice), std::nullopt);
 }
 
 TEST(ForeignTable, IsNothingElse) {

@@ -93,24 +93,30 @@ char decimalOf(const Lines& lines, const ForeignTableChoice& choice) {
   return choice.separator == ',' ? '.' : vote.separator();
 }
 
-/// By column; empty where there are none.
+/// By column; empty where there are none. Rows or headings alone may have a separator at their end.
 std::vector<ForeignHeading> headingsOf(const Lines& lines, std::size_t headerLines, std::size_t columns) {
   std::vector<ForeignHeading> headings(columns);
   const auto isHeading = [&](std::size_t line) {
-    return line < lines.size() && lines[line].size() == columns;
+    if (line >= lines.size()) return false;
+    const std::size_t cells = lines[line].size();
+    return cells == columns || (cells > 1 && (cells == columns + 1 || cells + 1 == columns));
   };
   if (headerLines == 0 || !isHeading(headerLines - 1)) return headings;
+  const std::vector<std::string>& last = lines[headerLines - 1];
+  const std::size_t told = std::min(last.size(), columns);
   const bool hasUnits =
       headerLines > 1 && isHeading(headerLines - 2) &&
-      std::any_of(lines[headerLines - 1].begin(), lines[headerLines - 1].end(), [](const std::string& cell) {
-        return cell.empty() || cell.front() == '[' || cell.front() == '(' || secondsOf(cell);
-      });
-  for (std::size_t i = 0; i < columns; ++i) {
-    std::string heading = lines[headerLines - (hasUnits ? 2 : 1)][i];
-    std::replace(heading.begin(), heading.end(), '\n', ' ');
-    headings[i] = foreignHeading(heading);
-    if (!hasUnits) continue;
-    std::string unit = lines[headerLines - 1][i];
+      std::any_of(last.begin(), last.begin() + static_cast<std::ptrdiff_t>(told),
+                  [](const std::string& cell) {
+                    return cell.empty() || cell.front() == '[' || cell.front() == '(' || secondsOf(cell);
+                  });
+  const std::vector<std::string>& names = hasUnits ? lines[headerLines - 2] : last;
+  for (std::size_t i = 0; i < std::min(names.size(), columns); ++i) {
+    std::string name = names[i];
+    std::replace(name.begin(), name.end(), '\n', ' ');
+    headings[i] = foreignHeading(name);
+    if (!hasUnits || i >= told) continue;
+    std::string unit = last[i];
     if (unit.size() > 1 && (unit.front() == '[' || unit.front() == '('))
       unit = unit.substr(1, unit.size() - 2);
     headings[i].unit = unit;
@@ -194,7 +200,8 @@ ForeignTablePreview lookAtForeignTable(const ReadableFile& file) {
     choice.utf8 = looksLikeUtf8(text);
     Lines lines = foreignLines(file, choice);
     const Layout found = layoutOf(lines);
-    if (found.lines <= layout.lines) continue;
+    // A blank may stand in more lines than what parts their cells: in dates, and before the table.
+    if (4 * found.lines <= 5 * layout.lines) continue;
     layout = found;
     best = {choice, std::move(lines)};
   }

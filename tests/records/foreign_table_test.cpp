@@ -44,6 +44,12 @@ TEST(ForeignTable, IsGuessed) {
             ",. 1 utf8\ntime|Speed[km/h]|Gear, \"now\"[]\n1|7|P\n1.5|15|\n2||D,4");
   EXPECT_EQ(readAsGuessed("Logger 7\r\nDruck;Zeit\r\nbar;s\r\n1,5;0,1\r\n-2,25;0,2\r\n;0,3\r\n"),
             ";, 3 utf8\ntime|Druck[bar]\n0.1|1.5\n0.2|-2.25\n0.3|");
+  EXPECT_EQ(readAsGuessed("Logger 7\nNo. 5\nZeit;Druck;\n2026-11-16 19:05:08;1;\n2026-11-16 19:05:09;1;\n"
+                          "2026-11-16 19:05:10;1;\n2026-11-16 19:05:11;2;\n2026-11-16 19:05:12;2;\n"
+                          "2026-11-16 19:05:13;2;\n")
+                .substr(0, 38),
+            ";. 3 utf8\ntime|Druck[]|C3[]\n0|1|\n1|1|\n");
+  EXPECT_EQ(readAsGuessed("Time,v,\n0,5\n1,5\n2,5\n"), ",. 1 utf8\ntime|v[]\n0|5\n1|5\n2|5");
   EXPECT_EQ(readAsGuessed("  0.0   1 a\xE9\n  0.5   2 b\n"),
             " . 0 1252\ntime|C2[]|C3[]\n0|1|a\xC3\xA9\n0.5|2|b");
   EXPECT_EQ(readAsGuessed("\xEF\xBB\xBF"

@@ -1,6 +1,7 @@
 #include "records/RecordNames.h"
 
 #include <map>
+#include <set>
 
 namespace tarnlog {
 
@@ -24,16 +25,21 @@ std::vector<std::vector<std::string>> shortNames(const RecordHead& head) {
   std::map<std::string, int> counts;
   for (const RecordGroup& group : head.groups)
     for (const RecordColumn& column : group.columns) ++counts[column.name];
-  std::map<std::string, int> given;
-  const auto name = [&](const RecordColumn& column) {
+  std::map<std::string, int> wanted;
+  std::set<std::string> given;
+  const auto nameOf = [&](const RecordColumn& column) {
     const std::string shortest = counts[column.name] == 1 ? column.name : fullName(column);
-    const int times = ++given[shortest];
-    return times == 1 ? shortest : shortest + " " + std::to_string(times);
+    std::string name;
+    do {  // a column may be called as another one with its number
+      const int times = ++wanted[shortest];
+      name = times == 1 ? shortest : shortest + " " + std::to_string(times);
+    } while (!given.insert(name).second);
+    return name;
   };
   std::vector<std::vector<std::string>> names;
   for (const RecordGroup& group : head.groups) {
     std::vector<std::string>& ofGroup = names.emplace_back();
-    for (const RecordColumn& column : group.columns) ofGroup.push_back(name(column));
+    for (const RecordColumn& column : group.columns) ofGroup.push_back(nameOf(column));
   }
   return names;
 }

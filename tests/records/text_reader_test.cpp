@@ -36,6 +36,11 @@ TEST(TextRecord, GoesIntoCsvAsItIsWritten) {
             "time [s],mark,Part (left),Brakes/Id/Speed [km/h]\n0,Start,0012,1.5\n");
 }
 
+TEST(TextRecord, HasEachNameOnce) {
+  EXPECT_EQ(readBack("time\tevent\t\"A\"\t\"A\"\t\"A 2\"\r\n1\t\"\"\t1\t2\t3\r\n", {}, "").text,
+            "time [s],mark,A,A 2,A 2 2\n1,,1,2,3\n");
+}
+
 TEST(TextRecord, HasNumbersAndTextsInJson) {
   const ReadBack back = readBack(kHeader + kRows, {}, "", true);
   EXPECT_THAT(

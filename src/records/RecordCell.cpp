@@ -164,10 +164,10 @@ char* tinyDecimal(char* const begin, char* const end, char separator, RecordValu
 }  // namespace
 
 bool SeparatorVote::addTime(std::string_view text) {
-  const std::size_t at = text.find_first_of(".,");
-  if (at == std::string_view::npos) return false;
-  points_ = commas_ = 0;
-  ++(text[at] == ',' ? commas_ : points_);
+  SeparatorVote time;
+  time.addCell(text);
+  if (time.points_ + time.commas_ == 0) return false;
+  *this = time;
   return true;
 }
 

@@ -54,6 +54,13 @@ TEST(TextRecord, HasNumbersAndTextsInJson) {
   EXPECT_THAT(back.text, HasSubstr("\"Part (left)\":\"A,\\\"b\\\" é\",\"Brakes/Id/Speed\":\"1.5\""));
 }
 
+/// What is no time does not tell the separator.
+TEST(TextRecord, HasItsNumbersBehindADamagedRow) {
+  const std::string event = "time\tevent\t\"A\"\r\n";
+  EXPECT_THAT(readBack(event + "lost, and found\t\"\"\t1\r\n1\t\"\"\t1.5\r\n", {}, "", true).text,
+              HasSubstr("\"values\":{\"A\":1.5}"));
+}
+
 /// Appending gives a file of several recordings, each with its header, its columns and its separator; a row
 /// that was not finished may stand right before a header.
 TEST(TextRecord, IsSplitIntoItsRecordings) {

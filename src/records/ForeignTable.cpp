@@ -347,7 +347,6 @@ class ForeignTableReader : public RecordReader {
     if (value.kind != RecordValue::Kind::Text) return value;
     if (const auto number = foreignNumber(value.text, choice_.decimal))
       return {RecordValue::Kind::Number, *number, {}};
-    if (value.text == "nan" || value.text == "NaN" || value.text == "NAN") return {};
     if (!choice_.utf8 || !isUtf8(value.text)) value.text = texts_.copy(utf8FromWindows1252(value.text));
     return value;
   }

@@ -13,7 +13,8 @@ namespace tarnlog {
 
 namespace {
 
-constexpr std::string_view kNotAvailable = "---";
+/// As records have it, and as other programs write it.
+constexpr std::array<std::string_view, 4> kNotAvailable = {"---", "NaN", "nan", "NAN"};
 
 /// A double holds as many digits, and such a power of ten, exactly: one division then gives the nearest
 /// double.
@@ -73,7 +74,8 @@ RecordValue longNumber(char* begin, char* end, const NumberShape& shape) {
 
 RecordValue otherValue(char* begin, char* end, char separator) {
   const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-  if (text.empty() || text == kNotAvailable) return {};
+  if (text.empty() || std::find(kNotAvailable.begin(), kNotAvailable.end(), text) != kNotAvailable.end())
+    return {};
   const NumberShape shape = shapeOf(begin, end, separator);
   if (shape.end != nullptr) return longNumber(begin, end, shape);
   return {RecordValue::Kind::Text, 0, text};

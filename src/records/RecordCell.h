@@ -24,8 +24,8 @@ class SeparatorVote {
   std::uint64_t commas_ = 0;
 };
 
-/// The value of a cell: a number when it is one as records write them, else a text; none when it is empty or
-/// "---". The separator in the cell is turned into ".". Texts stay as they are.
+/// The value of a cell: a number when it is one as records write them, else a text; none when it is empty,
+/// "---" or "NaN". The separator in the cell is turned into ".". Texts stay as they are.
 RecordValue cellValue(char* begin, char* end, char separator);
 /// The same of a cell that ends with the next TAB or with the line. Returns its end.
 char* takeCell(char* begin, char* lineEnd, char separator, RecordValue& value);

@@ -86,7 +86,7 @@ void TableBuilder::row(const RecordRow& row) {
     const RecordValue& value = row.values[i];
     const bool isNumber = value.kind == RecordValue::Kind::Number && std::isfinite(value.number);
     gathered[i] = isNumber ? value.number : kNone;
-    if (value.kind == RecordValue::Kind::Text) addText(i, group, beside, value.text);
+    if (!value.text.empty() && value.kind == RecordValue::Kind::Text) addText(i, group, beside, value.text);
   }
   if (beside.gathered.size() >= besides.together * group.columns.size()) putRows(group, beside);
 }

@@ -39,7 +39,7 @@ std::string readerTextOf(const std::string& bytes) {
 const std::string kFirst =
     "time\tevent\t\"Engine\"\t\"Engine\"\r\n16.11.26\t\t\"Status\"\t\"Id\"\r\n19:05:08\t\t\"Speed(km/"
     "h)\"\t\"Part\"\r\n"
-    "0\t\"Start\"\t1.5\tA \xE9\r\n1\t\"\"\t---\t12\r\njunk\r\n0\t\"event2\"\t7\tA \xE9\r\n\r\n2\t\"\"\t8";
+    "0\t\"Start\"\t1.5\tA \xE9\r\n1\t\"\"\tNaN\t12\r\njunk\r\n0\t\"event2\"\t7\tA \xE9\r\n\r\n2\t\"\"\t8";
 const std::string kSecond =
     "time\tevent\t\"Engine\"\r\n17/11/26\t\t\"Status\"\r\n7:05:08\t\t\"Speed(km/h)\"\r\n"
     "0\t\"\"\t7\r\n1\t\"\"\t1.5\r\n2\t\"\"\t1.5\r\n3,5\t\"Stop\"\t2,5\r\n";

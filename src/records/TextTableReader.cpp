@@ -70,6 +70,8 @@ bool TextTableReader::readPiece() {
     if (text.empty()) return false;
     if (text.starts_with(kTextBeginning)) {
       if (takeHeader(text, atEnd)) return true;
+    } else if (rows_.empty()) {
+      return false;  // another file was written over what was a header
     } else {
       const std::size_t lineEnd = text.rfind('\n');
       const std::size_t length =

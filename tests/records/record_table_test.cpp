@@ -77,6 +77,15 @@ TEST(RecordTable, HasWhatTheReaderTells) {
   expectWhatTheReaderTells(mf4, 3100, 61);
 }
 
+TEST(RecordTable, OutlivesWhatIsWrittenOverItsHeader) {
+  GrowingFile file;
+  file.bytes = "time\tevent\t\"A\"\r\n";
+  const auto reader = openTable(file, "", [] {});
+  reader->readOn();
+  file.bytes = "a letter\r\nof another program\r\n";
+  EXPECT_THROW(reader->readOn(), TarnError);
+}
+
 /// Copies stay as they were taken, also when they are added to.
 TEST(RecordTable, CopiesDoNotChange) {
   NumberSeries original;

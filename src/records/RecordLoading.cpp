@@ -1,6 +1,7 @@
 #include "records/RecordLoading.h"
 
 #include <algorithm>
+#include <new>
 #include <numeric>
 #include <utility>
 
@@ -106,6 +107,8 @@ void RecordLoading::run() {
     }
   } catch (const GivenUp&) {
     // Nobody looks any more.
+  } catch (const std::bad_alloc&) {
+    fail("it needs more memory than there is");
   } catch (const std::exception& error) {
     fail(error.what());
   }
@@ -166,6 +169,7 @@ bool RecordLoading::waitAndReadOn() {
 /// Whether it may grow further. What cannot be read may be half written: it is tried again.
 bool RecordLoading::readOn() {
   complete_ = false;
+  next_ = std::max(next_, Clock::now() + kSpacing);  // what little came is published when all of it is there
   try {
     reader_->readOn();
     failures_ = 0;

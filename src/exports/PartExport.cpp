@@ -51,6 +51,24 @@ void refuseRecordItself(const PartChoice& part) {
     throw TarnError(1, kSource, part.output + ": this is the record itself, expected another file");
 }
 
+/// What is wrong with the record is raised with its path. Failures of the file system name theirs, which may
+/// be the output's.
+template <class Step>
+auto inRecord(const PartChoice& part, Step step) {
+  try {
+    return step();
+  } catch (const TarnError& error) {
+    if (error.source() == "FileSystem") throw;
+    throw TarnError(error.number(), error.source(), part.input + ": " + error.description());
+  }
+}
+
+RecordHead headOf(const RecordReader& reader, std::size_t recording) {
+  if (recording >= reader.recordings().size())
+    throw TarnError(1, kSource, "holds fewer recordings than before, expected the file that was opened");
+  return reader.recordings()[recording];
+}
+
 void writeCsv(const std::vector<RecordHead>& recordings, const ReadRecord& read, const ExportChoice& choice,
               ExportFile& output) {
   CsvExport csv(recordings, choice, [&](std::string_view bytes) { output.write(bytes); });
@@ -64,15 +82,15 @@ bool exportPart(const PartChoice& part, const std::atomic<bool>& cancelled) {
   refuseRecordItself(part);
   const SystemReadableFile file(part.input);
   const std::string name = std::filesystem::path(part.input).filename().string();
-  const std::unique_ptr<RecordReader> reader =
-      part.foreign ? openForeignTable(file, *part.foreign) : openRecord(file, name);
+  const std::unique_ptr<RecordReader> reader = inRecord(
+      part, [&] { return part.foreign ? openForeignTable(file, *part.foreign) : openRecord(file, name); });
   const ReadRecord read = [&](RecordConsumer& consumer) {
     OneRecording one(part.recording, consumer, cancelled);
-    reader->read(one);
+    inRecord(part, [&] { reader->read(one); });
   };
   try {
+    const std::vector<RecordHead> recordings{inRecord(part, [&] { return headOf(*reader, part.recording); })};
     ExportFile output(part.output);
-    const std::vector<RecordHead> recordings{reader->recordings().at(part.recording)};
     const auto write = part.format == PartChoice::Format::Csv ? writeCsv : writeMf4;
     write(recordings, read, part.choice, output);
     output.finish();

@@ -60,13 +60,15 @@ TEST_F(MeasurementFiles, AreExportedToTheSameValuesAgain) {
 
 /// Which is read twice, where its rows are counted for want of times.
 TEST_F(MeasurementFiles, AreMadeOfATableOfAnotherProgram) {
-  const PartChoice part{.input = written("t.csv", "a;b\n1;2\n3;4\n5;6\n"),
-                        .foreign = ForeignTableChoice{.separator = ';', .timeColumn = {}},
-                        .output = folder / "part.mf4",
-                        .format = PartChoice::Format::Mf4,
-                        .choice = {.from = 1, .till = {}, .data = {}}};
+  PartChoice part{.input = written("t.csv", "a;b\n1;2\n3;4\n5;6\n"),
+                  .foreign = ForeignTableChoice{.separator = ';', .timeColumn = {}},
+                  .output = folder / "part.mf4",
+                  .format = PartChoice::Format::Mf4,
+                  .choice = {.from = 1, .till = {}, .data = {}}};
   EXPECT_TRUE(exportPart(part, false));
   EXPECT_EQ(exported(part.output, "csv"), "time [s],mark,a,b\n1,,3,4\n2,,5,6\n");
+  part.foreign.reset();
+  EXPECT_THAT(test::failureOf([&] { exportPart(part, false); }), StartsWith(part.input + ": no record"));
 }
 
 TEST_F(MeasurementFiles, AreUnderstoodAndRepairedWhereverTheyAreCut) {

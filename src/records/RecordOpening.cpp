@@ -18,7 +18,9 @@ std::unique_ptr<RecordReader> openRecord(const ReadableFile& file, const std::st
   const std::size_t first = beginning.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
   if (first != std::string_view::npos && beginning[first] == '<')
     return std::make_unique<XmlRecordReader>(file, name);
-  throw NotARecord(1, "Records", "no record: expected a text or XML record or event file, or an MDF 4 file");
+  throw NotARecord(1, "Records",
+                   std::string(beginning.empty() ? "no record, the file is empty" : "no record") +
+                       ": expected a text or XML record or event file, or an MDF 4 file");
 }
 
 }  // namespace tarnlog

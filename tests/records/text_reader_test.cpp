@@ -126,7 +126,7 @@ TEST(XmlRecord, IsReadWholeOrCutAnywhere) {
 }
 
 TEST(Records, AreToldFromOtherFiles) {
-  EXPECT_THAT(readBack("").refused, HasSubstr("no record"));
+  EXPECT_THAT(readBack("").refused, HasSubstr("the file is empty: expected a text"));
   EXPECT_THAT(readBack("a,b\n1,2\n").refused, HasSubstr("expected a text or XML record"));
   EXPECT_THAT(readBack("<html/>").refused, HasSubstr("expected the root element Tarnlog2000"));
   std::string configuration = kXml;

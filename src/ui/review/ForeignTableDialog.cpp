@@ -79,8 +79,10 @@ void ForeignTableDialog::createInputs(const ForeignTableChoice& proposed) {
   unit_->addItem(tr("seconds"), 1.0);
   unit_->addItem(tr("milliseconds"), 1e-3);
   unit_->addItem(tr("microseconds"), 1e-6);
+  unit_->addItem(tr("nanoseconds"), 1e-9);
   unit_->addItem(tr("minutes"), 60.0);
   unit_->addItem(tr("hours"), 3600.0);
+  unit_->addItem(tr("days"), 86400.0);
   choose(*unit_, proposed.timeUnit);
   for (QComboBox* const box : {separator_, decimal_, coding_})
     connect(box, &QComboBox::currentIndexChanged, this, &ForeignTableDialog::read);

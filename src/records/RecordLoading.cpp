@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <numeric>
+#include <stdexcept>
 #include <utility>
 
 #include "records/RecordWalk.h"
@@ -34,6 +35,19 @@ std::int64_t rowsOf(const RecordTable& table) {
 bool isSame(const RecordTable& a, const RecordTable& b) {
   return a.recordings.size() == b.recordings.size() && rowsOf(a) == rowsOf(b) && a.bytes == b.bytes &&
          a.bytesRead == b.bytesRead && a.complete == b.complete && a.missing == b.missing;
+}
+
+/// Whoever looks at the older one knows its columns by their places. Fewer recordings may come of a header
+/// that is half written, which is tried again.
+void refuseOtherPlaces(const RecordTable& older, const RecordTable& newer) {
+  if (newer.recordings.size() < older.recordings.size())
+    throw TarnError(1, "RecordLoading", "has fewer recordings than before: open it again");
+  const auto sameColumns = [](const TableGroup& a, const TableGroup& b) {
+    return a.columns.size() == b.columns.size();
+  };
+  for (std::size_t i = 0; i < older.recordings.size(); ++i)
+    if (!std::ranges::equal(older.recordings[i].groups, newer.recordings[i].groups, sameColumns))
+      throw std::runtime_error("has other data now than when it was opened: open it again");
 }
 
 std::string withPath(const std::string& path, const std::string& description) {
@@ -172,13 +186,13 @@ bool RecordLoading::readOn() {
   next_ = std::max(next_, Clock::now() + kSpacing);  // what little came is published when all of it is there
   try {
     reader_->readOn();
+    complete_ = true;
+    publish();
     failures_ = 0;
   } catch (const TarnError&) {
     if (++failures_ == kTries) throw;
     return true;
   }
-  complete_ = true;
-  publish();
   if (reader_->isOpenEnded()) return true;
   setState(State::Ended);
   return false;
@@ -222,6 +236,7 @@ void RecordLoading::publish() {
                                     : static_cast<double>(table->bytesRead) /
                                           static_cast<double>(std::max<std::uint64_t>(table->bytes, 1));
   if (newest_ != nullptr && isSame(*newest_, *table)) return;
+  if (newest_ != nullptr) refuseOtherPlaces(*newest_, *table);
   std::shared_ptr<const RecordTable> published = std::move(table);
   {
     const std::lock_guard lock(mutex_);

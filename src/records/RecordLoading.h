@@ -44,7 +44,7 @@ class RecordLoading {
   /// 0 to 1.
   double progress() const;
   /// As far as it has been read; null while not even the columns are known. The same pointer while nothing
-  /// came.
+  /// came. A newer one has all recordings of an older one, and their columns at the same places.
   std::shared_ptr<const RecordTable> newest() const;
   /// When it failed: what was wrong, with the path.
   std::string failure() const;

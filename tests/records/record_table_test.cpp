@@ -163,6 +163,22 @@ TEST(RecordLoading, FollowsAFileUntilItIsRemoved) {
   EXPECT_EQ(loading.newest()->recordings[1].rows(), 4);
 }
 
+/// An XML record names its data before its rows tell that one of them was not there.
+TEST(RecordLoading, KeepsColumnsWhereTheyWere) {
+  const test::TempFolder folder;
+  SystemFileSystem files;
+  const std::string path = folder / "a.xml";
+  const auto stream = files.openForAppending(path);
+  stream->write(
+      "<Tarnlog2000><Description>Data file</Description><Datas><Data name=\"v\"/><Data name=\"w\"/></Datas>");
+  RecordLoading loading(path);
+  ASSERT_TRUE(comesTrue([&] { return loading.state() == RecordLoading::State::Following; }));
+  stream->write("<row Time=\"0,5\" C1=\"1\"/>");
+  ASSERT_TRUE(comesTrue([&] { return loading.state() == RecordLoading::State::Failed; }));
+  EXPECT_THAT(loading.failure(), HasSubstr("open it again"));
+  EXPECT_EQ(loading.newest()->recordings[0].groups[0].columns.size(), 2U);
+}
+
 TEST(RecordLoading, TellsWhyItFailed) {
   const test::TempFolder folder;
   SystemFileSystem files;

@@ -79,10 +79,9 @@ Mf4Export::Mf4Export(const std::vector<RecordHead>& recordings, const ExportChoi
       file_(std::move(stream), {}, layout_, about()),
       lastMark_(survey.first()) {}
 
-MdfGroup Mf4Export::groupFor(std::size_t recording, std::size_t position, Target& target) const {
-  const RecordHead& head = recordings_[recording];
-  const RecordGroup& group = head.groups[position];
-  const std::vector<std::string> names = shortNames(head)[position];
+MdfGroup Mf4Export::groupFor(std::size_t recording, std::size_t position,
+                             const std::vector<std::string>& names, Target& target) const {
+  const RecordGroup& group = recordings_[recording].groups[position];
   target.answers = !group.request.empty();
   MdfGroup made{.name = nameFor(group, recording, recordings_.size() > 1), .ecu = group.ecu};
   made.columns = target.answers ? mdfRequestColumns() : std::vector{mdfTimeColumn()};
@@ -102,10 +101,11 @@ std::vector<MdfGroup> Mf4Export::makeGroups() {
   std::vector<MdfGroup> made;
   for (std::size_t recording = 0; recording < recordings_.size(); ++recording) {
     std::vector<Target>& targets = targets_.emplace_back();
+    const std::vector<std::vector<std::string>> names = shortNames(recordings_[recording]);
     for (std::size_t position = 0; position < recordings_[recording].groups.size(); ++position) {
       Target target;
       target.group = made.size();
-      MdfGroup group = groupFor(recording, position, target);
+      MdfGroup group = groupFor(recording, position, names[position], target);
       if (!target.columns.empty()) made.push_back(std::move(group));
       targets.push_back(std::move(target));
     }

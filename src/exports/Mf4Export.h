@@ -62,7 +62,8 @@ class Mf4Export : public RecordConsumer {
     std::vector<std::size_t> columns;  ///< those that are taken
   };
 
-  MdfGroup groupFor(std::size_t recording, std::size_t position, Target& target) const;
+  MdfGroup groupFor(std::size_t recording, std::size_t position, const std::vector<std::string>& names,
+                    Target& target) const;
   std::vector<MdfGroup> makeGroups();
   MdfAbout about() const;
   std::int64_t timeOf(double seconds) const;

@@ -26,11 +26,10 @@ char lineEndOf(std::string_view beginning) {
 
 }  // namespace
 
-ForeignRows::ForeignRows(const ReadableFile& file, char separator, std::uint64_t till)
-    : file_(file), till_(till), splitter_(separator) {
+ForeignRows::ForeignRows(const ReadableFile& file, char separator) : file_(file), splitter_(separator) {
   const std::string beginning = beginningOf(file);
   lineEnd_ = lineEndOf(beginning);
-  lines_.emplace(file, beginning.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0, till, lineEnd_);
+  lines_.emplace(file, beginning.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0, file.size(), lineEnd_);
 }
 
 bool ForeignRows::next() {
@@ -44,7 +43,6 @@ bool ForeignRows::next() {
 
 void ForeignRows::split() {
   unclosed_ = false;
-  whole_ = lines_->whole();
   const auto length = static_cast<std::size_t>(lines_->end() - lines_->begin());
   if (std::memchr(lines_->begin(), '"', length) == nullptr) {
     cells_ = splitter_.split(lines_->begin(), lines_->end());
@@ -59,7 +57,6 @@ void ForeignRows::split() {
     if (!unclosed_) return;
     if (!joins_ || more_ + 1 == kMostLines || raw_.size() > kLongest || !lines_->next()) break;
     ++more_;
-    whole_ = lines_->whole();
     raw_ += '\n';
     raw_.append(lines_->begin(), lines_->end());
   }
@@ -69,10 +66,9 @@ void ForeignRows::split() {
 
 void ForeignRows::goOnBehindFirstLine() {
   more_ = 0;
-  whole_ = true;
   text_.assign(raw_, 0, raw_.find('\n'));
   cells_ = splitter_.split(text_.data(), text_.data() + text_.size());
-  lines_.emplace(file_, behind_, till_, lineEnd_);
+  lines_.emplace(file_, behind_, file_.size(), lineEnd_);
 }
 
 }  // namespace tarnlog

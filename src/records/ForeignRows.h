@@ -15,8 +15,8 @@ namespace tarnlog {
 /// LF, CR LF or, where no LF comes, CR. A cell in quotes may go over several lines.
 class ForeignRows {
  public:
-  /// Up to that place in the file, from behind its mark of UTF-8.
-  ForeignRows(const ReadableFile& file, char separator, std::uint64_t till);
+  /// A mark of UTF-8 before them is passed over.
+  ForeignRows(const ReadableFile& file, char separator);
 
   /// Goes to the next row; false behind the last one.
   bool next();
@@ -24,8 +24,8 @@ class ForeignRows {
   std::span<const std::span<char>> cells() const { return cells_; }
   /// Number of its line, from 1; of its first one when it has several.
   std::size_t line() const { return line_; }
-  /// The end of its line is there.
-  bool whole() const { return whole_; }
+  /// Place behind it.
+  std::uint64_t nextPlace() const { return lines_->nextPlace(); }
   /// A quote that it opens is not closed soon. Its first line alone is this row then, and from here on quotes
   /// are closed in their line or not at all: one that stands there by mistake costs no other row.
   bool unclosed() const { return unclosed_; }
@@ -35,7 +35,6 @@ class ForeignRows {
   void goOnBehindFirstLine();
 
   const ReadableFile& file_;
-  std::uint64_t till_;
   char lineEnd_ = '\n';
   std::optional<LineReader> lines_;
   ForeignCells splitter_;
@@ -45,7 +44,6 @@ class ForeignRows {
   std::string raw_;           ///< a row with quotes
   std::string text_;          ///< the same, cut into cells
   std::uint64_t behind_ = 0;  ///< place: behind the first line of the row
-  bool whole_ = false;
   bool unclosed_ = false;
   bool joins_ = true;
 };

@@ -20,8 +20,9 @@ namespace tarnlog {
 namespace {
 
 constexpr std::size_t kSample = 256 * 1024;
-constexpr std::size_t kLines = 100;  ///< of them
-constexpr double kDay = 86400;       ///< seconds
+constexpr std::size_t kLines = 100;    ///< of them
+constexpr std::size_t kFewLines = 10;  ///< however long they are
+constexpr double kDay = 86400;         ///< seconds
 constexpr double kMicroseconds = 1e6;
 constexpr std::string_view kSeparators = "\t;|, ";  ///< the likeliest first
 
@@ -51,7 +52,7 @@ void checkText(std::string_view text) {
 }
 
 /// Characters that are cut off at the end of the sample say nothing.
-bool looksLikeUtf8(std::string_view text) { return isUtf8(text.substr(0, text.find_last_of("\r\n"))); }
+bool looksLikeUtf8(std::string_view text) { return isUtf8(text.substr(0, text.find_last_of("\r\n,;\t|"))); }
 
 bool isNumber(std::string_view cell) { return foreignNumber(cell, '.') || foreignNumber(cell, ','); }
 bool isValue(std::string_view cell) { return isNumber(cell) || foreignMoment(cell); }
@@ -179,9 +180,11 @@ double timeUnitOf(const Lines& lines, const ForeignTableChoice& choice,
 std::vector<std::vector<std::string>> foreignLines(const ReadableFile& file,
                                                    const ForeignTableChoice& choice) {
   Lines lines;
-  const auto till = std::min<std::uint64_t>(file.size(), kSample);
-  for (ForeignRows rows(file, choice.separator, till); lines.size() < kLines && rows.next();) {
-    if (!rows.whole() && till < file.size() && !lines.empty()) break;
+  ForeignRows rows(file, choice.separator);
+  const auto isEnough = [&] {
+    return lines.size() == kLines || (lines.size() >= kFewLines && rows.nextPlace() > kSample);
+  };
+  while (!isEnough() && rows.next()) {
     std::vector<std::string>& to = lines.emplace_back();
     for (const std::span<char> cell : rows.cells())
       to.push_back(choice.utf8 ? std::string(view(cell)) : utf8FromWindows1252(view(cell)));
@@ -246,7 +249,7 @@ class ForeignTableReader : public RecordReader {
     reading_ = {};
     consumer.recording(0);
     std::size_t number = 0;
-    for (ForeignRows rows(file_, choice_.separator, file_.size()); rows.next();) {
+    for (ForeignRows rows(file_, choice_.separator); rows.next();) {
       if (++number <= choice_.headerLines) continue;
       if (rows.unclosed())
         reading_.unclosed.add(rows.line());

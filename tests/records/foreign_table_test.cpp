@@ -80,6 +80,19 @@ TEST(ForeignTable, HasLinesOfManyKinds) {
       ",. 1 utf8\ntime|b[]\n2|3\n4|50");
 }
 
+TEST(ForeignTable, HasManyColumns) {
+  constexpr int kColumns = 100000;
+  std::string bytes = "Time";
+  for (int i = 1; i < kColumns; ++i) bytes += ",name of " + std::to_string(i);
+  for (const char* const time : {"\n0", "\n1"}) {
+    bytes += time;
+    for (int i = 1; i < kColumns; ++i) bytes += ",5";
+  }
+  const std::string text = readAsGuessed(bytes);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '|'), 3 * (kColumns - 1));
+  EXPECT_THAT(text, HasSubstr("|name of 99999[]\n0|5|"));
+}
+
 TEST(ForeignTable, IsCorrectedByItsUser) {
   const test::MemoryReadableFile file("x;1,5\ny;2,5\n");
   ForeignTableChoice choice;

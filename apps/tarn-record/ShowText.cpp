@@ -36,7 +36,10 @@ std::string withDecimals(double value, int decimals) {
   return text;
 }
 
-std::string timeText(double seconds) { return withDecimals(seconds, 3); }
+/// Empty where there is no such time.
+std::string timeText(double seconds) {
+  return std::abs(seconds) < kWholeBelow ? withDecimals(seconds, 3) : measureText(seconds, kAsRecorded);
+}
 
 std::string timesText(std::int64_t count) { return count == 1 ? "once" : fmt::format("{} times", count); }
 
@@ -206,7 +209,8 @@ std::string labels(const ShownRecording& shown) {
 std::string durationText(double seconds) {
   constexpr double kMinute = 60;
   constexpr double kHour = 3600;
-  if (std::round(seconds * 1000) / 1000 < 2 * kMinute) return timeText(seconds) + " s";
+  if (std::round(seconds * 1000) / 1000 < 2 * kMinute || seconds >= kWholeBelow)
+    return timeText(seconds) + " s";
   const double rounded = std::round(seconds * 10) / 10;  // before it is parted: there is no 60th second
   const double hours = std::floor(rounded / kHour);
   const double minutes = std::floor((rounded - hours * kHour) / kMinute);

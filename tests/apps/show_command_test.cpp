@@ -48,6 +48,8 @@ TEST(ShowCommand, TellsFactsMarksFiguresAndHowLongLabelsStood) {
                              "  Lamp\n"
                              "    1  3 s     once  first at 1 s\n"
                              "    0  2 s  2 times  first at -1 s\n"));
+  EXPECT_THAT(showText(shownRecord({.input = path, .from = 1, .till = 1.5, .data = {"Engine speed"}}), {}),
+              HasSubstr("  Engine speed  rpm        0\n"));
   const ShowOptions narrow{.input = path, .data = {"Engine speed"}, .above = 1000};
   EXPECT_THAT(showText(shownRecord(narrow), 60), AllOf(HasSubstr("    maximum        1200  at 2.5 s\n"),
                                                        HasSubstr("    above 1000    2.5 s\n")));
@@ -63,6 +65,7 @@ TEST(ShowCommand, TellsFactsMarksFiguresAndHowLongLabelsStood) {
   EXPECT_EQ(first["marks"].size(), 1U);
   EXPECT_EQ(durationText(179.96), "3 min 0 s");
   EXPECT_EQ(durationText(7199.9), "1 h 59 min 59.9 s");
+  EXPECT_EQ(durationText(1e300), "1e+300 s");
 }
 
 TEST(ShowCommand, RefusesWhatItCannotShow) {

@@ -92,7 +92,7 @@ std::span<const std::span<char>> ForeignCells::split(char* begin, char* const en
   if (separator_ == ' ') begin = std::find_if_not(begin, end, isBlank);
   for (;;) {
     char* const next = takeCell(begin, end);
-    if (next == end) return cells_;
+    if (next == end || cells_.size() > kMostRecordColumns) return cells_;
     begin = next + 1;
     if (separator_ != ' ') continue;
     begin = std::find_if_not(begin, end, isBlank);

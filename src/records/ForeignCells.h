@@ -16,7 +16,8 @@ namespace tarnlog {
 class ForeignCells {
  public:
   explicit ForeignCells(char separator) : separator_(separator) {}
-  /// They lie in the line, which may be changed, and so may they.
+  /// They lie in the line, which may be changed, and so may they. Of more than `kMostRecordColumns`, one
+  /// more.
   std::span<const std::span<char>> split(char* begin, char* end);
   /// A cell began with a quote that is not closed; over several lines, a separator must follow that closes
   /// it.

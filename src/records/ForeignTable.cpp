@@ -237,6 +237,7 @@ class ForeignTableReader : public RecordReader {
     const Layout layout = layoutOf(lines);
     if (layout.columns == 0 && !lines.empty()) columns_ = lines.back().size();
     columns_ = std::max(columns_, layout.columns);
+    if (columns_ > kMostRecordColumns) throw tooManyColumns("ForeignTable");
     if (columns_ == 0 || (choice.timeColumn && *choice.timeColumn >= columns_))
       throw noTable("there is no such time column");
     makeHead(headingsOf(lines, choice.headerLines, columns_));

@@ -35,6 +35,9 @@ struct RecordColumn {
   bool scaled = false;  ///< its numbers are raw ones times a factor: 15 digits tell all of them
 };
 
+/// A file that has more is refused: a table of them would take all memory.
+inline constexpr std::size_t kMostRecordColumns = 200'000;
+
 /// Columns whose values were taken at one time. Text and XML records have one group.
 struct RecordGroup {
   std::string ecu;

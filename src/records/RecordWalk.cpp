@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "records/Record.h"
+
 namespace tarnlog {
 
 namespace {
@@ -243,6 +245,10 @@ class Walk {
 };
 
 }  // namespace
+
+NotARecord tooManyColumns(const std::string& source) {
+  return {1, source, "more than " + std::to_string(kMostRecordColumns) + " columns, this is no record"};
+}
 
 RecordFaults walkRecord(const ReadBlock& read, const TakePiece& take) { return Walk(read, take).run(); }
 

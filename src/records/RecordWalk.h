@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "platform/base/TarnError.h"
@@ -14,6 +15,8 @@ class NotARecord : public TarnError {
  public:
   using TarnError::TarnError;
 };
+
+NotARecord tooManyColumns(const std::string& source);
 
 /// What is wrong with an XML record or event file, and what was mended.
 struct RecordFaults {

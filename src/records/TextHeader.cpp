@@ -1,5 +1,6 @@
 #include "records/TextHeader.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -7,6 +8,7 @@
 #include "platform/text/TextEncoding.h"
 #include "records/LineReader.h"
 #include "records/RecordDate.h"
+#include "records/RecordWalk.h"
 #include "records/TextRows.h"
 
 namespace tarnlog {
@@ -19,6 +21,9 @@ std::string_view lineOf(LineReader& line) {
 
 /// At least one, though it may be empty.
 std::vector<std::string> cellsOf(std::string_view line) {
+  constexpr std::size_t kBefore = 2;  // time and mark
+  if (static_cast<std::size_t>(std::count(line.begin(), line.end(), '\t')) >= kMostRecordColumns + kBefore)
+    throw tooManyColumns("TextHeader");
   std::vector<std::string> cells;
   for (bool another = true; another;) {
     another = line.find('\t') != std::string_view::npos;

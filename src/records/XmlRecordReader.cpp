@@ -122,6 +122,7 @@ void XmlRecordReader::readHead(const std::string& name) {
     throw NotARecord(1, "XmlRecordReader", "a configuration, expected a record");
 
   RecordGroup group{{}, {}, namedColumns(document)};
+  if (group.columns.size() > kMostRecordColumns) throw tooManyColumns("XmlRecordReader");
   if (head.rows && head.columns != group.columns.size()) {
     unnamed_ = "the rows have " + counted(head.columns, "column") + " for the " +
                counted(group.columns.size(), "item") + " named, so the columns are called C1, C2, ...";

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/text/TextEncoding.h"
+#include "records/Record.h"
 
 namespace tarnlog {
 
@@ -14,7 +15,6 @@ namespace {
 
 constexpr std::string_view kStart = "<row";
 constexpr std::string_view kBlanks = " \t\r\n";
-constexpr std::size_t kMostColumns = 1000000;
 
 std::size_t startOf(std::string_view piece) {
   return std::min(piece.find_first_not_of(kBlanks), piece.size());
@@ -96,7 +96,7 @@ bool XmlRow::take(std::string_view name, char* begin, char* end) {
   } else if (name.starts_with('C')) {
     std::size_t column = 0;
     const auto read = std::from_chars(name.data() + 1, name.data() + name.size(), column);
-    if (read.ptr != name.data() + name.size() || column < 1 || column > kMostColumns) return false;
+    if (read.ptr != name.data() + name.size() || column < 1 || column > kMostRecordColumns) return false;
     cells_.push_back({column, begin, end});
   }
   return true;

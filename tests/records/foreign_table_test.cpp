@@ -81,16 +81,16 @@ TEST(ForeignTable, HasLinesOfManyKinds) {
 }
 
 TEST(ForeignTable, HasManyColumns) {
-  constexpr int kColumns = 100000;
+  constexpr int kColumns = 20000;
   std::string bytes = "Time";
-  for (int i = 1; i < kColumns; ++i) bytes += ",name of " + std::to_string(i);
+  for (int i = 1; i < kColumns; ++i) bytes += ",a column with a long name " + std::to_string(i);
   for (const char* const time : {"\n0", "\n1"}) {
     bytes += time;
     for (int i = 1; i < kColumns; ++i) bytes += ",5";
   }
   const std::string text = readAsGuessed(bytes);
   EXPECT_EQ(std::count(text.begin(), text.end(), '|'), 3 * (kColumns - 1));
-  EXPECT_THAT(text, HasSubstr("|name of 99999[]\n0|5|"));
+  EXPECT_THAT(text, HasSubstr("|a column with a long name 19999[]\n0|5|"));
 }
 
 TEST(ForeignTable, IsCorrectedByItsUser) {

@@ -128,6 +128,8 @@ TEST(XmlRecord, IsReadWholeOrCutAnywhere) {
 TEST(Records, AreToldFromOtherFiles) {
   EXPECT_THAT(readBack("").refused, HasSubstr("the file is empty: expected a text"));
   EXPECT_THAT(readBack("a,b\n1,2\n").refused, HasSubstr("expected a text or XML record"));
+  EXPECT_THAT(readBack("time\tevent" + std::string(300000, '\t') + "\n").refused,
+              HasSubstr("more than 200000 columns"));
   EXPECT_THAT(readBack("<html/>").refused, HasSubstr("expected the root element Tarnlog2000"));
   std::string configuration = kXml;
   configuration.replace(configuration.find("Data file"), 9, "Parameters file");

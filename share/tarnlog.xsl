@@ -446,7 +446,7 @@
     <xsl:param name="bottom"/>
     <xsl:param name="height"/>
     <xsl:variable name="span" select="translate($cells[last()]/../@Time, ',', '.') - translate($cells[1]/../@Time, ',', '.')"/>
-    <xsl:variable name="narrow" select="count($cells) &lt;= 4 or ($x = 'Time' and 500 * $span &lt;= $width)
+    <xsl:variable name="narrow" select="count($cells) &lt;= 3 or ($x = 'Time' and 500 * $span &lt;= $width)
                                         or ($x != 'Time' and 500 * count($cells) &lt;= $count)"/>
     <xsl:choose>
       <xsl:when test="$narrow">

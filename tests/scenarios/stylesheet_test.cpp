@@ -63,9 +63,10 @@ TEST_F(Stylesheet, ShowsWhatTheWritersWrite) {
 }
 
 TEST_F(Stylesheet, KeepsPeaksAndGapsOfLongRecordsAndEndsTheTable) {
-  std::string record =
+  const std::string head =
       "<Tarnlog2000><Description>Data file</Description><Date/><Datas><Data index='1' name='Speed'>"
       "<Scope type='Graph'><Graph axeYauto='1' color='0'/></Scope></Data></Datas>";
+  std::string record = head;
   for (int i = 0; i <= 20000; ++i) {
     const bool rests = i >= 5000 && i < 10000;
     const std::string cell = i == 3001 ? "1000" : i == 17003 ? "-1000" : rests ? "---" : "0";
@@ -81,4 +82,8 @@ TEST_F(Stylesheet, KeepsPeaksAndGapsOfLongRecordsAndEndsTheTable) {
        {"d=\"M0,100h0", "L75,0L", "L125,100M250,100h0", "L375,100M875,100h0", "L925.1,200L"})
     EXPECT_THAT(curve, testing::HasSubstr(point));
   EXPECT_LT(curve.size(), 30000U);
+  // Four rows are few enough to draw them all.
+  EXPECT_THAT(pageOf(head + "<row Time='0' C1='0'/><row Time='1' C1='1'/><row Time='2' C1='3'/>"
+                            "<row Time='3' C1='4'/></Tarnlog2000>"),
+              testing::HasSubstr("d=\"M0,200h0L333.3,150L666.7,50L1000,0\""));
 }

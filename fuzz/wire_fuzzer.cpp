@@ -6,9 +6,10 @@
 #include <cstdlib>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "host/link/can/IsoTp.h"
-#include "host/link/can/IsoTpStream.h"
+#include "host/link/can/IsoTpLink.h"
 #include "host/link/doip/DoipFinder.h"
 #include "host/link/doip/DoipLink.h"
 #include "host/link/doip/DoipMessage.h"
@@ -118,29 +119,37 @@ class FramePort : public CanPort {
   void open() override {}
   void close() override {}
   void setIdleHook(std::function<void()> /*hook*/) override {}
+  void listenTo(std::span<const std::uint32_t> identifiers) override {
+    ears_.assign(identifiers.begin(), identifiers.end());
+  }
   void send(std::uint32_t /*identifier*/, const CanPayload& /*payload*/) override {}
-  bool receive(CanPayload& payload, Moment deadline) override {
-    if (clock_.now() >= deadline) return false;
+  bool receive(std::uint32_t& identifier, CanPayload& payload, Moment deadline) override {
+    if (clock_.now() >= deadline || ears_.empty()) return false;
     clock_.step(bytes_.empty() ? deadline - clock_.now() : Moment(1000));
     if (bytes_.empty()) return false;
-    payload = CanPayload(takePiece(bytes_, 8));
+    const Bytes piece = takePiece(bytes_, 9);
+    identifier = ears_[piece.empty() ? 0 : piece[0] % ears_.size()];
+    payload = CanPayload(piece.empty() ? piece : piece.subspan(1));
     return true;
   }
 
  private:
   Bytes& bytes_;
   tarnlog::test::ManualLinkClock& clock_;
+  std::vector<std::uint32_t> ears_;
 };
 
 void askOverCan(Bytes bytes) {
   tarnlog::test::ManualLinkClock clock;
-  IsoTpStream stream(std::make_unique<FramePort>(bytes, clock), {0x7E0, 0x7E8}, clock);
+  IsoTpLink link({}, [&] { return std::make_unique<FramePort>(bytes, clock); }, clock);
   const Link::Bytes request(40, 0x22);
-  Link::Bytes response(IsoTpReceiver::kLongest);
+  Link::Bytes response;
   while (!bytes.empty())
     within(clock, [&] {
-      stream.write(request);
-      stream.read(response, clock.now() + std::chrono::milliseconds(100));
+      link.open();
+      link.send({0x7E0, ""}, request);
+      link.send({0x7E1, ""}, std::span(request).first(3));
+      for (int i = 0; i < 3; ++i) link.receive(response, std::chrono::milliseconds(100));
     });
 }
 

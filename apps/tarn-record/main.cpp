@@ -142,6 +142,12 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
       ->check(wholeNumber(0, 2147483))
       ->type_name("S");
   command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
+  command
+      .add_option("--interval", options.link.intervals,
+                  "Send this request every MS milliseconds only, not in every cycle; for several requests,\n"
+                  "several times")
+      ->allow_extra_args(false)
+      ->type_name("ECU/REQUEST=MS");
   command.add_option("--duration", options.duration, "End the run S seconds after the first data")
       ->check(wholeNumber(1, 2147483))
       ->type_name("S");

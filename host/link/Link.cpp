@@ -1,5 +1,7 @@
 #include "host/link/Link.h"
 
+#include <type_traits>
+
 namespace tarnlog::host {
 
 /// After a failure of the link only opening it again helps.
@@ -8,6 +10,10 @@ Result Link::watched(Result unreachable, Step&& step) {
   obstacle_.clear();
   try {
     return std::forward<Step>(step)();
+  } catch (const TurnedAway& error) {
+    obstacle_ = error.description();
+    if constexpr (std::is_same_v<Result, Received>) return Received::turnedAway;
+    return unreachable;
   } catch (const EcuUnreachable& error) {
     obstacle_ = error.description();
     return unreachable;
@@ -30,21 +36,21 @@ void Link::close() {
 
 bool Link::send(const LinkTarget& target, std::span<const std::uint8_t> request) {
   if (!open_) throw TarnError(1, "Link.send", "the link is not open");
-  return watched(false, [&] { return doSend(target, request); });
+  return watched(false, [&] {
+    asked_ = answererOf(target);
+    return doSend(target, request);
+  });
 }
 
 Link::Received Link::receive(Bytes& response, std::chrono::milliseconds timeout) {
   if (!open_) throw TarnError(1, "Link.receive", "the link is not open");
+  answerer_ = asked_;
   return watched(Received::unreachable, [&] { return doReceive(response, timeout); });
 }
 
 std::vector<LinkTarget> Link::findEcus() {
   if (!open_) throw TarnError(1, "Link.findEcus", "the link is not open");
   return watched(std::vector<LinkTarget>(), [&] { return doFindEcus(); });
-}
-
-bool Link::readUnasked(const LinkTarget& target) {
-  return watched(true, [&] { return doReadUnasked(target); });
 }
 
 }  // namespace tarnlog::host

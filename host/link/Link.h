@@ -32,9 +32,16 @@ class EcuUnreachable : public TarnError {
   using TarnError::TarnError;
 };
 
-/// Bytes out, bytes in. One exchange at a time. Bytes are those of the diagnostic service, without addresses,
-/// lengths and checksums of the wire. Failures of the link itself are TarnErrors; it is not open any more
-/// then.
+/// The same, where it may be that the link's other end has too many requests under way.
+class TurnedAway : public EcuUnreachable {
+ public:
+  using EcuUnreachable::EcuUnreachable;
+};
+
+/// Bytes out, bytes in. Bytes are those of the diagnostic service, without addresses, lengths and checksums
+/// of the wire. Failures of the link itself are TarnErrors; it is not open any more then.
+///
+/// One exchange at a time, or one with each answerer where the link goes `sideBySide`.
 ///
 /// Whether it is open is known here and nowhere else. What the kinds of links do is in the protected part.
 class Link {
@@ -44,10 +51,14 @@ class Link {
   using StopQuestion = std::function<bool()>;
   using TextHook = std::function<void(bool sent, std::string_view line)>;
 
+  /// What came next, and from `answerer`.
   enum class Received : std::uint8_t {
     response,
-    nothing,     ///< in time
-    unreachable  ///< the ECU cannot be reached, other ECUs can: see `obstacle`
+    nothing,      ///< in time, from anybody
+    silent,       ///< it is known already that this ECU will not answer
+    unasked,      ///< a response that came too early to be one to the newest request
+    unreachable,  ///< the ECU cannot be reached, other ECUs can: see `obstacle`
+    turnedAway    ///< the same, by a gateway that may have too much to do: it may take the request later
   };
 
   virtual ~Link() = default;
@@ -57,15 +68,15 @@ class Link {
   bool isOpen() const { return open_; }
   /// False when the request cannot reach its ECU, while other ECUs can be asked: see `obstacle`.
   bool send(const LinkTarget& target, std::span<const std::uint8_t> request);
-  /// Waits for one response and puts it into `response` (its capacity is reused).
+  /// Waits for one response of anybody who was asked, and puts it into `response` (its capacity is reused).
+  /// What comes late or twice is not told from what was asked for, unless the link `matchesAnswers`.
   Received receive(Bytes& response, std::chrono::milliseconds timeout);
+  /// Of the last `receive` that gave something.
+  std::int64_t answerer() const { return answerer_; }
   /// The ECUs that answer an OBD request (service 01, ISO 15031-5) sent to all of them at once, as targets
   /// for `send`. Empty where the link has no way to ask all, and where they cannot be reached: see
   /// `obstacle`.
   std::vector<LinkTarget> findEcus();
-  /// Reads away what has come from this answerer and was not asked for by the request sent last, or was not
-  /// received then. True when there was something since the last call.
-  bool readUnasked(const LinkTarget& target);
   /// Why the ECU of the last step cannot be reached; empty when it can.
   virtual const std::string& obstacle() const { return obstacle_; }
 
@@ -80,12 +91,13 @@ class Link {
     return false;
   }
 
-  /// Where several requests may have their answers under way, and an answer is known only by who sent it: a
-  /// number for whoever answers this target. None where the link itself finds the request of each answer.
-  virtual std::optional<std::int64_t> answererOf(const LinkTarget& target) const {
-    static_cast<void>(target);
-    return {};
-  }
+  /// A number for whoever answers this target.
+  virtual std::int64_t answererOf(const LinkTarget& target) const { return target.address; }
+  /// The link itself finds the request of each answer. Where it does not, an answer is known only by who sent
+  /// it, and one that comes late may be taken for that to a newer request.
+  virtual bool matchesAnswers() const { return true; }
+  /// One request to each answerer may be under way at a time.
+  virtual bool sideBySide() const { return false; }
   /// What an adapter called itself when it was opened last; empty where there is none.
   virtual std::string adapterName() const { return {}; }
   /// What has left since the link was made: what it asks of its own accord and sends once more included.
@@ -116,10 +128,8 @@ class Link {
   virtual bool doSend(const LinkTarget& target, std::span<const std::uint8_t> request) = 0;
   virtual Received doReceive(Bytes& response, std::chrono::milliseconds timeout) = 0;
   virtual std::vector<LinkTarget> doFindEcus() { return {}; }
-  virtual bool doReadUnasked(const LinkTarget& target) {
-    static_cast<void>(target);
-    return false;
-  }
+  /// To be called before `doReceive` returns or raises; without it, who was asked last.
+  void setAnswerer(std::int64_t answerer) { answerer_ = answerer; }
   const IdleHook& idleHook() const { return idleHook_; }
   /// To be called where a request leaves.
   void noteSent(std::span<const std::uint8_t> request) {
@@ -131,6 +141,8 @@ class Link {
   Result watched(Result unreachable, Step&& step);
 
   bool open_ = false;
+  std::int64_t asked_ = 0;  ///< last
+  std::int64_t answerer_ = 0;
   std::string obstacle_;
   IdleHook idleHook_;
   StopQuestion stopQuestion_;

@@ -22,26 +22,30 @@ namespace {
 class ReplayLink : private ReplayPeer, public SimulatedLink {
  public:
   ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock,
-             const PidBytes& pidBytes)
+             const PidBytes& pidBytes, bool sideBySide)
       : ReplayPeer(std::move(entries), file, pidBytes),
-        SimulatedLink(clock, static_cast<ReplayPeer&>(*this)) {}
+        SimulatedLink(clock, static_cast<ReplayPeer&>(*this), sideBySide) {}
   bool takesSeveralPids(const LinkTarget& target) const override { return asksSeveralPids(target); }
 
  protected:
   std::vector<LinkTarget> doFindEcus() override { return obdEcus(); }
 };
 
+/// Several ECUs are asked at a time, unless the user says otherwise.
+bool sideBySide(const LinkUrl& url) { return url.numberOption("parallel", 0, 1).value_or(1) == 1; }
+
 std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files,
                              const PidBytes& pidBytes) {
-  url.allowOptions({});
+  url.allowOptions({"parallel"});
   const std::string& file = url.path();
   if (file.empty()) url.expected("path", "the file of a trace", file);
-  return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock, pidBytes);
+  return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock, pidBytes,
+                                      sideBySide(url));
 }
 
 std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
   constexpr std::int64_t kHighestAddress = 0xFFFF;
-  url.allowOptions({"ecu", "tester"});
+  url.allowOptions({"ecu", "tester", "parallel"});
   if (url.host().empty()) url.expected("host", "a name, an address, or * to look for a car", url.host());
   DoipSettings settings;
   settings.host = url.host();
@@ -50,6 +54,7 @@ std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
     settings.tester = static_cast<std::uint16_t>(*tester);
   if (const auto ecu = url.numberOption("ecu", 1, kHighestAddress))
     settings.ecu = static_cast<std::uint16_t>(*ecu);
+  settings.sideBySide = sideBySide(url);
   const auto connect = [&clock](const std::string& host, std::uint16_t port) {
     return std::make_unique<TcpStream>(host, port, clock);
   };
@@ -104,7 +109,7 @@ std::optional<std::uint32_t> identifier(const LinkUrl& url, const char* name) {
 }
 
 std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
-  url.allowOptions({"tx", "rx"});
+  url.allowOptions({"tx", "rx", "parallel"});
   const std::string& interface = url.host();
   if (interface.empty()) url.expected("interface", "a CAN interface like can0", interface);
   const auto transmit = identifier(url, "tx");
@@ -113,10 +118,9 @@ std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
     url.expected(transmit ? "rx" : "tx", "both tx and rx, or none of them", "");
   if (transmit && *transmit == *receive) url.expected("rx", "another identifier than tx", *url.option("rx"));
   const auto pair = transmit ? std::optional(CanPair{*transmit, *receive}) : std::nullopt;
-  const auto connect = [interface, &clock](CanPair ids) {
-    return makeSocketCanStream(interface, ids, clock);
-  };
-  return std::make_unique<PatientLink>(std::make_unique<IsoTpLink>(pair, connect, clock), clock);
+  const auto connect = [interface, &clock] { return makeSocketCanPort(interface, clock); };
+  return std::make_unique<PatientLink>(std::make_unique<IsoTpLink>(pair, connect, clock, sideBySide(url)),
+                                       clock);
 }
 
 }  // namespace

@@ -34,9 +34,9 @@ class PatientLink : public Link {
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
   void setTextHook(TextHook hook) override { link_->setTextHook(std::move(hook)); }
-  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
-    return link_->answererOf(target);
-  }
+  std::int64_t answererOf(const LinkTarget& target) const override { return link_->answererOf(target); }
+  bool matchesAnswers() const override { return link_->matchesAnswers(); }
+  bool sideBySide() const override { return link_->sideBySide(); }
   std::string adapterName() const override { return link_->adapterName(); }
   const ServiceCounts& servicesSent() const override { return link_->servicesSent(); }
 
@@ -54,14 +54,12 @@ class PatientLink : public Link {
   }
   Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override {
     const Received received = watched([&] { return link_->receive(response, timeout); });
+    setAnswerer(link_->answerer());
     if (received == Received::response) backOff_.succeeded();
     return received;
   }
   std::vector<LinkTarget> doFindEcus() override {
     return watched([this] { return link_->findEcus(); });
-  }
-  bool doReadUnasked(const LinkTarget& target) override {
-    return watched([&] { return link_->readUnasked(target); });
   }
 
  private:

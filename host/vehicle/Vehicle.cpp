@@ -5,9 +5,11 @@
 #include <system_error>
 #include <utility>
 
+#include "host/link/LinkUrl.h"
 #include "host/link/OpenLink.h"
 #include "host/link/trace/SimulatedLink.h"
 #include "host/link/trace/TraceLink.h"
+#include "host/vehicle/description/Intervals.h"
 #include "host/vehicle/description/ObdPids.h"
 #include "host/vehicle/obd/ObdScan.h"
 #include "host/vehicle/simulation/VehicleSimulator.h"
@@ -40,6 +42,17 @@ std::unique_ptr<Link> linkAt(const std::string& url, LinkClock& clock, const Fil
   });
 }
 
+/// The description's own simulation; one that its link names asks for no car.
+bool isSimulation(const std::string& url) { return url.empty() || LinkUrl(url).scheme() == "simulation"; }
+
+/// Several simulated ECUs are asked at a time, unless the user says otherwise.
+bool goesSideBySide(const std::string& url) {
+  if (url.empty()) return true;
+  const LinkUrl link(url);
+  link.allowOptions({"parallel"});
+  return link.numberOption("parallel", 0, 1).value_or(1) == 1;
+}
+
 /// Makes the link; the peer is the description's simulation.
 using LinkMaker = std::function<std::unique_ptr<Link>(SimulatedPeer&)>;
 
@@ -69,9 +82,10 @@ class VehicleOverLink : public OpenedVehicle {
 };
 
 std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale locale, LinkClock& clock,
-                                          Link::IdleHook idleHook, const PhaseHook& phase) {
+                                          Link::IdleHook idleHook, const LinkOptions& options) {
   link->setIdleHook(idleHook);
-  VehicleDescription description = scanObdVehicle(*link, clock, phase);
+  VehicleDescription description = scanObdVehicle(*link, clock, options.phase);
+  for (const std::string& interval : options.intervals) setInterval(description, interval);
   return std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                            std::move(idleHook),
                                            [&](SimulatedPeer& /*simulation*/) { return std::move(link); });
@@ -80,7 +94,7 @@ std::unique_ptr<OpenedVehicle> openObdCar(std::unique_ptr<Link> link, UserLocale
 /// Says how it was reached. What holds a port or a connection keeps others from it.
 std::unique_ptr<OpenedVehicle> reached(const std::string& url, bool keepOpen,
                                        std::unique_ptr<OpenedVehicle> vehicle) {
-  vehicle->session().setLinkText(url.empty() ? "simulation" : url);
+  vehicle->session().setLinkText(isSimulation(url) ? "simulation" : url);
   if (!keepOpen) vehicle->session().endCommunication();
   return vehicle;
 }
@@ -108,13 +122,14 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
                       "vehicle obd2: expected a link to the car, like elm327:///dev/ttyUSB0");
     return reached(options.url, options.keepOpen,
                    openObdCar(traced(linkAt(options.url, clock, files)), std::move(locale), clock,
-                              std::move(idleHook), options.phase));
+                              std::move(idleHook), options));
   }
   VehicleDescription description = readVehicleDescription(path, files);
+  for (const std::string& interval : options.intervals) setInterval(description, interval);
   const std::string url = options.url.empty() ? description.link : options.url;
   const auto makeLink = [&](SimulatedPeer& simulation) {
-    return traced(url.empty() ? std::make_unique<SimulatedLink>(clock, simulation)
-                              : linkAt(url, clock, files));
+    return traced(isSimulation(url) ? std::make_unique<SimulatedLink>(clock, simulation, goesSideBySide(url))
+                                    : linkAt(url, clock, files));
   };
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -47,6 +48,9 @@ struct LinkOptions {
   bool keepOpen = true;
   /// True when somebody wants to end: what takes longer than a moment is broken off. May be empty.
   Link::StopQuestion stopAsked{};
+  /// "ECU/REQUEST=MS" each: intervals of requests, in place of the description's. TarnError for what is not
+  /// written so, or names no request of the vehicle.
+  std::vector<std::string> intervals{};
   /// Told what is done while the vehicle is opened. May be empty.
   PhaseHook phase{};
 };

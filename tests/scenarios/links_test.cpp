@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include "host/link/can/IsoTpLink.h"
-#include "host/link/can/IsoTpStream.h"
 #include "host/link/doip/DoipLink.h"
 #include "host/link/elm/Elm327Link.h"
 #include "tests/scenarios/Scenario.h"
@@ -85,9 +84,7 @@ TEST(Links, ARecordingOverCanHoldsWhatTheCarSent) {
   bus.script["30 00 00 CC CC CC CC CC"] = {"21 00 00 00"};
   Recipe recipe;
   recipe.makeLink = [&bus](ManualLinkClock& clock) {
-    const auto open = [&](host::CanPair pair) {
-      return std::make_unique<host::IsoTpStream>(std::make_unique<ScriptedBus>(bus, clock), pair, clock);
-    };
+    const auto open = [&] { return std::make_unique<ScriptedBus>(bus, clock); };
     return std::make_unique<host::IsoTpLink>(std::nullopt, open, clock);
   };
   EXPECT_THAT(recordedValues(recipe), ElementsAre("5", "5", "5", "5"));

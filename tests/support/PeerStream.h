@@ -30,12 +30,19 @@ class PeerStream : public host::ByteStream {
   int opened = 0;
 
   /// Bytes that come without being asked for.
-  void put(std::string_view bytes) {
-    host::Moment due = clock_.now() + latency;
+  void put(std::string_view bytes) { put(bytes, latency); }
+  /// What comes later stays behind what comes sooner.
+  void put(std::string_view bytes, std::chrono::microseconds delay) {
+    host::Moment due = clock_.now() + delay;
+    const auto later = [](host::Moment moment, const auto& byte) { return moment < byte.second; };
+    std::deque<std::pair<char, host::Moment>> coming;
     for (const char byte : bytes) {
-      bytes_.emplace_back(byte, due);
+      coming.emplace_back(byte, due);
       due += betweenBytes;
     }
+    if (coming.empty()) return;
+    const auto place = std::upper_bound(bytes_.begin(), bytes_.end(), coming.front().second, later);
+    bytes_.insert(place, coming.begin(), coming.end());
   }
 
   void open() override {

@@ -6,8 +6,11 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/link/can/CanPort.h"
@@ -16,7 +19,8 @@
 
 namespace tarnlog::test {
 
-/// An ECU on a bus: what it sends after each of our frames.
+/// ECUs on a bus: what they send after each of our frames. They answer over the identifier 8 above that of
+/// the request, or with 29 bits over that with the last two bytes changed round, unless `from` says otherwise.
 class ScriptedBus : public host::CanPort {
  public:
   struct Log {
@@ -26,47 +30,51 @@ class ScriptedBus : public host::CanPort {
     std::map<std::string, std::vector<std::string>> script{};  ///< frame heard, frames sent
     std::string always{};                                      ///< a frame that never ends coming
     std::chrono::microseconds frameTime{100};
+    std::optional<std::uint32_t> from{};  ///< of all answers
     /// By identifier: what one ECU of several says to a request to all.
     std::map<std::uint32_t, std::string> spoken{};
   };
-  /// `ear` is the identifier that it hears.
-  ScriptedBus(Log& log, ManualLinkClock& clock, std::uint32_t ear = 0) : log_(log), clock_(clock), ear_(ear) {
-    log_.ears.insert(ear);
-  }
+  ScriptedBus(Log& log, ManualLinkClock& clock) : log_(log), clock_(clock) {}
 
   void open() override {}
   void close() override {}
   void setIdleHook(std::function<void()> /*hook*/) override {}
+  void listenTo(std::span<const std::uint32_t> identifiers) override {
+    ears_ = {identifiers.begin(), identifiers.end()};
+    log_.ears.insert(ears_.begin(), ears_.end());
+  }
   void send(std::uint32_t identifier, const host::CanPayload& payload) override {
     log_.identifiers.insert(identifier);
     log_.heard.push_back(host::hexText(payload.bytes()));
-    for (const std::string& frame : log_.script[log_.heard.back()]) coming_.push_back(frame);
+    if (identifier == 0x7DF || identifier == 0x18DB33F1)
+      for (const auto& [ear, frame] : log_.spoken) coming_.emplace_back(ear, frame);
+    for (const std::string& frame : log_.script[log_.heard.back()])
+      coming_.emplace_back(log_.from.value_or(answersOf(identifier)), frame);
   }
-  bool receive(host::CanPayload& payload, host::Moment deadline) override {
-    takeSpoken();
-    if (coming_.empty() && log_.always.empty()) {
+  bool receive(std::uint32_t& identifier, host::CanPayload& payload, host::Moment deadline) override {
+    while (!coming_.empty() && !ears_.contains(coming_.front().first)) coming_.pop_front();
+    if (coming_.empty() && (log_.always.empty() || ears_.empty())) {
       clock_.step(std::max(host::Moment(), deadline - clock_.now()));
       return false;
     }
     clock_.step(log_.frameTime);
-    payload = host::CanPayload(*host::bytesFromHex(coming_.empty() ? log_.always : coming_.front()));
-    if (!coming_.empty()) coming_.pop_front();
+    if (coming_.empty()) coming_.emplace_back(*ears_.begin(), log_.always);
+    identifier = coming_.front().first;
+    payload = host::CanPayload(*host::bytesFromHex(coming_.front().second));
+    coming_.pop_front();
     return true;
   }
 
  private:
-  void takeSpoken() {
-    const std::uint32_t everybody = ear_ > 0x7FF ? 0x18DB33F1 : 0x7DF;
-    const auto own = log_.spoken.find(ear_);
-    if (own == log_.spoken.end() || !log_.identifiers.contains(everybody)) return;
-    coming_.push_back(own->second);
-    log_.spoken.erase(own);
+  static std::uint32_t answersOf(std::uint32_t identifier) {
+    if (identifier <= 0x7FF) return identifier + 8;
+    return (identifier & 0xFFFF0000) | (identifier & 0xFF) << 8 | (identifier >> 8 & 0xFF);
   }
 
   Log& log_;
   ManualLinkClock& clock_;
-  std::uint32_t ear_;
-  std::deque<std::string> coming_;
+  std::set<std::uint32_t> ears_;
+  std::deque<std::pair<std::uint32_t, std::string>> coming_;
 };
 
 }  // namespace tarnlog::test

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <span>
 
+#include "host/link/LinkClock.h"
 #include "host/link/can/IsoTp.h"
-#include "host/link/stream/ByteStream.h"
 
 namespace tarnlog::host {
 
@@ -15,7 +17,7 @@ struct CanPair {
 
   /// Of an ECU's diagnostic address: 0x700 to 0x7F7 is the identifier of its requests, with the answers 8
   /// above it (ISO 15765-4); a byte is the ECU's address in identifiers of 29 bits, asked by tester F1; so
-  /// is 0x18DAxxF1, which is that identifier itself.
+  /// is 0x18DAxxF1, which is that identifier itself. EcuUnreachable for others.
   static CanPair ofEcu(std::int32_t address);
 
   /// Functional addressing: requests go to all ECUs (7DF, or 18DBxxF1 with 29 bits), answers come from one.
@@ -25,15 +27,17 @@ struct CanPair {
   bool operator==(const CanPair&) const = default;
 };
 
-/// Frames out, and those of one ECU in.
+/// A CAN bus: frames out, and those in that are listened to.
 class CanPort {
  public:
   virtual ~CanPort() = default;
   virtual void open() = 0;
   virtual void close() = 0;
+  /// Frames with these identifiers, and no others, are received from now on.
+  virtual void listenTo(std::span<const std::uint32_t> identifiers) = 0;
   virtual void send(std::uint32_t identifier, const CanPayload& payload) = 0;
-  /// The next frame of the ECU; false when none came before `deadline`.
-  virtual bool receive(CanPayload& payload, Moment deadline) = 0;
+  /// The next frame; false when none came before `deadline`.
+  virtual bool receive(std::uint32_t& identifier, CanPayload& payload, Moment deadline) = 0;
   virtual void setIdleHook(std::function<void()> hook) = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "host/link/can/IsoTpLink.h"
 
-#include <array>
+#include <algorithm>
+#include <utility>
 
 #include "host/service/Protocol.h"
 #include "platform/base/TarnError.h"
@@ -16,72 +17,99 @@ CanPair ownPairOf(const LinkTarget& target) {
 
 }  // namespace
 
-IsoTpLink::IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock)
-    : pair_(pair), connect_(std::move(connect)), clock_(clock) {}
+IsoTpLink::IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock, bool sideBySide)
+    : pair_(pair), connect_(std::move(connect)), clock_(clock), sideBySide_(sideBySide) {}
 
 void IsoTpLink::doOpen() {
   patience_.begin();
   doClose();
-  if (pair_) current_ = &streamOf(*pair_);
+  port_ = connect_();
+  port_->setIdleHook([this] {
+    idle();
+    patience_.check();
+  });
+  port_->open();
+  if (pair_) channelOf(*pair_);
 }
 
 void IsoTpLink::doClose() {
-  current_ = nullptr;
-  streams_.clear();
+  complete_ = nullptr;
+  channels_.clear();
+  port_.reset();
 }
 
 CanPair IsoTpLink::pairOf(const LinkTarget& target) const { return pair_ ? *pair_ : ownPairOf(target); }
 
-std::unique_ptr<ByteStream> IsoTpLink::connected(CanPair pair) {
-  auto stream = connect_(pair);
-  stream->setIdleHook([this] {
-    idle();
-    patience_.check();
-  });
-  stream->open();
-  return stream;
+/// An address that is none on CAN has a number, too: the request itself tells what is wrong with it.
+std::int64_t IsoTpLink::answererOf(const LinkTarget& target) const {
+  try {
+    return pairOf(target).receive;
+  } catch (const EcuUnreachable&) {
+    return -1 - static_cast<std::int64_t>(static_cast<std::uint32_t>(target.address));
+  }
 }
 
-ByteStream* IsoTpLink::knownStreamOf(CanPair pair) const {
-  for (const auto& [known, stream] : streams_)
-    if (known == pair) return stream.get();
+IsoTpChannel* IsoTpLink::knownChannel(std::uint32_t receive) {
+  for (IsoTpChannel& channel : channels_)
+    if (channel.pair().receive == receive) return &channel;
   return nullptr;
 }
 
-ByteStream& IsoTpLink::streamOf(CanPair pair) {
-  if (ByteStream* const known = knownStreamOf(pair)) return *known;
-  return *streams_.emplace_back(pair, connected(pair)).second;
+IsoTpChannel& IsoTpLink::channelOf(CanPair pair) {
+  IsoTpChannel* const known = knownChannel(pair.receive);
+  if (known != nullptr && known->pair() == pair) return *known;
+  std::erase_if(channels_, [&](const IsoTpChannel& channel) { return &channel == known; });
+  IsoTpChannel& channel = channels_.emplace_back(*port_, pair);
+  listen();
+  return channel;
+}
+
+void IsoTpLink::listen() {
+  std::vector<std::uint32_t> identifiers;
+  for (const IsoTpChannel& channel : channels_) identifiers.push_back(channel.pair().receive);
+  port_->listenTo(identifiers);
 }
 
 bool IsoTpLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   patience_.begin();
-  current_ = &streamOf(pairOf(target));
-  current_->write(request);
+  channelOf(pairOf(target)).send(request, clock_.now());
   noteSent(request);
   return true;
 }
 
-/// A message that breaks off says as little about the next request as one that is whole.
-bool IsoTpLink::doReadUnasked(const LinkTarget& target) {
-  constexpr int kMost = 100;  // an ECU that floods must not hold the caller
-  ByteStream* const stream = knownStreamOf(pairOf(target));
-  if (stream == nullptr) return false;
-  patience_.begin();
-  int count = 0;
-  try {
-    while (count < kMost && stream->read(came_, clock_.now()) > 0) ++count;
-  } catch (const EcuUnreachable&) {
-    ++count;
+/// Passes on one frame, or the time. True when a response is whole.
+bool IsoTpLink::step(Moment deadline) {
+  for (const IsoTpChannel& channel : channels_)
+    if (const auto due = channel.due()) deadline = std::min(deadline, *due);
+  std::uint32_t identifier = 0;
+  CanPayload frame;
+  const bool came = port_->receive(identifier, frame, deadline);
+  const Moment now = clock_.now();
+  if (IsoTpChannel* const channel = came ? knownChannel(identifier) : nullptr) {
+    setAnswerer(channel->pair().receive);
+    complete_ = channel;
+    if (channel->accept(frame.bytes(), now)) return true;
   }
-  return count > 0;
+  for (IsoTpChannel& channel : channels_) {
+    setAnswerer(channel.pair().receive);
+    channel.passTime(now);
+  }
+  return false;
 }
 
+/// A long message that has begun may take longer.
 Link::Received IsoTpLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
-  if (current_ == nullptr) throw TarnError(1, "IsoTpLink", "nothing was asked yet");
   const Moment deadline = clock_.now() + timeout;
-  const std::size_t count = current_->read(came_, deadline);
-  if (count > 0) response.assign(came_.begin(), came_.begin() + static_cast<std::ptrdiff_t>(count));
-  return count > 0 ? Received::response : Received::nothing;
+  const bool waits = timeout.count() > 0;
+  // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
+  for (Moment limit = deadline;;) {
+    if (step(limit)) break;
+    if (clock_.now() < deadline) continue;
+    if (!waits || std::ranges::none_of(channels_, &IsoTpChannel::isUnderWay)) return Received::nothing;
+    limit = Moment::max();
+  }
+  response.assign(complete_->message().begin(), complete_->message().end());
+  return Received::response;
 }
 
 std::vector<LinkTarget> IsoTpLink::doFindEcus() {
@@ -97,20 +125,25 @@ std::vector<LinkTarget> IsoTpLink::doFindEcus() {
 /// All ears are open before the question is asked.
 std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t first, int count) {
   constexpr std::chrono::milliseconds kPatience{500};  // ten times P2
-  struct Ear {
-    std::int32_t address;
-    std::unique_ptr<ByteStream> stream;
-  };
-  std::vector<Ear> ears;
+  channels_.clear();
   for (std::int32_t address = first; address < first + count; ++address)
-    ears.push_back({address, connected(CanPair{everybody, CanPair::ofEcu(address).receive})});
-  ears.front().stream->write(kSupportedPids);
+    channels_.emplace_back(*port_, CanPair{everybody, CanPair::ofEcu(address).receive});
+  listen();
+  channels_.front().send(kSupportedPids, clock_.now());
   noteSent(kSupportedPids);
   const Moment deadline = clock_.now() + kPatience;
   std::vector<LinkTarget> ecus;
-  Bytes answer(IsoTpReceiver::kLongest);
-  for (const Ear& ear : ears)
-    if (ear.stream->read(answer, deadline) > 0) ecus.push_back({ear.address, std::string(kObdName)});
+  std::vector<bool> heard(static_cast<std::size_t>(count));
+  while (clock_.now() < deadline && ecus.size() < heard.size()) {
+    if (!step(deadline)) continue;
+    const auto place = std::ranges::find_if(
+        channels_, [&](const IsoTpChannel& channel) { return &channel == complete_; });
+    heard[static_cast<std::size_t>(std::distance(channels_.begin(), place))] = true;
+  }
+  for (std::int32_t i = 0; i < count; ++i)
+    if (heard[static_cast<std::size_t>(i)]) ecus.push_back({first + i, std::string(kObdName)});
+  channels_.clear();
+  listen();
   return ecus;
 }
 

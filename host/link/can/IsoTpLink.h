@@ -2,32 +2,33 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
 #include "host/link/StopPatience.h"
 #include "host/link/can/CanPort.h"
+#include "host/link/can/IsoTpChannel.h"
 
 namespace tarnlog::host {
 
 /// ECUs on a CAN bus (ISO 15765-2 and -4).
 class IsoTpLink : public Link {
  public:
-  /// Makes a message stream of a pair, not open yet.
-  using Connect = std::function<std::unique_ptr<ByteStream>(CanPair)>;
+  /// Makes the way to the bus, not open yet.
+  using Connect = std::function<std::unique_ptr<CanPort>()>;
 
   /// `pair` is for every request; without one, each ECU's address gives its own. The clock must outlive the
   /// link.
-  IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock);
+  IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock, bool sideBySide = true);
 
   bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
-  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
-    return pairOf(target).receive;
-  }
+  std::int64_t answererOf(const LinkTarget& target) const override;
+  bool matchesAnswers() const override { return false; }
+  bool sideBySide() const override { return sideBySide_; }
 
  protected:
   void doOpen() override;
@@ -37,22 +38,23 @@ class IsoTpLink : public Link {
   /// The ECU of the pair that every request is for, where there is one; else those that answer a request to
   /// all of them, with identifiers of 11 bits, or else of 29.
   std::vector<LinkTarget> doFindEcus() override;
-  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
   CanPair pairOf(const LinkTarget& target) const;
-  std::unique_ptr<ByteStream> connected(CanPair pair);
-  ByteStream* knownStreamOf(CanPair pair) const;
-  ByteStream& streamOf(CanPair pair);
+  IsoTpChannel* knownChannel(std::uint32_t receive);
+  IsoTpChannel& channelOf(CanPair pair);
+  void listen();
+  bool step(Moment deadline);
   std::vector<LinkTarget> askAll(std::uint32_t everybody, std::int32_t first, int count);
 
   std::optional<CanPair> pair_;
   Connect connect_;
   LinkClock& clock_;
-  std::vector<std::pair<CanPair, std::unique_ptr<ByteStream>>> streams_;
-  ByteStream* current_ = nullptr;  ///< of the request that was sent last
+  bool sideBySide_;
+  std::unique_ptr<CanPort> port_;
+  std::list<IsoTpChannel> channels_;
+  IsoTpChannel* complete_ = nullptr;  ///< has the response that came last
   StopPatience patience_{*this, clock_};
-  Bytes came_ = Bytes(IsoTpReceiver::kLongest);
 };
 
 }  // namespace tarnlog::host

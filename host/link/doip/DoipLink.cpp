@@ -18,6 +18,7 @@ constexpr auto kGroupTime = 1s;         ///< for the answers to a request to all
 constexpr auto kNeighbourTime = 300ms;  ///< for one address; a gateway refuses unknown ones at once
 constexpr auto kNeighboursTime = 10s;   ///< for all of them
 constexpr auto kRestTime = 500ms;       ///< for the rest of a message that has begun
+constexpr int kMostMisjudged = 2;       ///< responses that were dropped although they were the right ones
 
 /// A functional address: responses carry the address of each ECU.
 bool isGroup(std::uint16_t address) { return address >= 0xE000 && address <= 0xEFFF; }
@@ -67,9 +68,8 @@ void DoipLink::doClose() {
   if (stream_) stream_->close();
   stream_.reset();
   messages_.clear();
-  unasked_.clear();
-  acknowledgesFirst_ = false;
-  misjudged_ = 0;
+  ecus_.clear();
+  groupAsked_ = false;
 }
 
 /// False when the gateway rejected the version of the protocol; `version_` is its own then.
@@ -119,86 +119,78 @@ std::uint16_t DoipLink::ecuOf(const LinkTarget& target) const {
 
 bool DoipLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   patience_.begin();
-  readAway();
   post(ecuOf(target), request);
   return true;
 }
 
-void DoipLink::post(std::uint16_t ecu, std::span<const std::uint8_t> request) {
-  target_ = ecu;
-  acknowledged_ = early_ = false;
-  doipDiagnostic(settings_.tester, target_, request, version_, frame_);
+/// After two requests without an answer in which a response was dropped, the order is not relied on any more.
+void DoipLink::post(std::uint16_t address, std::span<const std::uint8_t> request) {
+  Ecu& ecu = ecus_[address];
+  if (ecu.open && ecu.early && ++ecu.misjudged >= kMostMisjudged) ecu.acknowledgesFirst = false;
+  ecu.open = true;
+  ecu.sequence = ++sequence_;
+  ecu.acknowledged = ecu.early = false;
+  groupAsked_ = groupAsked_ || isGroup(address);
+  doipDiagnostic(settings_.tester, address, request, version_, frame_);
   stream_->write(frame_);
   noteSent(request);
-}
-
-bool DoipLink::doReadUnasked(const LinkTarget& target) {
-  if (!stream_) return false;
-  patience_.begin();
-  readAway();
-  return unasked_.erase(ecuOf(target)) > 0;
-}
-
-/// Discards what has come meanwhile: it belongs to a request that is over. A message that has begun is read
-/// to its end; otherwise the next response would be appended to it.
-void DoipLink::readAway() {
-  constexpr int kMost = 1000;  // a gateway that floods must not hold the caller
-  target_ = 0;
-  for (int i = 0; i < kMost; ++i) {
-    auto message = nextMessage(clock_.now());
-    if (!message && messages_.hasBegun()) {
-      message = nextMessage(heard_ + kRestTime);
-      if (!message) fail("the gateway broke off in the middle of a message");
-    }
-    if (!message) return;
-    noteUnasked(*message);
-  }
-}
-
-void DoipLink::noteUnasked(const DoipMessage& message) {
-  if (message.type != DoipType::diagnostic || message.payload.size() <= 4) return;
-  if (doipNumber(message.payload, 2) == settings_.tester) unasked_.insert(*doipNumber(message.payload, 0));
 }
 
 Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   const Moment deadline = clock_.now() + timeout;
   // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
   do {
-    const auto message = nextMessage(deadline);
-    if (!message) break;
-    if (isAnswer(*message) && !isEarly()) {
-      const auto bytes = message->payload.subspan(4);
-      response.assign(bytes.begin(), bytes.end());
-      learnOrder(true);
-      return Received::response;
+    auto message = nextMessage(deadline);
+    if (!message && timeout.count() == 0 && messages_.hasBegun()) {
+      // Otherwise the next one would be appended to it.
+      message = nextMessage(heard_ + kRestTime);
+      if (!message) fail("the gateway broke off in the middle of a message");
     }
-    early_ = early_ || isAnswer(*message);
-    noteUnasked(*message);
+    if (!message) break;
+    if (!isAnswer(*message)) continue;
+    if (const auto known = spokenFor(*message); known != ecus_.end()) {
+      setAnswerer(known->first);
+      return take(*message, known->second, response);
+    }
   } while (clock_.now() < deadline);
-  learnOrder(false);
   return Received::nothing;
 }
 
 /// A gateway acknowledges a request before its ECU can answer. A response before that is late or a duplicate,
 /// if this gateway always acknowledges first.
-bool DoipLink::isEarly() const { return acknowledgesFirst_ && !acknowledged_; }
-
-/// After two time-outs in which a response was dropped, the order is not relied on any more.
-void DoipLink::learnOrder(bool answered) {
-  constexpr int kMostMisjudged = 2;
-  if (answered && misjudged_ < kMostMisjudged) {
-    acknowledgesFirst_ = acknowledged_;
-    misjudged_ = 0;
-  } else if (!answered && std::exchange(early_, false) && ++misjudged_ >= kMostMisjudged) {
-    acknowledgesFirst_ = false;
+Link::Received DoipLink::take(const DoipMessage& message, Ecu& ecu, Bytes& response) {
+  if (ecu.acknowledgesFirst && !ecu.acknowledged) {
+    ecu.early = true;
+    return Received::unasked;
   }
+  const auto bytes = message.payload.subspan(4);
+  response.assign(bytes.begin(), bytes.end());
+  ecu.open = false;
+  if (ecu.misjudged < kMostMisjudged) {
+    ecu.acknowledgesFirst = ecu.acknowledged;
+    ecu.misjudged = 0;
+  }
+  return Received::response;
 }
 
 bool DoipLink::isAnswer(const DoipMessage& message) const {
-  if (message.type != DoipType::diagnostic || message.payload.size() <= 4) return false;
-  const auto source = doipNumber(message.payload, 0);
-  const auto receiver = doipNumber(message.payload, 2);
-  return receiver == settings_.tester && (source == target_ || isGroup(target_));
+  return message.type == DoipType::diagnostic && message.payload.size() > 4 &&
+         doipNumber(message.payload, 2) == settings_.tester;
+}
+
+/// The ECU whose message, acknowledgement or refusal it is. Some gateways speak in their own name: then it is
+/// the oldest request that waits for that. Answers to a functional address come from ECUs that were not asked.
+std::map<std::uint16_t, DoipLink::Ecu>::iterator DoipLink::spokenFor(const DoipMessage& message) {
+  const std::uint16_t source = doipNumber(message.payload, 0).value_or(0);
+  const auto known = ecus_.find(source);
+  const bool answer = message.type == DoipType::diagnostic;
+  if (known != ecus_.end() && (answer || known->second.open || source != gateway_)) return known;
+  auto oldest = ecus_.end();
+  for (auto ecu = ecus_.begin(); ecu != ecus_.end(); ++ecu) {
+    const bool waits = answer ? isGroup(ecu->first) : ecu->second.open && !ecu->second.acknowledged;
+    if (waits && (oldest == ecus_.end() || ecu->second.sequence < oldest->second.sequence)) oldest = ecu;
+  }
+  return oldest;
 }
 
 /// The next message, after what the protocol itself asks for; none when none came in time.
@@ -226,17 +218,23 @@ void DoipLink::handle(const DoipMessage& message) {
       if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
       break;
     case DoipType::diagnosticAcknowledged:
-      acknowledged_ = true;
+      if (const auto ecu = spokenFor(message); ecu != ecus_.end()) ecu->second.acknowledged = true;
       break;
     case DoipType::diagnosticRefused:
-      // Some gateways refuse in their own name.
-      if (message.payload.size() > 4 && (doipNumber(message.payload, 0) == target_ ||
-                                         (doipNumber(message.payload, 0) == gateway_ && target_ != 0)))
-        throw EcuUnreachable(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
+      refused(message);
       break;
     default:
       break;
   }
+}
+
+void DoipLink::refused(const DoipMessage& message) {
+  if (message.payload.size() <= 4) return;
+  const auto ecu = spokenFor(message);
+  if (ecu == ecus_.end() || !ecu->second.open) return;
+  ecu->second.open = false;
+  setAnswerer(ecu->first);
+  throw TurnedAway(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
 }
 
 std::vector<LinkTarget> DoipLink::doFindEcus() {
@@ -248,6 +246,7 @@ std::vector<LinkTarget> DoipLink::doFindEcus() {
   for (const std::uint16_t group : kGroups)
     if (found.empty()) askForObd(group, clock_.now() + kGroupTime, found);
   if (found.empty()) askNeighbours(found);
+  groupAsked_ = false;
   if (found.empty())
     throw EcuUnreachable(1, "DoipLink",
                          settings_.host +
@@ -265,15 +264,16 @@ void DoipLink::askForObd(std::uint16_t address, Moment deadline, std::set<std::u
   try {
     do {
       const auto message = nextMessage(deadline);
-      if (!message) return;
+      if (!message) break;
       if (message->type != DoipType::diagnostic || message->payload.size() <= 4) continue;
       const std::uint16_t source = doipNumber(message->payload, 0).value_or(0);
       if (offersObd(message->payload.subspan(4))) found.insert(source);
-      if (source == address) return;
+      if (source == address) break;
     } while (clock_.now() < deadline);
   } catch (const EcuUnreachable&) {
     // There is none at this address.
   }
+  ecus_.erase(address);
 }
 
 /// The addresses that share the upper byte with the gateway's, its own first.

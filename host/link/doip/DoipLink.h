@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -21,6 +22,7 @@ struct DoipSettings {
   std::uint16_t port = kDoipPort;
   std::uint16_t tester = 0x0E00;     ///< our own logical address
   std::optional<std::uint16_t> ecu;  ///< logical address for all requests; else the request's
+  bool sideBySide = true;            ///< several ECUs may be asked at a time
 };
 
 /// Diagnostics over IP (ISO 13400-2): one TCP connection to the vehicle's gateway, over which all of its ECUs
@@ -32,7 +34,10 @@ class DoipLink : public Link {
   /// `connect` makes a closed stream. The clock must outlive the link.
   DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
 
-  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override { return ecuOf(target); }
+  std::int64_t answererOf(const LinkTarget& target) const override { return ecuOf(target); }
+  bool matchesAnswers() const override { return false; }
+  /// Answers to a functional address come from any ECU: nobody else is asked meanwhile.
+  bool sideBySide() const override { return settings_.sideBySide && !groupAsked_; }
 
  protected:
   void doOpen() override;
@@ -43,25 +48,33 @@ class DoipLink : public Link {
   /// request; if none does, those found by asking the addresses that share the gateway's upper byte.
   /// EcuUnreachable when there is none.
   std::vector<LinkTarget> doFindEcus() override;
-  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
+  /// Who is asked.
+  struct Ecu {
+    bool open = false;               ///< it has not answered
+    std::uint64_t sequence = 0;      ///< of its request, among all
+    bool acknowledged = false;       ///< the gateway acknowledged the request
+    bool acknowledgesFirst = false;  ///< so far, its acknowledgement came before the response
+    bool early = false;              ///< a response was dropped since no acknowledgement had come
+    int misjudged = 0;               ///< requests without a response after such a drop
+  };
+
   std::string findHost();
   void connect(const std::string& host);
   bool activateRouting();
   bool isGranted(std::span<const std::uint8_t> activation) const;
   bool speaksOtherVersion(const DoipMessage& refusal) const;
   std::uint16_t ecuOf(const LinkTarget& target) const;
-  void post(std::uint16_t ecu, std::span<const std::uint8_t> request);
-  void readAway();
-  void noteUnasked(const DoipMessage& message);
+  void post(std::uint16_t address, std::span<const std::uint8_t> request);
   void askForObd(std::uint16_t address, Moment deadline, std::set<std::uint16_t>& found);
   void askNeighbours(std::set<std::uint16_t>& found);
   std::optional<DoipMessage> nextMessage(Moment deadline);
   void handle(const DoipMessage& message);
+  void refused(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;
-  bool isEarly() const;
-  void learnOrder(bool answered);
+  static Received take(const DoipMessage& message, Ecu& ecu, Bytes& response);
+  std::map<std::uint16_t, Ecu>::iterator spokenFor(const DoipMessage& message);
   [[noreturn]] void fail(const std::string& text) const;
 
   DoipSettings settings_;
@@ -70,14 +83,11 @@ class DoipLink : public Link {
   std::unique_ptr<ByteStream> stream_;
   DoipStream messages_;
   std::uint16_t gateway_ = 0;  ///< from vehicle identification or the routing activation response
-  std::uint16_t target_ = 0;   ///< of the request that was sent last
+  std::map<std::uint16_t, Ecu> ecus_;  ///< by logical address
+  std::uint64_t sequence_ = 0;         ///< of the request that was sent last
+  bool groupAsked_ = false;
   std::uint8_t version_ = kDoipVersion;
-  Moment heard_{};                   ///< when the last bytes came
-  std::set<std::uint16_t> unasked_;  ///< who sent what was not asked for, was late, or was dropped
-  bool acknowledged_ = false;        ///< it acknowledged something since the last request
-  bool acknowledgesFirst_ = false;   ///< so far, its acknowledgement came before the response
-  bool early_ = false;               ///< a response was dropped since no acknowledgement had come
-  int misjudged_ = 0;                ///< time-outs after such a drop
+  Moment heard_{};  ///< when the last bytes came
   StopPatience patience_{*this, clock_};
   IdleHook waitHook_ = [this] {
     idle();

@@ -33,6 +33,10 @@ bool beginsWith(Span bytes, Span beginning) {
   return bytes.size() >= beginning.size() && std::ranges::equal(bytes.first(beginning.size()), beginning);
 }
 
+bool isSame(const LinkTarget& a, const LinkTarget& b) {
+  return a.address == b.address && a.protocol == b.protocol;
+}
+
 /// Where in the answer's data the next of these identifiers stands.
 std::size_t nextOf(const std::vector<Span>& identifiers, Span answer, std::size_t from) {
   for (; from < answer.size(); ++from)
@@ -71,8 +75,14 @@ void ReplayPeer::learn(std::size_t place, const PidBytes& pidBytes) {
 }
 
 std::optional<std::size_t> ReplayPeer::find(const Datum& datum) const {
+  constexpr std::chrono::seconds kBehind{5};  // longer than ECUs that are asked side by side lie apart
+  const auto latest = std::ranges::lower_bound(entries_, entries_[farthest_].time - kBehind, {},
+                                               &TraceEntry::time);
+  const auto own = places_.find(entries_[datum.asked.front()].target.address);
+  const std::size_t from = std::max(own == places_.end() ? 0 : own->second,
+                                    static_cast<std::size_t>(latest - entries_.begin()));
   const auto first = datum.asked.begin() + static_cast<std::ptrdiff_t>(datum.next);
-  const auto found = std::lower_bound(first, datum.asked.end(), place_);
+  const auto found = std::lower_bound(first, datum.asked.end(), from);
   return found == datum.asked.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -104,21 +114,36 @@ void ReplayPeer::answer(const LinkTarget& target, Span request, std::chrono::mic
     const auto& asked = each.datum->asked;
     each.datum->next =
         static_cast<std::size_t>(std::upper_bound(asked.begin(), asked.end(), each.place) - asked.begin());
-    place_ = std::max(place_, each.place);
+    std::size_t& own = places_[target.address];
+    own = std::max(own, each.place);
+    farthest_ = std::max(farthest_, each.place);
   }
 }
 
-/// What came behind the request, up to the next one.
-std::span<const TraceEntry> ReplayPeer::answersTo(std::size_t place) const {
-  const auto rest = std::span(entries_).subspan(place + 1);
-  const auto end = std::ranges::find(rest, Kind::request, &TraceEntry::kind);
-  return rest.first(static_cast<std::size_t>(end - rest.begin()));
+std::optional<std::size_t> ReplayPeer::nextRequestAfter(std::size_t place) const {
+  for (std::size_t next = place + 1; next < entries_.size(); ++next)
+    if (entries_[next].kind == Kind::request && isSame(entries_[next].target, entries_[place].target))
+      return next;
+  return {};
+}
+
+/// What this ECU said behind the request, up to the next one; and where the link failed before that.
+std::vector<const TraceEntry*> ReplayPeer::answersTo(std::size_t place) const {
+  std::vector<const TraceEntry*> answers;
+  for (std::size_t i = place + 1; i < entries_.size(); ++i) {
+    const TraceEntry& entry = entries_[i];
+    const bool own = isSame(entry.target, entries_[place].target);
+    if (entry.kind == Kind::request && own) break;
+    if (entry.kind == Kind::failure || (own && entry.kind != Kind::request)) answers.push_back(&entry);
+    if (entry.kind == Kind::failure) break;
+  }
+  return answers;
 }
 
 const TraceEntry* ReplayPeer::positiveAnswer(std::size_t place) const {
   const std::uint8_t positive = positiveService(entries_[place].bytes[0]);
-  for (const TraceEntry& entry : answersTo(place))
-    if (entry.kind == Kind::response && !entry.bytes.empty() && entry.bytes[0] == positive) return &entry;
+  for (const TraceEntry* const entry : answersTo(place))
+    if (entry->kind == Kind::response && !entry->bytes.empty() && entry->bytes[0] == positive) return entry;
   return nullptr;
 }
 
@@ -128,18 +153,16 @@ std::chrono::microseconds ReplayPeer::delayOf(const TraceEntry& entry, std::size
 
 /// Where nothing came, the next request tells how long that took.
 void ReplayPeer::replayWhole(std::size_t place, SimulatedAnswers& answers) const {
-  const auto came = answersTo(place);
-  for (const TraceEntry& entry : came) {
-    const auto delay = delayOf(entry, place);
-    if (entry.kind == Kind::response)
-      answers.add(delay) = entry.bytes;
-    else if (entry.kind == Kind::unreachable)
-      return answers.addFailure(delay, std::make_exception_ptr(EcuUnreachable(1, "ReplayPeer", entry.text)));
+  for (const TraceEntry* const entry : answersTo(place)) {
+    const auto delay = delayOf(*entry, place);
+    if (entry->kind == Kind::response)
+      answers.add(delay) = entry->bytes;
+    else if (entry->kind == Kind::unreachable)
+      return answers.addFailure(delay, std::make_exception_ptr(EcuUnreachable(1, "ReplayPeer", entry->text)));
     else
-      return answers.addFailure(delay, std::make_exception_ptr(TarnError(1, "ReplayPeer", entry.text)));
+      return answers.addFailure(delay, std::make_exception_ptr(TarnError(1, "ReplayPeer", entry->text)));
   }
-  const std::size_t next = place + 1 + came.size();
-  if (next < entries_.size()) answers.addSilence(delayOf(entries_[next], place));
+  if (const auto next = nextRequestAfter(place)) answers.addSilence(delayOf(entries_[*next], place));
 }
 
 /// One answer from the parts of several, or from a part of one. False when there is none.

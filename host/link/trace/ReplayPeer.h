@@ -18,7 +18,7 @@ namespace tarnlog::host {
 using PidBytes = std::function<std::size_t(std::uint8_t pid)>;
 
 /// Answers from a trace, as late as the car did. Each request is looked for in the trace from the one that
-/// was answered last, so a recording asks its way through; one that does not come again is silence. Where
+/// its ECU answered last, so a recording asks its way through; no ECU stays far behind the others. One that does not come again is silence. Where
 /// several PIDs (service 01) or identifiers (service 22) were asked for at once, each is found by itself:
 /// they may be asked for in other company, or alone. When nothing that was answered comes again, the trace
 /// has ended, which is a TarnError at each further request.
@@ -57,7 +57,8 @@ class ReplayPeer : public SimulatedPeer {
   void learn(std::size_t place, const PidBytes& pidBytes);
   std::optional<std::size_t> find(const Datum& datum) const;
   bool hasEnded() const;
-  std::span<const TraceEntry> answersTo(std::size_t place) const;
+  std::vector<const TraceEntry*> answersTo(std::size_t place) const;
+  std::optional<std::size_t> nextRequestAfter(std::size_t place) const;
   const TraceEntry* positiveAnswer(std::size_t place) const;
   std::chrono::microseconds delayOf(const TraceEntry& entry, std::size_t place) const;
   void replayWhole(std::size_t place, SimulatedAnswers& answers) const;
@@ -68,7 +69,8 @@ class ReplayPeer : public SimulatedPeer {
   std::vector<TraceEntry> entries_;
   std::string file_;
   std::map<std::string, Datum> data_;
-  std::size_t place_ = 0;  ///< of the request that was answered last
+  std::map<std::int32_t, std::size_t> places_;  ///< by address: of the request that was answered last
+  std::size_t farthest_ = 0;                    ///< of them
 };
 
 }  // namespace tarnlog::host

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
@@ -10,10 +12,14 @@
 namespace tarnlog::host {
 
 /// A link without a car: the peer's answers arrive when their time has come, counted from the moment of the
-/// request. A new request ends the wait for what is left of the one before. Clock and peer must outlive it.
+/// request. A new request to an ECU ends the wait for what is left of the one before. Clock and peer must
+/// outlive it.
 class SimulatedLink : public Link {
  public:
-  SimulatedLink(LinkClock& clock, SimulatedPeer& peer) : clock_(clock), peer_(peer) {}
+  SimulatedLink(LinkClock& clock, SimulatedPeer& peer, bool sideBySide = true)
+      : clock_(clock), peer_(peer), sideBySide_(sideBySide) {}
+
+  bool sideBySide() const override { return sideBySide_; }
 
  protected:
   void doOpen() override;
@@ -22,12 +28,25 @@ class SimulatedLink : public Link {
   Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
 
  private:
+  /// An ECU, and what it has still to say.
+  struct Asked {
+    std::int64_t answerer = 0;
+    Moment sent{};
+    SimulatedAnswers answers{};
+    std::size_t next = 0;
+
+    bool isDone() const { return next == answers.count(); }
+    Moment due() { return sent + answers[next].delay; }
+  };
+
+  Asked& askedOf(std::int64_t answerer);
+  Asked* nextToAnswer();
+
   LinkClock& clock_;
   SimulatedPeer& peer_;
-  SimulatedAnswers answers_;
-  std::size_t next_ = 0;  ///< the answer that arrives next
+  bool sideBySide_;
+  std::deque<Asked> asked_;
   Moment opened_{};
-  Moment sent_{};
   StopPatience patience_{*this, clock_};
   IdleHook waitHook_ = [this] {
     idle();

@@ -29,24 +29,45 @@ std::optional<std::chrono::microseconds> timeOf(std::string_view word) {
   return std::chrono::microseconds(std::llround(*seconds * 1e6));
 }
 
+std::optional<Kind> kindOf(char sign) {
+  switch (sign) {
+    case '>':
+      return Kind::request;
+    case '<':
+      return Kind::response;
+    case 'x':
+      return Kind::unreachable;
+    case '!':
+      return Kind::failure;
+    default:
+      return {};
+  }
+}
+
+/// False when the address is none.
+bool readTarget(std::string_view address, std::string_view& line, LinkTarget& target) {
+  const auto value = number<std::int32_t>(address);
+  const std::string_view protocol = takeUntil(line, ' ');
+  if (value) target = {*value, protocol == "-" ? std::string() : std::string(protocol)};
+  return value.has_value();
+}
+
 /// None when it was read, else what was expected.
 std::optional<std::string_view> readEntry(std::string_view line, TraceEntry& entry) {
   const auto time = timeOf(takeUntil(line, ' '));
   if (!time) return "seconds";
   entry.time = *time;
   const std::string_view sign = takeUntil(line, ' ');
-  if (sign == "!" || sign == "x") {
-    entry.kind = sign == "!" ? Kind::failure : Kind::unreachable;
+  const auto kind = sign.empty() ? std::nullopt : kindOf(sign[0]);
+  if (!kind) return "one of the signs > < x !";
+  entry.kind = *kind;
+  const bool named = sign.size() > 1;
+  entry.ofNewest = !named && entry.kind != Kind::request;
+  if (!entry.ofNewest && !readTarget(named ? sign.substr(1) : takeUntil(line, ' '), line, entry.target))
+    return "the ECU's address, a decimal number";
+  if (entry.kind == Kind::unreachable || entry.kind == Kind::failure) {
     entry.text = line;
     return {};
-  }
-  if (sign != ">" && sign != "<") return "one of the signs > < x !";
-  entry.kind = sign == ">" ? Kind::request : Kind::response;
-  if (entry.kind == Kind::request) {
-    const auto address = number<std::int32_t>(takeUntil(line, ' '));
-    if (!address) return "the ECU's address, a decimal number";
-    const std::string_view protocol = takeUntil(line, ' ');
-    entry.target = {*address, protocol == "-" ? std::string() : std::string(protocol)};
   }
   auto bytes = bytesFromHex(line);
   if (!bytes || (entry.kind == Kind::request && bytes->empty()))
@@ -78,19 +99,14 @@ std::string traceRemark(std::chrono::microseconds time, bool sent, std::string_v
 }
 
 std::string traceLine(const TraceEntry& entry) {
-  std::string line = seconds(entry.time) + " ";
-  switch (entry.kind) {
-    case Kind::request:
-      line += fmt::format("> {} {} ", entry.target.address, withoutBlanks(entry.target.protocol));
-      break;
-    case Kind::response:
-      line += "< ";
-      break;
-    case Kind::unreachable:
-      return line + "x " + onOneLine(entry.text);
-    case Kind::failure:
-      return line + "! " + onOneLine(entry.text);
-  }
+  constexpr std::string_view kSigns = "><x!";  // in the order of the kinds
+  std::string line = seconds(entry.time) + ' ' + kSigns[static_cast<std::size_t>(entry.kind)];
+  const std::string target = fmt::format("{} {} ", entry.target.address, withoutBlanks(entry.target.protocol));
+  if (entry.kind == Kind::request)
+    line += ' ' + target;
+  else
+    line += entry.ofNewest ? " " : target;
+  if (entry.kind == Kind::unreachable || entry.kind == Kind::failure) return line + onOneLine(entry.text);
   appendHex(line, entry.bytes);
   return line;
 }
@@ -98,6 +114,7 @@ std::string traceLine(const TraceEntry& entry) {
 std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& file) {
   constexpr std::string_view kAnyHeading = kTraceHeading.substr(0, kTraceHeading.rfind(' ') + 1);
   std::vector<TraceEntry> entries;
+  LinkTarget newest;
   int lineNumber = 0;
   const auto refuse = [&](std::string_view expected) {
     throw TarnError(1, "parseTrace", fmt::format("{}, line {}: expected {}", file, lineNumber, expected));
@@ -110,6 +127,8 @@ std::vector<TraceEntry> parseTrace(std::string_view text, const std::string& fil
     if (line.empty() || line.starts_with('#')) continue;
     TraceEntry entry;
     if (const auto expected = readEntry(line, entry)) refuse(*expected);
+    if (entry.kind == Kind::request) newest = entry.target;
+    if (entry.ofNewest) entry.target = newest;
     entries.push_back(std::move(entry));
   }
   ++lineNumber;

@@ -60,26 +60,35 @@ bool TraceLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> r
   TraceEntry entry;
   entry.target = target;
   entry.bytes.assign(request.begin(), request.end());
+  newest_ = link_->answererOf(target);
+  asked_.insert_or_assign(newest_, target);
   write(entry);
   const bool reached = watched([&] { return link_->send(target, request); });
-  if (!reached) writeText(Kind::unreachable, obstacle());
+  if (!reached) writeText(Kind::unreachable, link_->obstacle());
   return reached;
 }
 
 Link::Received TraceLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   const Received received = watched([&] { return link_->receive(response, timeout); });
-  if (received == Received::unreachable) writeText(Kind::unreachable, obstacle());
-  if (received == Received::response) {
-    TraceEntry entry;
-    entry.kind = Kind::response;
+  setAnswerer(link_->answerer());
+  const bool unreachable = received == Received::unreachable || received == Received::turnedAway;
+  if (received != Received::response && !unreachable) return received;
+  TraceEntry entry;
+  entry.kind = unreachable ? Kind::unreachable : Kind::response;
+  if (unreachable)
+    entry.text = link_->obstacle();
+  else
     entry.bytes = response;
-    write(entry);
-  }
+  nameAnswerer(entry);
+  write(entry);
   return received;
 }
 
-bool TraceLink::doReadUnasked(const LinkTarget& target) {
-  return watched([&] { return link_->readUnasked(target); });
+/// What belongs to the request before it needs no name.
+void TraceLink::nameAnswerer(TraceEntry& entry) {
+  const auto asked = asked_.find(link_->answerer());
+  entry.ofNewest = link_->answerer() == newest_ || asked == asked_.end();
+  if (!entry.ofNewest) entry.target = asked->second;
 }
 
 std::vector<LinkTarget> TraceLink::doFindEcus() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,9 +24,9 @@ class TraceLink : public Link {
   const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
-  std::optional<std::int64_t> answererOf(const LinkTarget& target) const override {
-    return link_->answererOf(target);
-  }
+  std::int64_t answererOf(const LinkTarget& target) const override { return link_->answererOf(target); }
+  bool matchesAnswers() const override { return link_->matchesAnswers(); }
+  bool sideBySide() const override { return link_->sideBySide(); }
   std::string adapterName() const override { return link_->adapterName(); }
   const ServiceCounts& servicesSent() const override { return link_->servicesSent(); }
 
@@ -35,10 +37,10 @@ class TraceLink : public Link {
   Received doReceive(Bytes& response, std::chrono::milliseconds timeout) override;
   /// The search itself is not written down: what the ECUs found are asked then is.
   std::vector<LinkTarget> doFindEcus() override;
-  bool doReadUnasked(const LinkTarget& target) override;
 
  private:
   void write(TraceEntry& entry);
+  void nameAnswerer(TraceEntry& entry);
   void writeText(TraceEntry::Kind kind, const std::string& text);
   void writeLine(const std::string& line);
   std::chrono::microseconds sinceStart() const;
@@ -49,6 +51,8 @@ class TraceLink : public Link {
   LinkClock& clock_;
   std::unique_ptr<FileStream> file_;
   std::optional<Moment> start_;
+  std::map<std::int64_t, LinkTarget> asked_;  ///< by answerer
+  std::int64_t newest_ = 0;                   ///< who was asked last
 };
 
 }  // namespace tarnlog::host

@@ -35,12 +35,13 @@ milliseconds readTimeout(const JsonObject& object, std::string_view key, std::in
 }
 
 RequestDescription readRequest(const JsonPlace& place, milliseconds timeout, UniqueNames& names) {
-  const JsonObject object = place.object({"name", "frame", "available", "timeout", "onRefusal", "data"});
+  const JsonObject object = place.object({"name", "frame", "available", "timeout", "interval", "onRefusal", "data"});
   RequestDescription request;
   request.name = names.read(object.require("name"));
   request.frame = object.require("frame").frame();
   request.available = object.boolean("available", true);
   request.timeout = readTimeout(object, "timeout", timeout.count());
+  request.interval = milliseconds(object.integer("interval", 0, kLongestWait, 0));
   if (const auto refusal = object.find("onRefusal"))
     request.refusalIsError = refusal->choice({"notAvailable", "error"}) == 1;
   const auto data = object.find("data");

@@ -84,6 +84,7 @@ Json requestJson(const RequestDescription& request, std::chrono::milliseconds us
   Json json{{"name", request.name}, {"frame", hexText(request.frame)}};
   if (!request.available) json["available"] = false;
   if (request.timeout != usual) json["timeout"] = request.timeout.count();
+  if (request.interval.count() != 0) json["interval"] = request.interval.count();
   if (request.refusalIsError) json["onRefusal"] = "error";
   for (const DataDescription& data : request.data) json["data"].push_back(dataJson(data));
   return json;

@@ -46,6 +46,7 @@ struct RequestDescription {
   Frame frame;  ///< at least one byte
   bool available = true;
   std::chrono::milliseconds timeout{};
+  std::chrono::milliseconds interval{};  ///< a cycle that comes sooner does not send it; 0: each cycle does
   bool refusalIsError = false;  ///< else what the ECU refuses is "not available" while others are polled
   std::vector<DataDescription> data;
 

@@ -6,7 +6,6 @@
 
 #include "host/service/HexText.h"
 #include "host/service/ResponseCheck.h"
-#include "host/service/Timing.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -21,12 +20,13 @@ class Conversation::Busy {
   explicit Busy(Conversation& conversation) : conversation_(conversation) {
     if (conversation_.busy_) throw TarnError(1, "Conversation", "another request is on its way");
     conversation_.busy_ = true;
+    conversation_.endRequested_ = false;
   }
   Busy(const Busy&) = delete;
   Busy& operator=(const Busy&) = delete;
   ~Busy() {
     conversation_.busy_ = false;
-    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.link_.close(); });
+    if (!finished_ || conversation_.endRequested_) skipOnFailure([this] { conversation_.close(); });
   }
   void finish() { finished_ = true; }
 
@@ -41,23 +41,175 @@ Conversation::Conversation(Link& link, LinkClock& clock, milliseconds pendingTim
 Conversation::Outcome Conversation::exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                                              milliseconds timeout, Link::Bytes& response) {
   Busy busy(*this);
-  endRequested_ = false;
   response.clear();
   foreign_.clear();
+  obstacle_.clear();
   timeout_ = timeout;
   try {
     link_.open();
-    const Outcome outcome = ask(target, request, timeout, response);
+    ExchangeResult& result = ask(laneOf(target), target, request, timeout);
     busy.finish();
-    if (outcome == Outcome::unreachable)
+    response.swap(result.response);
+    foreign_.swap(result.foreign);
+    obstacle_ = result.obstacle;
+    times_ = result.times;
+    if (result.outcome == Outcome::unreachable)
       returnLater(target, request);
-    else if (outcome != Outcome::silent)
+    else if (result.outcome != Outcome::silent)
       noteSuccess(target, request);
-    return outcome;
+    return result.outcome;
   } catch (const TarnError&) {
     returnLater(target, request);
     throw;
   }
+}
+
+EcuLane* Conversation::knownLane(std::int64_t answerer) {
+  const auto known = std::ranges::find(lanes_, answerer, &EcuLane::answerer);
+  return known == lanes_.end() ? nullptr : &*known;
+}
+
+EcuLane& Conversation::laneOf(const LinkTarget& target) {
+  const std::int64_t answerer = link_.answererOf(target);
+  EcuLane* const known = knownLane(answerer);
+  return known != nullptr ? *known : lanes_.emplace_back(answerer, link_, clock_, pendingTimeout_);
+}
+
+/// What was told ahead comes in its order; anything else is asked in between.
+ExchangeResult& Conversation::ask(EcuLane& lane, const LinkTarget& target,
+                                  std::span<const std::uint8_t> request, milliseconds timeout) {
+  if (lane.nextIs(request)) {
+    startAhead();
+    while (!lane.hasResult() && lane.hasAhead()) step();
+    if (lane.hasResult()) return lane.takeResult();
+  }
+  while (!lane.exchange().isOver()) step();
+  readAway();
+  lane.startOther(target, request, timeout);
+  startAhead();
+  while (!lane.exchange().isOver()) step();
+  return lane.exchange().result();
+}
+
+void Conversation::askAhead(const LinkTarget& target, std::span<const std::uint8_t> request,
+                            milliseconds timeout) {
+  laneOf(target).askAhead(target, request, timeout);
+}
+
+void Conversation::forgetAhead() {
+  for (EcuLane& lane : lanes_) lane.forgetAhead();
+}
+
+bool Conversation::isAskedAhead(const LinkTarget& target) {
+  const EcuLane* const lane = knownLane(link_.answererOf(target));
+  return lane != nullptr && lane->hasAhead();
+}
+
+/// Waits until something comes or time is over somewhere, and lets everybody go on.
+void Conversation::step() {
+  Moment due = Moment::max();
+  bool awaits = false;
+  for (const EcuLane& lane : lanes_) {
+    if (lane.exchange().isOver()) continue;
+    due = std::min(due, lane.exchange().due());
+    awaits = awaits || lane.exchange().awaits();
+  }
+  Moment now = clock_.now();
+  if (awaits) {
+    const auto received = link_.receive(came_, ceil<milliseconds>(std::max(due - now, Moment(0))));
+    dispatch(received);
+    if (received != Link::Received::response) now = clock_.now();
+  } else if (due != Moment::max()) {
+    clock_.waitUntil(due, {});
+    now = clock_.now();
+    readAway();
+  }
+  for (EcuLane& lane : lanes_) {
+    lane.exchange().passTime(now);
+    lane.keepResult();
+  }
+  startAhead();
+}
+
+void Conversation::startAhead() {
+  if (std::ranges::none_of(lanes_, &EcuLane::isReady)) return;
+  readAway();
+  for (EcuLane& lane : lanes_) lane.keepResult();
+  if (mostOpen_ != kAnyNumber) return startSome();
+  for (EcuLane& lane : lanes_) {
+    if (!lane.isReady()) continue;
+    lane.startNext();
+    lane.keepResult();
+  }
+}
+
+std::size_t Conversation::openLanes() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(lanes_, [](const EcuLane& lane) { return !lane.exchange().isOver(); }));
+}
+
+/// The ECU with the most left to ask goes first, so that no single one is left over.
+void Conversation::startSome() {
+  while (openLanes() < mostOpen_) {
+    EcuLane* next = nullptr;
+    for (EcuLane& lane : lanes_)
+      if (lane.isReady() && (next == nullptr || lane.left() > next->left())) next = &lane;
+    if (next == nullptr) return;
+    next->startNext();
+    next->keepResult();
+  }
+}
+
+/// What has come already answers an earlier request, or one of another ECU.
+void Conversation::readAway() {
+  constexpr int kMost = 1000;  // who floods must not hold the caller
+  if (link_.matchesAnswers()) return;
+  for (int i = 0; i < kMost; ++i) {
+    const auto received = link_.receive(came_, milliseconds(0));
+    if (received == Link::Received::nothing) return;
+    dispatch(received);
+  }
+}
+
+void Conversation::dispatch(Link::Received received) {
+  using Received = Link::Received;
+  EcuLane* const known = knownLane(link_.answerer());
+  if (known == nullptr) return;
+  EcuLane& lane = *known;
+  switch (received) {
+    case Received::response:
+      return lane.exchange().came(came_);
+    case Received::unasked:
+      return lane.exchange().unasked();
+    case Received::turnedAway:
+      return turnedAway(lane);
+    case Received::unreachable:
+      return lane.exchange().unreachable();
+    case Received::silent:
+      return lane.exchange().silent();
+    case Received::nothing:
+      if (!link_.sideBySide()) lane.exchange().silent();
+  }
+}
+
+/// A gateway that carries fewer requests at a time than there are ECUs says so only by turning one away.
+void Conversation::turnedAway(EcuLane& lane) {
+  const std::size_t open = openLanes();
+  if (open > 1 && lane.isAheadOpen()) {
+    mostOpen_ = open - 1;
+    return lane.sendAgain();
+  }
+  if (open == 1) mostOpen_ = kAnyNumber;  // it was not for the others
+  lane.exchange().unreachable();
+}
+
+void Conversation::close() {
+  for (EcuLane& lane : lanes_) {
+    lane.forgetAhead();
+    lane.exchange().abandon();
+  }
+  mostOpen_ = kAnyNumber;
+  link_.close();
 }
 
 void Conversation::returnLater(const LinkTarget& target, std::span<const std::uint8_t> request) {
@@ -74,7 +226,6 @@ void Conversation::noteSuccess(const LinkTarget& target, std::span<const std::ui
 
 void Conversation::pause(milliseconds time) {
   Busy busy(*this);
-  endRequested_ = false;
   waitUntil(clock_.now() + time);
   busy.finish();
 }
@@ -83,36 +234,6 @@ void Conversation::waitUntil(Moment moment) {
   constexpr milliseconds kLookAround{20};
   while (clock_.now() < moment && !link_.stopAsked() && !endRequested_)
     clock_.waitUntil(std::min(moment, clock_.now() + kLookAround), [this] { link_.idle(); });
-}
-
-Conversation::Outcome Conversation::ask(const LinkTarget& target, std::span<const std::uint8_t> request,
-                                        milliseconds timeout, Link::Bytes& response) {
-  constexpr milliseconds kRefusalTime = 2 * timing::kP2;
-  constexpr milliseconds kBusyPause{20};
-  const bool noAnswer = suppressesAnswer(protocolOf(target.protocol), request);
-  const Moment last = clock_.now() + timeout;
-  for (;;) {
-    const LateAnswers::Way way = lateAnswers_.readAway(target, request, timeout);
-    if (way == LateAnswers::Way::blocked) return Outcome::silent;
-    if (way == LateAnswers::Way::unreachable || !link_.send(target, request)) return Outcome::unreachable;
-    times_.sent = clock_.now();
-    const Outcome outcome =
-        waitForResponse(request, noAnswer ? std::min(timeout, kRefusalTime) : timeout, response);
-    times_.received = clock_.now();
-    if (outcome == Outcome::unreachable) return outcome;
-    if (outcome == Outcome::answered || outcome == Outcome::refused)
-      lateAnswers_.answered();
-    else
-      lateAnswers_.givenUp();
-    if (outcome == Outcome::silent && noAnswer) {
-      lateAnswers_.noneExpected();
-      return Outcome::answered;
-    }
-    const Moment again = clock_.now() + kBusyPause;
-    const bool askAgain = outcome == Outcome::refused && isBusy(response) && again < last;
-    if (!askAgain || link_.stopAsked()) return outcome;
-    clock_.waitUntil(again, {});
-  }
 }
 
 bool Conversation::next(std::span<const std::uint8_t> request, milliseconds timeout, Link::Bytes& response) {
@@ -134,52 +255,24 @@ std::string Conversation::silence(std::string_view to) const {
 
 void Conversation::connect() {
   Busy busy(*this);
-  endRequested_ = false;
   link_.open();
   busy.finish();
 }
 
 std::vector<LinkTarget> Conversation::findEcus() {
   Busy busy(*this);
-  endRequested_ = false;
   link_.open();
   std::vector<LinkTarget> ecus = link_.findEcus();
+  obstacle_ = link_.obstacle();
   busy.finish();
   return ecus;
-}
-
-Conversation::Outcome Conversation::waitForResponse(std::span<const std::uint8_t> request,
-                                                    milliseconds timeout, Link::Bytes& response) {
-  const Moment start = clock_.now();
-  Moment deadline = start + timeout;
-  bool pending = false;
-  for (Moment now = start; now <= deadline; now = clock_.now()) {
-    const auto received = link_.receive(response, ceil<milliseconds>(deadline - now));
-    if (received == Link::Received::unreachable) return Outcome::unreachable;
-    if (received == Link::Received::nothing) break;
-    switch (classifyResponse(request, response)) {
-      case ResponseClass::positive:
-        return Outcome::answered;
-      case ResponseClass::negative:
-        return Outcome::refused;
-      case ResponseClass::pending:
-        pending = true;
-        deadline = start + pendingTimeout_;
-        break;
-      case ResponseClass::foreign:
-        foreign_ = response;
-        break;
-    }
-  }
-  response.clear();
-  return pending ? Outcome::onlyPending : Outcome::silent;
 }
 
 void Conversation::end() {
   if (busy_)
     endRequested_ = true;
   else
-    link_.close();
+    close();
 }
 
 }  // namespace tarnlog::host

@@ -24,6 +24,10 @@ class EcuChannel {
   /// The same, telling what came instead of raising; failures of the link are TarnErrors.
   Conversation::Outcome converse(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout,
                                  Link::Bytes& response);
+  /// This will be asked next, or behind what was told before (see Conversation).
+  void askAhead(std::span<const std::uint8_t> request, std::chrono::milliseconds timeout) {
+    conversation_.askAhead(target_, request, timeout);
+  }
   /// What `ask` raises when that came instead of the positive response.
   TarnError failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,
                     std::span<const std::uint8_t> response) const;

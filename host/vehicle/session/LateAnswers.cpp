@@ -1,14 +1,13 @@
 #include "host/vehicle/session/LateAnswers.h"
 
 #include <algorithm>
-#include <array>
 
 #include "host/service/ResponseCheck.h"
+#include "host/service/Services.h"
 
 namespace tarnlog::host {
 namespace {
 
-using std::chrono::ceil;
 using std::chrono::milliseconds;
 
 /// So long after its time-out a response is not expected any more.
@@ -28,93 +27,68 @@ std::array<std::uint8_t, 2> harmlessRequest(Protocol protocol, bool owesPids) {
 
 }  // namespace
 
-LateAnswers::Way LateAnswers::readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
-                                       milliseconds timeout) {
-  const auto answerer = link_.answererOf(target);
-  asked_ = answerer ? &ecus_[*answerer] : nullptr;
-  if (asked_ == nullptr) return Way::clear;
-  Ecu& ecu = *asked_;
-  if (link_.readUnasked(target)) distrustDoubled(ecu);
-  if (clock_.now() > ecu.givenUp + kForgotten) settle(ecu);
-  const bool doubtful =
-      ecu.distrusted > 0 || ecu.owed.test(request[0]) || ecu.owed.test(service::kTesterPresent);
-  const bool unproven = isUnproven(ecu, request);
-  if (doubtful)
-    if (const Way way = catchUp(ecu, target, timeout); way != Way::clear) return way;
-  if (!doubtful && unproven) {
-    const Way way = catchUp(ecu, target, std::min(timeout, kProofTime));
-    if (way == Way::unreachable) return way;
-    ecu.unprovable = way != Way::clear;
-  }
-  ecu.distrusted -= ecu.distrusted > 0 ? 1 : 0;
-  ecu.service = request[0];
-  ecu.owesPids = (ecu.owesPids && ecu.owed.any()) || std::ranges::equal(request, kSupportedPids);
-  ecu.owed.set(request[0]);
-  ecu.strayed = ecu.aside;
-  ecu.givenUp = clock_.now() + timeout;
-  return Way::clear;
+std::optional<LateAnswers::Verification> LateAnswers::before(Protocol protocol,
+                                                             std::span<const std::uint8_t> request,
+                                                             Moment now, milliseconds timeout) {
+  if (now > givenUp_ + kForgotten) settle();
+  const bool doubtful = distrusted_ > 0 || owed_.test(request[0]) || owed_.test(service::kTesterPresent);
+  const bool unproven = isUnproven(request);
+  if (!doubtful && !unproven) return {};
+  return Verification{harmlessRequest(protocol, owesPids_ && owed_.any()),
+                      doubtful ? timeout : std::min(timeout, kProofTime), doubtful};
+}
+
+void LateAnswers::sent(std::span<const std::uint8_t> request, Moment now, milliseconds timeout) {
+  distrusted_ -= distrusted_ > 0 ? 1 : 0;
+  service_ = request[0];
+  owesPids_ = (owesPids_ && owed_.any()) || std::ranges::equal(request, kSupportedPids);
+  owed_.set(request[0]);
+  strayed_ = aside_;
+  givenUp_ = now + timeout;
 }
 
 /// Once a duplicate was taken for the response to the next equal request, every later response belongs to the
 /// request before. One response comes per request, so none looks unexpected: only another request tells.
-bool LateAnswers::isUnproven(Ecu& ecu, std::span<const std::uint8_t> request) {
-  if (!std::ranges::equal(ecu.request, request)) {
-    ecu.request.assign(request.begin(), request.end());
-    ecu.alike = 0;
+bool LateAnswers::isUnproven(std::span<const std::uint8_t> request) {
+  if (!std::ranges::equal(request_, request)) {
+    request_.assign(request.begin(), request.end());
+    alike_ = 0;
   }
-  if (++ecu.alike <= kUnproven) return false;
-  ecu.alike = 1;
-  return !ecu.unprovable;
+  if (++alike_ <= kUnproven) return false;
+  alike_ = 1;
+  return !unprovable_;
 }
 
 /// Where nothing is owed, the answer before came twice.
-void LateAnswers::distrustDoubled(Ecu& ecu) {
-  if (ecu.owed.none()) ecu.distrusted = kDistrusted;
+void LateAnswers::unasked() {
+  if (owed_.none()) distrusted_ = kDistrusted;
 }
 
 /// All that it was asked before is through.
-void LateAnswers::settle(Ecu& ecu) {
-  ecu.owed.reset();
-  ecu.aside = ecu.strayed = 0;
-}
-
-void LateAnswers::answered() {
-  if (asked_ != nullptr) settle(*asked_);
-}
-
-void LateAnswers::givenUp() {
-  if (asked_ != nullptr) asked_->givenUp = clock_.now();
-}
-
-void LateAnswers::noneExpected() {
-  if (asked_ != nullptr) asked_->owed.reset(asked_->service);
+void LateAnswers::settle() {
+  owed_.reset();
+  aside_ = strayed_ = 0;
 }
 
 /// A negative response names the service only, so it may belong to an outstanding request. A positive one may
-/// belong to an earlier verification request, which says nothing about requests after that.
-LateAnswers::Way LateAnswers::catchUp(Ecu& ecu, const LinkTarget& target, milliseconds timeout) {
-  const auto request = harmlessRequest(protocolOf(target.protocol), ecu.owesPids && ecu.owed.any());
-  if (!link_.send(target, request)) return Way::unreachable;
-  ++ecu.aside;
-  const Moment deadline = clock_.now() + timeout;
-  for (Moment now = clock_.now(); now <= deadline; now = clock_.now()) {
-    const auto received = link_.receive(came_, ceil<milliseconds>(deadline - now));
-    if (received == Link::Received::unreachable) return Way::unreachable;
-    if (received == Link::Received::nothing) return Way::blocked;
-    const ResponseClass kind = classifyResponse(request, came_);
-    if (kind != ResponseClass::positive &&
-        (kind == ResponseClass::foreign || request[0] != service::kTesterPresent)) {
-      distrustDoubled(ecu);
-      continue;
-    }
-    --ecu.aside;
-    if (ecu.strayed == 0) {
-      ecu.owed.reset();
-      return Way::clear;
-    }
-    --ecu.strayed;
+/// belong to an earlier verification request, which says nothing about requests after that. "Response
+/// pending" is no response yet: counted as one, it would let an older response pass for this one's.
+bool LateAnswers::isVerifiedBy(std::span<const std::uint8_t> verification,
+                               std::span<const std::uint8_t> response) {
+  const ResponseClass kind = classifyResponse(verification, response);
+  if (kind == ResponseClass::pending) return false;
+  if (kind != ResponseClass::positive &&
+      (kind == ResponseClass::foreign || verification[0] != service::kTesterPresent)) {
+    unasked();
+    return false;
   }
-  return Way::blocked;
+  --aside_;
+  if (strayed_ == 0) {
+    owed_.reset();
+    return true;
+  }
+  --strayed_;
+  return false;
 }
 
 }  // namespace tarnlog::host

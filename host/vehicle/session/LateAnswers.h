@@ -1,18 +1,20 @@
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <chrono>
 #include <cstdint>
-#include <map>
+#include <optional>
 #include <span>
+#include <vector>
 
-#include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/service/Protocol.h"
 
 namespace tarnlog::host {
 
-/// Prevents a late or duplicate response from being matched to a newer request, on links that identify a
-/// response only by who sent it.
+/// Prevents a late or duplicate response of one ECU from being matched to a newer request, on links that
+/// identify a response only by who sent it. It decides; whoever asks the ECU sends and receives.
 ///
 /// An ECU answers in the order in which it is asked. So a response that only fits the newest request shows
 /// that no older one is still to come. Where responses are outstanding that could be mistaken, or surplus
@@ -20,51 +22,45 @@ namespace tarnlog::host {
 /// its response is discarded. The same is done now and then while the same request is sent again and again.
 class LateAnswers {
  public:
-  /// Both must outlive it.
-  LateAnswers(Link& link, LinkClock& clock) : link_(link), clock_(clock) {}
-
-  enum class Way : std::uint8_t {
-    clear,       ///< the next answer belongs to the request that is to be sent
-    blocked,     ///< the verification request was not answered within `timeout`
-    unreachable  ///< the verification request could not be delivered
+  struct Verification {
+    std::array<std::uint8_t, 2> request;
+    std::chrono::milliseconds timeout;
+    bool required;  ///< without its response, the request itself must not be sent
   };
 
-  /// To be called before each request, which is to be sent only if the result is `clear`. Failures of the
-  /// link are TarnErrors.
-  Way readAway(const LinkTarget& target, std::span<const std::uint8_t> request,
-               std::chrono::milliseconds timeout);
+  /// To be called before each request; none: the next response belongs to it.
+  std::optional<Verification> before(Protocol protocol, std::span<const std::uint8_t> request, Moment now,
+                                     std::chrono::milliseconds timeout);
+  void verificationSent() { ++aside_; }
+  /// True when this response to it shows that nothing older is to come.
+  bool isVerifiedBy(std::span<const std::uint8_t> verification, std::span<const std::uint8_t> response);
+  /// It was not answered in time.
+  void notVerified(const Verification& verification) { unprovable_ = unprovable_ || !verification.required; }
+  /// The request itself is sent.
+  void sent(std::span<const std::uint8_t> request, Moment now, std::chrono::milliseconds timeout);
   /// The answer to that request came.
-  void answered();
+  void answered() { settle(); }
   /// It did not come in time.
-  void givenUp();
+  void givenUp(Moment now) { givenUp_ = now; }
   /// That request suppressed its positive response, and nothing came.
-  void noneExpected();
+  void noneExpected() { owed_.reset(service_); }
+  /// Something came that was not asked for, or was not waited for any more.
+  void unasked();
 
  private:
-  /// What one answerer may still send.
-  struct Ecu {
-    std::bitset<0x100> owed;   ///< services of requests that it has not answered
-    bool owesPids = false;     ///< the request for the supported PIDs is among them
-    Moment givenUp{};          ///< when the newest of them timed out, or will
-    int distrusted = 0;        ///< coming requests that are still verified first
-    std::uint8_t service = 0;  ///< of the request sent last
-    int aside = 0;             ///< verification requests that it has not answered
-    int strayed = 0;           ///< those of them that are older than the last request
-    Link::Bytes request;       ///< sent last
-    int alike = 0;             ///< how often in a row
-    bool unprovable = false;   ///< it did not answer a verification request when nothing was outstanding
-  };
+  void settle();
+  bool isUnproven(std::span<const std::uint8_t> request);
 
-  static void settle(Ecu& ecu);
-  static void distrustDoubled(Ecu& ecu);
-  static bool isUnproven(Ecu& ecu, std::span<const std::uint8_t> request);
-  Way catchUp(Ecu& ecu, const LinkTarget& target, std::chrono::milliseconds timeout);
-
-  Link& link_;
-  LinkClock& clock_;
-  std::map<std::int64_t, Ecu> ecus_;
-  Ecu* asked_ = nullptr;  ///< of the last request; null where the link matches responses to requests itself
-  Link::Bytes came_;      ///< kept for its capacity
+  std::bitset<0x100> owed_;            ///< services of requests that it has not answered
+  bool owesPids_ = false;              ///< the request for the supported PIDs is among them
+  Moment givenUp_{};                   ///< when the newest of them timed out, or will
+  int distrusted_ = 0;                 ///< coming requests that are still verified first
+  std::uint8_t service_ = 0;           ///< of the request sent last
+  int aside_ = 0;                      ///< verification requests that it has not answered
+  int strayed_ = 0;                    ///< those of them that are older than the last request
+  std::vector<std::uint8_t> request_;  ///< sent last
+  int alike_ = 0;                      ///< how often in a row
+  bool unprovable_ = false;            ///< it did not answer a verification request when nothing was outstanding
 };
 
 }  // namespace tarnlog::host

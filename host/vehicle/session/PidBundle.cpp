@@ -36,13 +36,25 @@ void PidBundle::makeFrame() {
 
 void PidBundle::forget() {
   for (Member& member : members_) member.share = Share::due;
+  toldAhead_ = false;
+}
+
+/// None where it has to be asked for alone.
+PidBundle::Member* PidBundle::memberOf(const RequestDescription& request) {
+  if (!usable_ || !ecu_.takesSeveralPids()) return nullptr;
+  const auto member = std::ranges::find(members_, &request, &Member::request);
+  return member->apart ? nullptr : &*member;
+}
+
+bool PidBundle::askAhead(const RequestDescription& request) {
+  if (memberOf(request) == nullptr) return false;
+  if (!std::exchange(toldAhead_, true)) ecu_.askAhead(frame_, members_.front().request->timeout);
+  return true;
 }
 
 PidBundle::Taken PidBundle::take(const RequestDescription& request, Link::Bytes& response) {
-  if (!usable_ || !ecu_.takesSeveralPids()) return Taken::alone;
-  const auto member = std::find_if(members_.begin(), members_.end(),
-                                   [&](const Member& each) { return each.request == &request; });
-  if (member->apart) return Taken::alone;
+  Member* const member = memberOf(request);
+  if (member == nullptr) return Taken::alone;
   if (member->share == Share::due && !ask()) return Taken::unreachable;
   if (std::exchange(member->share, Share::due) != Share::arrived) return Taken::alone;
   const auto* const first = response_.data() + member->place;
@@ -52,6 +64,7 @@ PidBundle::Taken PidBundle::take(const RequestDescription& request, Link::Bytes&
 }
 
 bool PidBundle::ask() {
+  toldAhead_ = false;
   for (Member& member : members_) member.share = Share::missing;
   const auto outcome = ecu_.converse(frame_, members_.front().request->timeout, response_);
   times_ = ecu_.times();

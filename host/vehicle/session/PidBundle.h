@@ -29,6 +29,9 @@ class PidBundle {
   };
   /// The response to a member. Failures of the link are TarnErrors.
   Taken take(const RequestDescription& request, Link::Bytes& response);
+  /// The member will be asked for: tells the ECU's conversation so, once for all members. False where it has
+  /// to be asked for alone.
+  bool askAhead(const RequestDescription& request);
   /// Of the request that asked for all of them.
   const Conversation::Times& times() const { return times_; }
   /// Drops the parts of the last response that were not used.
@@ -47,6 +50,7 @@ class PidBundle {
     bool apart = false;  ///< requested by itself from now on
   };
 
+  Member* memberOf(const RequestDescription& request);
   /// False when nothing reaches the ECU.
   bool ask();
   std::size_t split();
@@ -59,6 +63,7 @@ class PidBundle {
   Link::Bytes frame_;
   Link::Bytes response_;
   Conversation::Times times_;
+  bool toldAhead_ = false;
   bool worked_ = false;
   int failures_ = 0;
   bool usable_ = true;

@@ -14,12 +14,27 @@ using Outcome = Conversation::Outcome;
 
 }  // namespace
 
+/// Intervals count from the first time on, so that none is stretched by the length of a cycle; what was missed
+/// by more is not made up for.
+void PolledRequest::plan(Moment now) {
+  const Moment interval = request_.description().interval;
+  asked_ = now >= due_;
+  if (!asked_ || leftOut_) return;
+  due_ = now - due_ < interval ? due_ + interval : now + interval;
+}
+
+void PolledRequest::askNext() {
+  if (!leftOut_) due_ = {};
+}
+
 void PolledRequest::send() {
-  passed_ = leftOut_ && polling_.clock.now() < again_;
-  if (passed_) return pass();
+  cycle_.reach(position_);
+  if (!asked_) return;
   const Outcome outcome = request_.ask(leftOut_);
   if (outcome == Outcome::answered)
     takeBack();
+  else if (request_.description().refusalIsError)
+    throw request_.failure(outcome);
   else if (outcome == Outcome::refused && !isBusy(request_.received()))
     leaveOut("is refused (" + refusalText(request_.received()) + ")");
   else if ((outcome == Outcome::silent || outcome == Outcome::onlyPending) && isLeftOutBySilence())
@@ -29,16 +44,8 @@ void PolledRequest::send() {
 }
 
 std::optional<ferrox3::Exchange> PolledRequest::lastExchange() const {
-  if (passed_) return ferrox3::Exchange{.outcome = ferrox3::Exchange::Outcome::NotAsked};
+  if (!asked_) return ferrox3::Exchange{.outcome = ferrox3::Exchange::Outcome::NotAsked};
   return request_.lastExchange();
-}
-
-/// Where all requests are left out, the polling loop would spin: it pauses when nothing was answered since
-/// this one was skipped last.
-void PolledRequest::pass() {
-  constexpr std::chrono::milliseconds kPause{20};
-  const std::uint64_t answers = polling_.conversation.answers();
-  if (std::exchange(turnAnswers_, answers) == answers) polling_.conversation.pause(kPause);
 }
 
 /// False, so that the caller raises and the ECUs are initialised again, when this ECU gave no response at
@@ -49,7 +56,7 @@ bool PolledRequest::isLeftOutBySilence() {
   const bool ecuLives = std::exchange(ecuAnswers_, ofEcu) != ofEcu;
   const bool carLives = std::exchange(allAnswers_, ofAll) != ofAll;
   if (leftOut_) {
-    again_ = polling_.clock.now() + kAskAgain;
+    due_ = polling_.clock.now() + kAskAgain;
     return carLives;
   }
   silences_ = ecuLives ? silences_ + 1 : 1;
@@ -58,11 +65,13 @@ bool PolledRequest::isLeftOutBySilence() {
 
 void PolledRequest::takeBack() {
   silences_ = 0;
-  if (std::exchange(leftOut_, false)) tell("is answered again", true);
+  if (!std::exchange(leftOut_, false)) return;
+  due_ = {};
+  tell("is answered again", true);
 }
 
 void PolledRequest::leaveOut(const std::string& why) {
-  again_ = polling_.clock.now() + kAskAgain;
+  due_ = polling_.clock.now() + kAskAgain;
   request_.setNotAvailable();
   if (!std::exchange(leftOut_, true)) tell(why + ": left out, and asked again every 5 s", false);
 }

@@ -8,6 +8,7 @@
 
 #include "host/link/LinkClock.h"
 #include "host/vehicle/session/Notice.h"
+#include "host/vehicle/session/PollCycle.h"
 #include "host/vehicle/session/SessionKeeper.h"
 #include "host/vehicle/session/VehicleRequest.h"
 #include "platform/ferrox3/Session.h"
@@ -24,10 +25,25 @@ struct Polling {
 /// A request as a poll set sends it: one that its ECU rejects, or does not know, must not stop the others. A
 /// negative response (but "busy") makes its data "not available"; so does the third time-out in a row, if the
 /// ECU answered another request between each two of them. Such a request is left out: skipped, and sent again
-/// every few seconds. Every other failure is raised as the request itself raises it.
+/// every few seconds. Every other failure is raised as the request itself raises it, and so is every failure
+/// where the description wants an error.
+///
+/// One with an interval is not sent in a cycle that comes sooner.
 class PolledRequest : public ferrox3::Request {
  public:
-  PolledRequest(VehicleRequest& request, const Polling& polling) : request_(request), polling_(polling) {}
+  /// `position` is its place in the cycle. All must outlive it.
+  PolledRequest(VehicleRequest& request, const Polling& polling, PollCycle& cycle, std::size_t position)
+      : request_(request), polling_(polling), cycle_(cycle), position_(position) {}
+
+  /// A cycle begins: decides whether it is sent in it.
+  void plan(Moment now);
+  bool isAsked() const { return asked_; }
+  /// When it will be sent again.
+  Moment due() const { return due_; }
+  /// It is sent in the next cycle, unless it is left out.
+  void askNext();
+  /// Tells its ECU's conversation that it will be sent.
+  void askAhead() const { request_.askAhead(leftOut_); }
 
   const std::string& name() const override { return request_.name(); }
   bool available() const override { return request_.available(); }
@@ -42,7 +58,6 @@ class PolledRequest : public ferrox3::Request {
   std::optional<ferrox3::Exchange> lastExchange() const override;
 
  private:
-  void pass();
   bool isLeftOutBySilence();
   void takeBack();
   void leaveOut(const std::string& why);
@@ -50,13 +65,14 @@ class PolledRequest : public ferrox3::Request {
 
   VehicleRequest& request_;
   const Polling& polling_;
+  PollCycle& cycle_;
+  std::size_t position_;
   bool leftOut_ = false;
-  bool passed_ = false;            ///< nothing was sent in its last turn
-  Moment again_{};                 ///< when a request that is left out is asked again
+  bool asked_ = true;  ///< in this cycle
+  Moment due_{};       ///< when it is to be sent next
   int silences_ = 0;               ///< in a row
   std::uint64_t ecuAnswers_ = 0;   ///< of its ECU, at the last silence
   std::uint64_t allAnswers_ = 0;   ///< of all ECUs, at the last silence
-  std::uint64_t turnAnswers_ = 0;  ///< of all ECUs, when its turn was passed
 };
 
 }  // namespace tarnlog::host

@@ -63,7 +63,8 @@ void SessionKeeper::keepOpen(const LinkTarget* except) {
   // The end of the communication, asked for while an answer is awaited, empties the list.
   for (std::size_t i = 0; i < open_.size();) {
     OpenSession& known = open_[i++];
-    if ((except != nullptr && isSame(known.target, *except)) || clock_.now() - known.lastSent < kQuiet)
+    if ((except != nullptr && isSame(known.target, *except)) || clock_.now() - known.lastSent < kQuiet ||
+        conversation_.isAskedAhead(known.target))
       continue;
     known.lastSent = clock_.now();
     const LinkTarget target = known.target;

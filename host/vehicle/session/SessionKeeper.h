@@ -22,6 +22,13 @@ class SessionKeeper {
   /// As `Conversation::exchange`.
   Conversation::Outcome exchange(const LinkTarget& target, std::span<const std::uint8_t> request,
                                  std::chrono::milliseconds timeout, Link::Bytes& response);
+  /// As the conversation's.
+  bool goesSideBySide() const { return conversation_.goesSideBySide(); }
+  void askAhead(const LinkTarget& target, std::span<const std::uint8_t> request,
+                std::chrono::milliseconds timeout) {
+    conversation_.askAhead(target, request, timeout);
+  }
+  void forgetAhead() { conversation_.forgetAhead(); }
   /// Of the target's exchange, as `Conversation::silence`.
   std::string silence(std::string_view to) const { return conversation_.silence(to); }
   /// As `Conversation::obstacle`.

@@ -26,25 +26,25 @@ void VehicleProtocol::initialiseAll() {
 
 VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
                                const Polling& polling)
-    : ecus_(std::move(ecus)), protocol_(ecus_, [this] {
+    : cycle_(polling.conversation, polling.clock), ecus_(std::move(ecus)), protocol_(ecus_, [this] {
         for (const auto& bundle : bundles_) bundle->forget();
+        cycle_.forget();
       }) {
   bundlePids(requests);
-  for (VehicleRequest* const request : requests)
-    if (request->description().refusalIsError)
-      requests_.push_back(request);
-    else
-      requests_.push_back(&polled_.emplace_back(*request, polling));
+  for (VehicleRequest* const request : requests) {
+    requests_.push_back(&polled_.emplace_back(*request, polling, cycle_, polled_.size()));
+    cycle_.add(polled_.back());
+  }
 }
 
 VehiclePollSet::~VehiclePollSet() { unbundle(); }
 
-/// In the order of the requests, at least two each.
+/// In the order of the requests, at least two each, which are all due in the same cycles.
 void VehiclePollSet::bundlePids(const std::vector<VehicleRequest*>& requests) {
-  std::map<EcuChannel*, std::vector<VehicleRequest*>> gathered;
+  std::map<std::pair<EcuChannel*, std::chrono::milliseconds>, std::vector<VehicleRequest*>> gathered;
   for (VehicleRequest* const request : requests) {
     if (!PidBundle::canHold(request->description())) continue;
-    auto& members = gathered[&request->channel()];
+    auto& members = gathered[{&request->channel(), request->description().interval}];
     members.push_back(request);
     if (members.size() == kMostPidsAtOnce) bundle(members);
   }
@@ -71,6 +71,7 @@ void VehiclePollSet::unbundle() {
 
 void VehiclePollSet::finish() {
   unbundle();
+  cycle_.clear();
   requests_.clear();
   polled_.clear();
   ecus_.clear();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/vehicle/session/PidBundle.h"
+#include "host/vehicle/session/PollCycle.h"
 #include "host/vehicle/session/PolledRequest.h"
 #include "host/vehicle/session/VehicleEcu.h"
 #include "platform/ferrox3/Session.h"
@@ -50,6 +51,7 @@ class VehiclePollSet : public ferrox3::PollSet {
   void unbundle();
 
   std::deque<PolledRequest> polled_;
+  PollCycle cycle_;
   std::vector<ferrox3::Request*> requests_;
   std::vector<VehicleEcu*> ecus_;
   std::vector<std::unique_ptr<PidBundle>> bundles_;

@@ -38,6 +38,11 @@ Conversation::Outcome VehicleRequest::ask(bool alone) {
   return outcome;
 }
 
+void VehicleRequest::askAhead(bool alone) const {
+  if (alone || bundle_ == nullptr || !bundle_->askAhead(description_))
+    channel_.askAhead(description_.frame, description_.timeout);
+}
+
 Conversation::Outcome VehicleRequest::exchange(bool alone) {
   using Taken = PidBundle::Taken;
   const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);

@@ -47,6 +47,8 @@ class VehicleRequest : public ferrox3::Request {
 
   /// As `send`, telling what came instead of raising. `alone`: not together with others.
   Conversation::Outcome ask(bool alone);
+  /// The next `ask` is told ahead (see Conversation).
+  void askAhead(bool alone) const;
   /// What `send` raises when that came.
   TarnError failure(Conversation::Outcome outcome) const;
   std::span<const std::uint8_t> received() const { return received_; }

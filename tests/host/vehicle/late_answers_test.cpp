@@ -4,81 +4,26 @@
 #include <map>
 #include <random>
 
-#include "host/link/doip/DoipLink.h"
 #include "host/service/HexText.h"
 #include "host/vehicle/session/Conversation.h"
-#include "tests/support/DoipPeer.h"
 #include "tests/support/FailureOf.h"
-#include "tests/support/PeerStream.h"
+#include "tests/support/FaultyCar.h"
 
 namespace tarnlog::host {
 namespace {
 
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
-using test::ManualLinkClock;
 
 using Bytes = std::vector<std::uint8_t>;
+using Fault = test::FaultyEcu::Fault;
 
-/// One answer on its way.
-struct Delivery {
-  std::chrono::microseconds delay;
-  Bytes bytes;
-  bool cut = false;  ///< only its first half comes
-};
-
-/// An ECU that ends each answer with the number of times that it was asked this, and does wrong at random.
-class FaultyEcu {
+/// The ECU at 1001, and whoever asks it.
+class Car : public test::FaultyCar {
  public:
-  enum class Fault : std::uint8_t { none, lost, doubled, late, copiedSoon, cut, refused, pending };
+  using FaultyCar::FaultyCar;
 
-  std::vector<Fault> faults;  ///< those that it may have, one in six times
-  bool knowsTesterPresent = true;
-  std::map<Bytes, unsigned> asked;
-
-  std::vector<Delivery> answer(const Bytes& request) {
-    constexpr auto kUsual = 5ms;
-    const unsigned count = ++asked[request];
-    if (request[0] == 0x3E && !knowsTesterPresent) return {};
-    Bytes bytes(request);
-    bytes[0] = static_cast<std::uint8_t>(bytes[0] + 0x40);
-    if (request[0] != 0x3E)
-      bytes.insert(bytes.end(), {static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
-    const Delivery usual{kUsual, bytes};
-    const Fault what = fault();
-    if (what == Fault::lost) return {};
-    if (what == Fault::doubled) return {usual, usual};
-    if (what == Fault::late) return {{milliseconds(150 + random_() % 400), bytes}};
-    if (what == Fault::copiedSoon) return {usual, {kUsual + 500us, bytes}};
-    if (what == Fault::cut) return {{kUsual, bytes, true}};
-    if (what == Fault::refused) return {{kUsual, {0x7F, request[0], 0x22}}};
-    if (what == Fault::pending) return {{kUsual, {0x7F, request[0], 0x78}}, {60ms, bytes}};
-    return {usual};
-  }
-
- private:
-  Fault fault() {
-    return faults.empty() || random_() % 6 != 0 ? Fault::none : faults[random_() % faults.size()];
-  }
-
-  std::mt19937 random_{20260};
-};
-
-using Fault = FaultyEcu::Fault;
-
-/// The ECU at 1001 behind a gateway of ISO 13400-2, and whoever asks it.
-class Car {
- public:
-  explicit Car(bool acknowledges) : acknowledges_(acknowledges) {}
-
-  ManualLinkClock clock;
-  FaultyEcu ecu;
-
-  void put(std::chrono::microseconds delay, unsigned type, const Bytes& payload, bool cut = false) {
-    const std::string message = test::DoipPeer().message(type, hexText(payload));
-    stream_->latency = delay;
-    stream_->put(std::string_view(message).substr(0, message.size() - (cut ? 2 : 0)));
-  }
+  test::FaultyEcu& ecu = ecus[0x1001];
 
   /// "new" when the number at the answer's end is the newest, "none" for silence, else the failure's text.
   std::string ask(std::string_view request) {
@@ -114,27 +59,8 @@ class Car {
   }
 
  private:
-  void take(std::string_view message) {
-    if (message[2] == 0x00) return put(0ms, 0x0006, *bytesFromHex("0E 00 10 01 10 00 00 00 00"));
-    if (acknowledges_) put(1ms, 0x8002, *bytesFromHex("10 01 0E 00 00"));
-    for (const Delivery& each : ecu.answer(Bytes(message.begin() + 12, message.end()))) {
-      Bytes payload = *bytesFromHex("10 01 0E 00");
-      payload.insert(payload.end(), each.bytes.begin(), each.bytes.end());
-      put(each.delay, 0x8001, payload, each.cut);
-    }
-  }
-  std::unique_ptr<ByteStream> connect() {
-    const auto peer = [this](std::string_view bytes) { return take(bytes), std::string(); };
-    auto made = std::make_unique<test::PeerStream>(peer, clock);
-    stream_ = made.get();
-    return made;
-  }
-
-  bool acknowledges_;
-  test::PeerStream* stream_ = nullptr;
-  DoipLink link_{
-      {.host = "car", .ecu = 0x1001}, [this](const std::string&, std::uint16_t) { return connect(); }, clock};
-  Conversation conversation_{link_, clock, milliseconds(1000)};
+  std::unique_ptr<DoipLink> link_ = link(0x1001);
+  Conversation conversation_{*link_, clock, milliseconds(1000)};
 };
 
 TEST(LateAnswers, AreNeverTakenForNewOnes) {

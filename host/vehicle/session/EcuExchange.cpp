@@ -1,0 +1,132 @@
+#include "host/vehicle/session/EcuExchange.h"
+
+#include <algorithm>
+
+#include "host/service/Protocol.h"
+#include "host/service/ResponseCheck.h"
+#include "host/service/Timing.h"
+
+namespace tarnlog::host {
+namespace {
+
+using std::chrono::milliseconds;
+
+/// For the refusal of a request that asks for no answer.
+constexpr milliseconds kRefusalTime = 2 * timing::kP2;
+/// Until an ECU that is busy is asked again.
+constexpr milliseconds kBusyPause{20};
+
+}  // namespace
+
+void EcuExchange::start(const LinkTarget& target, std::span<const std::uint8_t> request,
+                        milliseconds timeout) {
+  target_ = target;
+  request_.assign(request.begin(), request.end());
+  timeout_ = timeout;
+  last_ = Moment::max();
+  noAnswer_ = suppressesAnswer(protocolOf(target.protocol), request);
+  result_.response.clear();
+  result_.foreign.clear();
+  result_.obstacle.clear();
+  attempt();
+}
+
+void EcuExchange::attempt() {
+  pending_ = false;
+  verification_.reset();
+  if (!link_.matchesAnswers())
+    verification_ = late_.before(protocolOf(target_.protocol), request_, clock_.now(), timeout_);
+  if (verification_)
+    verify(*verification_);
+  else
+    ask();
+}
+
+void EcuExchange::verify(const LateAnswers::Verification& verification) {
+  if (!link_.send(target_, verification.request)) return unreachable();
+  late_.verificationSent();
+  due_ = clock_.now() + verification.timeout;
+  state_ = State::verifying;
+}
+
+void EcuExchange::ask() {
+  if (!link_.matchesAnswers()) late_.sent(request_, clock_.now(), timeout_);
+  if (!link_.send(target_, request_)) return unreachable();
+  result_.times.sent = clock_.now();
+  last_ = std::min(last_, result_.times.sent + timeout_);
+  due_ = result_.times.sent + (noAnswer_ ? std::min(timeout_, kRefusalTime) : timeout_);
+  state_ = State::awaiting;
+}
+
+void EcuExchange::came(Link::Bytes& response) {
+  if (state_ == State::verifying) {
+    if (late_.isVerifiedBy(verification_->request, response)) ask();
+    return;
+  }
+  if (state_ != State::awaiting) return late_.unasked();
+  const ResponseClass kind = classifyResponse(request_, response);
+  if (kind == ResponseClass::pending) {
+    pending_ = true;
+    due_ = result_.times.sent + pendingTimeout_;
+  } else if (kind == ResponseClass::foreign) {
+    result_.foreign.swap(response);
+  } else {
+    result_.response.swap(response);
+    finish(kind == ResponseClass::positive ? ExchangeOutcome::answered : ExchangeOutcome::refused);
+  }
+}
+
+void EcuExchange::unasked() { late_.unasked(); }
+
+void EcuExchange::silent() {
+  if (state_ == State::verifying && verification_->required) return finish(ExchangeOutcome::silent);
+  if (state_ == State::verifying) {
+    late_.notVerified(*verification_);
+    ask();
+  } else if (state_ == State::awaiting) {
+    finish(pending_ ? ExchangeOutcome::onlyPending : ExchangeOutcome::silent);
+  }
+}
+
+void EcuExchange::unreachable() {
+  result_.obstacle = link_.obstacle();
+  result_.outcome = ExchangeOutcome::unreachable;
+  result_.times.received = clock_.now();
+  state_ = State::over;
+}
+
+void EcuExchange::passTime(Moment now) {
+  if (isOver() || now < due_) return;
+  if (state_ == State::pausing)
+    attempt();
+  else
+    silent();
+}
+
+void EcuExchange::abandon() {
+  if (!isOver()) late_.givenUp(clock_.now());
+  state_ = State::over;
+}
+
+void EcuExchange::finish(ExchangeOutcome outcome) {
+  using Outcome = ExchangeOutcome;
+  const Moment now = clock_.now();
+  const bool asked = state_ == State::awaiting;
+  result_.times.received = now;
+  result_.outcome = outcome;
+  state_ = State::over;
+  if (outcome == Outcome::answered || outcome == Outcome::refused)
+    late_.answered();
+  else if (asked)
+    late_.givenUp(now);
+  if (outcome == Outcome::silent && asked && noAnswer_) {
+    late_.noneExpected();
+    result_.outcome = Outcome::answered;
+  }
+  if (outcome != Outcome::refused || !isBusy(result_.response)) return;
+  if (now + kBusyPause >= last_ || link_.stopAsked()) return;
+  due_ = now + kBusyPause;
+  state_ = State::pausing;
+}
+
+}  // namespace tarnlog::host

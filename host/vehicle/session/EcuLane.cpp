@@ -1,0 +1,51 @@
+#include "host/vehicle/session/EcuLane.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarnlog::host {
+
+void EcuLane::askAhead(const LinkTarget& target, std::span<const std::uint8_t> request,
+                       std::chrono::milliseconds timeout) {
+  if (told_ == ahead_.size()) ahead_.emplace_back();
+  Ahead& ahead = ahead_[told_++];
+  ahead.target = target;
+  ahead.request.assign(request.begin(), request.end());
+  ahead.timeout = timeout;
+}
+
+void EcuLane::forgetAhead() {
+  told_ = next_ = taken_ = 0;
+  isAheadOpen_ = false;
+}
+
+void EcuLane::startNext() {
+  const Ahead& ahead = ahead_[next_++];
+  isAheadOpen_ = true;
+  exchange_.start(ahead.target, ahead.request, ahead.timeout);
+}
+
+void EcuLane::startOther(const LinkTarget& target, std::span<const std::uint8_t> request,
+                         std::chrono::milliseconds timeout) {
+  keepResult();
+  exchange_.start(target, request, timeout);
+}
+
+void EcuLane::storeResult() {
+  isAheadOpen_ = false;
+  ExchangeResult& result = ahead_[next_ - 1].result;
+  std::swap(result, exchange_.result());
+  if (result.outcome != ExchangeOutcome::answered && result.outcome != ExchangeOutcome::refused) told_ = next_;
+}
+
+void EcuLane::sendAgain() {
+  exchange_.abandon();
+  --next_;
+  isAheadOpen_ = false;
+}
+
+bool EcuLane::nextIs(std::span<const std::uint8_t> request) const {
+  return hasAhead() && std::ranges::equal(ahead_[taken_].request, request);
+}
+
+}  // namespace tarnlog::host

@@ -1,7 +1,7 @@
 // Are ECUs asked side by side as fast as the slowest of them lets? Polling cycles of a host's session over
-// diagnostics over IP and over CAN frames, with peers that answer each ECU after a latency of its own, against
-// the same link that asks one ECU after the other, and against a loop that asks the slowest ECU alone. And
-// what an answer costs of the processor's time.
+// diagnostics over IP and over CAN frames, with peers that answer each ECU after a latency of its own,
+// against the same link that asks one ECU after the other, and against a loop that asks the slowest ECU
+// alone. And what an answer costs of the processor's time.
 
 #include <algorithm>
 #include <array>
@@ -19,6 +19,7 @@
 
 #include "bench/support/CountedAllocations.h"
 #include "bench/support/Goals.h"
+#include "host/link/PatientLink.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/link/can/IsoTpLink.h"
 #include "host/link/doip/DoipLink.h"
@@ -44,18 +45,18 @@ using Latencies = std::array<std::chrono::milliseconds, kEcus>;
 constexpr Latencies kEqual{20ms, 20ms, 20ms, 20ms, 20ms};
 constexpr Latencies kMixed{5ms, 10ms, 20ms, 40ms, 80ms};
 
-std::string description(std::size_t ecus, int simulatedLatency) {
+/// With four requests each, answered at once in simulation.
+host::VehicleDescription fiveEcus() {
   std::string text = R"({"name":"car","ecus":[)";
-  std::string simulated;
-  for (std::size_t e = 0; e < ecus; ++e) {
+  for (std::size_t e = 0; e < kEcus; ++e) {
     text += (e > 0 ? "," : "") + std::string(R"({"name":"E)") + std::to_string(e) + R"(","address":)" +
             std::to_string(0x7E0 + e) + R"(,"protocol":"UDS","requests":[)";
     for (std::size_t r = 0; r < kRequests; ++r)
-      text += (r > 0 ? "," : "") + std::string(R"({"name":"R)") + std::to_string(r) + R"(","frame":"22 F0 0)" +
-              std::to_string(r) + R"(","data":[{"name":"V","byte":3,"bytes":2}]})";
+      text += (r > 0 ? "," : "") + std::string(R"({"name":"R)") + std::to_string(r) +
+              R"(","frame":"22 F0 0)" + std::to_string(r) + R"(","data":[{"name":"V","byte":3,"bytes":2}]})";
     text += "]}";
   }
-  return text + R"(],"simulation":{"latency":)" + std::to_string(simulatedLatency) + "}}";
+  return host::parseVehicleDescription(text + R"(],"simulation":{"latency":0}})", "car", {});
 }
 
 /// Answers on their way, each handed on when its time has come.
@@ -93,16 +94,14 @@ class Delayed {
   std::jthread thread_{[this](const std::stop_token& stop) { run(stop); }};
 };
 
-Bytes responseTo(std::span<const std::uint8_t> request) {
-  return {0x62, request[1], request[2], 0x12, 0x34};
-}
+Bytes responseTo(std::span<const std::uint8_t> request) { return {0x62, request[1], request[2], 0x12, 0x34}; }
 
 /// A gateway on loopback: acknowledges at once, and answers for each ECU after its latency.
 test::LoopbackServer gateway(const Latencies& latencies) {
   return test::LoopbackServer([latencies](test::LoopbackConnection& tester) {
     const auto message = [](std::uint8_t type, const Bytes& payload) {
-      Bytes bytes{0x02, 0xFD, static_cast<std::uint8_t>(type == 6 ? 0x00 : 0x80), type, 0, 0, 0,
-                  static_cast<std::uint8_t>(payload.size())};
+      Bytes bytes{0x02, 0xFD, static_cast<std::uint8_t>(type == 6 ? 0x00 : 0x80), type, 0,
+                  0,    0,    static_cast<std::uint8_t>(payload.size())};
       bytes.insert(bytes.end(), payload.begin(), payload.end());
       return bytes;
     };
@@ -162,15 +161,14 @@ class BusPort : public host::CanPort {
   }};
 };
 
-/// A session over one of the links, and its poll set.
+/// A session over one of the links, and its poll set with all requests.
 class Polled {
  public:
-  Polled(std::unique_ptr<host::Link> link, host::LinkClock& clock, std::size_t ecus)
-      : description_(host::parseVehicleDescription(description(ecus, 0), "car", {})),
-        link_(std::move(link)),
-        session_(description_, *link_, clock, {}) {
+  Polled(const host::VehicleDescription& car, host::Link& link, host::LinkClock& clock)
+      : session_(car, link, clock, {}) {
     for (std::size_t e = 0; e < session_.ecuCount(); ++e)
-      for (std::size_t r = 0; r < kRequests; ++r) list_->add(session_.ecu(e).request(r).data(0));
+      for (std::size_t r = 0; r < session_.ecu(e).requestCount(); ++r)
+        list_->add(session_.ecu(e).request(r).data(0));
     set_ = list_->pollSet();
     set_->protocol().initialiseAll();
   }
@@ -186,8 +184,6 @@ class Polled {
   }
 
  private:
-  host::VehicleDescription description_;
-  std::unique_ptr<host::Link> link_;
   host::VehicleSession session_;
   std::unique_ptr<ferrox3::AcquisitionList> list_ = session_.createAcquisitionList();
   std::unique_ptr<ferrox3::PollSet> set_;
@@ -203,15 +199,18 @@ double overDoip(const Latencies& latencies, bool sideBySide) {
   const auto connect = [&](const std::string& name, std::uint16_t port) {
     return std::make_unique<host::TcpStream>(name, port, clock);
   };
-  Polled polled(std::make_unique<host::DoipLink>(settings, connect, clock), clock, kEcus);
-  return polled.cyclesPerSecond();
+  host::PatientLink link(std::make_unique<host::DoipLink>(settings, connect, clock), clock, false);
+  const auto car = fiveEcus();
+  return Polled(car, link, clock).cyclesPerSecond();
 }
 
 double overCan(const Latencies& latencies, bool sideBySide) {
   host::SystemLinkClock clock;
   const auto connect = [&] { return std::make_unique<BusPort>(latencies, clock); };
-  Polled polled(std::make_unique<host::IsoTpLink>(std::nullopt, connect, clock, sideBySide), clock, kEcus);
-  return polled.cyclesPerSecond();
+  host::PatientLink link(std::make_unique<host::IsoTpLink>(std::nullopt, connect, clock, sideBySide), clock,
+                         false);
+  const auto car = fiveEcus();
+  return Polled(car, link, clock).cyclesPerSecond();
 }
 
 /// What the slowest ECU allows.
@@ -239,9 +238,10 @@ void isotpMixed(benchmark::State& state) { measure(state, overCan, kMixed); }
 /// Answers at once, so that only our own work counts.
 void answers(benchmark::State& state, bool sideBySide) {
   host::SystemLinkClock clock;
-  const auto car = host::parseVehicleDescription(description(kEcus, 0), "car", {});
+  const auto car = fiveEcus();
   host::VehicleSimulator simulator(car);
-  Polled polled(std::make_unique<host::SimulatedLink>(clock, simulator, sideBySide), clock, kEcus);
+  host::SimulatedLink link(clock, simulator, {.sideBySide = sideBySide, .bundles = false});
+  Polled polled(car, link, clock);
   for (int i = 0; i < 300; ++i) polled.cycle();
   const std::size_t before = bench::allocationCount();
   std::size_t cycles = 0;
@@ -255,6 +255,32 @@ void answers(benchmark::State& state, bool sideBySide) {
 void answersTogether(benchmark::State& state) { answers(state, true); }
 void answersApart(benchmark::State& state) { answers(state, false); }
 
+/// One ECU with 20 identifiers at 20 ms, simulated; `interval` of every second one in milliseconds.
+double ofOneEcu(bool bundles, std::size_t requests, int interval) {
+  std::string text = R"({"name":"car","ecus":[{"name":"E","address":1,"protocol":"UDS","requests":[)";
+  for (std::size_t r = 0; r < requests; ++r)
+    text += (r > 0 ? "," : "") + std::string(R"({"name":"R)") + std::to_string(r) + R"(","frame":"22 F0 )" +
+            std::to_string(10 + r) + R"(","interval":)" + std::to_string(r % 2 == 1 ? interval : 0) +
+            R"(,"data":[{"name":"V","byte":3,"bytes":2}]})";
+  text += R"(]}],"simulation":{"latency":20}})";
+  host::SystemLinkClock clock;
+  const auto car = host::parseVehicleDescription(text, "car", {});
+  host::VehicleSimulator simulator(car);
+  host::SimulatedLink link(clock, simulator, {.sideBySide = true, .bundles = bundles});
+  Polled polled(car, link, clock);
+  return polled.cyclesPerSecond();
+}
+
+void identifiers(benchmark::State& state) {
+  for (auto _ : state) state.counters["of_single"] = ofOneEcu(true, 20, 0) / ofOneEcu(false, 20, 0);
+}
+/// Of 10 requests, every second one comes so rarely that it should cost nothing.
+void interval(benchmark::State& state) {
+  for (auto _ : state) state.counters["of_without"] = ofOneEcu(false, 10, 3'600'000) / ofOneEcu(false, 5, 0);
+}
+
+BENCHMARK(identifiers)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(interval)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(doip)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(doipMixed)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(isotp)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
@@ -274,6 +300,8 @@ int main(int argc, char** argv) {
     goals.absolute(link + "_of_slowest_of_five", link + "Mixed/iterations:1/repeats:3", atLeast(0.95),
                    "of_slowest");
   }
+  goals.absolute("samples_of_20_identifiers", "identifiers/iterations:1/repeats:3", atLeast(5), "of_single");
+  goals.absolute("cycles_with_interval", "interval/iterations:1/repeats:3", atLeast(0.97), "of_without");
   goals.ratio("answer_side_by_side", "answersTogether", "answersApart", bench::atMost(1.2));
   goals.absolute("allocations_side_by_side", "answersTogether", bench::atMost(0.01), "allocations");
   return goals.run(argc, argv);

@@ -141,7 +141,8 @@ class FramePort : public CanPort {
 
 void askOverCan(Bytes bytes) {
   tarnlog::test::ManualLinkClock clock;
-  IsoTpLink link({}, [&] { return std::make_unique<FramePort>(bytes, clock); }, clock);
+  IsoTpLink link(
+      {}, [&] { return std::make_unique<FramePort>(bytes, clock); }, clock);
   const Link::Bytes request(40, 0x22);
   Link::Bytes response;
   while (!bytes.empty())

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -15,6 +16,9 @@
 
 namespace tarnlog::host {
 
+/// Data identifiers that are asked for at once where nothing else limits them.
+inline constexpr std::size_t kMostIdentifiersAtOnce = 64;
+
 /// How often requests of each diagnostic service were sent, by its identifier.
 using ServiceCounts = std::array<std::uint64_t, 0x100>;
 
@@ -23,6 +27,12 @@ struct LinkTarget {
   std::int32_t address = 0;                ///< the ECU's diagnostic address
   std::string protocol;                    ///< as the vehicle description names it, e.g. "KWP2000"
   std::optional<std::int32_t> response{};  ///< CAN identifier of its answers; none: follows from `address`
+};
+
+/// What a link does to ask faster, where it can.
+struct LinkHabits {
+  bool sideBySide = true;  ///< several ECUs are asked at a time
+  bool bundles = true;     ///< several data identifiers are asked for at once
 };
 
 /// Raised within a link when a request cannot reach its ECU, while the link itself works on. `Link` makes a
@@ -89,6 +99,13 @@ class Link {
   virtual bool takesSeveralPids(const LinkTarget& target) const {
     static_cast<void>(target);
     return false;
+  }
+
+  /// How many data identifiers a service 22 request may ask this ECU for at once (ISO 14229-1), as far as the
+  /// link is concerned; at least 1. Known after the first request to it.
+  virtual std::size_t mostIdentifiers(const LinkTarget& target) const {
+    static_cast<void>(target);
+    return 1;
   }
 
   /// A number for whoever answers this target.

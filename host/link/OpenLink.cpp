@@ -15,6 +15,7 @@
 #include "host/link/trace/ReplayPeer.h"
 #include "host/link/trace/SimulatedLink.h"
 #include "host/link/trace/Trace.h"
+#include "host/service/Services.h"
 
 namespace tarnlog::host {
 namespace {
@@ -22,30 +23,34 @@ namespace {
 class ReplayLink : private ReplayPeer, public SimulatedLink {
  public:
   ReplayLink(std::vector<TraceEntry> entries, const std::string& file, LinkClock& clock,
-             const PidBytes& pidBytes, bool sideBySide)
+             const PidBytes& pidBytes, const LinkHabits& habits)
       : ReplayPeer(std::move(entries), file, pidBytes),
-        SimulatedLink(clock, static_cast<ReplayPeer&>(*this), sideBySide) {}
-  bool takesSeveralPids(const LinkTarget& target) const override { return asksSeveralPids(target); }
+        SimulatedLink(clock, static_cast<ReplayPeer&>(*this), habits) {}
+  bool takesSeveralPids(const LinkTarget& target) const override {
+    return asksSeveral(target, service::kCurrentData, 2);
+  }
+  /// As many as the drive was made with: asked for otherwise, they would not come as the car gave them.
+  std::size_t mostIdentifiers(const LinkTarget& target) const override {
+    return asksSeveral(target, service::kReadDataByIdentifier, 3) ? SimulatedLink::mostIdentifiers(target)
+                                                                  : 1;
+  }
 
  protected:
   std::vector<LinkTarget> doFindEcus() override { return obdEcus(); }
 };
 
-/// Several ECUs are asked at a time, unless the user says otherwise.
-bool sideBySide(const LinkUrl& url) { return url.numberOption("parallel", 0, 1).value_or(1) == 1; }
-
 std::unique_ptr<Link> replay(const LinkUrl& url, LinkClock& clock, const FileSystem& files,
                              const PidBytes& pidBytes) {
-  url.allowOptions({"parallel"});
+  url.allowOptions({"parallel", "bundle"});
   const std::string& file = url.path();
   if (file.empty()) url.expected("path", "the file of a trace", file);
   return std::make_unique<ReplayLink>(parseTrace(files.readAll(file), file), file, clock, pidBytes,
-                                      sideBySide(url));
+                                      linkHabits(url));
 }
 
 std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
   constexpr std::int64_t kHighestAddress = 0xFFFF;
-  url.allowOptions({"ecu", "tester", "parallel"});
+  url.allowOptions({"ecu", "tester", "parallel", "bundle"});
   if (url.host().empty()) url.expected("host", "a name, an address, or * to look for a car", url.host());
   DoipSettings settings;
   settings.host = url.host();
@@ -54,12 +59,12 @@ std::unique_ptr<Link> doip(const LinkUrl& url, LinkClock& clock) {
     settings.tester = static_cast<std::uint16_t>(*tester);
   if (const auto ecu = url.numberOption("ecu", 1, kHighestAddress))
     settings.ecu = static_cast<std::uint16_t>(*ecu);
-  settings.sideBySide = sideBySide(url);
+  settings.sideBySide = linkHabits(url).sideBySide;
   const auto connect = [&clock](const std::string& host, std::uint16_t port) {
     return std::make_unique<TcpStream>(host, port, clock);
   };
-  return std::make_unique<PatientLink>(std::make_unique<DoipLink>(std::move(settings), connect, clock),
-                                       clock);
+  return std::make_unique<PatientLink>(std::make_unique<DoipLink>(std::move(settings), connect, clock), clock,
+                                       linkHabits(url).bundles);
 }
 
 std::unique_ptr<ByteStream> elm327Stream(const LinkUrl& url, LinkClock& clock) {
@@ -80,7 +85,7 @@ std::unique_ptr<ByteStream> elm327Stream(const LinkUrl& url, LinkClock& clock) {
 }
 
 std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
-  url.allowOptions({"baud", "protocol"});
+  url.allowOptions({"baud", "protocol", "bundle"});
   std::optional<char> protocol;
   if (const std::string* const text = url.option("protocol")) {
     const bool known =
@@ -92,7 +97,7 @@ std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
   TextTap& tap = *stream;
   auto link = std::make_unique<Elm327Link>(std::move(stream), protocol, clock);
   tap.tellTo(*link);
-  return std::make_unique<PatientLink>(std::move(link), clock);
+  return std::make_unique<PatientLink>(std::move(link), clock, linkHabits(url).bundles);
 }
 
 /// CAN identifiers are written in hexadecimal, with or without 0x.
@@ -109,7 +114,7 @@ std::optional<std::uint32_t> identifier(const LinkUrl& url, const char* name) {
 }
 
 std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
-  url.allowOptions({"tx", "rx", "parallel"});
+  url.allowOptions({"tx", "rx", "parallel", "bundle"});
   const std::string& interface = url.host();
   if (interface.empty()) url.expected("interface", "a CAN interface like can0", interface);
   const auto transmit = identifier(url, "tx");
@@ -119,11 +124,17 @@ std::unique_ptr<Link> isoTp(const LinkUrl& url, LinkClock& clock) {
   if (transmit && *transmit == *receive) url.expected("rx", "another identifier than tx", *url.option("rx"));
   const auto pair = transmit ? std::optional(CanPair{*transmit, *receive}) : std::nullopt;
   const auto connect = [interface, &clock] { return makeSocketCanPort(interface, clock); };
-  return std::make_unique<PatientLink>(std::make_unique<IsoTpLink>(pair, connect, clock, sideBySide(url)),
-                                       clock);
+  const LinkHabits habits = linkHabits(url);
+  return std::make_unique<PatientLink>(std::make_unique<IsoTpLink>(pair, connect, clock, habits.sideBySide),
+                                       clock, habits.bundles);
 }
 
 }  // namespace
+
+LinkHabits linkHabits(const LinkUrl& url) {
+  const auto isOn = [&](const char* name) { return url.numberOption(name, 0, 1).value_or(1) == 1; };
+  return {.sideBySide = isOn("parallel"), .bundles = isOn("bundle")};
+}
 
 std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files,
                                const PidBytes& pidBytes) {

@@ -5,6 +5,7 @@
 
 #include "host/link/Link.h"
 #include "host/link/LinkClock.h"
+#include "host/link/LinkUrl.h"
 #include "host/link/trace/ReplayPeer.h"
 #include "platform/files/FileSystem.h"
 
@@ -23,9 +24,14 @@ namespace tarnlog::host {
 ///
 /// The kind of an adapter may be left out: "/dev/ttyUSB0", "192.168.0.10:35000".
 ///
+/// "parallel=0" lets them ask one ECU after the other, "bundle=0" one data identifier at a time.
+///
 /// After a failure the links keep further attempts to open them apart. A TarnError names the URL, the place
 /// and what was expected there. The clock must outlive the link. `pidBytes` is for a replay: see ReplayPeer.
 std::unique_ptr<Link> openLink(const std::string& url, LinkClock& clock, const FileSystem& files,
                                const PidBytes& pidBytes = {});
+
+/// How a link asks, by the options "parallel" and "bundle" of its URL (0 or 1; both are on without them).
+LinkHabits linkHabits(const LinkUrl& url);
 
 }  // namespace tarnlog::host

@@ -25,7 +25,9 @@ class PatientLink : public Link {
   }
 
  public:
-  PatientLink(std::unique_ptr<Link> link, LinkClock& clock) : link_(std::move(link)), backOff_(clock) {
+  /// `bundles` false: data identifiers are asked for one by one.
+  PatientLink(std::unique_ptr<Link> link, LinkClock& clock, bool bundles = true)
+      : link_(std::move(link)), bundles_(bundles), backOff_(clock) {
     link_->setIdleHook([this] { idle(); });
     link_->setStopQuestion([this] { return stopAsked(); });
   }
@@ -33,6 +35,9 @@ class PatientLink : public Link {
   const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  std::size_t mostIdentifiers(const LinkTarget& target) const override {
+    return bundles_ ? link_->mostIdentifiers(target) : 1;
+  }
   void setTextHook(TextHook hook) override { link_->setTextHook(std::move(hook)); }
   std::int64_t answererOf(const LinkTarget& target) const override { return link_->answererOf(target); }
   bool matchesAnswers() const override { return link_->matchesAnswers(); }
@@ -64,6 +69,7 @@ class PatientLink : public Link {
 
  private:
   std::unique_ptr<Link> link_;
+  bool bundles_;
   BackOff backOff_;
 };
 

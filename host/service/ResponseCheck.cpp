@@ -120,15 +120,16 @@ ResponseClass classifyResponse(std::span<const std::uint8_t> request,
     return response[2] == nrc::kResponsePending ? ResponseClass::pending : ResponseClass::negative;
   const std::size_t repeated = repeatedBytes(request);
   if (response.size() < repeated || response[0] != positiveService(request[0])) return ResponseClass::foreign;
-  // Of several PIDs any may come first.
-  if (request[0] == service::kCurrentData && request.size() > 2)
-    return std::find(request.begin() + 1, request.end(), response[1]) != request.end()
-               ? ResponseClass::positive
-               : ResponseClass::foreign;
-  return std::equal(request.begin() + 1, request.begin() + static_cast<std::ptrdiff_t>(repeated),
-                    response.begin() + 1)
-             ? ResponseClass::positive
-             : ResponseClass::foreign;
+  const auto parameter = response.subspan(1, repeated - 1);
+  const auto startsWith = [&](std::span<const std::uint8_t> asked) {
+    return asked.size() >= parameter.size() && std::ranges::equal(asked.first(parameter.size()), parameter);
+  };
+  if (startsWith(request.subspan(1))) return ResponseClass::positive;
+  // Of several PIDs or identifiers any may come first.
+  if (request[0] == service::kCurrentData || request[0] == service::kReadDataByIdentifier)
+    for (std::size_t at = repeated; at < request.size(); at += parameter.size())
+      if (startsWith(request.subspan(at))) return ResponseClass::positive;
+  return ResponseClass::foreign;
 }
 
 bool isAnswerTo(std::span<const std::uint8_t> request, std::span<const std::uint8_t> response) {

@@ -14,6 +14,8 @@ namespace tarnlog::host {
 /// Negative response codes that change what is done next.
 namespace nrc {
 
+inline constexpr std::uint8_t kIncorrectMessageLength = 0x13;  ///< or an invalid format
+inline constexpr std::uint8_t kResponseTooLong = 0x14;
 inline constexpr std::uint8_t kBusyRepeatRequest = 0x21;
 inline constexpr std::uint8_t kConditionsNotCorrect = 0x22;
 inline constexpr std::uint8_t kResponsePending = 0x78;

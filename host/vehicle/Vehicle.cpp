@@ -45,12 +45,11 @@ std::unique_ptr<Link> linkAt(const std::string& url, LinkClock& clock, const Fil
 /// The description's own simulation; one that its link names asks for no car.
 bool isSimulation(const std::string& url) { return url.empty() || LinkUrl(url).scheme() == "simulation"; }
 
-/// Several simulated ECUs are asked at a time, unless the user says otherwise.
-bool goesSideBySide(const std::string& url) {
-  if (url.empty()) return true;
+LinkHabits simulationHabits(const std::string& url) {
+  if (url.empty()) return {};
   const LinkUrl link(url);
-  link.allowOptions({"parallel"});
-  return link.numberOption("parallel", 0, 1).value_or(1) == 1;
+  link.allowOptions({"parallel", "bundle"});
+  return linkHabits(link);
 }
 
 /// Makes the link; the peer is the description's simulation.
@@ -128,8 +127,9 @@ std::unique_ptr<OpenedVehicle> openVehicle(const std::string& path, FileSystem& 
   for (const std::string& interval : options.intervals) setInterval(description, interval);
   const std::string url = options.url.empty() ? description.link : options.url;
   const auto makeLink = [&](SimulatedPeer& simulation) {
-    return traced(isSimulation(url) ? std::make_unique<SimulatedLink>(clock, simulation, goesSideBySide(url))
-                                    : linkAt(url, clock, files));
+    return traced(isSimulation(url)
+                      ? std::make_unique<SimulatedLink>(clock, simulation, simulationHabits(url))
+                      : linkAt(url, clock, files));
   };
   auto vehicle = std::make_unique<VehicleOverLink>(std::move(description), std::move(locale), clock,
                                                    std::move(idleHook), makeLink);

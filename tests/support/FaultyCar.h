@@ -25,7 +25,8 @@ struct Delivery {
   bool cut = false;  ///< only its first half comes
 };
 
-/// An ECU that ends each answer with the number of times that it was asked this, and does wrong at random.
+/// An ECU that answers with the number of times that it was asked this, and does wrong at random. Asked for
+/// several identifiers at once (service 22), it numbers each.
 class FaultyEcu {
  public:
   using Bytes = std::vector<std::uint8_t>;
@@ -41,12 +42,8 @@ class FaultyEcu {
 
   std::vector<Delivery> answer(const Bytes& request) {
     const std::chrono::microseconds soon{500};
-    const unsigned count = ++asked[request];
     if (request[0] == 0x3E && !knowsTesterPresent) return {};
-    Bytes bytes(request);
-    bytes[0] = static_cast<std::uint8_t>(bytes[0] + 0x40);
-    if (request[0] != 0x3E)
-      bytes.insert(bytes.end(), {static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
+    const Bytes bytes = positive(request);
     const Delivery right{usual, bytes};
     const std::chrono::milliseconds late(150 + random_() % 400);
     switch (fault()) {
@@ -71,6 +68,20 @@ class FaultyEcu {
   }
 
  private:
+  Bytes positive(const Bytes& request) {
+    Bytes bytes{static_cast<std::uint8_t>(request[0] + 0x40)};
+    const std::size_t size = request[0] == 0x22 ? 2 : request.size() - 1;
+    for (std::size_t at = 1; at < request.size(); at += size) {
+      const auto first = request.begin() + static_cast<std::ptrdiff_t>(at);
+      Bytes single(first, first + static_cast<std::ptrdiff_t>(size));
+      bytes.insert(bytes.end(), single.begin(), single.end());
+      single.insert(single.begin(), request[0]);
+      const unsigned count = ++asked[single];
+      if (request[0] != 0x3E)
+        bytes.insert(bytes.end(), {static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)});
+    }
+    return bytes;
+  }
   Fault fault() {
     return faults.empty() || random_() % 6 != 0 ? Fault::none : faults[random_() % faults.size()];
   }
@@ -89,7 +100,8 @@ class FaultyCar {
   std::size_t openAtMost = 0;  ///< that were open at a time, the refused one included
 
   /// Something comes from this ECU.
-  void put(std::chrono::microseconds delay, unsigned type, const FaultyEcu::Bytes& payload, bool cut = false) {
+  void put(std::chrono::microseconds delay, unsigned type, const FaultyEcu::Bytes& payload,
+           bool cut = false) {
     const std::string message = DoipPeer().message(type, host::hexText(payload));
     stream_->put(std::string_view(message).substr(0, message.size() - (cut ? 2 : 0)), delay);
   }

@@ -20,7 +20,8 @@
 namespace tarnlog::test {
 
 /// ECUs on a bus: what they send after each of our frames. They answer over the identifier 8 above that of
-/// the request, or with 29 bits over that with the last two bytes changed round, unless `from` says otherwise.
+/// the request, or with 29 bits over that with the last two bytes changed round, unless `from` says
+/// otherwise.
 class ScriptedBus : public host::CanPort {
  public:
   struct Log {

@@ -136,8 +136,8 @@ std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t 
   std::vector<bool> heard(static_cast<std::size_t>(count));
   while (clock_.now() < deadline && ecus.size() < heard.size()) {
     if (!step(deadline)) continue;
-    const auto place = std::ranges::find_if(
-        channels_, [&](const IsoTpChannel& channel) { return &channel == complete_; });
+    const auto place =
+        std::ranges::find_if(channels_, [&](const IsoTpChannel& channel) { return &channel == complete_; });
     heard[static_cast<std::size_t>(std::distance(channels_.begin(), place))] = true;
   }
   for (std::int32_t i = 0; i < count; ++i)

@@ -26,6 +26,7 @@ class IsoTpLink : public Link {
   IsoTpLink(std::optional<CanPair> pair, Connect connect, LinkClock& clock, bool sideBySide = true);
 
   bool takesSeveralPids(const LinkTarget& /*target*/) const override { return true; }
+  std::size_t mostIdentifiers(const LinkTarget& /*target*/) const override { return kMostIdentifiersAtOnce; }
   std::int64_t answererOf(const LinkTarget& target) const override;
   bool matchesAnswers() const override { return false; }
   bool sideBySide() const override { return sideBySide_; }

@@ -179,7 +179,8 @@ bool DoipLink::isAnswer(const DoipMessage& message) const {
 }
 
 /// The ECU whose message, acknowledgement or refusal it is. Some gateways speak in their own name: then it is
-/// the oldest request that waits for that. Answers to a functional address come from ECUs that were not asked.
+/// the oldest request that waits for that. Answers to a functional address come from ECUs that were not
+/// asked.
 std::map<std::uint16_t, DoipLink::Ecu>::iterator DoipLink::spokenFor(const DoipMessage& message) {
   const std::uint16_t source = doipNumber(message.payload, 0).value_or(0);
   const auto known = ecus_.find(source);

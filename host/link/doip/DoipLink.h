@@ -34,6 +34,7 @@ class DoipLink : public Link {
   /// `connect` makes a closed stream. The clock must outlive the link.
   DoipLink(DoipSettings settings, Connect connect, LinkClock& clock);
 
+  std::size_t mostIdentifiers(const LinkTarget& /*target*/) const override { return kMostIdentifiersAtOnce; }
   std::int64_t answererOf(const LinkTarget& target) const override { return ecuOf(target); }
   bool matchesAnswers() const override { return false; }
   /// Answers to a functional address come from any ECU: nobody else is asked meanwhile.
@@ -82,7 +83,7 @@ class DoipLink : public Link {
   LinkClock& clock_;
   std::unique_ptr<ByteStream> stream_;
   DoipStream messages_;
-  std::uint16_t gateway_ = 0;  ///< from vehicle identification or the routing activation response
+  std::uint16_t gateway_ = 0;          ///< from vehicle identification or the routing activation response
   std::map<std::uint16_t, Ecu> ecus_;  ///< by logical address
   std::uint64_t sequence_ = 0;         ///< of the request that was sent last
   bool groupAsked_ = false;

@@ -408,6 +408,10 @@ std::vector<LinkTarget> Elm327Link::doFindEcus() {
   return ecus;
 }
 
+std::size_t Elm327Link::mostIdentifiers(const LinkTarget& target) const {
+  return takesSeveralPids(target) ? 3 : 1;
+}
+
 bool Elm327Link::takesSeveralPids(const LinkTarget&) const { return isCan(adapter_.bus()); }
 
 }  // namespace tarnlog::host

@@ -35,6 +35,8 @@ class Elm327Link : public Link {
 
   std::string silence() const override;
   bool takesSeveralPids(const LinkTarget& target) const override;
+  /// As many as fit into one frame of CAN.
+  std::size_t mostIdentifiers(const LinkTarget& target) const override;
 
   std::string adapterName() const override { return adapterName_; }
   const ServiceCounts& servicesSent() const override { return console_.servicesSent(); }

@@ -76,11 +76,11 @@ void ReplayPeer::learn(std::size_t place, const PidBytes& pidBytes) {
 
 std::optional<std::size_t> ReplayPeer::find(const Datum& datum) const {
   constexpr std::chrono::seconds kBehind{5};  // longer than ECUs that are asked side by side lie apart
-  const auto latest = std::ranges::lower_bound(entries_, entries_[farthest_].time - kBehind, {},
-                                               &TraceEntry::time);
+  const auto latest =
+      std::ranges::lower_bound(entries_, entries_[farthest_].time - kBehind, {}, &TraceEntry::time);
   const auto own = places_.find(entries_[datum.asked.front()].target.address);
-  const std::size_t from = std::max(own == places_.end() ? 0 : own->second,
-                                    static_cast<std::size_t>(latest - entries_.begin()));
+  const std::size_t from =
+      std::max(own == places_.end() ? 0 : own->second, static_cast<std::size_t>(latest - entries_.begin()));
   const auto first = datum.asked.begin() + static_cast<std::ptrdiff_t>(datum.next);
   const auto found = std::lower_bound(first, datum.asked.end(), from);
   return found == datum.asked.end() ? std::nullopt : std::optional(*found);
@@ -215,10 +215,10 @@ std::vector<LinkTarget> ReplayPeer::obdEcus() const {
   return ecus;
 }
 
-bool ReplayPeer::asksSeveralPids(const LinkTarget& target) const {
+bool ReplayPeer::asksSeveral(const LinkTarget& target, std::uint8_t service, std::size_t bytes) const {
   return std::ranges::any_of(entries_, [&](const TraceEntry& entry) {
-    return entry.kind == Kind::request && entry.target.address == target.address && entry.bytes.size() > 2 &&
-           entry.bytes.front() == service::kCurrentData;
+    return entry.kind == Kind::request && entry.target.address == target.address &&
+           entry.bytes.size() > bytes && entry.bytes.front() == service;
   });
 }
 

@@ -18,10 +18,10 @@ namespace tarnlog::host {
 using PidBytes = std::function<std::size_t(std::uint8_t pid)>;
 
 /// Answers from a trace, as late as the car did. Each request is looked for in the trace from the one that
-/// its ECU answered last, so a recording asks its way through; no ECU stays far behind the others. One that does not come again is silence. Where
-/// several PIDs (service 01) or identifiers (service 22) were asked for at once, each is found by itself:
-/// they may be asked for in other company, or alone. When nothing that was answered comes again, the trace
-/// has ended, which is a TarnError at each further request.
+/// its ECU answered last, so a recording asks its way through; no ECU stays far behind the others. One that
+/// does not come again is silence. Where several PIDs (service 01) or identifiers (service 22) were asked for
+/// at once, each is found by itself: they may be asked for in other company, or alone. When nothing that was
+/// answered comes again, the trace has ended, which is a TarnError at each further request.
 class ReplayPeer : public SimulatedPeer {
  public:
   /// `file` is for messages. `pidBytes` helps to tell the PIDs of one answer apart; what it does not know is
@@ -35,8 +35,8 @@ class ReplayPeer : public SimulatedPeer {
 
   /// The ECUs that the trace asks for OBD data, each once.
   std::vector<LinkTarget> obdEcus() const;
-  /// The trace asks an ECU for several PIDs of service 01 at once.
-  bool asksSeveralPids(const LinkTarget& target) const;
+  /// The trace has a request of this service and more than so many bytes to this ECU.
+  bool asksSeveral(const LinkTarget& target, std::uint8_t service, std::size_t bytes) const;
 
  private:
   /// What a request asks an ECU for: one PID, one identifier, or a whole frame.

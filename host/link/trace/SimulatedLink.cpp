@@ -12,7 +12,7 @@ void SimulatedLink::doOpen() {
 void SimulatedLink::doClose() { asked_.clear(); }
 
 SimulatedLink::Asked& SimulatedLink::askedOf(std::int64_t answerer) {
-  if (!sideBySide_) answerer = 0;
+  if (!habits_.sideBySide) answerer = 0;
   const auto known = std::ranges::find(asked_, answerer, &Asked::answerer);
   return known != asked_.end() ? *known : asked_.emplace_back(Asked{.answerer = answerer});
 }
@@ -44,7 +44,7 @@ Link::Received SimulatedLink::doReceive(Bytes& response, std::chrono::millisecon
   }
   clock_.waitUntil(asked->due(), waitHook_);
   SimulatedAnswers::Answer& answer = asked->answers[asked->next++];
-  if (sideBySide_) setAnswerer(asked->answerer);
+  if (habits_.sideBySide) setAnswerer(asked->answerer);
   if (answer.failure) std::rethrow_exception(answer.failure);
   if (answer.silence) return Received::silent;
   response.swap(answer.bytes);

@@ -16,10 +16,13 @@ namespace tarnlog::host {
 /// outlive it.
 class SimulatedLink : public Link {
  public:
-  SimulatedLink(LinkClock& clock, SimulatedPeer& peer, bool sideBySide = true)
-      : clock_(clock), peer_(peer), sideBySide_(sideBySide) {}
+  SimulatedLink(LinkClock& clock, SimulatedPeer& peer, LinkHabits habits = {})
+      : clock_(clock), peer_(peer), habits_(habits) {}
 
-  bool sideBySide() const override { return sideBySide_; }
+  std::size_t mostIdentifiers(const LinkTarget& /*target*/) const override {
+    return habits_.bundles ? kMostIdentifiersAtOnce : 1;
+  }
+  bool sideBySide() const override { return habits_.sideBySide; }
 
  protected:
   void doOpen() override;
@@ -44,7 +47,7 @@ class SimulatedLink : public Link {
 
   LinkClock& clock_;
   SimulatedPeer& peer_;
-  bool sideBySide_;
+  LinkHabits habits_;
   std::deque<Asked> asked_;
   Moment opened_{};
   StopPatience patience_{*this, clock_};

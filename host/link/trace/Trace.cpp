@@ -101,7 +101,8 @@ std::string traceRemark(std::chrono::microseconds time, bool sent, std::string_v
 std::string traceLine(const TraceEntry& entry) {
   constexpr std::string_view kSigns = "><x!";  // in the order of the kinds
   std::string line = seconds(entry.time) + ' ' + kSigns[static_cast<std::size_t>(entry.kind)];
-  const std::string target = fmt::format("{} {} ", entry.target.address, withoutBlanks(entry.target.protocol));
+  const std::string target =
+      fmt::format("{} {} ", entry.target.address, withoutBlanks(entry.target.protocol));
   if (entry.kind == Kind::request)
     line += ' ' + target;
   else

@@ -35,10 +35,10 @@ struct TraceEntry {
 
   std::chrono::microseconds time{};
   Kind kind = Kind::request;
-  LinkTarget target;  ///< who was asked, answers, or was not reached
+  LinkTarget target;     ///< who was asked, answers, or was not reached
   bool ofNewest = true;  ///< it belongs to the request before it
-  Link::Bytes bytes;  ///< of a request or response
-  std::string text;   ///< of a failure, or why an ECU was not reached
+  Link::Bytes bytes;     ///< of a request or response
+  std::string text;      ///< of a failure, or why an ECU was not reached
 };
 
 inline constexpr std::string_view kTraceHeading = "# tarnlog trace 1";

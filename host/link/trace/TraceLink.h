@@ -24,6 +24,9 @@ class TraceLink : public Link {
   const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
   bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  std::size_t mostIdentifiers(const LinkTarget& target) const override {
+    return link_->mostIdentifiers(target);
+  }
   std::int64_t answererOf(const LinkTarget& target) const override { return link_->answererOf(target); }
   bool matchesAnswers() const override { return link_->matchesAnswers(); }
   bool sideBySide() const override { return link_->sideBySide(); }

@@ -35,7 +35,8 @@ milliseconds readTimeout(const JsonObject& object, std::string_view key, std::in
 }
 
 RequestDescription readRequest(const JsonPlace& place, milliseconds timeout, UniqueNames& names) {
-  const JsonObject object = place.object({"name", "frame", "available", "timeout", "interval", "onRefusal", "data"});
+  const JsonObject object =
+      place.object({"name", "frame", "available", "timeout", "interval", "onRefusal", "data"});
   RequestDescription request;
   request.name = names.read(object.require("name"));
   request.frame = object.require("frame").frame();

@@ -64,6 +64,7 @@ class Conversation {
   /// As the link's.
   std::vector<LinkTarget> findEcus();
   bool takesSeveralPids(const LinkTarget& target) const { return link_.takesSeveralPids(target); }
+  std::size_t mostIdentifiers(const LinkTarget& target) const { return link_.mostIdentifiers(target); }
   bool busy() const { return busy_; }
   std::string adapterName() const { return link_.adapterName(); }
   const ServiceCounts& servicesSent() const { return link_.servicesSent(); }

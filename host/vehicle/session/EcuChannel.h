@@ -1,11 +1,15 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string>
 
 #include "host/link/Link.h"
+#include "host/service/Protocol.h"
 #include "host/vehicle/description/VehicleDescription.h"
 #include "host/vehicle/session/SessionKeeper.h"
 #include "platform/base/TarnError.h"
@@ -43,12 +47,20 @@ class EcuChannel {
   bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }
   /// It was tried, and the ECU did not.
   void setOnePidOnly() { onePidOnly_ = true; }
+  /// Data identifiers that one request may ask for, as far as is known.
+  std::size_t mostIdentifiers() const {
+    return std::min(mostIdentifiers_, conversation_.mostIdentifiers(target_));
+  }
+  /// At least one.
+  void setMostIdentifiers(std::size_t count) { mostIdentifiers_ = std::max<std::size_t>(count, 1); }
+  Protocol protocol() const { return protocolOf(target_.protocol); }
 
  private:
   const std::string& name_;
   SessionKeeper& conversation_;
   LinkTarget target_;
   bool onePidOnly_ = false;
+  std::size_t mostIdentifiers_ = std::numeric_limits<std::size_t>::max();
   std::uint64_t answers_ = 0;
 };
 

@@ -35,7 +35,8 @@ void EcuLane::storeResult() {
   isAheadOpen_ = false;
   ExchangeResult& result = ahead_[next_ - 1].result;
   std::swap(result, exchange_.result());
-  if (result.outcome != ExchangeOutcome::answered && result.outcome != ExchangeOutcome::refused) told_ = next_;
+  if (result.outcome != ExchangeOutcome::answered && result.outcome != ExchangeOutcome::refused)
+    told_ = next_;
 }
 
 void EcuLane::sendAgain() {

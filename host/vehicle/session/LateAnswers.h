@@ -60,7 +60,7 @@ class LateAnswers {
   int strayed_ = 0;                    ///< those of them that are older than the last request
   std::vector<std::uint8_t> request_;  ///< sent last
   int alike_ = 0;                      ///< how often in a row
-  bool unprovable_ = false;            ///< it did not answer a verification request when nothing was outstanding
+  bool unprovable_ = false;  ///< it did not answer a verification request when nothing was outstanding
 };
 
 }  // namespace tarnlog::host

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/vehicle/session/IdentifierBundle.h"
 #include "host/vehicle/session/PolledRequest.h"
 
 namespace tarnlog::host {
@@ -27,6 +28,7 @@ void PollCycle::begin(std::size_t position) {
     due = std::min(due, request->due());
   }
   begun_ = true;
+  for (IdentifierBundle* const bundle : bundles_) bundle->forget();
   if (!asks) return conversation_.pause(std::chrono::ceil<std::chrono::milliseconds>(due - now));
   if (!severalEcus_ || !conversation_.goesSideBySide()) return;
   conversation_.forgetAhead();
@@ -35,8 +37,9 @@ void PollCycle::begin(std::size_t position) {
 }
 
 void PollCycle::clear() {
-  requests_.clear();
   forget();
+  requests_.clear();
+  bundles_.clear();
 }
 
 void PollCycle::forget() {

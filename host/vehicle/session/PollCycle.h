@@ -8,6 +8,7 @@
 
 namespace tarnlog::host {
 
+class IdentifierBundle;
 class PolledRequest;
 
 /// Decides when a polling cycle begins which of its requests are sent, and tells all of them ahead where
@@ -19,6 +20,8 @@ class PollCycle {
 
   /// In the order in which they are sent; must outlive it.
   void add(PolledRequest& request);
+  /// Requests that are asked for together; must outlive it.
+  void add(IdentifierBundle& bundle) { bundles_.push_back(&bundle); }
   /// Its requests are gone.
   void clear();
   /// This one is sent now. A request that is not behind the one before is the first of a cycle. Where no
@@ -33,6 +36,7 @@ class PollCycle {
   SessionKeeper& conversation_;
   LinkClock& clock_;
   std::vector<PolledRequest*> requests_;
+  std::vector<IdentifierBundle*> bundles_;
   std::size_t next_ = 0;  ///< what comes in this cycle
   bool begun_ = false;
   bool severalEcus_ = false;

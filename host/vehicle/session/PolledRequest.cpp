@@ -14,8 +14,8 @@ using Outcome = Conversation::Outcome;
 
 }  // namespace
 
-/// Intervals count from the first time on, so that none is stretched by the length of a cycle; what was missed
-/// by more is not made up for.
+/// Intervals count from the first time on, so that none is stretched by the length of a cycle; what was
+/// missed by more is not made up for.
 void PolledRequest::plan(Moment now) {
   const Moment interval = request_.description().interval;
   asked_ = now >= due_;

@@ -68,11 +68,11 @@ class PolledRequest : public ferrox3::Request {
   PollCycle& cycle_;
   std::size_t position_;
   bool leftOut_ = false;
-  bool asked_ = true;  ///< in this cycle
-  Moment due_{};       ///< when it is to be sent next
-  int silences_ = 0;               ///< in a row
-  std::uint64_t ecuAnswers_ = 0;   ///< of its ECU, at the last silence
-  std::uint64_t allAnswers_ = 0;   ///< of all ECUs, at the last silence
+  bool asked_ = true;             ///< in this cycle
+  Moment due_{};                  ///< when it is to be sent next
+  int silences_ = 0;              ///< in a row
+  std::uint64_t ecuAnswers_ = 0;  ///< of its ECU, at the last silence
+  std::uint64_t allAnswers_ = 0;  ///< of all ECUs, at the last silence
 };
 
 }  // namespace tarnlog::host

@@ -35,6 +35,9 @@ class SessionKeeper {
   const std::string& obstacle() const { return conversation_.obstacle(); }
   void end();
   bool takesSeveralPids(const LinkTarget& target) const { return conversation_.takesSeveralPids(target); }
+  std::size_t mostIdentifiers(const LinkTarget& target) const {
+    return conversation_.mostIdentifiers(target);
+  }
   std::uint64_t answers() const { return conversation_.answers(); }
   /// Of the last `exchange`, not of what was sent around it.
   const Conversation::Times& times() const { return times_; }

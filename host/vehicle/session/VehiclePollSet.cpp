@@ -2,9 +2,9 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 #include <utility>
 
-#include "host/service/Services.h"
 #include "platform/base/TarnError.h"
 
 namespace tarnlog::host {
@@ -26,11 +26,10 @@ void VehicleProtocol::initialiseAll() {
 
 VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
                                const Polling& polling)
-    : cycle_(polling.conversation, polling.clock), ecus_(std::move(ecus)), protocol_(ecus_, [this] {
-        for (const auto& bundle : bundles_) bundle->forget();
-        cycle_.forget();
-      }) {
-  bundlePids(requests);
+    : cycle_(polling.conversation, polling.clock),
+      ecus_(std::move(ecus)),
+      protocol_(ecus_, [this] { cycle_.forget(); }) {
+  bundle(requests);
   for (VehicleRequest* const request : requests) {
     requests_.push_back(&polled_.emplace_back(*request, polling, cycle_, polled_.size()));
     cycle_.add(polled_.back());
@@ -40,27 +39,24 @@ VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std
 VehiclePollSet::~VehiclePollSet() { unbundle(); }
 
 /// In the order of the requests, at least two each, which are all due in the same cycles.
-void VehiclePollSet::bundlePids(const std::vector<VehicleRequest*>& requests) {
-  std::map<std::pair<EcuChannel*, std::chrono::milliseconds>, std::vector<VehicleRequest*>> gathered;
+void VehiclePollSet::bundle(const std::vector<VehicleRequest*>& requests) {
+  using Kind = IdentifierBundle::Kind;
+  std::map<std::tuple<EcuChannel*, Kind, std::chrono::milliseconds>, std::vector<VehicleRequest*>> gathered;
   for (VehicleRequest* const request : requests) {
-    if (!PidBundle::canHold(request->description())) continue;
-    auto& members = gathered[{&request->channel(), request->description().interval}];
-    members.push_back(request);
-    if (members.size() == kMostPidsAtOnce) bundle(members);
+    const Kind kind = IdentifierBundle::kindOf(request->description(), request->channel());
+    if (kind == Kind::none) continue;
+    gathered[{&request->channel(), kind, request->description().interval}].push_back(request);
   }
-  for (auto& [ecu, members] : gathered) bundle(members);
-}
-
-void VehiclePollSet::bundle(std::vector<VehicleRequest*>& members) {
-  if (members.size() > 1) {
+  for (const auto& [key, members] : gathered) {
+    if (members.size() < 2) continue;
     std::vector<const RequestDescription*> descriptions;
     descriptions.reserve(members.size());
     for (const VehicleRequest* const request : members) descriptions.push_back(&request->description());
-    bundles_.push_back(std::make_unique<PidBundle>(members.front()->channel(), descriptions));
+    bundles_.push_back(std::make_unique<IdentifierBundle>(*std::get<0>(key), std::get<1>(key), descriptions));
     for (VehicleRequest* const request : members) request->setBundle(bundles_.back().get());
     bundled_.insert(bundled_.end(), members.begin(), members.end());
+    cycle_.add(*bundles_.back());
   }
-  members.clear();
 }
 
 void VehiclePollSet::unbundle() {
@@ -70,8 +66,8 @@ void VehiclePollSet::unbundle() {
 }
 
 void VehiclePollSet::finish() {
-  unbundle();
   cycle_.clear();
+  unbundle();
   requests_.clear();
   polled_.clear();
   ecus_.clear();

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/vehicle/session/PidBundle.h"
+#include "host/vehicle/session/IdentifierBundle.h"
 #include "host/vehicle/session/PollCycle.h"
 #include "host/vehicle/session/PolledRequest.h"
 #include "host/vehicle/session/VehicleEcu.h"
@@ -28,8 +28,8 @@ class VehicleProtocol : public ferrox3::Protocol {
   std::function<void()> begins_;
 };
 
-/// Requests and ECUs in the order in which their first data item was added. OBD requests that can be asked
-/// for together are bundled; what the car refuses is left out, unless the description wants an error.
+/// Requests and ECUs in the order in which their first data item was added. Requests that can be asked for
+/// together are bundled; what the car refuses is left out, unless the description wants an error.
 class VehiclePollSet : public ferrox3::PollSet {
  public:
   VehiclePollSet(const std::vector<VehicleRequest*>& requests, std::vector<VehicleEcu*> ecus,
@@ -46,15 +46,14 @@ class VehiclePollSet : public ferrox3::PollSet {
   void finish() override;
 
  private:
-  void bundlePids(const std::vector<VehicleRequest*>& requests);
-  void bundle(std::vector<VehicleRequest*>& members);
+  void bundle(const std::vector<VehicleRequest*>& requests);
   void unbundle();
 
   std::deque<PolledRequest> polled_;
   PollCycle cycle_;
   std::vector<ferrox3::Request*> requests_;
   std::vector<VehicleEcu*> ecus_;
-  std::vector<std::unique_ptr<PidBundle>> bundles_;
+  std::vector<std::unique_ptr<IdentifierBundle>> bundles_;
   std::vector<VehicleRequest*> bundled_;
   VehicleProtocol protocol_;
 };

@@ -44,7 +44,7 @@ void VehicleRequest::askAhead(bool alone) const {
 }
 
 Conversation::Outcome VehicleRequest::exchange(bool alone) {
-  using Taken = PidBundle::Taken;
+  using Taken = IdentifierBundle::Taken;
   const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
   if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
   if (taken == Taken::taken) {
@@ -52,6 +52,7 @@ Conversation::Outcome VehicleRequest::exchange(bool alone) {
     return Conversation::Outcome::answered;
   }
   const auto outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  if (bundle_ != nullptr) bundle_->askedAlone(description_, outcome, received_);
   if (outcome != Conversation::Outcome::unreachable) note(outcome, channel_.times());
   return outcome;
 }

@@ -13,7 +13,7 @@
 
 #include "host/link/Link.h"
 #include "host/vehicle/session/EcuChannel.h"
-#include "host/vehicle/session/PidBundle.h"
+#include "host/vehicle/session/IdentifierBundle.h"
 #include "host/vehicle/session/VehicleDataItem.h"
 #include "platform/base/TarnError.h"
 #include "platform/ferrox3/Session.h"
@@ -54,7 +54,7 @@ class VehicleRequest : public ferrox3::Request {
   std::span<const std::uint8_t> received() const { return received_; }
   void setNotAvailable();
   /// Other requests that are asked for together with this one; null for none.
-  void setBundle(PidBundle* bundle) { bundle_ = bundle; }
+  void setBundle(IdentifierBundle* bundle) { bundle_ = bundle; }
 
  private:
   Conversation::Outcome exchange(bool alone);
@@ -66,7 +66,7 @@ class VehicleRequest : public ferrox3::Request {
   std::deque<VehicleDataItem> data_;
   std::vector<VehicleDataItem*> items_;
   std::unordered_map<std::string_view, VehicleDataItem*> byName_;
-  PidBundle* bundle_ = nullptr;
+  IdentifierBundle* bundle_ = nullptr;
   Link::Bytes received_;
   bool sent_ = false;
   std::optional<ferrox3::Exchange> exchange_;  ///< none, too, after a failure of the link

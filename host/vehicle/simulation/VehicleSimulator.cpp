@@ -12,6 +12,11 @@ using std::chrono::microseconds;
 
 constexpr std::uint8_t kServiceNotSupported = 0x11;
 constexpr std::uint8_t kSubFunctionNotSupported = 0x12;
+constexpr std::uint8_t kRequestOutOfRange = 0x31;
+
+bool asksSeveralIdentifiers(std::span<const std::uint8_t> request) {
+  return request[0] == service::kReadDataByIdentifier && request.size() > 3 && request.size() % 2 == 1;
+}
 
 std::string_view asText(std::span<const std::uint8_t> bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -46,20 +51,51 @@ void VehicleSimulator::answer(const LinkTarget& target, std::span<const std::uin
                               microseconds sinceStart, SimulatedAnswers& answers) {
   const Station* const station = findStation(target);
   if (station == nullptr || request.empty()) return;
+  if (asksSeveralIdentifiers(request)) return answerSeveral(*station, request, sinceStart, answers);
   const auto described = station->byFrame.find(asText(request));
   const Place place = described != station->byFrame.end() ? described->second : Place{station->firstEcu, {}};
   const double seconds = std::chrono::duration<double>(sinceStart).count();
   const microseconds latency = latencyOf(place);
   const FaultDescription* const fault = faults_.next(place.ecu, place.request, seconds);
-  if (fault != nullptr && fault->kind == FaultKind::noAnswer) return;
-  if (fault != nullptr && fault->kind == FaultKind::pending) {
+  writeAnswer(*station, place, request, seconds, whole_);
+  deliver(fault, request, whole_, latency, answers);
+}
+
+void VehicleSimulator::deliver(const FaultDescription* fault, std::span<const std::uint8_t> request,
+                               const Link::Bytes& answer, microseconds latency, SimulatedAnswers& answers) {
+  const FaultKind kind = fault != nullptr ? fault->kind : FaultKind::noAnswer;
+  if (fault != nullptr && kind == FaultKind::noAnswer) return;
+  if (fault != nullptr && kind == FaultKind::pending) {
     refuse(request, nrc::kResponsePending, answers.add(latency));
-    writeAnswer(*station, place, request, seconds, answers.add(latency + fault->delay));
+    answers.add(latency + fault->delay) = answer;
     return;
   }
   Link::Bytes& bytes = answers.add(latency);
-  writeAnswer(*station, place, request, seconds, bytes);
+  bytes = answer;
   if (fault != nullptr) spoil(*fault, request, bytes);
+}
+
+/// As one answer, as late as the slowest. What the ECU does not have is left out; a fault of one of them is
+/// the answer's.
+void VehicleSimulator::answerSeveral(const Station& station, std::span<const std::uint8_t> request,
+                                     microseconds sinceStart, SimulatedAnswers& answers) {
+  const double seconds = std::chrono::duration<double>(sinceStart).count();
+  Link::Bytes all;
+  microseconds latency{};
+  const FaultDescription* fault = nullptr;
+  for (std::size_t at = 1; at < request.size(); at += 2) {
+    const std::array<std::uint8_t, 3> single{request[0], request[at], request[at + 1]};
+    const auto described = station.byFrame.find(asText(single));
+    if (described == station.byFrame.end()) continue;
+    const Place& place = described->second;
+    if (const FaultDescription* const own = faults_.next(place.ecu, place.request, seconds)) fault = own;
+    latency = std::max(latency, latencyOf(place));
+    Link::Bytes part;
+    writeDescribed(place, seconds, part);
+    all.insert(all.end(), part.begin() + (all.empty() ? 0 : 1), part.end());
+  }
+  if (all.empty()) return refuse(request, kRequestOutOfRange, answers.add(description_.simulation.latency));
+  deliver(fault, request, std::move(all), latency, answers);
 }
 
 const VehicleSimulator::Station* VehicleSimulator::findStation(const LinkTarget& target) const {

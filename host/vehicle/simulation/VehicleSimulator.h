@@ -40,6 +40,10 @@ class VehicleSimulator : public SimulatedPeer {
     std::array<bool, 256> services{};                     ///< those that some request uses
   };
 
+  void answerSeveral(const Station& station, std::span<const std::uint8_t> request,
+                     std::chrono::microseconds sinceStart, SimulatedAnswers& answers);
+  void deliver(const FaultDescription* fault, std::span<const std::uint8_t> request,
+               const Link::Bytes& answer, std::chrono::microseconds latency, SimulatedAnswers& answers);
   const Station* findStation(const LinkTarget& target) const;
   std::chrono::microseconds latencyOf(const Place& place) const;
   void writeAnswer(const Station& station, const Place& place, std::span<const std::uint8_t> request,
@@ -51,6 +55,7 @@ class VehicleSimulator : public SimulatedPeer {
   const VehicleDescription& description_;
   std::unordered_map<std::int32_t, std::vector<std::pair<std::string, Station>>> stations_;
   FaultPlan faults_;
+  Link::Bytes whole_;  ///< kept for its capacity
 };
 
 }  // namespace tarnlog::host

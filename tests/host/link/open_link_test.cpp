@@ -109,7 +109,7 @@ TEST(OpenLink, RefusesWhatNamesNoLinkWithThePlaceAndWhatIsExpectedThere) {
       {"isotp://", "interface: expected"},
       {"isotp://can0?tx=7E0", "rx: expected both"},
       {"isotp://can0?tx=xyz&rx=1", "tx: expected"},
-      {"isotp://can0?baud=1", "options: expected tx, rx, parallel, found \"baud\""},
+      {"isotp://can0?baud=1", "options: expected tx, rx, parallel, bundle, found \"baud\""},
       {"replay:", "path: expected"},
       {"smoke://signals", "kind: expected"},
       {"/tmp/x", "beginning: expected a kind of link and a colon, like elm327: or replay:, found \"/tmp/x\""},

@@ -27,6 +27,7 @@ using test::ManualLinkClock;
 using Fault = FaultyEcu::Fault;
 
 constexpr int kRequests = 4;
+constexpr LinkHabits kSingly{.sideBySide = true, .bundles = false};
 
 /// ECUs at 1001, 1002, ... with the requests 22 F0 00 to 22 F0 03; each answer ends with a number.
 std::string description(int ecus) {
@@ -35,8 +36,8 @@ std::string description(int ecus) {
     text += (e > 1 ? "," : "") + std::string(R"({"name":"E)") + std::to_string(e) + R"(","address":)" +
             std::to_string(0x1000 + e) + R"(,"protocol":"UDS","requests":[)";
     for (int r = 0; r < kRequests; ++r)
-      text += (r > 0 ? "," : "") + std::string(R"({"name":"R)") + std::to_string(r) + R"(","frame":"22 F0 0)" +
-              std::to_string(r) + R"(","data":[{"name":"V","byte":3,"bytes":2}]})";
+      text += (r > 0 ? "," : "") + std::string(R"({"name":"R)") + std::to_string(r) +
+              R"(","frame":"22 F0 0)" + std::to_string(r) + R"(","data":[{"name":"V","byte":3,"bytes":2}]})";
     text += "]}";
   }
   return text + "]}";
@@ -57,7 +58,8 @@ class Poller {
 
   void initialise() { set_->protocol().initialiseAll(); }
   /// Sends all, up to one that fails; gives that failure's text, or "none". `seen` looks at each answer.
-  std::string cycle(const std::function<void(std::size_t ecu, std::size_t request, double value)>& seen = {}) {
+  std::string cycle(
+      const std::function<void(std::size_t ecu, std::size_t request, double value)>& seen = {}) {
     for (std::size_t i = 0; i < set_->requestCount(); ++i) {
       ferrox3::Request& request = set_->request(i);
       if (std::string failure = failureOf([&] { request.send(); }); failure != "none") return failure;
@@ -102,17 +104,18 @@ class CountingCar : public SimulatedPeer {
     const int count = ++asked[{target.address, request.back()}];
     if (sent.back() == silent) return;
     const auto known = latency.find(target.address);
-    answers.add(known == latency.end() ? 20ms : known->second) = {
-        0x62, request[1], request[2], static_cast<std::uint8_t>(count >> 8), static_cast<std::uint8_t>(count)};
+    answers.add(known == latency.end() ? 20ms : known->second) = {0x62, request[1], request[2],
+                                                                  static_cast<std::uint8_t>(count >> 8),
+                                                                  static_cast<std::uint8_t>(count)};
   }
 };
 
 TEST(SideBySide, ACycleTakesAsLongAsItsSlowestEcu) {
   ManualLinkClock clock;
   CountingCar car;
-  SimulatedLink apart(clock, car, false);
+  SimulatedLink apart(clock, car, {.sideBySide = false, .bundles = false});
   EXPECT_EQ(Poller(apart, clock, 5).timeOfACycle(), 400ms);
-  SimulatedLink together(clock, car);
+  SimulatedLink together(clock, car, kSingly);
   Poller poller(together, clock, 5);
   EXPECT_EQ(poller.timeOfACycle(), 80ms);
   car.sent.clear();
@@ -125,7 +128,8 @@ TEST(SideBySide, ACycleTakesAsLongAsItsSlowestEcu) {
   EXPECT_EQ(wrong, 0);
   EXPECT_EQ(car.sent.size(), 20U);
   car.sent.resize(6);
-  EXPECT_THAT(car.sent, testing::ElementsAre("4097: 0", "4098: 0", "4099: 0", "4100: 0", "4101: 0", "4097: 1"));
+  EXPECT_THAT(car.sent,
+              testing::ElementsAre("4097: 0", "4098: 0", "4099: 0", "4100: 0", "4101: 0", "4097: 1"));
   car.latency = {{0x1001, 5ms}, {0x1002, 10ms}, {0x1004, 40ms}, {0x1005, 80ms}};
   EXPECT_EQ(poller.timeOfACycle(), 320ms);
   EXPECT_EQ(poller.timeOfACycle(), 320ms) << "nothing is left over";
@@ -134,7 +138,7 @@ TEST(SideBySide, ACycleTakesAsLongAsItsSlowestEcu) {
 TEST(SideBySide, ASilentEcuCostsOneTimeOutAndNothingIsTakenForALaterCycle) {
   ManualLinkClock clock;
   CountingCar car;
-  SimulatedLink link(clock, car);
+  SimulatedLink link(clock, car, kSingly);
   Poller poller(link, clock, 5);
   EXPECT_EQ(poller.cycle(), "none");
   car.silent = "4098: 1";
@@ -172,7 +176,7 @@ TEST(SideBySide, AGatewayThatTurnsRequestsAwayIsAskedFewerAtATime) {
   Poller poller(*link, car.clock, 5);
   EXPECT_EQ(poller.cycle(), "none");
   car.openAtMost = 0;
-  EXPECT_EQ(poller.timeOfACycle(), 200ms) << "twenty requests, two at a time";
+  EXPECT_EQ(poller.timeOfACycle(), 60ms) << "five bundles, two at a time";
   EXPECT_EQ(car.openAtMost, 2U);
   car.mostOpen = 0;
   EXPECT_THAT(poller.cycle(), testing::HasSubstr("car: "));
@@ -185,8 +189,8 @@ TEST(SideBySide, InRandomExchangesNoValueIsRecordedThatIsNotTheNewest) {
     for (std::uint16_t ecu = 0x1001; ecu <= 0x1003; ++ecu) {
       car.ecus.emplace(ecu, FaultyEcu(ecu));
       car.ecus.at(ecu).usual = std::chrono::milliseconds(3 * (ecu - 0x1000));
-      car.ecus.at(ecu).faults = {Fault::lost, Fault::doubled, Fault::late, Fault::cut, Fault::refused,
-                                 Fault::pending};
+      car.ecus.at(ecu).faults = {Fault::lost, Fault::doubled, Fault::late,
+                                 Fault::cut,  Fault::refused, Fault::pending};
       if (acknowledges) car.ecus.at(ecu).faults.push_back(Fault::copiedSoon);
     }
     const auto link = car.link();
@@ -214,18 +218,19 @@ TEST(SideBySide, ATraceOfSuchADriveIsReplayedSideBySide) {
   const auto drive = [&](Link& link) {
     Poller poller(link, clock, 3);
     Seen seen;
-    for (int i = 0; i < 5; ++i) poller.cycle([&](std::size_t, std::size_t, double value) { seen.push_back(value); });
+    for (int i = 0; i < 5; ++i)
+      poller.cycle([&](std::size_t, std::size_t, double value) { seen.push_back(value); });
     return seen;
   };
   Seen driven;
   {
-    TraceLink link(std::make_unique<SimulatedLink>(clock, car), clock, files.create("/t.trace"));
+    TraceLink link(std::make_unique<SimulatedLink>(clock, car, kSingly), clock, files.create("/t.trace"));
     driven = drive(link);
   }
   EXPECT_THAT(files.files["/t.trace"], testing::HasSubstr("<4097 UDS 62 F0 00 00 02"));
   for (const bool sideBySide : {true, false}) {
     ReplayPeer replay(parseTrace(files.files["/t.trace"], "t"), "t");
-    SimulatedLink link(clock, replay, sideBySide);
+    SimulatedLink link(clock, replay, {.sideBySide = sideBySide, .bundles = false});
     EXPECT_EQ(drive(link), driven);
   }
 }

@@ -32,7 +32,7 @@ struct LinkTarget {
 /// What a link does to ask faster, where it can.
 struct LinkHabits {
   bool sideBySide = true;  ///< several ECUs are asked at a time
-  bool bundles = true;     ///< several data identifiers are asked for at once
+  bool bundles = true;     ///< several PIDs or data identifiers are asked for at once
 };
 
 /// Raised within a link when a request cannot reach its ECU, while the link itself works on. `Link` makes a

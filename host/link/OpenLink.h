@@ -24,7 +24,7 @@ namespace tarnlog::host {
 ///
 /// The kind of an adapter may be left out: "/dev/ttyUSB0", "192.168.0.10:35000".
 ///
-/// "parallel=0" lets them ask one ECU after the other, "bundle=0" one data identifier at a time.
+/// "parallel=0" lets them ask one ECU after the other, "bundle=0" one PID or data identifier at a time.
 ///
 /// After a failure the links keep further attempts to open them apart. A TarnError names the URL, the place
 /// and what was expected there. The clock must outlive the link. `pidBytes` is for a replay: see ReplayPeer.

@@ -25,7 +25,7 @@ class PatientLink : public Link {
   }
 
  public:
-  /// `bundles` false: data identifiers are asked for one by one.
+  /// `bundles` false: PIDs and data identifiers are asked for one by one.
   PatientLink(std::unique_ptr<Link> link, LinkClock& clock, bool bundles = true)
       : link_(std::move(link)), bundles_(bundles), backOff_(clock) {
     link_->setIdleHook([this] { idle(); });
@@ -34,7 +34,9 @@ class PatientLink : public Link {
 
   const std::string& obstacle() const override { return link_->obstacle(); }
   std::string silence() const override { return link_->silence(); }
-  bool takesSeveralPids(const LinkTarget& target) const override { return link_->takesSeveralPids(target); }
+  bool takesSeveralPids(const LinkTarget& target) const override {
+    return bundles_ && link_->takesSeveralPids(target);
+  }
   std::size_t mostIdentifiers(const LinkTarget& target) const override {
     return bundles_ ? link_->mostIdentifiers(target) : 1;
   }

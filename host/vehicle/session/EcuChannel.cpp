@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "host/service/HexText.h"
 #include "host/service/ResponseCheck.h"
+#include "host/service/Timing.h"
 
 namespace tarnlog::host {
 
@@ -22,7 +25,15 @@ Conversation::Outcome EcuChannel::converse(std::span<const std::uint8_t> request
                                            std::chrono::milliseconds timeout, Link::Bytes& response) {
   const auto outcome = conversation_.exchange(target_, request, timeout, response);
   if (outcome != Conversation::Outcome::silent && outcome != Conversation::Outcome::unreachable) ++answers_;
+  if (outcome == Conversation::Outcome::answered)
+    slowest_ = std::max(slowest_, times().received - times().sent);
   return outcome;
+}
+
+std::chrono::milliseconds EcuChannel::trialTime(std::chrono::milliseconds timeout) const {
+  if (slowest_ == Moment{}) return timeout;
+  const auto usual = std::chrono::ceil<std::chrono::milliseconds>(3 * slowest_);
+  return std::min(timeout, std::max(timing::kP2, usual));
 }
 
 TarnError EcuChannel::failure(Conversation::Outcome outcome, std::span<const std::uint8_t> request,

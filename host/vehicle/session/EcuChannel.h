@@ -44,6 +44,9 @@ class EcuChannel {
 
   /// How often the ECU has answered, in whatever way.
   std::uint64_t answers() const { return answers_; }
+  /// How long a request is waited for of which nobody knows whether the ECU answers it: no longer than three
+  /// times its slowest answer, or P2.
+  std::chrono::milliseconds trialTime(std::chrono::milliseconds timeout) const;
   bool takesSeveralPids() const { return !onePidOnly_ && conversation_.takesSeveralPids(target_); }
   /// It was tried, and the ECU did not.
   void setOnePidOnly() { onePidOnly_ = true; }
@@ -62,6 +65,7 @@ class EcuChannel {
   bool onePidOnly_ = false;
   std::size_t mostIdentifiers_ = std::numeric_limits<std::size_t>::max();
   std::uint64_t answers_ = 0;
+  Moment slowest_{};  ///< answer so far, without those that were pending
 };
 
 }  // namespace tarnlog::host

@@ -15,6 +15,8 @@ using std::chrono::milliseconds;
 constexpr milliseconds kRefusalTime = 2 * timing::kP2;
 /// Until an ECU that is busy is asked again.
 constexpr milliseconds kBusyPause{20};
+/// What P2 and P2* do not count: the way there and back.
+constexpr milliseconds kWay{100};
 
 }  // namespace
 
@@ -54,8 +56,27 @@ void EcuExchange::ask() {
   if (!link_.send(target_, request_)) return unreachable();
   result_.times.sent = clock_.now();
   last_ = std::min(last_, result_.times.sent + timeout_);
-  due_ = result_.times.sent + (noAnswer_ ? std::min(timeout_, kRefusalTime) : timeout_);
+  due_ = result_.times.sent +
+         (noAnswer_ ? std::min<std::chrono::microseconds>(timeout_, kRefusalTime) : patience());
   state_ = State::awaiting;
+}
+
+std::chrono::microseconds EcuExchange::patience() const {
+  if (!p2_) return timeout_;
+  const std::chrono::microseconds told = *p2_ + kWay + slowest_;
+  return *p2_ > timeout_ ? told : std::min<std::chrono::microseconds>(timeout_, told);
+}
+
+/// DiagnosticSessionControl's positive response has P2 in milliseconds and P2* in steps of ten (ISO 14229-1).
+void EcuExchange::learnTimes() {
+  constexpr std::size_t kWithTimes = 6;
+  const Link::Bytes& told = result_.response;
+  if (request_[0] != service::kDiagnosticSessionControl || told.size() != kWithTimes ||
+      protocolOf(target_.protocol) != Protocol::uds)
+    return;
+  const auto number = [&](std::size_t at) { return told[at] << 8 | told[at + 1]; };
+  p2_ = milliseconds(number(2));
+  p2Star_ = milliseconds(number(4) * 10);
 }
 
 void EcuExchange::came(Link::Bytes& response) {
@@ -68,10 +89,12 @@ void EcuExchange::came(Link::Bytes& response) {
   if (kind == ResponseClass::pending) {
     pending_ = true;
     due_ = result_.times.sent + pendingTimeout_;
+    if (p2Star_) due_ = std::min(due_, clock_.now() + *p2Star_ + kWay + slowest_);
   } else if (kind == ResponseClass::foreign) {
     result_.foreign.swap(response);
   } else {
     result_.response.swap(response);
+    if (kind == ResponseClass::positive) learnTimes();
     finish(kind == ResponseClass::positive ? ExchangeOutcome::answered : ExchangeOutcome::refused);
   }
 }
@@ -115,10 +138,12 @@ void EcuExchange::finish(ExchangeOutcome outcome) {
   result_.times.received = now;
   result_.outcome = outcome;
   state_ = State::over;
-  if (outcome == Outcome::answered || outcome == Outcome::refused)
+  if (outcome == Outcome::answered || outcome == Outcome::refused) {
     late_.answered();
-  else if (asked)
+    if (!pending_) slowest_ = std::max(slowest_, now - result_.times.sent);
+  } else if (asked) {
     late_.givenUp(now);
+  }
   if (outcome == Outcome::silent && asked && noAnswer_) {
     late_.noneExpected();
     result_.outcome = Outcome::answered;

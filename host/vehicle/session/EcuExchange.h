@@ -46,7 +46,8 @@ struct ExchangeResult {
 ///
 /// Responses to other requests are passed over, late ones too (see LateAnswers). An ECU that is busy is asked
 /// again until the time-out is over; a request that asks for no answer counts as answered when none came
-/// within 0.1 s. Failures of the link are TarnErrors.
+/// within 0.1 s. An ECU of ISO 14229 that tells its P2 and P2* when a session is opened is waited for as long
+/// as they say, and some for the way. Failures of the link are TarnErrors.
 class EcuExchange {
  public:
   /// `pendingTimeout` limits an exchange in which the ECU says "response pending". Both must outlive it.
@@ -83,6 +84,8 @@ class EcuExchange {
   void verify(const LateAnswers::Verification& verification);
   void ask();
   void finish(ExchangeOutcome outcome);
+  void learnTimes();
+  std::chrono::microseconds patience() const;
 
   Link& link_;
   LinkClock& clock_;
@@ -97,6 +100,9 @@ class EcuExchange {
   bool noAnswer_ = false;  ///< the request asks for none
   bool pending_ = false;   ///< "response pending" came
   std::optional<LateAnswers::Verification> verification_;
+  std::optional<std::chrono::milliseconds> p2_;  ///< as the ECU told them
+  std::optional<std::chrono::milliseconds> p2Star_;
+  std::chrono::microseconds slowest_{};  ///< answer so far
   ExchangeResult result_;
 };
 

@@ -29,29 +29,33 @@ void VehicleRequest::send() {
   if (outcome != Conversation::Outcome::answered) throw failure(outcome);
 }
 
-Conversation::Outcome VehicleRequest::ask(bool alone) {
+Conversation::Outcome VehicleRequest::ask(bool onTrial) {
   sent_ = true;
   exchange_.reset();
-  const auto outcome = exchange(alone);
+  const auto outcome = exchange(onTrial);
   if (outcome == Conversation::Outcome::answered)
     for (VehicleDataItem& item : data_) item.decode(received_);
   return outcome;
 }
 
-void VehicleRequest::askAhead(bool alone) const {
-  if (alone || bundle_ == nullptr || !bundle_->askAhead(description_))
-    channel_.askAhead(description_.frame, description_.timeout);
+void VehicleRequest::askAhead(bool onTrial) const {
+  if (onTrial || bundle_ == nullptr || !bundle_->askAhead(description_))
+    channel_.askAhead(description_.frame, timeout(onTrial));
 }
 
-Conversation::Outcome VehicleRequest::exchange(bool alone) {
+std::chrono::milliseconds VehicleRequest::timeout(bool onTrial) const {
+  return onTrial ? channel_.trialTime(description_.timeout) : description_.timeout;
+}
+
+Conversation::Outcome VehicleRequest::exchange(bool onTrial) {
   using Taken = IdentifierBundle::Taken;
-  const Taken taken = alone || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
+  const Taken taken = onTrial || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
   if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
   if (taken == Taken::taken) {
     note(Conversation::Outcome::answered, bundle_->times());
     return Conversation::Outcome::answered;
   }
-  const auto outcome = channel_.converse(description_.frame, description_.timeout, received_);
+  const auto outcome = channel_.converse(description_.frame, timeout(onTrial), received_);
   if (bundle_ != nullptr) bundle_->askedAlone(description_, outcome, received_);
   if (outcome != Conversation::Outcome::unreachable) note(outcome, channel_.times());
   return outcome;

@@ -45,10 +45,11 @@ class VehicleRequest : public ferrox3::Request {
   const RequestDescription& description() const { return description_; }
   EcuChannel& channel() const { return channel_; }
 
-  /// As `send`, telling what came instead of raising. `alone`: not together with others.
-  Conversation::Outcome ask(bool alone);
+  /// As `send`, telling what came instead of raising. `onTrial`: the ECU did not give it, so it is asked for
+  /// not together with others, and not waited for long.
+  Conversation::Outcome ask(bool onTrial);
   /// The next `ask` is told ahead (see Conversation).
-  void askAhead(bool alone) const;
+  void askAhead(bool onTrial) const;
   /// What `send` raises when that came.
   TarnError failure(Conversation::Outcome outcome) const;
   std::span<const std::uint8_t> received() const { return received_; }
@@ -57,7 +58,8 @@ class VehicleRequest : public ferrox3::Request {
   void setBundle(IdentifierBundle* bundle) { bundle_ = bundle; }
 
  private:
-  Conversation::Outcome exchange(bool alone);
+  Conversation::Outcome exchange(bool onTrial);
+  std::chrono::milliseconds timeout(bool onTrial) const;
   void note(Conversation::Outcome outcome, const Conversation::Times& times);
 
   const RequestDescription& description_;

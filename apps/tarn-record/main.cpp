@@ -31,6 +31,7 @@
 #include "apps/tarn-record/NewCommand.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/OutputFile.h"
+#include "apps/tarn-record/PlanCommand.h"
 #include "apps/tarn-record/QualityCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
@@ -98,6 +99,15 @@ void addVehicle(CLI::App& command, std::string& vehicle, host::LinkOptions& link
       ->type_name("URL");
 }
 
+void addIntervals(CLI::App& command, host::LinkOptions& link) {
+  command
+      .add_option("--interval", link.intervals,
+                  "Send this request every MS milliseconds only, not in every cycle; for several requests,\n"
+                  "several times")
+      ->allow_extra_args(false)
+      ->type_name("ECU/REQUEST=MS");
+}
+
 /// What a command did, with names out of files.
 void report(const std::string& output, const std::string& text) {
   const std::string shown = printableText(text);
@@ -142,12 +152,7 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
       ->check(wholeNumber(0, 2147483))
       ->type_name("S");
   command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
-  command
-      .add_option("--interval", options.link.intervals,
-                  "Send this request every MS milliseconds only, not in every cycle; for several requests,\n"
-                  "several times")
-      ->allow_extra_args(false)
-      ->type_name("ECU/REQUEST=MS");
+  addIntervals(command, options.link);
   command.add_option("--duration", options.duration, "End the run S seconds after the first data")
       ->check(wholeNumber(1, 2147483))
       ->type_name("S");
@@ -403,6 +408,26 @@ std::function<int()> addShow(CLI::App& app, ShowCommand& show) {
   };
 }
 
+std::function<int()> addPlan(CLI::App& app, PlanOptions& options) {
+  CLI::App& command =
+      *app.add_subcommand("plan", "Tell how fast a configuration is polled, and what each request costs");
+  addVehicle(command, options.vehicle, options.link);
+  command.add_option("--config", options.config, "Recording configuration (XML)")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--seconds", options.seconds, "Poll for so long (default: 5)")
+      ->check(wholeNumber(1, 3600))
+      ->type_name("S");
+  addIntervals(command, options.link);
+  command.footer(
+      "Nothing is recorded. Example:\n"
+      "  tarn-record plan --vehicle examples/road-car.vehicle.json --config examples/road-car.xml");
+  return [&options] {
+    print(printableText(plan(options)));
+    return kDone;
+  };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -425,11 +450,12 @@ int program(int argc, char** argv) {
   ExportOptions exportOptions;
   std::string qualityFileName;
   ShowCommand showCommand;
+  PlanOptions planOptions;
   const std::vector<std::function<int()>> actions = {
       addRun(app, runOptions),   addList(app, listOptions),      addCheck(app, checkOptions),
       addNew(app, newOptions),   addRepair(app, repairFileName), addImport(app, importOptions),
       addScan(app, scanOptions), addExport(app, exportOptions),  addQuality(app, qualityFileName),
-      addShow(app, showCommand)};
+      addShow(app, showCommand), addPlan(app, planOptions)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -89,7 +89,8 @@ WindowEnvironment LiveRecorder::environment() {
       whileWaiting();
     };
     auto vehicle = host::openVehicle(car.vehicle, files_, desktopLocale(), linkClock_, wait, link);
-    options_.link.trace.clear();  // a trace is of one vehicle
+    options_.link.trace.clear();  // a trace is of one vehicle, and so are names of requests
+    options_.link.intervals.clear();
     return vehicle;
   };
   return {{clock_,

@@ -55,6 +55,10 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
       ->type_name("URL");
   app.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
       ->type_name("FILE");
+  app.add_option("--interval", options.link.intervals,
+                 "Send this request every MS milliseconds only, not in every polling cycle")
+      ->allow_extra_args(false)
+      ->type_name("ECU/REQUEST=MS");
   CLI::Option* const records =
       app.add_option("RECORD", options.records,
                      "Records to look at: text, XML, MDF 4; the second and third are laid over the first")

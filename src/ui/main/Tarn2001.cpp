@@ -170,6 +170,8 @@ void Tarn2001::showScreen(int tab) {
   if (key == "initsce") paramInit_->setParameters(desk_.Parameters());
 }
 
+void Tarn2001::showPolled(const QString& text) { param_->setPolled(text); }
+
 void Tarn2001::chooseScreen(const QString& key) {
   for (int tab = 0; tab < tabStrip_->count(); ++tab)
     if (tabStrip_->tabData(tab) == key) tabStrip_->setCurrentIndex(tab);

@@ -58,6 +58,9 @@ class Tarn2001 : public QWidget {
   /// Offers to save changes that would be lost. True when the caller may go on.
   bool mayBeLost();
 
+  /// How fast the last acquisition polled, for the recording parameters; empty: nobody knows.
+  void showPolled(const QString& text);
+
   /// Somebody else than the screens changed the configuration.
   void noteEdit() { desk_.noteEdit(); }
 

@@ -16,6 +16,7 @@
 #include "platform/settings/FileSettingsStore.h"
 #include "platform/time/SystemClock.h"
 #include "samples/Measurement.h"
+#include "samples/PollCosts.h"
 #include "ui/acquisition/AcqView.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
@@ -96,6 +97,7 @@ void TarnMain::create(const MainEnvironment& environment) {
   acq_->hide();
   log_->hide();
   acq_->acq().setAcqStoppedHandler([this] {
+    configure_->showPolled(toQString(pollSummary(costs_->report())));
     acq_->hide();
     if (current("ACQ")) showConfiguration();  // nobody chose another view: there would be none
     emit acquisitionStopped();
@@ -115,7 +117,9 @@ void TarnMain::createAcquisition(const MainEnvironment& environment) {
       .locale = environment.locale,
       .programVersion = environment.programVersion,
       .recordings = [settings = &environment.settings] { return MeasurementChoice(settings).on(); }});
+  costs_ = std::make_unique<PollCosts>();
   std::vector<SampleSink*> sinks = measurement_->sinks();
+  sinks.push_back(costs_.get());
   sinks.insert(sinks.end(), environment.sinks.begin(), environment.sinks.end());
   acq_ = new AcqView({environment.clock, environment.timer, environment.files, environment.locale,
                       environment.stylesheetUrl, std::move(sinks)},

@@ -17,6 +17,7 @@ class AcqView;
 class HelpPanel;
 class LogView;
 class Measurement;
+class PollCosts;
 class NoticeBar;
 class RecordingGuard;
 class Tarn2001;
@@ -119,6 +120,7 @@ class TarnMain : public QWidget {
   LogView* log_ = nullptr;
   RecordingGuard* guard_ = nullptr;
   std::unique_ptr<Measurement> measurement_;
+  std::unique_ptr<PollCosts> costs_;
 };
 
 }  // namespace tarnlog

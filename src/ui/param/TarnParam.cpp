@@ -81,12 +81,26 @@ QWidget* TarnParam::createRecording() {
   label->setBuddy(period_);
   auto* const hint = new QLabel(tr("0 = Save all records"));
   connect(period_, &CWNumEdit::valueChanged, this, &TarnParam::enterPeriod);
-  auto* const row = new QHBoxLayout(frame);
+  polled_ = new QLabel;
+  polled_->setObjectName("polled");
+  polled_->setWordWrap(true);
+  polled_->setToolTip(tr("How fast the last acquisition polled the car, and what costs most of the time"));
+  polled_->hide();
+  auto* const row = new QHBoxLayout;
   row->addWidget(label);
   row->addWidget(period_);
   row->addWidget(hint);
   row->addStretch(1);
+  auto* const rows = new QVBoxLayout(frame);
+  rows->addLayout(row);
+  rows->addWidget(polled_);
+  rows->addStretch(1);
   return frame;
+}
+
+void TarnParam::setPolled(const QString& text) {
+  polled_->setText(text);
+  polled_->setHidden(text.isEmpty());
 }
 
 std::vector<HelpRow> TarnParam::helpRows() {

@@ -34,6 +34,9 @@ class TarnParam : public QWidget {
   /// Folders to offer as drives instead of this machine's mounted file systems.
   void setDrives(std::vector<std::string> drives) { save_->setDrives(std::move(drives)); }
 
+  /// How fast the last acquisition polled, below the period; empty: nobody knows.
+  void setPolled(const QString& text);
+
  signals:
   /// The user changed the configuration.
   void edited();
@@ -51,6 +54,7 @@ class TarnParam : public QWidget {
   bool refreshing_ = false;
   QPlainTextEdit* comment_ = nullptr;
   CWNumEdit* period_ = nullptr;
+  QLabel* polled_ = nullptr;
   TriggerFrame* start_;
   TriggerFrame* stop_;
   SaveFrame* save_;

@@ -47,6 +47,7 @@ std::string togetherText(const PollReport& report) {
     const auto& together = report.costs[i].together;
     if (together.empty() || together.front() != i) continue;
     std::vector<std::string> names;
+    names.reserve(together.size());
     for (const std::size_t each : together) names.push_back(report.costs[each].request);
     text += fmt::format("in one request: {}: {}\n", report.costs[i].ecu, joined(names));
   }

@@ -113,6 +113,12 @@ class Link {
   /// The link itself finds the request of each answer. Where it does not, an answer is known only by who sent
   /// it, and one that comes late may be taken for that to a newer request.
   virtual bool matchesAnswers() const { return true; }
+  /// A long response of this answerer has begun to come, or a long request to it to leave. It ends, whole or
+  /// as unreachable, while somebody receives.
+  virtual bool isComing(std::int64_t answerer) const {
+    static_cast<void>(answerer);
+    return false;
+  }
   /// One request to each answerer may be under way at a time.
   virtual bool sideBySide() const { return false; }
   /// What an adapter called itself when it was opened last; empty where there is none.

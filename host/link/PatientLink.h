@@ -43,6 +43,7 @@ class PatientLink : public Link {
   void setTextHook(TextHook hook) override { link_->setTextHook(std::move(hook)); }
   std::int64_t answererOf(const LinkTarget& target) const override { return link_->answererOf(target); }
   bool matchesAnswers() const override { return link_->matchesAnswers(); }
+  bool isComing(std::int64_t answerer) const override { return link_->isComing(answerer); }
   bool sideBySide() const override { return link_->sideBySide(); }
   std::string adapterName() const override { return link_->adapterName(); }
   const ServiceCounts& servicesSent() const override { return link_->servicesSent(); }

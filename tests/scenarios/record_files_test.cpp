@@ -195,7 +195,7 @@ TEST(RecordFiles, AreOnTheDiskWithTheirNameWhenTheirPathIsTold) {
     car.acq.setFileFinishedHandler([&](const std::string&) { told = calls->calls(); });
     car.run("1000 1100 1200");
     EXPECT_EQ(car.acq.recordRows().written, 2U);
-    EXPECT_EQ(car.acq.recordRows().synced, 0U);
+    EXPECT_LT(car.acq.recordRows().synced, 2U) << "no more than the new file's own sync finds there";
     car.end();
     EXPECT_EQ(car.acq.recordRows().synced, 2U);
     calls->forEachOutcome(told, [&](const test::PowerCut::Disk& left) {

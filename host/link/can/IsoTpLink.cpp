@@ -77,8 +77,14 @@ bool IsoTpLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> r
   return true;
 }
 
-/// Passes on one frame, or the time. True when a response is whole.
-bool IsoTpLink::step(Moment deadline) {
+bool IsoTpLink::isComing(std::int64_t answerer) const {
+  return std::ranges::any_of(channels_, [&](const IsoTpChannel& channel) {
+    return channel.pair().receive == answerer && channel.isUnderWay();
+  });
+}
+
+/// Passes on one frame, or the time. A whole response is `complete_`'s.
+IsoTpLink::Step IsoTpLink::step(Moment deadline) {
   for (const IsoTpChannel& channel : channels_)
     if (const auto due = channel.due()) deadline = std::min(deadline, *due);
   std::uint32_t identifier = 0;
@@ -88,25 +94,29 @@ bool IsoTpLink::step(Moment deadline) {
   if (IsoTpChannel* const channel = came ? knownChannel(identifier) : nullptr) {
     setAnswerer(channel->pair().receive);
     complete_ = channel;
-    if (channel->accept(frame.bytes(), now)) return true;
+    if (channel->accept(frame.bytes(), now)) return Step::message;
   }
   for (IsoTpChannel& channel : channels_) {
     setAnswerer(channel.pair().receive);
     channel.passTime(now);
   }
-  return false;
+  return came ? Step::frame : Step::nothing;
 }
 
-/// A long message that has begun may take longer.
+/// Where one ECU is asked at a time, a long message that has begun may take longer.
 Link::Received IsoTpLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
+  constexpr int kMost = 1000;  // a bus full of frames must not hold the caller for ever
   const Moment deadline = clock_.now() + timeout;
-  const bool waits = timeout.count() > 0;
-  // A bus full of frames must not hold the caller for ever, so the time is looked at after each.
-  for (Moment limit = deadline;;) {
-    if (step(limit)) break;
+  const bool patient = timeout.count() > 0 && !sideBySide_;
+  Moment limit = deadline;
+  for (int late = 0;;) {
+    const Step done = step(limit);
+    if (done == Step::message) break;
     if (clock_.now() < deadline) continue;
-    if (!waits || std::ranges::none_of(channels_, &IsoTpChannel::isUnderWay)) return Received::nothing;
-    limit = Moment::max();
+    if (patient && std::ranges::any_of(channels_, &IsoTpChannel::isUnderWay))
+      limit = Moment::max();
+    else if (timeout.count() > 0 || done == Step::nothing || ++late > kMost)
+      return Received::nothing;
   }
   response.assign(complete_->message().begin(), complete_->message().end());
   return Received::response;
@@ -134,8 +144,11 @@ std::vector<LinkTarget> IsoTpLink::askAll(std::uint32_t everybody, std::int32_t 
   const Moment deadline = clock_.now() + kPatience;
   std::vector<LinkTarget> ecus;
   std::vector<bool> heard(static_cast<std::size_t>(count));
-  while (clock_.now() < deadline && ecus.size() < heard.size()) {
-    if (!step(deadline)) continue;
+  while (clock_.now() < deadline) {
+    // One whose answer breaks off does not keep the others from being found.
+    Step done = Step::nothing;
+    skipOnFailure([&] { done = step(deadline); });
+    if (done != Step::message) continue;
     const auto place =
         std::ranges::find_if(channels_, [&](const IsoTpChannel& channel) { return &channel == complete_; });
     heard[static_cast<std::size_t>(std::distance(channels_.begin(), place))] = true;

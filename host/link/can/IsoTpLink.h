@@ -29,6 +29,7 @@ class IsoTpLink : public Link {
   std::size_t mostIdentifiers(const LinkTarget& /*target*/) const override { return kMostIdentifiersAtOnce; }
   std::int64_t answererOf(const LinkTarget& target) const override;
   bool matchesAnswers() const override { return false; }
+  bool isComing(std::int64_t answerer) const override;
   bool sideBySide() const override { return sideBySide_; }
 
  protected:
@@ -45,7 +46,8 @@ class IsoTpLink : public Link {
   IsoTpChannel* knownChannel(std::uint32_t receive);
   IsoTpChannel& channelOf(CanPair pair);
   void listen();
-  bool step(Moment deadline);
+  enum class Step : std::uint8_t { nothing, frame, message };
+  Step step(Moment deadline);
   std::vector<LinkTarget> askAll(std::uint32_t everybody, std::int32_t first, int count);
 
   std::optional<CanPair> pair_;

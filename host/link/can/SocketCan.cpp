@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <string>
 #include <utility>
@@ -63,6 +64,16 @@ class RawPort : public CanPort, private DescriptorStream {
   }
 
  protected:
+  /// The interface's own queue is short: a long request fills it until the bus has taken some frames.
+  std::ptrdiff_t writeSome(std::span<const std::uint8_t> bytes) override {
+    constexpr std::chrono::milliseconds kQueueTime{100};
+    const Moment last = clock().now() + kQueueTime;
+    for (;;) {
+      const std::ptrdiff_t written = DescriptorStream::writeSome(bytes);
+      if (written >= 0 || errno != ENOBUFS || clock().now() >= last) return written;
+      clock().waitUntil(clock().now() + std::chrono::milliseconds(1), {});
+    }
+  }
   [[noreturn]] void failWith(int error) const override {
     switch (error) {
       case ENOBUFS:

@@ -137,23 +137,24 @@ void DoipLink::post(std::uint16_t address, std::span<const std::uint8_t> request
 }
 
 Link::Received DoipLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
+  constexpr int kMost = 1000;  // a gateway that floods must not hold the caller for ever
   const Moment deadline = clock_.now() + timeout;
-  // A gateway that floods must not hold the caller for ever, so the time is looked at after each message.
-  do {
+  for (int late = 0;;) {
     auto message = nextMessage(deadline);
     if (!message && timeout.count() == 0 && messages_.hasBegun()) {
       // Otherwise the next one would be appended to it.
       message = nextMessage(heard_ + kRestTime);
       if (!message) fail("the gateway broke off in the middle of a message");
     }
-    if (!message) break;
-    if (!isAnswer(*message)) continue;
-    if (const auto known = spokenFor(*message); known != ecus_.end()) {
-      setAnswerer(known->first);
-      return take(*message, known->second, response);
+    if (!message) return Received::nothing;
+    if (isAnswer(*message)) {
+      if (const auto ecu = answererIn(*message); ecu != ecus_.end()) {
+        setAnswerer(ecu->first);
+        return take(*message, ecu->second, response);
+      }
     }
-  } while (clock_.now() < deadline);
-  return Received::nothing;
+    if (clock_.now() >= deadline && (timeout.count() > 0 || ++late > kMost)) return Received::nothing;
+  }
 }
 
 /// A gateway acknowledges a request before its ECU can answer. A response before that is late or a duplicate,
@@ -178,19 +179,26 @@ bool DoipLink::isAnswer(const DoipMessage& message) const {
          doipNumber(message.payload, 2) == settings_.tester;
 }
 
-/// The ECU whose message, acknowledgement or refusal it is. Some gateways speak in their own name: then it is
-/// the oldest request that waits for that. Answers to a functional address come from ECUs that were not
-/// asked.
-std::map<std::uint16_t, DoipLink::Ecu>::iterator DoipLink::spokenFor(const DoipMessage& message) {
+/// Who answers. Answers to a functional address come from any ECU, the first of them counts.
+DoipLink::Ecus::iterator DoipLink::answererIn(const DoipMessage& message) {
+  const auto known = ecus_.find(doipNumber(message.payload, 0).value_or(0));
+  if (known != ecus_.end() && known->second.open) return known;
+  const auto group =
+      std::ranges::find_if(ecus_, [](const auto& ecu) { return isGroup(ecu.first) && ecu.second.open; });
+  return group != ecus_.end() ? group : known;
+}
+
+/// Whose request is acknowledged or refused. Some gateways say that in their own name: then it is the oldest
+/// request that waits for it.
+DoipLink::Ecus::iterator DoipLink::waiterFor(const DoipMessage& message) {
   const std::uint16_t source = doipNumber(message.payload, 0).value_or(0);
+  const auto waits = [](const Ecu& ecu) { return ecu.open && !ecu.acknowledged; };
   const auto known = ecus_.find(source);
-  const bool answer = message.type == DoipType::diagnostic;
-  if (known != ecus_.end() && (answer || known->second.open || source != gateway_)) return known;
+  if (known != ecus_.end() && (waits(known->second) || source != gateway_)) return known;
   auto oldest = ecus_.end();
-  for (auto ecu = ecus_.begin(); ecu != ecus_.end(); ++ecu) {
-    const bool waits = answer ? isGroup(ecu->first) : ecu->second.open && !ecu->second.acknowledged;
-    if (waits && (oldest == ecus_.end() || ecu->second.sequence < oldest->second.sequence)) oldest = ecu;
-  }
+  for (auto ecu = ecus_.begin(); ecu != ecus_.end(); ++ecu)
+    if (waits(ecu->second) && (oldest == ecus_.end() || ecu->second.sequence < oldest->second.sequence))
+      oldest = ecu;
   return oldest;
 }
 
@@ -219,7 +227,7 @@ void DoipLink::handle(const DoipMessage& message) {
       if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
       break;
     case DoipType::diagnosticAcknowledged:
-      if (const auto ecu = spokenFor(message); ecu != ecus_.end()) ecu->second.acknowledged = true;
+      if (const auto ecu = waiterFor(message); ecu != ecus_.end()) ecu->second.acknowledged = true;
       break;
     case DoipType::diagnosticRefused:
       refused(message);
@@ -231,7 +239,7 @@ void DoipLink::handle(const DoipMessage& message) {
 
 void DoipLink::refused(const DoipMessage& message) {
   if (message.payload.size() <= 4) return;
-  const auto ecu = spokenFor(message);
+  const auto ecu = waiterFor(message);
   if (ecu == ecus_.end() || !ecu->second.open) return;
   ecu->second.open = false;
   setAnswerer(ecu->first);

@@ -61,6 +61,8 @@ class DoipLink : public Link {
     int misjudged = 0;               ///< requests without a response after such a drop
   };
 
+  using Ecus = std::map<std::uint16_t, Ecu>;
+
   std::string findHost();
   void connect(const std::string& host);
   bool activateRouting();
@@ -75,7 +77,8 @@ class DoipLink : public Link {
   void refused(const DoipMessage& message);
   bool isAnswer(const DoipMessage& message) const;
   static Received take(const DoipMessage& message, Ecu& ecu, Bytes& response);
-  std::map<std::uint16_t, Ecu>::iterator spokenFor(const DoipMessage& message);
+  Ecus::iterator answererIn(const DoipMessage& message);
+  Ecus::iterator waiterFor(const DoipMessage& message);
   [[noreturn]] void fail(const std::string& text) const;
 
   DoipSettings settings_;
@@ -83,9 +86,9 @@ class DoipLink : public Link {
   LinkClock& clock_;
   std::unique_ptr<ByteStream> stream_;
   DoipStream messages_;
-  std::uint16_t gateway_ = 0;          ///< from vehicle identification or the routing activation response
-  std::map<std::uint16_t, Ecu> ecus_;  ///< by logical address
-  std::uint64_t sequence_ = 0;         ///< of the request that was sent last
+  std::uint16_t gateway_ = 0;   ///< from vehicle identification or the routing activation response
+  Ecus ecus_;                   ///< by logical address
+  std::uint64_t sequence_ = 0;  ///< of the request that was sent last
   bool groupAsked_ = false;
   std::uint8_t version_ = kDoipVersion;
   Moment heard_{};  ///< when the last bytes came

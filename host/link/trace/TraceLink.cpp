@@ -71,7 +71,9 @@ bool TraceLink::doSend(const LinkTarget& target, std::span<const std::uint8_t> r
 Link::Received TraceLink::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   const Received received = watched([&] { return link_->receive(response, timeout); });
   setAnswerer(link_->answerer());
-  const bool unreachable = received == Received::unreachable || received == Received::turnedAway;
+  const bool unreachable = received == Received::unreachable;
+  // Whoever asked may do so once more: a replay must not take it for the end.
+  if (received == Received::turnedAway) writeLine("# turned away: " + link_->obstacle());
   if (received != Received::response && !unreachable) return received;
   TraceEntry entry;
   entry.kind = unreachable ? Kind::unreachable : Kind::response;

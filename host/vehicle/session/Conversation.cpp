@@ -13,6 +13,12 @@ namespace tarnlog::host {
 using std::chrono::ceil;
 using std::chrono::milliseconds;
 
+namespace {
+
+constexpr milliseconds kLookAround{20};
+
+}  // namespace
+
 /// Marks an exchange as under way. An exchange that fails leaves the link in a state that nobody knows, so it
 /// is closed like after `end`.
 class Conversation::Busy {
@@ -78,7 +84,7 @@ EcuLane& Conversation::laneOf(const LinkTarget& target) {
 /// What was told ahead comes in its order; anything else is asked in between.
 ExchangeResult& Conversation::ask(EcuLane& lane, const LinkTarget& target,
                                   std::span<const std::uint8_t> request, milliseconds timeout) {
-  if (lane.nextIs(request)) {
+  if (lane.goesTo(request)) {
     startAhead();
     while (!lane.hasResult() && lane.hasAhead()) step();
     if (lane.hasResult()) return lane.takeResult();
@@ -88,7 +94,7 @@ ExchangeResult& Conversation::ask(EcuLane& lane, const LinkTarget& target,
   lane.startOther(target, request, timeout);
   startAhead();
   while (!lane.exchange().isOver()) step();
-  return lane.exchange().result();
+  return lane.takeOther();
 }
 
 void Conversation::askAhead(const LinkTarget& target, std::span<const std::uint8_t> request,
@@ -102,22 +108,26 @@ void Conversation::forgetAhead() {
 
 bool Conversation::isAskedAhead(const LinkTarget& target) {
   const EcuLane* const lane = knownLane(link_.answererOf(target));
-  return lane != nullptr && lane->hasAhead();
+  return lane != nullptr && lane->isBusyAhead();
 }
 
 /// Waits until something comes or time is over somewhere, and lets everybody go on.
 void Conversation::step() {
   Moment due = Moment::max();
   bool awaits = false;
+  Moment now = clock_.now();
   for (const EcuLane& lane : lanes_) {
     if (lane.exchange().isOver()) continue;
-    due = std::min(due, lane.exchange().due());
+    // A long answer that has begun may take longer; its link gives it up.
+    const bool comes = lane.exchange().awaits() && link_.isComing(lane.answerer());
+    due = std::min(due, comes ? now + kLookAround : lane.exchange().due());
     awaits = awaits || lane.exchange().awaits();
   }
-  Moment now = clock_.now();
   if (awaits) {
     const auto received = link_.receive(came_, ceil<milliseconds>(std::max(due - now, Moment(0))));
     dispatch(received);
+    // Whoever was held up for long finds answers of several.
+    if (now >= due) readAll();
     if (received != Link::Received::response) now = clock_.now();
   } else if (due != Moment::max()) {
     clock_.waitUntil(due, {});
@@ -125,7 +135,7 @@ void Conversation::step() {
     readAway();
   }
   for (EcuLane& lane : lanes_) {
-    lane.exchange().passTime(now);
+    if (!link_.isComing(lane.answerer())) lane.exchange().passTime(now);
     lane.keepResult();
   }
   startAhead();
@@ -162,8 +172,12 @@ void Conversation::startSome() {
 
 /// What has come already answers an earlier request, or one of another ECU.
 void Conversation::readAway() {
+  if (!link_.matchesAnswers()) readAll();
+}
+
+void Conversation::readAll() {
   constexpr int kMost = 1000;  // who floods must not hold the caller
-  if (link_.matchesAnswers()) return;
+  if (link_.matchesAnswers() && !link_.sideBySide()) return;
   for (int i = 0; i < kMost; ++i) {
     const auto received = link_.receive(came_, milliseconds(0));
     if (received == Link::Received::nothing) return;
@@ -184,7 +198,8 @@ void Conversation::dispatch(Link::Received received) {
     case Received::turnedAway:
       return turnedAway(lane);
     case Received::unreachable:
-      return lane.exchange().unreachable();
+      if (lane.exchange().awaits()) lane.exchange().unreachable();
+      return;
     case Received::silent:
       return lane.exchange().silent();
     case Received::nothing:
@@ -194,20 +209,19 @@ void Conversation::dispatch(Link::Received received) {
 
 /// A gateway that carries fewer requests at a time than there are ECUs says so only by turning one away.
 void Conversation::turnedAway(EcuLane& lane) {
+  if (!lane.exchange().awaits()) return;
   const std::size_t open = openLanes();
   if (open > 1 && lane.isAheadOpen()) {
     mostOpen_ = open - 1;
     return lane.sendAgain();
   }
   if (open == 1) mostOpen_ = kAnyNumber;  // it was not for the others
+  lane.exchange().withdraw();
   lane.exchange().unreachable();
 }
 
 void Conversation::close() {
-  for (EcuLane& lane : lanes_) {
-    lane.forgetAhead();
-    lane.exchange().abandon();
-  }
+  for (EcuLane& lane : lanes_) lane.abandon();
   mostOpen_ = kAnyNumber;
   link_.close();
 }
@@ -231,7 +245,6 @@ void Conversation::pause(milliseconds time) {
 }
 
 void Conversation::waitUntil(Moment moment) {
-  constexpr milliseconds kLookAround{20};
   while (clock_.now() < moment && !link_.stopAsked() && !endRequested_)
     clock_.waitUntil(std::min(moment, clock_.now() + kLookAround), [this] { link_.idle(); });
 }

@@ -47,7 +47,7 @@ class Conversation {
                 std::chrono::milliseconds timeout);
   /// What was told ahead and not asked for is over: not sent any more, or its answer passed over.
   void forgetAhead();
-  /// Something told ahead to this ECU is not asked for yet.
+  /// Something told ahead to this ECU is not answered yet.
   bool isAskedAhead(const LinkTarget& target);
 
   /// One more response to the last exchange's request: on older buses an answer may come in several. False
@@ -91,6 +91,7 @@ class Conversation {
   void startAhead();
   void startSome();
   void readAway();
+  void readAll();
   void dispatch(Link::Received received);
   void turnedAway(EcuLane& lane);
   std::size_t openLanes() const;

@@ -75,8 +75,8 @@ void EcuExchange::learnTimes() {
       protocolOf(target_.protocol) != Protocol::uds)
     return;
   const auto number = [&](std::size_t at) { return told[at] << 8 | told[at + 1]; };
-  p2_ = milliseconds(number(2));
-  p2Star_ = milliseconds(number(4) * 10);
+  if (number(2) > 0) p2_ = milliseconds(number(2));
+  if (number(4) > 0) p2Star_ = milliseconds(number(4) * 10);
 }
 
 void EcuExchange::came(Link::Bytes& response) {
@@ -131,6 +131,12 @@ void EcuExchange::abandon() {
   state_ = State::over;
 }
 
+void EcuExchange::withdraw() {
+  if (state_ == State::verifying) late_.verificationLost();
+  if (state_ == State::awaiting) late_.noneExpected();
+  state_ = State::over;
+}
+
 void EcuExchange::finish(ExchangeOutcome outcome) {
   using Outcome = ExchangeOutcome;
   const Moment now = clock_.now();
@@ -143,6 +149,8 @@ void EcuExchange::finish(ExchangeOutcome outcome) {
     if (!pending_) slowest_ = std::max(slowest_, now - result_.times.sent);
   } else if (asked) {
     late_.givenUp(now);
+    // A P2 that is too short for the way is not believed again.
+    if (outcome == Outcome::silent && patience() < timeout_) p2_.reset();
   }
   if (outcome == Outcome::silent && asked && noAnswer_) {
     late_.noneExpected();

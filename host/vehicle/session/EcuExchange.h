@@ -68,6 +68,8 @@ class EcuExchange {
   void passTime(Moment now);
   /// Nothing is waited for any more.
   void abandon();
+  /// The same, where the request did not reach the ECU.
+  void withdraw();
 
   bool isOver() const { return state_ == State::over; }
   /// Something is to be received. Else, unless it is over, only time has to pass.

@@ -28,7 +28,14 @@ void EcuLane::startNext() {
 void EcuLane::startOther(const LinkTarget& target, std::span<const std::uint8_t> request,
                          std::chrono::milliseconds timeout) {
   keepResult();
+  isOtherOpen_ = true;
   exchange_.start(target, request, timeout);
+}
+
+void EcuLane::abandon() {
+  forgetAhead();
+  isOtherOpen_ = false;
+  exchange_.abandon();
 }
 
 void EcuLane::storeResult() {
@@ -40,13 +47,18 @@ void EcuLane::storeResult() {
 }
 
 void EcuLane::sendAgain() {
-  exchange_.abandon();
+  exchange_.withdraw();
   --next_;
   isAheadOpen_ = false;
 }
 
-bool EcuLane::nextIs(std::span<const std::uint8_t> request) const {
-  return hasAhead() && std::ranges::equal(ahead_[taken_].request, request);
+bool EcuLane::goesTo(std::span<const std::uint8_t> request) {
+  for (std::size_t i = taken_; i < told_; ++i) {
+    if (!std::ranges::equal(ahead_[i].request, request)) continue;
+    taken_ = i;
+    return true;
+  }
+  return false;
 }
 
 }  // namespace tarnlog::host

@@ -32,17 +32,26 @@ class EcuLane {
   void forgetAhead();
   /// Something is left that was told ahead.
   bool hasAhead() const { return taken_ < told_; }
+  /// Of that, something is still to be sent or to be answered.
+  bool isBusyAhead() const { return left() > 0 || isAheadOpen_; }
 
   /// What is under way was told ahead.
   bool isAheadOpen() const { return isAheadOpen_; }
   /// Nothing is under way, and something was told ahead.
-  bool isReady() const { return exchange_.isOver() && !isAheadOpen_ && next_ < told_; }
+  bool isReady() const { return exchange_.isOver() && !isAheadOpen_ && !isOtherOpen_ && next_ < told_; }
   /// How much was told ahead and is not sent yet.
   std::size_t left() const { return told_ - next_; }
   void startNext();
   /// Sends something that was not told ahead, while nothing is under way.
   void startOther(const LinkTarget& target, std::span<const std::uint8_t> request,
                   std::chrono::milliseconds timeout);
+  /// What came of it, when it is over; until then nothing else is sent.
+  ExchangeResult& takeOther() {
+    isOtherOpen_ = false;
+    return exchange_.result();
+  }
+  /// All is forgotten, and nothing is waited for any more.
+  void abandon();
   /// To be called after each step: keeps what is over. An ECU that does not answer is asked nothing more.
   void keepResult() {
     if (isAheadOpen_ && exchange_.isOver()) storeResult();
@@ -50,8 +59,9 @@ class EcuLane {
   /// The request under way is sent once more, when it may be.
   void sendAgain();
 
-  /// The oldest that is left, if it is this request: it will be `takeResult`'s.
-  bool nextIs(std::span<const std::uint8_t> request) const;
+  /// This request was told ahead and is left: it will be `takeResult`'s. What was told before it is not asked
+  /// for any more.
+  bool goesTo(std::span<const std::uint8_t> request);
   /// The oldest one is over.
   bool hasResult() const { return taken_ < next_ && (taken_ + 1 < next_ || !isAheadOpen_); }
   ExchangeResult& takeResult() { return ahead_[taken_++].result; }
@@ -73,6 +83,7 @@ class EcuLane {
   std::size_t next_ = 0;      ///< the first that was not started
   std::size_t taken_ = 0;     ///< the first that was not asked for
   bool isAheadOpen_ = false;  ///< the one before `next_` is under way
+  bool isOtherOpen_ = false;  ///< something else is under way, or its result was not taken
 };
 
 }  // namespace tarnlog::host

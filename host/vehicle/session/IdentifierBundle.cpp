@@ -111,7 +111,11 @@ IdentifierBundle::Taken IdentifierBundle::take(const RequestDescription& request
   Member& member = memberOf(request);
   if (!member.group || !isUsable()) return Taken::alone;
   const Group& group = groups_[*member.group];
-  if (member.share == Share::due && !ask(*member.group)) return Taken::unreachable;
+  if (member.share == Share::due)
+    if (const Taken asked = ask(*member.group); asked != Taken::taken) {
+      times_ = group.times;
+      return asked;
+    }
   if (std::exchange(member.share, Share::due) != Share::arrived) return Taken::alone;
   times_ = group.times;
   const auto* const first = group.response.data() + member.place;
@@ -120,22 +124,26 @@ IdentifierBundle::Taken IdentifierBundle::take(const RequestDescription& request
   return Taken::taken;
 }
 
-bool IdentifierBundle::ask(std::size_t position) {
+IdentifierBundle::Taken IdentifierBundle::ask(std::size_t position) {
   Group& group = groups_[position];
   for (Member& member : members_)
     if (member.group == position) member.share = Share::missing;
   const auto outcome = ecu_.converse(group.frame, group.timeout, group.response);
   group.times = ecu_.times();
-  if (outcome == Conversation::Outcome::unreachable) return false;
+  // A long request may be more than the ECU or the way to it can take: alone it will be told.
+  if (outcome == Conversation::Outcome::unreachable && kind_ == Kind::pids) return Taken::unreachable;
+  const bool wasUsable = worked_;
   judge(position, outcome, outcome == Conversation::Outcome::answered ? split(position) : 0);
-  return true;
+  const bool silent = outcome == Conversation::Outcome::silent && kind_ == Kind::identifiers;
+  return silent && wasUsable ? Taken::silent : Taken::taken;
 }
 
 /// If the bundle worked before, a response without data may be a disturbance: a few are allowed.
 void IdentifierBundle::judge(std::size_t position, Conversation::Outcome outcome, std::size_t came) {
   const Group& group = groups_[position];
-  if (kind_ == Kind::identifiers && outcome == Conversation::Outcome::refused &&
-      isTooMuchAtOnce(group.response)) {
+  const bool tooMuch = outcome == Conversation::Outcome::unreachable ||
+                       (outcome == Conversation::Outcome::refused && isTooMuchAtOnce(group.response));
+  if (kind_ == Kind::identifiers && tooMuch) {
     ecu_.setMostIdentifiers((group.members + 1) / 2);
   } else if (kind_ == Kind::pids && !worked_ && came < 2) {
     usable_ = false;
@@ -156,7 +164,8 @@ void IdentifierBundle::noteMissing(std::size_t position) {
     if (member.share == Share::arrived) {
       member.cameBefore = true;
       member.missed = 0;
-    } else if (!member.apart && (++member.missed == kMostFailures || !member.cameBefore)) {
+    } else if (!member.apart &&
+               (++member.missed == kMostFailures || (kind_ == Kind::pids && !member.cameBefore))) {
       member.apart = changed_ = true;
     }
   }

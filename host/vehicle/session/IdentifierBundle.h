@@ -33,6 +33,7 @@ class IdentifierBundle {
   enum class Taken : std::uint8_t {
     taken,       ///< the response is what it would be if the member had been asked for alone
     alone,       ///< the member has to be asked for alone
+    silent,      ///< the ECU did not answer, although it answered such requests before
     unreachable  ///< nothing reaches the ECU
   };
   /// The response to a member. Failures of the link are TarnErrors.
@@ -78,8 +79,8 @@ class IdentifierBundle {
   std::size_t most() const;
   void layOut();
   void addGroup(const std::vector<Member*>& together);
-  /// False when nothing reaches the ECU.
-  bool ask(std::size_t group);
+  /// `taken` when the shares of the group are known.
+  Taken ask(std::size_t group);
   std::size_t split(std::size_t group);
   Member* arrivingAt(std::size_t group, std::span<const std::uint8_t> bytes);
   void judge(std::size_t group, Conversation::Outcome outcome, std::size_t came);

@@ -1,6 +1,7 @@
 #include "host/vehicle/session/LateAnswers.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/service/ResponseCheck.h"
 #include "host/service/Services.h"
@@ -30,6 +31,7 @@ std::array<std::uint8_t, 2> harmlessRequest(Protocol protocol, bool owesPids) {
 std::optional<LateAnswers::Verification> LateAnswers::before(Protocol protocol,
                                                              std::span<const std::uint8_t> request,
                                                              Moment now, milliseconds timeout) {
+  if (std::exchange(surplus_, false)) distrustDoubled();
   if (now > givenUp_ + kForgotten) settle();
   const bool doubtful = distrusted_ > 0 || owed_.test(request[0]) || owed_.test(service::kTesterPresent);
   const bool unproven = isUnproven(request);
@@ -60,7 +62,7 @@ bool LateAnswers::isUnproven(std::span<const std::uint8_t> request) {
 }
 
 /// Where nothing is owed, the answer before came twice.
-void LateAnswers::unasked() {
+void LateAnswers::distrustDoubled() {
   if (owed_.none()) distrusted_ = kDistrusted;
 }
 
@@ -79,7 +81,7 @@ bool LateAnswers::isVerifiedBy(std::span<const std::uint8_t> verification,
   if (kind == ResponseClass::pending) return false;
   if (kind != ResponseClass::positive &&
       (kind == ResponseClass::foreign || verification[0] != service::kTesterPresent)) {
-    unasked();
+    distrustDoubled();
     return false;
   }
   --aside_;

@@ -32,6 +32,8 @@ class LateAnswers {
   std::optional<Verification> before(Protocol protocol, std::span<const std::uint8_t> request, Moment now,
                                      std::chrono::milliseconds timeout);
   void verificationSent() { ++aside_; }
+  /// It did not reach the ECU.
+  void verificationLost() { --aside_; }
   /// True when this response to it shows that nothing older is to come.
   bool isVerifiedBy(std::span<const std::uint8_t> verification, std::span<const std::uint8_t> response);
   /// It was not answered in time.
@@ -45,15 +47,17 @@ class LateAnswers {
   /// That request suppressed its positive response, and nothing came.
   void noneExpected() { owed_.reset(service_); }
   /// Something came that was not asked for, or was not waited for any more.
-  void unasked();
+  void unasked() { surplus_ = true; }
 
  private:
   void settle();
+  void distrustDoubled();
   bool isUnproven(std::span<const std::uint8_t> request);
 
   std::bitset<0x100> owed_;            ///< services of requests that it has not answered
   bool owesPids_ = false;              ///< the request for the supported PIDs is among them
   Moment givenUp_{};                   ///< when the newest of them timed out, or will
+  bool surplus_ = false;               ///< something unasked came since the last request
   int distrusted_ = 0;                 ///< coming requests that are still verified first
   std::uint8_t service_ = 0;           ///< of the request sent last
   int aside_ = 0;                      ///< verification requests that it has not answered

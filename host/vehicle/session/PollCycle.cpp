@@ -45,6 +45,7 @@ void PollCycle::clear() {
 void PollCycle::forget() {
   begun_ = false;
   conversation_.forgetAhead();
+  for (IdentifierBundle* const bundle : bundles_) bundle->forget();
   for (PolledRequest* const request : requests_) request->askNext();
 }
 

@@ -19,8 +19,17 @@ using Outcome = Conversation::Outcome;
 void PolledRequest::plan(Moment now) {
   const Moment interval = request_.description().interval;
   asked_ = now >= due_;
+  trials_ += asked_ && leftOut_ ? 1 : 0;
   if (!asked_ || leftOut_) return;
   due_ = now - due_ < interval ? due_ + interval : now + interval;
+}
+
+/// Trials are short, so that they hold up nobody, but now and then: its answers may be slower than others.
+VehicleRequest::Asking PolledRequest::asking() const {
+  constexpr int kPatientTrial = 6;
+  using Asking = VehicleRequest::Asking;
+  if (!leftOut_) return Asking::usual;
+  return trials_ % kPatientTrial == 0 ? Asking::patiently : Asking::onTrial;
 }
 
 void PolledRequest::askNext() {
@@ -30,7 +39,7 @@ void PolledRequest::askNext() {
 void PolledRequest::send() {
   cycle_.reach(position_);
   if (!asked_) return;
-  const Outcome outcome = request_.ask(leftOut_);
+  const Outcome outcome = request_.ask(asking());
   if (outcome == Outcome::answered)
     takeBack();
   else if (request_.description().refusalIsError)
@@ -73,7 +82,10 @@ void PolledRequest::takeBack() {
 void PolledRequest::leaveOut(const std::string& why) {
   due_ = polling_.clock.now() + kAskAgain;
   request_.setNotAvailable();
-  if (!std::exchange(leftOut_, true)) tell(why + ": left out, and asked again every 5 s", false);
+  if (leftOut_) return;
+  leftOut_ = true;
+  trials_ = 0;
+  tell(why + ": left out, and asked again every 5 s", false);
 }
 
 void PolledRequest::tell(const std::string& what, bool over) const {

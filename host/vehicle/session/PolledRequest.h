@@ -43,7 +43,7 @@ class PolledRequest : public ferrox3::Request {
   /// It is sent in the next cycle, unless it is left out.
   void askNext();
   /// Tells its ECU's conversation that it will be sent.
-  void askAhead() const { request_.askAhead(leftOut_); }
+  void askAhead() const { request_.askAhead(asking()); }
 
   const std::string& name() const override { return request_.name(); }
   bool available() const override { return request_.available(); }
@@ -58,6 +58,7 @@ class PolledRequest : public ferrox3::Request {
   std::optional<ferrox3::Exchange> lastExchange() const override;
 
  private:
+  VehicleRequest::Asking asking() const;
   bool isLeftOutBySilence();
   void takeBack();
   void leaveOut(const std::string& why);
@@ -70,6 +71,7 @@ class PolledRequest : public ferrox3::Request {
   bool leftOut_ = false;
   bool asked_ = true;             ///< in this cycle
   Moment due_{};                  ///< when it is to be sent next
+  int trials_ = 0;                ///< since it is left out
   int silences_ = 0;              ///< in a row
   std::uint64_t ecuAnswers_ = 0;  ///< of its ECU, at the last silence
   std::uint64_t allAnswers_ = 0;  ///< of all ECUs, at the last silence

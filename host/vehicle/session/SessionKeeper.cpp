@@ -85,7 +85,7 @@ void SessionKeeper::note(const LinkTarget& target, std::span<const std::uint8_t>
   } else if (opens && isDefault(request[1])) {
     open_.erase(known);
   } else {
-    known->lastSent = clock_.now();
+    known->lastSent = times_.sent;
     if (opens) known->opening.assign(request.begin(), request.end());
   }
 }

@@ -36,7 +36,10 @@ VehiclePollSet::VehiclePollSet(const std::vector<VehicleRequest*>& requests, std
   }
 }
 
-VehiclePollSet::~VehiclePollSet() { unbundle(); }
+VehiclePollSet::~VehiclePollSet() {
+  cycle_.clear();
+  unbundle();
+}
 
 /// In the order of the requests, at least two each, which are all due in the same cycles.
 void VehiclePollSet::bundle(const std::vector<VehicleRequest*>& requests) {

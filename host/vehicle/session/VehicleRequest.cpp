@@ -25,37 +25,43 @@ ferrox3::DataItem* VehicleRequest::findData(std::string_view name) const {
 }
 
 void VehicleRequest::send() {
-  const auto outcome = ask(false);
+  const auto outcome = ask(Asking::patiently);
   if (outcome != Conversation::Outcome::answered) throw failure(outcome);
 }
 
-Conversation::Outcome VehicleRequest::ask(bool onTrial) {
+Conversation::Outcome VehicleRequest::ask(Asking how) {
   sent_ = true;
   exchange_.reset();
-  const auto outcome = exchange(onTrial);
+  const auto outcome = exchange(how);
   if (outcome == Conversation::Outcome::answered)
     for (VehicleDataItem& item : data_) item.decode(received_);
   return outcome;
 }
 
-void VehicleRequest::askAhead(bool onTrial) const {
-  if (onTrial || bundle_ == nullptr || !bundle_->askAhead(description_))
-    channel_.askAhead(description_.frame, timeout(onTrial));
+void VehicleRequest::askAhead(Asking how) const {
+  if (how != Asking::usual || bundle_ == nullptr || !bundle_->askAhead(description_))
+    channel_.askAhead(description_.frame, timeout(how));
 }
 
-std::chrono::milliseconds VehicleRequest::timeout(bool onTrial) const {
-  return onTrial ? channel_.trialTime(description_.timeout) : description_.timeout;
+std::chrono::milliseconds VehicleRequest::timeout(Asking how) const {
+  return how == Asking::onTrial ? channel_.trialTime(description_.timeout) : description_.timeout;
 }
 
-Conversation::Outcome VehicleRequest::exchange(bool onTrial) {
+Conversation::Outcome VehicleRequest::exchange(Asking how) {
   using Taken = IdentifierBundle::Taken;
-  const Taken taken = onTrial || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
+  const Taken taken =
+      how != Asking::usual || bundle_ == nullptr ? Taken::alone : bundle_->take(description_, received_);
   if (taken == Taken::unreachable) return Conversation::Outcome::unreachable;
+  if (taken == Taken::silent) {
+    received_.clear();
+    note(Conversation::Outcome::silent, bundle_->times());
+    return Conversation::Outcome::silent;
+  }
   if (taken == Taken::taken) {
     note(Conversation::Outcome::answered, bundle_->times());
     return Conversation::Outcome::answered;
   }
-  const auto outcome = channel_.converse(description_.frame, timeout(onTrial), received_);
+  const auto outcome = channel_.converse(description_.frame, timeout(how), received_);
   if (bundle_ != nullptr) bundle_->askedAlone(description_, outcome, received_);
   if (outcome != Conversation::Outcome::unreachable) note(outcome, channel_.times());
   return outcome;

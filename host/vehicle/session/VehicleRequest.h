@@ -45,11 +45,16 @@ class VehicleRequest : public ferrox3::Request {
   const RequestDescription& description() const { return description_; }
   EcuChannel& channel() const { return channel_; }
 
-  /// As `send`, telling what came instead of raising. `onTrial`: the ECU did not give it, so it is asked for
-  /// not together with others, and not waited for long.
-  Conversation::Outcome ask(bool onTrial);
+  /// How it is asked for.
+  enum class Asking : std::uint8_t {
+    usual,
+    onTrial,   ///< the ECU did not give it: not together with others, and not waited for long
+    patiently  ///< not together with others, and waited for as long as usual
+  };
+  /// As `send`, telling what came instead of raising.
+  Conversation::Outcome ask(Asking how);
   /// The next `ask` is told ahead (see Conversation).
-  void askAhead(bool onTrial) const;
+  void askAhead(Asking how) const;
   /// What `send` raises when that came.
   TarnError failure(Conversation::Outcome outcome) const;
   std::span<const std::uint8_t> received() const { return received_; }
@@ -58,8 +63,8 @@ class VehicleRequest : public ferrox3::Request {
   void setBundle(IdentifierBundle* bundle) { bundle_ = bundle; }
 
  private:
-  Conversation::Outcome exchange(bool onTrial);
-  std::chrono::milliseconds timeout(bool onTrial) const;
+  Conversation::Outcome exchange(Asking how);
+  std::chrono::milliseconds timeout(Asking how) const;
   void note(Conversation::Outcome outcome, const Conversation::Times& times);
 
   const RequestDescription& description_;

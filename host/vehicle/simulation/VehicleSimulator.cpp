@@ -95,7 +95,7 @@ void VehicleSimulator::answerSeveral(const Station& station, std::span<const std
     all.insert(all.end(), part.begin() + (all.empty() ? 0 : 1), part.end());
   }
   if (all.empty()) return refuse(request, kRequestOutOfRange, answers.add(description_.simulation.latency));
-  deliver(fault, request, std::move(all), latency, answers);
+  deliver(fault, request, all, latency, answers);
 }
 
 const VehicleSimulator::Station* VehicleSimulator::findStation(const LinkTarget& target) const {

@@ -66,7 +66,7 @@ TEST(IsoTpSender, FollowsTheReceiversFlowControl) {
 
 /// A link over these frames.
 IsoTpLink linkOver(std::optional<CanPair> pair, test::ScriptedBus::Log& bus, test::ManualLinkClock& clock) {
-  return {pair, [&] { return std::make_unique<test::ScriptedBus>(bus, clock); }, clock};
+  return {pair, [&] { return std::make_unique<test::ScriptedBus>(bus, clock); }, clock, false};
 }
 
 /// An ECU whose answer to "09 02" takes two frames.

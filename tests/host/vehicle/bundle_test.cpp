@@ -31,12 +31,16 @@ class Identifiers : public SimulatedPeer {
   bool backwards = false;         ///< the answer's order
   std::string behind;             ///< bytes at the end of answers to several
   std::set<std::uint8_t> spoils;  ///< an identifier that makes it refuse all
+  std::size_t longest = 4095;     ///< bytes of a request that reach it
+  bool silent = false;            ///< when it is asked for several
   std::vector<std::string> sent;
 
   void start() override {}
   void answer(const LinkTarget&, std::span<const std::uint8_t> request, std::chrono::microseconds,
               SimulatedAnswers& answers) override {
     sent.push_back(hexText(request.subspan(1)));
+    if (request.size() > longest) throw EcuUnreachable(1, "Identifiers", "no flow control");
+    if (request.size() > 3 && silent) return;
     Link::Bytes& bytes = answers.add(10ms);
     std::vector<std::uint8_t> asked;
     for (std::size_t at = 2; at < request.size(); at += 2) asked.push_back(request[at]);
@@ -167,6 +171,22 @@ TEST(IdentifierBundle, NeverRecordsAWrongSplit) {
   car.peer.behind = "AA AA";
   for (int i = 0; i < 8; ++i) EXPECT_EQ(car.cycle(), "112B33445566");
   EXPECT_EQ(car.peer.sent.size(), 6U) << "singly from now on";
+}
+
+TEST(IdentifierBundle, DoesNotEndThePollingOfWhatCanOnlyBeAskedForAlone) {
+  Car car;
+  car.peer.longest = 7;
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(car.cycle(), kAll) << "longer requests do not reach the ECU";
+  EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02", "F0 03 F0 04", "F0 05 F0 06"));
+
+  car.peer.silent = true;
+  EXPECT_THAT(car.cycle(), testing::HasSubstr("no answer"));
+  EXPECT_EQ(car.peer.sent.size(), 1U) << "one time-out, no second one for the same alone";
+  // What was received before the failure is not used after it.
+  car.peer.silent = false;
+  car.set->protocol().initialiseAll();
+  car.peer.data[2] = "2C 22";
+  EXPECT_EQ(car.cycle(), "112C33445566");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "ui/common/Convert.h"
+#include "ui/common/MenuItems.h"
 #include "ui/main/RecentFiles.h"
 
 namespace tarnlog {
@@ -13,10 +14,8 @@ QMenu* addRecentMenu(QMenu& menu, const QString& title, const RecentFiles& files
   QMenu* const recent = menu.addMenu(title);
   QObject::connect(recent, &QMenu::aboutToShow, recent, [recent, &files, open] {
     recent->clear();
-    for (const std::string& path : files.paths()) {
-      QString text = toQString(path);
-      recent->addAction(text.replace('&', "&&"), [open, path = toQString(path)] { open(path); });
-    }
+    for (const std::string& path : files.paths())
+      recent->addAction(itemText(toQString(path)), [open, path = toQString(path)] { open(path); });
     if (recent->isEmpty())
       recent->addAction(QCoreApplication::translate("RecentMenu", "(none)"))->setEnabled(false);
   });

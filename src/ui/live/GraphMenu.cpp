@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include "ui/common/MenuItems.h"
 #include "ui/live/GraphChoices.h"
 #include "ui/live/GraphReading.h"
 #include "ui/live/LookBack.h"
@@ -28,25 +29,11 @@ QString suggestedPath(const QString& title) {
 GraphMenu::GraphMenu(GraphBlock& block, const Picture& picture) : QMenu(&block.shown()), block_(block) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAccessibleName(block.shown().accessibleName());
-  addDeed(tr("&Save picture..."), "savePicture", [this, picture] { savePicture(picture()); });
-  addDeed(tr("Copy &picture"), "copyPicture",
+  addDeed(*this, tr("&Save picture..."), "savePicture", [this, picture] { savePicture(picture()); });
+  addDeed(*this, tr("Copy &picture"), "copyPicture",
           [picture] { QGuiApplication::clipboard()->setPixmap(picture()); });
-  addDeed(tr("&Copy points"), "copyPoints",
+  addDeed(*this, tr("&Copy points"), "copyPoints",
           [&block] { QGuiApplication::clipboard()->setText(pointsTable(block)); });
-}
-
-void GraphMenu::addDeed(const QString& text, const char* name, const std::function<void()>& deed) {
-  addAction(text, this, deed)->setObjectName(QLatin1String(name));
-}
-
-QAction* GraphMenu::addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
-                              const std::function<void(bool)>& choose) {
-  QAction* const action = menu.addAction(text);
-  action->setObjectName(QLatin1String(name));
-  action->setCheckable(true);
-  action->setChecked(checked);
-  connect(action, &QAction::triggered, this, choose);
-  return action;
 }
 
 void GraphMenu::addChoices(GraphChoices& choices, const std::function<void()>& changed) {
@@ -80,12 +67,11 @@ void GraphMenu::addScales(GraphChoices& choices, const std::function<void()>& ch
   QMenu* const which = addMenu(tr("&Axis of"));
   for (int plot = 1; plot <= block_.shown().plotCount(); ++plot) {
     const bool checked = block_.shown().chosenScale() == plot;
-    QString curve = toQString(block_.description(plot).name);
-    curves->addAction(
-        addChoice(*which, curve.replace('&', "&&"), "axis", checked, [&choices, changed, name, plot](bool) {
-          choices.setAxis(name, plot);
-          changed();
-        }));
+    const QString curve = itemText(toQString(block_.description(plot).name));
+    curves->addAction(addChoice(*which, curve, "axis", checked, [&choices, changed, name, plot](bool) {
+      choices.setAxis(name, plot);
+      changed();
+    }));
   }
 }
 
@@ -104,9 +90,11 @@ void GraphMenu::addMemory(GraphChoices& choices, const std::function<void()>& ch
 
 void GraphMenu::addLookBack(LookBack& lookBack, std::int64_t point) {
   addSeparator();
-  addDeed(tr("&Fit all\tF"), "fitAll", [&lookBack] { lookBack.fitAll(); });
-  addDeed(tr("Cursor &A\tA"), "cursorA", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorA, point); });
-  addDeed(tr("Cursor &B\tB"), "cursorB", [&lookBack, point] { lookBack.setCursor(CWGraph::CursorB, point); });
+  addDeed(*this, tr("&Fit all\tF"), "fitAll", [&lookBack] { lookBack.fitAll(); });
+  addDeed(*this, tr("Cursor &A\tA"), "cursorA",
+          [&lookBack, point] { lookBack.setCursor(CWGraph::CursorA, point); });
+  addDeed(*this, tr("Cursor &B\tB"), "cursorB",
+          [&lookBack, point] { lookBack.setCursor(CWGraph::CursorB, point); });
 }
 
 /// The dialog belongs to the window, which stays when the graph goes.

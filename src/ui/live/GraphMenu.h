@@ -27,9 +27,6 @@ class GraphMenu : public QMenu {
 
  private:
   void savePicture(const QPixmap& picture);
-  void addDeed(const QString& text, const char* name, const std::function<void()>& deed);
-  QAction* addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
-                     const std::function<void(bool)>& choose);
   void addScales(GraphChoices& choices, const std::function<void()>& changed);
   void addMemory(GraphChoices& choices, const std::function<void()>& changed);
 

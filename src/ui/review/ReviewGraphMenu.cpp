@@ -4,15 +4,13 @@
 #include <algorithm>
 #include <vector>
 
+#include "ui/common/MenuItems.h"
 #include "ui/review/ReviewLook.h"
 
 namespace tarnlog {
 namespace {
 
 constexpr std::size_t kMostData = 40;  ///< of a menu
-
-/// A "&" of a name is no mark of a key.
-QString itemText(QString name) { return name.replace(QLatin1Char('&'), QStringLiteral("&&")); }
 
 /// That have numbers: those of all graphs.
 std::vector<CurvePlace> graphedData(const ReviewScene& scene) {
@@ -40,20 +38,6 @@ ReviewGraphMenu::ReviewGraphMenu(ReviewScene& scene, std::size_t graph, std::opt
   addRemoval(curve);
 }
 
-void ReviewGraphMenu::addDeed(const QString& text, const char* name, const std::function<void()>& deed) {
-  addAction(text, this, deed)->setObjectName(QLatin1String(name));
-}
-
-QAction* ReviewGraphMenu::addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
-                                    const std::function<void(bool)>& choose) {
-  QAction* const action = menu.addAction(text);
-  action->setObjectName(QLatin1String(name));
-  action->setCheckable(true);
-  action->setChecked(checked);
-  connect(action, &QAction::triggered, this, choose);
-  return action;
-}
-
 void ReviewGraphMenu::addScales() {
   const bool own = shown().ownScales;
   addChoice(*this, tr("&Each curve its own scale"), "ownScales", own,
@@ -79,20 +63,20 @@ void ReviewGraphMenu::addX() {
 
 void ReviewGraphMenu::addCursors(double time) {
   addSeparator();
-  addDeed(tr("Cursor A &here"), "cursorA", [this, time] { scene_.setCursor(ReviewCursor::A, time); });
-  addDeed(tr("Cursor B he&re"), "cursorB", [this, time] { scene_.setCursor(ReviewCursor::B, time); });
-  addDeed(tr("&Fit all\tF"), "fitAll", [this] { scene_.fit(); });
-  if (scene_.canGoBack()) addDeed(tr("&Back\tBackspace"), "back", [this] { scene_.back(); });
+  addDeed(*this, tr("Cursor A &here"), "cursorA", [this, time] { scene_.setCursor(ReviewCursor::A, time); });
+  addDeed(*this, tr("Cursor B he&re"), "cursorB", [this, time] { scene_.setCursor(ReviewCursor::B, time); });
+  addDeed(*this, tr("&Fit all\tF"), "fitAll", [this] { scene_.fit(); });
+  if (scene_.canGoBack()) addDeed(*this, tr("&Back\tBackspace"), "back", [this] { scene_.back(); });
 }
 
 void ReviewGraphMenu::addRemoval(std::optional<std::size_t> curve) {
   addSeparator();
   if (curve && *curve < shown().curves.size()) {
     const QString name = itemText(curveName(scene_, shown().curves[*curve]));
-    addDeed(tr("&Take away %1").arg(name), "removeCurve",
+    addDeed(*this, tr("&Take away %1").arg(name), "removeCurve",
             [this, curve = *curve] { scene_.removeCurve(graph_, curve); });
   }
-  addDeed(tr("Take away the &graph"), "removeGraph", [this] { scene_.removeGraph(graph_); });
+  addDeed(*this, tr("Take away the &graph"), "removeGraph", [this] { scene_.removeGraph(graph_); });
 }
 
 }  // namespace tarnlog

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QMenu>
-#include <functional>
 #include <optional>
 
 #include "ui/review/ReviewScene.h"
@@ -18,9 +17,6 @@ class ReviewGraphMenu : public QMenu {
                   std::optional<double> time, QWidget* parent);
 
  private:
-  QAction* addChoice(QMenu& menu, const QString& text, const char* name, bool checked,
-                     const std::function<void(bool)>& choose);
-  void addDeed(const QString& text, const char* name, const std::function<void()>& deed);
   void addScales();
   void addX();
   void addCursors(double time);

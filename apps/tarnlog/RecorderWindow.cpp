@@ -368,7 +368,7 @@ void RecorderWindow::showEarlyConfiguration() {
   const std::string& early = recorder_->ctlTarnConfigure().earlyFile();
   if (early.empty()) return notices_->removeNotice("early");
   const QString name = QFileInfo(toQString(early)).fileName();
-  notices_->showNotice("early", tr("%1 is opened as soon as there is a vehicle.").arg(name));
+  notices_->showNews("early", tr("%1 is opened as soon as there is a vehicle.").arg(name));
 }
 
 /// Where this configuration puts its files. A new one has the folder of the settings.
@@ -474,7 +474,7 @@ void RecorderWindow::endAndClose() {
   if (slot_->opening()) return whenOpened_->run([this] { endAndClose(); });
   closing_ = true;
   cancelQuestions();
-  notices_->showNotice("closing", tr("Closing: what runs is being ended."));
+  notices_->showNews("closing", tr("Closing: what runs is being ended."));
   setEnabled(false);
   recorder_->stopAcquisition();
 }

@@ -19,16 +19,16 @@ constexpr int kMostLines = 6;
 
 }  // namespace
 
-/// One message: icon, text, what can be done, the way to its details, and a cross.
+/// One message: the sign where it warns, text, what can be done, the way to its details, and a cross.
 class NoticeBar::Notice : public QWidget {
  public:
-  Notice(const QString& text, const QStringList& details, const Action& action, QWidget* parent)
-      : QWidget(parent), text_(text), details_(details) {
+  Notice(bool warns, const QString& text, const QStringList& details, const Action& action, QWidget* parent)
+      : QWidget(parent), warns_(warns), text_(text), details_(details) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     auto* const row = new QHBoxLayout;
     row->setContentsMargins(8, 2, 4, 2);
-    row->addWidget(icon());
+    if (warns) row->addWidget(sign());
     row->addWidget(label(), 1);
     if (!action.text.isEmpty()) row->addWidget(actionButton(action));
     if (details.size() > 1) row->addWidget(detailsButton());
@@ -42,12 +42,13 @@ class NoticeBar::Notice : public QWidget {
     if (details.size() > 1) column->addWidget(list());
   }
 
+  bool warns() const { return warns_; }
   const QString& text() const { return text_; }
   const QStringList& details() const { return details_; }
   QToolButton* closer() const { return closer_; }
 
  private:
-  QLabel* icon() {
+  QLabel* sign() {
     auto* const label = new QLabel(this);
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     label->setPixmap(tarnIcon("warning").pixmap(QSize(size, size), devicePixelRatioF()));
@@ -93,6 +94,7 @@ class NoticeBar::Notice : public QWidget {
     return list_;
   }
 
+  bool warns_;
   QString text_;
   QStringList details_;
   QToolButton* closer_ = nullptr;
@@ -112,8 +114,15 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), rows_(new QVBoxLayout(th
 
 void NoticeBar::showNotice(const QString& subject, const QString& text, const QStringList& details,
                            const Action& action) {
+  add(subject, new Notice(true, text, details, action, this));
+}
+
+void NoticeBar::showNews(const QString& subject, const QString& text, const Action& action) {
+  add(subject, new Notice(false, text, {}, action, this));
+}
+
+void NoticeBar::add(const QString& subject, Notice* notice) {
   removeNotice(subject);
-  auto* const notice = new Notice(text, details, action, this);
   notices_.insert(subject, notice);
   rows_->addWidget(notice);
   connect(notice->closer(), &QToolButton::clicked, this, [this, subject] { removeNotice(subject); });
@@ -137,6 +146,11 @@ QString NoticeBar::notice(const QString& subject) const {
 QStringList NoticeBar::details(const QString& subject) const {
   const Notice* const notice = notices_.value(subject);
   return notice == nullptr ? QStringList() : notice->details();
+}
+
+bool NoticeBar::warns(const QString& subject) const {
+  const Notice* const notice = notices_.value(subject);
+  return notice != nullptr && notice->warns();
 }
 
 }  // namespace tarnlog

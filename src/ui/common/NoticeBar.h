@@ -22,17 +22,24 @@ class NoticeBar : public QFrame {
     std::function<void()> run;
   };
 
-  /// `details`, when there are several, open below the text at a click.
+  /// What went wrong or needs the user, with a sign. `details`, when there are several, open below the text
+  /// at a click.
   void showNotice(const QString& subject, const QString& text, const QStringList& details = {},
                   const Action& action = {});
+  /// The same of what goes well, without the sign.
+  void showNews(const QString& subject, const QString& text, const Action& action = {});
   void removeNotice(const QString& subject);
   /// Empty when there is none.
   QString notice(const QString& subject) const;
   QStringList details(const QString& subject) const;
+  /// There is a message with the sign about it.
+  bool warns(const QString& subject) const;
   QStringList subjects() const { return notices_.keys(); }
 
  private:
   class Notice;
+
+  void add(const QString& subject, Notice* notice);
 
   QVBoxLayout* rows_;
   QHash<QString, Notice*> notices_;

@@ -341,9 +341,9 @@ void Tarn2001::showState() {
 void Tarn2001::showLoad(const std::string& fileName) {
   showLacks(fileName);
   if (desk_.fromRecord())
-    notices_.showNotice("record", tr("%1 is a record: its configuration was opened without a name, the "
-                                     "record stays as it is.")
-                                      .arg(shownName(fileName)));
+    notices_.showNews("record", tr("%1 is a record: its configuration was opened without a name, the "
+                                   "record stays as it is.")
+                                    .arg(shownName(fileName)));
   else
     notices_.removeNotice("record");
 }
@@ -352,8 +352,8 @@ void Tarn2001::showLacks(const std::string& fileName) {
   if (desk_.lacks().empty())
     notices_.removeNotice("lacks");
   else if (!earlyFile_.empty())
-    notices_.showNotice(
-        "lacks", tr("%1: its data are loaded as soon as there is a vehicle.").arg(shownName(fileName)));
+    notices_.showNews("lacks",
+                      tr("%1: its data are loaded as soon as there is a vehicle.").arg(shownName(fileName)));
   else
     notices_.showNotice("lacks", LackText::summary(desk_.lacks(), shownName(fileName)),
                         LackText::lines(desk_.lacks()));

@@ -77,7 +77,7 @@ void HandOn::savePicture() {
   if (!path) return;
   try {
     desk_.savePicture(*path);
-    desk_.notices.showNotice(kSubject, tr("Written: %1").arg(*path));
+    desk_.notices.showNews(kSubject, tr("Written: %1").arg(*path));
   } catch (const TarnError& error) {
     failed(toQString(error.description()));
   }
@@ -120,10 +120,9 @@ void HandOn::savePart(PartChoice::Format format) {
   part.format = format;
   writer_ = std::make_unique<PartWriter>(std::move(part));
   poll_.start(kPoll, this);
-  desk_.notices.showNotice(kSubject, tr("Writing %1").arg(*path), {}, {tr("Cancel"), [this] {
-                                                                         if (writer_ != nullptr)
-                                                                           writer_->cancel();
-                                                                       }});
+  desk_.notices.showNews(kSubject, tr("Writing %1").arg(*path), {tr("Cancel"), [this] {
+                                                                   if (writer_ != nullptr) writer_->cancel();
+                                                                 }});
 }
 
 void HandOn::timerEvent(QTimerEvent* event) {
@@ -136,7 +135,7 @@ void HandOn::timerEvent(QTimerEvent* event) {
 
 void HandOn::tellWritten() {
   if (writer_->written())
-    desk_.notices.showNotice(kSubject, tr("Written: %1").arg(toQString(writer_->part().output)));
+    desk_.notices.showNews(kSubject, tr("Written: %1").arg(toQString(writer_->part().output)));
   else if (writer_->failure().empty())
     desk_.notices.removeNotice(kSubject);
   else

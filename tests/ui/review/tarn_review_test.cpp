@@ -245,7 +245,9 @@ TEST(TarnReview, HandsOnThePartBetweenTheCursors) {
   EXPECT_EQ(readBack(rig.read("part.mf4"), {}, "part.mf4").lines(), 3);
   EXPECT_THAT(save("saveCsv", rig.folder / "1-2-26_10h00mn00.txt"), HasSubstr("this is the record itself"));
   EXPECT_EQ(rig.read("1-2-26_10h00mn00.txt"), drive());
+  EXPECT_TRUE(rig.review.notices().warns("handOn"));
   EXPECT_THAT(save("savePicture", rig.folder / "seen.png"), HasSubstr("Written"));
+  EXPECT_FALSE(rig.review.notices().warns("handOn")) << "good news";
   EXPECT_THAT(rig.read("seen.png"), HasSubstr("PNG"));
 }
 

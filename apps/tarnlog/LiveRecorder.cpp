@@ -23,6 +23,7 @@
 #include "apps/tarnlog/GuideFiles.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
+#include "config/oTarnParameters.h"
 #include "samples/Measurement.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
@@ -126,7 +127,7 @@ int LiveRecorder::run() {
   Measurement& measurement = window.recorder().measurement();
   measurement.quality().setRecordingEnded([&](const std::string& path, const Quality& quality) {
     say(path + ": " + qualityText(quality));
-    window.recordings().recorded(path, qualityText(quality));
+    window.recordings().recorded(path, quality, acq.Parameters()->Count());
   });
   acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
     const std::string text = words::openFailureText(failure, reason);

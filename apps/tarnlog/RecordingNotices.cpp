@@ -1,8 +1,11 @@
 #include "apps/tarnlog/RecordingNotices.h"
 
 #include <QFileInfo>
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "platform/plotting/TimeGrid.h"
 #include "ui/common/Convert.h"
 #include "ui/common/NoticeBar.h"
 
@@ -48,10 +51,19 @@ void RecordingNotices::measurementFailed(const std::string& why) {
   bar_.showNotice("measurement", tr("Measurement data are missing: %1").arg(toQString(why)));
 }
 
-void RecordingNotices::recorded(const std::string& path, const std::string& quality) {
+/// Without a sign when nothing is missing.
+void RecordingNotices::recorded(const std::string& path, const Quality& quality, int data) {
   const QString name = QFileInfo(toQString(path)).fileName();
-  bar_.showNotice("quality", tr("Recorded: %1: %2").arg(name, toQString(quality)), {},
-                  {tr("Look at it"), [this, path] { lookAt_(path); }});
+  const double seconds = std::round(static_cast<double>(quality.till - quality.zero) / 1e6);
+  const QString length = toQString(durationText(std::max(seconds, 0.0) * 1000, '.'));
+  QString text = data == 1 ? tr("Recorded %1, 1 datum: %2").arg(length, name)
+                           : tr("Recorded %1, %2 data: %3").arg(length, QString::number(data), name);
+  if (quality.counts.expected() != 0) text += "\n" + toQString(qualityText(quality));
+  const NoticeBar::Action look{tr("Look at it"), [this, path] { lookAt_(path); }};
+  if (quality.counts.lost == 0 && quality.counts.gaps == 0)
+    bar_.showNews("quality", text, look);
+  else
+    bar_.showNotice("quality", text, {}, look);
 }
 
 }  // namespace tarnlog

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/files/WriteTrouble.h"
+#include "samples/Quality.h"
 
 namespace tarnlog {
 
@@ -22,8 +23,8 @@ class RecordingNotices {
   void writeTrouble(const WriteTrouble& trouble);
   void openFailed(const std::string& why);
   void measurementFailed(const std::string& why);
-  /// How well the newest recording went.
-  void recorded(const std::string& path, const std::string& quality);
+  /// The newest recording, of so many data, and how well it went.
+  void recorded(const std::string& path, const Quality& quality, int data);
 
  private:
   NoticeBar& bar_;

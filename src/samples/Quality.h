@@ -38,6 +38,7 @@ struct Quality {
   std::optional<std::uint64_t> rowsSynced;  ///< on the disk; none: nobody told
   /// By then, since the way to the vehicle was made; no more than the host told.
   std::vector<ferrox3::ServiceCount> servicesSent;
+  std::int64_t till = 0;  ///< the sample time of its end
 };
 
 /// One line of plain English, without its end: "1204 of 1210 answers (3 late, 2 refused, 4 lost); 30 cycles/s

@@ -134,7 +134,7 @@ Quality QualityCounter::acquisition() const { return qualityOf(acquisition_, new
 
 Quality QualityCounter::qualityOf(const Tally& tally, std::int64_t till) const {
   CycleRates rates = tally.rates;
-  return {tally.counts, rates.until(till), tally.zero, tally.rows, tally.rowsSynced, servicesSent_};
+  return {tally.counts, rates.until(till), tally.zero, tally.rows, tally.rowsSynced, servicesSent_, till};
 }
 
 }  // namespace tarnlog

@@ -38,6 +38,7 @@ namespace {
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 /// Parts of a control that the toolkit makes: people reach the control itself.
 bool belongsToControl(const QWidget& widget) {
@@ -294,7 +295,13 @@ TEST_F(WindowAccess, LooksAtRecordsInAWindowBesideItsOwn) {
   };
   drop({QUrl::fromLocalFile(toQString(folder / "a.txt")), QUrl::fromLocalFile(toQString(folder / "b.txt"))});
   EXPECT_TRUE(titled("b.txt"));
-  window->recordings().recorded(folder / "a.txt", "2 rows");
+  Quality quality;
+  quality.counts = {.received = 9, .lost = 1};
+  quality.till = 720'300'000;
+  window->recordings().recorded(folder / "a.txt", quality, 23);
+  EXPECT_THAT(fromQString(find<NoticeBar>()->notice("quality")),
+              StartsWith("Recorded 12 min, 23 data: a.txt\n9 of 10 answers (1 lost); "));
+  EXPECT_TRUE(find<NoticeBar>()->warns("quality"));
   for (QAbstractButton* const button : find<NoticeBar>()->findChildren<QAbstractButton*>())
     if (button->text() == "Look at it") button->click();
   EXPECT_TRUE(titled("a.txt - "));

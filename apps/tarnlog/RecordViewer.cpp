@@ -11,13 +11,12 @@
 
 namespace tarnlog {
 
-RecordViewer::RecordViewer(const MainEnvironment& environment, std::function<void()> showRecorder,
-                           std::function<void(std::function<void()> action)> whenIdle)
-    : environment_{environment.dialogs, &environment.settings, environment.locale, environment.guide,
-                   std::move(whenIdle)},
+RecordViewer::RecordViewer(const MainEnvironment& environment, Recorder recorder)
+    : environment_{environment.dialogs, &environment.settings,        environment.locale,
+                   environment.guide,   std::move(recorder.whenIdle), std::move(recorder.isBeingRecorded)},
       settings_(environment.settings),
       recent_(environment.settings, "RecentRecords"),
-      showRecorder_(std::move(showRecorder)) {}
+      showRecorder_(std::move(recorder.show)) {}
 
 RecordViewer::~RecordViewer() = default;
 

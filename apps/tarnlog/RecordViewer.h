@@ -22,10 +22,17 @@ class RecordViewer {
   Q_DECLARE_TR_FUNCTIONS(RecordViewer)
 
  public:
-  /// What is in the environment outlives it. `showRecorder` brings the recorder's window to the front;
-  /// `whenIdle` runs what must not hold up a request.
-  RecordViewer(const MainEnvironment& environment, std::function<void()> showRecorder,
-               std::function<void(std::function<void()> action)> whenIdle);
+  /// What the viewer asks of the recorder.
+  struct Recorder {
+    /// Brings the recorder's window to the front.
+    std::function<void()> show;
+    /// Runs what must not hold up a request.
+    std::function<void(std::function<void()> action)> whenIdle;
+    std::function<bool(const std::string& path)> isBeingRecorded;
+  };
+
+  /// What is in the environment outlives it.
+  RecordViewer(const MainEnvironment& environment, Recorder recorder);
   ~RecordViewer();
 
   /// In place of what is looked at. The second and third are laid over the first.

@@ -12,6 +12,9 @@
 #include <QPointer>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "acquisition/TarnAcq.h"
@@ -22,6 +25,7 @@
 #include "config/RecordMark.h"
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
+#include "samples/Measurement.h"
 #include "ui/common/Convert.h"
 #include "ui/common/HelpPanel.h"
 #include "ui/common/Icons.h"
@@ -77,8 +81,10 @@ void RecorderWindow::createContent() {
   start_ = new StartPage;
   startHelp_ = new HelpPanel(environment_.recorder.guide, start_);
   viewer_.emplace(
-      environment_.recorder, [this] { bringUp(); },
-      [this](std::function<void()> action) { whenIdle_->run(std::move(action)); });
+      environment_.recorder,
+      RecordViewer::Recorder{[this] { bringUp(); },
+                             [this](std::function<void()> action) { whenIdle_->run(std::move(action)); },
+                             [this](const std::string& path) { return isBeingRecorded(path); }});
   environment_.recorder.lookAtRecord = [this](const std::string& path) { lookAtRecords({path}); };
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
@@ -236,6 +242,15 @@ bool RecorderWindow::isRecord(const QString& path) const {
   const QString kind = QFileInfo(path).suffix().toLower();
   return kind == "txt" || kind == "csv" || kind == "mf4" ||
          (kind == "xml" && isRecordFile(environment_.recorder.files, fromQString(path)));
+}
+
+bool RecorderWindow::isBeingRecorded(const std::string& path) const {
+  std::vector<std::string> open = recorder_->ctlTarnAcq().openPaths();
+  for (std::string& each : recorder_->measurement().files().openPaths()) open.push_back(std::move(each));
+  std::error_code none;
+  return std::ranges::any_of(open, [&](const std::string& each) {
+    return each == path || std::filesystem::equivalent(each, path, none);
+  });
 }
 
 void RecorderWindow::openDropped(const QString& path) {

@@ -96,6 +96,7 @@ class RecorderWindow : public QMainWindow {
   void openDropped(const QStringList& paths);
   void openDropped(const QString& path);
   bool isRecord(const QString& path) const;
+  bool isBeingRecorded(const std::string& path) const;
   void chooseVehicle();
   void connectToCar();
   void connectAsAsked(ConnectDialog& dialog);

@@ -94,6 +94,13 @@ void RecordFiles::closeAll() {
 
 /// A record is on the disk before its path is told. An event file may end within a recording, where nothing
 /// is waited for.
+std::vector<std::string> RecordFiles::openPaths() const {
+  std::vector<std::string> paths;
+  for (const OpenFile* const each : {&record_, &event_})
+    if (each->file != nullptr) paths.push_back(each->path);
+  return paths;
+}
+
 void RecordFiles::close(OpenFile& open) {
   if (open.file == nullptr) return;
   skipOnFailure([&] { open.file->finish(); });

@@ -40,6 +40,7 @@ class RecordFiles {
   DataFile* event() const { return event_.file.get(); }
   const std::string& recordPath() const { return recordPath_; }
   const std::string& eventPath() const { return event_.path; }
+  std::vector<std::string> openPaths() const;
   /// Of the record file that is open, else of the one that was closed last.
   RowCount recordRows() const { return record_.file != nullptr ? record_.file->rows() : closedRows_; }
   /// Rows that are written now do not reach an open file.

@@ -113,6 +113,8 @@ class TarnAcq {
   /// recording has ended.
   RowCount recordRows() const { return files_.recordRows(); }
   const std::string& RecordPath() const { return files_.recordPath(); }
+  /// Record and event files that are being written.
+  std::vector<std::string> openPaths() const { return files_.openPaths(); }
 
  private:
   /// What to do when the current acquisition has ended.

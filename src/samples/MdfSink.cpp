@@ -237,6 +237,13 @@ void MdfSink::finish(Open& open, MdfClosing closing) {
     finished_(open.file.path());
 }
 
+std::vector<std::string> MdfSink::openPaths() const {
+  std::vector<std::string> paths;
+  for (const auto* const each : {&recording_, &whole_})
+    if (*each) paths.push_back((*each)->file.path());
+  return paths;
+}
+
 std::uint64_t MdfSink::lostRecords() const {
   return lostInClosed_ + (recording_ ? recording_->file.lostRecords() : 0) +
          (whole_ ? whole_->file.lostRecords() : 0);

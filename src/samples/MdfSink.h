@@ -64,6 +64,8 @@ class MdfSink : public SampleSink {
 
   /// Records of this acquisition that could not be written, or not be kept for a recording.
   std::uint64_t lostRecords() const;
+  /// Of the files that are being written.
+  std::vector<std::string> openPaths() const;
 
  private:
   struct Open {

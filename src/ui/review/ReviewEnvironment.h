@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "platform/settings/SettingsStore.h"
 #include "platform/text/UserLocale.h"
@@ -19,6 +20,8 @@ struct ReviewEnvironment {
   /// Runs what waits for the user in a loop of its own (a dialog, a drag) at a moment when that holds nobody
   /// up. Without it, that is any moment.
   std::function<void(std::function<void()> action)> whenIdle{};
+  /// Whether this program is writing that file: then it is no fault that it is not closed.
+  std::function<bool(const std::string& path)> isBeingRecorded{};
 
   void runWhenIdle(std::function<void()> action) const { whenIdle ? whenIdle(std::move(action)) : action(); }
 };

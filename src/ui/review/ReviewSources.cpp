@@ -30,30 +30,33 @@ struct ReviewSources::Source {
   std::optional<std::size_t> record;  ///< its place in the scene
   std::optional<double> offset;       ///< that it has to have
   bool told = false;                  ///< that its end was reached
+  QStringList toldMissing;
   bool failed = false;
 };
 
-ReviewSources::ReviewSources(ReviewScene& scene, QObject* parent) : QObject(parent), scene_(scene) {}
+ReviewSources::ReviewSources(ReviewScene& scene, std::function<bool(const std::string& path)> isBeingRecorded,
+                             QObject* parent)
+    : QObject(parent), scene_(scene), isBeingRecorded_(std::move(isBeingRecorded)) {}
 
 ReviewSources::~ReviewSources() = default;
 
 void ReviewSources::add(const std::string& path) {
-  auto source = std::make_unique<Source>();
+  auto source = std::make_shared<Source>();
   source->path = path;
   source->loading = std::make_unique<RecordLoading>(path);
-  add(std::move(source));
+  add(source);
 }
 
 void ReviewSources::add(const std::string& path, const ForeignTableChoice& choice) {
-  auto source = std::make_unique<Source>();
+  auto source = std::make_shared<Source>();
   source->path = path;
   source->choice = choice;
   source->loading = std::make_unique<RecordLoading>(path, choice);
-  add(std::move(source));
+  add(source);
 }
 
-void ReviewSources::add(std::unique_ptr<Source> source) {
-  sources_.push_back(std::move(source));
+void ReviewSources::add(const std::shared_ptr<Source>& source) {
+  sources_.push_back(source);
   schedule(0);
 }
 
@@ -68,14 +71,19 @@ void ReviewSources::clear() {
   schedule(0);
 }
 
+bool ReviewSources::isOpen(const Source& source) const {
+  return std::ranges::any_of(sources_,
+                             [&](const std::shared_ptr<Source>& each) { return each.get() == &source; });
+}
+
 ReviewSources::Source* ReviewSources::sourceOf(std::size_t record) const {
-  const auto isIt = [&](const std::unique_ptr<Source>& source) { return source->record == record; };
+  const auto isIt = [&](const std::shared_ptr<Source>& source) { return source->record == record; };
   const auto found = std::ranges::find_if(sources_, isIt);
   return found == sources_.end() ? nullptr : found->get();
 }
 
 void ReviewSources::remove(std::size_t record) {
-  std::erase_if(sources_, [&](const std::unique_ptr<Source>& source) { return source->record == record; });
+  std::erase_if(sources_, [&](const std::shared_ptr<Source>& source) { return source->record == record; });
   for (const auto& source : sources_)
     if (source->record && *source->record > record) --*source->record;
   scene_.removeRecord(record);
@@ -103,7 +111,7 @@ void ReviewSources::cancelReading() {
 }
 
 void ReviewSources::dropFailed() {
-  std::erase_if(sources_, [](const std::unique_ptr<Source>& source) { return source->failed; });
+  std::erase_if(sources_, [](const std::shared_ptr<Source>& source) { return source->failed; });
 }
 
 std::optional<ReviewSources::Progress> ReviewSources::reading() const {
@@ -143,12 +151,9 @@ void ReviewSources::poll() {
   QElapsedTimer took;
   took.start();
   // Those who hear of something may open or close files.
-  std::vector<Source*> now;
-  for (const auto& source : sources_) now.push_back(source.get());
-  for (Source* const source : now) {
-    const auto isIt = [&](const std::unique_ptr<Source>& each) { return each.get() == source; };
-    if (std::ranges::any_of(sources_, isIt)) pollSource(*source);
-  }
+  const std::vector<std::shared_ptr<Source>> now = sources_;
+  for (const auto& source : now)
+    if (isOpen(*source)) pollSource(*source);
   dropFailed();
   schedule(took.elapsed());
 }
@@ -163,11 +168,13 @@ void ReviewSources::pollSource(Source& source) {
     if (more && source.record) scene_.updateRecord(*source.record, source.table);
   }
   if (!source.record) show(source);
+  if (!isOpen(source)) return;
   if (state == RecordLoading::State::Failed) {
     source.failed = source.table == nullptr;
     const std::unique_ptr<RecordLoading> loading = std::move(source.loading);
     emit failed(toQString(source.path), toQString(loading->failure()), loading->isForeignTable());
   } else if (state != RecordLoading::State::Reading) {
+    tellMissing(source, state == RecordLoading::State::Ended);
     tellEnd(source);
   }
 }
@@ -199,21 +206,28 @@ void ReviewSources::addToScene(Source& source) {
   emit opened(toQString(source.path));
 }
 
-void ReviewSources::tellEnd(Source& source) {
-  if (source.told || !source.record) return;
-  source.told = true;
+/// What is written further may bring what was missing. Until it ends, the words may change with every row.
+void ReviewSources::tellMissing(Source& source, bool ended) {
+  if (!source.record) return;
   QStringList missing;
   for (const std::string& each : source.table->missing) missing << toQString(each);
-  const QString path = toQString(source.path);
-  if (!missing.isEmpty()) emit lacking(path, missing);
-  emit finished(path);
+  if (!missing.isEmpty() && isBeingRecorded_ && isBeingRecorded_(source.path)) missing.clear();
+  const bool told = ended ? missing == source.toldMissing : missing.isEmpty() == source.toldMissing.isEmpty();
+  if (told) return;
+  source.toldMissing = missing;
+  emit lacking(toQString(source.path), missing);
+}
+
+void ReviewSources::tellEnd(Source& source) {
+  if (!source.record || std::exchange(source.told, true)) return;
+  emit finished(toQString(source.path));
 }
 
 void ReviewSources::schedule(std::int64_t pollTook) {
-  const auto reads = [](const std::unique_ptr<Source>& source) {
+  const auto reads = [](const std::shared_ptr<Source>& source) {
     return source->loading != nullptr && source->loading->state() == RecordLoading::State::Reading;
   };
-  const auto goesOn = [](const std::unique_ptr<Source>& source) {
+  const auto goesOn = [](const std::shared_ptr<Source>& source) {
     return (source->loading != nullptr && source->loading->state() != RecordLoading::State::Ended) ||
            !source->told;
   };

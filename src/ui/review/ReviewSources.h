@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QStringList>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,7 +21,9 @@ namespace tarnlog {
 class ReviewSources : public QObject {
   Q_OBJECT
  public:
-  explicit ReviewSources(ReviewScene& scene, QObject* parent = nullptr);
+  /// What `isBeingRecorded` lacks, if there is such a rule, is not told.
+  ReviewSources(ReviewScene& scene, std::function<bool(const std::string& path)> isBeingRecorded,
+                QObject* parent = nullptr);
   ~ReviewSources() override;
 
   /// Behind those that are there: all are laid over the first one, at the start of recording.
@@ -56,7 +59,7 @@ class ReviewSources : public QObject {
   /// It is a record, and the scene has it.
   void opened(const QString& path);
   void finished(const QString& path);
-  /// `missing`, a sentence for each matter, is not empty.
+  /// `missing` has a sentence for each matter. It is empty when nothing is missing any more.
   void lacking(const QString& path, const QStringList& missing);
   /// It is not looked at.
   void failed(const QString& path, const QString& why, bool foreignTable);
@@ -67,18 +70,21 @@ class ReviewSources : public QObject {
  private:
   struct Source;
 
-  void add(std::unique_ptr<Source> source);
+  void add(const std::shared_ptr<Source>& source);
   void poll();
   void pollSource(Source& source);
   void show(Source& source);
   void addToScene(Source& source);
+  void tellMissing(Source& source, bool ended);
   void tellEnd(Source& source);
   void dropFailed();
+  bool isOpen(const Source& source) const;
   Source* sourceOf(std::size_t record) const;
   void schedule(std::int64_t pollTook);
 
   ReviewScene& scene_;
-  std::vector<std::unique_ptr<Source>> sources_;
+  std::function<bool(const std::string& path)> isBeingRecorded_;
+  std::vector<std::shared_ptr<Source>> sources_;
   QBasicTimer timer_;
 };
 

@@ -95,7 +95,7 @@ TarnReview::~TarnReview() {
 void TarnReview::create() {
   setAcceptDrops(true);
   scene_.addListener([this](unsigned changes) { follow(changes); });
-  sources_ = new ReviewSources(scene_, this);
+  sources_ = new ReviewSources(scene_, environment_.isBeingRecorded, this);
   notices_ = new NoticeBar(this);
   QWidget* const tools = makeTools();
   records_ = new RecordsBar(scene_, environment_.locale, this);
@@ -252,6 +252,7 @@ void TarnReview::connectSources() {
   connect(sources_, &ReviewSources::finished, this, &TarnReview::finishedLoading);
   connect(sources_, &ReviewSources::failed, this, &TarnReview::tellFailed);
   connect(sources_, &ReviewSources::lacking, this, [this](const QString& path, const QStringList& missing) {
+    if (missing.isEmpty()) return notices_->removeNotice("missing " + path);
     const QString text = missing.size() == 1 ? tr("%1: %2").arg(fileNameOf(path), missing.front())
                                              : tr("%1 is not whole").arg(fileNameOf(path));
     notices_->showNotice("missing " + path, text, missing);

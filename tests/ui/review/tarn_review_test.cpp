@@ -55,7 +55,9 @@ std::string drive(int late = 0) {
 struct ReviewRig {
   TempFolder folder;
   ScriptedDialogs dialogs;
-  ReviewEnvironment environment{.dialogs = dialogs};
+  bool recording = false;
+  ReviewEnvironment environment{.dialogs = dialogs,
+                                .isBeingRecorded = [this](const std::string&) { return recording; }};
   TarnReview review{environment};
 
   ReviewRig() {
@@ -261,6 +263,19 @@ TEST(TarnReview, SaysWhatIsWrongWithAFile) {
   ASSERT_TRUE(rig.open({"cut.txt"}));
   EXPECT_THAT(rig.review.notices().notice("missing " + toQString(rig.folder / "cut.txt")).toStdString(),
               HasSubstr("the row is not whole"));
+
+  const std::string xml =
+      "<?xml version=\"1.0\"?>\r\n<Tarnlog2000><Description>Data file</Description><Datas><Data name=\"v\"/>"
+      "</Datas>\r\n\t<row Time=\"0,5\" Event=\"Start\" C1=\"1,5\"/>\r\n";
+  const QString open = "missing " + toQString(rig.folder / "open.xml");
+  rig.write("open.xml", xml);
+  rig.recording = true;
+  ASSERT_TRUE(rig.open({"open.xml"}));
+  EXPECT_EQ(rig.review.notices().notice(open), "") << "this program is writing it";
+  rig.recording = false;
+  EXPECT_TRUE(rig.runUntil([&] { return rig.review.notices().notice(open).contains("not closed"); }));
+  rig.write("open.xml", xml + "</Tarnlog2000>\r\n");
+  EXPECT_TRUE(rig.runUntil([&] { return rig.review.notices().notice(open).isEmpty(); })) << "it is whole now";
 
   rig.write("other.csv", "made by something else\nclock;speed\n0,5;10\n1,5;20\n2,5;40\n");
   rig.review.open(rig.folder / "other.csv");

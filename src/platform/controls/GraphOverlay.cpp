@@ -147,7 +147,8 @@ void GraphOverlay::paintCursor(QPainter& painter, const QPalette& palette, const
   if (!line.letter.isEmpty()) {
     const QFontMetrics metrics = painter.fontMetrics();
     const int wide = metrics.horizontalAdvance(line.letter) + 4;
-    const QRect flag(std::min(x, area.right() - wide), area.top(), wide, metrics.height());
+    const int top = line.letterBelow ? area.bottom() + 1 - metrics.height() : area.top();
+    const QRect flag(std::min(x, area.right() - wide), top, wide, metrics.height());
     painter.fillRect(flag, ink);
     painter.setPen(base);
     painter.drawText(flag, Qt::AlignCenter, line.letter);

@@ -31,6 +31,7 @@ struct GraphMark {
 struct GraphCursorLine {
   double x = 0;  ///< from the left edge of the plot area
   QString letter;
+  bool letterBelow = false;                      ///< at the bottom, else at the top
   std::vector<std::pair<QPointF, QColor>> dots;  ///< from its top left corner
 };
 

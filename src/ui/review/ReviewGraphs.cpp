@@ -65,6 +65,7 @@ void ReviewGraphs::arrange() {
     column_->setStretchFactor(static_cast<int>(graphs_.size()) - 1, 1);
   }
   for (ReviewGraphWidget* const graph : graphs_) graph->show();
+  setFocusProxy(graphs_.empty() ? nullptr : graphs_.front());
 }
 
 void ReviewGraphs::placeAxis() {

@@ -8,8 +8,6 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QShortcut>
-#include <QSplitter>
-#include <QTabWidget>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -38,6 +36,7 @@
 #include "ui/review/ReviewGraphWidget.h"
 #include "ui/review/ReviewGraphs.h"
 #include "ui/review/ReviewHelp.h"
+#include "ui/review/ReviewPanes.h"
 #include "ui/review/ReviewPicture.h"
 #include "ui/review/ReviewSources.h"
 
@@ -45,10 +44,7 @@ namespace tarnlog {
 
 namespace {
 
-constexpr int kUsualPicture = 800;  ///< pixels
-constexpr int kUsualPanes = 200;    ///< pixels
 constexpr QSize kLeastPicture(800, 500);
-constexpr int kNarrow = 720;  ///< pixels; below, the data list is one of the panes below the graphs
 
 QString fileNameOf(const QString& path) { return QFileInfo(path).fileName(); }
 
@@ -100,25 +96,13 @@ void TarnReview::create() {
   QWidget* const tools = makeTools();
   records_ = new RecordsBar(scene_, environment_.locale, this);
   makePanes();
-  across_ = new QSplitter(Qt::Horizontal, this);
-  across_->addWidget(data_);
-  across_->addWidget(makePicture());
-  across_->setStretchFactor(1, 1);
-  across_->setSizes({data_->sizeHint().width(), kUsualPicture});
-  across_->setChildrenCollapsible(false);
-  down_ = new QSplitter(Qt::Vertical, this);
-  down_->addWidget(across_);
-  down_->addWidget(panes_);
-  down_->setStretchFactor(0, 1);
-  down_->setSizes({kUsualPicture, kUsualPanes});
-  down_->setChildrenCollapsible(false);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(2);
   column->addWidget(notices_);
   column->addWidget(tools);
   column->addWidget(records_);
-  column->addWidget(down_, 1);
+  column->addWidget(panes_, 1);
   help_ = new HelpPanel(environment_.guide, this);
   makeHandOn();
   connectSources();
@@ -151,15 +135,10 @@ QWidget* TarnReview::makeTools() {
   connect(back_, &QToolButton::clicked, this, [this] { scene_.back(); });
   fit_ = addTool(*line, "reviewFit", tr("Show all"), tr("The whole record (F)"));
   connect(fit_, &QToolButton::clicked, this, [this] { scene_.fit(); });
-  line->addWidget(makeCompare());
+  addCompare(*line);
   line->addStretch(1);
-  showData_ = addTool(*line, "reviewShowData", tr("Data"), tr("Show or hide the list of data"));
-  showPanes_ = addTool(*line, "reviewShowPanes", tr("Figures"), tr("Show or hide what is below the graphs"));
-  for (QToolButton* const button : {showData_, showPanes_}) {
-    button->setCheckable(true);
-    button->setChecked(true);
-    connect(button, &QToolButton::toggled, this, &TarnReview::showPanes);
-  }
+  showData_ = addTool(*line, "reviewShowData", {}, {});
+  showPanes_ = addTool(*line, "reviewShowPanes", {}, {});
   QToolButton* const handOn = addTool(*line, "reviewHandOn", tr("Hand on"), tr("Save or copy what is seen"));
   connect(handOn, &QToolButton::clicked, this, [this, handOn] { popUp(*handOn, handOn_->actions()); });
   QToolButton* const keys = addTool(*line, "reviewKeys", tr("Keys"), tr("Keys and help (F1)"));
@@ -168,7 +147,7 @@ QWidget* TarnReview::makeTools() {
   return tools;
 }
 
-QToolButton* TarnReview::makeCompare() {
+void TarnReview::addCompare(QHBoxLayout& line) {
   layOver_ = new QAction(tr("Lay another record &over..."), this);
   connect(layOver_, &QAction::triggered, this, &TarnReview::askLayOver);
   layOver_->setObjectName("reviewLayOver");
@@ -181,16 +160,11 @@ QToolButton* TarnReview::makeCompare() {
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(action);
   }
-  auto* const compare = new QToolButton(this);
-  compare->setObjectName("reviewCompare");
-  compare->setText(tr("Compare"));
-  compare->setToolTip(tr("Lay another drive over this one, and show how they differ"));
-  compare->setAutoRaise(true);
-  compare->setFocusPolicy(Qt::StrongFocus);
+  QToolButton* const compare = addTool(line, "reviewCompare", tr("Compare"),
+                                       tr("Lay another drive over this one, and show how they differ"));
   connect(compare, &QToolButton::clicked, this, [this, compare] {
     popUp(*compare, {layOver_, difference_});
   });
-  return compare;
 }
 
 void TarnReview::popUp(QToolButton& button, const QList<QAction*>& actions) {
@@ -213,6 +187,7 @@ QWidget* TarnReview::makePicture() {
   column->addWidget(overview_);
   column->addWidget(graphs_, 1);
   column->addWidget(hint_, 1);
+  place->setFocusProxy(graphs_);
   return place;
 }
 
@@ -223,12 +198,13 @@ void TarnReview::makePanes() {
   figures_ = new FiguresTable(scene_, columns_, environment_.locale, this);
   marks_ = new MarkList(scene_, environment_.locale, this);
   find_ = new FindBar(scene_, columns_, environment_.locale, this);
-  panes_ = new QTabWidget(this);
-  panes_->setObjectName("reviewPanes");
-  panes_->setDocumentMode(true);
-  panes_->addTab(figures_, tr("Figures"));
-  panes_->addTab(marks_, tr("Marks"));
-  panes_->addTab(find_, tr("Find"));
+  panes_ = new ReviewPanes(*data_, *makePicture(), environment_.settings, this);
+  panes_->addPane(*figures_, tr("Figures"));
+  panes_->addPane(*marks_, tr("Marks"));
+  panes_->addPane(*find_, tr("Find"));
+  showData_->setDefaultAction(&panes_->dataAction());
+  showPanes_->setDefaultAction(&panes_->panesAction());
+  connect(panes_, &ReviewPanes::narrowed, showData_, &QWidget::setHidden);
   connect(marks_, &MarkList::eventFileWanted, this, &TarnReview::layEventOver);
 }
 
@@ -269,35 +245,18 @@ void TarnReview::addKeys() {
     connect(shortcut, &QShortcut::activated, this, act);
   };
   key(QKeySequence::Find, [this] {
-    (narrow_ ? showPanes_ : showData_)->setChecked(true);
-    if (narrow_) panes_->setCurrentWidget(data_);
+    panes_->bring(*data_);
     data_->focusFilter();
   });
   key(Qt::CTRL | Qt::Key_G, [this] {
-    showPanes_->setChecked(true);
-    panes_->setCurrentWidget(find_);
+    panes_->bring(*find_);
     find_->enter();
   });
   key(Qt::Key_F3, [this] { find_->find(false); });
   key(Qt::SHIFT | Qt::Key_F3, [this] { find_->find(true); });
   key(QKeySequence::Open, [this] { askOpen(); });
-  key(Qt::Key_F6, [this] { enterPane(1); });
-  key(Qt::SHIFT | Qt::Key_F6, [this] { enterPane(-1); });
-}
-
-/// Data, graphs, the pane below: those that are seen, in a circle.
-void TarnReview::enterPane(int step) {
-  QWidget* const all[] = {data_, graphs_, panes_};
-  int now = 0;
-  for (int i = 0; i < 3; ++i)
-    if (all[i]->isAncestorOf(focusWidget())) now = i;
-  for (int i = 0; i < 3; ++i) {
-    now = (now + 3 + step) % 3;
-    if (all[now]->isVisible()) break;
-  }
-  QWidget* to = all[now] == panes_ ? panes_->currentWidget() : all[now];
-  if (to == graphs_ && !graphs_->graphs().empty()) to = graphs_->graphs().front();
-  to->setFocus(Qt::TabFocusReason);
+  key(Qt::Key_F6, [this] { panes_->moveFocus(1); });
+  key(Qt::SHIFT | Qt::Key_F6, [this] { panes_->moveFocus(-1); });
 }
 
 // --- files
@@ -394,7 +353,7 @@ void TarnReview::follow(unsigned changes) {
   fit_->setEnabled(some);
   layOver_->setEnabled(some && scene_.records().size() < ReviewScene::kMostRecords);
   difference_->setEnabled(canShowDifference(scene_));
-  showPanes();
+  panes_->setEmpty(!some);
   overview_->setVisible(some);
   graphs_->setVisible(some);
   hint_->setVisible(!some);
@@ -405,32 +364,6 @@ void TarnReview::showTitle() {
   QStringList names;
   for (const LookedAtRecord& record : scene_.records()) names << toQString(record.name);
   emit titleChanged(names.join(", "));
-}
-
-void TarnReview::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  placeData(width() < kNarrow);
-}
-
-void TarnReview::placeData(bool narrow) {
-  if (narrow == narrow_) return;
-  narrow_ = narrow;
-  if (narrow) {
-    panes_->insertTab(0, data_, tr("Data"));
-  } else {
-    panes_->removeTab(panes_->indexOf(data_));
-    across_->insertWidget(0, data_);
-    across_->setStretchFactor(1, 1);
-  }
-  showData_->setVisible(!narrow);
-  showPanes();
-}
-
-/// Without a record there is nothing to list. As a tab, the list of data is the tabs' to show.
-void TarnReview::showPanes() {
-  const bool some = !scene_.records().empty();
-  if (!narrow_) data_->setVisible(some && showData_->isChecked());
-  panes_->setVisible(some && showPanes_->isChecked());
 }
 
 void TarnReview::toggleHelp() { help_->toggle(ReviewHelp::page()); }

@@ -11,8 +11,6 @@
 class QAction;
 class QHBoxLayout;
 class QLabel;
-class QSplitter;
-class QTabWidget;
 class QToolButton;
 
 namespace tarnlog {
@@ -27,6 +25,7 @@ class NoticeBar;
 class OverviewStrip;
 class RecordsBar;
 class ReviewGraphs;
+class ReviewPanes;
 class ReviewSources;
 struct ReviewEnvironment;
 
@@ -74,7 +73,6 @@ class TarnReview : public QWidget {
   void finishedLoading(const QString& path);
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -86,16 +84,13 @@ class TarnReview : public QWidget {
   void create();
   QWidget* makeTools();
   QToolButton* addTool(QHBoxLayout& line, const char* name, const QString& text, const QString& toolTip);
-  QToolButton* makeCompare();
+  void addCompare(QHBoxLayout& line);
   /// A menu below a button. One of the button's own would wait for the choice.
   static void popUp(QToolButton& button, const QList<QAction*>& actions);
   QWidget* makePicture();
   void makePanes();
   void makeHandOn();
   void addKeys();
-  void enterPane(int step);
-  void placeData(bool narrow);
-  void showPanes();
   void follow(unsigned changes);
 
   void connectSources();
@@ -114,9 +109,7 @@ class TarnReview : public QWidget {
 
   NoticeBar* notices_ = nullptr;
   RecordsBar* records_ = nullptr;
-  QSplitter* across_ = nullptr;
-  QSplitter* down_ = nullptr;
-  QTabWidget* panes_ = nullptr;
+  ReviewPanes* panes_ = nullptr;
   OverviewStrip* overview_ = nullptr;
   ReviewGraphs* graphs_ = nullptr;
   QLabel* hint_ = nullptr;  ///< in its place, while there is no record
@@ -132,7 +125,6 @@ class TarnReview : public QWidget {
   QToolButton* showPanes_ = nullptr;
   QAction* layOver_ = nullptr;
   QAction* difference_ = nullptr;
-  bool narrow_ = false;
 };
 
 }  // namespace tarnlog

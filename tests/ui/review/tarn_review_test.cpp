@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QToolButton>
 #include <algorithm>
@@ -55,8 +56,10 @@ std::string drive(int late = 0) {
 struct ReviewRig {
   TempFolder folder;
   ScriptedDialogs dialogs;
+  MemorySettingsStore settings;
   bool recording = false;
   ReviewEnvironment environment{.dialogs = dialogs,
+                                .settings = &settings,
                                 .isBeingRecorded = [this](const std::string&) { return recording; }};
   TarnReview review{environment};
 
@@ -193,6 +196,18 @@ TEST(TarnReview, ChoosesWhatIsShown) {
   rig.review.resize(1100, 750);
   EXPECT_FALSE(childOf<QTabWidget>(rig.review, "reviewPanes").isAncestorOf(&list));
   EXPECT_TRUE(list.isVisible());
+
+  dynamic_cast<QSplitter&>(*list.parentWidget()->parentWidget()).setSizes({333, 700});
+  const int wide = list.width();
+  rig.review.closeRecords();
+  rig.review.hide();
+  TarnReview next(rig.environment);
+  next.resize(1100, 750);
+  next.show();
+  next.open(rig.folder / "1-2-26_10h00mn00.txt");
+  auto& nextList = childOf<QAbstractItemView>(next, "reviewData");
+  EXPECT_TRUE(rig.runUntil([&] { return nextList.isVisible(); }));
+  EXPECT_EQ(nextList.width(), wide) << "as it was left";
 }
 
 TEST(TarnReview, LaysRecordsOverEachOther) {
@@ -274,7 +289,7 @@ TEST(TarnReview, SaysWhatIsWrongWithAFile) {
   EXPECT_EQ(rig.review.notices().notice(open), "") << "this program is writing it";
   rig.recording = false;
   EXPECT_TRUE(rig.runUntil([&] { return rig.review.notices().notice(open).contains("not closed"); }));
-  rig.write("open.xml", xml + "</Tarnlog2000>\r\n");
+  std::ofstream(rig.folder / "open.xml", std::ios::binary | std::ios::app) << "</Tarnlog2000>\r\n";
   EXPECT_TRUE(rig.runUntil([&] { return rig.review.notices().notice(open).isEmpty(); })) << "it is whole now";
 
   rig.write("other.csv", "made by something else\nclock;speed\n0,5;10\n1,5;20\n2,5;40\n");

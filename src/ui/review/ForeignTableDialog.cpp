@@ -13,9 +13,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "platform/base/TarnError.h"
 #include "ui/common/Convert.h"
 #include "ui/common/Notice.h"
 #include "ui/common/WheelGuard.h"
+#include "ui/review/LastForeignChoice.h"
 
 namespace tarnlog {
 
@@ -30,16 +32,23 @@ void choose(QComboBox& box, const QVariant& data) { box.setCurrentIndex(std::max
 
 }  // namespace
 
-ForeignTableDialog::ForeignTableDialog(const std::string& path, QWidget* parent)
-    : QDialog(parent), file_(path), preview_(new QTableWidget(this)), trouble_(new Notice(this)) {
+ForeignTableDialog::ForeignTableDialog(const std::string& path, SettingsStore* settings, QWidget* parent)
+    : QDialog(parent),
+      file_(path),
+      settings_(settings),
+      preview_(new QTableWidget(this)),
+      trouble_(new Notice(this)) {
   setObjectName("ForeignTableDialog");
   setWindowTitle(tr("A table of another program: %1").arg(QFileInfo(toQString(path)).fileName()));
-  const ForeignTablePreview proposed = lookAtForeignTable(file_);
-  lines_ = proposed.lines;
-  createInputs(proposed.choice);
+  ForeignTableChoice begin = lookAtForeignTable(file_).choice;
+  skipOnFailure([&] {
+    if (settings_ != nullptr) begin = lastForeignChoice(*settings_, file_).value_or(begin);
+  });
+  lines_ = foreignLines(file_, begin);
+  createInputs(begin);
   arrange();
   fillTimeColumns();
-  choose(*time_, proposed.choice.timeColumn ? static_cast<int>(*proposed.choice.timeColumn) : kNoTime);
+  choose(*time_, begin.timeColumn ? static_cast<int>(*begin.timeColumn) : kNoTime);
   showPreview();
   resize(640, 520);
 }
@@ -131,6 +140,13 @@ ForeignTableChoice ForeignTableDialog::choice() const {
   choice.timeUnit = unit_->currentData().toDouble();
   choice.utf8 = coding_->currentData().toBool();
   return choice;
+}
+
+void ForeignTableDialog::accept() {
+  skipOnFailure([this] {
+    if (settings_ != nullptr) keepForeignChoice(*settings_, choice());
+  });
+  QDialog::accept();
 }
 
 void ForeignTableDialog::read() {

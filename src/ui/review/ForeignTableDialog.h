@@ -15,16 +15,18 @@ class QTableWidget;
 namespace tarnlog {
 
 class Notice;
+class SettingsStore;
 
-/// How a table of another program is to be read, with its first lines as they are read so. What seems to suit
-/// the file is chosen already.
+/// How a table of another program is to be read, with its first lines as they are read so. What was chosen
+/// the last time is chosen already, where it suits the file; else what seems to suit it.
 class ForeignTableDialog : public QDialog {
   Q_OBJECT
  public:
   /// Raises a TarnError for a file that cannot be read or is no table.
-  explicit ForeignTableDialog(const std::string& path, QWidget* parent = nullptr);
+  explicit ForeignTableDialog(const std::string& path, SettingsStore* settings, QWidget* parent = nullptr);
 
   ForeignTableChoice choice() const;
+  void accept() override;
 
  private:
   void createInputs(const ForeignTableChoice& proposed);
@@ -37,6 +39,7 @@ class ForeignTableDialog : public QDialog {
   std::size_t columns() const;
 
   SystemReadableFile file_;
+  SettingsStore* settings_;  ///< null: nothing is remembered
   std::vector<std::vector<std::string>> lines_;
   QComboBox* separator_ = nullptr;
   QComboBox* decimal_ = nullptr;

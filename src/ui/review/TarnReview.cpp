@@ -325,7 +325,7 @@ void TarnReview::tellFailed(const QString& path, const QString& why, bool foreig
 
 void TarnReview::askForeign(const QString& path) {
   try {
-    auto* const dialog = new ForeignTableDialog(fromQString(path), this);
+    auto* const dialog = new ForeignTableDialog(fromQString(path), environment_.settings, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog, path] {
       notices_->removeNotice("failed " + path);

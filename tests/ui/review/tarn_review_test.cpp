@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -293,19 +294,31 @@ TEST(TarnReview, SaysWhatIsWrongWithAFile) {
   EXPECT_TRUE(rig.runUntil([&] { return rig.review.notices().notice(open).isEmpty(); })) << "it is whole now";
 
   rig.write("other.csv", "made by something else\nclock;speed\n0,5;10\n1,5;20\n2,5;40\n");
-  rig.review.open(rig.folder / "other.csv");
-  EXPECT_TRUE(rig.runUntil([&] { return rig.review.findChild<QPushButton*>("action") != nullptr; }));
-  rig.click("action");
+  const auto askAbout = [&](const char* name) {
+    rig.review.open(rig.folder / name);
+    EXPECT_TRUE(rig.runUntil([&] { return rig.review.findChild<QPushButton*>("action") != nullptr; }));
+    rig.click("action");
+  };
+  askAbout("other.csv");
   auto& dialog = childOf<QWidget>(rig.review, "ForeignTableDialog");
   EXPECT_EQ(childOf<QComboBox>(dialog, "foreignSeparator").currentText(), "Semicolon");
   childOf<QSpinBox>(dialog, "foreignHeaders").setValue(5);
   EXPECT_FALSE(childOf<QPushButton>(dialog, "foreignAccept").isEnabled());
   childOf<QSpinBox>(dialog, "foreignHeaders").setValue(2);
   childOf<QComboBox>(dialog, "foreignTime").setCurrentIndex(1);
+  childOf<QComboBox>(dialog, "foreignUnit").setCurrentText("minutes");
   QSignalSpy finished(&rig.review, &TarnReview::finishedLoading);
   QTest::mouseClick(&childOf(dialog, "foreignAccept"), Qt::LeftButton);
   EXPECT_TRUE(rig.runUntil([&] { return finished.size() == 1; }));
-  EXPECT_THAT(rig.figures("speed"), HasSubstr("|10|0.5 s|40|2.5 s|"));
+  EXPECT_THAT(rig.figures("speed"), HasSubstr("|10|30 s|40|2:30 min|"));
+
+  askAbout("other.csv");
+  EXPECT_EQ(childOf<QComboBox>(rig.review, "foreignUnit").currentText(), "minutes") << "as the last time";
+  childOf<QDialog>(rig.review, "ForeignTableDialog").close();
+  rig.runUntil([&] { return rig.review.findChild<QDialog*>("ForeignTableDialog") == nullptr; });
+  rig.write("commas.csv", "clock,speed\n0.5,10\n1.5,20\n");
+  askAbout("commas.csv");
+  EXPECT_EQ(childOf<QComboBox>(rig.review, "foreignUnit").currentText(), "seconds") << "that did not suit";
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "ui/review/ReviewScene.h"
+#include "ui/review/GraphKinds.h"
 
 namespace tarnlog {
 
@@ -19,7 +19,7 @@ std::optional<std::pair<CurvePlace, CurvePlace>> pairOf(const ReviewScene& scene
   const std::vector<ReviewCurve>& curves = scene.graphs()[chosen->graph].curves;
   if (chosen->curve >= curves.size() || curves[chosen->curve].minus) return std::nullopt;
   const CurvePlace place = curves[chosen->curve].place;
-  if (scene.column(place).isEnumeration()) return std::nullopt;
+  if (isLabelled(scene.column(place))) return std::nullopt;
   for (std::size_t other = 0; other < scene.records().size(); ++other) {
     if (other == place.record) continue;
     if (const auto same = scene.namesake(place, other)) return std::pair(place, *same);

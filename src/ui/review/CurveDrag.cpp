@@ -2,18 +2,8 @@
 
 #include <QByteArray>
 #include <QList>
-#include <algorithm>
 
 namespace tarnlog {
-namespace {
-
-bool exists(const CurvePlace& place, const ReviewScene& scene) {
-  if (place.record >= scene.records().size()) return false;
-  const auto& groups = scene.records()[place.record].recordingTable().groups;
-  return place.group < groups.size() && place.column < groups[place.group].columns.size();
-}
-
-}  // namespace
 
 QMimeData* curvePayload(const std::vector<CurvePlace>& places) {
   QByteArray lines;
@@ -34,20 +24,9 @@ std::vector<CurvePlace> draggedCurves(const QMimeData& data, const ReviewScene& 
     bool known[3] = {false, false, false};
     const CurvePlace place{parts[0].toULongLong(&known[0]), parts[1].toULongLong(&known[1]),
                            parts[2].toULongLong(&known[2])};
-    if (known[0] && known[1] && known[2] && exists(place, scene)) places.push_back(place);
+    if (known[0] && known[1] && known[2] && scene.has(place)) places.push_back(place);
   }
   return places;
-}
-
-ReviewGraph graphOf(const ReviewScene& scene, const std::vector<CurvePlace>& places) {
-  ReviewGraph graph;
-  const bool states = std::ranges::all_of(places, [&](const CurvePlace& each) {
-    const TableColumn& column = scene.column(each);
-    return column.onOff || (column.isEnumeration() && column.about.unit.empty());
-  });
-  graph.kind = states ? GraphKind::States : GraphKind::Time;
-  for (std::size_t i = 0; i < places.size(); ++i) graph.curves.push_back({places[i], {}, reviewColour(i)});
-  return graph;
 }
 
 }  // namespace tarnlog

@@ -13,7 +13,5 @@ inline constexpr const char* kDraggedCurves = "application/x-tarnlog-curve";
 QMimeData* curvePayload(const std::vector<CurvePlace>& places);
 /// Those that the scene has.
 std::vector<CurvePlace> draggedCurves(const QMimeData& data, const ReviewScene& scene);
-/// A graph that suits these data.
-ReviewGraph graphOf(const ReviewScene& scene, const std::vector<CurvePlace>& places);
 
 }  // namespace tarnlog

@@ -1,5 +1,7 @@
 #include "ui/review/CurveSearch.h"
 
+#include "ui/review/GraphKinds.h"
+
 namespace tarnlog {
 
 const ReviewCurve* CurveSearch::curve() const {
@@ -11,7 +13,7 @@ const ReviewCurve* CurveSearch::curve() const {
 
 bool CurveSearch::possible(What what) const {
   const ReviewCurve* const chosen = curve();
-  return chosen != nullptr && (what == What::Change || !columns_.of(*chosen).isEnumeration());
+  return chosen != nullptr && (what == What::Change || !isLabelled(columns_.of(*chosen)));
 }
 
 /// The readout; where it is not set, the edge of what is seen.

@@ -1,19 +1,18 @@
 #include "ui/review/DataRows.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
+
+#include "ui/review/GraphKinds.h"
 
 namespace tarnlog {
 
 namespace {
 
 DataRows::Kind kindOf(const TableColumn& column) {
-  if (column.isEnumeration()) return DataRows::Kind::Labels;
+  if (isLabelled(column)) return DataRows::Kind::Labels;
   return column.onOff ? DataRows::Kind::OnOff : DataRows::Kind::Number;
 }
-
-bool isState(const TableColumn& column) { return column.onOff || column.isEnumeration(); }
 
 std::string placeText(const RecordColumn& about) {
   if (about.ecu.empty() || about.request.empty()) return about.ecu + about.request;
@@ -75,18 +74,14 @@ bool DataRows::suits(const ReviewGraph& graph, const TableColumn& column) const 
   return std::ranges::any_of(graph.curves, sameUnit);
 }
 
-std::size_t DataRows::graphFor(const CurvePlace& place) {
+std::optional<std::size_t> DataRows::graphFor(const CurvePlace& place) const {
   const TableColumn& column = scene_.column(place);
   const std::vector<ReviewGraph>& graphs = scene_.graphs();
   const auto& chosen = scene_.chosen();
   if (chosen && chosen->graph < graphs.size() && suits(graphs[chosen->graph], column)) return chosen->graph;
   for (std::size_t graph = 0; graph < graphs.size(); ++graph)
     if (suits(graphs[graph], column)) return graph;
-  ReviewGraph made;
-  made.kind = isState(column) ? GraphKind::States : GraphKind::Time;
-  made.title = isState(column) || column.about.unit.empty() ? column.about.name : column.about.unit;
-  scene_.addGraph(std::move(made));
-  return scene_.graphs().size() - 1;
+  return std::nullopt;
 }
 
 void DataRows::add(const CurvePlace& place) {
@@ -95,7 +90,9 @@ void DataRows::add(const CurvePlace& place) {
     for (std::size_t c = 0; c < curves.size(); ++c)
       if (curves[c].place == place && !curves[c].minus) return scene_.choose(ReviewScene::Chosen{g, c});
   }
-  addTo(graphFor(place), place);
+  if (const auto graph = graphFor(place)) return addTo(*graph, place);
+  scene_.addGraph(graphOf(scene_, {place}));
+  scene_.choose(ReviewScene::Chosen{scene_.graphs().size() - 1, 0});
 }
 
 void DataRows::addToChosen(const CurvePlace& place) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +46,7 @@ class DataRows {
   void remove(const CurvePlace& place);
 
  private:
-  std::size_t graphFor(const CurvePlace& place);
+  std::optional<std::size_t> graphFor(const CurvePlace& place) const;
   bool suits(const ReviewGraph& graph, const TableColumn& column) const;
   void addTo(std::size_t graph, const CurvePlace& place);
   void addRecord(std::size_t position);

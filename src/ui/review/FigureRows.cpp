@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/review/GraphKinds.h"
+
 namespace tarnlog {
 
 void FigureRows::setLevel(std::optional<double> level) {
@@ -42,7 +44,7 @@ void FigureRows::measure(Row& row) {
   const TimeSpan span = spanOf(row.curve);
   row.atA = valueAt(row.curve, timeA());
   row.atB = valueAt(row.curve, timeB());
-  if (column.isEnumeration()) return;
+  if (isLabelled(column)) return;
   row.figures = figuresOf(group, column, span);
   row.figures.lowestAt += scene_.offset(row.curve.place);
   row.figures.highestAt += scene_.offset(row.curve.place);
@@ -81,7 +83,7 @@ bool FigureRows::step(std::int64_t rows) {
   Row& row = rows_[searched_];
   const TableColumn& column = columns_.of(row.curve);
   if (!search_) {
-    if (column.isEnumeration()) return ++searched_ < rows_.size();
+    if (isLabelled(column)) return ++searched_ < rows_.size();
     search_.emplace(columns_.groupOf(row.curve), column, spanOf(row.curve));
   }
   if (!search_->step(rows)) return true;

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "records/RecordGraphs.h"
-#include "ui/review/ReviewScene.h"
+#include "ui/review/GraphKinds.h"
 
 namespace tarnlog {
 namespace {
@@ -12,15 +12,6 @@ namespace {
 constexpr std::size_t kMostGraphs = 8;
 constexpr std::size_t kMostCurves = 6;   ///< of a graph
 constexpr std::size_t kMostStates = 12;  ///< bars of a graph
-
-/// Labels of a datum with a unit stand for single numbers of it ("not available"); one without, that has
-/// numbers mostly, is a number.
-bool isState(const TableColumn& column) {
-  if (column.onOff) return true;
-  if (!column.isEnumeration() || !column.about.unit.empty()) return false;
-  const std::int64_t numbers = column.numbers.extremes(0, column.numbers.size()).count;
-  return !column.about.labels.empty() || 2 * numbers < column.numbers.size();
-}
 
 bool isEmpty(const TableColumn& column) {
   return column.texts.empty() && !column.numbers.extremes(0, column.numbers.size()).any();
@@ -31,7 +22,7 @@ void add(ReviewGraph& graph, const CurvePlace& place) {
 }
 
 /// The graph that takes one more curve of this unit.
-ReviewGraph* graphOf(std::vector<ReviewGraph>& graphs, const std::string& unit) {
+ReviewGraph* graphWith(std::vector<ReviewGraph>& graphs, const std::string& unit) {
   const auto found = std::ranges::find_if(graphs, [&](const ReviewGraph& each) {
     return each.title == unit && each.curves.size() < kMostCurves;
   });
@@ -62,7 +53,7 @@ void addByUnit(std::vector<ReviewGraph>& graphs, const LookedAtRecord& record,
     if (isEmpty(column)) continue;
     if (isState(column)) {
       if (states.curves.size() < kMostStates) add(states, place);
-    } else if (ReviewGraph* const graph = graphOf(units, column.about.unit)) {
+    } else if (ReviewGraph* const graph = graphWith(units, column.about.unit)) {
       add(*graph, place);
     }
   }

@@ -14,6 +14,7 @@
 #include "platform/controls/Readable.h"
 #include "ui/common/Convert.h"
 #include "ui/review/CurveDrag.h"
+#include "ui/review/GraphKinds.h"
 #include "ui/review/ReviewFlags.h"
 #include "ui/review/ReviewGraphMenu.h"
 #include "ui/review/ReviewKeys.h"

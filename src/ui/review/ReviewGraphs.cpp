@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "ui/review/CurveDrag.h"
+#include "ui/review/GraphKinds.h"
 #include "ui/review/ReviewGraphWidget.h"
 #include "ui/review/ReviewKeys.h"
 #include "ui/review/TimeAxis.h"

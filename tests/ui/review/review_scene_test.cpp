@@ -7,6 +7,8 @@
 
 #include "platform/text/Numbers.h"
 #include "tests/ui/review/TableRig.h"
+#include "ui/review/DataRows.h"
+#include "ui/review/FigureRows.h"
 #include "ui/review/TimeTicks.h"
 
 namespace {
@@ -42,6 +44,23 @@ TEST(ReviewSceneTest, GroupsDataByUnitAndStatesByThemselves) {
   scene.setX(0, CurvePlace{0, 0, 2});
   scene.addGraph({"", GraphKind::Time, {{{0, 0, 2}, {}, 0}}, {}, false, 0}, 0);
   EXPECT_EQ(graphsText(scene), "Coolant | xy Speed Wheel speed | states Brake Gear ");
+}
+
+/// A label of a datum with a unit names single numbers of it.
+TEST(ReviewSceneTest, TakesTheSameDataForStatesEverywhere) {
+  ReviewScene scene;
+  scene.addRecord(recordOf(
+      "a", {groupOf(every(1, 10), {{"Speed", "km/h", [](double t) { return t; }, {{255, 255, "none"}}},
+                                   {"Gear", "", [](double t) { return t; }, {{0, 0, "Neutral"}}}})}));
+  EXPECT_EQ(graphsText(scene), "Speed | states Gear ");
+  DataRows rows(scene);
+  rows.remove({0, 0, 0});
+  rows.add({0, 0, 0});
+  EXPECT_EQ(graphsText(scene), "states Gear | Speed ");
+  CurveColumns columns(scene);
+  FigureRows figures(scene, columns);
+  figures.refresh();
+  EXPECT_EQ(figures.rows()[1].figures.highest, 9) << "it is measured";
 }
 
 TEST(ReviewSceneTest, ZoomsAndPansWithinTheRecordAndGoesBack) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ui/common/MenuItems.h"
+#include "ui/review/GraphKinds.h"
 #include "ui/review/ReviewLook.h"
 
 namespace tarnlog {
@@ -30,12 +31,25 @@ ReviewGraphMenu::ReviewGraphMenu(ReviewScene& scene, std::size_t graph, std::opt
     : QMenu(parent), scene_(scene), graph_(graph) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAccessibleName(parent->accessibleName());
+  addKinds();
   if (shown().kind != GraphKind::States) {
     if (shown().curves.size() > 1) addScales();
     addX();
   }
   if (time) addCursors(*time);
   addRemoval(curve);
+}
+
+/// Where both are possible.
+void ReviewGraphMenu::addKinds() {
+  if (!otherKind(scene_, shown())) return;
+  auto* const kinds = new QActionGroup(this);
+  const auto add = [&](const QString& text, const char* name, GraphKind kind) {
+    kinds->addAction(addChoice(*this, text, name, shown().kind == kind,
+                               [this, kind](bool) { scene_.setKind(graph_, kind); }));
+  };
+  add(tr("As &curves"), "asCurves", GraphKind::Time);
+  add(tr("As bar&s"), "asBars", GraphKind::States);
 }
 
 void ReviewGraphMenu::addScales() {

@@ -17,6 +17,7 @@ class ReviewGraphMenu : public QMenu {
                   std::optional<double> time, QWidget* parent);
 
  private:
+  void addKinds();
   void addScales();
   void addX();
   void addCursors(double time);

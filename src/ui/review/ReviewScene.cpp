@@ -213,6 +213,10 @@ void ReviewScene::removeCurve(std::size_t graph, std::size_t curve) {
   graphsChanged();
 }
 
+void ReviewScene::setKind(std::size_t graph, GraphKind kind) {
+  if (std::exchange(graphs_[graph].kind, kind) != kind) graphsChanged();
+}
+
 void ReviewScene::setOwnScales(std::size_t graph, bool own) {
   if (std::exchange(graphs_[graph].ownScales, own) != own) graphsChanged();
 }

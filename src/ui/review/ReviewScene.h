@@ -96,6 +96,8 @@ class ReviewScene {
   /// Not twice; a free colour is chosen.
   void addCurve(std::size_t graph, const CurvePlace& place);
   void removeCurve(std::size_t graph, std::size_t curve);
+  /// Time or States.
+  void setKind(std::size_t graph, GraphKind kind);
   void setOwnScales(std::size_t graph, bool own);
   void setAxis(std::size_t graph, std::size_t curve);
   /// Over the values of this data item; none makes it a graph over time again.

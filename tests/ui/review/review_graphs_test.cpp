@@ -163,6 +163,11 @@ TEST_F(ReviewGraphsTest, MenuGivesScalesAndAnotherDatumToGraphsOver) {
   EXPECT_EQ(graphsText(scene), "Wheel speed | Coolant | states Brake Gear ");
   choose("removeGraph");
   EXPECT_EQ(graphsText(scene), "Coolant | states Brake Gear ");
+  choose("removeGraph");
+  choose("asCurves");
+  EXPECT_EQ(graphsText(scene), "Brake Gear ");
+  choose("asBars");
+  EXPECT_EQ(graphsText(scene), "states Brake Gear ");
 }
 
 TEST_F(ReviewGraphsTest, OverviewMovesAndResizesWhatIsSeen) {

@@ -43,9 +43,8 @@ std::optional<std::int64_t> CurveSearch::row(const ReviewCurve& chosen, What wha
   const TableGroup& group = columns_.groupOf(chosen);
   const TableColumn& column = columns_.of(chosen);
   const double offset = scene_.offset(chosen.place);
-  const double from = start(back) - offset;
-  const std::int64_t before = group.firstFrom(from);
-  const std::int64_t after = group.rowAt(from).value_or(-1);
+  const std::int64_t before = scene_.rowFrom(chosen.place, start(back));
+  const std::int64_t after = scene_.rowUpTo(chosen.place, start(back)).value_or(-1);
   const LevelCrossing crossing{what == What::Rising ? 1 : -1, level};
   switch (what) {
     case What::Rising:

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/review/ValueAtTimes.h"
+
 namespace tarnlog {
 namespace {
 
@@ -11,28 +13,6 @@ constexpr double kBeyond = 16;                        ///< columns that a line g
 constexpr std::int64_t kMostDifferences = 1'000'000;  ///< rows that are looked at for a curve
 constexpr std::int64_t kMostPairs = 50'000;           ///< points of an X-Y curve
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
-/// The value of a datum at the times of another group's rows, that are asked for in their order.
-class ValueAtTimes {
- public:
-  ValueAtTimes(const ReviewScene& scene, const CurvePlace& place)
-      : group_(scene.group(place)), numbers_(scene.column(place).numbers), offset_(scene.offset(place)) {}
-  double operator()(double time) {
-    time -= offset_;
-    if (next_ < 0) next_ = group_.firstFrom(time);
-    // Row by row while it is near, and by a search where it is not.
-    for (int i = 0; i < 16 && next_ < group_.rows() && group_.times[next_] <= time; ++i) ++next_;
-    if (next_ < group_.rows() && group_.times[next_] <= time)
-      next_ = group_.firstFrom(std::nextafter(time, std::numeric_limits<double>::infinity()));
-    return next_ == 0 ? kNone : numbers_[next_ - 1];
-  }
-
- private:
-  const TableGroup& group_;
-  const NumberSeries& numbers_;
-  double offset_;
-  std::int64_t next_ = -1;  ///< the first row that is later
-};
 
 bool isDense(const SeenRows& rows) { return rows.rows() > kRowsOfDenseColumn * rows.columns(); }
 

@@ -61,13 +61,9 @@ std::optional<double> FigureRows::difference() const {
   return *timeB() - *timeA();
 }
 
-/// The value of the newest row up to then. Behind the last row there is none.
 FigureRows::Value FigureRows::valueAt(const ReviewCurve& curve, std::optional<double> time) {
-  const TableGroup& group = columns_.groupOf(curve);
-  if (!time || group.rows() == 0) return {};
-  const double own = *time - scene_.offset(curve.place);
-  const auto row = group.rowAt(own);
-  if (!row || own > group.times[group.rows() - 1]) return {};
+  const auto row = time ? scene_.rowAt(curve.place, *time) : std::nullopt;
+  if (!row) return {};
   const TableColumn& column = columns_.of(curve);
   return {column.numbers[*row], std::string(curve.minus ? std::string_view() : column.labelOf(*row))};
 }

@@ -149,7 +149,7 @@ void GraphSheet::paintLane(QPainter& painter, std::size_t curve) const {
   const bool chosen = clickable_ && scene_->chosen() == ReviewScene::Chosen{graph_, curve};
   QString text = curveName(*scene_, shown);
   if (const auto time = scene_->cursor(ReviewCursor::Readout)) {
-    const auto row = rowAt(*scene_, shown.place, *time);
+    const auto row = scene_->rowAt(shown.place, *time);
     if (row) text += QStringLiteral(": ") + valueAt(*scene_, shown, *time, look_.locale);
   }
   const QFontMetrics metrics(look_.font);
@@ -250,7 +250,7 @@ std::vector<std::pair<QPointF, QColor>> GraphSheet::dots(double time) const {
   if (hasBars()) return found;
   for (std::size_t i = 0; i < graph().curves.size() && i < ranges_.size(); ++i) {
     const ReviewCurve& curve = graph().curves[i];
-    const auto row = rowAt(*scene_, curve.place, time);
+    const auto row = scene_->rowAt(curve.place, time);
     const double number = numberAt(*scene_, curve, time);
     if (!row || !std::isfinite(number)) continue;
     const PixelScale rows = PixelScale::downwards(ranges_[i], area_.height());

@@ -302,7 +302,7 @@ void ReviewGraphWidget::readOut(double x) {
   double least = kSnap * pixel;
   for (const ReviewCurve& curve : shown().curves) {
     const TableGroup& group = scene_.group(curve.place);
-    const std::int64_t behind = group.firstFrom(time - scene_.offset(curve.place));
+    const std::int64_t behind = scene_.rowFrom(curve.place, time);
     for (const std::int64_t row : {behind - 1, behind}) {
       if (row < 0 || row >= group.rows()) continue;
       const double at = group.times[row] + scene_.offset(curve.place);

@@ -70,10 +70,10 @@ void moveReadout(ReviewScene& scene, int by) {
   if (!place) return;
   const TableGroup& group = scene.group(*place);
   if (group.rows() == 0) return;
-  const double offset = scene.offset(*place);
-  const double at = scene.cursor(ReviewCursor::Readout).value_or(anchor(scene)) - offset;
-  const std::int64_t row = by < 0 ? group.firstFrom(at) - 1 : group.rowAt(at).value_or(-1) + 1;
-  const double time = group.times[std::clamp<std::int64_t>(row, 0, group.rows() - 1)] + offset;
+  const double at = scene.cursor(ReviewCursor::Readout).value_or(anchor(scene));
+  const std::int64_t row =
+      by < 0 ? scene.rowFrom(*place, at) - 1 : scene.rowUpTo(*place, at).value_or(-1) + 1;
+  const double time = group.times[std::clamp<std::int64_t>(row, 0, group.rows() - 1)] + scene.offset(*place);
   reveal(scene, time);
   scene.setCursor(ReviewCursor::Readout, time);
 }

@@ -71,13 +71,9 @@ QString curveUnit(const ReviewScene& scene, const ReviewCurve& curve) {
   return toQString(scene.column(curve.place).about.unit);
 }
 
-std::optional<std::int64_t> rowAt(const ReviewScene& scene, const CurvePlace& place, double time) {
-  return scene.group(place).rowAt(time - scene.offset(place));
-}
-
 double numberAt(const ReviewScene& scene, const ReviewCurve& curve, double time) {
   const auto number = [&](const CurvePlace& place) {
-    const auto row = rowAt(scene, place, time);
+    const auto row = scene.rowAt(place, time);
     return row ? scene.column(place).numbers[*row] : std::numeric_limits<double>::quiet_NaN();
   };
   return number(curve.place) - (curve.minus ? number(*curve.minus) : 0);
@@ -91,7 +87,7 @@ QString numberText(double number, const QLocale& locale) {
 }
 
 QString valueAt(const ReviewScene& scene, const ReviewCurve& curve, double time, const QLocale& locale) {
-  const auto row = rowAt(scene, curve.place, time);
+  const auto row = scene.rowAt(curve.place, time);
   if (row && !curve.minus)
     if (const auto label = scene.column(curve.place).labelOf(*row); !label.empty()) return toQString(label);
   const double number = numberAt(scene, curve, time);

@@ -37,8 +37,6 @@ CurveInk curveInk(const ReviewCurve& curve, const QPalette& palette);
 QString curveName(const ReviewScene& scene, const ReviewCurve& curve);
 QString dataName(const ReviewScene& scene, const CurvePlace& place);
 QString curveUnit(const ReviewScene& scene, const ReviewCurve& curve);
-/// The row that holds at this time.
-std::optional<std::int64_t> rowAt(const ReviewScene& scene, const CurvePlace& place, double time);
 /// The number that holds at this time; NaN where there is none.
 double numberAt(const ReviewScene& scene, const ReviewCurve& curve, double time);
 /// With its label and unit; a dash where there is none.

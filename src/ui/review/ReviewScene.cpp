@@ -356,4 +356,16 @@ const TableColumn& ReviewScene::column(const CurvePlace& place) const {
   return group(place).columns[place.column];
 }
 
+std::optional<std::int64_t> ReviewScene::rowUpTo(const CurvePlace& place, double time) const {
+  return group(place).rowAt(time - offset(place) + roundingOf(time, offset(place)));
+}
+
+std::optional<std::int64_t> ReviewScene::rowAt(const CurvePlace& place, double time) const {
+  return rowFrom(place, time) == group(place).rows() ? std::nullopt : rowUpTo(place, time);
+}
+
+std::int64_t ReviewScene::rowFrom(const CurvePlace& place, double time) const {
+  return group(place).firstFrom(time - offset(place) - roundingOf(time, offset(place)));
+}
+
 }  // namespace tarnlog

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -144,6 +146,12 @@ class ReviewScene {
   const TableColumn& column(const CurvePlace& place) const;
   const TableGroup& group(const CurvePlace& place) const;
   double offset(const CurvePlace& place) const { return records_[place.record].offset; }
+  /// The newest row up to this time; none before the first one.
+  std::optional<std::int64_t> rowUpTo(const CurvePlace& place, double time) const;
+  /// The same, and none behind the last row, either: nobody knows what came then.
+  std::optional<std::int64_t> rowAt(const CurvePlace& place, double time) const;
+  /// The first row from this time on; the number of rows when there is none.
+  std::int64_t rowFrom(const CurvePlace& place, double time) const;
 
  private:
   void tell(unsigned changes);
@@ -167,6 +175,12 @@ class ReviewScene {
   bool laysOver_ = false;
   double least_ = 0;  ///< seconds that are seen at least
 };
+
+/// What a row's time may be wrong by that became a time of the scene: less by the offset, it is not quite the
+/// row's own.
+inline double roundingOf(double time, double offset) {
+  return 4 * std::numeric_limits<double>::epsilon() * (std::abs(time) + std::abs(offset));
+}
 
 /// Colours that differ, are readable on white and on dark grounds, and come in this order.
 std::uint32_t reviewColour(std::size_t position);

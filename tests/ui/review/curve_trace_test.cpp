@@ -81,13 +81,36 @@ TEST(CurveTraceTest, TakesTheDifferenceToTheRowThatHoldsThen) {
   other.offset = 0.5;
   scene.addRecord(other);
   const ReviewCurve difference{{0, 0, 0}, CurvePlace{1, 0, 0}, 0};
-  EXPECT_EQ(text(traced(scene, difference, {0, 3}, 3)), "1,10 2,20 3,28");
+  EXPECT_EQ(text(traced(scene, difference, {0, 3}, 3)), "1,10 2,20 /");
 
   CurveTrace pairs;
   SeenRecords seen;
   seen.see({{1, 3}, 100});
   traceOverValues(scene, {{0, 0, 0}, {}, 0}, {1, 0, 0}, seen, pairs);
-  EXPECT_EQ(text(pairs), "0,10 0,20 2,30");
+  EXPECT_EQ(text(pairs), "0,10 0,20 /");
+}
+
+/// Times that became those of the scene are not quite the rows' own when they are turned back.
+TEST(CurveTraceTest, FindsTheRowsOfARecordThatIsMovedByAnOddTime) {
+  std::vector<double> times = every(0.1, 200);
+  ReviewScene scene;
+  scene.addRecord(
+      recordOf("a", {groupOf(times, {{"Speed", "", [](double t) { return std::round(10 * t); }}})}));
+  for (double& time : times) time += 3.37;
+  LookedAtRecord other =
+      recordOf("b", {groupOf(times, {{"Speed", "", [](double t) { return std::round(10 * t - 33.7); }}})});
+  other.offset = -3.37;
+  scene.addRecord(other);
+  const CurveTrace difference = traced(scene, {{0, 0, 0}, CurvePlace{1, 0, 0}, 0}, {0, 10}, 200);
+  EXPECT_EQ(difference.lowest, 0);
+  EXPECT_EQ(difference.highest, 0);
+  for (std::int64_t row = 0; row < 200; ++row) {
+    const double time = scene.group({1, 0, 0}).times[row] + other.offset;
+    EXPECT_EQ(scene.rowUpTo({1, 0, 0}, time), row);
+    EXPECT_EQ(scene.rowFrom({1, 0, 0}, time), row);
+    EXPECT_EQ(scene.rowAt({1, 0, 0}, time), row);
+  }
+  EXPECT_EQ(scene.rowAt({1, 0, 0}, 30), std::nullopt);
 }
 
 TEST(StateBandsTest, AreAsLongAsAStateHolds) {

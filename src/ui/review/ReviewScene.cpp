@@ -131,12 +131,27 @@ void ReviewScene::removeRecord(std::size_t position) {
   std::erase_if(graphs_, [](const ReviewGraph& graph) { return graph.curves.empty(); });
   least_ = leastSpan(records_);
   keepChosen();
-  span_ = records_.empty() ? TimeSpan{} : limited(span_);
   if (records_.empty()) {
+    span_ = {};
     past_.clear();
+    std::ranges::fill(cursors_, std::nullopt);
     ownGraphs_ = false;
+  } else {
+    countFromFirst();
+    span_ = limited(span_);
   }
-  tell(kRecordsChanged | kGraphsChanged | kSpanChanged | kChosenChanged);
+  tell(kRecordsChanged | kGraphsChanged | kSpanChanged | kChosenChanged | kCursorsChanged);
+}
+
+void ReviewScene::countFromFirst() {
+  const double shift = records_.front().offset;
+  if (shift == 0) return;
+  for (LookedAtRecord& record : records_) record.offset -= shift;
+  const auto move = [shift](TimeSpan& span) { span = {span.from - shift, span.till - shift}; };
+  move(span_);
+  std::ranges::for_each(past_, move);
+  for (std::optional<double>& cursor : cursors_)
+    if (cursor) *cursor -= shift;
 }
 
 void ReviewScene::setOffset(std::size_t position, double offset) {

@@ -85,7 +85,7 @@ class ReviewScene {
   void addRecord(LookedAtRecord record);
   /// More of a record is there. The span grows with it while all of it was seen.
   void updateRecord(std::size_t position, std::shared_ptr<const RecordTable> table);
-  /// Its curves go with it.
+  /// Its curves go with it. The times become those of the record that is the first then.
   void removeRecord(std::size_t position);
   void setOffset(std::size_t position, double offset);
 
@@ -160,6 +160,7 @@ class ReviewScene {
   /// The graphs that suit the first record, unless the user has changed them; whether they are others.
   bool followColumns();
   void layOverNow();
+  void countFromFirst();
   void keepChosen();
   void graphsChanged();
   std::uint32_t freeColour(const ReviewGraph& graph, const CurvePlace& place) const;

@@ -140,6 +140,16 @@ TEST(ReviewSceneTest, LaysRecordsOverEachOther) {
   EXPECT_EQ(scene.span().from, 0);
   scene.layOver(false);
   EXPECT_EQ(graphsText(scene), "Speed Wheel speed | Coolant | states Brake Gear ");
+
+  scene.setOffset(1, -30);
+  scene.show({10, 20});
+  scene.setCursor(ReviewCursor::A, 15);
+  scene.removeRecord(0);
+  EXPECT_EQ(scene.records()[0].offset, 0) << "it gives the times now";
+  EXPECT_EQ(spanText(scene), "40.00 to 50.00") << "the same moments are seen";
+  EXPECT_EQ(scene.cursor(ReviewCursor::A), 45);
+  scene.removeRecord(0);
+  EXPECT_FALSE(scene.cursor(ReviewCursor::A)) << "they are not of the next record";
 }
 
 TEST(TimeTicksTest, StandAtTimesThatPeopleCountIn) {

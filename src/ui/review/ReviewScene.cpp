@@ -102,24 +102,25 @@ void ReviewScene::addRecord(LookedAtRecord record) {
 
 bool ReviewScene::followColumns() {
   if (ownGraphs_) return false;
-  std::vector<ReviewGraph> suiting = graphsFor(records_.front(), 0);
-  if (sameGraphs(suiting, graphs_)) return false;
-  graphs_ = std::move(suiting);
+  std::vector<ReviewGraph> before = std::exchange(graphs_, graphsFor(records_.front(), 0));
   if (laysOver_) layOverNow();
+  if (sameGraphs(before, graphs_)) {
+    graphs_ = std::move(before);
+    return false;
+  }
   keepChosen();
   return true;
 }
 
-/// What the first rows have may mislead: a speed is 0 until the car moves.
+/// What the first rows have may mislead: a speed is 0 until the car moves, in a record that is being written
+/// for as long as it takes.
 void ReviewScene::updateRecord(std::size_t position, std::shared_ptr<const RecordTable> table) {
   LookedAtRecord& record = records_[position];
   const bool all = seesAll();
-  const bool wasComplete = record.table->complete;
   record.table = std::move(table);
   least_ = leastSpan(records_);
   unsigned changes = kRecordsChanged;
-  if (position == 0 && !wasComplete && records_.size() == 1 && followColumns())
-    changes |= kGraphsChanged | kChosenChanged;
+  if (position == 0 && followColumns()) changes |= kGraphsChanged | kChosenChanged;
   const TimeSpan before = std::exchange(span_, all ? whole() : span_);
   if (!sameSpan(before, span_)) changes |= kSpanChanged;
   tell(changes);

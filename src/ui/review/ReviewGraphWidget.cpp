@@ -56,7 +56,10 @@ void ReviewGraphWidget::stale() {
 }
 
 void ReviewGraphWidget::react(unsigned changes) {
-  if ((changes & kGraphsChanged) != 0) return setGraph(graph_);
+  if ((changes & kGraphsChanged) != 0) {
+    closeMenu();
+    return setGraph(graph_);
+  }
   if ((changes & kRecordsChanged) != 0) return stale();
   if ((changes & kSpanChanged) != 0) drawn_ = false;
   if (laidOut_ && exists() && (changes & (kCursorsChanged | kChosenChanged)) != 0) {
@@ -69,6 +72,12 @@ void ReviewGraphWidget::react(unsigned changes) {
   }
   if ((changes & kCursorsChanged) != 0) describe();
   update();
+}
+
+/// It is about graphs that may be others now.
+void ReviewGraphWidget::closeMenu() {
+  for (ReviewGraphMenu* const menu : findChildren<ReviewGraphMenu*>(Qt::FindDirectChildrenOnly))
+    menu->close();
 }
 
 /// What is read out, for who listens.

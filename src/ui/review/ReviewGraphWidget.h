@@ -60,6 +60,7 @@ class ReviewGraphWidget : public QWidget {
   void draw();
   void stale();
   void describe();
+  void closeMenu();
   void paintPicture(QPainter& painter);
   void paintSelection(QPainter& painter);
   void paintTarget(QPainter& painter);

@@ -16,6 +16,7 @@
 #include "tests/support/TempFolder.h"
 #include "tests/ui/review/TableRig.h"
 #include "ui/review/CurveDrag.h"
+#include "ui/review/GraphKinds.h"
 #include "ui/review/OverviewStrip.h"
 #include "ui/review/ReviewGraphWidget.h"
 #include "ui/review/ReviewPicture.h"
@@ -145,12 +146,13 @@ TEST_F(ReviewGraphsTest, CurvesAreChosenTakenAwayAndDropped) {
 }
 
 TEST_F(ReviewGraphsTest, MenuGivesScalesAndAnotherDatumToGraphsOver) {
-  const auto choose = [&](const char* name, int position = 0) {
+  const auto menu = [&] {
     QContextMenuEvent ask(QContextMenuEvent::Mouse, {30, 6}, graph().mapToGlobal(QPoint(30, 6)));
     QApplication::sendEvent(&graph(), &ask);
-    auto* const menu = graph().findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
-    menu->findChildren<QAction*>(QLatin1String(name))[position]->trigger();
-    delete menu;
+    return std::unique_ptr<QMenu>(graph().findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly));
+  };
+  const auto choose = [&](const char* name, int position = 0) {
+    menu()->findChildren<QAction*>(QLatin1String(name))[position]->trigger();
   };
   choose("ownScales");
   choose("axis", 1);
@@ -168,6 +170,10 @@ TEST_F(ReviewGraphsTest, MenuGivesScalesAndAnotherDatumToGraphsOver) {
   EXPECT_EQ(graphsText(scene), "Brake Gear ");
   choose("asBars");
   EXPECT_EQ(graphsText(scene), "states Brake Gear ");
+  const auto open = menu();
+  EXPECT_TRUE(open->isVisible());
+  scene.addGraph(graphOf(scene, {{0, 0, 0}}), 0);
+  EXPECT_FALSE(open->isVisible()) << "its graph is another one now";
 }
 
 TEST_F(ReviewGraphsTest, OverviewMovesAndResizesWhatIsSeen) {

@@ -76,7 +76,7 @@ void RecordLine::addAlignment(QHBoxLayout& line) {
   offset_ = new QDoubleSpinBox(this);
   offset_->setObjectName("reviewOffset");
   offset_->setAccessibleName(tr("Seconds that record %1 is moved to the right").arg(position_ + 1));
-  offset_->setToolTip(tr("Moves it to the right; so does dragging a curve with Alt held"));
+  offset_->setToolTip(tr("Moves it to the right; so does dragging a curve with Ctrl held"));
   offset_->setRange(-kMostOffset, kMostOffset);
   offset_->setDecimals(3);
   offset_->setSuffix(tr(" s"));

@@ -12,7 +12,7 @@ HelpPage ReviewHelp::page() {
           {tr("A, B, Escape"), tr("On a graph: set the cursors at the readout; take them away")},
           {tr("Ctrl with Left, Right"), tr("On a graph: read out row by row")},
           {tr("Up, Down, Delete"), tr("On a graph: choose a curve, take it away")},
-          {tr("Alt+drag"), tr("On a graph: move a record that is laid over")},
+          {tr("Ctrl+drag"), tr("On a graph: move a record that is laid over")},
           {tr("Ctrl+F"), tr("Filter the list of data; Escape shows all")},
           {tr("Enter, Ctrl+Enter"), tr("In the list: into a graph of its unit, into the chosen graph")},
           {tr("Space, Delete"), tr("In the list: show or hide, hide")},

@@ -267,15 +267,20 @@ void TarnReview::open(const std::vector<std::string>& paths) {
 }
 
 void TarnReview::layOver(const std::string& path) {
-  if (sources_->count() < ReviewScene::kMostRecords) return sources_->add(path);
-  notices_->showNotice("most", tr("At most %1 records are looked at: %2 was left out")
-                                   .arg(ReviewScene::kMostRecords)
-                                   .arg(fileNameOf(toQString(path))));
+  if (hasRoomFor(toQString(path))) sources_->add(path);
 }
 
 void TarnReview::layEventOver(const QString& path, std::size_t record) {
-  if (sources_->count() >= ReviewScene::kMostRecords) return layOver(fromQString(path));
-  sources_->addOver(fromQString(path), record);
+  if (hasRoomFor(path)) sources_->addOver(fromQString(path), record);
+}
+
+/// Tells when it has none.
+bool TarnReview::hasRoomFor(const QString& path) {
+  if (sources_->count() < ReviewScene::kMostRecords) return true;
+  notices_->showNotice("most", tr("At most %1 records are looked at: %2 was left out")
+                                   .arg(ReviewScene::kMostRecords)
+                                   .arg(fileNameOf(path)));
+  return false;
 }
 
 void TarnReview::closeRecords() {
@@ -329,7 +334,7 @@ void TarnReview::askForeign(const QString& path) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog, path] {
       notices_->removeNotice("failed " + path);
-      sources_->add(fromQString(path), dialog->choice());
+      if (hasRoomFor(path)) sources_->add(fromQString(path), dialog->choice());
     });
     dialog->open();
   } catch (const TarnError& error) {

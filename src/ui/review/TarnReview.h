@@ -95,6 +95,7 @@ class TarnReview : public QWidget {
 
   void connectSources();
   void showProgress();
+  bool hasRoomFor(const QString& path);
   void tellFailed(const QString& path, const QString& why, bool foreignTable);
   void askForeign(const QString& path);
   void layEventOver(const QString& path, std::size_t record);

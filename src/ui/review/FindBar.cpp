@@ -116,13 +116,17 @@ void FindBar::showInputs() {
   back_->setVisible(what() != CurveSearch::What::LargestStep);
 }
 
-void FindBar::find(bool back) {
+bool FindBar::find(bool back) {
   showInputs();
-  if (!next_->isEnabled()) return answer_->setText(tr("Choose a curve and type a level first."));
+  if (!next_->isEnabled()) {
+    answer_->setText(tr("Choose a curve and type a level first."));
+    return false;
+  }
   const double level = typedNumber(level_->text()).value_or(0);
   const CurveSearch::Answer answer = search_.find(what(), level, back);
   if (answer.time) jumpTo(scene_, *answer.time);
   answer_->setText(answer.time ? answerText(answer) : noneText(answer, level, back));
+  return answer.time.has_value();
 }
 
 QString FindBar::numberText(double number, const RecordFigures& figures) const {

@@ -22,7 +22,8 @@ class FindBar : public QWidget {
   FindBar(ReviewScene& scene, CurveColumns& columns, const UserLocale& locale, QWidget* parent = nullptr);
 
   void follow(unsigned changes);
-  void find(bool back);
+  /// Goes to the next moment, or the one before; false when there is none, and the pane says why.
+  bool find(bool back);
   void enter();
 
  private:

@@ -252,8 +252,11 @@ void TarnReview::addKeys() {
     panes_->bring(*find_);
     find_->enter();
   });
-  key(Qt::Key_F3, [this] { find_->find(false); });
-  key(Qt::SHIFT | Qt::Key_F3, [this] { find_->find(true); });
+  const auto find = [this](bool back) {
+    if (!find_->find(back)) panes_->bring(*find_);
+  };
+  key(Qt::Key_F3, [find] { find(false); });
+  key(Qt::SHIFT | Qt::Key_F3, [find] { find(true); });
   key(QKeySequence::Open, [this] { askOpen(); });
   key(Qt::Key_F6, [this] { panes_->moveFocus(1); });
   key(Qt::SHIFT | Qt::Key_F6, [this] { panes_->moveFocus(-1); });

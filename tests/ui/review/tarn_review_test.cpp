@@ -161,6 +161,10 @@ TEST(TarnReview, AnswersWhatARecordIsAskedFor) {
   childOf<QComboBox>(rig.review, "findWhat").setCurrentIndex(2);
   QTest::keyClick(&rig.review, Qt::Key_F3, Qt::ShiftModifier);
   EXPECT_EQ(rig.answer(), "At 1 s");
+  rig.showPane(0);
+  QTest::keyClick(&rig.review, Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_EQ(rig.answer(), "It does not change before 1 s.");
+  EXPECT_TRUE(childOf<QLabel>(rig.review, "findAnswer").isVisible()) << "why F3 did nothing";
 
   rig.showPane(1);
   EXPECT_EQ(itemsText(rig.view("reviewMarks"), {0, 1}),

@@ -48,7 +48,7 @@ QAction* HandOn::add(const char* name, const QString& text, const QKeySequence& 
   action->setShortcut(keys);
   action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   connect(action, &QAction::triggered, this,
-          [this, act] { environment_.runWhenIdle([this, act] { (this->*act)(); }); });
+          [this, act] { environment_.runWhenIdle(this, [this, act] { (this->*act)(); }); });
   actions_ << action;
   return action;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QPointer>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/settings/SettingsStore.h"
 #include "platform/text/UserLocale.h"
@@ -23,7 +25,13 @@ struct ReviewEnvironment {
   /// Whether this program is writing that file: then it is no fault that it is not closed.
   std::function<bool(const std::string& path)> isBeingRecorded{};
 
-  void runWhenIdle(std::function<void()> action) const { whenIdle ? whenIdle(std::move(action)) : action(); }
+  /// For this control: not any more once it is gone.
+  void runWhenIdle(QObject* control, std::function<void()> action) const {
+    if (!whenIdle) return action();
+    whenIdle([alive = QPointer(control), action = std::move(action)] {
+      if (alive) action();
+    });
+  }
 };
 
 }  // namespace tarnlog

@@ -194,7 +194,7 @@ QWidget* TarnReview::makePicture() {
 void TarnReview::makePanes() {
   data_ = new DataList(scene_, this);
   data_->list().setDragRule(
-      [this](std::function<void()> drag) { environment_.runWhenIdle(std::move(drag)); });
+      [this](std::function<void()> drag) { environment_.runWhenIdle(data_, std::move(drag)); });
   figures_ = new FiguresTable(scene_, columns_, environment_.locale, this);
   marks_ = new MarkList(scene_, environment_.locale, this);
   find_ = new FindBar(scene_, columns_, environment_.locale, this);
@@ -302,7 +302,7 @@ static FileQuestion recordQuestion(const QString& title) {
 }
 
 void TarnReview::askOpen() {
-  environment_.runWhenIdle([this] {
+  environment_.runWhenIdle(this, [this] {
     if (const auto path = environment_.dialogs.fileToOpen(this, recordQuestion(tr("Open record"))))
       open(fromQString(*path));
   });
@@ -310,7 +310,7 @@ void TarnReview::askOpen() {
 
 void TarnReview::askLayOver() {
   if (scene_.records().empty()) return askOpen();
-  environment_.runWhenIdle([this] {
+  environment_.runWhenIdle(this, [this] {
     const FileQuestion question = recordQuestion(tr("Lay another record over"));
     if (const auto path = environment_.dialogs.fileToOpen(this, question)) layOver(fromQString(*path));
   });

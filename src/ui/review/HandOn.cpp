@@ -113,6 +113,8 @@ PartChoice HandOn::partOf(std::size_t record) const {
 void HandOn::savePart(PartChoice::Format format) {
   if (desk_.scene.records().empty() || writer_ != nullptr) return;
   PartChoice part = partOf(record());
+  if (onlyShown_->isChecked() && part.choice.data.empty())
+    return failed(tr("no data of %1 are shown").arg(QFileInfo(toQString(part.input)).fileName()));
   const QString proposed = withoutSuffix(toQString(part.input)) + tr("_part", "behind a file's name");
   const auto path = askFor(format, proposed);
   if (!path) return;

@@ -268,6 +268,13 @@ TEST(TarnReview, HandsOnThePartBetweenTheCursors) {
   EXPECT_THAT(save("saveCsv", rig.folder / "1-2-26_10h00mn00.txt"), HasSubstr("this is the record itself"));
   EXPECT_EQ(rig.read("1-2-26_10h00mn00.txt"), drive());
   EXPECT_TRUE(rig.review.notices().warns("handOn"));
+  const std::vector<ReviewGraph> graphs = rig.review.scene().graphs();
+  rig.review.scene().setGraphs({});
+  childOf<QAction>(rig.review, "onlyShown").setChecked(true);
+  childOf<QAction>(rig.review, "saveCsv").trigger();
+  EXPECT_THAT(rig.review.notices().notice("handOn").toStdString(),
+              HasSubstr("no data of 1-2-26_10h00mn00.txt"));
+  rig.review.scene().setGraphs(graphs);
   EXPECT_THAT(save("savePicture", rig.folder / "seen.png"), HasSubstr("Written"));
   EXPECT_FALSE(rig.review.notices().warns("handOn")) << "good news";
   EXPECT_THAT(rig.read("seen.png"), HasSubstr("PNG"));

@@ -7,11 +7,6 @@
 
 namespace tarnlog {
 
-void FigureRows::setLevel(std::optional<double> level) {
-  level_ = level;
-  refresh();
-}
-
 void FigureRows::refresh() {
   rows_.clear();
   search_.reset();

@@ -38,7 +38,8 @@ class FigureRows {
 
   FigureRows(const ReviewScene& scene, CurveColumns& columns) : scene_(scene), columns_(columns) {}
 
-  void setLevel(std::optional<double> level);
+  /// Counts from the next `refresh` on.
+  void setLevel(std::optional<double> level) { level_ = level; }
   const std::optional<double>& level() const { return level_; }
   /// After anything in the scene changed. Medians begin anew.
   void refresh();

@@ -107,6 +107,11 @@ std::optional<std::size_t> GraphSheet::laneAt(const QPoint& position) const {
   return std::nullopt;
 }
 
+bool GraphSheet::isOnLaneName(const QPoint& position) const {
+  return hasBars() &&
+         std::ranges::any_of(lanes_, [&](const Lane& lane) { return lane.name.contains(position); });
+}
+
 void GraphSheet::see(SeenRecords& seen, int columns) {
   columns_ = std::max(columns, 1);
   seen.see({scene_->span(), columns_});

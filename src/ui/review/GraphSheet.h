@@ -39,6 +39,8 @@ class GraphSheet {
   std::optional<double> timeNear(const QPoint& position) const;
   /// The bar of states here.
   std::optional<std::size_t> laneAt(const QPoint& position) const;
+  /// The name of a bar is here.
+  bool isOnLaneName(const QPoint& position) const;
 
   /// Base, grid and curves of a graph with curves, into a canvas that has the size of the plot area.
   void drawCurves(ScrollingCanvas& canvas) const;

@@ -328,7 +328,7 @@ void ReviewGraphWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (!exists() || event->button() != Qt::LeftButton) return;
   prepare();
   const auto curve = curveAt(at);
-  if (curve && (!sheet_.hasBars() || at.y() < sheet_.plotArea().bottom())) scene_.removeCurve(graph_, *curve);
+  if (curve && (!sheet_.hasBars() || sheet_.isOnLaneName(at))) scene_.removeCurve(graph_, *curve);
 }
 
 void ReviewGraphWidget::leaveEvent(QEvent* event) {

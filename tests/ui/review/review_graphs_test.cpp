@@ -143,6 +143,11 @@ TEST_F(ReviewGraphsTest, CurvesAreChosenTakenAwayAndDropped) {
   drop(100, {{0, 0, 99}, {7, 0, 0}});
   EXPECT_EQ(graphsText(scene), "Coolant | Speed Wheel speed Coolant | states Brake Gear ");
   EXPECT_EQ(graphs.graphs().size(), 3U);
+  const QPoint name = graph(2).plotArea().topLeft() + QPoint(20, 4);
+  QTest::mouseDClick(&graph(2), Qt::LeftButton, {}, name + QPoint(0, graph().fontMetrics().height() + 4));
+  EXPECT_EQ(scene.graphs()[2].curves.size(), 2U) << "inside a bar, somebody reads out twice";
+  QTest::mouseDClick(&graph(2), Qt::LeftButton, {}, name);
+  EXPECT_EQ(scene.graphs()[2].curves.size(), 1U);
 }
 
 TEST_F(ReviewGraphsTest, MenuGivesScalesAndAnotherDatumToGraphsOver) {

@@ -295,7 +295,9 @@ TimeSpan ReviewScene::whole() const {
     all = all ? TimeSpan{std::min(all->from, span.from), std::max(all->till, span.till)} : span;
   }
   if (!all) return {0, 1};
-  return all->length() > 0 ? *all : TimeSpan{all->from, all->from + 1};
+  if (all->length() > 0) return *all;
+  return {all->from,
+          all->from + std::max(1.0, std::abs(all->from) * 1e-9)};  // longer than what is rounded away
 }
 
 bool ReviewScene::seesAll() const { return sameSpan(span_, whole()); }

@@ -41,8 +41,12 @@ std::vector<TimeTick> timeTicks(const TimeSpan& span, int atMost, char decimalSe
   if (!(span.length() > 0) || atMost < 1) return ticks;
   const double step = stepOf(span, atMost);
   const double slack = 1e-9 * span.length();
-  for (double i = std::ceil((span.from - slack) / step); i * step <= span.till + slack; ++i)
-    ticks.push_back({i * step, timeText(i * step, step, decimalSeparator)});
+  const double first = std::ceil((span.from - slack) / step);
+  for (int i = 0; i <= atMost; ++i) {  // counted: so large times may be that one more is the same
+    const double time = (first + i) * step;
+    if (time > span.till + slack) break;
+    ticks.push_back({time, timeText(time, step, decimalSeparator)});
+  }
   return ticks;
 }
 

@@ -17,7 +17,6 @@ const QColor kStart(0x00, 0xA0, 0x00);  // as in the live graphs
 const QColor kStop(0xD0, 0x00, 0x00);
 const QColor kEvent(0x00, 0x60, 0xC0);
 const QColor kTrouble(0xB0, 0x60, 0x00);
-constexpr std::size_t kMostFlags = 500;  ///< more cannot be told apart
 
 QString words(const char* text) { return QCoreApplication::translate("ReviewFlags", text); }
 
@@ -78,18 +77,23 @@ class FlagPainter {
 struct SeenMark {
   const TableMark* mark;
   double time;
+  double till;
   std::size_t record;
 };
 
-std::vector<SeenMark> seenMarks(const ReviewScene& scene, const TimeSpan& span) {
+/// Of those of a kind that follow one another in a pixel column, the first one: more cannot be told apart.
+std::vector<SeenMark> seenMarks(const ReviewScene& scene, const TimeSpan& span, int columns) {
   std::vector<SeenMark> seen;
+  const auto columnOf = [&](double time) { return std::floor((time - span.from) / span.length() * columns); };
   for (std::size_t record = 0; record < scene.records().size(); ++record) {
     const LookedAtRecord& each = scene.records()[record];
     for (const TableMark& mark : each.recordingTable().marks) {
       const double time = mark.time + each.offset;
       const double till = mark.kind == RecordNote::Kind::Gap ? mark.till + each.offset : time;
-      if (time > span.till || till < span.from || seen.size() == kMostFlags) continue;
-      seen.push_back({&mark, time, record});
+      if (time > span.till || till < span.from) continue;
+      const bool hidden = !seen.empty() && seen.back().record == record &&
+                          seen.back().mark->kind == mark.kind && columnOf(seen.back().time) == columnOf(till);
+      if (!hidden) seen.push_back({&mark, time, till, record});
     }
   }
   return seen;
@@ -119,14 +123,14 @@ void paintFlags(QPainter& painter, const ReviewScene& scene, const TimeSpan& spa
                 const ReviewLook& look, int texts) {
   FlagPainter flags(painter, span, area, look);
   painter.setFont(look.font);
-  const std::vector<SeenMark> marks = seenMarks(scene, span);
-  for (const auto& [mark, time, record] : marks) {
+  const std::vector<SeenMark> marks = seenMarks(scene, span, area.width());
+  for (const auto& [mark, time, till, record] : marks) {
     if (mark->kind == RecordNote::Kind::Gap)
-      flags.shade({time, time + mark->till - mark->time});
+      flags.shade({time, till});
     else
       flags.line(time, flagOf(*mark).colour, record);
   }
-  for (const auto& [mark, time, record] : marks)
+  for (const auto& [mark, time, till, record] : marks)
     if (mark->kind != RecordNote::Kind::Gap && static_cast<int>(record) < texts)
       flags.text(time, flagOf(*mark), record);
 }

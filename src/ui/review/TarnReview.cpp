@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QShortcut>
 #include <QToolButton>
@@ -21,6 +22,7 @@
 #include "ui/common/HelpPanel.h"
 #include "ui/common/HintedTreeView.h"
 #include "ui/common/Icons.h"
+#include "ui/common/MenuItems.h"
 #include "ui/common/NoticeBar.h"
 #include "ui/common/PopUpMenu.h"
 #include "ui/review/CurveDifference.h"
@@ -400,13 +402,13 @@ void TarnReview::dropEvent(QDropEvent* event) {
 }
 
 void TarnReview::offerDropped(const std::vector<std::string>& paths, const QPoint& place) {
-  auto* const instead = new QAction(tr("Look at this instead"), this);
-  auto* const over = new QAction(tr("Lay it over"), this);
-  connect(instead, &QAction::triggered, this, [this, paths] { open(paths); });
-  connect(over, &QAction::triggered, this, [this, paths] {
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  addDeed(*menu, tr("Look at this instead"), "lookInstead", [this, paths] { open(paths); });
+  addDeed(*menu, tr("Lay it over"), "layDroppedOver", [this, paths] {
     for (const std::string& path : paths) layOver(path);
   });
-  popUpMenu(*this, {instead, over}, place);
+  menu->popup(place);
 }
 
 }  // namespace tarnlog

@@ -40,7 +40,8 @@ QColor ReviewLook::ink(float part) const { return blend(base(), palette.color(QP
 
 char ReviewLook::decimalSeparator() const {
   const QString separator = locale.decimalPoint();
-  return separator.isEmpty() ? '.' : separator[0].toLatin1();
+  const char latin = separator.isEmpty() ? '\0' : separator[0].toLatin1();
+  return latin == '\0' ? '.' : latin;  // Arabic has one of its own
 }
 
 QColor curveColour(const ReviewCurve& curve, const QPalette& palette) {

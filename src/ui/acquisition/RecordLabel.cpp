@@ -6,15 +6,15 @@ namespace tarnlog {
 
 void RecordLabel::setPath(const QString& path) {
   path_ = path;
-  show(path, lookAt_ != nullptr);
+  present(path, lookAt_ != nullptr);
 }
 
 void RecordLabel::setNotice(const QString& text) {
   path_.clear();
-  show(text, false);
+  present(text, false);
 }
 
-void RecordLabel::show(const QString& text, bool isLink) {
+void RecordLabel::present(const QString& text, bool isLink) {
   setText(text);
   QFont font = this->font();
   font.setUnderline(isLink);

@@ -25,7 +25,7 @@ class RecordLabel : public ElidedLabel {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  void show(const QString& text, bool isLink);
+  void present(const QString& text, bool isLink);
 
   LookAt lookAt_;
   QString path_;

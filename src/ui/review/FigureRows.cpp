@@ -46,9 +46,13 @@ void FigureRows::measure(Row& row) {
   row.range = row.figures.count == 0 ? 0 : row.figures.highest - row.figures.lowest;
   if (const auto apart = difference(); apart && *apart != 0)
     row.slope = (row.atB.number - row.atA.number) / *apart;
-  if (!level_) return;
+}
+
+void FigureRows::measureAbove(Row& row) {
   const LookedAtRecord& record = scene_.records()[row.curve.place.record];
-  row.above = secondsAbove(record.recordingTable(), group, column, *level_, span);
+  row.above = secondsAbove(record.recordingTable(), columns_.groupOf(row.curve), columns_.of(row.curve),
+                           *level_, spanOf(row.curve));
+  row.aboveFound = true;
 }
 
 std::optional<double> FigureRows::difference() const {
@@ -73,10 +77,9 @@ bool FigureRows::step(std::int64_t rows) {
   if (searched_ >= rows_.size()) return false;
   Row& row = rows_[searched_];
   const TableColumn& column = columns_.of(row.curve);
-  if (!search_) {
-    if (isLabelled(column)) return ++searched_ < rows_.size();
-    search_.emplace(columns_.groupOf(row.curve), column, spanOf(row.curve));
-  }
+  if (isLabelled(column)) return ++searched_ < rows_.size();
+  if (level_ && !row.aboveFound) return measureAbove(row), true;
+  if (!search_) search_.emplace(columns_.groupOf(row.curve), column, spanOf(row.curve));
   if (!search_->step(rows)) return true;
   row.median = search_->median();
   row.medianFound = true;

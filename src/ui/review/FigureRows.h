@@ -12,8 +12,8 @@
 
 namespace tarnlog {
 
-/// What is measured on each curve between the cursors, or on what is seen where they are not set. The median
-/// is found in pieces.
+/// What is measured on each curve between the cursors, or on what is seen where they are not set. What may
+/// have to look at every row, medians and times above the level, is found in pieces.
 class FigureRows {
  public:
   static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
@@ -33,7 +33,8 @@ class FigureRows {
     double median = kNone;
     bool medianFound = false;
     double above = kNone;  ///< seconds above the level
-    double range = 0;      ///< of its numbers, which tells how many digits matter
+    bool aboveFound = false;
+    double range = 0;  ///< of its numbers, which tells how many digits matter
   };
 
   FigureRows(const ReviewScene& scene, CurveColumns& columns) : scene_(scene), columns_(columns) {}
@@ -41,11 +42,11 @@ class FigureRows {
   /// Counts from the next `refresh` on.
   void setLevel(std::optional<double> level) { level_ = level; }
   const std::optional<double>& level() const { return level_; }
-  /// After anything in the scene changed. Medians begin anew.
+  /// After anything in the scene changed. What is found in pieces begins anew.
   void refresh();
   /// Whether all data of its rows are still there.
   bool fits() const;
-  /// Goes on with the medians; false once all are found.
+  /// Goes on with a piece; false once all is found.
   bool step(std::int64_t rows);
 
   const std::vector<Row>& rows() const { return rows_; }
@@ -57,6 +58,7 @@ class FigureRows {
  private:
   void addCurves();
   void measure(Row& row);
+  void measureAbove(Row& row);
   Value valueAt(const ReviewCurve& curve, std::optional<double> time);
   TimeSpan spanOf(const ReviewCurve& curve) const;
 

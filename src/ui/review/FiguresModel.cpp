@@ -87,8 +87,10 @@ QString FiguresModel::text(int position, int column) const {
     case kDeviation:
       return number(row, row.figures.deviation);
     default:
-      return toQString(secondsText(row.above, locale_));
+      break;
   }
+  if (rows_.level() && !row.aboveFound && row.figures.count != 0) return QStringLiteral("...");
+  return toQString(secondsText(row.above, locale_));
 }
 
 QVariant FiguresModel::data(const QModelIndex& index, int role) const {

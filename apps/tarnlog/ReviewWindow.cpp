@@ -27,6 +27,7 @@ ReviewWindow::ReviewWindow(const ReviewEnvironment& environment, SettingsStore& 
   setWindowIcon(tarnIcon("tarnlog"));
   setWindowTitle(kProgram);
   setCentralWidget(review_);
+  review_->setFocus();
   createMenus(environment.guide, showRecorder);
   resize(1100, 760);
   skipOnFailure([this] {
@@ -41,8 +42,12 @@ ReviewWindow::ReviewWindow(const ReviewEnvironment& environment, SettingsStore& 
 
 void ReviewWindow::createMenus(const Guide& guide, const std::function<void()>& showRecorder) {
   QMenu& file = *menuBar()->addMenu(tr("&File"));
-  file.addAction(tr("&Open record..."), QKeySequence::Open, review_, &TarnReview::askOpen);
-  file.addAction(tr("&Lay another one over..."), review_, &TarnReview::askLayOver);
+  const auto keys = [](const QKeySequence& sequence) {  // the control's own: a second one would block both
+    return "\t" + sequence.toString(QKeySequence::NativeText);
+  };
+  file.addAction(tr("&Open record...") + keys(QKeySequence::Open), review_, &TarnReview::askOpen);
+  file.addAction(tr("&Lay another one over...") + keys(Qt::CTRL | Qt::Key_L), review_,
+                 &TarnReview::askLayOver);
   addRecentMenu(file, tr("&Recent records"), recent_,
                 [this](const QString& path) { review_->open(fromQString(path)); });
   file.addSeparator();

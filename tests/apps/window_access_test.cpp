@@ -305,6 +305,12 @@ TEST_F(WindowAccess, LooksAtRecordsInAWindowBesideItsOwn) {
   for (QAbstractButton* const button : find<NoticeBar>()->findChildren<QAbstractButton*>())
     if (button->text() == "Look at it") button->click();
   EXPECT_TRUE(titled("a.txt - "));
+  for (const bool inGraph : {false, true}) {
+    dialogs.filesToOpen = {toQString(folder / (inGraph ? "a.txt" : "b.txt"))};
+    if (inGraph) QTest::keyClick(review(), Qt::Key_F6);
+    QTest::keyClick(review(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_TRUE(titled(inGraph ? "a.txt - " : "b.txt - ")) << "one key, one dialog, wherever the focus is";
+  }
   for (auto* const recent : window->findChildren<QMenu*>())
     if (recent->title() == "Recent recor&ds") {
       emit recent->aboutToShow();

@@ -38,6 +38,7 @@
 #include "ui/review/ReviewGraphWidget.h"
 #include "ui/review/ReviewGraphs.h"
 #include "ui/review/ReviewHelp.h"
+#include "ui/review/ReviewKeys.h"
 #include "ui/review/ReviewPanes.h"
 #include "ui/review/ReviewPicture.h"
 #include "ui/review/ReviewSources.h"
@@ -381,7 +382,7 @@ void TarnReview::toggleHelp() { help_->toggle(ReviewHelp::page()); }
 void TarnReview::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1)
     toggleHelp();
-  else
+  else if (!hasFocus() || !handleReviewKey(*event, scene_))
     QWidget::keyPressEvent(event);
 }
 

@@ -33,6 +33,7 @@ struct ReviewEnvironment;
 /// any stretch, values and figures between two cursors, marks, search, other records laid over, and ways to
 /// hand on what is seen. A record that is still being written is followed. Nothing is written but what the
 /// user saves. One thread, the user interface's; files are read in threads of their own, which end with it.
+/// While it has the focus itself, keys act as on a graph.
 class TarnReview : public QWidget {
   Q_OBJECT
  public:

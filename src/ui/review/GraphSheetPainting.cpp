@@ -270,7 +270,8 @@ void GraphSheet::paintCursors(QPainter& painter) const {
     if (!time) continue;
     GraphCursorLine line;
     line.x = xOf(*time) - area_.left();
-    line.letterBelow = true;  // flags stand at the top
+    if (*time == scene_->span().till) line.x = area_.width() - 1;  // the last column, not the one behind it
+    line.letterBelow = true;                                       // flags stand at the top
     if (each == ReviewCursor::A) line.letter = QStringLiteral("A");
     if (each == ReviewCursor::B) line.letter = QStringLiteral("B");
     if (each == ReviewCursor::Readout) line.dots = dots(*time);

@@ -32,12 +32,12 @@ class FlagPainter {
       painter_.fillRect(QRectF(from, area_.top(), std::max(till - from, 1.0), area_.height()), shadeColour());
   }
   void line(double time, const QColor& colour, std::size_t record) {
-    const double at = std::floor(xOf(time));
+    const double at = columnOf(time);
     if (isInside(at)) painter_.fillRect(QRectF(at, area_.top(), 1, area_.height()), ground(colour, record));
   }
   /// Those of later records stand one line lower, so that they can be told apart.
   void text(double time, const ReviewFlag& flag, std::size_t record) {
-    const double at = std::floor(xOf(time));
+    const double at = columnOf(time);
     const int wide = metrics_.horizontalAdvance(flag.text) + 4;
     const double left = std::min(at, static_cast<double>(area_.right() + 1 - wide));
     const QRectF place(left, area_.top() + static_cast<int>(record) * metrics_.height(), wide,
@@ -54,6 +54,11 @@ class FlagPainter {
  private:
   double xOf(double time) const {
     return area_.left() + (time - span_.from) / span_.length() * area_.width();
+  }
+  /// What is seen ends in the last one.
+  double columnOf(double time) const {
+    const double x = std::floor(xOf(time));
+    return time <= span_.till ? std::min(x, static_cast<double>(area_.right())) : x;
   }
   bool isInside(double x) const { return x >= area_.left() && x <= area_.right(); }
   QColor ground(const QColor& colour, std::size_t record) const {

@@ -211,8 +211,8 @@ TEST(TarnReview, ChoosesWhatIsShown) {
   next.show();
   next.open(rig.folder / "1-2-26_10h00mn00.txt");
   auto& nextList = childOf<QAbstractItemView>(next, "reviewData");
-  EXPECT_TRUE(rig.runUntil([&] { return nextList.isVisible(); }));
-  EXPECT_EQ(nextList.width(), wide) << "as it was left";
+  EXPECT_TRUE(rig.runUntil([&] { return nextList.isVisible() && nextList.width() == wide; }))
+      << nextList.width();
 }
 
 TEST(TarnReview, LaysRecordsOverEachOther) {
@@ -307,7 +307,10 @@ TEST(TarnReview, SaysWhatIsWrongWithAFile) {
   rig.write("other.csv", "made by something else\nclock;speed\n0,5;10\n1,5;20\n2,5;40\n");
   const auto askAbout = [&](const char* name) {
     rig.review.open(rig.folder / name);
-    EXPECT_TRUE(rig.runUntil([&] { return rig.review.findChild<QPushButton*>("action") != nullptr; }));
+    EXPECT_TRUE(rig.runUntil([&] {
+      const auto* const offer = rig.review.findChild<QPushButton*>("action");
+      return offer != nullptr && offer->isVisible();
+    }));
     rig.click("action");
   };
   askAbout("other.csv");

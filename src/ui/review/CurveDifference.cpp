@@ -40,6 +40,7 @@ void showDifference(ReviewScene& scene) {
   graph.curves.push_back({pair->first, pair->second, kColour});
   scene.addGraph(std::move(graph));
   scene.choose(ReviewScene::Chosen{scene.graphs().size() - 1, 0});
+  scene.bringChosen();
 }
 
 }  // namespace tarnlog

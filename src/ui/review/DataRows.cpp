@@ -88,11 +88,16 @@ void DataRows::add(const CurvePlace& place) {
   for (std::size_t g = 0; g < scene_.graphs().size(); ++g) {
     const std::vector<ReviewCurve>& curves = scene_.graphs()[g].curves;
     for (std::size_t c = 0; c < curves.size(); ++c)
-      if (curves[c].place == place && !curves[c].minus) return scene_.choose(ReviewScene::Chosen{g, c});
+      if (curves[c].place == place && !curves[c].minus) return choose({g, c});
   }
   if (const auto graph = graphFor(place)) return addTo(*graph, place);
   scene_.addGraph(graphOf(scene_, {place}));
-  scene_.choose(ReviewScene::Chosen{scene_.graphs().size() - 1, 0});
+  choose({scene_.graphs().size() - 1, 0});
+}
+
+void DataRows::choose(const ReviewScene::Chosen& curve) {
+  scene_.choose(curve);
+  scene_.bringChosen();
 }
 
 void DataRows::addToChosen(const CurvePlace& place) {
@@ -106,7 +111,7 @@ void DataRows::addToChosen(const CurvePlace& place) {
 void DataRows::addTo(std::size_t graph, const CurvePlace& place) {
   scene_.addCurve(graph, place);
   const std::size_t curves = scene_.graphs()[graph].curves.size();
-  if (curves != 0) scene_.choose(ReviewScene::Chosen{graph, curves - 1});
+  if (curves != 0) choose({graph, curves - 1});
 }
 
 void DataRows::remove(const CurvePlace& place) {

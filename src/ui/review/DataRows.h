@@ -49,6 +49,7 @@ class DataRows {
   std::optional<std::size_t> graphFor(const CurvePlace& place) const;
   bool suits(const ReviewGraph& graph, const TableColumn& column) const;
   void addTo(std::size_t graph, const CurvePlace& place);
+  void choose(const ReviewScene::Chosen& curve);
   void addRecord(std::size_t position);
   void filter();
 

@@ -96,6 +96,7 @@ void FiguresTable::createTable() {
   connect(keys, &QShortcut::activated, this, &FiguresTable::copy);
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           [this](const QModelIndex& now) { chooseRow(now.row()); });
+  connect(table_, &QTreeView::clicked, this, [this](const QModelIndex& at) { chooseRow(at.row()); });
 }
 
 /// The curve of this row is the one that is searched.
@@ -105,16 +106,18 @@ void FiguresTable::chooseRow(int row) {
   for (std::size_t g = 0; g < scene_.graphs().size(); ++g) {
     const std::vector<ReviewCurve>& curves = scene_.graphs()[g].curves;
     for (std::size_t c = 0; c < curves.size(); ++c)
-      if (curves[c].place == wanted.place && curves[c].minus == wanted.minus)
-        return scene_.choose(ReviewScene::Chosen{g, c});
+      if (curves[c].place == wanted.place && curves[c].minus == wanted.minus) {
+        scene_.choose(ReviewScene::Chosen{g, c});
+        return scene_.bringChosen();
+      }
   }
 }
 
 /// A record that grows, or a drag, changes something all the time.
 void FiguresTable::follow(unsigned changes) {
   if (!rows_.fits()) return measure();
-  if ((changes & ~static_cast<unsigned>(kChosenChanged)) != 0 && !pending_.isActive())
-    pending_.start(kPatience, this);
+  constexpr unsigned kMeasuresNothing = kChosenChanged | kChosenWanted;
+  if ((changes & ~kMeasuresNothing) != 0 && !pending_.isActive()) pending_.start(kPatience, this);
 }
 
 void FiguresTable::timerEvent(QTimerEvent* event) {

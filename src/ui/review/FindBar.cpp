@@ -124,7 +124,10 @@ bool FindBar::find(bool back) {
   }
   const double level = typedNumber(level_->text()).value_or(0);
   const CurveSearch::Answer answer = search_.find(what(), level, back);
-  if (answer.time) jumpTo(scene_, *answer.time);
+  if (answer.time) {
+    jumpTo(scene_, *answer.time);
+    scene_.bringChosen();
+  }
   answer_->setText(answer.time ? answerText(answer) : noneText(answer, level, back));
   return answer.time.has_value();
 }

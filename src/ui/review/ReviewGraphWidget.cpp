@@ -363,6 +363,7 @@ void ReviewGraphWidget::chooseNext(int by) {
   const int next = here ? (static_cast<int>(chosen->curve) + by + count) % count : by > 0 ? 0 : count - 1;
   if (shown().ownScales) scene_.setAxis(graph_, static_cast<std::size_t>(next));
   scene_.choose(ReviewScene::Chosen{graph_, static_cast<std::size_t>(next)});
+  scene_.bringChosen();
 }
 
 void ReviewGraphWidget::removeChosen() {

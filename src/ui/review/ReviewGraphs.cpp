@@ -1,5 +1,6 @@
 #include "ui/review/ReviewGraphs.h"
 
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QPointer>
@@ -49,6 +50,16 @@ void ReviewGraphs::react(unsigned changes) {
   for (ReviewGraphWidget* const graph : graphs_) graph->react(changes);
   if ((changes & (kSpanChanged | kCursorsChanged | kRecordsChanged)) != 0) axis_->update();
   if ((changes & kGraphsChanged) != 0) placeAxis();
+  if ((changes & kChosenWanted) != 0) showChosen();
+}
+
+/// A graph that has just come has its place once the layout is asked.
+void ReviewGraphs::showChosen() {
+  const auto& chosen = scene_.chosen();
+  if (!chosen || chosen->graph >= graphs_.size()) return;
+  QCoreApplication::sendPostedEvents(column_, QEvent::LayoutRequest);
+  QCoreApplication::sendPostedEvents(scroll_->viewport(), QEvent::LayoutRequest);
+  scroll_->ensureWidgetVisible(graphs_[chosen->graph], 0, 0);
 }
 
 /// As many widgets as there are graphs. Those that stay keep their heights.

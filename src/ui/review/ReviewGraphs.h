@@ -37,6 +37,7 @@ class ReviewGraphs : public QWidget {
   void react(unsigned changes);
   void arrange();
   void placeAxis();
+  void showChosen();
 
   ReviewScene& scene_;
   std::shared_ptr<SeenRecords> seen_ = std::make_shared<SeenRecords>();

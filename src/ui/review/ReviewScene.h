@@ -68,7 +68,8 @@ enum ReviewChange : unsigned {
   kGraphsChanged = 2,   ///< graphs, curves, scales
   kSpanChanged = 4,
   kCursorsChanged = 8,
-  kChosenChanged = 16
+  kChosenChanged = 16,
+  kChosenWanted = 32  ///< in sight: nothing is another one
 };
 
 class ReviewScene {
@@ -140,6 +141,8 @@ class ReviewScene {
   };
   const std::optional<Chosen>& chosen() const { return chosen_; }
   void choose(std::optional<Chosen> curve);
+  /// Its graph comes into sight, where graphs scroll.
+  void bringChosen() { tell(kChosenWanted); }
 
   bool has(const CurvePlace& place) const;
   /// Of data that there are, as the next.

@@ -27,6 +27,7 @@
 #include "tests/support/WidgetText.h"
 #include "ui/common/NoticeBar.h"
 #include "ui/review/ReviewEnvironment.h"
+#include "ui/review/ReviewGraphWidget.h"
 
 namespace tarnlog::test {
 namespace {
@@ -219,8 +220,17 @@ TEST(TarnReview, LaysRecordsOverEachOther) {
   ReviewRig rig;
   rig.write("event1_1-2-26_10h00mn00.txt", "time\tevent\t\"Speed(km/h)\"\r\n29,9\t\"event\"\t90\r\n");
   ASSERT_TRUE(rig.open({"1-2-26_10h00mn00.txt", "2-2-26_10h00mn00.txt"}));
+  rig.review.resize(1100, 400);
+  const auto inSight = [&](qsizetype graph) {
+    const QWidget& widget = *rig.review.findChildren<ReviewGraphWidget*>()[graph];
+    return widget.visibleRegion().boundingRect().height() > widget.height() / 2;
+  };
   rig.chooseCurve("Speed [");
+  EXPECT_FALSE(inSight(2)) << "the graphs scroll";
   childOf<QAction>(rig.review, "reviewDifference").trigger();
+  EXPECT_TRUE(inSight(3)) << "what was asked for";
+  rig.chooseCurve("Speed (2)");
+  EXPECT_TRUE(inSight(0));
   EXPECT_THAT(rig.figures("Speed − Speed (2)"), HasSubstr("|-15|45 s|15|5 s|"));
 
   auto& aligned = childOf<QComboBox>(rig.review, "reviewAligned");

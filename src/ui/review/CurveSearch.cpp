@@ -28,25 +28,30 @@ CurveSearch::Answer CurveSearch::find(What what, double level, bool back) const 
   const TableGroup& group = columns_.groupOf(*chosen);
   const TableColumn& column = columns_.of(*chosen);
   Answer answer;
-  if (const auto found = row(*chosen, what, level, back)) {
-    answer.time = group.times[*found] + scene_.offset(chosen->place);
+  const auto timeOf = [&](std::int64_t at) { return group.times[at] + scene_.offset(chosen->place); };
+  const Aim aim{what, level, start(back)};
+  if (const auto found = row(*chosen, aim, back, false)) {
+    answer.time = timeOf(*found);
     answer.number = column.numbers[*found];
   } else if (group.rows() != 0) {
+    if (const auto passed = row(*chosen, aim, !back, true)) answer.other = timeOf(*passed);
     answer.figures = figuresOf(group, column, {group.times[0], group.times[group.rows() - 1]});
   }
   return answer;
 }
 
 /// A row that is as old as the readout is the one that was found before.
-std::optional<std::int64_t> CurveSearch::row(const ReviewCurve& chosen, What what, double level,
-                                             bool back) const {
+std::optional<std::int64_t> CurveSearch::row(const ReviewCurve& chosen, const Aim& aim, bool back,
+                                             bool at) const {
   const TableGroup& group = columns_.groupOf(chosen);
   const TableColumn& column = columns_.of(chosen);
   const double offset = scene_.offset(chosen.place);
-  const std::int64_t before = scene_.rowFrom(chosen.place, start(back));
-  const std::int64_t after = scene_.rowUpTo(chosen.place, start(back)).value_or(-1);
-  const LevelCrossing crossing{what == What::Rising ? 1 : -1, level};
-  switch (what) {
+  const std::int64_t first = scene_.rowFrom(chosen.place, aim.from);
+  const std::int64_t last = scene_.rowUpTo(chosen.place, aim.from).value_or(-1);
+  const std::int64_t before = at ? last + 1 : first;
+  const std::int64_t after = at ? first - 1 : last;
+  const LevelCrossing crossing{aim.what == What::Rising ? 1 : -1, aim.level};
+  switch (aim.what) {
     case What::Rising:
     case What::Falling:
       return back ? previousCrossing(column, crossing, before) : nextCrossing(column, crossing, after);

@@ -14,9 +14,10 @@ class CurveSearch {
   enum class What : std::uint8_t { Rising, Falling, Change, LargestStep };
 
   struct Answer {
-    std::optional<double> time;  ///< of the scene; none: there is no such moment
-    double number = 0;           ///< of that row, NaN for a text
-    RecordFigures figures;       ///< of the whole curve, which tell why there is none
+    std::optional<double> time;   ///< of the scene; none: there is no such moment
+    double number = 0;            ///< of that row, NaN for a text
+    std::optional<double> other;  ///< where there is none: the nearest in the other direction
+    RecordFigures figures;        ///< of the whole curve, which tell why there is none
   };
 
   CurveSearch(const ReviewScene& scene, CurveColumns& columns) : scene_(scene), columns_(columns) {}
@@ -29,8 +30,15 @@ class CurveSearch {
   double start(bool back) const;
 
  private:
+  struct Aim {
+    What what;
+    double level;
+    double from;  ///< where it begins, in the scene's time
+  };
+
   const ReviewCurve* curve() const;
-  std::optional<std::int64_t> row(const ReviewCurve& curve, What what, double level, bool back) const;
+  /// `at`: and a row that is as old as that.
+  std::optional<std::int64_t> row(const ReviewCurve& curve, const Aim& aim, bool back, bool at) const;
 
   const ReviewScene& scene_;
   CurveColumns& columns_;

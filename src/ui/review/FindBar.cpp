@@ -144,29 +144,37 @@ QString FindBar::answerText(const CurveSearch::Answer& answer) const {
   return tr("At %1: %2 %3").arg(time, numberText(answer.number, answer.figures), unit).trimmed();
 }
 
+/// And where it is instead, or why it is nowhere.
 QString FindBar::noneText(const CurveSearch::Answer& answer, double level, bool back) const {
+  const QString missed = missedText(level, back);
+  if (answer.other) {
+    const QString time = toQString(secondsText(*answer.other, locale_));
+    return missed + " " + (back ? tr("The first time is at %1.") : tr("The last time was at %1.")).arg(time);
+  }
+  const bool crosses = what() == CurveSearch::What::Rising || what() == CurveSearch::What::Falling;
+  if (!crosses || answer.figures.count == 0) return missed;
+  return missed + " " +
+         tr("All of it lies between %1 and %2.")
+             .arg(numberText(answer.figures.lowest, answer.figures),
+                  numberText(answer.figures.highest, answer.figures));
+}
+
+QString FindBar::missedText(double level, bool back) const {
   const QString time = toQString(secondsText(search_.start(back), locale_));
   const QString aim = toQString(figureText(level, 0, locale_));
-  QString text;
   switch (what()) {
     case CurveSearch::What::LargestStep:
       return tr("There are not two values here to step between.");
     case CurveSearch::What::Change:
-      return back ? tr("It does not change before %1.").arg(time)
-                  : tr("It does not change after %1.").arg(time);
+      return (back ? tr("It does not change before %1.") : tr("It does not change after %1.")).arg(time);
     case CurveSearch::What::Rising:
-      text = back ? tr("It does not rise to %1 before %2.") : tr("It does not rise to %1 after %2.");
-      break;
+      return (back ? tr("It does not rise to %1 before %2.") : tr("It does not rise to %1 after %2."))
+          .arg(aim, time);
     case CurveSearch::What::Falling:
-      text = back ? tr("It does not fall to %1 before %2.") : tr("It does not fall to %1 after %2.");
       break;
   }
-  text = text.arg(aim, time);
-  if (answer.figures.count == 0) return text;
-  return text + " " +
-         tr("All of it lies between %1 and %2.")
-             .arg(numberText(answer.figures.lowest, answer.figures),
-                  numberText(answer.figures.highest, answer.figures));
+  return (back ? tr("It does not fall to %1 before %2.") : tr("It does not fall to %1 after %2."))
+      .arg(aim, time);
 }
 
 }  // namespace tarnlog

@@ -33,6 +33,7 @@ class FindBar : public QWidget {
   void showInputs();
   QString answerText(const CurveSearch::Answer& answer) const;
   QString noneText(const CurveSearch::Answer& answer, double level, bool back) const;
+  QString missedText(double level, bool back) const;
   QString numberText(double number, const RecordFigures& figures) const;
 
   ReviewScene& scene_;

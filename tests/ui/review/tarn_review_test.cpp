@@ -154,7 +154,11 @@ TEST(TarnReview, AnswersWhatARecordIsAskedFor) {
   EXPECT_EQ(rig.answer(), "At 34 s: 102 km/h");
   EXPECT_EQ(rig.review.scene().cursor(ReviewCursor::Readout), 34);
   rig.click("findNext");
-  EXPECT_EQ(rig.answer(), "It does not rise to 100 after 34 s. All of it lies between 0 and 120.");
+  EXPECT_EQ(rig.answer(), "It does not rise to 100 after 34 s. The last time was at 34 s.");
+  rig.type("findLevel", "130");
+  rig.click("findBack");
+  EXPECT_EQ(rig.answer(), "It does not rise to 130 before 34 s. All of it lies between 0 and 120.");
+  rig.type("findLevel", "100");
   childOf<QComboBox>(rig.review, "findWhat").setCurrentIndex(1);
   QTest::keyClick(&rig.review, Qt::Key_F3);
   EXPECT_EQ(rig.answer(), "At 47 s: 99 km/h");
@@ -164,7 +168,7 @@ TEST(TarnReview, AnswersWhatARecordIsAskedFor) {
   EXPECT_EQ(rig.answer(), "At 1 s");
   rig.showPane(0);
   QTest::keyClick(&rig.review, Qt::Key_F3, Qt::ShiftModifier);
-  EXPECT_EQ(rig.answer(), "It does not change before 1 s.");
+  EXPECT_EQ(rig.answer(), "It does not change before 1 s. The first time is at 1 s.");
   EXPECT_TRUE(childOf<QLabel>(rig.review, "findAnswer").isVisible()) << "why F3 did nothing";
 
   rig.showPane(1);

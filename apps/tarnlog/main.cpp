@@ -34,7 +34,8 @@ void addPicture(CLI::App& app, CLI::Option& records, PictureOptions& picture) {
       ->type_name("[ECU/[REQUEST/]]DATA");
   add("--from", picture.from, "In the picture: only from this time on (seconds, as in the record)", "S");
   add("--till", picture.till, "In the picture: only up to this time", "S");
-  add("--size", picture.size, "Of the picture, in pixels (default: 1200x800)", "WxH");
+  add("--size", picture.size, "Of the picture, in pixels (default: 1200x800); many graphs make it higher",
+      "WxH");
 }
 
 /// The exit code, when the command line itself is what ends the program.

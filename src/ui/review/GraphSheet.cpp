@@ -13,6 +13,7 @@ namespace tarnlog {
 namespace {
 
 constexpr int kLaneGap = 3;
+constexpr int kAnyHeight = 100'000;
 constexpr int kLinesOfPlot = 4;  ///< that a legend leaves below it
 constexpr double kNear = 20;     ///< pixels
 
@@ -28,6 +29,18 @@ AxisRange rangeOf(double lowest, double highest) {
 }
 
 }  // namespace
+
+int GraphSheet::leastHeight(const ReviewScene& scene, std::size_t graph, int width, const ReviewLook& look,
+                            bool clickable, int lines) {
+  const ReviewGraph& shown = scene.graphs()[graph];
+  const int line = QFontMetrics(look.font).height();
+  GraphLegend legend;
+  legend.layOut(scene, graph, {width, kAnyHeight}, look, clickable);
+  if (shown.kind == GraphKind::States)
+    return legend.height() + static_cast<int>(shown.curves.size()) * (2 * line + kLaneGap + 4) + 4;
+  const int below = shown.kind == GraphKind::XY ? 3 * line : 0;
+  return std::max(legend.height(), line) + lines * line + below;
+}
 
 void GraphSheet::layOut(const ReviewScene& scene, std::size_t graph, const QSize& size,
                         const ReviewLook& look, bool clickable) {

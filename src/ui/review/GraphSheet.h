@@ -21,6 +21,10 @@ namespace tarnlog {
 /// states, flags and cursors. Curves become pixels for a window and lines for a picture file.
 class GraphSheet {
  public:
+  /// Pixels that the graph needs so that all its names and so many lines of its curves can be read.
+  static int leastHeight(const ReviewScene& scene, std::size_t graph, int width, const ReviewLook& look,
+                         bool clickable, int lines);
+
   /// What is asked for later is about this graph. `clickable`: with what the mouse needs.
   void layOut(const ReviewScene& scene, std::size_t graph, const QSize& size, const ReviewLook& look,
               bool clickable);

@@ -22,10 +22,11 @@
 namespace tarnlog {
 namespace {
 
-constexpr int kAnyHeight = 100'000;
-constexpr int kStill = 4;     ///< pixels
-constexpr int kEdge = 10;     ///< pixels at the top and the bottom that stand for "between graphs"
-constexpr double kSnap = 12;  ///< pixels
+constexpr int kLeastWidth = 120;
+constexpr int kLeastLines = 5;  ///< of text, that curves are high
+constexpr int kStill = 4;       ///< pixels
+constexpr int kEdge = 10;       ///< pixels at the top and the bottom that stand for "between graphs"
+constexpr double kSnap = 12;    ///< pixels
 
 }  // namespace
 
@@ -95,15 +96,10 @@ QSize ReviewGraphWidget::sizeHint() const {
 }
 
 QSize ReviewGraphWidget::minimumSizeHint() const {
-  const int line = fontMetrics().height();
-  const bool bars = exists() && shown().kind == GraphKind::States;
-  if (bars) return {120, static_cast<int>(shown().curves.size()) * (2 * line + 7) + 4};
-  // Every curve has its name above it, in as many lines as that takes.
-  GraphLegend legend;
-  if (exists())
-    legend.layOut(scene_, graph_, {std::max(width(), 120), kAnyHeight}, ReviewLook::of(*this), true);
-  const int around = exists() && shown().kind == GraphKind::XY ? 3 * line : 0;
-  return {120, std::max(legend.height(), line) + 5 * line + around};
+  const int least = exists() ? GraphSheet::leastHeight(scene_, graph_, std::max(width(), kLeastWidth),
+                                                       ReviewLook::of(*this), true, kLeastLines)
+                             : kLeastLines * fontMetrics().height();
+  return {kLeastWidth, least};
 }
 
 QRect ReviewGraphWidget::plotArea() {

@@ -10,6 +10,8 @@
 #include <QSaveFile>
 #include <QSvgGenerator>
 #include <algorithm>
+#include <cstdint>
+#include <numeric>
 #include <vector>
 
 #include "platform/base/TarnError.h"
@@ -21,8 +23,10 @@ namespace tarnlog {
 namespace {
 
 constexpr int kMargin = 12;
-constexpr int kGap = 6;  ///< between graphs
+constexpr int kGap = 6;    ///< between graphs
+constexpr int kLines = 7;  ///< of text, that curves are high at least
 constexpr QSize kLeast(200, 120);
+constexpr int kMostHeight = 20'000;
 
 QString words(const char* text) { return QCoreApplication::translate("ReviewPicture", text); }
 
@@ -55,23 +59,39 @@ QString titleOf(const ReviewScene& scene) {
   return names.join(QStringLiteral(", ")) + (date.isEmpty() ? QString() : QStringLiteral(", ") + date);
 }
 
-/// Heights of the graphs: bars of states have what they need, the others share the rest.
-std::vector<int> heights(const ReviewScene& scene, int room, int line) {
-  std::vector<int> result;
-  int fixed = 0;
-  int shared = 0;
-  for (const ReviewGraph& graph : scene.graphs()) {
-    const bool bars = graph.kind == GraphKind::States;
-    result.push_back(bars ? static_cast<int>(graph.curves.size()) * (2 * line + 7) + 4 : 0);
-    fixed += result.back();
-    shared += bars ? 0 : 1;
+int totalOf(const std::vector<int>& heights) { return std::accumulate(heights.begin(), heights.end(), 0); }
+
+/// What each graph needs.
+std::vector<int> leastHeights(const ReviewScene& scene, int width, const ReviewLook& look) {
+  std::vector<int> heights;
+  for (std::size_t graph = 0; graph < scene.graphs().size(); ++graph)
+    heights.push_back(GraphSheet::leastHeight(scene, graph, width, look, false, kLines));
+  return heights;
+}
+
+/// Title, time axis and gaps.
+int heightAround(const ReviewScene& scene, const ReviewLook& look) {
+  return 2 * kMargin + 3 * QFontMetrics(look.font).height() + static_cast<int>(scene.graphs().size()) * kGap;
+}
+
+int heightNeeded(const ReviewScene& scene, int width) {
+  const ReviewLook look = lookOfPictures();
+  return heightAround(scene, look) + totalOf(leastHeights(scene, width - 2 * kMargin, look));
+}
+
+/// Bars of states have what they need, the others share the rest.
+std::vector<int> heights(const ReviewScene& scene, const QSize& room, const ReviewLook& look) {
+  std::vector<int> result = leastHeights(scene, room.width(), look);
+  const int needed = totalOf(result);
+  if (needed > room.height()) {  // a picture cannot be as high as that
+    for (int& each : result) each = static_cast<int>(std::int64_t{each} * room.height() / needed);
+    return result;
   }
-  if (shared > 0 && fixed > room / 2) {
-    for (int& each : result) each = each * (room / 2) / fixed;
-    fixed = room / 2;
-  }
-  for (int& each : result)
-    if (each == 0) each = (room - fixed) / shared;
+  const auto& graphs = scene.graphs();
+  const auto bars = std::ranges::count(graphs, GraphKind::States, &ReviewGraph::kind);
+  const auto sharing = std::max(static_cast<int>(graphs.size()) - static_cast<int>(bars), 1);
+  for (std::size_t graph = 0; graph < result.size(); ++graph)
+    if (graphs[graph].kind != GraphKind::States) result[graph] += (room.height() - needed) / sharing;
   return result;
 }
 
@@ -103,13 +123,12 @@ void paintPicture(QPainter& painter, const ReviewScene& scene, const QSize& size
   painter.setPen(look.palette.color(QPalette::WindowText));
   painter.drawText(QRect(all.left(), all.top(), all.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                    QFontMetrics(bold).elidedText(titleOf(scene), Qt::ElideMiddle, all.width()));
-  const int count = static_cast<int>(scene.graphs().size());
   const int top = all.top() + line + kGap;
-  const int room = all.bottom() + 1 - top - 2 * line - (count - 1) * kGap;
+  const QSize room(all.width(), size.height() - heightAround(scene, look));
   SeenRecords seen;
   QRect place(all.left(), top, all.width(), 0);
   QRect area = all;
-  for (std::size_t graph = 0; const int height : heights(scene, room, line)) {
+  for (std::size_t graph = 0; const int height : heights(scene, room, look)) {
     place.setHeight(height);
     area = paintGraph(painter, scene, graph, place, look, seen);
     place.moveTop(place.bottom() + 1 + kGap);
@@ -154,6 +173,8 @@ void writePicture(const ReviewScene& scene, const QString& path, QSize size) {
   const bool svg = path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
   if (!svg && !path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
     fail(path, words("its name must end with .svg or .png"));
+  size.setHeight(
+      std::clamp(heightNeeded(scene, size.width()), size.height(), std::max(size.height(), kMostHeight)));
   const QByteArray bytes = svg ? svgOf(scene, size) : pngOf(scene, size);
   QSaveFile file(path);
   const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();

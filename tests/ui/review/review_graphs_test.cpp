@@ -218,17 +218,19 @@ TEST_F(ReviewGraphsTest, PictureFilesShowWhatIsSeen) {
   scene.setOwnScales(0, true);
   const TempFolder folder;
   const auto path = [&](const char* name) { return QString::fromStdString(folder / name); };
-  writePicture(scene, path("seen.svg"), {800, 600});
+  writePicture(scene, path("seen.svg"), {800, 200});
   QFile file(path("seen.svg"));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   const std::string svg = file.readAll().toStdString();
-  for (const char* const part : {"drive.txt, (2) other.txt, ", ">Speed<", ">Coolant (2)<", "Neutral",
-                                 "polyline", "Event 1", "Warm-up", "Speed − Speed (2)", "1 min"})
+  for (const char* const part :
+       {"drive.txt, (2) other.txt, ", ">Speed<", ">Wheel speed (2)<", ">Coolant (2)<", "Neutral", "polyline",
+        "Event 1", "Warm-up", "Speed − Speed (2)", "1 min"})
     EXPECT_THAT(svg, ::testing::HasSubstr(part));
   EXPECT_LT(svg.size(), 200'000U);
-  writePicture(scene, path("seen.PNG"), {800, 600});
+  writePicture(scene, path("seen.PNG"), {800, 200});
   const QImage image(path("seen.PNG"));
-  EXPECT_EQ(image.size(), QSize(800, 600));
+  EXPECT_EQ(image.width(), 800);
+  EXPECT_GT(image.height(), 500) << "five graphs that can be read";
   EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
   EXPECT_THAT(failureOf([&] {
                 writePicture(scene, path("none/seen.svg"), {800, 600});

@@ -91,6 +91,10 @@ void ReviewGraphMenu::addRemoval(std::optional<std::size_t> curve) {
             [this, curve = *curve] { scene_.removeCurve(graph_, curve); });
   }
   addDeed(*this, tr("Take away the &graph"), "removeGraph", [this] { scene_.removeGraph(graph_); });
+  if (scene_.graphs().size() > 1)
+    addDeed(*this, tr("O&nly this graph"), "onlyGraph", [this] { scene_.removeOtherGraphs(graph_); });
+  if (scene_.canResetGraphs())
+    addDeed(*this, tr("Graphs as at f&irst"), "resetGraphs", [this] { scene_.resetGraphs(); });
 }
 
 }  // namespace tarnlog

@@ -198,6 +198,18 @@ void ReviewScene::removeGraph(std::size_t graph) {
   graphsChanged();
 }
 
+void ReviewScene::removeOtherGraphs(std::size_t graph) {
+  chosen_ = Chosen{0, chosen_ && chosen_->graph == graph ? chosen_->curve : 0};
+  setGraphs({graphs_[graph]});
+}
+
+void ReviewScene::resetGraphs() {
+  graphs_ = graphsFor(records_.front(), 0);
+  if (laysOver_) layOverNow();
+  graphsChanged();
+  ownGraphs_ = false;
+}
+
 /// That of the namesake, so that curves laid over each other belong together; else one that the graph lacks.
 std::uint32_t ReviewScene::freeColour(const ReviewGraph& graph, const CurvePlace& place) const {
   for (const ReviewCurve& each : graph.curves)

@@ -96,6 +96,10 @@ class ReviewScene {
   /// At the end, or before `before`.
   void addGraph(ReviewGraph graph, std::optional<std::size_t> before = std::nullopt);
   void removeGraph(std::size_t graph);
+  void removeOtherGraphs(std::size_t graph);
+  /// The user or a host has made other graphs than those that suit the record.
+  bool canResetGraphs() const { return ownGraphs_ && !records_.empty(); }
+  void resetGraphs();
   /// Not twice; a free colour is chosen.
   void addCurve(std::size_t graph, const CurvePlace& place);
   void removeCurve(std::size_t graph, std::size_t curve);

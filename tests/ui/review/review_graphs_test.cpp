@@ -170,6 +170,12 @@ TEST_F(ReviewGraphsTest, MenuGivesScalesAndAnotherDatumToGraphsOver) {
   EXPECT_EQ(graphsText(scene), "Wheel speed | Coolant | states Brake Gear ");
   choose("removeGraph");
   EXPECT_EQ(graphsText(scene), "Coolant | states Brake Gear ");
+  choose("onlyGraph");
+  EXPECT_EQ(graphsText(scene), "Coolant ");
+  choose("resetGraphs");
+  EXPECT_EQ(graphsText(scene), "Speed Wheel speed | Coolant | states Brake Gear ");
+  EXPECT_FALSE(scene.canResetGraphs());
+  choose("removeGraph");
   choose("removeGraph");
   choose("asCurves");
   EXPECT_EQ(graphsText(scene), "Brake Gear ");

@@ -9,6 +9,7 @@
 #include "platform/base/TarnError.h"
 #include "records/RecordNames.h"
 #include "ui/common/Convert.h"
+#include "ui/common/MenuItems.h"
 #include "ui/common/NoticeBar.h"
 #include "ui/review/PartWriter.h"
 
@@ -30,8 +31,8 @@ QString withoutSuffix(const QString& path) {
 HandOn::HandOn(Desk desk, const ReviewEnvironment& environment, QObject* parent)
     : QObject(parent), desk_(std::move(desk)), environment_(environment) {
   add("savePicture", tr("Save &picture..."), QKeySequence::Save, &HandOn::savePicture);
-  add("saveCsv", tr("Save part as &CSV..."), Qt::CTRL | Qt::Key_E, &HandOn::saveCsv);
-  add("saveMf4", tr("Save part as &measurement file..."), Qt::CTRL | Qt::SHIFT | Qt::Key_E, &HandOn::saveMf4);
+  csv_ = add("saveCsv", {}, Qt::CTRL | Qt::Key_E, &HandOn::saveCsv);
+  mf4_ = add("saveMf4", {}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, &HandOn::saveMf4);
   onlyShown_ = new QAction(tr("Part: only the &data that are shown"), this);
   onlyShown_->setObjectName("onlyShown");
   onlyShown_->setCheckable(true);
@@ -56,6 +57,17 @@ QAction* HandOn::add(const char* name, const QString& text, const QKeySequence& 
 void HandOn::showActions() {
   const bool some = !desk_.scene.records().empty();
   for (QAction* const action : std::as_const(actions_)) action->setEnabled(some);
+  namePart();
+}
+
+/// Of several records, one is saved.
+void HandOn::namePart() {
+  const std::vector<LookedAtRecord>& records = desk_.scene.records();
+  const bool several = records.size() > 1;
+  const QString name = several ? itemText(toQString(records[record()].name)) : QString();
+  csv_->setText(several ? tr("Save part of %1 as &CSV...").arg(name) : tr("Save part as &CSV..."));
+  mf4_->setText(several ? tr("Save part of %1 as &measurement file...").arg(name)
+                        : tr("Save part as &measurement file..."));
 }
 
 /// That of the chosen curve.
@@ -136,8 +148,11 @@ void HandOn::timerEvent(QTimerEvent* event) {
 }
 
 void HandOn::tellWritten() {
+  QString text = tr("Written: %1").arg(toQString(writer_->part().output));
+  if (desk_.scene.records().size() > 1)
+    text = tr("%1, the part of %2").arg(text, QFileInfo(toQString(writer_->part().input)).fileName());
   if (writer_->written())
-    desk_.notices.showNews(kSubject, tr("Written: %1").arg(toQString(writer_->part().output)));
+    desk_.notices.showNews(kSubject, text);
   else if (writer_->failure().empty())
     desk_.notices.removeNotice(kSubject);
   else

@@ -39,7 +39,7 @@ class HandOn : public QObject {
 
   /// Of a menu; their keys act where they are added.
   const QList<QAction*>& actions() const { return actions_; }
-  /// After records came or went.
+  /// After records came or went, or another curve was chosen.
   void showActions();
 
  protected:
@@ -55,12 +55,15 @@ class HandOn : public QObject {
   std::optional<QString> askFor(PartChoice::Format format, const QString& proposed);
   PartChoice partOf(std::size_t record) const;
   std::size_t record() const;
+  void namePart();
   void tellWritten();
   void failed(const QString& what);
 
   Desk desk_;
   const ReviewEnvironment& environment_;
   QList<QAction*> actions_;
+  QAction* csv_ = nullptr;
+  QAction* mf4_ = nullptr;
   QAction* onlyShown_ = nullptr;
   std::unique_ptr<PartWriter> writer_;
   QBasicTimer poll_;

@@ -292,6 +292,10 @@ TEST(TarnReview, HandsOnThePartBetweenTheCursors) {
   EXPECT_THAT(save("savePicture", rig.folder / "seen.png"), HasSubstr("Written"));
   EXPECT_FALSE(rig.review.notices().warns("handOn")) << "good news";
   EXPECT_THAT(rig.read("seen.png"), HasSubstr("PNG"));
+  ASSERT_TRUE(rig.open({"1-2-26_10h00mn00.txt", "2-2-26_10h00mn00.txt"}));
+  rig.chooseCurve("Speed (2)");
+  EXPECT_EQ(childOf<QAction>(rig.review, "saveCsv").text(), "Save part of 2-2-26_10h00mn00.txt as &CSV...");
+  EXPECT_THAT(save("saveCsv", rig.folder / "second.csv"), HasSubstr("second.csv, the part of 2-2-26_10h"));
 }
 
 TEST(TarnReview, SaysWhatIsWrongWithAFile) {

@@ -388,7 +388,7 @@ ReviewGraphWidget::Target ReviewGraphWidget::targetAt(const QPoint& at) const {
   return at.y() >= height() - kEdge ? Target::Below : Target::Graph;
 }
 
-void ReviewGraphWidget::setTarget(Target target) {
+void ReviewGraphWidget::showTarget(Target target) {
   if (std::exchange(target_, target) != target) update();
 }
 
@@ -397,14 +397,14 @@ void ReviewGraphWidget::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void ReviewGraphWidget::dragMoveEvent(QDragMoveEvent* event) {
-  setTarget(targetAt(event->position().toPoint()));
+  showTarget(targetAt(event->position().toPoint()));
   event->acceptProposedAction();
 }
 
-void ReviewGraphWidget::dragLeaveEvent(QDragLeaveEvent* /*event*/) { setTarget(Target::None); }
+void ReviewGraphWidget::dragLeaveEvent(QDragLeaveEvent* /*event*/) { showTarget(Target::None); }
 
 void ReviewGraphWidget::dropEvent(QDropEvent* event) {
-  setTarget(Target::None);
+  showTarget(Target::None);
   const std::vector<CurvePlace> places = draggedCurves(*event->mimeData(), scene_);
   if (places.empty() || !exists()) return;
   event->acceptProposedAction();

@@ -28,6 +28,9 @@ class ReviewGraphWidget : public QWidget {
   void react(unsigned changes);
   /// Where the curves are.
   QRect plotArea();
+  /// Where what is dragged would go.
+  enum class Target { None, Graph, Above, Below };
+  void showTarget(Target target);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -52,8 +55,6 @@ class ReviewGraphWidget : public QWidget {
 
  private:
   enum class Gesture { None, Press, Pan, Select, Cursor, Align };
-  enum class Target { None, Graph, Above, Below };
-
   const ReviewGraph& shown() const { return scene_.graphs()[graph_]; }
   bool exists() const { return graph_ < scene_.graphs().size(); }
   void prepare();
@@ -74,7 +75,6 @@ class ReviewGraphWidget : public QWidget {
   void chooseNext(int by);
   void removeChosen();
   Target targetAt(const QPoint& at) const;
-  void setTarget(Target target);
 
   ReviewScene& scene_;
   std::size_t graph_;

@@ -104,12 +104,36 @@ void ReviewGraphs::dragEnterEvent(QDragEnterEvent* event) {
   if (event->mimeData()->hasFormat(QLatin1String(kDraggedCurves))) event->acceptProposedAction();
 }
 
-/// Beside all graphs.
+void ReviewGraphs::dragMoveEvent(QDragMoveEvent* event) {
+  showTarget(graphBelow(event->position().toPoint()));
+  event->acceptProposedAction();
+}
+
+void ReviewGraphs::dragLeaveEvent(QDragLeaveEvent* /*event*/) { showTarget(std::nullopt); }
+
+/// The one that a place between graphs is before; their number behind the last one.
+std::size_t ReviewGraphs::graphBelow(const QPoint& at) const {
+  std::size_t graph = 0;
+  while (graph < graphs_.size() && graphs_[graph]->mapTo(this, graphs_[graph]->rect().center()).y() <= at.y())
+    ++graph;
+  return graph;
+}
+
+void ReviewGraphs::showTarget(std::optional<std::size_t> before) {
+  using Target = ReviewGraphWidget::Target;
+  for (std::size_t i = 0; i < graphs_.size(); ++i) {
+    const bool last = before == graphs_.size() && i + 1 == graphs_.size();
+    graphs_[i]->showTarget(before == i ? Target::Above : last ? Target::Below : Target::None);
+  }
+}
+
+/// Beside all graphs, or on a line between two.
 void ReviewGraphs::dropEvent(QDropEvent* event) {
+  showTarget(std::nullopt);
   const auto places = draggedCurves(*event->mimeData(), scene_);
   if (places.empty()) return;
   event->acceptProposedAction();
-  scene_.addGraph(graphOf(scene_, places));
+  scene_.addGraph(graphOf(scene_, places), graphBelow(event->position().toPoint()));
 }
 
 void ReviewGraphs::keyPressEvent(QKeyEvent* event) {

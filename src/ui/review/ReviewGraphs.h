@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "ui/review/ReviewScene.h"
@@ -30,6 +31,8 @@ class ReviewGraphs : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -38,6 +41,8 @@ class ReviewGraphs : public QWidget {
   void arrange();
   void placeAxis();
   void showChosen();
+  std::size_t graphBelow(const QPoint& at) const;
+  void showTarget(std::optional<std::size_t> before);
 
   ReviewScene& scene_;
   std::shared_ptr<SeenRecords> seen_ = std::make_shared<SeenRecords>();

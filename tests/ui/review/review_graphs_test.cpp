@@ -131,17 +131,22 @@ TEST_F(ReviewGraphsTest, CurvesAreChosenTakenAwayAndDropped) {
   QTest::mouseDClick(&graph(1), Qt::LeftButton, {}, {30, 6});
   QCoreApplication::processEvents();
   EXPECT_EQ(graphsText(scene), "Speed Wheel speed | states Brake Gear ");
-  const auto drop = [&](int y, const std::vector<CurvePlace>& places) {
+  const auto drop = [&](int y, const std::vector<CurvePlace>& places, QWidget* over = nullptr) {
+    QWidget& on = over == nullptr ? static_cast<QWidget&>(graph()) : *over;
     const std::unique_ptr<QMimeData> data(curvePayload(places));
     QDragEnterEvent enter({200, y}, Qt::CopyAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(&graph(), &enter);
+    QApplication::sendEvent(&on, &enter);
     QDropEvent dropped(QPointF(200, y), Qt::CopyAction, data.get(), Qt::LeftButton, {});
-    QApplication::sendEvent(&graph(), &dropped);
+    QApplication::sendEvent(&on, &dropped);
   };
   drop(100, {{0, 0, 2}});
   drop(2, {{0, 0, 2}});
   drop(100, {{0, 0, 99}, {7, 0, 0}});
   EXPECT_EQ(graphsText(scene), "Coolant | Speed Wheel speed Coolant | states Brake Gear ");
+  QCoreApplication::processEvents();
+  drop(graph(1).mapTo(&graphs, QPoint()).y() - 2, {{0, 0, 2}}, &graphs);
+  EXPECT_EQ(graphsText(scene), "Coolant | Coolant | Speed Wheel speed Coolant | states Brake Gear ");
+  scene.removeGraph(1);
   EXPECT_EQ(graphs.graphs().size(), 3U);
   const QPoint name = graph(2).plotArea().topLeft() + QPoint(20, 4);
   QTest::mouseDClick(&graph(2), Qt::LeftButton, {}, name + QPoint(0, graph().fontMetrics().height() + 4));

@@ -295,11 +295,12 @@ void TarnReview::closeRecords() {
   for (const QString& subject : notices_->subjects()) notices_->removeNotice(subject);
 }
 
-static FileQuestion recordQuestion(const QString& title) {
+/// Other drives are mostly beside the one that is looked at.
+FileQuestion TarnReview::recordQuestion(const QString& title) const {
+  const auto& records = scene_.records();
   return {title,
-          {},
-          TarnReview::tr("Records (*.txt, *.xml, *.mf4)") + "|*.txt *.xml *.mf4|" +
-              TarnReview::tr("All files") + "|*.*",
+          records.empty() ? QString() : QFileInfo(toQString(records.front().table->path)).absolutePath(),
+          tr("Records (*.txt, *.xml, *.mf4)") + "|*.txt *.xml *.mf4|" + tr("All files") + "|*.*",
           {},
           "openRecordDialog"};
 }

@@ -27,6 +27,7 @@ class RecordsBar;
 class ReviewGraphs;
 class ReviewPanes;
 class ReviewSources;
+struct FileQuestion;
 struct ReviewEnvironment;
 
 /// Looks at records that were made, whole, for a place on a host's window: graphs over the whole of them or
@@ -95,6 +96,7 @@ class TarnReview : public QWidget {
   void follow(unsigned changes);
 
   void connectSources();
+  FileQuestion recordQuestion(const QString& title) const;
   void showProgress();
   bool hasRoomFor(const QString& path);
   void tellFailed(const QString& path, const QString& why, bool foreignTable);

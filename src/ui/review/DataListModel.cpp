@@ -31,7 +31,9 @@ int DataListModel::columnCount(const QModelIndex& parent) const { return parent.
 QString DataListModel::text(const DataRows::Row& row, int column) const {
   switch (column) {
     case kData:
-      return toQString(row.name);
+      return row.place.record == 0
+                 ? toQString(row.name)
+                 : QStringLiteral("%1 (%2)").arg(toQString(row.name)).arg(row.place.record + 1);
     case kUnit:
       return toQString(row.unit);
     case kWhere:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 #include "ui/review/GraphKinds.h"
 
@@ -23,8 +24,20 @@ void FigureRows::addCurves() {
         return row.curve.place == curve.place && row.curve.minus == curve.minus;
       };
       if (std::ranges::any_of(rows_, same)) continue;
-      rows_.emplace_back().curve = curve;
+      rows_.emplace(rows_.begin() + placeFor(curve))->curve = curve;
     }
+}
+
+/// Below the same of the first record, so that two drives can be compared; else at the end.
+std::ptrdiff_t FigureRows::placeFor(const ReviewCurve& curve) const {
+  const auto partner =
+      curve.place.record == 0 || curve.minus ? std::nullopt : scene_.namesake(curve.place, 0);
+  const auto isPartner = [&](const Row& row) { return row.curve.place == partner && !row.curve.minus; };
+  auto found = std::ranges::find_if(rows_, isPartner);
+  if (found == rows_.end()) return std::ssize(rows_);
+  do ++found;
+  while (found != rows_.end() && found->curve.place.record != 0);
+  return found - rows_.begin();
 }
 
 TimeSpan FigureRows::spanOf(const ReviewCurve& curve) const {

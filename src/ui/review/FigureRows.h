@@ -57,6 +57,7 @@ class FigureRows {
 
  private:
   void addCurves();
+  std::ptrdiff_t placeFor(const ReviewCurve& curve) const;
   void measure(Row& row);
   void measureAbove(Row& row);
   Value valueAt(const ReviewCurve& curve, std::optional<double> time);

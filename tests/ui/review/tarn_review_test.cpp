@@ -224,15 +224,18 @@ TEST(TarnReview, LaysRecordsOverEachOther) {
   ReviewRig rig;
   rig.write("event1_1-2-26_10h00mn00.txt", "time\tevent\t\"Speed(km/h)\"\r\n29,9\t\"event\"\t90\r\n");
   ASSERT_TRUE(rig.open({"1-2-26_10h00mn00.txt", "2-2-26_10h00mn00.txt"}));
-  rig.review.resize(1100, 400);
-  const auto inSight = [&](qsizetype graph) {
-    const QWidget& widget = *rig.review.findChildren<ReviewGraphWidget*>()[graph];
-    return widget.visibleRegion().boundingRect().height() > widget.height() / 2;
+  rig.review.resize(1100, 600);
+  const auto inSight = [&](std::size_t graph) {
+    const auto all = rig.review.findChildren<ReviewGraphWidget*>();
+    const auto found = std::ranges::find(all, graph, &ReviewGraphWidget::graph);
+    return found != all.end() && (*found)->visibleRegion().boundingRect().height() > (*found)->height() / 2;
   };
   rig.chooseCurve("Speed [");
-  EXPECT_FALSE(inSight(2)) << "the graphs scroll";
+  EXPECT_EQ(rig.cell("reviewFigures", 1, 0), "Speed (2) [km/h]") << "below its partner";
+  EXPECT_THAT(itemsText(rig.view("reviewData")), HasSubstr("Gear Speed (2) "));
   childOf<QAction>(rig.review, "reviewDifference").trigger();
   EXPECT_TRUE(inSight(3)) << "what was asked for";
+  EXPECT_FALSE(inSight(0)) << "the graphs scroll";
   rig.chooseCurve("Speed (2)");
   EXPECT_TRUE(inSight(0));
   EXPECT_THAT(rig.figures("Speed − Speed (2)"), HasSubstr("|-15|45 s|15|5 s|"));

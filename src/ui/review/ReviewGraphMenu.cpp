@@ -79,7 +79,7 @@ void ReviewGraphMenu::addCursors(double time) {
   addSeparator();
   addDeed(*this, tr("Cursor A &here"), "cursorA", [this, time] { scene_.setCursor(ReviewCursor::A, time); });
   addDeed(*this, tr("Cursor B he&re"), "cursorB", [this, time] { scene_.setCursor(ReviewCursor::B, time); });
-  addDeed(*this, tr("&Fit all\tF"), "fitAll", [this] { scene_.fit(); });
+  addDeed(*this, tr("Show a&ll\tF"), "fitAll", [this] { scene_.fit(); });
   if (scene_.canGoBack()) addDeed(*this, tr("&Back\tBackspace"), "back", [this] { scene_.back(); });
 }
 

@@ -7,9 +7,10 @@ HelpPage ReviewHelp::page() {
       tr("Keys while looking at a record"),
       {
           {tr("+ and -, wheel"), tr("On a graph: zoom around the readout, or at the pointer")},
+          {tr("Ctrl+wheel"), tr("On a graph: scroll the graphs")},
           {tr("Left and Right, drag"), tr("On a graph: move along the time; Home and End go to its ends")},
           {tr("F, Backspace"), tr("On a graph: show all; what was seen before")},
-          {tr("A, B, Escape"), tr("On a graph: set the cursors at the readout; take them away")},
+          {tr("A, B, Escape"), tr("On a graph: set the cursors at the readout; take it away, then them")},
           {tr("Ctrl with Left, Right"), tr("On a graph: read out row by row")},
           {tr("Up, Down, Delete"), tr("On a graph: choose a curve, take it away")},
           {tr("Ctrl+drag"), tr("On a graph: move a record that is laid over")},

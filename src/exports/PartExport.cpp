@@ -71,6 +71,7 @@ RecordHead headOf(const RecordReader& reader, std::size_t recording) {
 
 void writeCsv(const std::vector<RecordHead>& recordings, const ReadRecord& read, const ExportChoice& choice,
               ExportFile& output) {
+  output.write("\xEF\xBB\xBF");  // spreadsheets take UTF-8 for another encoding without it
   CsvExport csv(recordings, choice, [&](std::string_view bytes) { output.write(bytes); });
   read(csv);
   csv.finish();

@@ -277,9 +277,9 @@ TEST(TarnReview, HandsOnThePartBetweenTheCursors) {
     return rig.review.notices().notice("handOn").toStdString();
   };
   EXPECT_EQ(save("saveCsv", rig.folder / "part.csv"), "Written: " + rig.folder / "part.csv");
-  EXPECT_EQ(
-      rig.read("part.csv"),
-      "time [s],mark,Speed [km/h],Water [°C],Pedal,Gear\n30,event1,90,50.5,0,drive\n31,,93,51.5,0,drive\n");
+  EXPECT_EQ(rig.read("part.csv"),
+            "\xEF\xBB\xBFtime [s],mark,Speed [km/h],Water "
+            "[°C],Pedal,Gear\n30,event1,90,50.5,0,drive\n31,,93,51.5,0,drive\n");
   save("saveMf4", rig.folder / "part.mf4");
   EXPECT_EQ(readBack(rig.read("part.mf4"), {}, "part.mf4").lines(), 3);
   EXPECT_THAT(save("saveCsv", rig.folder / "1-2-26_10h00mn00.txt"), HasSubstr("this is the record itself"));

@@ -60,7 +60,16 @@ int TcpStream::connectTo(const addrinfo& address) {
   return error;
 }
 
+/// A device that writes a message in parts holds each back until the one before is acknowledged, which the
+/// system does with the next request, or 40 ms later. Told to do it at once, it soon forgets. So it is told
+/// whenever more is awaited; an answer that came whole is acknowledged by the next request, at no cost.
+void TcpStream::acknowledgeAtOnce() {
+  const int on = 1;
+  ::setsockopt(descriptor(), IPPROTO_TCP, TCP_QUICKACK, &on, sizeof on);
+}
+
 std::ptrdiff_t TcpStream::writeSome(std::span<const std::uint8_t> bytes) {
+  heard_ = false;
   // A connection that the other end closed is an error here, not a signal that ends the program.
   return ::send(descriptor(), bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
 }
@@ -73,8 +82,12 @@ std::ptrdiff_t TcpStream::readSome(std::span<std::uint8_t> into) {
 std::size_t TcpStream::read(std::span<std::uint8_t> into, Moment deadline) {
   while (descriptor() >= 0 && clock().now() + kMostReceiveTime < deadline) {
     idleIfDue(kMostReceiveTime);
+    if (std::exchange(heard_, false)) acknowledgeAtOnce();
     const ssize_t count = ::recv(descriptor(), into.data(), into.size(), 0);
-    if (count > 0) return static_cast<std::size_t>(count);
+    if (count > 0) {
+      heard_ = true;
+      return static_cast<std::size_t>(count);
+    }
     if (count == 0) failWith(ECONNRESET);
     if (errno != EAGAIN && errno != EINTR) failWith(errno);
   }
@@ -85,6 +98,7 @@ void TcpStream::waitInReads() {
   const timeval time{0, std::chrono::microseconds(kReceiveTime).count()};
   ::setsockopt(descriptor(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof time);
   ::fcntl(descriptor(), F_SETFL, ::fcntl(descriptor(), F_GETFL) & ~O_NONBLOCK);
+  acknowledgeAtOnce();
 }
 
 /// The system may look for a name for many seconds, so that is done on a thread of its own.

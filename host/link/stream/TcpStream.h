@@ -36,9 +36,11 @@ class TcpStream : public DescriptorStream {
   /// The system's error number, 0 when connected.
   int connectTo(const addrinfo& address);
   void waitInReads();
+  void acknowledgeAtOnce();
 
   std::string host_;
   std::uint16_t port_;
+  bool heard_ = false;  ///< bytes that no request has followed yet
 };
 
 }  // namespace tarnlog::host

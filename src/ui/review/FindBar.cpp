@@ -146,7 +146,7 @@ QString FindBar::answerText(const CurveSearch::Answer& answer) const {
 
 /// And where it is instead, or why it is nowhere.
 QString FindBar::noneText(const CurveSearch::Answer& answer, double level, bool back) const {
-  const QString missed = missedText(level, back);
+  QString missed = missedText(level, back);
   if (answer.other) {
     const QString time = toQString(secondsText(*answer.other, locale_));
     return missed + " " + (back ? tr("The first time is at %1.") : tr("The last time was at %1.")).arg(time);

@@ -85,7 +85,7 @@ std::unique_ptr<ByteStream> elm327Stream(const LinkUrl& url, LinkClock& clock) {
 }
 
 std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
-  url.allowOptions({"baud", "protocol", "bundle"});
+  url.allowOptions({"baud", "protocol", "fast", "bundle"});
   std::optional<char> protocol;
   if (const std::string* const text = url.option("protocol")) {
     const bool known =
@@ -93,9 +93,10 @@ std::unique_ptr<Link> elm327(const LinkUrl& url, LinkClock& clock) {
     if (!known) url.expected("protocol", "one digit from 0 (search) to 9, or A to C", *text);
     if (*text != "0") protocol = text->front();
   }
+  const bool mayBeFaster = url.numberOption("fast", 0, 1).value_or(1) == 1;
   auto stream = std::make_unique<TextTap>(elm327Stream(url, clock));
   TextTap& tap = *stream;
-  auto link = std::make_unique<Elm327Link>(std::move(stream), protocol, clock);
+  auto link = std::make_unique<Elm327Link>(std::move(stream), protocol, clock, mayBeFaster);
   tap.tellTo(*link);
   return std::make_unique<PatientLink>(std::move(link), clock, linkHabits(url).bundles);
 }

@@ -13,10 +13,10 @@ namespace tarnlog::host {
 
 /// Makes the link that a URL names, not open yet:
 ///
-///     elm327:///dev/ttyUSB0?baud=38400               an ELM327 adapter on a serial port
+///     elm327:///dev/ttyUSB0?baud=38400               an ELM327 adapter on a serial port; "?fast=0" leaves it
+///                                                    at this rate
 ///     elm327://192.168.0.10:35000                    the same over TCP; "?protocol=6" spares it the search
-///     for
-///                                                    the car's bus (the digit that ATSP takes)
+///                                                    for the car's bus (the digit that ATSP takes)
 ///     doip://192.168.1.10?ecu=0x1001&tester=0x0E00   a car on Ethernet; "doip://*" looks for one
 ///     isotp://can0?tx=7E0&rx=7E8                     a CAN interface of Linux; without tx and rx each ECU's
 ///                                                    address gives its identifiers

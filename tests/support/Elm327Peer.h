@@ -45,6 +45,9 @@ class Elm327Peer : public ElmForm {
   std::vector<std::string> heard;  ///< every line
   std::string newest;              ///< characters
   std::function<void(const std::string& line)> onLine;
+  int ownRate = 38400;  ///< of its serial line when it starts
+  int rate = ownRate;
+  int trial = 0;  ///< the rate that ATBRD asked for
 
   Ecu& addEcu(std::uint32_t source) {
     ecus.emplace_back().source = source;
@@ -98,7 +101,7 @@ class Elm327Peer : public ElmForm {
       return text;
     }
     const std::string text = line.starts_with("AT") ? command(line.substr(2)) : request(line);
-    return text + lineEnd + ">";
+    return trial != 0 ? text : text + lineEnd + ">";
   }
 
   std::string says(const std::string& text) const { return text + lineEnd; }
@@ -113,6 +116,7 @@ class Elm327Peer : public ElmForm {
     }
     if (text == "I") return says(name);
     if (text == "RV") return says("12.4V");
+    if (is("BRD")) trial = 4'000'000 / static_cast<int>(byteAt(text.substr(3), 0));
     if (text == "DPN") return says(std::string("A") + busNumber());
     if (text == "E0" || text == "E1") echo_ = text == "E1";
     if (text == "S0" || text == "S1") blanks_ = text == "S1";
@@ -126,7 +130,7 @@ class Elm327Peer : public ElmForm {
     if (is("CRA")) filter_ = text.substr(3);
     if (text == "AR") filter_.clear();
     for (const std::string_view known : {"Z",  "E",   "S",  "H",  "SP", "SH", "L",  "M",  "AT",  "ST", "CAF",
-                                         "CP", "CRA", "AR", "CF", "CM", "FC", "WM", "PC", "IIA", "D"})
+                                         "CP", "CRA", "AR", "CF", "CM", "FC", "WM", "PC", "IIA", "D",  "BRD"})
       if (is(known)) return says("OK");
     return says("?");
   }

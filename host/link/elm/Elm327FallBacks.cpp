@@ -36,6 +36,8 @@ const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::k
     // ... or a character was lost.
     {Came::unknownCommand, again, &Elm327Link::isFirst, &Elm327Link::justAsk},
     {Came::busTrouble, untilBusWorks, &Elm327Link::mayBusRecover, &Elm327Link::noteTrouble},
+    // Not even the adapter's words come whole: the raised rate may be too much for the line.
+    {Came::damage, slowerLine, &Elm327Link::mayBeTooFast, &Elm327Link::slowDown},
     {Came::damage, distrustFrameCount, &Elm327Link::always, &Elm327Link::distrustCount},
 }};
 
@@ -123,6 +125,8 @@ bool Elm327Link::isFirst(Moment /*deadline*/) const { return exchange_.repeats =
 
 bool Elm327Link::mayBusRecover(Moment /*deadline*/) const { return exchange_.troubles + 1 < kMostTroubles; }
 
+bool Elm327Link::mayBeTooFast(Moment /*deadline*/) const { return adapter_.isRaised() && isLineTooFast(); }
+
 bool Elm327Link::always(Moment /*deadline*/) const { return true; }
 
 // --- what is done before the request is sent again
@@ -154,6 +158,12 @@ std::int64_t Elm327Link::stepsUntil(Moment deadline) const {
 void Elm327Link::stopCounting(Moment /*deadline*/) { frameCounts_.giveUp(); }
 
 void Elm327Link::noteTrouble(Moment /*deadline*/) { ++exchange_.troubles; }
+
+void Elm327Link::slowDown(Moment /*deadline*/) {
+  distrustLine();
+  adapterName_ = adapter_.setUp();
+  adapter_.selectBus(exchange_.target, exchange_.request);
+}
 
 void Elm327Link::distrustCount(Moment deadline) {
   if (wasCounted(deadline)) frameCounts_.distrust(exchange_.target.address, exchange_.request);

@@ -22,6 +22,9 @@ constexpr auto kBarePromptPatience = 300ms;
 constexpr auto kPendingPause = 100ms;
 constexpr std::size_t kMostMessages = 64;
 constexpr int kMostSilences = 8;
+/// A fault of a raised line weighs as much as so many whole answers.
+constexpr int kLineFault = 8;
+constexpr int kMostLineFaults = 3 * kLineFault;
 /// Longest request in a single frame (ISO 15765-2); the adapter does not segment.
 constexpr std::size_t kLongestOnCan = 7;
 
@@ -38,19 +41,34 @@ void appendDigit(std::string& text, unsigned value) { text += "0123456789ABCDEF"
 
 }  // namespace
 
-Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock)
-    : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol) {
-  console_.setWaiting([this] { idle(); }, [this] { return stopAsked(); });
+Elm327Link::Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock,
+                       bool mayBeFaster)
+    : clock_(clock), console_(std::move(stream), clock), adapter_(console_, protocol, mayBeFaster) {}
+
+/// Whoever would be told of it may be gone.
+Elm327Link::~Elm327Link() {
+  Link::setTextHook(nullptr);
+  console_.waitAlone();
+  adapter_.leave();
 }
 
 void Elm327Link::doOpen() {
-  doClose();
+  console_.setWaiting([this] { idle(); }, [this] { return stopAsked(); });
+  console_.begin();
+  startAnew();
+  if (isLineTooFast()) distrustLine();
   console_.open();
   adapterName_ = adapter_.setUp();
   assembler_.forget();
 }
 
+/// Whoever closes the link may not expect that anything runs meanwhile.
 void Elm327Link::doClose() {
+  console_.waitAlone();
+  startAnew();
+}
+
+void Elm327Link::startAnew() {
   awaitsPrompt_ = false;
   messages_.clear();
   frameCounts_.clear();
@@ -60,6 +78,7 @@ void Elm327Link::doClose() {
   provenAlone_ = false;
   unnamedEcu_.reset();
   for (auto& [address, reach] : reach_) reach.apart = false;
+  adapter_.leave();
   console_.close();
 }
 
@@ -87,7 +106,9 @@ bool Elm327Link::doSend(const LinkTarget& target, std::span<const std::uint8_t> 
 void Elm327Link::finishAnswer() {
   if (awaitsPrompt_ && !promptComes(isAtWork() ? kWorkPatience : kPromptPatience)) {
     console_.write("");
-    if (!promptComes(kPromptPatience)) fail("the adapter does not finish its answer: it sends no prompt");
+    if (promptComes(kPromptPatience)) return messages_.clear();
+    noteLine(false);
+    fail("the adapter does not finish its answer: it sends no prompt");
   }
   messages_.clear();
 }
@@ -329,6 +350,8 @@ void Elm327Link::settle() {
   if (notice == ElmNotice::restarted) ElmAdapter::failRestarted();
   if (notice == ElmNotice::noConnection && !exchange_.attempt.answered)
     failWithoutEcu(console_, exchange_.attempt.notice->text);
+  noteLine(exchange_.attempt.answered || exchange_.attempt.others || notice != ElmNotice::none ||
+           !exchange_.attempt.foreign.empty());
   if (!exchange_.attempt.answered) {
     ++silences_;
     return;
@@ -343,6 +366,18 @@ void Elm327Link::settle() {
     frameCounts_.helped();
   else if (address != kFunctionalAddress && !assembler_.incomplete())
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
+}
+
+/// Whether anything that came over a raised line was what an adapter says.
+void Elm327Link::noteLine(bool whole) {
+  if (adapter_.isRaised()) lineFaults_ = whole ? std::max(0, lineFaults_ - 1) : lineFaults_ + kLineFault;
+}
+
+bool Elm327Link::isLineTooFast() const { return lineFaults_ > kMostLineFaults; }
+
+void Elm327Link::distrustLine() {
+  lineFaults_ = 0;
+  adapter_.distrustRate();
 }
 
 /// After "response pending" the adapter no longer listens. Lines that come nevertheless are used; then the

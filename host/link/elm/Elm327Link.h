@@ -29,9 +29,15 @@ namespace tarnlog::host {
 /// bus, adapter reset by itself) is a TarnError.
 class Elm327Link : public Link {
  public:
-  /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. The clock must
-  /// outlive the link.
-  Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock);
+  /// `protocol` is what ATSP takes, '1' to '9' or 'A' to 'C'; none lets the adapter search. On a serial line
+  /// the adapter is asked to go at a faster rate while the link is open, unless `mayBeFaster` is false. The
+  /// clock must outlive the link.
+  Elm327Link(std::unique_ptr<ByteStream> stream, std::optional<char> protocol, LinkClock& clock,
+             bool mayBeFaster = true);
+  Elm327Link(const Elm327Link&) = delete;
+  Elm327Link& operator=(const Elm327Link&) = delete;
+  /// Leaves the adapter as closing does.
+  ~Elm327Link() override;
 
   std::string silence() const override;
   bool takesSeveralPids(const LinkTarget& target) const override;
@@ -80,6 +86,7 @@ class Elm327Link : public Link {
     neverFrameCounts,
     again,
     untilBusWorks,
+    slowerLine,
     distrustFrameCount,
     kFallBackCount
   };
@@ -117,6 +124,7 @@ class Elm327Link : public Link {
     Attempt attempt;
   };
 
+  void startAnew();
   void finishAnswer();
   bool promptComes(std::chrono::milliseconds patience);
   void begin(const LinkTarget& target, std::span<const std::uint8_t> request);
@@ -140,6 +148,9 @@ class Elm327Link : public Link {
   std::vector<LinkTarget> findEcusApart();
   /// The prompt came: learns from it, and fails where only a new start helps.
   void settle();
+  void noteLine(bool whole);
+  bool isLineTooFast() const;
+  void distrustLine();
 
   /// True when the request was sent once more, so that something may still come.
   bool retry(Moment deadline);
@@ -154,6 +165,7 @@ class Elm327Link : public Link {
   bool mayBeDisturbed(Moment deadline) const;
   bool isFirst(Moment deadline) const;
   bool mayBusRecover(Moment deadline) const;
+  bool mayBeTooFast(Moment deadline) const;
   bool always(Moment deadline) const;
   void justAsk(Moment deadline);
   void askFunctionally(Moment deadline);
@@ -162,6 +174,7 @@ class Elm327Link : public Link {
   void giveTime(Moment deadline);
   void stopCounting(Moment deadline);
   void noteTrouble(Moment deadline);
+  void slowDown(Moment deadline);
   void distrustCount(Moment deadline);
   bool neverAnswered() const;
   std::int64_t stepsUntil(Moment deadline) const;
@@ -175,6 +188,7 @@ class Elm327Link : public Link {
   std::string adapterName_;
   bool awaitsPrompt_ = false;
   int silences_ = 0;  ///< attempts without any answer, one after another
+  int lineFaults_ = 0;
   std::map<std::int32_t, Reach> reach_;
   Unnamed unnamed_ = Unnamed::unseen;
   bool provenAlone_ = false;                ///< one request without a frame count got exactly one response

@@ -35,14 +35,14 @@ bool ElmAdapter::tell(std::string_view command) {
 
 std::string ElmAdapter::reset() {
   try {
-    return setUpElm(console_, reset_);
+    return setUpElm(console_, rate_, reset_);
   } catch (const AdapterGone&) {
     if (reset_ == ElmReset::defaults) throw;
   }
   reset_ = ElmReset::defaults;
   console_.close();
   console_.open();
-  return setUpElm(console_, reset_);
+  return setUpElm(console_, rate_, reset_);
 }
 
 std::string ElmAdapter::setUp() {

@@ -10,6 +10,7 @@
 #include "host/link/elm/ElmAddress.h"
 #include "host/link/elm/ElmBusSearch.h"
 #include "host/link/elm/ElmConsole.h"
+#include "host/link/elm/ElmRate.h"
 #include "host/link/elm/ElmSetup.h"
 
 namespace tarnlog::host {
@@ -19,12 +20,18 @@ namespace tarnlog::host {
 /// itself, or finds no ECU.
 class ElmAdapter {
  public:
-  /// `protocol` as ATSP takes it; none: the adapter searches.
-  ElmAdapter(ElmConsole& console, std::optional<char> protocol)
-      : console_(console), search_(console), fixedProtocol_(protocol) {}
+  /// `protocol` as ATSP takes it; none: the adapter searches. `mayBeFaster`: see ElmRate.
+  ElmAdapter(ElmConsole& console, std::optional<char> protocol, bool mayBeFaster)
+      : console_(console), rate_(console, mayBeFaster), search_(console), fixedProtocol_(protocol) {}
 
   /// Resets it and sets it up, over a new connection when the reset ended this one. Gives its name.
   std::string setUp();
+  /// Takes it back to the rate of the line that it had, whatever it is at. It needs a set-up then.
+  void leave() {
+    skipOnFailure([this] { rate_.leave(); });
+  }
+  bool isRaised() const { return rate_.isRaised(); }
+  void distrustRate() { rate_.distrust(); }
   /// Chooses the bus for a request, searching when none is known.
   void selectBus(const LinkTarget& target, std::span<const std::uint8_t> request);
   /// Nobody answers on the bus any more: the next request looks for one again.
@@ -56,6 +63,7 @@ class ElmAdapter {
   void openFilter(const ElmAddress& address);
 
   ElmConsole& console_;
+  ElmRate rate_;
   ElmBusSearch search_;
   std::optional<char> fixedProtocol_;
   ElmReset reset_ = ElmReset::restart;

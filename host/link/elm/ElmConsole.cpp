@@ -37,6 +37,11 @@ void ElmConsole::setWaiting(std::function<void()> idleHook, std::function<bool()
   });
 }
 
+void ElmConsole::waitAlone() {
+  stopAsked_ = nullptr;
+  stream_->setIdleHook(nullptr);
+}
+
 template <class Step>
 auto ElmConsole::reached(const char* failure, Step&& step) {
   try {
@@ -61,10 +66,28 @@ void ElmConsole::breakOffWhenAsked() const {
 }
 
 void ElmConsole::close() {
-  // A search may go on for a minute. A blank means nothing to an adapter at rest.
-  constexpr std::array<std::uint8_t, 1> kBlank{' '};
-  if (!std::exchange(atRest_, true)) skipOnFailure([&] { stream_->write(kBlank); });
+  // A search may go on for a minute.
+  if (!std::exchange(atRest_, true)) skipOnFailure([this] { interrupt(); });
   stream_->close();
+}
+
+/// A blank means nothing to an adapter at rest.
+void ElmConsole::interrupt() {
+  constexpr std::array<std::uint8_t, 1> kBlank{' '};
+  reached(kGone, [&] { stream_->write(kBlank); });
+}
+
+void ElmConsole::rest(std::chrono::milliseconds patience) {
+  if (atRest_) return;
+  interrupt();
+  const Moment deadline = in(patience);
+  while (const auto item = next(deadline))
+    if (item->prompt) return;
+}
+
+bool ElmConsole::setRate(int bitsPerSecond) {
+  reader_.clear();
+  return stream_->setRate(bitsPerSecond);
 }
 
 bool ElmConsole::fill(Moment deadline) {

@@ -43,12 +43,21 @@ class ElmConsole {
   /// What runs while something is awaited. When the question is answered with yes, a wait ends with a
   /// TarnError a second after what is done now was begun.
   void setWaiting(std::function<void()> idleHook, std::function<bool()> stopQuestion);
+  /// From now on nothing runs, and nobody is asked.
+  void waitAlone();
   /// Something new is done with the adapter.
   void begin() { begun_ = clock_.now(); }
   void open();
   /// An adapter that is still at work is interrupted.
   void close();
 
+  /// The stream's, see there.
+  int rate() const { return stream_->rate(); }
+  bool setRate(int bitsPerSecond);
+  /// A point of time.
+  Moment in(std::chrono::milliseconds time) const { return clock_.now() + time; }
+  /// Interrupts an adapter that is at work, and waits for its prompt.
+  void rest(std::chrono::milliseconds patience);
   /// Drops what has come, until nothing comes for `quiet`, but for `longest` at most.
   void drop(std::chrono::milliseconds quiet, std::chrono::milliseconds longest);
   /// Sends a line and its CR.
@@ -74,6 +83,7 @@ class ElmConsole {
   auto reached(const char* failure, Step&& step);
   bool fill(Moment deadline);
   void breakOffWhenAsked() const;
+  void interrupt();
   void noteRequest(std::string_view text);
 
   std::unique_ptr<ByteStream> stream_;

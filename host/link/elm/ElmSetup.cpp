@@ -2,7 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "platform/base/TarnError.h"
 
@@ -14,7 +16,7 @@ namespace {
 
 constexpr auto kQuiet = 30ms;
 // Together less than 8 s: longer nobody waits for an adapter that says nothing.
-constexpr std::array kResetPatience{3500ms, 2000ms, 1500ms};
+constexpr std::array kResetPatience{3500ms, 1500ms, 1500ms};
 constexpr auto kLastPatience = 500ms;
 constexpr auto kCommandPatience = 2s;
 constexpr int kAttempts = 3;
@@ -25,7 +27,7 @@ constexpr const char* kRightPort = "is it the right port and baud rate?";
 /// Sets an adapter up. Until it has answered like one, nobody knows that it is one.
 class Setup {
  public:
-  Setup(ElmConsole& console, ElmReset kind) : console_(console), kind_(kind) {}
+  Setup(ElmConsole& console, ElmRate& rate, ElmReset kind) : console_(console), rate_(rate), kind_(kind) {}
   std::string run();
   bool identified() const { return identified_; }
   [[noreturn]] void failForeign() const;
@@ -36,6 +38,7 @@ class Setup {
   bool settle();
 
   ElmConsole& console_;
+  ElmRate& rate_;
   ElmReset kind_;
   bool identified_ = false;
   bool prompted_ = false;
@@ -47,16 +50,28 @@ void Setup::failForeign() const {
                    kRightPort));
 }
 
+/// What comes at a wrong rate is none.
+bool isText(const ElmReply& reply) {
+  const auto plain = [](char c) { return c >= ' ' && c <= '~'; };
+  return std::all_of(reply.lines.begin(), reply.lines.end(), [&](const ElmLine& line) {
+    return std::all_of(line.text.begin(), line.text.end(), plain);
+  });
+}
+
 /// A reset that finds the adapter at work only interrupts that work: it is asked for again until the name
 /// comes. An adapter that has no name is taken as it is.
 void Setup::reset() {
   const bool restart = kind_ == ElmReset::restart;
+  rate_.leave();
+  bool searched = false;
   console_.drop(kQuiet, 10 * kQuiet);
   for (const auto patience : kResetPatience) {
     const ElmReply reply = console_.command(restart ? "ATZ" : "ATD", patience);
     prompted_ = prompted_ || reply.prompted;
     identified_ = reply.prompted && reply.has(restart ? ElmNotice::restarted : ElmNotice::ok);
     if (identified_) return;
+    const bool sensible = reply.prompted && isText(reply);
+    if (!sensible && !std::exchange(searched, true)) rate_.find();
   }
   if (prompted_) return;
   // Servers of other kinds speak once a line ends in their way.
@@ -95,7 +110,7 @@ std::string Setup::run() {
     const ElmReply identification = set("ATI");
     if (!identified_) set("ATE0");
     if (!identified_) failForeign();
-    if (!settle()) continue;
+    if (!rate_.raise(identification.text()) || !settle()) continue;
     return std::string(identification.text());
   }
   fail("the adapter starts again and again: is its supply weak, or its plug loose?");
@@ -113,8 +128,8 @@ std::string voltageText(ElmConsole& console) {
 
 std::string elmTimeoutCommand(int steps) { return fmt::format("ATST{:02X}", steps); }
 
-std::string setUpElm(ElmConsole& console, ElmReset kind) {
-  Setup setup(console, kind);
+std::string setUpElm(ElmConsole& console, ElmRate& rate, ElmReset kind) {
+  Setup setup(console, rate, kind);
   try {
     return setup.run();
   } catch (const AdapterGone&) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/link/elm/ElmConsole.h"
+#include "host/link/elm/ElmRate.h"
 
 namespace tarnlog::host {
 
@@ -24,9 +25,9 @@ enum class ElmReset : std::uint8_t {
 };
 
 /// Resets the adapter whatever it is at and makes it terse: no echo, no blanks, CR alone behind a line,
-/// headers shown. Settings that an adapter does not know stay as they are. Gives the adapter's name.
-/// TarnError when nothing answers like one.
-std::string setUpElm(ElmConsole& console, ElmReset kind);
+/// headers shown. Settings that an adapter does not know stay as they are. Raises the rate of the line, as
+/// far as that may be. Gives the adapter's name. TarnError when nothing answers like one.
+std::string setUpElm(ElmConsole& console, ElmRate& rate, ElmReset kind);
 
 inline constexpr std::string_view kNoPrompt = "no prompt";
 

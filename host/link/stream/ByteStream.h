@@ -23,6 +23,14 @@ class ByteStream {
   /// Waits until something came and gives how many bytes of `into` were filled; 0 when nothing came before
   /// `deadline`. What is there already is taken even when it is over.
   virtual std::size_t read(std::span<std::uint8_t> into, Moment deadline) = 0;
+  /// Bits a second with which a serial line is opened; 0 where there is no such rate, or it means nothing.
+  virtual int rate() const { return 0; }
+  /// Goes on at another rate until it is closed; at the one before, and false, when the line has no such
+  /// rate.
+  virtual bool setRate(int bitsPerSecond) {
+    static_cast<void>(bitsPerSecond);
+    return false;
+  }
 
   /// Called at least every 20 ms while the connection waits. It may do anything but use the connection.
   void setIdleHook(std::function<void()> hook) { idleHook_ = std::move(hook); }

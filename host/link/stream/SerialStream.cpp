@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tarnlog::host {
@@ -54,14 +56,39 @@ void SerialStream::open() {
   setDescriptor(std::move(port));
 }
 
-/// The system would hold the port for half a minute for bytes that a stuck adapter does not take.
-void SerialStream::close() {
+/// False when the port still holds bytes after 50 ms.
+bool SerialStream::awaitSent() {
   constexpr std::chrono::milliseconds kPause{5};
   int left = 0;
   const auto isStuck = [&] { return ::ioctl(descriptor(), TIOCOUTQ, &left) == 0 && left > 0; };
   for (int i = 0; i < 10 && isStuck(); ++i) clock().waitUntil(clock().now() + kPause, {});
-  if (isStuck()) ::tcflush(descriptor(), TCOFLUSH);
+  return !isStuck();
+}
+
+/// The system would hold the port for half a minute for bytes that a stuck adapter does not take.
+void SerialStream::close() {
+  if (!awaitSent()) ::tcflush(descriptor(), TCOFLUSH);
   DescriptorStream::close();
+}
+
+int SerialStream::rate() const {
+  std::error_code error;
+  const std::filesystem::path device = std::filesystem::weakly_canonical(path_, error);
+  return device.filename().string().starts_with("rfcomm") ? 0 : baud_;
+}
+
+/// What was written leaves at the rate before. A port that lacks a rate takes the setting and keeps its own.
+bool SerialStream::setRate(int bitsPerSecond) {
+  const auto wanted = rateOf(bitsPerSecond);
+  termios settings{};
+  if (wanted == kRates.end() || ::tcgetattr(descriptor(), &settings) != 0) return false;
+  const termios before = settings;
+  awaitSent();
+  ::cfsetspeed(&settings, wanted->second);
+  const bool taken = ::tcsetattr(descriptor(), TCSANOW, &settings) == 0 &&
+                     ::tcgetattr(descriptor(), &settings) == 0 && ::cfgetospeed(&settings) == wanted->second;
+  if (!taken) ::tcsetattr(descriptor(), TCSANOW, &before);
+  return taken;
 }
 
 }  // namespace tarnlog::host

@@ -14,8 +14,13 @@ class SerialStream : public DescriptorStream {
 
   void open() override;
   void close() override;
+  /// 0 for Bluetooth, which carries bytes as fast as it can.
+  int rate() const override;
+  bool setRate(int bitsPerSecond) override;
 
  private:
+  bool awaitSent();
+
   std::string path_;
   int baud_;
 };

@@ -21,6 +21,8 @@ class TextTap : public ByteStream {
   void close() override;
   void write(std::span<const std::uint8_t> bytes) override;
   std::size_t read(std::span<std::uint8_t> into, Moment deadline) override;
+  int rate() const override { return stream_->rate(); }
+  bool setRate(int bitsPerSecond) override { return stream_->setRate(bitsPerSecond); }
 
  private:
   void tell(bool sent, std::string& line, std::span<const std::uint8_t> bytes) const;

@@ -9,7 +9,7 @@
 #include "host/link/elm/ElmFrames.h"
 #include "tests/support/Asking.h"
 #include "tests/support/Elm327Peer.h"
-#include "tests/support/PeerStream.h"
+#include "tests/support/SerialPeerStream.h"
 
 namespace tarnlog::host {
 namespace {
@@ -31,14 +31,10 @@ const LinkTarget kGearbox{0x7E1, "OBD-II"};
 constexpr const char* kSpeed = "41 0C 1A F8; ";
 constexpr const char* kVin = "49 02 01 31 44 34 47 50 30 30 52 35 35 42 31 32 33 34 35 36; ";
 
-/// A link to an adapter in memory.
+/// A link to an adapter in memory, on a serial line of this rate.
 struct Rig {
-  explicit Rig(std::optional<char> protocol = {}) {
-    auto made = test::streamTo(adapter, clock);
-    stream = made.get();
-    link =
-        std::make_unique<PatientLink>(std::make_unique<Elm327Link>(std::move(made), protocol, clock), clock);
-    link->setIdleHook([this] { ++idled; });
+  explicit Rig(std::optional<char> protocol = {}, int baud = 0) {
+    connect(protocol, baud);
     engine.answers = {{"0100", {"4100BE3FA813"}},
                       {"010C", {"410C1AF8"}},
                       {"010D", {"410D20"}},
@@ -51,6 +47,13 @@ struct Rig {
     for (const auto& [source, answers] : ecus) adapter.addEcu(source).answers = answers;
   }
 
+  void connect(std::optional<char> protocol, int baud, bool mayBeFaster = true) {
+    auto made = std::make_unique<test::SerialPeerStream>(adapter, baud, clock);
+    stream = made.get();
+    link = std::make_unique<PatientLink>(
+        std::make_unique<Elm327Link>(std::move(made), protocol, clock, mayBeFaster), clock);
+    link->setIdleHook([this] { ++idled; });
+  }
   std::string ask(const LinkTarget& target, std::string_view request, int timeout = 1000) {
     return test::ask(*link, target, request, milliseconds(timeout));
   }
@@ -63,11 +66,15 @@ struct Rig {
   long heard(std::string_view line) const {
     return std::count(adapter.heard.begin(), adapter.heard.end(), line);
   }
+  long heardBeginning(std::string_view begin) const {
+    return std::count_if(adapter.heard.begin(), adapter.heard.end(),
+                         [&](const std::string& line) { return line.starts_with(begin); });
+  }
 
   test::ManualLinkClock clock;
   Elm327Peer adapter;
   Elm327Peer::Ecu& engine = adapter.addEcu(0x7E8);
-  test::PeerStream* stream = nullptr;
+  test::SerialPeerStream* stream = nullptr;
   std::unique_ptr<Link> link;
   int idled = 0;
 };
@@ -334,6 +341,78 @@ TEST(Elm327, ConnectsWhateverTheAdapterIsAtAndWhateverARestartDoes) {
   closing.link->close();
   EXPECT_EQ(closing.ask(kEngine, "01 0D"), "41 0D 20; ");
   EXPECT_EQ(closing.heard("ATZ"), 1);
+}
+
+TEST(Elm327, RaisesTheRateOfASerialLineAndLeavesTheAdapterAsItWas) {
+  for (const int baud : {38400, 9600}) {  // there is no way back to 9600 but a restart
+    Rig rig({}, baud);
+    rig.adapter.ownRate = rig.adapter.rate = baud;
+    const auto isBack = [&] { return std::abs(rig.adapter.rate - baud) < 100; };
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_EQ(rig.ask(kEngine, "01 0C"), kSpeed);
+      EXPECT_EQ(rig.adapter.rate, 500000);
+      const int idled = rig.idled;
+      rig.link->close();
+      EXPECT_TRUE(isBack());
+      EXPECT_EQ(rig.idled, idled) << "who closes the link expects no click";
+    }
+    // A reset while the rate is raised; an end without closing, while the adapter is at work.
+    rig.connect({}, baud);
+    rig.engine.onlyByDefault = true;
+    EXPECT_EQ(rig.ask(kEngine, "01 0C", 3000), kSpeed);
+    EXPECT_EQ(rig.adapter.rate, 500000);
+    rig.adapter.instead["010D"] = {"SEARCHING..."};
+    rig.ask(kEngine, "01 0D", 10);
+    rig.link.reset();
+    EXPECT_TRUE(isBack());
+    // A recorder that was killed left it so.
+    for (const bool mayBeFaster : {false, true}) {
+      rig.adapter.rate = 230400;
+      rig.connect({}, baud, mayBeFaster);
+      EXPECT_EQ(rig.ask(kEngine, "01 0D"), "41 0D 20; ");
+      EXPECT_EQ(rig.adapter.rate, mayBeFaster ? 500000 : baud);
+    }
+  }
+}
+
+TEST(Elm327, GoesOnAtTheOldRateWhereAFasterOneFails) {
+  Rig old({}, 38400);
+  old.adapter.unknown = {"BRD"};
+  Rig boasting({}, 38400);  // it says OK to everything
+  boasting.adapter.instead["ATBRD08"] = {"OK\r\r>"};
+  Rig off({}, 38400);
+  off.connect({}, 38400, false);
+  for (Rig* const rig : {&old, &boasting, &off}) {
+    for (int round = 0; round < 2; ++round) {
+      EXPECT_EQ(rig->ask(kEngine, "01 0C"), kSpeed);
+      rig->link->close();
+    }
+    EXPECT_EQ(rig->heardBeginning("ATBRD"), rig == &off ? 0 : 1);
+  }
+  // Nothing follows the OK.
+  Rig silent({}, 38400);
+  for (const char* const command : {"ATBRD08", "ATBRD11", "ATBRD23"})
+    silent.adapter.instead[command] = {"OK\r"};
+  EXPECT_EQ(silent.ask(kEngine, "01 0C"), kSpeed);
+  // Two rates are too much for the cable, and the third is sometimes.
+  Rig rig({}, 38400);
+  rig.stream->garbled = {500000, 230400};
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), kSpeed);
+  EXPECT_EQ(rig.adapter.rate, 4'000'000 / 35);
+  EXPECT_EQ(rig.heard("ATZ") + silent.heard("ATZ"), 2) << "the adapter stays in order";
+  rig.adapter.onLine = [&](const std::string& line) {
+    if (line.starts_with("010C") && rig.adapter.rate > 40000) rig.adapter.instead[line] = {"7E8#4\r\r>"};
+  };
+  EXPECT_EQ(rig.ask(kEngine, "01 0C"), kSpeed);
+  EXPECT_EQ(rig.adapter.rate, 38400);
+  // It starts again by itself, at its own rate, while the recorder listens at the other.
+  Rig weak({}, 38400);
+  weak.ask(kEngine, "01 0C");
+  weak.adapter.reset();
+  weak.adapter.rate = 38400;
+  for (int i = 0; i < 2; ++i) weak.ask(kEngine, "01 0C");
+  EXPECT_EQ(weak.ask(kEngine, "01 0C"), kSpeed);
+  EXPECT_EQ(weak.adapter.rate, 500000);
 }
 
 TEST(Elm327, SaysWhatIsWrongForAMechanic) {

@@ -100,7 +100,7 @@ TEST(OpenLink, RefusesWhatNamesNoLinkWithThePlaceAndWhatIsExpectedThere) {
   for (const char* url :
        {"doip://*", "doip://car.local:13401?ecu=0x1001&tester=0x0E80", "isotp://can0",
         "isotp://can0?tx=7E0&rx=0x7E8", "isotp://can1?tx=18DA10F1&rx=18DAF110", "replay:t.trace",
-        "elm327:///dev/ttyUSB0", "elm327:///dev/ttyUSB0?baud=115200&protocol=A",
+        "elm327:///dev/ttyUSB0?fast=0", "elm327:///dev/ttyUSB0?baud=115200&protocol=A&fast=1",
         "elm327://box:35000?protocol=0", "elm327://[::1]"})
     EXPECT_EQ(refusal(url), "none") << url;
   const std::pair<std::string, const char*> cases[] = {
@@ -118,6 +118,7 @@ TEST(OpenLink, RefusesWhatNamesNoLinkWithThePlaceAndWhatIsExpectedThere) {
       {"elm327:///dev/x?baud=38401", "baud: expected"},
       {"elm327:///dev/x?baud=", "baud: expected a number from 1 to 2000000, found nothing"},
       {"elm327:///dev/x?baud=38400&baud=9600", "baud: expected this option once, found \"9600\""},
+      {"elm327:///dev/x?fast=no", "fast: expected a number from 0 to 1, found \"no\""},
       {"elm327://box?baud=38400", "baud: expected"},
       {"elm327://box/x", "path: expected"},
       {"elm327://box?protocol=D", "protocol: expected"},

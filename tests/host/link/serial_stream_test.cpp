@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -43,6 +44,19 @@ TEST(SerialStream, CarriesEveryByteAndNoticesAnAdapterThatIsGone) {
   ASSERT_EQ(::write(adapter.number(), "\x04\x03\x11\x13\r\n>", 7), 7);
   EXPECT_EQ(port.read(bytes, clock.now() + 1s), 7U);
   EXPECT_EQ(text(std::span(bytes).first(7)), "\x04\x03\x11\x13\r\n>");
+
+  // A terminal takes every rate and means none of them; Bluetooth is not even told.
+  const auto rateOf = [&] {
+    termios settings{};
+    ::tcgetattr(adapter.number(), &settings);
+    return ::cfgetospeed(&settings);
+  };
+  EXPECT_TRUE(port.setRate(500000));
+  EXPECT_EQ(rateOf(), static_cast<speed_t>(B500000));
+  EXPECT_FALSE(port.setRate(500001));
+  EXPECT_EQ(rateOf(), static_cast<speed_t>(B500000));
+  EXPECT_EQ(port.rate(), 38400);
+  EXPECT_EQ(SerialStream("/dev/rfcomm0", 38400, clock).rate(), 0);
 
   adapter = Descriptor();
   EXPECT_THROW(port.read(bytes, clock.now() + 1s), TarnError);

@@ -17,6 +17,7 @@ struct ElmForm {
   bool keepsEcho = false;
   bool keepsBlanks = false;
   bool countsFrames = true;  ///< knows the digit behind a request
+  bool adapts = true;        ///< waits no longer than ECUs need; else the time of ATST
   std::string lineEnd = "\r";
 };
 
@@ -42,6 +43,8 @@ class Elm327Peer : public ElmForm {
   /// Command -> texts that are sent instead of what is right, once each, as they are.
   std::map<std::string, std::deque<std::string>> instead;
   std::deque<Ecu> ecus;
+  /// In what it sends, in place of a character: the next comes a millisecond later.
+  static constexpr char kMillisecond = '\x06';
   std::vector<std::string> heard;  ///< every line
   std::string newest;              ///< characters
   std::function<void(const std::string& line)> onLine;
@@ -81,6 +84,7 @@ class Elm327Peer : public ElmForm {
     filter_.clear();
     protocol_ = '0';
     searched_ = false;
+    steps_ = 50;
   }
 
   /// That many digits.
@@ -117,6 +121,7 @@ class Elm327Peer : public ElmForm {
     if (text == "I") return says(name);
     if (text == "RV") return says("12.4V");
     if (is("BRD")) trial = 4'000'000 / static_cast<int>(byteAt(text.substr(3), 0));
+    if (is("ST")) steps_ = byteAt(text.substr(2), 0);
     if (text == "DPN") return says(std::string("A") + busNumber());
     if (text == "E0" || text == "E1") echo_ = text == "E1";
     if (text == "S0" || text == "S1") blanks_ = text == "S1";
@@ -157,9 +162,11 @@ class Elm327Peer : public ElmForm {
     if (out.starts_with("BUS")) out += "OK" + lineEnd;
     searched_ = true;
     std::vector<std::string> lines = answerLines(line);
+    if (lines.empty() && !adapts) out.append(std::size_t{4} * steps_, kMillisecond);
     if (lines.empty()) return out + says("NO DATA");
     if (wanted > 0 && wanted < lines.size()) lines.resize(wanted);
     for (const std::string& each : lines) out += says(each);
+    if (!adapts && wanted == 0) out.append(std::size_t{4} * steps_, kMillisecond);
     return out;
   }
 
@@ -244,6 +251,7 @@ class Elm327Peer : public ElmForm {
   bool headers_ = false;
   bool searched_ = false;
   char protocol_ = '0';
+  unsigned steps_ = 50;
   std::string header_;
   std::string filter_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <set>
@@ -56,7 +57,11 @@ class SerialPeerStream : public PeerStream {
   }
   void say(const std::string& text, std::chrono::microseconds after = {}) {
     const auto usual = std::exchange(latency, latency + after);
-    put(fits() ? text : kGarbage);
+    for (std::size_t at = 0; at < text.size(); latency += std::chrono::milliseconds(1)) {
+      const std::size_t end = std::min(text.find(Elm327Peer::kMillisecond, at), text.size());
+      put(fits() ? text.substr(at, end - at) : kGarbage);
+      at = end + 1;
+    }
     latency = usual;
     if (adapter_.trial != 0) since_ = clock_.now();
     if (adapter_.trial != 0) trial_ = std::exchange(adapter_.trial, 0);

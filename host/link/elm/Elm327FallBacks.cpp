@@ -19,7 +19,9 @@ constexpr int kMostTroubles = 3;
 /// What came, and what is done instead: the first row that applies. Then the request is sent again, where
 /// that may be done.
 const std::array<Elm327Link::FallBack, Elm327Link::kFallBackCount> Elm327Link::kFallBacks{{
-    // The ECU seems silent. The number of frames that the adapter was told may have been the fault.
+    // The ECU seems silent. The adapter was told to wait less than usual.
+    {Came::silence, usualTimeout, &Elm327Link::wasShortened, &Elm327Link::lengthenTimeout},
+    // The number of frames that the adapter was told may have been the fault.
     {Came::silence, withoutFrameCount, &Elm327Link::wasCounted, &Elm327Link::justAsk},
     // It may accept functional addressing only.
     {Came::silence, functionalAddressing, &Elm327Link::mayAskFunctionally, &Elm327Link::askFunctionally},
@@ -90,6 +92,8 @@ bool Elm327Link::repeat() {
 
 // --- when a fall-back helps
 
+bool Elm327Link::wasShortened(Moment /*deadline*/) const { return adapter_.timeout() < kElmDefaultTimeout; }
+
 bool Elm327Link::wasCounted(Moment /*deadline*/) const { return exchange_.attempt.expectedFrames > 0; }
 
 /// This ECU has answered nothing yet, and functional addressing may be used.
@@ -130,6 +134,8 @@ bool Elm327Link::mayBeTooFast(Moment /*deadline*/) const { return adapter_.isRai
 bool Elm327Link::always(Moment /*deadline*/) const { return true; }
 
 // --- what is done before the request is sent again
+
+void Elm327Link::lengthenTimeout(Moment /*deadline*/) { adapter_.setTimeout(kElmDefaultTimeout); }
 
 void Elm327Link::justAsk(Moment /*deadline*/) {}
 

@@ -84,6 +84,7 @@ void Elm327Link::startAnew() {
 
 bool Elm327Link::doSend(const LinkTarget& target, std::span<const std::uint8_t> request) {
   console_.begin();
+  waitingSince_ = clock_.now();
   finishAnswer();
   if (silences_ >= kMostSilences) {
     silences_ = 0;
@@ -97,6 +98,7 @@ bool Elm327Link::doSend(const LinkTarget& target, std::span<const std::uint8_t> 
   if (toOne && unnamed_ == Unnamed::some) answersAlone(target);
   if (toOne && unnamed_ == Unnamed::several && !answersAlone(target)) failMixed();
   begin(target, request);
+  fitTimeout();
   ask(true);
   return true;
 }
@@ -168,6 +170,18 @@ void Elm327Link::useAddress() {
   adapter_.setAddress(exchange_.address);
 }
 
+/// Has an adapter wait less that waits for nothing behind the answers of this ECU, and as long as usual for
+/// another that needs it.
+void Elm327Link::fitTimeout() {
+  const auto reach = reach_.find(exchange_.target.address);
+  const bool known = reach != reach_.end() && exchange_.target.address != kFunctionalAddress;
+  const ElmWait wait = known ? reach->second.wait : ElmWait();
+  const int now = adapter_.timeout();
+  if (wait.isWasted(now)) adapter_.setTimeout(wait.steps());
+  if (now < kElmDefaultTimeout && now < wait.steps())
+    adapter_.setTimeout(std::min(wait.steps(), kElmDefaultTimeout));
+}
+
 void Elm327Link::dropLateLines() {
   const Moment longest = clock_.now() + kPendingPause;
   while (const auto item = console_.next(clock_.now())) {
@@ -194,6 +208,7 @@ void Elm327Link::writeRequest() {
 
 Link::Received Elm327Link::doReceive(Bytes& response, std::chrono::milliseconds timeout) {
   console_.begin();
+  waitingSince_ = clock_.now();
   ElmMessage message;
   if (!nextMessage(message, clock_.now() + timeout + kAdapterTime)) return Received::nothing;
   response = std::move(message.bytes);
@@ -282,6 +297,7 @@ void Elm327Link::takeData(const ElmLine& line) {
 
 void Elm327Link::noteAnswer(const ElmMessage& message) {
   assembler_.confirm(message);
+  exchange_.attempt.heard = clock_.now();
   if (!message.source) noteUnnamed();
   if (exchange_.attempt.answered) return;
   exchange_.attempt.answered = true;
@@ -356,6 +372,7 @@ void Elm327Link::settle() {
     ++silences_;
     return;
   }
+  noteWait();
   // The bus search is no proof, since an ECU may have been asleep; this response is.
   if (exchange_.attempt.unnamed == 1 && exchange_.attempt.expectedFrames == 0) provenAlone_ = true;
   if (exchange_.attempt.wasPending)
@@ -366,6 +383,17 @@ void Elm327Link::settle() {
     frameCounts_.helped();
   else if (address != kFunctionalAddress && !assembler_.incomplete())
     frameCounts_.learn(address, exchange_.request, assembler_.frames());
+}
+
+void Elm327Link::noteWait() {
+  const Attempt& attempt = exchange_.attempt;
+  const auto reach = reach_.find(exchange_.target.address);
+  if (reach == reach_.end() || attempt.wasPending) return;
+  ElmWait& wait = reach->second.wait;
+  wait.answered(attempt.heard - attempt.asked);
+  const bool fullTime = attempt.expectedFrames == 0 && adapter_.timeout() >= kElmDefaultTimeout;
+  if (fullTime) wait.waited(clock_.now() - std::max(attempt.heard, waitingSince_));
+  if (exchange_.tried.test(usualTimeout)) wait.wasTooShort();
 }
 
 /// Whether anything that came over a raised line was what an adapter says.

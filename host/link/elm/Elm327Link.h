@@ -17,6 +17,7 @@
 #include "host/link/elm/ElmConsole.h"
 #include "host/link/elm/ElmFrameCounts.h"
 #include "host/link/elm/ElmFrames.h"
+#include "host/link/elm/ElmWait.h"
 #include "host/link/stream/ByteStream.h"
 
 namespace tarnlog::host {
@@ -65,6 +66,7 @@ class Elm327Link : public Link {
     bool functional = false;       ///< requests to it use functional addressing
     bool triedFunctional = false;  ///< that was tried
     bool apart = false;            ///< a physically addressed test request was answered
+    ElmWait wait{};
   };
   /// How many ECUs answer, as far as that is known where the adapter shows no headers.
   enum class Unnamed : std::uint8_t {
@@ -77,6 +79,7 @@ class Elm327Link : public Link {
   enum class Came : std::uint8_t { silence, unknownCommand, busTrouble, damage };
   /// What is done instead. The functions that do it are described in the table, kFallBacks.
   enum Instead : std::uint8_t {
+    usualTimeout,
     withoutFrameCount,
     functionalAddressing,
     noAddress,
@@ -101,6 +104,7 @@ class Elm327Link : public Link {
   /// One time that the request was sent.
   struct Attempt {
     Moment asked{};
+    Moment heard{};           ///< the last line of the ECU
     int expectedFrames = 0;   ///< sent with the request; 0: the adapter waits for its time-out
     bool anything = false;    ///< any line came
     bool barePrompt = false;  ///< a prompt came before any line
@@ -130,6 +134,7 @@ class Elm327Link : public Link {
   void begin(const LinkTarget& target, std::span<const std::uint8_t> request);
   void ask(bool countFrames);
   void useAddress();
+  void fitTimeout();
   void dropLateLines();
   int frameCountFor(bool countFrames);
   void writeRequest();
@@ -148,6 +153,7 @@ class Elm327Link : public Link {
   std::vector<LinkTarget> findEcusApart();
   /// The prompt came: learns from it, and fails where only a new start helps.
   void settle();
+  void noteWait();
   void noteLine(bool whole);
   bool isLineTooFast() const;
   void distrustLine();
@@ -157,6 +163,7 @@ class Elm327Link : public Link {
   Came whatCame() const;
   void giveUp(Came came);
   bool repeat();
+  bool wasShortened(Moment deadline) const;
   bool wasCounted(Moment deadline) const;
   bool mayAskFunctionally(Moment deadline) const;
   bool mayForgetAddress(Moment deadline) const;
@@ -167,6 +174,7 @@ class Elm327Link : public Link {
   bool mayBusRecover(Moment deadline) const;
   bool mayBeTooFast(Moment deadline) const;
   bool always(Moment deadline) const;
+  void lengthenTimeout(Moment deadline);
   void justAsk(Moment deadline);
   void askFunctionally(Moment deadline);
   void forgetAddress(Moment deadline);
@@ -189,6 +197,7 @@ class Elm327Link : public Link {
   bool awaitsPrompt_ = false;
   int silences_ = 0;  ///< attempts without any answer, one after another
   int lineFaults_ = 0;
+  Moment waitingSince_{};  ///< somebody waits for what the adapter says
   std::map<std::int32_t, Reach> reach_;
   Unnamed unnamed_ = Unnamed::unseen;
   bool provenAlone_ = false;                ///< one request without a frame count got exactly one response

@@ -1,6 +1,7 @@
 #include "host/vehicle/session/PollCycle.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/vehicle/session/IdentifierBundle.h"
 #include "host/vehicle/session/PolledRequest.h"
@@ -22,12 +23,12 @@ void PollCycle::begin(std::size_t position) {
   const Moment now = clock_.now();
   Moment due = now + kLongestPause;
   bool asks = false;
+  if (!std::exchange(begun_, true)) first_ = now;
   for (PolledRequest* const request : requests_) {
-    request->plan(now);
+    request->plan(now, first_);
     asks = asks || request->isAsked();
     due = std::min(due, request->due());
   }
-  begun_ = true;
   for (IdentifierBundle* const bundle : bundles_) bundle->forget();
   if (!asks) return conversation_.pause(std::chrono::ceil<std::chrono::milliseconds>(due - now));
   if (!severalEcus_ || !conversation_.goesSideBySide()) return;

@@ -38,6 +38,7 @@ class PollCycle {
   std::vector<PolledRequest*> requests_;
   std::vector<IdentifierBundle*> bundles_;
   std::size_t next_ = 0;  ///< what comes in this cycle
+  Moment first_{};        ///< when the first cycle began
   bool begun_ = false;
   bool severalEcus_ = false;
 };

@@ -14,14 +14,13 @@ using Outcome = Conversation::Outcome;
 
 }  // namespace
 
-/// Intervals count from the first time on, so that none is stretched by the length of a cycle; what was
-/// missed by more is not made up for.
-void PolledRequest::plan(Moment now) {
+/// No interval is stretched by the length of a cycle; what was missed is not made up for.
+void PolledRequest::plan(Moment now, Moment first) {
   const Moment interval = request_.description().interval;
   asked_ = now >= due_;
   trials_ += asked_ && leftOut_ ? 1 : 0;
   if (!asked_ || leftOut_) return;
-  due_ = now - due_ < interval ? due_ + interval : now + interval;
+  due_ = interval > Moment{} ? first + ((now - first) / interval + 1) * interval : now;
 }
 
 /// Trials are short, so that they hold up nobody, but now and then: its answers may be slower than others.

@@ -35,8 +35,9 @@ class PolledRequest : public ferrox3::Request {
   PolledRequest(VehicleRequest& request, const Polling& polling, PollCycle& cycle, std::size_t position)
       : request_(request), polling_(polling), cycle_(cycle), position_(position) {}
 
-  /// A cycle begins: decides whether it is sent in it.
-  void plan(Moment now);
+  /// A cycle begins: decides whether it is sent in it. Intervals count from `first`, so that requests that
+  /// are asked together stay together.
+  void plan(Moment now, Moment first);
   bool isAsked() const { return asked_; }
   /// When it will be sent again.
   Moment due() const { return due_; }

@@ -66,17 +66,20 @@ void IdentifierBundle::layOut() {
   groups_.clear();
   std::vector<Member*> together;
   std::size_t length = 1;
+  std::size_t most = laidOutFor_;
   const auto close = [&] {
     if (together.size() > 1) addGroup(together);
     together.clear();
     length = 1;
+    most = laidOutFor_;
   };
   for (Member& member : members_) {
     member.group.reset();
     if (member.apart || member.refused || !member.bytes) continue;
     const std::size_t part = member.identifier().size() + *member.bytes;
-    if (together.size() == laidOutFor_ || length + part > kLongestResponse) close();
+    if (together.size() >= std::min(most, member.most) || length + part > kLongestResponse) close();
     together.push_back(&member);
+    most = std::min(most, member.most);
     length += part;
   }
   close();
@@ -130,7 +133,7 @@ IdentifierBundle::Taken IdentifierBundle::ask(std::size_t position) {
     if (member.group == position) member.share = Share::missing;
   const auto outcome = ecu_.converse(group.frame, group.timeout, group.response);
   group.times = ecu_.times();
-  // A long request may be more than the ECU or the way to it can take: alone it will be told.
+  // A long request may be more than the ECU or the way to it can take: what is asked alone tells.
   if (outcome == Conversation::Outcome::unreachable && kind_ == Kind::pids) return Taken::unreachable;
   const bool wasUsable = worked_;
   judge(position, outcome, outcome == Conversation::Outcome::answered ? split(position) : 0);
@@ -141,10 +144,11 @@ IdentifierBundle::Taken IdentifierBundle::ask(std::size_t position) {
 /// If the bundle worked before, a response without data may be a disturbance: a few are allowed.
 void IdentifierBundle::judge(std::size_t position, Conversation::Outcome outcome, std::size_t came) {
   const Group& group = groups_[position];
-  const bool tooMuch = outcome == Conversation::Outcome::unreachable ||
-                       (outcome == Conversation::Outcome::refused && isTooMuchAtOnce(group.response));
-  if (kind_ == Kind::identifiers && tooMuch) {
-    ecu_.setMostIdentifiers((group.members + 1) / 2);
+  const bool refused = outcome == Conversation::Outcome::refused;
+  if (outcome == Conversation::Outcome::unreachable) {
+    unreached_ = position;
+  } else if (kind_ == Kind::identifiers && refused && isTooMuchAtOnce(group.response)) {
+    halve(position);
   } else if (kind_ == Kind::pids && !worked_ && came < 2) {
     usable_ = false;
     ecu_.setOnePidOnly();
@@ -154,8 +158,19 @@ void IdentifierBundle::judge(std::size_t position, Conversation::Outcome outcome
   } else {
     worked_ = true;
     failures_ = 0;
+    largest_ = std::max(largest_, group.members);
     noteMissing(position);
   }
+}
+
+/// Where the ECU answered as many at once, their number is not what it refuses: these ones together are.
+void IdentifierBundle::halve(std::size_t position) {
+  const std::size_t members = groups_[position].members;
+  const std::size_t half = (members + 1) / 2;
+  if (members > largest_) return ecu_.setMostIdentifiers(half);
+  for (Member& member : members_)
+    if (member.group == position) member.most = half;
+  changed_ = true;
 }
 
 void IdentifierBundle::noteMissing(std::size_t position) {
@@ -176,9 +191,12 @@ void IdentifierBundle::askedAlone(const RequestDescription& request, Conversatio
   Member& member = memberOf(request);
   const bool refused = outcome == Conversation::Outcome::refused && !isBusy(response);
   const bool answered = outcome == Conversation::Outcome::answered;
-  if (refused || answered) {
-    changed_ = changed_ || member.refused != refused;
-    member.refused = refused;
+  if (const auto unreached = std::exchange(unreached_, {}); unreached && (refused || answered))
+    halve(*unreached);
+  if ((refused || answered) && std::exchange(member.refused, refused) != refused) {
+    changed_ = true;
+    if (answered) member.missed = 0;
+    member.apart = member.apart && refused;  // whoever comes back is asked with the others again
   }
   const std::size_t head = 1 + member.identifier().size();
   if (!answered || kind_ == Kind::pids || response.size() <= head) return;

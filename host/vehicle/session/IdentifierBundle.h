@@ -58,9 +58,10 @@ class IdentifierBundle {
     Share share = Share::due;
     std::size_t place = 0;  ///< offset of the identifier in the response, when it arrived
     bool cameBefore = false;
-    int missed = 0;        ///< in a row
-    bool apart = false;    ///< requested by itself from now on
-    bool refused = false;  ///< when it was asked for alone
+    int missed = 0;                             ///< in a row
+    bool apart = false;                         ///< requested by itself from now on
+    std::size_t most = kMostIdentifiersAtOnce;  ///< members of its group
+    bool refused = false;                       ///< when it was asked for alone
 
     std::span<const std::uint8_t> identifier() const { return std::span(request->frame).subspan(1); }
   };
@@ -85,14 +86,17 @@ class IdentifierBundle {
   Member* arrivingAt(std::size_t group, std::span<const std::uint8_t> bytes);
   void judge(std::size_t group, Conversation::Outcome outcome, std::size_t came);
   void noteMissing(std::size_t group);
+  void halve(std::size_t group);
 
   EcuChannel& ecu_;
   Kind kind_;
   std::vector<Member> members_;
   std::vector<Group> groups_;
   Conversation::Times times_;
-  std::size_t laidOutFor_ = 0;  ///< members at once
-  bool changed_ = true;         ///< since it was laid out
+  std::size_t laidOutFor_ = 0;              ///< members at once
+  std::size_t largest_ = 0;                 ///< group that was answered
+  std::optional<std::size_t> unreached_{};  ///< group; what is asked alone tells whether it is too long
+  bool changed_ = true;                     ///< since it was laid out
   bool worked_ = false;
   int failures_ = 0;
   bool usable_ = true;

@@ -26,13 +26,15 @@ class Identifiers : public SimulatedPeer {
  public:
   std::map<std::uint8_t, std::string> data{{1, "11"},       {2, "22 22"}, {3, "33"},
                                            {4, "44 44 44"}, {5, "55"},    {6, "66"}};
-  std::size_t most = 64;          ///< at once
-  std::uint8_t refusal = 0x13;    ///< of more than that
-  bool backwards = false;         ///< the answer's order
-  std::string behind;             ///< bytes at the end of answers to several
-  std::set<std::uint8_t> spoils;  ///< an identifier that makes it refuse all
-  std::size_t longest = 4095;     ///< bytes of a request that reach it
-  bool silent = false;            ///< when it is asked for several
+  std::size_t most = 64;               ///< at once
+  std::uint8_t refusal = 0x13;         ///< of more than that
+  bool backwards = false;              ///< the answer's order
+  std::string behind;                  ///< bytes at the end of answers to several
+  std::set<std::uint8_t> spoils;       ///< an identifier that makes it refuse all
+  std::set<std::uint8_t> longAnswers;  ///< which do not fit into one answer all
+  std::size_t longest = 4095;          ///< bytes of a request that reach it
+  std::set<std::uint8_t> leavesOut;    ///< of answers to several
+  bool silent = false;                 ///< when it is asked for several
   std::vector<std::string> sent;
 
   void start() override {}
@@ -45,13 +47,14 @@ class Identifiers : public SimulatedPeer {
     std::vector<std::uint8_t> asked;
     for (std::size_t at = 2; at < request.size(); at += 2) asked.push_back(request[at]);
     bytes = {0x7F, 0x22, refusal};
-    if (asked.size() > most) return;
+    const auto isLong = [&](std::uint8_t each) { return longAnswers.contains(each); };
+    if (asked.size() > most || std::ranges::count_if(asked, isLong) > 1) return;
     bytes[2] = 0x31;
     if (std::ranges::any_of(asked, [&](std::uint8_t each) { return spoils.contains(each); })) return;
     if (backwards) std::ranges::reverse(asked);
     Link::Bytes positive{0x62};
     for (const std::uint8_t each : asked) {
-      if (!data.contains(each)) continue;
+      if (!data.contains(each) || (asked.size() > 1 && leavesOut.contains(each))) continue;
       positive.insert(positive.end(), {0xF0, each});
       const auto own = *bytesFromHex(data[each]);
       positive.insert(positive.end(), own.begin(), own.end());
@@ -137,6 +140,17 @@ TEST(IdentifierBundle, FindsOutHowManyTheEcuTakes) {
   }
 }
 
+TEST(IdentifierBundle, AFewThatAreTooMuchTogetherDoNotLimitTheOthers) {
+  Car car;
+  car.peer.most = 4;
+  car.cycles(3);
+  EXPECT_EQ(car.cycle(), kAll);
+  EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02 F0 03", "F0 04 F0 05 F0 06"));
+  car.peer.longAnswers = {5, 6};
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(car.cycle(), kAll);
+  EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02 F0 03", "F0 04 F0 05", "F0 06"));
+}
+
 TEST(IdentifierBundle, LeavesOutWhatIsMissingOrRefusedAndTakesItBack) {
   Car car;
   car.cycles(2);
@@ -156,6 +170,23 @@ TEST(IdentifierBundle, LeavesOutWhatIsMissingOrRefusedAndTakesItBack) {
   EXPECT_EQ(car.cycle(), "11223A44--66");
   EXPECT_EQ(car.cycle(), "11223A44--66");
   EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02 F0 03 F0 04 F0 06"));
+  car.peer.spoils.clear();
+  car.clock.step(6s);
+  car.cycles(2);
+  EXPECT_THAT(car.peer.sent, ElementsAre(kTogether));
+
+  // It goes, is missed three times in a row, and comes back.
+  car.peer.leavesOut = {2};
+  car.cycles(4);
+  EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 03 F0 04 F0 05 F0 06", "F0 02"))
+      << "it is answered alone only";
+  car.peer.data.erase(2);
+  car.cycles(2);
+  car.peer.leavesOut.clear();
+  car.peer.data[2] = "22 22";
+  car.clock.step(6s);
+  car.cycles(2);
+  EXPECT_THAT(car.peer.sent, ElementsAre(kTogether));
 }
 
 TEST(IdentifierBundle, NeverRecordsAWrongSplit) {
@@ -177,6 +208,13 @@ TEST(IdentifierBundle, DoesNotEndThePollingOfWhatCanOnlyBeAskedForAlone) {
   Car car;
   car.peer.longest = 7;
   for (int i = 0; i < 4; ++i) EXPECT_EQ(car.cycle(), kAll) << "longer requests do not reach the ECU";
+  EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02 F0 03", "F0 04 F0 05 F0 06"));
+
+  // When nothing reaches the ECU, the length of the requests does not matter.
+  car.peer.longest = 0;
+  for (int i = 0; i < 3; ++i) EXPECT_THAT(car.cycle(), testing::HasSubstr("no flow control"));
+  car.peer.longest = 7;
+  car.cycle();
   EXPECT_THAT(car.peer.sent, ElementsAre("F0 01 F0 02 F0 03", "F0 04 F0 05 F0 06"));
 
   car.peer.silent = true;

@@ -89,6 +89,7 @@ ExchangeResult& Conversation::ask(EcuLane& lane, const LinkTarget& target,
     while (!lane.hasResult() && lane.hasAhead()) step();
     if (lane.hasResult()) return lane.takeResult();
   }
+  lane.letOtherIn();
   while (!lane.exchange().isOver()) step();
   readAway();
   lane.startOther(target, request, timeout);
@@ -211,7 +212,7 @@ void Conversation::dispatch(Link::Received received) {
 void Conversation::turnedAway(EcuLane& lane) {
   if (!lane.exchange().awaits()) return;
   const std::size_t open = openLanes();
-  if (open > 1 && lane.isAheadOpen()) {
+  if (open > 1) {
     mostOpen_ = open - 1;
     return lane.sendAgain();
   }

@@ -13,7 +13,7 @@ using std::chrono::milliseconds;
 
 /// For the refusal of a request that asks for no answer.
 constexpr milliseconds kRefusalTime = 2 * timing::kP2;
-/// Until an ECU that is busy is asked again.
+/// Until an ECU that is busy, or could not be reached for a moment, is asked again.
 constexpr milliseconds kBusyPause{20};
 /// What P2 and P2* do not count: the way there and back.
 constexpr milliseconds kWay{100};
@@ -135,6 +135,12 @@ void EcuExchange::withdraw() {
   if (state_ == State::verifying) late_.verificationLost();
   if (state_ == State::awaiting) late_.noneExpected();
   state_ = State::over;
+}
+
+void EcuExchange::repeatLater() {
+  withdraw();
+  due_ = clock_.now() + kBusyPause;
+  state_ = State::pausing;
 }
 
 void EcuExchange::finish(ExchangeOutcome outcome) {

@@ -70,6 +70,8 @@ class EcuExchange {
   void abandon();
   /// The same, where the request did not reach the ECU.
   void withdraw();
+  /// It did not, and is sent again after a pause.
+  void repeatLater();
 
   bool isOver() const { return state_ == State::over; }
   /// Something is to be received. Else, unless it is over, only time has to pass.

@@ -28,7 +28,6 @@ void EcuLane::startNext() {
 void EcuLane::startOther(const LinkTarget& target, std::span<const std::uint8_t> request,
                          std::chrono::milliseconds timeout) {
   keepResult();
-  isOtherOpen_ = true;
   exchange_.start(target, request, timeout);
 }
 
@@ -47,6 +46,7 @@ void EcuLane::storeResult() {
 }
 
 void EcuLane::sendAgain() {
+  if (!isAheadOpen_) return exchange_.repeatLater();
   exchange_.withdraw();
   --next_;
   isAheadOpen_ = false;

@@ -42,6 +42,8 @@ class EcuLane {
   /// How much was told ahead and is not sent yet.
   std::size_t left() const { return told_ - next_; }
   void startNext();
+  /// What was told ahead waits until `takeOther`, but for what is under way.
+  void letOtherIn() { isOtherOpen_ = true; }
   /// Sends something that was not told ahead, while nothing is under way.
   void startOther(const LinkTarget& target, std::span<const std::uint8_t> request,
                   std::chrono::milliseconds timeout);
@@ -83,7 +85,7 @@ class EcuLane {
   std::size_t next_ = 0;      ///< the first that was not started
   std::size_t taken_ = 0;     ///< the first that was not asked for
   bool isAheadOpen_ = false;  ///< the one before `next_` is under way
-  bool isOtherOpen_ = false;  ///< something else is under way, or its result was not taken
+  bool isOtherOpen_ = false;  ///< something else is to be sent or under way, or its result was not taken
 };
 
 }  // namespace tarnlog::host

@@ -362,6 +362,28 @@ TEST(VehicleSession, OpenSessionsAreKeptWhileAnotherEcuIsAsked) {
   EXPECT_EQ(askWheelsFor(9), 0);
 }
 
+TEST(VehicleSession, WaitsForAnEcuAsLongAsItTellsWhenASessionIsOpened) {
+  Car car;
+  const auto silence = [&] { return car.timeOf([&] { EXPECT_NE(car.exchange(1, "22 00 02"), ""); }); };
+  EXPECT_EQ(silence(), 200ms);
+  // P2 is 20 ms and P2* 300 ms; 100 ms for the way, and 10 ms as it took so far.
+  car.peer.script["10 03"] = {"50 03 00 14 00 1E"};
+  EXPECT_EQ(car.exchange(1, "10 03"), "50 03 00 14 00 1E");
+  EXPECT_EQ(silence(), 130ms);
+  EXPECT_EQ(silence(), 200ms) << "too short for the way, perhaps: not believed any more";
+  car.peer.script["22 00 02"] = {"7F 22 78"};
+  EXPECT_EQ(silence(), 420ms);
+  car.peer.script["22 00 02"].clear();
+  // A slow ECU gets its time.
+  car.peer.script["10 03"] = {"50 03 01 F4 00 1E"};
+  EXPECT_EQ(car.exchange(1, "10 03"), "50 03 01 F4 00 1E");
+  EXPECT_EQ(silence(), 610ms);
+  // What has another length, or comes from an ECU of another protocol, tells no times.
+  car.peer.script["10 81"] = {"50 81 00 14 00 1E"};
+  EXPECT_EQ(car.exchange(0, "10 81"), "50 81 00 14 00 1E");
+  EXPECT_EQ(car.timeOf([&] { EXPECT_NE(car.exchange(0, "21 80"), ""); }), 200ms);
+}
+
 // Refusals of a session that has lapsed once led to a new initialisation; now they only leave out.
 TEST(VehicleSession, ALostSessionIsOpenedAgain) {
   PolledCar car;

@@ -178,6 +178,21 @@ TEST(SideBySide, AGatewayThatTurnsRequestsAwayIsAskedFewerAtATime) {
   car.openAtMost = 0;
   EXPECT_EQ(poller.timeOfACycle(), 60ms) << "five bundles, two at a time";
   EXPECT_EQ(car.openAtMost, 2U);
+  // What is asked in between is sent again, too, and waits for nothing that was told ahead.
+  car.mostOpen = 1;
+  const auto out = poller.session().createRawBuffer();
+  const auto in = poller.session().createRawBuffer();
+  out->fill("22 F1 90");
+  std::chrono::milliseconds wait{};
+  EXPECT_EQ(poller.cycle([&](std::size_t ecu, std::size_t request, double) {
+    if (ecu > 0 || request > 0) return;
+    const Moment before = car.clock.now();
+    poller.session().ecu(4).exchange(*out, *in);
+    wait = std::chrono::round<std::chrono::milliseconds>(car.clock.now() - before);
+  }),
+            "none");
+  EXPECT_EQ(in->text(), "62 F1 90 00 01");
+  EXPECT_LT(wait, 75ms);
   car.mostOpen = 0;
   EXPECT_THAT(poller.cycle(), testing::HasSubstr("car: "));
 }

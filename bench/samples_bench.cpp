@@ -56,7 +56,7 @@ std::unique_ptr<host::OpenedVehicle> openCar(Car car, std::size_t dataPerRequest
     return host::openVehicle("car.json", files, {}, clock, {},
                              std::make_unique<bench::PreparedLink>(dataPerRequest));
   host::LinkOptions link;
-  link.url = "doip://127.0.0.1:" + std::to_string(gateway);
+  link.url = "doip://127.0.0.1:" + std::to_string(gateway) + "?bundle=0";  // an answer for each request
   return host::openVehicle("car.json", files, {}, clock, {}, link);
 }
 

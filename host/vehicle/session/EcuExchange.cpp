@@ -102,10 +102,9 @@ void EcuExchange::came(Link::Bytes& response) {
 void EcuExchange::unasked() { late_.unasked(); }
 
 void EcuExchange::silent() {
-  if (state_ == State::verifying && verification_->required) return finish(ExchangeOutcome::silent);
   if (state_ == State::verifying) {
     late_.notVerified(*verification_);
-    ask();
+    verification_->required ? finish(ExchangeOutcome::silent) : ask();
   } else if (state_ == State::awaiting) {
     finish(pending_ ? ExchangeOutcome::onlyPending : ExchangeOutcome::silent);
   }

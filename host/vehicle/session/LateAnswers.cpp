@@ -33,7 +33,9 @@ std::optional<LateAnswers::Verification> LateAnswers::before(Protocol protocol,
                                                              Moment now, milliseconds timeout) {
   if (std::exchange(surplus_, false)) distrustDoubled();
   if (now > givenUp_ + kForgotten) settle();
-  const bool doubtful = distrusted_ > 0 || owed_.test(request[0]) || owed_.test(service::kTesterPresent);
+  const bool doubled = distrusted_ > 0 && !unprovable_;
+  const bool unclear = provable_ && owed_.test(service::kTesterPresent);
+  const bool doubtful = doubled || unclear || owed_.test(request[0]);
   const bool unproven = isUnproven(request);
   if (!doubtful && !unproven) return {};
   return Verification{harmlessRequest(protocol, owesPids_ && owed_.any()),
@@ -66,6 +68,19 @@ void LateAnswers::distrustDoubled() {
   if (owed_.none()) distrusted_ = kDistrusted;
 }
 
+void LateAnswers::answered() {
+  provable_ = provable_ || service_ == service::kTesterPresent;
+  settle();
+}
+
+/// An ECU that owes nothing, and has never answered such requests, does not know them: waiting for its answer
+/// would never end.
+void LateAnswers::notVerified(const Verification& verification) {
+  constexpr int kMostUnverified = 3;
+  if (provable_ || (verification.required && owed_.any())) return;
+  unprovable_ = unprovable_ || !verification.required || ++unverified_ >= kMostUnverified;
+}
+
 /// All that it was asked before is through.
 void LateAnswers::settle() {
   owed_.reset();
@@ -84,6 +99,8 @@ bool LateAnswers::isVerifiedBy(std::span<const std::uint8_t> verification,
     distrustDoubled();
     return false;
   }
+  provable_ = true;
+  unprovable_ = false;
   --aside_;
   if (strayed_ == 0) {
     owed_.reset();

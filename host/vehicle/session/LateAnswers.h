@@ -37,11 +37,11 @@ class LateAnswers {
   /// True when this response to it shows that nothing older is to come.
   bool isVerifiedBy(std::span<const std::uint8_t> verification, std::span<const std::uint8_t> response);
   /// It was not answered in time.
-  void notVerified(const Verification& verification) { unprovable_ = unprovable_ || !verification.required; }
+  void notVerified(const Verification& verification);
   /// The request itself is sent.
   void sent(std::span<const std::uint8_t> request, Moment now, std::chrono::milliseconds timeout);
   /// The answer to that request came.
-  void answered() { settle(); }
+  void answered();
   /// It did not come in time.
   void givenUp(Moment now) { givenUp_ = now; }
   /// That request suppressed its positive response, and nothing came.
@@ -64,6 +64,8 @@ class LateAnswers {
   int strayed_ = 0;                    ///< those of them that are older than the last request
   std::vector<std::uint8_t> request_;  ///< sent last
   int alike_ = 0;                      ///< how often in a row
+  int unverified_ = 0;                 ///< verification requests without an answer, while it owed nothing
+  bool provable_ = false;              ///< it has answered one, or another TesterPresent
   bool unprovable_ = false;  ///< it did not answer a verification request when nothing was outstanding
 };
 

@@ -119,6 +119,12 @@ TEST(LateAnswers, AnEcuThatDoesNotKnowTesterPresentIsBelievedAgainAfterAWhile) {
   while (car.ask("22 F1 90") == "none") {
   }
   EXPECT_NEAR(static_cast<double>((car.clock.now() - before).count()), 5e6, 2e5);
+
+  // What nobody will answer is not waited for without end: after TesterPresent itself, and a doubled answer.
+  EXPECT_EQ(car.ask("3E 00"), "none");
+  EXPECT_EQ(car.ask("22 F1 90"), "new");
+  car.ecu.faults = {Fault::doubled};
+  EXPECT_GT(car.askOften(200)["new"], 190);
 }
 
 TEST(LateAnswers, AMessageThatIsCutShortIsNotFilledUpWithTheNext) {

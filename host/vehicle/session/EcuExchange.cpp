@@ -1,6 +1,7 @@
 #include "host/vehicle/session/EcuExchange.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/service/Protocol.h"
 #include "host/service/ResponseCheck.h"
@@ -75,8 +76,17 @@ void EcuExchange::learnTimes() {
       protocolOf(target_.protocol) != Protocol::uds)
     return;
   const auto number = [&](std::size_t at) { return told[at] << 8 | told[at + 1]; };
-  if (number(2) > 0) p2_ = milliseconds(number(2));
-  if (number(4) > 0) p2Star_ = milliseconds(number(4) * 10);
+  const milliseconds p2(number(2));
+  const milliseconds p2Star(number(4) * 10);
+  if (p2 > p2TooShort_) p2_ = p2;
+  if (p2Star > p2StarTooShort_) p2Star_ = p2Star;
+}
+
+/// Times that are too short for the way, or not true, are not believed again.
+void EcuExchange::doubtTimes() {
+  if (!pending_ && p2_ && patience() < timeout_) p2TooShort_ = *std::exchange(p2_, {});
+  if (pending_ && p2Star_ && clock_.now() < result_.times.sent + pendingTimeout_)
+    p2StarTooShort_ = *std::exchange(p2Star_, {});
 }
 
 void EcuExchange::came(Link::Bytes& response) {
@@ -154,8 +164,7 @@ void EcuExchange::finish(ExchangeOutcome outcome) {
     if (!pending_) slowest_ = std::max(slowest_, now - result_.times.sent);
   } else if (asked) {
     late_.givenUp(now);
-    // A P2 that is too short for the way is not believed again.
-    if (outcome == Outcome::silent && patience() < timeout_) p2_.reset();
+    doubtTimes();
   }
   if (outcome == Outcome::silent && asked && noAnswer_) {
     late_.noneExpected();

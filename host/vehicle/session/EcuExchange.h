@@ -89,6 +89,7 @@ class EcuExchange {
   void ask();
   void finish(ExchangeOutcome outcome);
   void learnTimes();
+  void doubtTimes();
   std::chrono::microseconds patience() const;
 
   Link& link_;
@@ -106,6 +107,8 @@ class EcuExchange {
   std::optional<LateAnswers::Verification> verification_;
   std::optional<std::chrono::milliseconds> p2_;  ///< as the ECU told them
   std::optional<std::chrono::milliseconds> p2Star_;
+  std::chrono::milliseconds p2TooShort_{};
+  std::chrono::milliseconds p2StarTooShort_{};
   std::chrono::microseconds slowest_{};  ///< answer so far
   ExchangeResult result_;
 };

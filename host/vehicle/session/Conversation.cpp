@@ -119,10 +119,10 @@ void Conversation::step() {
   Moment now = clock_.now();
   for (const EcuLane& lane : lanes_) {
     if (lane.exchange().isOver()) continue;
-    // A long answer that has begun may take longer; its link gives it up.
-    const bool comes = lane.exchange().awaits() && link_.isComing(lane.answerer());
+    // A long answer that has begun may take longer; its link gives it up, wanted or not.
+    const bool comes = link_.isComing(lane.answerer());
     due = std::min(due, comes ? now + kLookAround : lane.exchange().due());
-    awaits = awaits || lane.exchange().awaits();
+    awaits = awaits || comes || lane.exchange().awaits();
   }
   if (awaits) {
     const auto received = link_.receive(came_, ceil<milliseconds>(std::max(due - now, Moment(0))));

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/link/can/IsoTpLink.h"
 #include "host/link/trace/ReplayPeer.h"
 #include "host/link/trace/SimulatedLink.h"
 #include "host/link/trace/TraceLink.h"
@@ -15,6 +16,7 @@
 #include "tests/support/FaultyCar.h"
 #include "tests/support/ManualLinkClock.h"
 #include "tests/support/MemoryFileSystem.h"
+#include "tests/support/ScriptedBus.h"
 
 namespace tarnlog::host {
 namespace {
@@ -195,6 +197,19 @@ TEST(SideBySide, AGatewayThatTurnsRequestsAwayIsAskedFewerAtATime) {
   EXPECT_LT(wait, 75ms);
   car.mostOpen = 0;
   EXPECT_THAT(poller.cycle(), testing::HasSubstr("car: "));
+}
+
+TEST(SideBySide, AMessageThatBeginsWhileABusyEcuIsLeftAloneEndsInTime) {
+  ManualLinkClock clock;
+  test::ScriptedBus::Log bus;
+  bus.script["03 22 F0 00 CC CC CC CC"] = {"03 7F 22 21", "10 14 62 F0 00 01 02 03"};
+  IsoTpLink link(
+      {}, [&] { return std::make_unique<test::ScriptedBus>(bus, clock); }, clock);
+  Conversation conversation(link, clock, 1s);
+  Link::Bytes response;
+  const Link::Bytes request{0x22, 0xF0, 0x00};
+  EXPECT_EQ(conversation.exchange({0x7E0, "UDS"}, request, 100ms, response), ExchangeOutcome::refused);
+  EXPECT_LT(clock.now(), 2s);
 }
 
 TEST(SideBySide, InRandomExchangesNoValueIsRecordedThatIsNotTheNewest) {

@@ -16,6 +16,8 @@ using std::chrono::milliseconds;
 namespace {
 
 constexpr milliseconds kLookAround{20};
+/// Until a gateway that turned a request away is asked one more at a time.
+constexpr std::chrono::seconds kOneMore{10};
 
 }  // namespace
 
@@ -161,6 +163,10 @@ std::size_t Conversation::openLanes() const {
 
 /// The ECU with the most left to ask goes first, so that no single one is left over.
 void Conversation::startSome() {
+  if (clock_.now() >= oneMore_) {
+    oneMore_ = clock_.now() + kOneMore;
+    ++mostOpen_;
+  }
   while (openLanes() < mostOpen_) {
     EcuLane* next = nullptr;
     for (EcuLane& lane : lanes_)
@@ -214,6 +220,7 @@ void Conversation::turnedAway(EcuLane& lane) {
   const std::size_t open = openLanes();
   if (open > 1) {
     mostOpen_ = open - 1;
+    oneMore_ = clock_.now() + kOneMore;
     return lane.sendAgain();
   }
   if (open == 1) mostOpen_ = kAnyNumber;  // it was not for the others

@@ -105,6 +105,7 @@ class Conversation {
   std::chrono::milliseconds pendingTimeout_;
   std::deque<EcuLane> lanes_;          ///< few: as many as ECUs were asked
   std::size_t mostOpen_ = kAnyNumber;  ///< of them at a time
+  Moment oneMore_{};                   ///< when that grows, where there is a limit
   Link::Bytes came_;                   ///< kept for its capacity
   // Of the last exchange:
   std::chrono::milliseconds timeout_{};

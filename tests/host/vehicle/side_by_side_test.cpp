@@ -195,6 +195,12 @@ TEST(SideBySide, AGatewayThatTurnsRequestsAwayIsAskedFewerAtATime) {
             "none");
   EXPECT_EQ(in->text(), "62 F1 90 00 01");
   EXPECT_LT(wait, 75ms);
+  car.mostOpen = 100;
+  for (int i = 0; i < 4; ++i) {
+    car.clock.step(10s);
+    EXPECT_EQ(poller.cycle(), "none");
+  }
+  EXPECT_EQ(poller.timeOfACycle(), 20ms) << "one more at a time after each ten seconds";
   car.mostOpen = 0;
   EXPECT_THAT(poller.cycle(), testing::HasSubstr("car: "));
 }

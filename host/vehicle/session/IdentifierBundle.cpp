@@ -10,6 +10,9 @@ namespace tarnlog::host {
 namespace {
 
 constexpr int kMostFailures = 3;
+/// Until what disturbances may have limited is tried again.
+constexpr std::chrono::seconds kShortestPatience{30};
+constexpr std::chrono::minutes kLongestPatience{5};
 /// Of all data that are asked for at once: ECUs have small buffers.
 constexpr std::size_t kLongestResponse = 1024;
 
@@ -97,6 +100,8 @@ void IdentifierBundle::addGroup(const std::vector<Member*>& together) {
 }
 
 void IdentifierBundle::forget() {
+  unreached_.reset();
+  if (forgiven_ && ecu_.times().received >= *forgiven_) forgive();
   for (Member& member : members_) member.share = Share::due;
   for (Group& group : groups_) group.toldAhead = false;
   if (changed_ || most() != laidOutFor_) layOut();
@@ -154,13 +159,21 @@ void IdentifierBundle::judge(std::size_t position, Conversation::Outcome outcome
     ecu_.setOnePidOnly();
   } else if (came == 0) {
     usable_ = ++failures_ < kMostFailures;
-    if (!usable_ && kind_ == Kind::identifiers) ecu_.setMostIdentifiers(1);
+    suspected_ = !usable_;
   } else {
     worked_ = true;
     failures_ = 0;
+    if (!forgiven_) patience_ = {};
     largest_ = std::max(largest_, group.members);
     noteMissing(position);
   }
+}
+
+/// Where the ECU is silent alone, too, it was not for asking several at once.
+void IdentifierBundle::judgeSuspect(bool worksAlone) {
+  if (worksAlone) return limit();
+  usable_ = true;
+  failures_ = 0;
 }
 
 /// Where the ECU answered as many at once, their number is not what it refuses: these ones together are.
@@ -168,9 +181,31 @@ void IdentifierBundle::halve(std::size_t position) {
   const std::size_t members = groups_[position].members;
   const std::size_t half = (members + 1) / 2;
   if (members > largest_) return ecu_.setMostIdentifiers(half);
+  halveMembers(position);
+}
+
+void IdentifierBundle::halveMembers(std::size_t position) {
   for (Member& member : members_)
-    if (member.group == position) member.most = half;
+    if (member.group == position) member.most = (groups_[position].members + 1) / 2;
   changed_ = true;
+}
+
+void IdentifierBundle::limit() {
+  if (forgiven_) return;
+  patience_ = std::clamp<std::chrono::seconds>(2 * patience_, kShortestPatience, kLongestPatience);
+  forgiven_ = ecu_.times().received + patience_;
+}
+
+/// One more failure is enough to limit it again.
+void IdentifierBundle::forgive() {
+  forgiven_.reset();
+  usable_ = changed_ = true;
+  failures_ = std::min(failures_, kMostFailures - 1);
+  for (Member& member : members_) {
+    if (member.missed >= kMostFailures) member.missed = kMostFailures - 1;
+    member.apart = false;
+    member.most = kMostIdentifiersAtOnce;
+  }
 }
 
 void IdentifierBundle::noteMissing(std::size_t position) {
@@ -182,6 +217,7 @@ void IdentifierBundle::noteMissing(std::size_t position) {
     } else if (!member.apart &&
                (++member.missed == kMostFailures || (kind_ == Kind::pids && !member.cameBefore))) {
       member.apart = changed_ = true;
+      limit();
     }
   }
 }
@@ -191,8 +227,11 @@ void IdentifierBundle::askedAlone(const RequestDescription& request, Conversatio
   Member& member = memberOf(request);
   const bool refused = outcome == Conversation::Outcome::refused && !isBusy(response);
   const bool answered = outcome == Conversation::Outcome::answered;
-  if (const auto unreached = std::exchange(unreached_, {}); unreached && (refused || answered))
-    halve(*unreached);
+  if (std::exchange(suspected_, false)) judgeSuspect(refused || answered);
+  if (const auto unreached = std::exchange(unreached_, {}); unreached && (refused || answered)) {
+    halveMembers(*unreached);
+    limit();
+  }
   if ((refused || answered) && std::exchange(member.refused, refused) != refused) {
     changed_ = true;
     if (answered) member.missed = 0;

@@ -20,7 +20,8 @@ namespace tarnlog::host {
 /// How long an identifier's data are is learned from the answers that it gives alone, so that a part is used
 /// only where the next one begins where it must. An ECU that takes fewer at once says so (negative response
 /// codes 13 and 14): half as many are tried. What keeps missing, or is refused alone, is requested by itself,
-/// and so are all if the ECU does not support several per request.
+/// and so are all if the ECU does not support several per request. What may have been a disturbance is tried
+/// again after a while, each time after a longer one.
 class IdentifierBundle {
  public:
   enum class Kind : std::uint8_t { none, pids, identifiers };
@@ -87,6 +88,10 @@ class IdentifierBundle {
   void judge(std::size_t group, Conversation::Outcome outcome, std::size_t came);
   void noteMissing(std::size_t group);
   void halve(std::size_t group);
+  void halveMembers(std::size_t group);
+  void judgeSuspect(bool worksAlone);
+  void limit();
+  void forgive();
 
   EcuChannel& ecu_;
   Kind kind_;
@@ -100,6 +105,9 @@ class IdentifierBundle {
   bool worked_ = false;
   int failures_ = 0;
   bool usable_ = true;
+  bool suspected_ = false;  ///< of not working; what is asked alone tells whether the ECU works at all
+  std::optional<Moment> forgiven_{};  ///< when what disturbances may have limited is tried again
+  std::chrono::seconds patience_{};
 };
 
 }  // namespace tarnlog::host

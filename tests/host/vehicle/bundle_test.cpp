@@ -35,12 +35,14 @@ class Identifiers : public SimulatedPeer {
   std::size_t longest = 4095;          ///< bytes of a request that reach it
   std::set<std::uint8_t> leavesOut;    ///< of answers to several
   bool silent = false;                 ///< when it is asked for several
+  bool dead = false;                   ///< whatever it is asked
   std::vector<std::string> sent;
 
   void start() override {}
   void answer(const LinkTarget&, std::span<const std::uint8_t> request, std::chrono::microseconds,
               SimulatedAnswers& answers) override {
     sent.push_back(hexText(request.subspan(1)));
+    if (dead) return;
     if (request.size() > longest) throw EcuUnreachable(1, "Identifiers", "no flow control");
     if (request.size() > 3 && silent) return;
     Link::Bytes& bytes = answers.add(10ms);
@@ -202,6 +204,13 @@ TEST(IdentifierBundle, NeverRecordsAWrongSplit) {
   car.peer.behind = "AA AA";
   for (int i = 0; i < 8; ++i) EXPECT_EQ(car.cycle(), "112B33445566");
   EXPECT_EQ(car.peer.sent.size(), 6U) << "singly from now on";
+  for (const auto after : {31s, 61s}) {
+    car.clock.step(after);
+    if (after > 60s) car.peer.behind.clear();
+    car.cycles(2);
+    EXPECT_EQ(car.cycle(), "112B33445566");
+    EXPECT_EQ(car.peer.sent.size(), after > 60s ? 1U : 6U) << "tried again after a while";
+  }
 }
 
 TEST(IdentifierBundle, DoesNotEndThePollingOfWhatCanOnlyBeAskedForAlone) {
@@ -225,6 +234,14 @@ TEST(IdentifierBundle, DoesNotEndThePollingOfWhatCanOnlyBeAskedForAlone) {
   car.set->protocol().initialiseAll();
   car.peer.data[2] = "2C 22";
   EXPECT_EQ(car.cycle(), "112C33445566");
+
+  // An ECU that is silent whatever it is asked says nothing about asking for several at once.
+  car.peer.dead = true;
+  car.cycles(20);
+  car.peer.dead = false;
+  car.clock.step(6s);
+  car.cycles(2);
+  EXPECT_EQ(car.peer.sent.size(), 2U);
 }
 
 }  // namespace

@@ -224,7 +224,7 @@ void DoipLink::handle(const DoipMessage& message) {
       stream_->write(doipAliveResponse(settings_.tester, version_));
       break;
     case DoipType::refused:
-      if (!speaksOtherVersion(message)) fail("the gateway did not understand a message");
+      if (!speaksOtherVersion(message)) discarded(message);
       break;
     case DoipType::diagnosticAcknowledged:
       if (const auto ecu = waiterFor(message); ecu != ecus_.end()) ecu->second.acknowledged = true;
@@ -238,12 +238,25 @@ void DoipLink::handle(const DoipMessage& message) {
 }
 
 void DoipLink::refused(const DoipMessage& message) {
-  if (message.payload.size() <= 4) return;
+  if (message.payload.size() > 4) turnAway(message, message.payload[4]);
+}
+
+/// By its header. A gateway reads on behind what is too long, or more than it has room for: then it was the
+/// oldest request that is not acknowledged.
+void DoipLink::discarded(const DoipMessage& message) {
+  constexpr std::uint8_t kTooLarge = 0x02;
+  constexpr std::uint8_t kOutOfMemory = 0x03;
+  const int code = message.payload.empty() ? -1 : message.payload[0];
+  if (code != kTooLarge && code != kOutOfMemory) fail("the gateway did not understand a message");
+  turnAway(message, code == kTooLarge ? kDoipTooLarge : kDoipOutOfMemory);
+}
+
+void DoipLink::turnAway(const DoipMessage& message, std::uint8_t code) {
   const auto ecu = waiterFor(message);
   if (ecu == ecus_.end() || !ecu->second.open) return;
   ecu->second.open = false;
   setAnswerer(ecu->first);
-  throw TurnedAway(1, "DoipLink", settings_.host + ": " + doipRefusalText(message.payload[4]));
+  throw TurnedAway(1, "DoipLink", settings_.host + ": " + doipRefusalText(code));
 }
 
 std::vector<LinkTarget> DoipLink::doFindEcus() {

@@ -75,6 +75,8 @@ class DoipLink : public Link {
   std::optional<DoipMessage> nextMessage(Moment deadline);
   void handle(const DoipMessage& message);
   void refused(const DoipMessage& message);
+  void discarded(const DoipMessage& message);
+  void turnAway(const DoipMessage& message, std::uint8_t code);
   bool isAnswer(const DoipMessage& message) const;
   static Received take(const DoipMessage& message, Ecu& ecu, Bytes& response);
   Ecus::iterator answererIn(const DoipMessage& message);

@@ -135,9 +135,9 @@ std::string doipRefusalText(std::uint8_t code) {
       return "the gateway does not accept this tester address";
     case 0x03:
       return "the gateway knows no ECU of this address";
-    case 0x04:
+    case kDoipTooLarge:
       return "the request is too long for the gateway";
-    case 0x05:
+    case kDoipOutOfMemory:
       return "the gateway is out of memory";
     case 0x06:
       return "the ECU cannot be reached; is the ignition on?";

@@ -70,6 +70,9 @@ std::optional<std::uint16_t> doipNumber(std::span<const std::uint8_t> payload, s
 
 /// Why a routing activation was not granted, for a mechanic.
 std::string doipActivationText(std::uint8_t code);
+/// Codes of the gateway.
+inline constexpr std::uint8_t kDoipTooLarge = 0x04;
+inline constexpr std::uint8_t kDoipOutOfMemory = 0x05;
 /// Why a diagnostic message was not delivered.
 std::string doipRefusalText(std::uint8_t code);
 

@@ -65,7 +65,8 @@ TEST(DoipLink, SaysWhyThereIsNoAnswerAndGoesOn) {
   Car car;
   const std::pair<std::string, std::string> cases[] = {
       {car.peer.message(0x8003, "10010E0006"), "car: the ECU cannot be reached; is the ignition on?"},
-      {car.peer.message(0x0000, "02"), "car: the gateway did not understand a message"},
+      {car.peer.message(0x0000, "02"), "car: the request is too long for the gateway"},
+      {car.peer.message(0x0000, "04"), "car: the gateway did not understand a message"},
       {"HTTP/1.1", stranger},
       {"\x02\xFD\x80\x01\xFF\xFF\xFF\xFF", stranger},
       {car.peer.message(0x8002, "10010E0000"), ""},

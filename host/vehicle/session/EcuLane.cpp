@@ -46,10 +46,9 @@ void EcuLane::storeResult() {
 }
 
 void EcuLane::sendAgain() {
-  if (!isAheadOpen_) return exchange_.repeatLater();
+  if (isOtherOpen_ && !isAheadOpen_) return exchange_.repeatLater();
   exchange_.withdraw();
-  --next_;
-  isAheadOpen_ = false;
+  if (std::exchange(isAheadOpen_, false)) --next_;
 }
 
 bool EcuLane::goesTo(std::span<const std::uint8_t> request) {

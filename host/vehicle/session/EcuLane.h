@@ -58,7 +58,7 @@ class EcuLane {
   void keepResult() {
     if (isAheadOpen_ && exchange_.isOver()) storeResult();
   }
-  /// The request under way is sent once more, when it may be.
+  /// The request under way is sent once more, when it may be; one that was forgotten is not.
   void sendAgain();
 
   /// This request was told ahead and is left: it will be `takeResult`'s. What was told before it is not asked

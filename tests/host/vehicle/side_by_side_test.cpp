@@ -205,6 +205,24 @@ TEST(SideBySide, AGatewayThatTurnsRequestsAwayIsAskedFewerAtATime) {
   EXPECT_THAT(poller.cycle(), testing::HasSubstr("car: "));
 }
 
+TEST(SideBySide, WhatNobodyWaitsForAnyMoreIsNotSentAgain) {
+  FaultyCar car(true);
+  car.ecus[0x1002].usual = 1s;
+  const auto link = car.link();
+  Conversation conversation(*link, car.clock, 1s);
+  const Link::Bytes request{0x22, 0xF0, 0x00};
+  Link::Bytes response;
+  const auto ask = [&] { return conversation.exchange({0x1001, "UDS"}, request, 100ms, response); };
+  conversation.askAhead({0x1002, "UDS"}, request, 100ms);
+  EXPECT_EQ(ask(), ExchangeOutcome::answered);
+  conversation.forgetAhead();
+  // Now the gateway reaches none of the two.
+  car.mostOpen = 0;
+  car.put(500us, 0x8003, {0x10, 0x02, 0x0E, 0x00, 0x06});
+  EXPECT_EQ(ask(), ExchangeOutcome::unreachable);
+  EXPECT_LT(car.clock.now(), 200ms);
+}
+
 TEST(SideBySide, AMessageThatBeginsWhileABusyEcuIsLeftAloneEndsInTime) {
   ManualLinkClock clock;
   test::ScriptedBus::Log bus;

@@ -13,10 +13,13 @@ if(TARNLOG_SANITIZE)
   target_link_options(tarnlog_options INTERFACE -fsanitize=${TARNLOG_SANITIZE})
 endif()
 
-# The package has three parts, so that a recorder without a window needs no Qt: see Package.cmake.
+# The package has parts, so that a recorder without a window needs no Qt, and one that publishes nothing no MQTT: see
+# Package.cmake.
 function(tarnlog_part_of name result)
   if(name MATCHES "^tarnlog_(ui_|controls)")
     set(${result} Ui PARENT_SCOPE)
+  elseif(name STREQUAL tarnlog_publish)
+    set(${result} Publish PARENT_SCOPE)
   elseif(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/host/")
     set(${result} Vehicle PARENT_SCOPE)
   else()

@@ -1,6 +1,7 @@
 # What other projects get from `cmake --install BUILD --component library`: find_package(Tarnlog2001) with
 #   Tarnlog2001::Core     the recorder, without Qt
 #   Tarnlog2001::Vehicle  vehicles from descriptions, for hosts without a protocol library of their own
+#   Tarnlog2001::Publish  what is recorded, to an MQTT broker
 #   Tarnlog2001::Ui       the controls TarnMain and TarnReview and the measurement controls, on Qt 6
 
 include(CMakePackageConfigHelpers)
@@ -30,6 +31,8 @@ tarnlog_package_part(Core tarnlog_exports)
 tarnlog_package_headers(src/ mdf catalogue config records display acquisition samples exports)
 tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platform/screen platform/settings
                         platform/text platform/time platform/xml)
+tarnlog_package_part(Publish tarnlog_publish)
+tarnlog_package_headers(src/ publish)
 tarnlog_package_part(Vehicle tarnlog_vehicle)
 tarnlog_package_headers("" host)
 if(TARNLOG_UI)

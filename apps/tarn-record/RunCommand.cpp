@@ -1,6 +1,7 @@
 #include "apps/tarn-record/RunCommand.h"
 
 #include <fmt/format.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -27,6 +28,7 @@
 #include "platform/files/SystemFileSystem.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
+#include "publish/PublishSink.h"
 #include "samples/JsonLinesSink.h"
 #include "samples/Measurement.h"
 
@@ -35,6 +37,8 @@ namespace tarnlog::record {
 namespace {
 
 constexpr std::chrono::seconds kLogPatience{1};
+constexpr std::chrono::seconds kPublishPatience{5};
+constexpr int kLookAround = 20;  // milliseconds
 
 void applyOptions(oTarnParameters& parameters, const RunOptions& options) {
   if (options.folder) useFolder(parameters, *options.folder);
@@ -67,6 +71,7 @@ class Run {
     // Not earlier: `idle` looks at the members.
     vehicle_ = openVehicle(
         options.vehicle, files_, linkClock_, [this] { idle(); }, link);
+    if (!options.publish.to.empty()) openPublisher();
     acq_ = std::make_unique<TarnAcq>(screen_, environment());
     quality_.setRecordingEnded(
         [this](const std::string& path, const Quality& quality) { printQuality(path, quality); });
@@ -122,7 +127,8 @@ class Run {
 
   AcqEnvironment environment() {
     std::vector<SampleSink*> sinks{&quality_};
-    if (!options_.mf4.empty()) sinks = measurement_.sinks();
+    if (!options_.mf4.empty() || publisher_) sinks = measurement_.sinks();
+    if (published_) sinks.push_back(&*published_);
     if (json_) sinks.push_back(&*json_);
     return {clock_, *timer_, files_, systemLocale(), kStylesheetUrl, sinks};
   }
@@ -137,6 +143,34 @@ class Run {
     });
   }
 
+  void openPublisher() {
+    const host::VehicleDescription& description = vehicle_->description();
+    const PublishSetup setup =
+        livePublishSetup(options_.publish, description.vin.empty() ? description.name : description.vin,
+                         [this](const std::string& what) { printPublishing(what); });
+    publishedSelection_ = setup.terms.selection;
+    publisher_.emplace(setup);
+    published_.emplace(mdf_, *publisher_);
+  }
+
+  void printPublishing(const std::string& text) { progress_.print("tarn-record: publish: " + text); }
+
+  void tellPublishing() {
+    if (!publisher_) return;
+    for (const Publisher::Notice& notice : publisher_->takeNotices()) printPublishing(notice.text);
+  }
+
+  /// What is left then is published by the next run, or by hand.
+  void finishPublishing() {
+    if (!publisher_) return;
+    publisher_->end(kPublishPatience);
+    const auto latest = std::chrono::steady_clock::now() + kPublishPatience + kLogPatience;
+    pollfd signal{Signals::wakeDescriptor(), POLLIN, 0};
+    while (!publisher_->isOver() && std::chrono::steady_clock::now() < latest)
+      ::poll(&signal, 1, kLookAround);
+    tellPublishing();
+  }
+
   void printQuality(const std::string& what, const Quality& quality) {
     progress_.print("tarn-record: " + what + ": " + qualityText(quality));
   }
@@ -145,6 +179,7 @@ class Run {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
     applyOptions(*configuration.parameters, options_);
+    if (publisher_) checkPublished(publishedSelection_, *configuration.parameters);
     return configuration;
   }
 
@@ -156,6 +191,7 @@ class Run {
 
   void goOnPrinting() {
     files_.tellSyncTroubles();
+    tellPublishing();
     paths_.flush();
     if (samples_) samples_->flush();
     progress_.show(*acq_, screen_);
@@ -188,6 +224,7 @@ class Run {
   int conclude(const RunDirector& director) {
     if (acq_->finishedRecordings() > 1) printQuality("all recordings", quality_.acquisition());
     files_.finishSyncing();
+    finishPublishing();
     if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
       progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");
@@ -204,14 +241,18 @@ class Run {
   ConsoleScreen screen_;
   RunLoop loop_;
   std::unique_ptr<Timer> timer_;
-  Measurement measurement_{{.files = files_,
-                            .clock = clock_,
-                            .locale = systemLocale(),
-                            .programVersion = TARNLOG_VERSION,
-                            .recordings = [this] { return options_.mf4 == "record"; },
-                            .whole = options_.mf4 == "all"}};
+  Measurement measurement_{
+      {.files = files_,
+       .clock = clock_,
+       .locale = systemLocale(),
+       .programVersion = TARNLOG_VERSION,
+       .recordings = [this] { return options_.mf4 == "record"; },
+       .whole = [this] { return options_.mf4 == "all" || !options_.publish.to.empty(); }}};
   QualityCounter& quality_ = measurement_.quality();
   MdfSink& mdf_ = measurement_.files();
+  std::optional<Publisher> publisher_;
+  std::optional<PublishSink> published_;
+  PublishSelection publishedSelection_;
   std::optional<SamplesOutput> samples_;
   std::optional<JsonLinesSink> json_;
   std::unique_ptr<host::OpenedVehicle> vehicle_;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/common/PublishOptions.h"
 #include "host/vehicle/Vehicle.h"
 
 namespace tarnlog::record {
@@ -21,6 +22,7 @@ struct RunOptions {
   std::optional<std::int32_t> recordings;
   std::string mf4;  ///< "record": a measurement file for each recording; "all": one for the acquisition
   std::optional<std::string> samples;  ///< a file or pipe for JSON lines, or "-"
+  PublishOptions publish;              ///< makes a file for the acquisition, too
   std::int32_t sync = 5;  ///< seconds from one sync of open files to the next; 0: only when they are closed
 };
 

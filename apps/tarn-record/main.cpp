@@ -32,6 +32,7 @@
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/PlanCommand.h"
+#include "apps/tarn-record/PublishCommand.h"
 #include "apps/tarn-record/QualityCommand.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/ScanCommand.h"
@@ -136,6 +137,30 @@ CLI::Validator wholeNumber(int least, int most) {
           fmt::format("INT in [{} - {}]", least, most)};
 }
 
+void addPublishing(CLI::App& command, PublishOptions& options) {
+  command
+      .add_option("--publish-access", options.access,
+                  "What the broker asks for: a file of JSON with user, password, ca, certificate and key")
+      ->type_name("FILE");
+  command
+      .add_option("--publish-data", options.data,
+                  "Publish only this of what is recorded, and only every MS milliseconds; for several data,\n"
+                  "several times")
+      ->allow_extra_args(false)
+      ->type_name("[ECU/[REQUEST/]]DATA[=MS]");
+  command
+      .add_option("--publish-every", options.every,
+                  "Publish each datum only every MS milliseconds (default: each value)")
+      ->check(wholeNumber(0, 86'400'000))
+      ->type_name("MS");
+  command
+      .add_option(
+          "--publish-as", options.vehicle,
+          "What the vehicle is called in the topics (default: its VIN or, when that is not known, its\n"
+          "name)")
+      ->type_name("NAME");
+}
+
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
   addVehicle(command, options.vehicle, options.link);
@@ -172,6 +197,13 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
           "--samples", options.samples,
           "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
       ->type_name("FILE");
+  command
+      .add_option(
+          "--publish", options.publish.to,
+          "Publish each answer at an MQTT broker, as it comes (mqtts: over TLS); implies a measurement\n"
+          "file of the whole run")
+      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
+  addPublishing(command, options.publish);
   command
       .add_option("--sync", options.sync,
                   "Bring the files to the disk every S seconds (default: 5; 0: only when they are closed)")
@@ -428,6 +460,24 @@ std::function<int()> addPlan(CLI::App& app, PlanOptions& options) {
   };
 }
 
+std::function<int()> addPublish(CLI::App& app, PublishCommandOptions& options) {
+  CLI::App& command =
+      *app.add_subcommand("publish", "Publish what a broker has not acknowledged yet of measurement files");
+  command.add_option("FILE", options.files, "Measurement files (MDF 4) of this recorder")->required();
+  command.add_option("--to", options.publish.to, "The broker, and what stands before all topics")
+      ->required()
+      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
+  addPublishing(command, options.publish);
+  command.add_flag("--again", options.again, "What was acknowledged before, too");
+  command.footer(
+      "What was acknowledged stands in NAME.published beside NAME.mf4. Subscribers tell an answer that "
+      "comes\n"
+      "twice by its acquisition and number.\n"
+      "Example:\n"
+      "  tarn-record publish recordings/26-11-26_19h05mn07_all.mf4 --to mqtt://localhost/fleet");
+  return [&options] { return publishFiles(options); };
+}
+
 int runChosen(const CLI::App& app, const std::vector<std::function<int()>>& actions) {
   for (std::size_t i = 0; i < actions.size(); ++i)
     if (app.get_subcommand(static_cast<int>(i))->parsed()) return actions[i]();
@@ -451,11 +501,12 @@ int program(int argc, char** argv) {
   std::string qualityFileName;
   ShowCommand showCommand;
   PlanOptions planOptions;
+  PublishCommandOptions publishOptions;
   const std::vector<std::function<int()>> actions = {
       addRun(app, runOptions),   addList(app, listOptions),      addCheck(app, checkOptions),
       addNew(app, newOptions),   addRepair(app, repairFileName), addImport(app, importOptions),
       addScan(app, scanOptions), addExport(app, exportOptions),  addQuality(app, qualityFileName),
-      addShow(app, showCommand), addPlan(app, planOptions)};
+      addShow(app, showCommand), addPlan(app, planOptions),      addPublish(app, publishOptions)};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -177,6 +177,12 @@ Mf4Channel readChannel(const Mf4Blocks& blocks, const Mf4Block& block) {
   const std::uint64_t conversion = block.link(mdf::link::kChannelConversion);
   if (conversion != 0 && !isText(channel.type))
     readConversion(blocks, blocks.read(conversion, mdf::kConversion), channel);
+  if ((flags & mdf::kRangeValid) != 0) {
+    const auto bound = [&](std::size_t at) {
+      return block.field<double>(at) * channel.factor + channel.offset;
+    };
+    channel.column.range = std::minmax(bound(mdf::at::kChannelMinimum), bound(mdf::at::kChannelMaximum));
+  }
   if (channel.kind == ChannelKind::VariableLength)
     findVariable(blocks, block.link(mdf::link::kChannelData), channel);
   return channel;

@@ -32,6 +32,7 @@ struct RecordColumn {
   std::string name;
   std::string unit;
   std::vector<RecordLabel> labels;
+  std::optional<std::pair<double, double>> range;  ///< what its numbers can be, lowest first
   bool scaled = false;  ///< its numbers are raw ones times a factor: 15 digits tell all of them
 };
 

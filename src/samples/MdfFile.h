@@ -43,6 +43,8 @@ class MdfFile {
   bool cutShort() const { return stream_->cutShort(); }
   std::unique_ptr<FileStream> takeStream() { return std::move(stream_); }
 
+  /// Every byte before this one is in the file, and none of them changes but when it is closed; 0: none is.
+  std::uint64_t wholeTill() const { return headWritten_ ? data_ + mdf::kBlockHead + dataBytes_ : 0; }
   const std::string& path() const { return path_; }
   std::int64_t start() const { return start_; }
   /// Records that were dropped since they could not be written.

@@ -51,7 +51,8 @@ void MdfSink::begin(const SampleBeginning& beginning) {
   acquisition_ = beginning.acquisition;
   ofRecordings_ = setup_.recordings();
   wholePath_.clear();
-  if (setup_.whole) wholePath_ = wholePath(beginning.parameters);
+  ofAll_ = setup_.whole();
+  if (ofAll_) wholePath_ = wholePath(beginning.parameters);
 }
 
 std::string MdfSink::wholePath(const oTarnParameters& parameters) const {
@@ -105,7 +106,7 @@ void MdfSink::tellFailed(const std::string& why) const {
 }
 
 void MdfSink::answer(const SampleAnswer& answer) {
-  if (!ofRecordings_ && !setup_.whole) return;
+  if (!ofRecordings_ && !ofAll_) return;
   encodeAnswer(requests_.at(answer.request), layout_.groups[answer.request], answer, record_);
   add(answer.request, answer.received);
 }
@@ -235,6 +236,11 @@ void MdfSink::finish(Open& open, MdfClosing closing) {
     tellFailed(open.file.path() + ": not closed, it has to be repaired");
   else if (finished_ && setup_.files.fileExists(open.file.path()))
     finished_(open.file.path());
+}
+
+std::optional<std::pair<std::string_view, std::uint64_t>> MdfSink::wholeFile() const {
+  if (!whole_ || whole_->file.wholeTill() == 0) return std::nullopt;
+  return std::pair(std::string_view(whole_->file.path()), whole_->file.wholeTill());
 }
 
 std::vector<std::string> MdfSink::openPaths() const {

@@ -5,6 +5,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "acquisition/SampleSink.h"
@@ -27,7 +29,8 @@ struct MdfSinkSetup {
   std::string programVersion;
   /// Whether each recording of an acquisition that begins now gets a file, beside its record file.
   std::function<bool()> recordings = [] { return true; };
-  bool whole = false;                       ///< one for the whole acquisition, from its first answer on
+  /// Whether one that begins now gets a file of its own, from its first answer on.
+  std::function<bool()> whole = [] { return false; };
   const QualityCounter* quality = nullptr;  ///< stands in the files; it hears everything before this sink
   std::size_t mostHistory = 64 << 20;       ///< bytes
 };
@@ -64,6 +67,8 @@ class MdfSink : public SampleSink {
 
   /// Records of this acquisition that could not be written, or not be kept for a recording.
   std::uint64_t lostRecords() const;
+  /// The whole acquisition's file, from its first answer on until the end, and up to which byte it is whole.
+  std::optional<std::pair<std::string_view, std::uint64_t>> wholeFile() const;
   /// Of the files that are being written.
   std::vector<std::string> openPaths() const;
 
@@ -101,6 +106,7 @@ class MdfSink : public SampleSink {
   MdfRecord record_;
   SampleHistory history_;
   bool ofRecordings_ = false;
+  bool ofAll_ = false;
   std::vector<MdfEvent> pastEvents_;  ///< those that the history has
   std::int64_t lastMark_ = 0;
   std::optional<Open> recording_;

@@ -28,12 +28,13 @@ struct ScriptedDrive : RecorderParts {
 };
 
 /// A recorder of the speed. The test sets `parameters`, starts, and steps polling cycles.
-/// Ids of acquisitions and recordings are 1, 2, ...
+/// Ids of acquisitions and recordings are 1, 2, ..., behind those before.
 class AcqRig : public ScriptedDrive {
  public:
-  explicit AcqRig(std::vector<SampleSink*> sinks = {})
+  explicit AcqRig(std::vector<SampleSink*> sinks = {}, std::uint8_t idsBefore = 0)
       : acq(screen, {clock, timer, files, UserLocale{}, "tarnlog.xsl", std::move(sinks),
-                     [this] { return SampleId{{++ids_}}; }}) {
+                     [this] { return SampleId{{++ids_}}; }}),
+        ids_(idsBefore) {
     add(speed);
     hear(acq);
     acq.setSession(&session);
@@ -70,7 +71,7 @@ class AcqRig : public ScriptedDrive {
   TarnAcq acq;
 
  private:
-  std::uint8_t ids_ = 0;
+  std::uint8_t ids_;
 };
 
 }  // namespace tarnlog::test

@@ -35,6 +35,8 @@ struct MainEnvironment {
   Guide guide{};
   /// Hear what the vehicle answers.
   std::vector<SampleSink*> sinks{};
+  /// Whether an acquisition that begins now gets a measurement file of its own; never, when empty.
+  std::function<bool()> measureWhole{};
   /// Of the program, told in measurement files.
   std::string programVersion{};
   /// Shows a record file to the user, who clicked on its path; without it, a path is just a text.

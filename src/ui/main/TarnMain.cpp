@@ -116,7 +116,8 @@ void TarnMain::createAcquisition(const MainEnvironment& environment) {
       .clock = environment.clock,
       .locale = environment.locale,
       .programVersion = environment.programVersion,
-      .recordings = [settings = &environment.settings] { return MeasurementChoice(settings).on(); }});
+      .recordings = [settings = &environment.settings] { return MeasurementChoice(settings).on(); },
+      .whole = [wanted = environment.measureWhole] { return wanted && wanted(); }});
   costs_ = std::make_unique<PollCosts>();
   std::vector<SampleSink*> sinks = measurement_->sinks();
   sinks.push_back(costs_.get());

@@ -104,7 +104,8 @@ WindowEnvironment LiveRecorder::environment() {
            &endQuestion_,
            [this](const std::string& file) { refusePrefixOutside(files_, file); },
            guideOfProgram(files_),
-           {},
+           {&publishing_},
+           [this] { return publishing_.isWanted(); },
            TARNLOG_VERSION},
           open,
           options_.link.url,
@@ -129,6 +130,11 @@ int LiveRecorder::run() {
     say(path + ": " + qualityText(quality));
     window.recordings().recorded(path, quality, acq.Parameters()->Count());
   });
+  publishing_.follow(measurement.files());
+  publishing_.setTell([&](const std::string& text, bool trouble) {
+    say("publish: " + text);
+    window.recordings().publishing(text, trouble);
+  });
   acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
     const std::string text = words::openFailureText(failure, reason);
     noteFailure(text);
@@ -146,6 +152,7 @@ int LiveRecorder::run() {
   QTimer printing;
   QObject::connect(&printing, &QTimer::timeout, [this] {
     files_.tellSyncTroubles();
+    publishing_.tellNews();
     paths_.flush();
     errors_.flush();
   });
@@ -162,6 +169,8 @@ int LiveRecorder::run() {
     if (!options_.records.empty()) window.lookAtRecords(options_.records);
   });
   const int code = QApplication::exec();
+  publishing_.setTell([this](const std::string& text, bool) { say("publish: " + text); });
+  publishing_.finish();
   files_.finishSyncing();
   files_.setWriteTroubleHandler({});
   measurement.quality().setRecordingEnded({});

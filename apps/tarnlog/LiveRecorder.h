@@ -9,6 +9,7 @@
 #include "apps/common/NonWaitingStream.h"
 #include "apps/tarnlog/EndRecordingBox.h"
 #include "apps/tarnlog/FolderSettings.h"
+#include "apps/tarnlog/LivePublishing.h"
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
@@ -28,6 +29,7 @@ struct LiveOptions {
   std::optional<std::string> folder;  ///< of the files of `config` and of new configurations
   bool folderPerVehicle = false;      ///< for this time; else as the user's settings have it
   host::LinkOptions link;
+  PublishOptions publish = {};            ///< else as the user's settings have it
   std::vector<std::string> records = {};  ///< to be looked at
 };
 
@@ -53,6 +55,7 @@ class LiveRecorder {
   SystemFileSystem files_;
   FileSettingsStore settings_{files_, FileSettingsStore::defaultPath()};
   FolderSettings folderSettings_{settings_, options_.folder};
+  LivePublishing publishing_{settings_, options_.publish};
   QtTimer timer_;
   QtDialogs dialogs_;
   EndRecordingBox endQuestion_;

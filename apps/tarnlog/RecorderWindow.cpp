@@ -20,6 +20,7 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
 #include "apps/tarnlog/LinkAdvice.h"
+#include "apps/tarnlog/PublishDialog.h"
 #include "apps/tarnlog/RecentMenu.h"
 #include "apps/tarnlog/StartPage.h"
 #include "config/RecordMark.h"
@@ -172,6 +173,7 @@ void RecorderWindow::addFileActions(QMenu& menu) {
   viewer_->addActions(menu);
   menu.addSeparator();
   addFolderPerVehicle(menu);
+  addPublishing(menu, environment_.recorder.settings, environment_.recorder.dialogs, *this);
   menu.addSeparator();
   menu.addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   connect(&menu, &QMenu::aboutToShow, this,

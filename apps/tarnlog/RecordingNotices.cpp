@@ -51,6 +51,11 @@ void RecordingNotices::measurementFailed(const std::string& why) {
   bar_.showNotice("measurement", tr("Measurement data are missing: %1").arg(toQString(why)));
 }
 
+void RecordingNotices::publishing(const std::string& text, bool trouble) {
+  const QString shown = tr("Publishing: %1").arg(toQString(text));
+  trouble ? bar_.showNotice("publish", shown) : bar_.showNews("publish", shown);
+}
+
 /// Without a sign when nothing is missing.
 void RecordingNotices::recorded(const std::string& path, const Quality& quality, int data) {
   const QString name = QFileInfo(toQString(path)).fileName();

@@ -23,6 +23,8 @@ class RecordingNotices {
   void writeTrouble(const WriteTrouble& trouble);
   void openFailed(const std::string& why);
   void measurementFailed(const std::string& why);
+  /// Trouble with publishing, or that it goes on.
+  void publishing(const std::string& text, bool trouble);
   /// The newest recording, of so many data, and how well it went.
   void recorded(const std::string& path, const Quality& quality, int data);
 

@@ -60,6 +60,11 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
                  "Send this request every MS milliseconds only, not in every polling cycle")
       ->allow_extra_args(false)
       ->type_name("ECU/REQUEST=MS");
+  app.add_option("--publish", options.publish.to,
+                 "Publish each answer at an MQTT broker this time (else: File menu, Publish values)")
+      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
+  app.add_option("--publish-access", options.publish.access, "What that broker asks for: a file of JSON")
+      ->type_name("FILE");
   CLI::Option* const records =
       app.add_option("RECORD", options.records,
                      "Records to look at: text, XML, MDF 4; the second and third are laid over the first")

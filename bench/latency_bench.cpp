@@ -1,11 +1,12 @@
 // Does the recorder keep the link busy? Ten requests over a link of 2 ms: polling cycles in real time, with
 // the run loop of the programs, against a loop that only sends and waits on the same link. And at the 20 ms
-// of a car: with measurement file, JSON lines and syncs every second against without, and while a long text
-// record is opened on another thread.
+// of a car: with measurement file, JSON lines and syncs every second against without, with each answer
+// published at a broker on this machine, and while a long text record is opened on another thread.
 
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -20,8 +21,10 @@
 #include "platform/files/SystemFileSystem.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
+#include "publish/PublishSink.h"
 #include "records/RecordLoading.h"
 #include "samples/Measurement.h"
+#include "tests/support/Broker.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -60,7 +63,17 @@ void sendAndWait(benchmark::State& state) {
   state.counters["cycles"] = rate;
 }
 
-void run(benchmark::State& state, int latency, bool measured) {
+enum class Beside { Nothing, Measuring, Publishing };
+
+PublishSetup setupOf(const std::string& to) {
+  PublishSetup setup;
+  setup.terms.to = parseBrokerAddress(to);
+  setup.terms.vehicle = "bench";
+  setup.live = true;
+  return setup;
+}
+
+void run(benchmark::State& state, int latency, Beside beside) {
   const test::TempFolder folder;
   test::MemoryFileSystem descriptions;
   host::SystemLinkClock linkClock;
@@ -70,14 +83,25 @@ void run(benchmark::State& state, int latency, bool measured) {
   RunLoop loop;
   const auto timer = loop.createTimer();
   SystemFileSystem files;
-  files.setSyncInterval(std::chrono::seconds(measured ? 1 : 0));
+  files.setSyncInterval(std::chrono::seconds(beside == Beside::Nothing ? 0 : 1));
   bench::FileTarget target(files.create(folder / "samples"));
   JsonLinesSink json(target);
-  Measurement measurement({.files = files, .clock = clock, .locale = {}, .programVersion = "1"});
+  Measurement measurement(
+      {.files = files, .clock = clock, .locale = {}, .programVersion = "1", .whole = [beside] {
+         return beside == Beside::Publishing;
+       }});
+  std::optional<test::Broker> broker;
+  std::optional<Publisher> publisher;
+  std::optional<PublishSink> published;
   std::vector<SampleSink*> sinks;
-  if (measured) {
-    sinks = measurement.sinks();
-    sinks.push_back(&json);
+  if (beside != Beside::Nothing) sinks = measurement.sinks();
+  if (beside == Beside::Measuring) sinks.push_back(&json);
+  if (beside == Beside::Publishing) {
+    if (!test::Broker::isInstalled()) return state.SkipWithError("mosquitto is not installed");
+    broker.emplace(folder.path());
+    publisher.emplace(setupOf(broker->address()));
+    published.emplace(measurement.files(), *publisher);
+    sinks.push_back(&*published);
   }
   TarnAcq acq(screen, {clock, *timer, files, {}, "", sinks});
   acq.setSession(&vehicle->session());
@@ -104,9 +128,10 @@ void run(benchmark::State& state, int latency, bool measured) {
   state.counters["cycles"] = rate;
 }
 
-void record(benchmark::State& state) { run(state, kLatency, false); }
-void recordACar(benchmark::State& state) { run(state, kLatencyOfACar, false); }
-void measureACar(benchmark::State& state) { run(state, kLatencyOfACar, true); }
+void record(benchmark::State& state) { run(state, kLatency, Beside::Nothing); }
+void recordACar(benchmark::State& state) { run(state, kLatencyOfACar, Beside::Nothing); }
+void measureACar(benchmark::State& state) { run(state, kLatencyOfACar, Beside::Measuring); }
+void publishACar(benchmark::State& state) { run(state, kLatencyOfACar, Beside::Publishing); }
 
 /// Opens it again and again.
 void recordWhileOpening(benchmark::State& state) {
@@ -120,13 +145,14 @@ void recordWhileOpening(benchmark::State& state) {
       }
     }
   });
-  run(state, kLatencyOfACar, false);
+  run(state, kLatencyOfACar, Beside::Nothing);
 }
 
 BENCHMARK(sendAndWait)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(record)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(recordACar)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(measureACar)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(publishACar)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(recordWhileOpening)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
@@ -136,6 +162,8 @@ int main(int argc, char** argv) {
   goals.ratio("cycles_of_what_the_link_allows", "record/iterations:1", "sendAndWait/iterations:1",
               tarnlog::bench::atLeast(0.9), "cycles");
   goals.ratio("polling_rate_while_measuring", "measureACar/iterations:1", "recordACar/iterations:1",
+              tarnlog::bench::atLeast(0.97), "cycles");
+  goals.ratio("polling_rate_while_publishing", "publishACar/iterations:1", "recordACar/iterations:1",
               tarnlog::bench::atLeast(0.97), "cycles");
   goals.ratio("polling_rate_while_opening", "recordWhileOpening/iterations:1", "recordACar/iterations:1",
               tarnlog::bench::atLeast(0.97), "cycles");

@@ -52,7 +52,9 @@ PublishDialog::PublishDialog(SettingsStore& settings, Dialogs& dialogs, QWidget*
   what->setWordWrap(true);
   auto* const form = new QFormLayout;
   form->addRow(tr("&Broker:"), to_);
-  form->addRow(tr("&File with user and password:"), accessRow);
+  auto* const accessLabel = new QLabel(tr("&File with user and password:"));
+  accessLabel->setBuddy(access_);
+  form->addRow(accessLabel, accessRow);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
   auto* const column = new QVBoxLayout(this);
   column->addWidget(what);

@@ -76,8 +76,8 @@ BrokerAddress parseBrokerAddress(std::string_view url) {
   const std::string_view host = rest.substr(0, slash);
   if (rest.find('@') != std::string_view::npos)
     refuse("the broker's address",
-           "user and password do not belong there, where others see them: expected in the file of "
-           "--publish-access");
+           "user and password do not belong there, where others see them: expected in a file of their own "
+           "(--publish-access)");
   readHost(host, url, address);
   address.topic = topicOf(rest.substr(std::min(slash + 1, rest.size())), url);
   return address;

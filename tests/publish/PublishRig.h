@@ -34,7 +34,8 @@ struct PublishParts {
 
   SystemFileSystem disk;
   SteppedClock fileClock;
-  MdfSink sink{{.files = disk, .clock = fileClock, .locale = {}, .programVersion = "1", .whole = [] { return true; }}};
+  MdfSink sink{
+      {.files = disk, .clock = fileClock, .locale = {}, .programVersion = "1", .whole = [] { return true; }}};
   Publisher publisher;
   PublishSink published{sink, publisher};
   std::string path_;  ///< of the measurement file, when it is finished

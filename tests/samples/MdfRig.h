@@ -17,7 +17,9 @@ struct MdfParts {
   MemoryFileSystem mdfFiles;
   SteppedClock mdfClock;
   std::vector<std::string> closed;
-  MdfSink sink{{.files = mdfFiles, .clock = mdfClock, .locale = {}, .programVersion = "1.0", .whole = [] { return true; }}};
+  MdfSink sink{{.files = mdfFiles, .clock = mdfClock, .locale = {}, .programVersion = "1.0", .whole = [] {
+                  return true;
+                }}};
 
   MdfParts() {
     sink.setFinished([this](const std::string& path) { closed.push_back(path); });

@@ -2,7 +2,9 @@
 
 #include <poll.h>
 
+#include <chrono>
 #include <cstdio>
+#include <optional>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/Signals.h"
@@ -15,7 +17,8 @@ namespace tarnlog::record {
 namespace {
 
 constexpr int kTries = 5;
-constexpr int kLookAround = 100;  // milliseconds
+constexpr int kLookAround = 20;  // milliseconds
+constexpr std::chrono::seconds kAfterStop{2};
 
 void say(const std::string& text) {
   std::fputs(("tarn-record: publish: " + printableLine(text) + "\n").c_str(), stderr);
@@ -39,11 +42,13 @@ int publishFiles(const PublishCommandOptions& options) {
   Publisher publisher(setup);
   for (const std::string& file : options.files) publisher.add(file);
   publisher.end(std::chrono::hours(24 * 365));
-  pollfd signal{Signals::wakeDescriptor(), POLLIN, 0};
-  while (!publisher.isOver()) {
-    ::poll(&signal, 1, kLookAround);
+  std::optional<std::chrono::steady_clock::time_point> latest;
+  while (!publisher.isOver() && (!latest || std::chrono::steady_clock::now() < *latest)) {
+    ::poll(nullptr, 0, kLookAround);
     sayAll(publisher);
-    if (Signals::stopRequested()) publisher.end(std::chrono::seconds(0));
+    if (!Signals::stopRequested() || latest) continue;
+    publisher.end(std::chrono::seconds(0));
+    latest = std::chrono::steady_clock::now() + kAfterStop;
   }
   sayAll(publisher);
   return publisher.isWhole() ? kDone : kFailed;

@@ -160,14 +160,16 @@ class Run {
     for (const Publisher::Notice& notice : publisher_->takeNotices()) printPublishing(notice.text);
   }
 
-  /// What is left then is published by the next run, or by hand.
+  /// What is left then is published by the next run, or by hand. Who is in a hurry asks once more.
   void finishPublishing() {
     if (!publisher_) return;
+    const bool hurried = Signals::stopRequested();
     publisher_->end(kPublishPatience);
     const auto latest = std::chrono::steady_clock::now() + kPublishPatience + kLogPatience;
-    pollfd signal{Signals::wakeDescriptor(), POLLIN, 0};
-    while (!publisher_->isOver() && std::chrono::steady_clock::now() < latest)
-      ::poll(&signal, 1, kLookAround);
+    while (!publisher_->isOver() && std::chrono::steady_clock::now() < latest) {
+      if (!hurried && Signals::stopRequested()) publisher_->end(std::chrono::seconds(0));
+      ::poll(nullptr, 0, kLookAround);
+    }
     tellPublishing();
   }
 

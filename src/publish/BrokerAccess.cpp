@@ -32,6 +32,8 @@ nlohmann::json parsed(const std::string& path, const std::string& text) {
     return nlohmann::json::parse(text);
   } catch (const nlohmann::json::parse_error& error) {
     refuse(path, "byte " + std::to_string(error.byte) + ": no JSON, " + kExpected);
+  } catch (const nlohmann::json::exception&) {
+    refuse(path, std::string("no JSON, ") + kExpected);
   }
 }
 

@@ -17,8 +17,8 @@ struct BrokerAddress {
   std::string text() const;
 };
 
-/// Raises a TarnError that says what is wrong with it and what is expected there. It never repeats what may
-/// be a password.
+/// Raises a TarnError that says what is wrong with it and what is expected there. It repeats nothing:
+/// there may be a password in it.
 BrokerAddress parseBrokerAddress(std::string_view url);
 
 }  // namespace tarnlog

@@ -10,6 +10,7 @@ namespace tarnlog {
 namespace {
 
 constexpr std::size_t kBlock = 64 * 1024;
+constexpr double kHighestNumber = 9007199254740992;  // above it, numbers are not exact
 
 bool hasAnswers(const Mf4Layout& layout) {
   return layout.head.utcNanoseconds && layout.dataGroups.size() == 1 &&
@@ -40,7 +41,7 @@ MeasurementAnswers::MeasurementAnswers(const std::string& path)
 
 void MeasurementAnswers::growTo(std::uint64_t till) {
   Mf4DataGroup& data = layout_.dataGroups[0];
-  if (till <= data.till) return;
+  if (till < data.till || (till == data.till && rows_.damage().cutBytes == 0)) return;
   file_.look();
   data.till = till;
   rows_.goOn();
@@ -53,12 +54,19 @@ bool MeasurementAnswers::next() {
       if (kind_ != Kind::Answer) return true;
     } else if (row_.group->leading == 2) {
       kind_ = Kind::Answer;
-      sequence_ = static_cast<std::uint64_t>(row_.values[1].number);
+      const auto number = row_.values[1].number;
+      if (!(number > static_cast<double>(sequence_)) || number > kHighestNumber) {
+        isDamaged_ = true;
+        return false;
+      }
+      sequence_ = static_cast<std::uint64_t>(number);
       return true;
     }
   }
   return false;
 }
+
+bool MeasurementAnswers::isDamaged() const { return isDamaged_ || rows_.damage().foreignAt != 0; }
 
 /// The columns of a mark are its kind, number and file.
 void MeasurementAnswers::takeMark() {

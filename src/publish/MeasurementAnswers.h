@@ -27,6 +27,8 @@ class MeasurementAnswers {
 
   /// Goes to the next answer, or to the beginning or end of a recording; false when there is none yet.
   bool next();
+  /// What stands there is no record of it, or is none that can come next: nothing behind it is told.
+  bool isDamaged() const;
   Kind kind() const { return kind_; }
   /// 1, 2, ... over all requests of an acquisition.
   std::uint64_t sequence() const { return sequence_; }
@@ -54,6 +56,7 @@ class MeasurementAnswers {
   Mf4Row row_;
   Kind kind_ = Kind::Answer;
   std::uint64_t sequence_ = 0;
+  bool isDamaged_ = false;
   std::string recording_;
 };
 

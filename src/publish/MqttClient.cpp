@@ -6,7 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <limits>
 #include <mutex>
 #include <string_view>
 #include <utility>
@@ -43,6 +42,9 @@ std::string refusal(int reason, int version) {
   return std::string("the broker refuses the connection: ") +
          (version == MQTT_PROTOCOL_V5 ? mosquitto_reason_string(reason) : mosquitto_connack_string(reason));
 }
+
+/// Nobody is there to be asked for it.
+int noPassphrase(char* /*buffer*/, int /*size*/, int /*writes*/, void* /*object*/) { return 0; }
 
 }  // namespace
 
@@ -85,7 +87,7 @@ MqttClient::~MqttClient() = default;
 /// not tell what they refuse of what is published, so 3.1.1 is used only where nothing else is left.
 int MqttClient::version() const {
   constexpr int kMostEndedAtOnce = 3;
-  return old_ || endedAtOnce_ >= kMostEndedAtOnce ? MQTT_PROTOCOL_V311 : MQTT_PROTOCOL_V5;
+  return old_ || (!new_ && endedAtOnce_ >= kMostEndedAtOnce) ? MQTT_PROTOCOL_V311 : MQTT_PROTOCOL_V5;
 }
 
 void MqttClient::require(int result, const std::string& what) const {
@@ -105,7 +107,6 @@ void MqttClient::make() {
   mosquitto_int_option(client_.get(), MOSQ_OPT_PROTOCOL_VERSION, version());
   mosquitto_int_option(client_.get(), MOSQ_OPT_SEND_MAXIMUM, kSendMaximum);
   mosquitto_int_option(client_.get(), MOSQ_OPT_TCP_NODELAY, 1);
-  mosquitto_max_inflight_messages_set(client_.get(), 0);
   if (!access_.user.empty())
     require(mosquitto_username_pw_set(client_.get(), access_.user.c_str(),
                                       access_.password.empty() ? nullptr : access_.password.c_str()),
@@ -122,7 +123,7 @@ void MqttClient::useTls() {
   const bool ofSystem = access_.authority.empty();
   if (ofSystem) mosquitto_int_option(client_.get(), MOSQ_OPT_TLS_USE_OS_CERTS, 1);
   require(mosquitto_tls_set(client_.get(), file(access_.authority), ofSystem ? "/etc/ssl/certs" : nullptr,
-                            file(access_.certificate), file(access_.key), nullptr),
+                            file(access_.certificate), file(access_.key), noPassphrase),
           "files of the certificates");
 }
 
@@ -136,6 +137,7 @@ void MqttClient::connect() {
 }
 
 void MqttClient::answered(int reason) {
+  new_ = new_ || (reason == 0 && version() == MQTT_PROTOCOL_V5);
   endedAtOnce_ = 0;
   if (reason == 0) {
     state_ = State::Open;
@@ -153,6 +155,7 @@ void MqttClient::check(int result) {
   std::string why = result == MOSQ_ERR_ERRNO ? std::strerror(errno) : mosquitto_strerror(result);
   if (result == MOSQ_ERR_EAI || result == MOSQ_ERR_LOOKUP) why = "the broker's name cannot be looked up";
   if (result == MOSQ_ERR_TLS && !logged_.empty()) why = "TLS: " + logged_;
+  if (result == MOSQ_ERR_QOS_NOT_SUPPORTED) why = "the broker acknowledges nothing (quality of service 1)";
   const bool atOnce = state_ == State::Connecting && result == MOSQ_ERR_CONN_LOST;
   if (atOnce) why = "the broker ends the connection at once";
   endedAtOnce_ = atOnce ? endedAtOnce_ + 1 : 0;
@@ -165,38 +168,39 @@ void MqttClient::close(const std::string& why) {
 }
 
 std::optional<int> MqttClient::publish(const MqttMessage& message) {
-  if (state_ != State::Open ||
-      message.payload.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-    return std::nullopt;
+  if (state_ != State::Open) return std::nullopt;
   int id = 0;
   const int result = mosquitto_publish_v5(client_.get(), &id, message.topic.c_str(),
                                           static_cast<int>(message.payload.size()), message.payload.data(),
                                           kQualityOfService, message.retained, nullptr);
   if (result == MOSQ_ERR_SUCCESS) return id;
-  if (result == MOSQ_ERR_CONN_LOST || result == MOSQ_ERR_NO_CONN || result == MOSQ_ERR_ERRNO) check(result);
+  if (result != MOSQ_ERR_OVERSIZE_PACKET && result != MOSQ_ERR_PAYLOAD_SIZE) check(result);
   return std::nullopt;
 }
 
 bool MqttClient::isCongested() const { return state_ == State::Open && mosquitto_want_write(client_.get()); }
 
 void MqttClient::step(int wake, std::chrono::milliseconds longest) {
-  const int socket = state_ == State::Closed ? -1 : mosquitto_socket(client_.get());
+  if (state_ == State::Closed) client_.reset();
+  const int socket = client_ ? mosquitto_socket(client_.get()) : -1;
   const bool writes = socket >= 0 && mosquitto_want_write(client_.get());
   std::array<pollfd, 2> ready{pollfd{socket, static_cast<short>(writes ? POLLIN | POLLOUT : POLLIN), 0},
                               pollfd{wake, POLLIN, 0}};
-  if (::poll(ready.data(), ready.size(), static_cast<int>(longest.count())) < 0 || socket < 0) return;
+  ::poll(ready.data(), ready.size(), static_cast<int>(longest.count()));
+  if (!client_) return;
+  if (socket < 0) return check(MOSQ_ERR_CONN_LOST);
   if ((ready[0].revents & POLLOUT) != 0) check(mosquitto_loop_write(client_.get(), 1));
   if (state_ != State::Closed && (ready[0].revents & (POLLIN | POLLHUP | POLLERR)) != 0)
     check(mosquitto_loop_read(client_.get(), 1));
   if (state_ != State::Closed) check(mosquitto_loop_misc(client_.get()));
   if (state_ == State::Connecting && std::chrono::steady_clock::now() - begun_ > patience_)
     close("the broker does not answer");
-  if (state_ == State::Closed) client_.reset();
 }
 
 void MqttClient::disconnect() {
   if (state_ == State::Open) mosquitto_disconnect(client_.get());
   state_ = State::Closed;
+  client_.reset();
 }
 
 }  // namespace tarnlog

@@ -43,8 +43,8 @@ class MqttClient {
 
   /// Begins to connect.
   void connect();
-  /// The id that its acknowledgement will have. None when it cannot be sent: it is too long, or the
-  /// connection is lost.
+  /// The id that its acknowledgement will have. None when this message can never be sent, or when the
+  /// connection is closed now.
   std::optional<int> publish(const MqttMessage& message);
   /// Waits until the broker sends something or `wake` can be read, at most so long, and does what is to be
   /// done.
@@ -80,6 +80,7 @@ class MqttClient {
   std::optional<MqttMessage> will_;
   std::chrono::milliseconds patience_;
   bool old_ = false;     ///< the broker knows no MQTT 5
+  bool new_ = false;     ///< it does
   int endedAtOnce_ = 0;  ///< in a row
   std::unique_ptr<mosquitto, Free> client_;
   State state_ = State::Closed;

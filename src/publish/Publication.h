@@ -42,14 +42,17 @@ class Publication {
   void close();
 
   /// What subscribers have to know; to be published at each connection.
-  std::vector<MqttMessage> introduction() const;
+  std::vector<MqttMessage> introduction(bool retained) const;
   bool isIntroduced() const { return introduced_; }
   void setIntroduced(bool introduced) { introduced_ = introduced; }
   /// What the vehicle does, retained.
   MqttMessage state(const char* name) const;
   const char* stateNow() const { return answers_.recording().empty() ? "polling" : "recording"; }
-  /// False when there is none for now.
+  /// False when there is none for now, or none was found yet: see `isSearching`.
   bool next(Outgoing& outgoing);
+  bool isSearching() const { return !exhausted_; }
+  /// The file is damaged: what stands behind is not published.
+  bool isDamaged() const { return answers_.isDamaged(); }
   /// Everything up to this sequence number was acknowledged.
   void acknowledged(std::uint64_t sequence);
   /// Nothing is left, and nothing will come.
@@ -86,7 +89,7 @@ class Publication {
   bool introduced_ = false;
   bool closed_ = false;
   bool exhausted_ = false;
-  bool changed_ = false;
+  bool changed_ = true;
 };
 
 }  // namespace tarnlog

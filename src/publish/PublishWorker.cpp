@@ -68,22 +68,24 @@ void PublishWorker::run() {
     leave();
   } catch (const std::exception& error) {
     tell(std::string(error.what()) + "; nothing more is published", true);
+    client_.disconnect();
     mailbox_->setOver(false);
   }
 }
 
 bool PublishWorker::goOn() {
   takeOrders();
+  openWaiting();
   connectWhenDue(Steady::now());
   if (client_.state() == MqttClient::State::Open) {
     if (!wasOpen_) introduce();
     sendMore();
   }
-  client_.step(mailbox_->wakeDescriptor(), kLookAround);
+  client_.step(mailbox_->wakeDescriptor(), isSearching_ ? milliseconds(0) : kLookAround);
   const Time now = Steady::now();
   settle(now);
   watchConnection(now);
-  if (now - saved_ > kSaveEvery) save(false);
+  if (now - saved_ > kSaveEvery) saveAll();
   retire();
   return !mayEnd(now);
 }
@@ -116,47 +118,75 @@ PublishTerms PublishWorker::termsFor(const std::string& path) {
   return terms;
 }
 
-/// The note is made before anything else, so that nothing is forgotten when we are killed.
 void PublishWorker::follow(const PublishMailbox::Orders& orders) {
   if (orders.live != livePath_) {
     closeLive();
     livePath_ = orders.live;
-    try {
-      live_ = std::make_shared<Publication>(files_, orders.live, setup_.terms, setup_.live);
-      live_->save();
-      introduce(live_);
-      addUnfinished(orders.live);
-    } catch (const std::exception& error) {
-      tell(error.what(), true);
-    }
+    isNew_ = true;
   }
-  if (live_) live_->growTo(orders.till);
+  if (isNew_ && !(live_ && live_->path() == livePath_)) openLive();
+  try {
+    if (live_) live_->growTo(orders.till);
+  } catch (const std::exception& error) {
+    tellOnce(livePath_ + ": " + error.what());
+    return;
+  }
   if (orders.closed) closeLive();
 }
 
+/// The note is made before anything else, so that nothing is forgotten when we are killed. What cannot be
+/// opened now is tried again.
+void PublishWorker::openLive() {
+  try {
+    live_ = std::make_shared<Publication>(files_, livePath_, setup_.terms, setup_.live);
+    save(*live_);
+    addUnfinished(livePath_);
+    isNew_ = false;
+  } catch (const std::exception& error) {
+    live_.reset();
+    tellOnce(livePath_ + ": " + error.what() + "; nothing of it is published yet");
+  }
+}
+
 void PublishWorker::closeLive() {
+  if (isNew_ && !live_ && !livePath_.empty()) add(livePath_, setup_.terms);
+  isNew_ = false;
   if (!live_) return;
-  if (skipOnFailure([&] { live_->close(); }))
+  try {
+    live_->close();
     others_.push_front(std::move(live_));
-  else
-    tell(livePath_ + " cannot be read any more", true);
+  } catch (const std::exception& error) {
+    lost_ = true;
+    tell(livePath_ + ": " + error.what() + "; the rest of it is not published", true);
+  }
   live_.reset();
 }
 
 bool PublishWorker::isKnown(const std::string& path) const {
   return (live_ && live_->path() == path) ||
-         std::ranges::any_of(others_, [&](const auto& other) { return other->path() == path; });
+         std::ranges::any_of(others_, [&](const auto& other) { return other->path() == path; }) ||
+         std::ranges::find(waiting_, path, &Waiting::path) != waiting_.end();
 }
 
 void PublishWorker::add(const std::string& path, const PublishTerms& terms) {
-  if (isKnown(path)) return;
-  try {
-    auto publication = std::make_shared<Publication>(files_, path, terms, false);
-    publication->close();
-    others_.push_back(std::move(publication));
-  } catch (const std::exception& error) {
-    lost_ = true;
-    tell(error.what(), true);
+  if (!isKnown(path)) waiting_.push_back({path, terms});
+}
+
+/// One at a time: there may be many.
+void PublishWorker::openWaiting() {
+  while (others_.empty() && !waiting_.empty()) {
+    const Waiting next = std::move(waiting_.front());
+    waiting_.pop_front();
+    try {
+      if (isBeingWritten(next.path))
+        throw TarnError(1, "PublishWorker", next.path + ": is being recorded, and published by its recorder");
+      auto publication = std::make_shared<Publication>(files_, next.path, next.terms, false);
+      publication->close();
+      others_.push_back(std::move(publication));
+    } catch (const std::exception& error) {
+      lost_ = true;
+      tell(error.what(), true);
+    }
   }
 }
 
@@ -199,7 +229,10 @@ void PublishWorker::introduce() {
 void PublishWorker::introduce(const std::shared_ptr<Publication>& publication) {
   publication->setIntroduced(wasOpen_);
   if (!wasOpen_) return;
-  for (MqttMessage& message : publication->introduction()) push({{std::move(message), 0}, publication});
+  // A recorder's older files must not describe what it publishes now.
+  const bool retained = !setup_.live || publication == live_;
+  for (MqttMessage& message : publication->introduction(retained))
+    push({{std::move(message), 0}, publication});
 }
 
 void PublishWorker::push(Sent sent) {
@@ -207,7 +240,8 @@ void PublishWorker::push(Sent sent) {
   sentBytes_ += sent.outgoing.message.payload.size();
   sent.id = sent.acknowledged ? std::nullopt : client_.publish(sent.outgoing.message);
   if (!sent.id && !sent.acknowledged && client_.state() == MqttClient::State::Open) {
-    tell(sent.outgoing.message.topic + ": cannot be published: the name or the value is too long", true);
+    tellOnce(sent.outgoing.message.topic +
+             ": is left out: the broker does not take messages as long as this");
     sent.acknowledged = true;
     lost_ = true;
   }
@@ -216,6 +250,7 @@ void PublishWorker::push(Sent sent) {
 
 void PublishWorker::sendMore() {
   Sent sent;
+  isSearching_ = false;
   while (client_.state() == MqttClient::State::Open && sent_.size() < kMostMessages &&
          sentBytes_ < kMostBytes && !client_.isCongested() && goToNext(sent))
     push(std::move(sent));
@@ -224,9 +259,7 @@ void PublishWorker::sendMore() {
 /// What is recorded now goes first.
 bool PublishWorker::goToNext(Sent& sent) {
   if (live_ && goToNext(live_, sent)) return true;
-  for (const auto& other : std::deque(others_))
-    if (goToNext(other, sent)) return true;
-  return false;
+  return !others_.empty() && goToNext(others_.front(), sent);
 }
 
 /// A file that cannot be read on ends only its own publication.
@@ -234,11 +267,14 @@ bool PublishWorker::goToNext(const std::shared_ptr<Publication>& publication, Se
   sent = {};
   sent.of = publication;
   try {
-    if (!publication->isIntroduced()) introduce(publication);
-    return publication->next(sent.outgoing);
+    const bool found = publication->next(sent.outgoing);
+    if (found && !publication->isIntroduced()) introduce(publication);
+    isSearching_ = isSearching_ || (!found && publication->isSearching());
+    return found;
   } catch (const std::exception& error) {
-    tell(publication->path() + ": " + error.what(), true);
-    drop(publication.get());
+    const std::shared_ptr<Publication> failed = sent.of;
+    tell(failed->path() + ": " + error.what(), true);
+    drop(failed.get());
     return false;
   }
 }
@@ -305,29 +341,36 @@ void PublishWorker::watchConnection(Time now) {
 void PublishWorker::retire() {
   const auto done = [&](const std::shared_ptr<Publication>& publication) {
     if (!publication->isComplete()) return false;
-    skipOnFailure([&] { publication->save(); });
+    save(*publication);
+    if (publication->isDamaged()) {
+      lost_ = true;
+      tell(publication->path() + ": is damaged: what stands behind is not published", true);
+    }
     if (!setup_.live)
-      tell(fmt::format("{}: {} answers published", publication->path(), publication->published()), false);
+      tell(fmt::format("{}: answers published: {}", publication->path(), publication->published()), false);
     return true;
   };
   std::erase_if(others_, done);
 }
 
-void PublishWorker::save(bool all) {
+void PublishWorker::saveAll() {
   saved_ = Steady::now();
-  const auto write = [&](const std::shared_ptr<Publication>& publication) {
-    if (!skipOnFailure([&] { publication->save(); }) && all)
-      tell(PublishedNote::pathOf(publication->path()) + " cannot be written: it will be published again",
-           true);
-  };
-  if (live_) write(live_);
-  for (const auto& other : others_) write(other);
+  if (live_) save(*live_);
+  for (const auto& other : others_) save(*other);
+}
+
+void PublishWorker::save(Publication& publication) {
+  try {
+    publication.save();
+  } catch (const std::exception& error) {
+    tellOnce(std::string(error.what()) + "; the file will be published again");
+  }
 }
 
 bool PublishWorker::mayEnd(Time now) {
   if (!end_) return false;
   if (now >= *end_ || failures_ >= setup_.triesAtEnd) return true;
-  if (!allDone()) return false;
+  if (!allDone()) return saidGoodbye_ && client_.state() == MqttClient::State::Closed;
   if (!setup_.live || saidGoodbye_ || client_.state() != MqttClient::State::Open) return true;
   sayGoodbye();
   return false;
@@ -339,13 +382,25 @@ void PublishWorker::sayGoodbye() {
   push({{{topics.state(), stateText("ended"), true}, 0}, {}});
 }
 
+/// The client is gone before anybody may think that this is over: the library must not be used while the
+/// process ends.
 void PublishWorker::leave() {
+  if (setup_.live && !saidGoodbye_ && client_.state() == MqttClient::State::Open) sayGoodbye();
   client_.disconnect();
   closeLive();
-  save(true);
-  for (const auto& other : others_)
-    tell(other->path() + " is not published whole; \"tarn-record publish\" sends the rest", true);
-  mailbox_->setOver(others_.empty() && !lost_);
+  saveAll();
+  for (const auto& other : others_) tellRest(other->path());
+  for (const Waiting& waiting : waiting_) tellRest(waiting.path);
+  mailbox_->setOver(others_.empty() && waiting_.empty() && !lost_);
+}
+
+void PublishWorker::tellRest(const std::string& path) {
+  tell(path + ": is not published whole; \"tarn-record publish\" sends the rest", true);
+}
+
+/// What may be so again and again.
+void PublishWorker::tellOnce(const std::string& text) {
+  if (told_.insert(text).second) tell(text, true);
 }
 
 void PublishWorker::tell(const std::string& text, bool trouble) {

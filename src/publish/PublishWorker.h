@@ -6,6 +6,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -59,9 +60,17 @@ class PublishWorker {
   };
 
   bool goOn();
+  /// A file that is opened when its turn comes.
+  struct Waiting {
+    std::string path;
+    PublishTerms terms;
+  };
+
   void takeOrders();
   void follow(const PublishMailbox::Orders& orders);
+  void openLive();
   void closeLive();
+  void openWaiting();
   PublishTerms termsFor(const std::string& path);
   void add(const std::string& path, const PublishTerms& terms);
   void addUnfinished(const std::string& live);
@@ -79,12 +88,15 @@ class PublishWorker {
   void drop(const Publication* publication);
   void watchConnection(Time now);
   void retire();
-  void save(bool all);
-  bool allDone() const { return !live_ && others_.empty() && sent_.empty(); }
+  void save(Publication& publication);
+  void saveAll();
+  bool allDone() const { return !live_ && others_.empty() && waiting_.empty() && sent_.empty(); }
   bool mayEnd(Time now);
   void sayGoodbye();
   void leave();
   void tell(const std::string& text, bool trouble);
+  void tellOnce(const std::string& text);
+  void tellRest(const std::string& path);
 
   PublishSetup setup_;
   std::shared_ptr<PublishMailbox> mailbox_;
@@ -93,7 +105,10 @@ class PublishWorker {
   PublishBackOff backOff_;
   std::shared_ptr<Publication> live_;
   std::string livePath_;
-  std::deque<std::shared_ptr<Publication>> others_;
+  bool isNew_ = false;                               ///< that one is still to be opened
+  bool isSearching_ = false;                         ///< for something to send, and not through
+  std::deque<std::shared_ptr<Publication>> others_;  ///< whole files, at most two
+  std::deque<Waiting> waiting_;
   std::deque<Sent> sent_;
   std::size_t sentBytes_ = 0;
   bool isTrying_ = false;  ///< to connect, or connected
@@ -106,6 +121,7 @@ class PublishWorker {
   Time progress_{};      ///< last acknowledgement, or when something was sent while nothing was under way
   Time saved_{};
   std::optional<Time> end_;
+  std::set<std::string> told_;
 };
 
 }  // namespace tarnlog

@@ -45,6 +45,11 @@ std::string PublishedNote::text() const {
   return object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 
+void PublishedNote::setAcquisition(std::string_view id) {
+  if (acquisition != id) places.clear();
+  acquisition = id;
+}
+
 PublishedUntil& PublishedNote::at(std::string_view to) {
   const auto known = std::ranges::find(places, to, &PublishedUntil::to);
   if (known != places.end()) return *known;

@@ -28,6 +28,8 @@ struct PublishedNote {
   /// What cannot be read is an empty note.
   static PublishedNote parse(std::string_view text);
   std::string text() const;
+  /// Forgets all when it is of another acquisition, whose file had the same name.
+  void setAcquisition(std::string_view id);
   /// Of that place; made when there is none.
   PublishedUntil& at(std::string_view to);
 };

@@ -161,6 +161,28 @@ void addPublishing(CLI::App& command, PublishOptions& options) {
       ->type_name("NAME");
 }
 
+/// What is written or sent beside the records.
+void addMeasurement(CLI::App& command, RunOptions& options) {
+  command
+      .add_flag(
+          "--mf4{record}", options.mf4,
+          "Also write what was answered, and when, as measurement data (MDF 4): a file beside each record;\n"
+          "--mf4=all: one file for the whole run")
+      ->check(CLI::IsMember(std::vector<std::string>{"record", "all"}));
+  command
+      .add_option(
+          "--samples", options.samples,
+          "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
+      ->type_name("FILE");
+  command
+      .add_option(
+          "--publish", options.publish.to,
+          "Publish each answer at an MQTT broker, as it comes (mqtts: over TLS); implies a measurement\n"
+          "file of the whole run")
+      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
+  addPublishing(command, options.publish);
+}
+
 std::function<int()> addRun(CLI::App& app, RunOptions& options) {
   CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
   addVehicle(command, options.vehicle, options.link);
@@ -186,24 +208,7 @@ std::function<int()> addRun(CLI::App& app, RunOptions& options) {
                   "End the run after N recordings (default: 1 when the start is manual, else no limit)")
       ->check(wholeNumber(1, 1000000000))
       ->type_name("N");
-  command
-      .add_flag(
-          "--mf4{record}", options.mf4,
-          "Also write what was answered, and when, as measurement data (MDF 4): a file beside each record;\n"
-          "--mf4=all: one file for the whole run")
-      ->check(CLI::IsMember(std::vector<std::string>{"record", "all"}));
-  command
-      .add_option(
-          "--samples", options.samples,
-          "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
-      ->type_name("FILE");
-  command
-      .add_option(
-          "--publish", options.publish.to,
-          "Publish each answer at an MQTT broker, as it comes (mqtts: over TLS); implies a measurement\n"
-          "file of the whole run")
-      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
-  addPublishing(command, options.publish);
+  addMeasurement(command, options);
   command
       .add_option("--sync", options.sync,
                   "Bring the files to the disk every S seconds (default: 5; 0: only when they are closed)")

@@ -193,7 +193,9 @@ void RecorderWindow::addFolderPerVehicle(QMenu& menu) {
   connect(folderPerVehicle_, &QAction::toggled, this, [&settings](bool checked) {
     skipOnFailure([&] { settings.write(kFolderPerVehicle, checked ? "1" : "0"); });
   });
-  recorder_->ctlTarnAcq().setFolderRule([this](const std::string& folder) { return folderFor(folder); });
+  const auto rule = [this](const std::string& folder) { return folderFor(folder); };
+  recorder_->ctlTarnAcq().setFolderRule(rule);
+  recorder_->measurement().files().setFolderRule(rule);
 }
 
 std::string RecorderWindow::folderFor(const std::string& folder) {

@@ -50,23 +50,21 @@ void MdfSink::begin(const SampleBeginning& beginning) {
   zone_ = beginning.zone;
   acquisition_ = beginning.acquisition;
   ofRecordings_ = setup_.recordings();
-  wholePath_.clear();
+  parameters_ = &beginning.parameters;
   ofAll_ = setup_.whole();
-  if (ofAll_) wholePath_ = wholePath(beginning.parameters);
+  wholeName_.clear();
+  if (ofAll_)
+    wholeName_ = beginning.parameters.filePrefix + recordBaseName(setup_.clock.now(), "", setup_.locale) +
+                 "_all" + kExtension;
 }
 
-std::string MdfSink::wholePath(const oTarnParameters& parameters) const {
-  std::string folder = parameters.fileFolder;
+/// Only when there is something to write: an adapter has told its name by then, whoever began the acquisition
+/// has said where its files go, and no file stays empty.
+void MdfSink::openWhole() {
+  std::string folder = parameters_->fileFolder;
   if (!setup_.files.folderExists(folder)) folder = setup_.files.currentFolder();
   if (folderRule_) folder = folderRule_(folder);
-  const std::string base = recordBaseName(setup_.clock.now(), "", setup_.locale);
-  return joinPath(folder, parameters.filePrefix + base + "_all" + kExtension);
-}
-
-/// Only when there is something to write: an adapter has told its name by then, and no file stays empty.
-void MdfSink::openWhole() {
-  const std::string path = std::exchange(wholePath_, {});
-  open(whole_, acquisition_, path, aboutFrom(at_, {}));
+  open(whole_, acquisition_, joinPath(folder, std::exchange(wholeName_, {})), aboutFrom(at_, {}));
 }
 
 /// The wall clock of the start is what it would be had nobody set it since the beginning.
@@ -114,7 +112,7 @@ void MdfSink::answer(const SampleAnswer& answer) {
 /// The record that was just made.
 void MdfSink::add(std::size_t group, std::int64_t at) {
   newest_ = std::max(newest_, at);
-  if (!wholePath_.empty()) openWhole();
+  if (!wholeName_.empty()) openWhole();
   if (ofRecordings_) history_.add(group, at, record_.bytes());
   if (recording_) recording_->file.add(group, at, record_.bytes());
   if (whole_) whole_->file.add(group, at, record_.bytes());
@@ -202,7 +200,7 @@ void MdfSink::recordingBegan(const SampleRecording& recording) {
 void MdfSink::recordingEnded(std::int64_t /*at*/, std::uint64_t /*rows*/) { close(recording_); }
 
 void MdfSink::end(std::int64_t /*at*/) {
-  wholePath_.clear();
+  wholeName_.clear();
   close(recording_);
   close(whole_);
   requests_.clear();

@@ -84,7 +84,6 @@ class MdfSink : public SampleSink {
   void flush();
   MdfAbout aboutFrom(std::int64_t start, const std::vector<ferrox3::Fact>& ids) const;
   void openWhole();
-  std::string wholePath(const oTarnParameters& parameters) const;
   void open(std::optional<Open>& target, const SampleId& id, const std::string& path, const MdfAbout& about);
   void close(std::optional<Open>& open);
   void finish(Open& open, MdfClosing closing);
@@ -102,7 +101,8 @@ class MdfSink : public SampleSink {
   ZoneOffset zone_;
   std::vector<ferrox3::Fact> facts_;
   std::string configuration_;
-  std::string wholePath_;  ///< of a file that is still to be made
+  const oTarnParameters* parameters_ = nullptr;  ///< while answers come
+  std::string wholeName_;                        ///< of a file that is still to be made
   MdfRecord record_;
   SampleHistory history_;
   bool ofRecordings_ = false;

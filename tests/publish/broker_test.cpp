@@ -129,7 +129,8 @@ void recordAndDie(const std::string& folder, const std::string& to, int cycles) 
     rig.pedal();
     rig.start();
     rig.cycles(cycles);
-    ::poll(nullptr, 0, 20);  // some of it gets out
+    const std::string note = PublishedNote::pathOf(rig.sink.openPaths().at(0));
+    becomes([&] { return std::filesystem::exists(note); });
     ::kill(::getpid(), SIGKILL);
   }
   ::waitpid(child, nullptr, 0);

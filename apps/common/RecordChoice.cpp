@@ -38,8 +38,9 @@ void refuseUnknownData(const std::vector<RecordHead>& recordings, const std::vec
         }
     if (found) continue;
     const std::string nearest = nearestName(known, name);
-    throw BadInput(fmt::format("--data {}: not in {}{}", name, path,
-                               nearest.empty() ? "" : ", did you mean " + nearest + "?"));
+    if (!nearest.empty())
+      throw BadInput(fmt::format("--data {}: not in {}, did you mean {}?", name, path, nearest));
+    throw BadInput(fmt::format("--data {}: not in {}{}", name, path, nearNamesText(nearNames(known, name))));
   }
 }
 

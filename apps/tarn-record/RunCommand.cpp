@@ -40,11 +40,9 @@ constexpr std::chrono::seconds kLogPatience{1};
 constexpr std::chrono::seconds kPublishPatience{5};
 constexpr int kLookAround = 20;  // milliseconds
 
-void applyOptions(oTarnParameters& parameters, const RunOptions& options) {
-  if (options.folder) useFolder(parameters, *options.folder);
-  if (options.format) parameters.fileFormat = *options.format;
-  if (options.period) parameters.recordingPeriod = *options.period;
-  if (options.prefix) parameters.filePrefix = *options.prefix;
+void applyOptions(oTarnParameters& parameters, const FileOptions& options) {
+  if (options.folder) makeFolder(*options.folder);
+  options.apply(parameters);
 }
 
 RunLimits limitsOf(const RunOptions& options, const oTarnParameters& parameters) {
@@ -180,7 +178,7 @@ class Run {
   LoadedConfiguration load() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
-    applyOptions(*configuration.parameters, options_);
+    applyOptions(*configuration.parameters, options_.files);
     if (publisher_) checkPublished(publishedSelection_, *configuration.parameters);
     return configuration;
   }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "apps/common/PublishOptions.h"
+#include "apps/tarn-record/FileOptions.h"
 #include "host/vehicle/Vehicle.h"
 
 namespace tarnlog::record {
@@ -13,11 +14,8 @@ struct RunOptions {
   std::string vehicle;
   host::LinkOptions link;
   std::string config;
-  std::optional<std::string> folder;
+  FileOptions files;
   bool folderPerVehicle = false;
-  std::optional<std::string> format;
-  std::optional<std::int32_t> period;
-  std::optional<std::string> prefix;
   std::optional<std::int32_t> duration;
   std::optional<std::int32_t> recordings;
   std::string mf4;  ///< "record": a measurement file for each recording; "all": one for the acquisition

@@ -8,6 +8,7 @@
 
 #include "apps/common/BadInput.h"
 #include "apps/common/CommandLine.h"
+#include "apps/common/HelpFormatter.h"
 #include "apps/common/Signals.h"
 #include "apps/common/StandardStreams.h"
 #include "apps/common/TerminalText.h"
@@ -40,7 +41,9 @@ void addPicture(CLI::App& app, CLI::Option& records, PictureOptions& picture) {
 
 /// The exit code, when the command line itself is what ends the program.
 std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOptions& picture) {
-  CLI::App app("Shows the data of a vehicle's control units live, records them, and shows records");
+  CLI::App app("Shows the data of a vehicle's control units live, records them, and shows records",
+               "tarnlog");
+  useHelpFormatter(app);
   app.set_version_flag("--version", TARNLOG_VERSION);
   app.add_option(
          "--vehicle", options.vehicle,
@@ -70,24 +73,21 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
                      "Records to look at: text, XML, MDF 4; the second and third are laid over the first")
           ->expected(0, 3);
   addPicture(app, *records, picture);
-  app.footer(
+  app.footer(helpFooter(
       "F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at "
-      "once;\nUSR1 is the event button.\n"
+      "once; USR1 is the event button.\n"
       "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there "
-      "is\ntarn-record.\n"
-      "Example:\n"
-      "  tarnlog --vehicle examples/road-car.vehicle.json --config examples/road-car.xml --folder "
-      "recordings\n"
-      "  tarnlog recordings/16-11-26_19h05mn11.xml");
+      "is tarn-record.",
+      "  tarnlog --vehicle examples/road-car.vehicle.json \\\n"
+      "      --config examples/road-car.xml --folder recordings\n"
+      "  tarnlog recordings/16-11-26_19h05mn11.xml"));
   try {
     app.parse(argc, argv);
+  } catch (const CLI::Success& asked) {
+    return app.exit(asked);
   } catch (const CLI::ParseError& error) {
-    const std::string unknown = unknownWord(app, argc, argv);
-    if (error.get_exit_code() != 0 && !unknown.empty()) {
-      std::fprintf(stderr, "tarnlog: %s\nRun with --help for more information.\n", unknown.c_str());
-      return kBadInput;
-    }
-    return app.exit(error) == 0 ? kDone : kBadInput;
+    std::fprintf(stderr, "tarnlog: %s\n", printableText(refusalOf(app, error, argc, argv)).c_str());
+    return kBadInput;
   }
   return std::nullopt;
 }

@@ -1,0 +1,48 @@
+#include "apps/tarn-record/FileArguments.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <vector>
+
+#include "acquisition/RecordFormats.h"
+#include "apps/common/ArgumentChecks.h"
+
+namespace tarnlog::record {
+
+namespace {
+
+std::vector<std::string> recordExtensions() {
+  std::vector<std::string> extensions;
+  for (const RecordFormat& format : recordFormats()) extensions.emplace_back(format.extension);
+  return extensions;
+}
+
+}  // namespace
+
+void FileOptions::apply(oTarnParameters& parameters) const {
+  if (folder) parameters.fileFolder = *folder;
+  if (format) parameters.fileFormat = *format;
+  if (period) parameters.recordingPeriod = *period;
+  if (prefix) parameters.filePrefix = *prefix;
+}
+
+void addFileOptions(CLI::App& command, FileOptions& options) {
+  command.add_option("--folder", options.folder, "Folder of the record files")->type_name("DIR");
+  command.add_option("--format", options.format, "File format")
+      ->check(oneOf(recordExtensions()))
+      ->type_name(fmt::format("{}", fmt::join(recordExtensions(), "|")));
+  command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
+      ->check(wholeNumber(0, kLongestSeconds))
+      ->type_name("S");
+  command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
+}
+
+void addOutput(CLI::App& command, std::string& output, const std::string& what) {
+  command
+      .add_option("--output", output, fmt::format("{} (replaced when it exists; - is standard output)", what))
+      ->required()
+      ->type_name("FILE");
+}
+
+}  // namespace tarnlog::record

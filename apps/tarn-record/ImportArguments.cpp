@@ -1,0 +1,32 @@
+#include <memory>
+
+#include "apps/common/BadInput.h"
+#include "apps/common/HelpFormatter.h"
+#include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/FileArguments.h"
+#include "apps/tarn-record/ImportCommand.h"
+#include "apps/tarn-record/OutputFile.h"
+#include "apps/tarn-record/StandardOutput.h"
+#include "platform/files/SystemFileSystem.h"
+
+namespace tarnlog::record {
+
+Action addImport(CLI::App& app) {
+  const auto options = std::make_shared<ImportOptions>();
+  CLI::App& command = *app.add_subcommand("import", "Make a vehicle description of an ODX container");
+  command.add_option("--odx", options->odx, "ODX 2.2 container (.pdx), or one of its documents")
+      ->required()
+      ->type_name("FILE");
+  addOutput(command, options->output, "Vehicle description to write");
+  command.add_option("--name", options->name, "Name of the vehicle (default: the container's)")
+      ->type_name("TEXT");
+  command.footer(helpFooter({}, "  tarn-record import --odx car.pdx --output car.vehicle.json"));
+  return [options] {
+    SystemFileSystem files;
+    options->output = outputPath(options->output);
+    report(options->output, importOdxFile(files, *options));
+    return kDone;
+  };
+}
+
+}  // namespace tarnlog::record

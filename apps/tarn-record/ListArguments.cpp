@@ -1,0 +1,39 @@
+#include <memory>
+#include <string>
+
+#include "apps/common/BadInput.h"
+#include "apps/common/HelpFormatter.h"
+#include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/ListCommand.h"
+#include "apps/tarn-record/OfflineVehicle.h"
+#include "apps/tarn-record/StandardOutput.h"
+#include "apps/tarn-record/VehicleArguments.h"
+
+namespace tarnlog::record {
+
+namespace {
+
+struct ListOptions {
+  VehicleChoice vehicle;
+  std::string filter;
+  bool json = false;
+};
+
+}  // namespace
+
+Action addList(CLI::App& app) {
+  const auto options = std::make_shared<ListOptions>();
+  CLI::App& command = *app.add_subcommand("list", "Show the data that a vehicle offers");
+  addVehicle(command, options->vehicle);
+  command.add_option("--filter", options->filter, "Only where name, request, ECU or unit contains this")
+      ->type_name("TEXT");
+  command.add_flag("--json", options->json, "As JSON");
+  command.footer(helpFooter({}, "  tarn-record list --vehicle examples/road-car.vehicle.json --filter temp"));
+  return [options] {
+    OfflineVehicle vehicle(options->vehicle);
+    print(catalogueList(vehicle.session(), options->filter, options->json));
+    return kDone;
+  };
+}
+
+}  // namespace tarnlog::record

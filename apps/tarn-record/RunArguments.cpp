@@ -1,0 +1,74 @@
+#include <memory>
+
+#include "apps/common/ArgumentChecks.h"
+#include "apps/common/HelpFormatter.h"
+#include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/FileArguments.h"
+#include "apps/tarn-record/PublishArguments.h"
+#include "apps/tarn-record/RunCommand.h"
+#include "apps/tarn-record/VehicleArguments.h"
+
+namespace tarnlog::record {
+
+namespace {
+
+void addLimits(CLI::App& command, RunOptions& options) {
+  command.add_option("--duration", options.duration, "End the run S seconds after the first data")
+      ->check(wholeNumber(1, kLongestSeconds))
+      ->type_name("S");
+  command
+      .add_option("--recordings", options.recordings,
+                  "End the run after N recordings (default: 1 when the start is manual, else no limit)")
+      ->check(wholeNumber(1, 1000000000))
+      ->type_name("N");
+}
+
+/// What is written or sent beside the records.
+void addMeasurement(CLI::App& command, RunOptions& options) {
+  command
+      .add_flag("--mf4{record}", options.mf4,
+                "Also write what was answered, and when, as measurement data (MDF 4): a file beside each "
+                "record; --mf4=all: one file for the whole run")
+      ->check(oneOf({"record", "all"}))
+      ->option_text("[=all]");
+  command
+      .add_option(
+          "--samples", options.samples,
+          "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
+      ->type_name("FILE");
+  command
+      .add_option("--publish", options.publish.to,
+                  "Publish each answer at an MQTT broker, as it comes (mqtts: over TLS); implies a "
+                  "measurement file of the whole run")
+      ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
+  addPublishing(command, options.publish);
+}
+
+}  // namespace
+
+Action addRun(CLI::App& app) {
+  const auto options = std::make_shared<RunOptions>();
+  CLI::App& command = *app.add_subcommand("run", "Record: wait for the start trigger or start at once");
+  addVehicle(command, options->vehicle, options->link);
+  addTrace(command, options->link);
+  addConfiguration(command, options->config);
+  addFileOptions(command, options->files);
+  command.add_flag("--folder-per-vehicle", options->folderPerVehicle,
+                   "Write the files into a folder there that is named after the vehicle");
+  addIntervals(command, options->link);
+  addLimits(command, *options);
+  addMeasurement(command, *options);
+  command
+      .add_option("--sync", options->sync,
+                  "Bring the files to the disk every S seconds (default: 5; 0: only when they are closed)")
+      ->check(wholeNumber(0, 3600))
+      ->type_name("S");
+  command.footer(
+      helpFooter("Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is "
+                 "the event button.",
+                 "  tarn-record run --vehicle examples/road-car.vehicle.json \\\n      --config "
+                 "examples/road-car.xml --folder recordings --duration 60"));
+  return [options] { return run(*options); };
+}
+
+}  // namespace tarnlog::record

@@ -1,0 +1,31 @@
+#include <memory>
+
+#include "apps/common/BadInput.h"
+#include "apps/common/HelpFormatter.h"
+#include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/FileArguments.h"
+#include "apps/tarn-record/OutputFile.h"
+#include "apps/tarn-record/ScanCommand.h"
+#include "apps/tarn-record/StandardOutput.h"
+#include "apps/tarn-record/VehicleArguments.h"
+#include "platform/files/SystemFileSystem.h"
+
+namespace tarnlog::record {
+
+Action addScan(CLI::App& app) {
+  const auto options = std::make_shared<ScanOptions>();
+  CLI::App& command =
+      *app.add_subcommand("scan", "Ask a car what it offers (OBD) and write it as a vehicle description");
+  command.add_option("--link", options->link.url, "How the car is reached")->required()->type_name("URL");
+  addTrace(command, options->link);
+  addOutput(command, options->output, "Vehicle description to write");
+  command.footer(helpFooter({}, "  tarn-record scan --link elm327:///dev/ttyUSB0 --output car.vehicle.json"));
+  return [options] {
+    SystemFileSystem files;
+    options->output = outputPath(options->output);
+    report(options->output, scanCar(files, *options));
+    return kDone;
+  };
+}
+
+}  // namespace tarnlog::record

@@ -1,0 +1,42 @@
+#include "apps/tarn-record/VehicleArguments.h"
+
+#include "apps/common/ArgumentChecks.h"
+
+namespace tarnlog::record {
+
+void addVehicle(CLI::App& command, std::string& vehicle, host::LinkOptions& link) {
+  command
+      .add_option("--vehicle", vehicle,
+                  "Vehicle description (JSON), or obd2: to ask the car behind the link what it offers")
+      ->required()
+      ->type_name("FILE");
+  command.add_option("--link", link.url, "How the car is reached (default: the description's simulation)")
+      ->type_name("URL");
+}
+
+void addVehicle(CLI::App& command, VehicleChoice& choice) { addVehicle(command, choice.path, choice.link); }
+
+void addConfiguration(CLI::App& command, std::string& config) {
+  command.add_option("--config", config, "Recording configuration (XML)")->required()->type_name("FILE");
+}
+
+void addIntervals(CLI::App& command, host::LinkOptions& link) {
+  command
+      .add_option("--interval", link.intervals,
+                  "Send this request every MS milliseconds only, not in every cycle; for several requests, "
+                  "several times")
+      ->allow_extra_args(false)
+      ->type_name("ECU/REQUEST=MS");
+}
+
+void addTrace(CLI::App& command, host::LinkOptions& link) {
+  command.add_option("--trace", link.trace, "Write what goes over the link to this new file")
+      ->check(noStandardStream())
+      ->type_name("FILE");
+}
+
+void addRecordFile(CLI::App& command, std::string& file) {
+  command.add_option("FILE", file, "Text or XML record or event file, or MDF 4 file")->required();
+}
+
+}  // namespace tarnlog::record

@@ -39,6 +39,8 @@ CatalogueRow rowOf(XmlElement ecu, XmlElement request, XmlElement data) {
   CatalogueRow row{.ecu = text(ecu, "name"),
                    .request = text(request, "name"),
                    .data = text(data, "name"),
+                   .function = text(ecu, "function"),
+                   .address = text(ecu, "address"),
                    .unit = text(data, "unit"),
                    .minimum = limitText(data.attributeOrEmpty("min")),
                    .maximum = limitText(data.attributeOrEmpty("max")),

@@ -13,6 +13,8 @@ struct CatalogueRow {
   std::string ecu;
   std::string request;
   std::string data;
+  std::string function;  ///< of the ECU
+  std::string address;   ///< of the ECU, decimal
   std::string unit;
   std::string minimum;
   std::string maximum;

@@ -31,7 +31,7 @@ Action addList(CLI::App& app) {
   command.footer(helpFooter({}, "  tarn-record list --vehicle examples/road-car.vehicle.json --filter temp"));
   return [options] {
     OfflineVehicle vehicle(options->vehicle);
-    print(catalogueList(vehicle.session(), options->filter, options->json));
+    print(catalogueList(vehicle.ferrox3(), vehicle.session(), options->filter, options->json));
     return kDone;
   };
 }

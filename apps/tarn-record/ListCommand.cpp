@@ -1,11 +1,13 @@
 #include "apps/tarn-record/ListCommand.h"
 
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/CatalogueTable.h"
 #include "apps/tarn-record/TextTable.h"
+#include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
 
 namespace tarnlog::record {
@@ -27,7 +29,21 @@ std::string table(const std::vector<CatalogueRow>& rows) {
   return table.text();
 }
 
-std::string jsonArray(const std::vector<CatalogueRow>& rows) {
+/// What is sent for a row, and so what is asked together; empty where the vehicle does not tell.
+std::string frameOf(const ferrox3::Session& vehicle, const CatalogueRow& row) {
+  std::string frame;
+  skipOnFailure([&] {
+    for (std::size_t i = 0; i < vehicle.ecuCount() && frame.empty(); ++i) {
+      const ferrox3::Ecu& ecu = vehicle.ecu(i);
+      if (ecu.name() != row.ecu || std::to_string(ecu.address()) != row.address) continue;
+      if (const ferrox3::Request* const request = ecu.findRequest(row.request))
+        frame = request->frameText(true);
+    }
+  });
+  return frame;
+}
+
+std::string jsonArray(const ferrox3::Session& vehicle, const std::vector<CatalogueRow>& rows) {
   nlohmann::ordered_json array = nlohmann::ordered_json::array();
   for (const CatalogueRow& row : rows) {
     nlohmann::ordered_json item{{"ecu", row.ecu},
@@ -35,6 +51,9 @@ std::string jsonArray(const std::vector<CatalogueRow>& rows) {
                                 {"data", row.data},
                                 {"unit", row.unit},
                                 {"type", row.type}};
+    item["function"] = row.function;
+    if (!row.address.empty()) item["address"] = leadingInteger(row.address);
+    item["frame"] = frameOf(vehicle, row);
     if (isNumber(row)) item["min"] = leadingNumber(row.minimum);
     if (isNumber(row)) item["max"] = leadingNumber(row.maximum);
     if (!row.device.empty()) item["device"] = row.device;
@@ -48,10 +67,11 @@ std::string jsonArray(const std::vector<CatalogueRow>& rows) {
 
 }  // namespace
 
-std::string catalogueList(const SessionDocument& session, const std::string& filter, bool json) {
+std::string catalogueList(const ferrox3::Session& vehicle, const SessionDocument& session,
+                          const std::string& filter, bool json) {
   std::vector<CatalogueRow> rows = catalogueRows(session);
   std::erase_if(rows, [&](const CatalogueRow& row) { return !matches(row, filter); });
-  return json ? jsonArray(rows) : table(rows);
+  return json ? jsonArray(vehicle, rows) : table(rows);
 }
 
 }  // namespace tarnlog::record

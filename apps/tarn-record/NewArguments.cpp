@@ -1,10 +1,15 @@
+#include <fmt/format.h>
+
+#include <cstdio>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "apps/common/ArgumentChecks.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/HelpFormatter.h"
+#include "apps/common/RecordPrefix.h"
 #include "apps/common/Stylesheet.h"
+#include "apps/common/TerminalText.h"
 #include "apps/tarn-record/Commands.h"
 #include "apps/tarn-record/FileArguments.h"
 #include "apps/tarn-record/NewCommand.h"
@@ -19,33 +24,74 @@ namespace {
 
 struct NewOptions {
   VehicleChoice vehicle;
-  std::vector<std::string> data;
+  DataChoice data;
+  TriggerChoice triggers;
+  FileOptions files;
   std::string output;
 };
+
+void addData(CLI::App& command, DataChoice& choice) {
+  command.add_option("--data", choice.data, "Data to record, as `list` names them")
+      ->type_name("ECU/REQUEST/DATA");
+  command
+      .add_option(
+          "--match", choice.match,
+          "Data to record: all whose ECU/REQUEST/DATA, or DATA alone, fits this pattern; * stands for "
+          "any characters, ? for one, and case does not count")
+      ->type_name("PATTERN");
+  command.add_flag("--all", choice.all, "Record all data of the vehicle");
+}
+
+void addTriggers(CLI::App& command, TriggerChoice& choice) {
+  command
+      .add_option("--start", choice.start,
+                  "Start when the value rises (>) or falls (<) to the level; else by hand")
+      ->type_name("ECU/REQUEST/DATA>LEVEL");
+  command
+      .add_option("--stop", choice.stop,
+                  "Stop when the value rises or falls to the level or, with seconds like 30s, after that "
+                  "time; else by hand")
+      ->type_name("ECU/REQUEST/DATA<LEVEL");
+  command.add_option("--before", choice.before, "Keep the S seconds before the start, too")
+      ->check(wholeNumber(0, kLongestSeconds))
+      ->type_name("S");
+  command.add_option("--after", choice.after, "Go on for S seconds after the stop")
+      ->check(wholeNumber(0, kLongestSeconds))
+      ->type_name("S");
+}
+
+int writeConfiguration(NewOptions& options) {
+  options.output = outputPath(options.output);
+  refuseInput(options.output, options.vehicle.path);
+  OfflineVehicle vehicle(options.vehicle);
+  oTarnParameters parameters(FileSettingsStore(vehicle.files(), FileSettingsStore::defaultPath()));
+  addChosenData(parameters, vehicle.session(), options.data);
+  for (const std::string& added : setTriggers(parameters, vehicle.session(), options.triggers))
+    std::fputs(printableText(fmt::format("tarn-record: recorded, too, for a trigger watches it: {}\n", added))
+                   .c_str(),
+               stderr);
+  options.files.apply(parameters);
+  refusePrefixOutside(options.output, parameters.filePrefix);
+  parameters.SaveXmlConfiguration(vehicle.files(), options.output, kStylesheetUrl);
+  return kDone;
+}
 
 }  // namespace
 
 Action addNew(CLI::App& app) {
   const auto options = std::make_shared<NewOptions>();
-  CLI::App& command = *app.add_subcommand("new", "Write a configuration that records the named data");
+  CLI::App& command = *app.add_subcommand("new", "Write a configuration that records the chosen data");
   addVehicle(command, options->vehicle);
-  command.add_option("--data", options->data, "Data to record, as `list` names them")
-      ->required()
-      ->type_name("ECU/REQUEST/DATA");
+  addData(command, options->data);
+  addTriggers(command, options->triggers);
+  addFileOptions(command, options->files);
   addOutput(command, options->output, "Configuration file to write");
-  command.footer(helpFooter({},
+  command.footer(helpFooter("A trigger can watch only what is recorded: what it names is recorded, too.",
                             "  tarn-record new --vehicle examples/road-car.vehicle.json \\\n"
-                            "      --data \"Engine/PID 0C/Engine speed\" \\\n"
-                            "      --data \"Engine/PID 05/Coolant temperature\" --output warm-up.xml"));
-  return [options] {
-    options->output = outputPath(options->output);
-    refuseInput(options->output, options->vehicle.path);
-    OfflineVehicle vehicle(options->vehicle);
-    oTarnParameters parameters(FileSettingsStore(vehicle.files(), FileSettingsStore::defaultPath()));
-    addNamedData(parameters, vehicle.session(), options->data);
-    parameters.SaveXmlConfiguration(vehicle.files(), options->output, kStylesheetUrl);
-    return kDone;
-  };
+                            "      --data \"Engine/PID 0C/Engine speed\" --match \"*temperature*\" \\\n"
+                            "      --start \"Engine/PID 0C/Engine speed>3000\" --before 5 --stop 30s \\\n"
+                            "      --output warm-up.xml"));
+  return [options] { return writeConfiguration(*options); };
 }
 
 }  // namespace tarnlog::record

@@ -1,14 +1,17 @@
 #include "apps/tarn-record/NewCommand.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <memory>
-#include <optional>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/NearestName.h"
 #include "apps/tarn-record/CatalogueTable.h"
+#include "apps/tarn-record/NamePattern.h"
+#include "apps/tarn-record/TriggerText.h"
 #include "config/CatalogueMatch.h"
 #include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
@@ -19,53 +22,117 @@ namespace {
 
 constexpr std::array<std::int32_t, 6> kColours = {0xB47700, 0x2828D6, 0x2CA02C, 0x0E7FFF, 0xBD6794, 0x4B568C};
 
-std::string nearNames(const std::vector<CatalogueRow>& rows, const std::string& path) {
-  std::vector<std::pair<std::size_t, std::string>> near;
-  for (const CatalogueRow& row : rows) {
-    const bool contained = containsText(row.path(), path) || containsText(path, row.data);
-    const std::size_t far = contained ? 0 : distance(path, row.path());
-    if (contained || far <= path.size() / 5) near.emplace_back(far, row.path());
+/// More graphs than this are no picture any more; the window lists all values anyway.
+constexpr std::int32_t kMostDisplayed = 32;
+
+/// Adds data of one vehicle to one configuration.
+class DataAdding {
+ public:
+  DataAdding(oTarnParameters& parameters, const SessionDocument& session)
+      : parameters_(parameters), session_(session), rows_(catalogueRows(session)) {}
+
+  void addNamed(const std::string& path) { add(named(path, "--data")); }
+
+  void addMatching(const std::string& pattern) {
+    const NamePattern wanted(pattern);
+    bool any = false;
+    for (const CatalogueRow& row : rows_) {
+      if (!wanted.matches(row.data) && !wanted.matches(row.path())) continue;
+      add(row);
+      any = true;
+    }
+    if (!any)
+      throw BadInput(fmt::format("--match {}: no data of this vehicle are called so{}", pattern,
+                                 nearNamesText(near(wanted.core()))));
   }
-  std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-  std::string text;
-  for (std::size_t i = 0; i < std::min<std::size_t>(near.size(), 5); ++i) text += "\n  " + near[i].second;
-  return text.empty() ? text : "; near are:" + text;
-}
 
-void giveDisplay(oTarnScope& scope, const CatalogueRow& row, std::int32_t number) {
-  const auto colour = kColours[static_cast<std::size_t>(number) % kColours.size()];
-  scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum), oTarnGraph::kDefaultPoints,
-                 colour);
-  if (scope.ScopeType() == oTarnScope::kNone) scope.SetNumeric("");
-}
+  void addAll() {
+    for (const CatalogueRow& row : rows_) add(row);
+  }
 
-void addRow(oTarnParameters& parameters, const SessionDocument& session, const CatalogueRow& row) {
-  auto scope = std::make_unique<oTarnScope>();
-  scope->EcuName = row.ecu;
-  scope->RequestName = row.request;
-  scope->DataName = row.data;
-  takeFromCatalogue(*scope, session);
-  const XmlElement data = FindSessionData(session, row.ecu, row.request, row.data, oTarnScope::kNoAddress);
-  scope->FunctionName = data.parent().parent().attributeOrEmpty("function");
-  giveDisplay(*scope, row, parameters.Count());
-  if (parameters.Item(scope->DataKey) != nullptr) throw BadInput("--data " + row.path() + " is named twice");
-  parameters.AddScope(std::move(scope));
+  const CatalogueRow& named(const std::string& path, const char* option) const {
+    const auto row = std::find_if(rows_.begin(), rows_.end(),
+                                  [&](const CatalogueRow& each) { return each.path() == path; });
+    if (row != rows_.end()) return *row;
+    throw BadInput(fmt::format("{} {}: expected ECU/REQUEST/DATA of this vehicle{}", option, path,
+                               nearNamesText(near(path))));
+  }
+
+  /// The item of this row, which is added unless it is there.
+  const oTarnScope& add(const CatalogueRow& row) {
+    auto scope = std::make_unique<oTarnScope>();
+    scope->EcuName = row.ecu;
+    scope->RequestName = row.request;
+    scope->DataName = row.data;
+    takeFromCatalogue(*scope, session_);
+    if (const oTarnScope* const there = parameters_.Item(scope->DataKey)) return *there;
+    scope->FunctionName = row.function;
+    if (parameters_.Count() < kMostDisplayed) giveDisplay(*scope, row);
+    return parameters_.AddScope(std::move(scope));
+  }
+
+ private:
+  std::vector<std::string> near(const std::string& given) const {
+    std::vector<std::string> paths;
+    paths.reserve(rows_.size());
+    for (const CatalogueRow& row : rows_) paths.push_back(row.path());
+    return nearNames(paths, given);
+  }
+
+  void giveDisplay(oTarnScope& scope, const CatalogueRow& row) const {
+    const auto colour = kColours[static_cast<std::size_t>(parameters_.Count()) % kColours.size()];
+    scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum),
+                   oTarnGraph::kDefaultPoints, colour);
+    if (scope.ScopeType() == oTarnScope::kNone) scope.SetNumeric("");
+  }
+
+  oTarnParameters& parameters_;
+  const SessionDocument& session_;
+  std::vector<CatalogueRow> rows_;
+};
+
+/// Sets one of both triggers; the datum that it watches is added when it is not recorded yet.
+void setTrigger(oTarnTrigger& trigger, const char* option, const std::string& text, DataAdding& data,
+                oTarnParameters& parameters, std::vector<std::string>& added) {
+  const TriggerText wanted = parseTrigger(option, text, trigger.modeTrigger == 1);
+  trigger.typeTrigger = wanted.type;
+  trigger.timeSeconde = wanted.seconds.value_or(trigger.timeSeconde);
+  if (wanted.type != oTarnTrigger::kChannel) return;
+  const CatalogueRow& row = data.named(wanted.path, option);
+  if (row.type == "text" || row.type == "bytes")
+    throw BadInput(fmt::format("{} {}: expected a number, and {} has none", option, text, row.path()));
+  const std::int32_t before = parameters.Count();
+  const oTarnScope& watched = data.add(row);
+  if (parameters.Count() > before) added.push_back(row.path());
+  parameters.renumber();
+  trigger.DataIndex = watched.index;
+  trigger.edge = wanted.edge;
+  trigger.level = wanted.level;
 }
 
 }  // namespace
 
-void addNamedData(oTarnParameters& parameters, const SessionDocument& session,
-                  const std::vector<std::string>& paths) {
-  const std::vector<CatalogueRow> rows = catalogueRows(session);
-  for (const std::string& path : paths) {
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const CatalogueRow& each) { return each.path() == path; });
-    if (row == rows.end())
-      throw BadInput("--data " + path + ": expected ECU/REQUEST/DATA of this vehicle" +
-                     nearNames(rows, path));
-    addRow(parameters, session, *row);
-  }
+void addChosenData(oTarnParameters& parameters, const SessionDocument& session, const DataChoice& choice) {
+  if (choice.data.empty() && choice.match.empty() && !choice.all)
+    throw BadInput("expected --data, --match or --all, which say what to record");
+  DataAdding data(parameters, session);
+  for (const std::string& path : choice.data) data.addNamed(path);
+  for (const std::string& pattern : choice.match) data.addMatching(pattern);
+  if (choice.all) data.addAll();
   parameters.renumber();
+}
+
+std::vector<std::string> setTriggers(oTarnParameters& parameters, const SessionDocument& session,
+                                     const TriggerChoice& choice) {
+  DataAdding data(parameters, session);
+  std::vector<std::string> added;
+  oTarnTrigger& start = *parameters.startTrigger;
+  oTarnTrigger& stop = *parameters.stopTrigger;
+  if (choice.start) setTrigger(start, "--start", *choice.start, data, parameters, added);
+  if (choice.stop) setTrigger(stop, "--stop", *choice.stop, data, parameters, added);
+  if (choice.before) start.prepost = -*choice.before;
+  if (choice.after) stop.prepost = *choice.after;
+  return added;
 }
 
 }  // namespace tarnlog::record

@@ -15,6 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 class Commands : public testing::Test {
  protected:
@@ -34,7 +35,7 @@ class Commands : public testing::Test {
   }
   /// Adds these data to the configuration and saves it.
   void save(const std::vector<std::string>& data) {
-    addNamedData(made, BuildSessionDocument(session), data);
+    if (!data.empty()) addChosenData(made, BuildSessionDocument(session), {.data = data});
     made.SaveXmlConfiguration(files, kFile, "tarnlog.xsl");
   }
 
@@ -47,17 +48,23 @@ class Commands : public testing::Test {
 
 TEST_F(Commands, ListShowsAFilteredTableOrJson) {
   const SessionDocument document = BuildSessionDocument(session);
-  EXPECT_EQ(catalogueList(document, "", false),
+  const auto list = [&](const std::string& filter, bool json) {
+    return catalogueList(session, document, filter, json);
+  };
+  EXPECT_EQ(list("", false),
             "ECU     REQUEST  DATA   UNIT  RANGE     TYPE     DEVICE\n"
             "Engine  21/80    Speed  km/h  0 to 250  double   Wheel (failure)\n"
             "Engine  21/80    Pedal        0 to 1    integer\n"
             "Engine  21/80    Part                   text\n");
-  const auto json = nlohmann::json::parse(catalogueList(document, "PED", true));
+  const auto json = nlohmann::json::parse(list("PED", true));
   ASSERT_EQ(json.size(), 1U);
   EXPECT_EQ(json[0]["enumeration"][1], "1=Pressed");
   EXPECT_EQ(json[0]["max"], 1.0);
-  EXPECT_EQ(nlohmann::json::parse(catalogueList(document, "KM/H", true)).size(), 1U);
-  EXPECT_EQ(nlohmann::json::parse(catalogueList(document, "nothing", true)).size(), 0U);
+  EXPECT_EQ(json[0]["function"], "Injection");
+  EXPECT_EQ(json[0]["address"], 0x10);
+  EXPECT_EQ(json[0]["frame"], "21/80");
+  EXPECT_EQ(nlohmann::json::parse(list("KM/H", true)).size(), 1U);
+  EXPECT_EQ(nlohmann::json::parse(list("nothing", true)).size(), 0U);
 }
 
 TEST_F(Commands, NewWritesWhatCheckLoads) {
@@ -78,15 +85,57 @@ TEST_F(Commands, NewWritesWhatCheckLoads) {
 
 TEST_F(Commands, NewNamesWhatIsNear) {
   const SessionDocument document = BuildSessionDocument(session);
-  const auto refused = [&](const std::vector<std::string>& paths) {
-    return test::failureOf([&] { addNamedData(made, document, paths); });
+  const auto refused = [&](const DataChoice& choice) {
+    return test::failureOf([&] { addChosenData(made, document, choice); });
   };
-  EXPECT_EQ(
-      refused({"Engine/21/80/Sped"}),
-      "--data Engine/21/80/Sped: expected ECU/REQUEST/DATA of this vehicle; near are:\n  Engine/21/80/Speed");
-  EXPECT_THAT(refused({"speed"}), HasSubstr("  Engine/21/80/Speed"));
-  EXPECT_EQ(refused({"zzz"}), "--data zzz: expected ECU/REQUEST/DATA of this vehicle");
-  EXPECT_EQ(refused({"Engine/21/80/Part", "Engine/21/80/Part"}), "--data Engine/21/80/Part is named twice");
+  EXPECT_THAT(refused({.data = {"Engine/21/80/Sped"}}),
+              StartsWith("--data Engine/21/80/Sped: expected ECU/REQUEST/DATA of this vehicle; near are:\n"
+                         "  Engine/21/80/Speed"));
+  EXPECT_THAT(refused({.data = {"speed"}}), HasSubstr("  Engine/21/80/Speed"));
+  EXPECT_EQ(refused({.data = {"zzz"}}), "--data zzz: expected ECU/REQUEST/DATA of this vehicle");
+  EXPECT_THAT(refused({.match = {"*sped*", "*"}}),
+              StartsWith("--match *sped*: no data of this vehicle are called so; near are:\n"
+                         "  Engine/21/80/Speed"));
+  EXPECT_EQ(refused({}), "expected --data, --match or --all, which say what to record");
+}
+
+TEST_F(Commands, NewTakesPatternsAndAllOnce) {
+  const auto chosen = [&](const DataChoice& choice) {
+    oTarnParameters parameters{settings};
+    addChosenData(parameters, BuildSessionDocument(session), choice);
+    std::string names;
+    for (const oTarnScope& scope : parameters) names += scope.DataName + std::to_string(scope.index) + " ";
+    return names;
+  };
+  EXPECT_EQ(chosen({.data = {"Engine/21/80/Part", "Engine/21/80/Part"}, .match = {"*P*"}}),
+            "Part1 Speed2 Pedal3 ");
+  EXPECT_EQ(chosen({.match = {"pe?al", "engine/*/speed"}}), "Pedal1 Speed2 ");
+  EXPECT_EQ(chosen({.data = {"Engine/21/80/Pedal"}, .all = true}), "Pedal1 Speed2 Part3 ");
+}
+
+TEST_F(Commands, NewSetsTriggersAndRecordsWhatTheyWatch) {
+  const SessionDocument document = BuildSessionDocument(session);
+  save({"Engine/21/80/Part"});
+  const TriggerChoice choice{
+      .start = "Engine/21/80/Speed > 12.5", .stop = "Engine/21/80/Speed<=3", .before = 5, .after = 2};
+  EXPECT_THAT(setTriggers(made, document, choice), ElementsAre("Engine/21/80/Speed"));
+  save({});
+  EXPECT_THAT(check().report, HasSubstr("start: Speed rises to 12.5 km/h, pre-trigger 5 s = 5 points\n"
+                                        "stop: Speed falls to 3 km/h, post-trigger 2 s = 2 points\n"));
+  EXPECT_THAT(setTriggers(made, document, {.start = "manual", .stop = "30 s"}), ElementsAre());
+  save({});
+  EXPECT_THAT(check().report, HasSubstr("start: manual, pre-trigger 5 s = 5 points\nstop: after 30 s, post"));
+
+  const std::pair<TriggerChoice, const char*> refused[] = {
+      {{.start = "30s"}, "--start 30s: expected ECU/REQUEST/DATA>LEVEL, ECU/REQUEST/DATA<LEVEL, or manual"},
+      {{.stop = "never"}, "seconds like 30s"},
+      {{.stop = "Engine/21/80/Speed=3"}, "--stop Engine/21/80/Speed=3: expected"},
+      {{.start = "Engine/21/80/Speed>3 km/h"}, "expected a number behind >"},
+      {{.start = "Engine/21/80/Speed>1,5"}, "expected a number behind >"},
+      {{.start = "Engine/21/80/Part>1"}, "Engine/21/80/Part has none"},
+      {{.stop = "Engine/21/80/Sped>1"}, "near are:\n  Engine/21/80/Speed"}};
+  for (const auto& [wrong, why] : refused)
+    EXPECT_THAT(test::failureOf([&, &wrong = wrong] { setTriggers(made, document, wrong); }), HasSubstr(why));
 }
 
 TEST_F(Commands, CheckNamesWhatTheVehicleLacks) {

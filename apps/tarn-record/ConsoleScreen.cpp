@@ -6,7 +6,7 @@ namespace tarnlog::record {
 
 void ConsoleScreen::setOpenFailure(OpenFailure failure, std::string_view reason) {
   openFailed_ = true;
-  print_(words::openFailureText(failure, reason));
+  failed_(words::openFailureText(failure, reason));
 }
 
 }  // namespace tarnlog::record

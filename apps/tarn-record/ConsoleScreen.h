@@ -8,13 +8,13 @@
 
 namespace tarnlog::record {
 
-/// The acquisition's screen without a window: log lines and errors go to `print`, the state is kept for the
-/// progress line, nothing is drawn.
+/// The acquisition's screen without a window: log lines go to `print`, errors to `failed`, the state is kept
+/// for the progress line, nothing is drawn.
 class ConsoleScreen : public SilentAcqScreen {
  public:
   using Print = std::function<void(std::string_view line)>;
 
-  explicit ConsoleScreen(Print print) : print_(std::move(print)) {}
+  ConsoleScreen(Print print, Print failed) : print_(std::move(print)), failed_(std::move(failed)) {}
 
   AcquisitionState state() const { return state_; }
   /// Milliseconds that the recording has lasted at its newest row.
@@ -29,6 +29,7 @@ class ConsoleScreen : public SilentAcqScreen {
 
  private:
   Print print_;
+  Print failed_;
   AcquisitionState state_ = AcquisitionState::kIdle;
   std::int64_t elapsed_ = 0;
   bool openFailed_ = false;

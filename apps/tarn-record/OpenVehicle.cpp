@@ -1,5 +1,7 @@
 #include "apps/tarn-record/OpenVehicle.h"
 
+#include <fmt/format.h>
+
 #include <cstdio>
 #include <utility>
 
@@ -7,15 +9,37 @@
 
 namespace tarnlog::record {
 
+namespace {
+
+void say(const std::string& text) {
+  std::fputs(fmt::format("tarn-record: {}\n", printableLine(text)).c_str(), stderr);
+}
+
+void sayVehicle(const host::OpenedVehicle& vehicle, const host::LinkOptions& link) {
+  const host::VehicleDescription& description = vehicle.description();
+  const std::string& url = description.link;
+  if (link.url.empty())
+    say(url.empty() ? std::string("link: the simulation of the description") : fmt::format("link: {}", url));
+  std::size_t requests = 0;
+  for (const host::EcuDescription& ecu : description.ecus) requests += ecu.requests.size();
+  say(fmt::format("vehicle {}: {} ECUs, {} requests", description.name, description.ecus.size(), requests));
+}
+
+}  // namespace
+
 std::unique_ptr<host::OpenedVehicle> openVehicle(const std::string& path, FileSystem& files,
                                                  host::LinkClock& clock, host::Link::IdleHook idleHook,
-                                                 const host::LinkOptions& link) {
-  if (path == host::kObdCar && !link.url.empty())
-    std::fprintf(stderr, "tarn-record: asking the car behind %s what it offers\n",
-                 printableLine(link.url).c_str());
-  auto vehicle = host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), link);
-  for (const std::string& note : vehicle->description().notes)
-    std::fprintf(stderr, "tarn-record: not offered: %s\n", printableLine(note).c_str());
+                                                 const host::LinkOptions& link, Loudness loudness) {
+  host::LinkOptions options = link;
+  if (path == host::kObdCar && !link.url.empty() && loudness != Loudness::Quiet)
+    say(fmt::format("asking the car behind {} what it offers", link.url));
+  if (loudness == Loudness::Verbose && !link.url.empty()) say(fmt::format("link: {}", link.url));
+  if (loudness == Loudness::Verbose)
+    options.phase = [](host::OpeningPhase phase) { say(std::string(host::openingPhaseText(phase))); };
+  auto vehicle = host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), options);
+  if (loudness == Loudness::Quiet) return vehicle;
+  for (const std::string& note : vehicle->description().notes) say(fmt::format("not offered: {}", note));
+  if (loudness == Loudness::Verbose) sayVehicle(*vehicle, link);
   return vehicle;
 }
 

@@ -5,6 +5,7 @@
 #include "apps/common/HelpFormatter.h"
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/LoudnessArguments.h"
 #include "apps/tarn-record/PlanCommand.h"
 #include "apps/tarn-record/StandardOutput.h"
 #include "apps/tarn-record/VehicleArguments.h"
@@ -21,6 +22,7 @@ Action addPlan(CLI::App& app) {
       ->check(wholeNumber(1, 3600))
       ->type_name("S");
   addIntervals(command, options->link);
+  addLoudness(command, options->loudness);
   command.footer(helpFooter("Nothing is recorded.",
                             "  tarn-record plan --vehicle examples/road-car.vehicle.json \\\n      --config "
                             "examples/road-car.xml"));

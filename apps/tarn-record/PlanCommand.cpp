@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -11,6 +12,8 @@
 #include "apps/common/BadInput.h"
 #include "apps/common/LoadedConfiguration.h"
 #include "apps/common/Signals.h"
+#include "apps/common/TerminalText.h"
+#include "apps/tarn-record/DetailSink.h"
 #include "apps/tarn-record/OpenVehicle.h"
 #include "apps/tarn-record/TextTable.h"
 #include "config/oTarnTrigger.h"
@@ -77,13 +80,15 @@ class Polling {
   explicit Polling(const PlanOptions& options) : options_(options) {
     host::LinkOptions link = options.link;
     link.stopAsked = Signals::stopRequested;
-    vehicle_ = openVehicle(options.vehicle, files_, linkClock_, {}, link);
+    vehicle_ = openVehicle(options.vehicle, files_, linkClock_, {}, link, options.loudness);
   }
 
   std::string run() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     configuration.parameters->startTrigger->typeTrigger = oTarnTrigger::kManual;
-    TarnAcq acq(screen_, {clock_, *timer_, files_, systemLocale(), "", {&costs_}});
+    std::vector<SampleSink*> sinks{&costs_};
+    if (options_.loudness == Loudness::Verbose) sinks.push_back(&details_);
+    TarnAcq acq(screen_, {clock_, *timer_, files_, systemLocale(), "", sinks});
     acq.setSession(&vehicle_->session());
     acq.setAcqStoppedHandler([this] { loop_.quit(); });
     acq.StartReadingData(configuration.parameters);
@@ -116,6 +121,9 @@ class Polling {
   RunLoop loop_;
   std::unique_ptr<Timer> timer_ = loop_.createTimer();
   PollCosts costs_;
+  DetailSink details_{[](const std::string& line) {
+    std::fputs(fmt::format("tarn-record: {}\n", printableLine(line)).c_str(), stderr);
+  }};
   std::unique_ptr<host::OpenedVehicle> vehicle_;
 };
 

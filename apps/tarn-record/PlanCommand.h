@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "apps/tarn-record/Loudness.h"
 #include "host/vehicle/Vehicle.h"
 #include "samples/PollCosts.h"
 
@@ -13,6 +14,7 @@ struct PlanOptions {
   host::LinkOptions link;
   std::string config;
   std::int32_t seconds = 5;  ///< that are polled
+  Loudness loudness = Loudness::Usual;
 };
 
 /// What the report tells, for people; `period` in seconds is the configuration's, 0 for every cycle.

@@ -4,6 +4,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <utility>
+
 #include "acquisition/AcqWords.h"
 #include "apps/common/TerminalText.h"
 
@@ -45,13 +47,24 @@ std::string firstCharacters(const std::string& text, std::size_t count) {
 ProgressLine::ProgressLine(const Clock& clock, NonWaitingStream& out, bool terminal, char decimalSeparator)
     : clock_(clock),
       out_(out),
-      lines_(clock, [this](std::string_view line) { printAbove(line); }),
+      lines_(clock, [this](std::string_view line) { printLine(line); }),
       terminal_(terminal),
       decimalSeparator_(decimalSeparator) {}
 
 /// Above the progress line, which the next `show` draws anew.
-void ProgressLine::printAbove(std::string_view line) {
+void ProgressLine::printLine(std::string_view line) {
+  if (makeRoom_) makeRoom_();
   out_.write((shown_ ? kEraseLine : "") + printableLine(line) + "\n");
+}
+
+void ProgressLine::printAbove(std::function<void()> makeRoom) {
+  terminal_ = false;
+  makeRoom_ = std::move(makeRoom);
+}
+
+std::string ProgressLine::text(const TarnAcq& acq, const ConsoleScreen& screen) {
+  measureRate(acq.cycles(), clock_.milliseconds());
+  return printableLine(progressText(acq, screen, rate_, decimalSeparator_));
 }
 
 /// A terminal that is stopped gets no progress, which would be old when it goes on.
@@ -62,18 +75,17 @@ void ProgressLine::show(const TarnAcq& acq, const ConsoleScreen& screen) {
   const Milliseconds now = clock_.milliseconds();
   const std::int32_t since = millisecondsBetween(lastShown_, now);
   if (shown_ && since < kRedraw) return;
-  measureRate(acq.cycles(), now);
   // A line that wraps could not be erased.
-  const std::string text = printableLine(progressText(acq, screen, rate_, decimalSeparator_));
-  out_.write(kEraseLine + firstCharacters(text, terminalWidth() - 1));
+  out_.write(kEraseLine + firstCharacters(text(acq, screen), terminalWidth() - 1));
   shown_ = true;
   lastShown_ = now;
 }
 
 void ProgressLine::measureRate(std::uint64_t cycles, Milliseconds now) {
   const std::int32_t span = millisecondsBetween(rateSince_, now);
-  if (shown_ && span < kRateSpan) return;
-  rate_ = shown_ && cycles >= rateCycles_ ? 1000.0 * static_cast<double>(cycles - rateCycles_) / span : 0;
+  if (measured_ && span < kRateSpan) return;
+  rate_ = measured_ && cycles >= rateCycles_ ? 1000.0 * static_cast<double>(cycles - rateCycles_) / span : 0;
+  measured_ = true;
   rateSince_ = now;
   rateCycles_ = cycles;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,16 +27,24 @@ class ProgressLine {
   /// Tells what is left to tell and removes the progress line.
   void end();
 
+  /// Somebody else has the lower end of the terminal, and the progress in it: what he does before a line is
+  /// printed.
+  void printAbove(std::function<void()> makeRoom);
+  /// What the progress line would show now.
+  std::string text(const TarnAcq& acq, const ConsoleScreen& screen);
+
  private:
-  void printAbove(std::string_view line);
+  void printLine(std::string_view line);
   void measureRate(std::uint64_t cycles, Milliseconds now);
 
   const Clock& clock_;
   NonWaitingStream& out_;
   RepeatedLines lines_;
   bool terminal_;
+  std::function<void()> makeRoom_;
   char decimalSeparator_;
   bool shown_ = false;
+  bool measured_ = false;  ///< the rate, once
   Milliseconds lastShown_ = 0;
   Milliseconds rateSince_ = 0;
   std::uint64_t rateCycles_ = 0;

@@ -5,6 +5,7 @@
 
 #include "apps/common/ArgumentChecks.h"
 #include "apps/tarn-record/Commands.h"
+#include "apps/tarn-record/LoudnessArguments.h"
 #include "apps/tarn-record/PublishCommand.h"
 
 namespace tarnlog::record {
@@ -42,6 +43,7 @@ Action addPublish(CLI::App& app) {
       ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
   addPublishing(command, options->publish);
   command.add_flag("--again", options->again, "What was acknowledged before, too");
+  addLoudness(command, options->loudness);
   command.footer(helpFooter(
       "What was acknowledged stands in NAME.published beside NAME.mf4. Subscribers tell an answer that comes "
       "twice by its acquisition and number.",

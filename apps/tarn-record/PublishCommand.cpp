@@ -1,5 +1,6 @@
 #include "apps/tarn-record/PublishCommand.h"
 
+#include <fmt/format.h>
 #include <poll.h>
 
 #include <chrono>
@@ -24,8 +25,18 @@ void say(const std::string& text) {
   std::fputs(("tarn-record: publish: " + printableLine(text) + "\n").c_str(), stderr);
 }
 
-void sayAll(Publisher& publisher) {
-  for (const Publisher::Notice& notice : publisher.takeNotices()) say(notice.text);
+void sayAll(Publisher& publisher, Loudness loudness) {
+  for (const Publisher::Notice& notice : publisher.takeNotices())
+    if (notice.trouble || loudness != Loudness::Quiet) say(notice.text);
+}
+
+/// What is published, and how.
+void sayTerms(const PublishSetup& setup, const std::vector<std::string>& files) {
+  say(fmt::format("{} files go to {}", files.size(), setup.terms.to.text()));
+  for (const PublishedDatum& datum : setup.terms.selection.data)
+    say(fmt::format("only {}, every {} ms", datum.name,
+                    datum.every.value_or(setup.terms.selection.every).count()));
+  if (setup.asNoted) say("all that earlier runs were told to publish");
 }
 
 }  // namespace
@@ -33,11 +44,14 @@ void sayAll(Publisher& publisher) {
 /// What an earlier run was told to publish of a file is published of it now, too, where nobody says
 /// otherwise.
 int publishFiles(const PublishCommandOptions& options) {
-  PublishSetup setup = publishSetup(options.publish, say);
+  PublishSetup setup = publishSetup(options.publish, [&](const std::string& unwise) {
+    if (options.loudness != Loudness::Quiet) say(unwise);
+  });
   setup.terms.again = options.again;
   setup.asNoted = options.publish.data.empty() && !options.publish.every;
   setup.triesAtEnd = kTries;
   for (const std::string& file : options.files) const MeasurementAnswers readable(file);
+  if (options.loudness == Loudness::Verbose) sayTerms(setup, options.files);
   Signals::install();
   Publisher publisher(setup);
   for (const std::string& file : options.files) publisher.add(file);
@@ -45,12 +59,12 @@ int publishFiles(const PublishCommandOptions& options) {
   std::optional<std::chrono::steady_clock::time_point> latest;
   while (!publisher.isOver() && (!latest || std::chrono::steady_clock::now() < *latest)) {
     ::poll(nullptr, 0, kLookAround);
-    sayAll(publisher);
+    sayAll(publisher, options.loudness);
     if (!Signals::stopRequested() || latest) continue;
     publisher.end(std::chrono::seconds(0));
     latest = std::chrono::steady_clock::now() + kAfterStop;
   }
-  sayAll(publisher);
+  sayAll(publisher, options.loudness);
   return publisher.isWhole() ? kDone : kFailed;
 }
 

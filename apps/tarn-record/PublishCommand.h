@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "apps/common/PublishOptions.h"
+#include "apps/tarn-record/Loudness.h"
 
 namespace tarnlog::record {
 
@@ -11,6 +12,7 @@ struct PublishCommandOptions {
   std::vector<std::string> files;
   PublishOptions publish;
   bool again = false;  ///< from the beginning
+  Loudness loudness = Loudness::Usual;
 };
 
 /// Publishes what of measurement files was not acknowledged yet. What goes wrong goes to standard error.

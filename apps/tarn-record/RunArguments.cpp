@@ -1,9 +1,12 @@
 #include <memory>
 
 #include "apps/common/ArgumentChecks.h"
+#include "apps/common/BadInput.h"
 #include "apps/common/HelpFormatter.h"
 #include "apps/tarn-record/Commands.h"
 #include "apps/tarn-record/FileArguments.h"
+#include "apps/tarn-record/LoudnessArguments.h"
+#include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/PublishArguments.h"
 #include "apps/tarn-record/RunCommand.h"
 #include "apps/tarn-record/VehicleArguments.h"
@@ -58,17 +61,26 @@ Action addRun(CLI::App& app) {
   addIntervals(command, options->link);
   addLimits(command, *options);
   addMeasurement(command, *options);
+  command.add_flag(
+      "--live", options->live,
+      "Show the values on standard output as they come: on a terminal as a table, else a line for "
+      "each that changes (time, name, value and unit, with tabs between them)");
   command
       .add_option("--sync", options->sync,
                   "Bring the files to the disk every S seconds (default: 5; 0: only when they are closed)")
       ->check(wholeNumber(0, 3600))
       ->type_name("S");
+  addLoudness(command, options->loudness);
   command.footer(
       helpFooter("Signals: INT, TERM and HUP stop like the stop button, a second one leaves at once; USR1 is "
                  "the event button.",
                  "  tarn-record run --vehicle examples/road-car.vehicle.json \\\n      --config "
                  "examples/road-car.xml --folder recordings --duration 60"));
-  return [options] { return run(*options); };
+  return [options] {
+    if (options->live && options->samples && isStandardOutput(outputPath(*options->samples)))
+      throw BadInput("--live and --samples - together are not possible: both write to standard output");
+    return run(*options);
+  };
 }
 
 }  // namespace tarnlog::record

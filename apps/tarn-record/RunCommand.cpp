@@ -12,15 +12,17 @@
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/LoadedConfiguration.h"
-#include "apps/common/NonWaitingStream.h"
 #include "apps/common/RecordFolder.h"
 #include "apps/common/Signals.h"
 #include "apps/common/Stylesheet.h"
-#include "apps/common/TerminalText.h"
 #include "apps/common/WriteTroubleText.h"
 #include "apps/tarn-record/ConsoleScreen.h"
+#include "apps/tarn-record/DetailSink.h"
+#include "apps/tarn-record/LiveLines.h"
+#include "apps/tarn-record/LiveTable.h"
+#include "apps/tarn-record/NamesNear.h"
 #include "apps/tarn-record/OpenVehicle.h"
-#include "apps/tarn-record/ProgressLine.h"
+#include "apps/tarn-record/RunConsole.h"
 #include "apps/tarn-record/RunDirector.h"
 #include "apps/tarn-record/SamplesOutput.h"
 #include "host/link/SystemLinkClock.h"
@@ -59,27 +61,29 @@ class Run {
  public:
   explicit Run(const RunOptions& options)
       : options_(options),
-        progress_(clock_, errors_, ::isatty(STDERR_FILENO) != 0, systemLocale().decimalSeparator),
-        screen_([this](std::string_view line) { progress_.print(line); }),
+        console_(clock_, options.loudness, systemLocale().decimalSeparator),
+        screen_([this](std::string_view line) { console_.note(line); },
+                [this](std::string_view line) { console_.failure(line); }),
         timer_(loop_.createTimer()) {
     if (options.samples) openSamples(*options.samples);
+    if (options.live) showLive();
     files_.setSyncInterval(std::chrono::seconds(options.sync));
     host::LinkOptions link = options.link;
     link.stopAsked = Signals::stopRequested;
     // Not earlier: `idle` looks at the members.
     vehicle_ = openVehicle(
-        options.vehicle, files_, linkClock_, [this] { idle(); }, link);
+        options.vehicle, files_, linkClock_, [this] { idle(); }, link, options.loudness);
     if (!options.publish.to.empty()) openPublisher();
     acq_ = std::make_unique<TarnAcq>(screen_, environment());
     quality_.setRecordingEnded(
         [this](const std::string& path, const Quality& quality) { printQuality(path, quality); });
     quality_.setRowsSynced([this] { return acq_->recordRows().synced; });
-    mdf_.setFinished([this](const std::string& path) { printPath(path); });
+    mdf_.setFinished([this](const std::string& path) { console_.path(path); });
     mdf_.setFailed([this](const std::string& why) { noteFailure(why); });
     files_.setWriteTroubleHandler([this](const WriteTrouble& trouble) { noteTrouble(trouble); });
     if (options.folderPerVehicle) useFolderOfVehicle();
     acq_->setAcqStoppedHandler([this] { loop_.quit(); });
-    acq_->setFileFinishedHandler([this](const std::string& path) { printPath(path); });
+    acq_->setFileFinishedHandler([this](const std::string& path) { console_.path(path); });
     loop_.setWakeDescriptor(Signals::wakeDescriptor());
   }
 
@@ -87,7 +91,7 @@ class Run {
     const LoadedConfiguration configuration = load();
     acq_->setSession(&vehicle_->session());
     vehicle_->session().setNoticeHandler(
-        [this](const host::Notice& notice) { progress_.print("tarn-record: " + notice.text); });
+        [this](const host::Notice& notice) { console_.note("tarn-record: " + notice.text); });
     acq_->StartReadingData(configuration.parameters);
     // Idle now, nothing would ever end the run.
     if (acq_->AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");
@@ -116,7 +120,7 @@ class Run {
   void useFolderOfVehicle() {
     const auto rule = [this](const std::string& folder) {
       return folderOfVehicle(folder, vehicle_->description(), [this](const std::string& why) {
-        progress_.print("tarn-record: folder of the vehicle: " + why);
+        console_.failure(fmt::format("tarn-record: folder of the vehicle: {}", why));
       });
     };
     acq_->setFolderRule(rule);
@@ -128,17 +132,31 @@ class Run {
     if (!options_.mf4.empty() || publisher_) sinks = measurement_.sinks();
     if (published_) sinks.push_back(&*published_);
     if (json_) sinks.push_back(&*json_);
+    if (lines_) sinks.push_back(&*lines_);
+    if (table_) sinks.push_back(&*table_);
+    if (options_.loudness == Loudness::Verbose) sinks.push_back(&details_);
     return {clock_, *timer_, files_, systemLocale(), kStylesheetUrl, sinks};
   }
 
   void openSamples(const std::string& path) {
     samples_.emplace(path, files_);
+    if (samples_->onStandardOutput()) console_.movePaths();
     json_.emplace(*samples_);
     json_->setLossHandler([this, path](bool losing, std::uint64_t lines) {
-      progress_.print("tarn-record: samples: " + path +
-                      (losing ? ": lines are left out, they are not taken"
-                              : fmt::format(": {} lines were left out", lines)));
+      console_.failure(
+          losing ? fmt::format("tarn-record: samples: {}: lines are left out, they are not taken", path)
+                 : fmt::format("tarn-record: samples: {}: {} lines were left out", path, lines));
     });
+  }
+
+  void showLive() {
+    console_.movePaths();
+    if (::isatty(STDOUT_FILENO) != 0) {
+      console_.showTable(table_.emplace(clock_));
+    } else {
+      liveOutput_.emplace("-", files_);
+      lines_.emplace(*liveOutput_);
+    }
   }
 
   void openPublisher() {
@@ -151,11 +169,18 @@ class Run {
     published_.emplace(mdf_, *publisher_);
   }
 
-  void printPublishing(const std::string& text) { progress_.print("tarn-record: publish: " + text); }
+  void printPublishing(const std::string& text, bool trouble = false) {
+    const std::string line = fmt::format("tarn-record: publish: {}", text);
+    if (trouble)
+      console_.failure(line);
+    else
+      console_.note(line);
+  }
 
   void tellPublishing() {
     if (!publisher_) return;
-    for (const Publisher::Notice& notice : publisher_->takeNotices()) printPublishing(notice.text);
+    for (const Publisher::Notice& notice : publisher_->takeNotices())
+      printPublishing(notice.text, notice.trouble);
   }
 
   /// What is left then is published by the next run, or by hand. Who is in a hurry asks once more.
@@ -172,45 +197,45 @@ class Run {
   }
 
   void printQuality(const std::string& what, const Quality& quality) {
-    progress_.print("tarn-record: " + what + ": " + qualityText(quality));
+    console_.note(fmt::format("tarn-record: {}: {}", what, qualityText(quality)));
   }
 
   LoadedConfiguration load() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
-    for (const std::string& line : lackingLines(configuration)) progress_.print("tarn-record: " + line);
+    tellLacks(configuration);
     applyOptions(*configuration.parameters, options_.files);
     if (publisher_) checkPublished(publishedSelection_, *configuration.parameters);
     return configuration;
   }
 
-  /// Programs read it; what a terminal would act on is escaped there only.
-  void printPath(const std::string& path) {
-    if (samples_ && samples_->onStandardOutput()) return progress_.print(path);
-    paths_.write((::isatty(STDOUT_FILENO) != 0 ? printableLine(path) : path) + "\n");
+  /// What a name may have meant helps to find a fault.
+  void tellLacks(const LoadedConfiguration& configuration) {
+    for (const std::string& line : lackingLines(configuration))
+      console_.note(fmt::format("tarn-record: {}", line));
+    if (options_.loudness != Loudness::Verbose) return;
+    for (const Lack& lack : configuration.lacks)
+      for (const std::string& near : namesNear(lack, vehicle_->session()))
+        console_.detail(fmt::format("tarn-record: {}: near is {}", lack.path, near));
   }
 
   void goOnPrinting() {
     files_.tellSyncTroubles();
     tellPublishing();
-    paths_.flush();
     if (samples_) samples_->flush();
-    progress_.show(*acq_, screen_);
+    if (liveOutput_) liveOutput_->flush();
+    console_.show(*acq_, screen_);
   }
 
-  /// All files are closed now: no path may be lost because its reader is slow. The log must not keep the
-  /// program from ending.
   void finishPrinting() {
-    if (samples_)
-      if (const std::string lost = samples_->finish(); !lost.empty())
-        progress_.print("tarn-record: samples: " + lost);
-    progress_.end();
-    paths_.wait();
-    errors_.wait(kLogPatience);
+    if (liveOutput_) liveOutput_->finish();
+    const std::string lost = samples_ ? samples_->finish() : std::string();
+    if (!lost.empty()) console_.failure(fmt::format("tarn-record: samples: {}", lost));
+    console_.finish();
   }
 
   void noteFailure(const std::string& text) {
     troubled_ = true;
-    progress_.print("tarn-record: " + text);
+    console_.failure(fmt::format("tarn-record: {}", text));
   }
 
   /// The recorder goes on polling meanwhile.
@@ -218,16 +243,16 @@ class Run {
     troubled_ = true;
     // Samples are written by the cycle: how many lines are lost, their sink tells.
     if (trouble.path == options_.samples && trouble.kind == WriteTrouble::Kind::Ended) return;
-    progress_.print("tarn-record: " + textOf(trouble));
+    console_.failure(fmt::format("tarn-record: {}", textOf(trouble)));
   }
 
   int conclude(const RunDirector& director) {
     if (acq_->finishedRecordings() > 1) printQuality("all recordings", quality_.acquisition());
     files_.finishSyncing();
     finishPublishing();
-    if (director.nothingArrived()) progress_.print("tarn-record: no data arrived in the given time");
+    if (director.nothingArrived()) console_.failure("tarn-record: no data arrived in the given time");
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
-      progress_.print("tarn-record: nothing was recorded, the start trigger did not fire");
+      console_.note("tarn-record: nothing was recorded, the start trigger did not fire");
     return troubled_ || screen_.openFailed() || director.nothingArrived() ? kFailed : kDone;
   }
 
@@ -235,9 +260,7 @@ class Run {
   SystemClock clock_;
   host::SystemLinkClock linkClock_;
   SystemFileSystem files_;
-  NonWaitingStream paths_{STDOUT_FILENO, NonWaitingStream::kNoBound};
-  NonWaitingStream errors_{STDERR_FILENO};
-  ProgressLine progress_;
+  RunConsole console_;
   ConsoleScreen screen_;
   RunLoop loop_;
   std::unique_ptr<Timer> timer_;
@@ -255,6 +278,11 @@ class Run {
   PublishSelection publishedSelection_;
   std::optional<SamplesOutput> samples_;
   std::optional<JsonLinesSink> json_;
+  std::optional<SamplesOutput> liveOutput_;
+  std::optional<LiveLines> lines_;
+  std::optional<LiveTable> table_;
+  DetailSink details_{
+      [this](const std::string& line) { console_.detail(fmt::format("tarn-record: {}", line)); }};
   std::unique_ptr<host::OpenedVehicle> vehicle_;
   std::unique_ptr<TarnAcq> acq_;
   bool troubled_ = false;  ///< something that was to be written is not in its file

@@ -4,6 +4,7 @@
 #include "apps/common/HelpFormatter.h"
 #include "apps/tarn-record/Commands.h"
 #include "apps/tarn-record/FileArguments.h"
+#include "apps/tarn-record/LoudnessArguments.h"
 #include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/ScanCommand.h"
 #include "apps/tarn-record/StandardOutput.h"
@@ -19,6 +20,7 @@ Action addScan(CLI::App& app) {
   command.add_option("--link", options->link.url, "How the car is reached")->required()->type_name("URL");
   addTrace(command, options->link);
   addOutput(command, options->output, "Vehicle description to write");
+  addLoudness(command, options->loudness);
   command.footer(helpFooter({}, "  tarn-record scan --link elm327:///dev/ttyUSB0 --output car.vehicle.json"));
   return [options] {
     SystemFileSystem files;

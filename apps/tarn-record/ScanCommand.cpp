@@ -24,7 +24,7 @@ std::string scanCar(FileSystem& files, const ScanOptions& options) {
   if (options.output == options.link.trace)
     throw BadInput("--trace " + options.link.trace + ": expected another file than the output");
   host::SystemLinkClock clock;
-  const auto car = openVehicle(std::string(host::kObdCar), files, clock, {}, options.link);
+  const auto car = openVehicle(std::string(host::kObdCar), files, clock, {}, options.link, options.loudness);
   files.replace(options.output, host::writeVehicleDescription(car->description()));
   std::string report = fmt::format("{}: {} ECUs\n", options.output, car->description().ecus.size());
   for (const host::EcuDescription& ecu : car->description().ecus) {

@@ -48,7 +48,8 @@ TEST(CommandLine, TellsWhatWasMeantOrExpected) {
       {{"run", "--vehicle", "a", "--config", "b", "--format", ".tyt"}, "did you mean .txt?"},
       {{"run", "--vehicle", "a", "--config", "b", "--mf4=al"}, "did you mean all?"},
       {{"run", "--vehicle", "a", "--config", "b", "--period", "2.7"}, "2.7 is not a whole number from 0 to"},
-      {{"run", "--vehicle", "a", "--config", "b", "--trace", "-"}, "--trace: expected a file"}};
+      {{"run", "--vehicle", "a", "--config", "b", "--trace", "-"}, "--trace: expected a file"},
+      {{"plan", "--vehicle", "a", "--config", "b", "--quiet", "--verbose"}, "together are not possible"}};
   for (const auto& [words, told] : lines) EXPECT_THAT(refused(words), HasSubstr(told));
 }
 

@@ -6,10 +6,30 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <string_view>
 
 #include "apps/common/NearestName.h"
+#include "platform/text/TakeUntil.h"
 
 namespace tarnlog {
+
+namespace {
+
+/// What a validator is for stands in its name.
+constexpr std::string_view kKind = "kind:";
+constexpr std::string_view kChoices = "choices:";
+
+/// The rest of the name that begins so; empty when no validator of the option has one.
+std::string behind(CLI::Option& option, std::string_view beginning) {
+  for (int i = 0;; ++i) try {
+      const std::string& name = option.get_validator(i)->get_name();
+      if (name.starts_with(beginning)) return name.substr(beginning.size());
+    } catch (const CLI::OptionNotFound&) {
+      return {};
+    }
+}
+
+}  // namespace
 
 CLI::Validator wholeNumber(int least, int most) {
   return {[least, most](const std::string& text) {
@@ -42,7 +62,7 @@ CLI::Validator oneOf(const std::vector<std::string>& choices) {
             return nearest.empty() ? fmt::format("{} is none of {}", text, all)
                                    : fmt::format("{} is none of {}, did you mean {}?", text, all, nearest);
           },
-          ""};
+          "", std::string(kChoices) + fmt::format("{}", fmt::join(choices, ","))};
 }
 
 CLI::Validator noStandardStream() {
@@ -50,6 +70,23 @@ CLI::Validator noStandardStream() {
             return text == "-" ? fmt::format("expected a file; {} is none here", text) : std::string();
           },
           ""};
+}
+
+CLI::Validator isA(ValueKind kind) {
+  return {[](const std::string&) { return std::string(); }, "",
+          std::string(kKind) + std::to_string(static_cast<int>(kind))};
+}
+
+ValueKind valueKindOf(CLI::Option& option) {
+  const std::string kind = behind(option, kKind);
+  return kind.empty() ? ValueKind::Text : static_cast<ValueKind>(std::stoi(kind));
+}
+
+std::vector<std::string> choicesOf(CLI::Option& option) {
+  const std::string all = behind(option, kChoices);
+  std::vector<std::string> choices;
+  for (std::string_view left = all; !left.empty();) choices.emplace_back(takeUntil(left, ','));
+  return choices;
 }
 
 }  // namespace tarnlog

@@ -30,12 +30,15 @@ Action addExport(CLI::App& app) {
       ->check(number())
       ->type_name("S");
   command.add_option("--till", options->choice.till, "Only up to this time")->check(number())->type_name("S");
-  command.add_option("--data", options->choice.data, "Only these data")->type_name("[ECU/[REQUEST/]]DATA");
+  command.add_option("--data", options->choice.data, "Only these data")
+      ->check(isA(ValueKind::RecordDatum))
+      ->type_name("[ECU/[REQUEST/]]DATA");
   command.add_flag("--utc", options->choice.utc,
                    "Times as UTC (a text or XML record tells local time: it is taken in this system's zone)");
   command
       .add_option("--output", options->output,
                   "File to write (replaced when it exists; - is standard output, the default)")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   command.footer(helpFooter(
       "CSV: UTF-8, one header line, commas, \".\" in numbers. Columns: time in seconds from the record's "

@@ -28,7 +28,9 @@ void FileOptions::apply(oTarnParameters& parameters) const {
 }
 
 void addFileOptions(CLI::App& command, FileOptions& options) {
-  command.add_option("--folder", options.folder, "Folder of the record files")->type_name("DIR");
+  command.add_option("--folder", options.folder, "Folder of the record files")
+      ->check(isA(ValueKind::Folder))
+      ->type_name("DIR");
   command.add_option("--format", options.format, "File format")
       ->check(oneOf(recordExtensions()))
       ->type_name(fmt::format("{}", fmt::join(recordExtensions(), "|")));
@@ -42,6 +44,7 @@ void addOutput(CLI::App& command, std::string& output, const std::string& what) 
   command
       .add_option("--output", output, fmt::format("{} (replaced when it exists; - is standard output)", what))
       ->required()
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
 }
 

@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "apps/common/ArgumentChecks.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/HelpFormatter.h"
 #include "apps/tarn-record/Commands.h"
@@ -15,6 +16,7 @@ Action addImport(CLI::App& app) {
   const auto options = std::make_shared<ImportOptions>();
   CLI::App& command = *app.add_subcommand("import", "Make a vehicle description of an ODX container");
   command.add_option("--odx", options->odx, "ODX 2.2 container (.pdx), or one of its documents")
+      ->check(isA(ValueKind::File))
       ->required()
       ->type_name("FILE");
   addOutput(command, options->output, "Vehicle description to write");

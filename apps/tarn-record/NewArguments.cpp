@@ -32,12 +32,14 @@ struct NewOptions {
 
 void addData(CLI::App& command, DataChoice& choice) {
   command.add_option("--data", choice.data, "Data to record, as `list` names them")
+      ->check(isA(ValueKind::Datum))
       ->type_name("ECU/REQUEST/DATA");
   command
       .add_option(
           "--match", choice.match,
           "Data to record: all whose ECU/REQUEST/DATA, or DATA alone, fits this pattern; * stands for "
           "any characters, ? for one, and case does not count")
+      ->check(isA(ValueKind::Datum))
       ->type_name("PATTERN");
   command.add_flag("--all", choice.all, "Record all data of the vehicle");
 }
@@ -46,11 +48,13 @@ void addTriggers(CLI::App& command, TriggerChoice& choice) {
   command
       .add_option("--start", choice.start,
                   "Start when the value rises (>) or falls (<) to the level; else by hand")
+      ->check(isA(ValueKind::DatumAndLevel))
       ->type_name("ECU/REQUEST/DATA>LEVEL");
   command
       .add_option("--stop", choice.stop,
                   "Stop when the value rises or falls to the level or, with seconds like 30s, after that "
                   "time; else by hand")
+      ->check(isA(ValueKind::DatumAndLevel))
       ->type_name("ECU/REQUEST/DATA<LEVEL");
   command.add_option("--before", choice.before, "Keep the S seconds before the start, too")
       ->check(wholeNumber(0, kLongestSeconds))

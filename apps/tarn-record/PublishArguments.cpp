@@ -14,12 +14,14 @@ void addPublishing(CLI::App& command, PublishOptions& options) {
   command
       .add_option("--publish-access", options.access,
                   "What the broker asks for: a file of JSON with user, password, ca, certificate and key")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   command
       .add_option("--publish-data", options.data,
                   "Publish only this of what is recorded, and only every MS milliseconds; for several data, "
                   "several times")
       ->allow_extra_args(false)
+      ->check(isA(ValueKind::Datum))
       ->type_name("[ECU/[REQUEST/]]DATA[=MS]");
   command
       .add_option("--publish-every", options.every,
@@ -37,7 +39,9 @@ Action addPublish(CLI::App& app) {
   const auto options = std::make_shared<PublishCommandOptions>();
   CLI::App& command =
       *app.add_subcommand("publish", "Publish what a broker has not acknowledged yet of measurement files");
-  command.add_option("FILE", options->files, "Measurement files (MDF 4) of this recorder")->required();
+  command.add_option("FILE", options->files, "Measurement files (MDF 4) of this recorder")
+      ->required()
+      ->check(isA(ValueKind::File));
   command.add_option("--to", options->publish.to, "The broker, and what stands before all topics")
       ->required()
       ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");

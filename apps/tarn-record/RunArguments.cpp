@@ -38,6 +38,7 @@ void addMeasurement(CLI::App& command, RunOptions& options) {
       .add_option(
           "--samples", options.samples,
           "Write each answer with its time as a JSON line to this file or pipe (- is standard output)")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   command
       .add_option("--publish", options.publish.to,

@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "apps/common/ArgumentChecks.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/HelpFormatter.h"
 #include "apps/tarn-record/Commands.h"
@@ -17,7 +18,10 @@ Action addScan(CLI::App& app) {
   const auto options = std::make_shared<ScanOptions>();
   CLI::App& command =
       *app.add_subcommand("scan", "Ask a car what it offers (OBD) and write it as a vehicle description");
-  command.add_option("--link", options->link.url, "How the car is reached")->required()->type_name("URL");
+  command.add_option("--link", options->link.url, "How the car is reached")
+      ->required()
+      ->check(isA(ValueKind::Link))
+      ->type_name("URL");
   addTrace(command, options->link);
   addOutput(command, options->output, "Vehicle description to write");
   addLoudness(command, options->loudness);

@@ -24,7 +24,9 @@ Action addShow(CLI::App& app) {
   const auto options = std::make_shared<ShowChoice>();
   CLI::App& command = *app.add_subcommand("show", "Show what a record holds: facts, marks, figures, quality");
   addRecordFile(command, options->options.input);
-  command.add_option("--data", options->options.data, "Only these data")->type_name("[ECU/[REQUEST/]]DATA");
+  command.add_option("--data", options->options.data, "Only these data")
+      ->check(isA(ValueKind::RecordDatum))
+      ->type_name("[ECU/[REQUEST/]]DATA");
   command
       .add_option("--from", options->options.from,
                   "Figures only from this time on (seconds, as in the record)")

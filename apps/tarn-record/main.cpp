@@ -5,6 +5,7 @@
 
 #include "apps/common/BadInput.h"
 #include "apps/common/CommandLine.h"
+#include "apps/common/Completion.h"
 #include "apps/common/HelpFormatter.h"
 #include "apps/common/StandardStreams.h"
 #include "apps/common/TerminalText.h"
@@ -21,6 +22,7 @@ int program(int argc, char** argv) {
   app.footer(
       "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input. `man tarn-record` tells more.");
   const record::Commands commands(app);
+  if (printCompletions(app, "complete", argc, argv)) return kDone;
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& asked) {

@@ -6,8 +6,10 @@
 #include <optional>
 #include <string>
 
+#include "apps/common/ArgumentChecks.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/CommandLine.h"
+#include "apps/common/Completion.h"
 #include "apps/common/HelpFormatter.h"
 #include "apps/common/Signals.h"
 #include "apps/common/StandardStreams.h"
@@ -26,12 +28,14 @@ void addPicture(CLI::App& app, CLI::Option& records, PictureOptions& picture) {
       app.add_option("--picture", picture.output,
                      "Write a picture of the records (.svg or .png) and open no window; needs no display")
           ->needs(&records)
+          ->check(isA(ValueKind::File))
           ->type_name("FILE");
   const auto add = [&](const char* name, auto& value, const char* text, const char* type) {
     app.add_option(name, value, text)->needs(output)->type_name(type);
   };
   app.add_option("--data", picture.data, "In the picture: only these data")
       ->needs(output)
+      ->check(isA(ValueKind::RecordDatum))
       ->type_name("[ECU/[REQUEST/]]DATA");
   add("--from", picture.from, "In the picture: only from this time on (seconds, as in the record)", "S");
   add("--till", picture.till, "In the picture: only up to this time", "S");
@@ -48,29 +52,38 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
   app.add_option(
          "--vehicle", options.vehicle,
          "Vehicle description (JSON), or obd2: to ask the car behind the link; without it, the window asks")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   app.add_option("--config", options.config, "Recording configuration (XML): acquire at once")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
-  app.add_option("--folder", options.folder, "Write its files here; made when missing")->type_name("DIR");
+  app.add_option("--folder", options.folder, "Write its files here; made when missing")
+      ->check(isA(ValueKind::Folder))
+      ->type_name("DIR");
   app.add_flag("--folder-per-vehicle", options.folderPerVehicle,
                "Write the files of each vehicle into a folder of its own there (File menu)");
   app.add_option("--link", options.link.url,
                  "How the vehicle is reached (default: the description's simulation)")
+      ->check(isA(ValueKind::Link))
       ->type_name("URL");
   app.add_option("--trace", options.link.trace, "Write what goes over the link to this new file")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   app.add_option("--interval", options.link.intervals,
                  "Send this request every MS milliseconds only, not in every polling cycle")
       ->allow_extra_args(false)
+      ->check(isA(ValueKind::Request))
       ->type_name("ECU/REQUEST=MS");
   app.add_option("--publish", options.publish.to,
                  "Publish each answer at an MQTT broker this time (else: File menu, Publish values)")
       ->type_name("mqtt[s]://HOST[:PORT]/TOPIC");
   app.add_option("--publish-access", options.publish.access, "What that broker asks for: a file of JSON")
+      ->check(isA(ValueKind::File))
       ->type_name("FILE");
   CLI::Option* const records =
       app.add_option("RECORD", options.records,
                      "Records to look at: text, XML, MDF 4; the second and third are laid over the first")
+          ->check(isA(ValueKind::File))
           ->expected(0, 3);
   addPicture(app, *records, picture);
   app.footer(helpFooter(
@@ -81,6 +94,7 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
       "  tarnlog --vehicle examples/road-car.vehicle.json \\\n"
       "      --config examples/road-car.xml --folder recordings\n"
       "  tarnlog recordings/16-11-26_19h05mn11.xml"));
+  if (printCompletions(app, "--complete", argc, argv)) return kDone;
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& asked) {

@@ -10,6 +10,7 @@
 
 #include "apps/common/NearestName.h"
 #include "platform/text/TakeUntil.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -38,7 +39,7 @@ CLI::Validator wholeNumber(int least, int most) {
             const auto read = std::from_chars(text.data(), end, value);
             if (read.ec == std::errc() && read.ptr == end && value >= least && value <= most)
               return std::string();
-            return fmt::format("{} is not a whole number from {} to {}", text, least, most);
+            return Told::tr("{} is not a whole number from {} to {}", text, least, most);
           },
           ""};
 }
@@ -49,7 +50,7 @@ CLI::Validator number() {
             const char* const end = text.data() + text.size();
             const auto read = std::from_chars(text.data(), end, value);
             if (read.ec == std::errc() && read.ptr == end && std::isfinite(value)) return std::string();
-            return fmt::format("{} is not a number, expected one like 12.5", text);
+            return Told::tr("{} is not a number, expected one like 12.5", text);
           },
           ""};
 }
@@ -59,15 +60,15 @@ CLI::Validator oneOf(const std::vector<std::string>& choices) {
             if (std::find(choices.begin(), choices.end(), text) != choices.end()) return std::string();
             const std::string all = fmt::format("{}", fmt::join(choices, ", "));
             const std::string nearest = nearestName(choices, text);
-            return nearest.empty() ? fmt::format("{} is none of {}", text, all)
-                                   : fmt::format("{} is none of {}, did you mean {}?", text, all, nearest);
+            return nearest.empty() ? Told::tr("{} is none of {}", text, all)
+                                   : Told::tr("{} is none of {}, did you mean {}?", text, all, nearest);
           },
           "", std::string(kChoices) + fmt::format("{}", fmt::join(choices, ","))};
 }
 
 CLI::Validator noStandardStream() {
   return {[](const std::string& text) {
-            return text == "-" ? fmt::format("expected a file; {} is none here", text) : std::string();
+            return text == "-" ? Told::tr("expected a file; {} is none here", text) : std::string();
           },
           ""};
 }

@@ -1,6 +1,5 @@
 #include "apps/common/CommandLine.h"
 
-#include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <cctype>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "apps/common/NearestName.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -58,16 +58,16 @@ bool someCommandHas(const CLI::App& app, const std::string& option) {
 
 std::string unknownOption(const CLI::App& app, const CLI::App& command, const std::string& name) {
   if (&command == &app && someCommandHas(app, name))
-    return fmt::format("{}: expected behind a command, like {}", name, commandNames(app).front());
+    return Told::tr("{}: expected behind a command, like {}", name, commandNames(app).front());
   const std::string nearest = nearestName(optionNames(command), name);
-  if (nearest.empty()) return fmt::format("{}: there is no such option", name);
-  return fmt::format("{}: there is no such option, did you mean {}?", name, nearest);
+  if (nearest.empty()) return Told::tr("{}: there is no such option", name);
+  return Told::tr("{}: there is no such option, did you mean {}?", name, nearest);
 }
 
 std::string unknownCommand(const CLI::App& app, const std::string& name) {
   const std::string nearest = nearestName(commandNames(app), name);
-  if (nearest.empty()) return fmt::format("{}: there is no such command", name);
-  return fmt::format("{}: there is no such command, did you mean {}?", name, nearest);
+  if (nearest.empty()) return Told::tr("{}: there is no such command", name);
+  return Told::tr("{}: there is no such command, did you mean {}?", name, nearest);
 }
 
 /// What is said of the word that is no command or option; empty when there is none, and something else is
@@ -90,11 +90,11 @@ std::string unknownWord(const CLI::App& app, int argc, const char* const* argv) 
 
 std::string missingOptions(const CLI::App& app, const CLI::App& command) {
   if (&command == &app && !commandNames(app).empty())
-    return fmt::format("expected a command: {}", fmt::join(commandNames(app), ", "));
+    return Told::tr("expected a command: {}", fmt::join(commandNames(app), ", "));
   std::vector<std::string> missing;
   for (const CLI::Option* const option : command.get_options())
     if (option->get_required() && option->count() == 0) missing.push_back(option->get_name());
-  return fmt::format("missing: {}", fmt::join(missing, ", "));
+  return Told::tr("missing: {}", fmt::join(missing, ", "));
 }
 
 /// The library's texts begin with the option that they are about.
@@ -102,15 +102,15 @@ std::string missingValue(const CLI::App& command, const std::string& what) {
   const std::string name = what.substr(0, what.find(':'));
   const CLI::Option* const option = command.get_option_no_throw(name);
   if (option == nullptr || option->get_type_name().empty()) return what;
-  return fmt::format("{}: expected {} behind it", name, option->get_type_name());
+  return Told::tr("{}: expected {} behind it", name, option->get_type_name());
 }
 
 std::string excluded(const std::string& what) {
   constexpr std::string_view kExcludes = " excludes ";
   const std::size_t at = what.find(kExcludes);
   if (at == std::string::npos) return what;
-  return fmt::format("{} and {} together are not possible", what.substr(0, at),
-                     what.substr(at + kExcludes.size()));
+  return Told::tr("{} and {} together are not possible", what.substr(0, at),
+                  what.substr(at + kExcludes.size()));
 }
 
 std::string wrongUse(CLI::App& app, const CLI::ParseError& error) {
@@ -121,7 +121,7 @@ std::string wrongUse(CLI::App& app, const CLI::ParseError& error) {
   if (dynamic_cast<const CLI::ExcludesError*>(&error) != nullptr) return excluded(what);
   const std::vector<std::string> left = app.remaining(true);
   if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr && !left.empty())
-    return fmt::format("{}: not expected here", left.front());
+    return Told::tr("{}: not expected here", left.front());
   return what;
 }
 
@@ -131,7 +131,8 @@ std::string refusalOf(CLI::App& app, const CLI::ParseError& error, int argc, con
   const std::string unknown = unknownWord(app, argc, argv);
   const CLI::App& command = chosen(app);
   const std::string help = &command == &app ? app.get_name() : app.get_name() + " " + command.get_name();
-  return fmt::format("{}\n`{} --help` tells more.", unknown.empty() ? wrongUse(app, error) : unknown, help);
+  return (unknown.empty() ? wrongUse(app, error) : unknown) + "\n" +
+         Told::tr("`{} --help` tells more.", help);
 }
 
 }  // namespace tarnlog

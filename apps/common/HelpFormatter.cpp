@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "apps/common/WrappedText.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -22,6 +23,17 @@ std::string entry(const std::string& name, const std::string& description) {
 }
 
 }  // namespace
+
+HelpFormatter::HelpFormatter() {
+  label("Usage", Told::tr("Usage"));
+  label("OPTIONS", Told::tr("OPTIONS"));
+  label("Options", Told::tr("Options"));
+  label("Positionals", Told::tr("Positionals"));
+  label("SUBCOMMAND", Told::tr("SUBCOMMAND"));
+  label("Subcommands", Told::tr("Subcommands"));
+  label("REQUIRED", Told::tr("REQUIRED"));
+  label("Needs", Told::tr("Needs"));
+}
 
 std::string HelpFormatter::make_group(std::string group, bool positional,
                                       std::vector<const CLI::Option*> options) const {
@@ -69,9 +81,12 @@ std::string HelpFormatter::make_description(const CLI::App* app) const {
 }
 
 std::string helpFooter(const std::string& text, const std::string& example) {
-  return text + (text.empty() ? "" : "\n") + "Example:" + "\n" + example;
+  return text + (text.empty() ? "" : "\n") + Told::tr("Example:") + "\n" + example;
 }
 
-void useHelpFormatter(CLI::App& app) { app.formatter(std::make_shared<HelpFormatter>()); }
+void useHelpFormatter(CLI::App& app) {
+  app.formatter(std::make_shared<HelpFormatter>());
+  app.set_help_flag("-h,--help", Told::tr("Print this help message and exit"));
+}
 
 }  // namespace tarnlog

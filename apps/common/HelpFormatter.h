@@ -8,6 +8,8 @@ namespace tarnlog {
 /// Help pages of 80 columns.
 class HelpFormatter : public CLI::Formatter {
  public:
+  HelpFormatter();
+
   std::string make_group(std::string group, bool positional,
                          std::vector<const CLI::Option*> options) const override;
   std::string make_option(const CLI::Option* option, bool positional) const override;

@@ -3,6 +3,7 @@
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordPrefix.h"
 #include "platform/settings/FileSettingsStore.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -11,19 +12,20 @@ namespace {
 std::string lineOf(const Lack& lack) {
   switch (lack.kind) {
     case Lack::Kind::Parameters:
-      return "nothing was read: the file has no element \"Parameters\"";
+      return Told::tr("nothing was read: the file has no element \"Parameters\"");
     case Lack::Kind::Data:
-      return "not offered by this vehicle: " + lack.path;
+      return Told::tr("not offered by this vehicle: {}", lack.path);
     case Lack::Kind::Duplicate:
-      return "configured twice, taken once: " + lack.path;
+      return Told::tr("configured twice, taken once: {}", lack.path);
     case Lack::Kind::WrongFunction:
-      return "not acquired, the ECU element's function is not the one in the vehicle: " + lack.path;
+      return Told::tr("not acquired, the ECU element's function is not the one in the vehicle: {}",
+                      lack.path);
     case Lack::Kind::ScenarioRequest:
-      return "init scenario request not offered by this vehicle: " + lack.path;
+      return Told::tr("init scenario request not offered by this vehicle: {}", lack.path);
     case Lack::Kind::StartTrigger:
-      return "the start trigger watches data that this vehicle does not offer: start is manual";
+      return Told::tr("the start trigger watches data that this vehicle does not offer: start is manual");
     case Lack::Kind::StopTrigger:
-      return "the stop trigger watches data that this vehicle does not offer: stop is manual";
+      return Told::tr("the stop trigger watches data that this vehicle does not offer: stop is manual");
   }
   return {};
 }
@@ -46,7 +48,7 @@ LoadedConfiguration loadToRecord(FileSystem& files, const std::string& file,
   if (loaded.parameters->Count() != 0) return loaded;
   std::string lacking;
   for (const std::string& line : lackingLines(loaded)) lacking += "\n  " + line;
-  throw BadInput(file + ": no data to acquire, this vehicle offers none of the data" + lacking);
+  throw BadInput(Told::tr("{}: no data to acquire, this vehicle offers none of the data", file) + lacking);
 }
 
 std::vector<std::string> lackingLines(const LoadedConfiguration& configuration) {

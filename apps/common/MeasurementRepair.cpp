@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "apps/common/BadInput.h"
+#include "platform/text/Told.h"
 #include "samples/MdfFinisher.h"
 
 namespace tarnlog {
@@ -60,17 +61,17 @@ MdfFinish planFor(const FileToRepair& file, std::string_view bytes) {
 std::string repairMeasurement(const FileToRepair& file) {
   const Mapped original(file);
   const MdfFinish plan = planFor(file, original.view());
-  if (plan.finished) return file.path() + ": whole, nothing to do\n";
+  if (plan.finished) return Told::tr("{}: whole, nothing to do", file.path()) + "\n";
   RepairedCopy copy(file);
   copy.add(original.view().substr(0, plan.keep));
   CopyStream stream(copy);
   finishMdf(stream, plan);
   const std::string kept = copy.take();
-  return file.path() + ": closed, " + std::to_string(plan.records) +
-         (plan.records == 1 ? " answer or mark" : " answers and marks") +
-         (plan.cutBytes == 0 ? std::string()
-                             : ", " + std::to_string(plan.cutBytes) + " bytes of what was cut dropped") +
-         "\n" + file.path() + ": the original is " + kept + "\n";
+  std::string told = plan.records == 1
+                         ? Told::tr("{}: closed, {} answer or mark", file.path(), plan.records)
+                         : Told::tr("{}: closed, {} answers and marks", file.path(), plan.records);
+  if (plan.cutBytes != 0) told += ", " + Told::tr("{} bytes of what was cut dropped", plan.cutBytes);
+  return told + "\n" + Told::tr("{}: the original is {}", file.path(), kept) + "\n";
 }
 
 }  // namespace tarnlog

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "catalogue/FoldedText.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -62,7 +63,7 @@ std::vector<std::string> nearNames(const std::vector<std::string>& names, std::s
 std::string nearNamesText(const std::vector<std::string>& near) {
   std::string text;
   for (const std::string& name : near) text += "\n  " + name;
-  return text.empty() ? text : "; near are:" + text;
+  return text.empty() ? text : Told::tr("; near are:") + text;
 }
 
 }  // namespace tarnlog

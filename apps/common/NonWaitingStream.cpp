@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <climits>
 
+#include "platform/text/Told.h"
+
 namespace tarnlog {
 
 namespace {
@@ -57,7 +59,7 @@ bool NonWaitingStream::offer(std::string_view lines) {
 void NonWaitingStream::flush() {
   drain();
   if (dropped_ == 0 || !kept_.empty()) return;
-  kept_ = "... " + std::to_string(dropped_) + " lines not shown\n";
+  kept_ = Told::tr("... {} lines not shown", dropped_) + "\n";
   dropped_ = 0;
   drain();
 }

@@ -7,6 +7,7 @@
 #include "apps/common/BadInput.h"
 #include "config/oTarnScope.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/text/Told.h"
 #include "records/RecordNames.h"
 
 namespace tarnlog {
@@ -34,10 +35,11 @@ PublishSetup publishSetup(const PublishOptions& options,
   if (!options.access.empty()) {
     setup.access = readBrokerAccess(options.access, SystemFileSystem().readAll(options.access));
     if (!setup.access.password.empty() && isReadByOthers(options.access))
-      tell(options.access + ": others can read the password in it; \"chmod 600\" keeps them out");
+      tell(Told::tr("{}: others can read the password in it; \"chmod 600\" keeps them out", options.access));
   }
   if (!setup.access.password.empty() && !setup.terms.to.encrypted)
-    tell(setup.terms.to.text() + ": the password goes over the network as it is; mqtts:// hides it");
+    tell(Told::tr("{}: the password goes over the network as it is; mqtts:// hides it",
+                  setup.terms.to.text()));
   return setup;
 }
 
@@ -61,7 +63,8 @@ void checkPublished(const PublishSelection& selection, const oTarnParameters& pa
       return isCalled(column, datum.name);
     };
     if (std::none_of(parameters.begin(), parameters.end(), called))
-      throw BadInput("--publish-data " + datum.name + ": expected ECU/REQUEST/DATA of the configuration");
+      throw BadInput(
+          Told::tr("--publish-data {}: expected ECU/REQUEST/DATA of the configuration", datum.name));
   }
 }
 

@@ -1,27 +1,27 @@
 #include "apps/common/RecordChoice.h"
 
-#include <fmt/format.h>
-
 #include <cmath>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/NearestName.h"
+#include "platform/text/Told.h"
 #include "records/RecordNames.h"
 
 namespace tarnlog {
 
 void refuseBadTimes(const std::optional<double>& from, const std::optional<double>& till) {
   for (const std::optional<double>& time : {from, till})
-    if (time && !std::isfinite(*time)) throw BadInput("--from and --till: expected seconds");
-  if (from && till && *from > *till) throw BadInput("--from is later than --till: nothing lies between them");
+    if (time && !std::isfinite(*time)) throw BadInput(Told::tr("--from and --till: expected seconds"));
+  if (from && till && *from > *till)
+    throw BadInput(Told::tr("--from is later than --till: nothing lies between them"));
 }
 
 void refuseTimesOutside(double begin, double end, const std::optional<double>& from,
                         const std::optional<double>& till) {
   if (from && *from > end)
-    throw BadInput(fmt::format("--from {}: expected at most {}, where the record ends", *from, end));
+    throw BadInput(Told::tr("--from {}: expected at most {}, where the record ends", *from, end));
   if (till && *till < begin)
-    throw BadInput(fmt::format("--till {}: expected at least {}, where the record begins", *till, begin));
+    throw BadInput(Told::tr("--till {}: expected at least {}, where the record begins", *till, begin));
 }
 
 void refuseUnknownData(const std::vector<RecordHead>& recordings, const std::vector<std::string>& names,
@@ -39,8 +39,8 @@ void refuseUnknownData(const std::vector<RecordHead>& recordings, const std::vec
     if (found) continue;
     const std::string nearest = nearestName(known, name);
     if (!nearest.empty())
-      throw BadInput(fmt::format("--data {}: not in {}, did you mean {}?", name, path, nearest));
-    throw BadInput(fmt::format("--data {}: not in {}{}", name, path, nearNamesText(nearNames(known, name))));
+      throw BadInput(Told::tr("--data {}: not in {}, did you mean {}?", name, path, nearest));
+    throw BadInput(Told::tr("--data {}: not in {}", name, path) + nearNamesText(nearNames(known, name)));
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/text/TakeUntil.h"
+#include "platform/text/Told.h"
 #include "platform/xml/XmlDocument.h"
 
 namespace tarnlog {
@@ -21,9 +22,11 @@ bool leadsOut(std::string_view prefix) {
 
 void refusePrefixOutside(const std::string& configuration, const std::string& prefix) {
   if (leadsOut(prefix))
-    throw TarnError(1, "configuration",
-                    configuration + ": Parameters/Recording/File: prefix=\"" + prefix +
-                        "\": expected one that stays in the folder of the record files");
+    throw TarnError(
+        1, "configuration",
+        Told::tr("{}: Parameters/Recording/File: prefix=\"{}\": expected one that stays in the folder of "
+                 "the record files",
+                 configuration, prefix));
 }
 
 void refusePrefixOutside(const FileSystem& files, const std::string& configuration) {

@@ -1,13 +1,17 @@
 #include "apps/common/RecordRepair.h"
 
+#include <fmt/ranges.h>
+
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "apps/common/BadInput.h"
 #include "apps/common/MeasurementRepair.h"
 #include "apps/common/RepairedCopy.h"
 #include "mdf/Mdf.h"
 #include "platform/files/Descriptor.h"
+#include "platform/text/Told.h"
 #include "platform/xml/XmlDocument.h"
 #include "records/RecordWalk.h"
 
@@ -56,7 +60,8 @@ class ParsedInParts {
   void parse(const std::string& part) {
     XmlDocument document;
     if (const auto error = document.parse(part))
-      throw BadInput(path_ + ": cannot be repaired, the result could not be read: " + error->reason);
+      throw BadInput(
+          Told::tr("{}: cannot be repaired, the result could not be read: {}", path_, error->reason));
   }
 
   std::string path_;
@@ -68,37 +73,38 @@ void check(const RepairedCopy& copy, const std::string& original) {
   ParsedInParts parsed(original);
   const auto faults =
       walkFile(copy.path(), copy.descriptor(), [&](std::string_view piece) { parsed.add(piece); });
-  if (!faults.record || !faults.whole()) throw BadInput(original + ": cannot be repaired");
+  if (!faults.record || !faults.whole()) throw BadInput(Told::tr("{}: cannot be repaired", original));
   parsed.finish();
 }
 
-std::string counted(std::uint64_t count, const char* one, const char* several) {
-  return count == 0 ? std::string() : ", " + std::to_string(count) + " " + (count == 1 ? one : several);
-}
-
 std::string told(const RecordFaults& faults) {
-  return (faults.closed ? std::string("repaired") : std::string("closed")) +
-         counted(faults.cutRows, "row that was cut kept with its whole cells",
-                 "rows that were cut kept with their whole cells") +
-         counted(faults.addedEnds, "element before the rows closed", "elements before the rows closed") +
-         counted(faults.droppedBytes, "byte of what was not finished dropped",
-                 "bytes of what was not finished dropped");
+  std::vector<std::string> what{faults.closed ? Told::tr("repaired") : Told::tr("closed")};
+  const auto add = [&](std::uint64_t count, const std::string& one, const std::string& several) {
+    if (count != 0) what.push_back(count == 1 ? one : several);
+  };
+  add(faults.cutRows, Told::tr("1 row that was cut kept with its whole cells"),
+      Told::tr("{} rows that were cut kept with their whole cells", faults.cutRows));
+  add(faults.addedEnds, Told::tr("1 element before the rows closed"),
+      Told::tr("{} elements before the rows closed", faults.addedEnds));
+  add(faults.droppedBytes, Told::tr("1 byte of what was not finished dropped"),
+      Told::tr("{} bytes of what was not finished dropped", faults.droppedBytes));
+  return fmt::format("{}", fmt::join(what, ", "));
 }
 
 std::string repairXml(const FileToRepair& file) {
   const std::string& path = file.path();
   const RecordFaults faults = walkFile(path, file.descriptor(), [](std::string_view) {});
   if (!faults.record)
-    throw BadInput(path +
-                   ": not an XML record file, expected the root element Tarnlog2000, nor a measurement file");
-  if (faults.whole()) return path + ": whole, nothing to do\n";
+    throw BadInput(Told::tr(
+        "{}: not an XML record file, expected the root element Tarnlog2000, nor a measurement file", path));
+  if (faults.whole()) return Told::tr("{}: whole, nothing to do", path) + "\n";
 
   RepairedCopy copy(file);
   walkFile(path, file.descriptor(), [&](std::string_view piece) { copy.add(piece); });
   copy.finish();
   check(copy, path);
   const std::string kept = copy.take();
-  return path + ": " + told(faults) + "\n" + path + ": the original is " + kept + "\n";
+  return path + ": " + told(faults) + "\n" + Told::tr("{}: the original is {}", path, kept) + "\n";
 }
 
 bool isMeasurement(const FileToRepair& file) {

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "apps/common/BadInput.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -57,8 +58,9 @@ FileToRepair::FileToRepair(const std::string& path)
     : path_(path), place_(withoutLinks(path)), file_(place_, O_RDONLY | O_NONBLOCK) {
   struct stat status {};
   if (::fstat(file_.get(), &status) != 0 || !S_ISREG(status.st_mode))
-    throw BadInput(path + ": not a file that can be repaired");
-  if (!file_.lock()) throw BadInput(path + ": is being written, repair it when its recording has ended");
+    throw BadInput(Told::tr("{}: not a file that can be repaired", path));
+  if (!file_.lock())
+    throw BadInput(Told::tr("{}: is being written, repair it when its recording has ended", path));
   mode_ = status.st_mode;
   size_ = static_cast<std::uint64_t>(status.st_size);
 }

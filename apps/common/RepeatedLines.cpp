@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "platform/text/Told.h"
+
 namespace tarnlog {
 
 namespace {
@@ -60,7 +62,7 @@ void RepeatedLines::tell(Seen& seen) {
   const std::size_t count = std::exchange(seen.counted, 0);
   if (count == 0) return;
   seen.printed = clock_.milliseconds();
-  print_(count == 1 ? seen.last : fmt::format("{} ({} times)", seen.last, count));
+  print_(count == 1 ? seen.last : Told::tr("{} ({} times)", seen.last, count));
 }
 
 }  // namespace tarnlog

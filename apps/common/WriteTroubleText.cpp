@@ -1,13 +1,19 @@
 #include "apps/common/WriteTroubleText.h"
 
+#include <cstdint>
+
+#include "platform/text/Told.h"
+
 namespace tarnlog {
 
 namespace {
 
 /// A measurement file gets its answers in blocks; how many are missing is told when it is closed.
-std::string counted(std::uint64_t count, const std::string& path) {
-  const bool blocks = path.ends_with(".mf4");
-  return std::to_string(count) + (blocks ? " block" : " row") + (count == 1 ? "" : "s");
+std::string lost(const WriteTrouble& trouble) {
+  const std::uint64_t count = trouble.lostRows;
+  if (trouble.path.ends_with(".mf4"))
+    return count == 1 ? Told::tr("1 block lost") : Told::tr("{} blocks lost", count);
+  return count == 1 ? Told::tr("1 row lost") : Told::tr("{} rows lost", count);
 }
 
 }  // namespace
@@ -15,19 +21,20 @@ std::string counted(std::uint64_t count, const std::string& path) {
 std::string textOf(const WriteTrouble& trouble) {
   switch (trouble.kind) {
     case WriteTrouble::Kind::Begun:
-      return "write failed: " + trouble.path + ": " + trouble.why;
+      return Told::tr("write failed: {}: {}", trouble.path, trouble.why);
     case WriteTrouble::Kind::CutShort:
-      return "file cut short: " + trouble.path + ": " + trouble.why;
+      return Told::tr("file cut short: {}: {}", trouble.path, trouble.why);
     case WriteTrouble::Kind::NotSynced:
-      return "not synced, a power cut may cost rows: " + trouble.path + ": " + trouble.why;
+      return Told::tr("not synced, a power cut may cost rows: {}: {}", trouble.path, trouble.why);
     case WriteTrouble::Kind::Ended:
       break;
   }
   const std::string inAll = trouble.lostInFile == trouble.lostRows
                                 ? std::string()
-                                : ", " + std::to_string(trouble.lostInFile) + " in all";
-  return (trouble.closed ? "closed while writing failed: " : "writing goes on: ") + trouble.path + ": " +
-         counted(trouble.lostRows, trouble.path) + " lost" + inAll;
+                                : ", " + Told::tr("{} in all", trouble.lostInFile);
+  return (trouble.closed ? Told::tr("closed while writing failed: {}: {}", trouble.path, lost(trouble))
+                         : Told::tr("writing goes on: {}: {}", trouble.path, lost(trouble))) +
+         inAll;
 }
 
 }  // namespace tarnlog

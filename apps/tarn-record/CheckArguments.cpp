@@ -9,6 +9,7 @@
 #include "apps/tarn-record/StandardOutput.h"
 #include "apps/tarn-record/VehicleArguments.h"
 #include "platform/settings/FileSettingsStore.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -23,12 +24,13 @@ struct CheckOptions {
 
 Action addCheck(CLI::App& app) {
   const auto options = std::make_shared<CheckOptions>();
-  CLI::App& command = *app.add_subcommand("check", "Show what of a configuration a vehicle can record");
+  CLI::App& command =
+      *app.add_subcommand("check", Told::tr("Show what of a configuration a vehicle can record"));
   addVehicle(command, options->vehicle);
   addConfiguration(command, options->config);
   command.footer(helpFooter({},
-                            "  tarn-record check --vehicle examples/road-car.vehicle.json \\\n      --config "
-                            "examples/road-car.xml"));
+                            "  tarn-record check --vehicle examples/road-car.vehicle.json \\\n"
+                            "      --config examples/road-car.xml"));
   return [options] {
     OfflineVehicle vehicle(options->vehicle);
     const FileSettingsStore settings(vehicle.files(), FileSettingsStore::defaultPath());

@@ -13,18 +13,20 @@
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/ConfigurationOddities.h"
 #include "platform/text/Numbers.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
 namespace {
 
 std::string triggerText(const oTarnParameters& parameters, const oTarnTrigger& trigger) {
-  if (trigger.typeTrigger == oTarnTrigger::kTime) return fmt::format("after {} s", trigger.timeSeconde);
+  if (trigger.typeTrigger == oTarnTrigger::kTime) return Told::tr("after {} s", trigger.timeSeconde);
   const oTarnScope* const watched =
       trigger.typeTrigger == oTarnTrigger::kChannel ? parameters.ItemIndex(trigger.DataIndex) : nullptr;
-  if (watched == nullptr) return "manual";
-  return fmt::format("{} {} {} {}", watched->DataName, trigger.edge < 0 ? "falls to" : "rises to",
-                     exactNumberText(trigger.level), watched->Unit);
+  if (watched == nullptr) return Told::tr("manual");
+  const std::string level = exactNumberText(trigger.level);
+  return trigger.edge < 0 ? Told::tr("{} falls to {} {}", watched->DataName, level, watched->Unit)
+                          : Told::tr("{} rises to {} {}", watched->DataName, level, watched->Unit);
 }
 
 bool neverFires(const oTarnTrigger& trigger) {
@@ -48,7 +50,7 @@ class Check {
     describeFiles();
     describeData();
     for (const std::string& lack : lacks_) add(lack);
-    for (const std::string& oddity : oddities) add("odd: " + oddity);
+    for (const std::string& oddity : oddities) add(Told::tr("odd: {}", oddity));
     return {report_, refusal_};
   }
 
@@ -60,19 +62,19 @@ class Check {
     const oTarnTrigger& stop = *parameters_.stopTrigger;
     RecordingPlan plan;
     try {
-      if (columns_ == 0) throw TarnError(1, "check", "no data to acquire");
+      if (columns_ == 0) throw TarnError(1, "check", Told::tr("no data to acquire"));
       plan = planRecording(parameters_, columns_);
     } catch (const TarnError& error) {
       refusal_ = error.description();
     }
-    add(parameters_.recordingPeriod == 0 ? "period 0 s, a row every polling cycle"
-                                         : fmt::format("period {} s", parameters_.recordingPeriod));
-    add(fmt::format("start: {}, pre-trigger {} s = {} points", triggerText(parameters_, start),
-                    -std::min<std::int64_t>(start.prepost, 0), plan.preTriggerPoints));
-    add(fmt::format("stop: {}, post-trigger {} s = {} points", triggerText(parameters_, stop),
-                    std::llabs(std::int64_t{stop.prepost}), plan.postTriggerPoints));
-    if (neverFires(start)) add("the start trigger never fires: its edge is neither 1 nor -1");
-    if (neverFires(stop)) add("the stop trigger never fires: its edge is neither 1 nor -1");
+    add(parameters_.recordingPeriod == 0 ? Told::tr("period 0 s, a row every polling cycle")
+                                         : Told::tr("period {} s", parameters_.recordingPeriod));
+    add(Told::tr("start: {}, pre-trigger {} s = {} points", triggerText(parameters_, start),
+                 -std::min<std::int64_t>(start.prepost, 0), plan.preTriggerPoints));
+    add(Told::tr("stop: {}, post-trigger {} s = {} points", triggerText(parameters_, stop),
+                 std::llabs(std::int64_t{stop.prepost}), plan.postTriggerPoints));
+    if (neverFires(start)) add(Told::tr("the start trigger never fires: its edge is neither 1 nor -1"));
+    if (neverFires(stop)) add(Told::tr("the stop trigger never fires: its edge is neither 1 nor -1"));
   }
 
   /// Sent to the ECUs whose data are recorded, and to no other.
@@ -80,8 +82,9 @@ class Check {
     if (!parameters_.startSession.empty()) describeStartSession();
     for (const oScenarioRequest& request : *parameters_.initScenario) {
       const bool sent = polls(request.Address);
-      add(fmt::format("init scenario: {}/{}{}", request.EcuName, request.RequestName,
-                      sent ? "" : ", never sent: nothing is recorded from this ECU"));
+      add(sent ? Told::tr("init scenario: {}/{}", request.EcuName, request.RequestName)
+               : Told::tr("init scenario: {}/{}, never sent: nothing is recorded from this ECU",
+                          request.EcuName, request.RequestName));
     }
   }
 
@@ -91,9 +94,9 @@ class Check {
       to += (i == 0 ? "" : ", ") + items_.pollSet().ecu(i).name();
     try {
       session_.createRawBuffer()->fill(parameters_.startSession);
-      add("start session: " + parameters_.startSession + ", sent to " + to);
+      add(Told::tr("start session: {}, sent to {}", parameters_.startSession, to));
     } catch (const TarnError& error) {
-      add("odd: Parameters/StartSession: " + error.description() + "; nothing is sent");
+      add(Told::tr("odd: Parameters/StartSession: {}; nothing is sent", error.description()));
     }
   }
 
@@ -106,19 +109,20 @@ class Check {
   void describeFiles() {
     const bool there = files_.folderExists(parameters_.fileFolder);
     const std::string folder = there ? parameters_.fileFolder : files_.currentFolder();
-    add(fmt::format("files: {}, {}",
-                    joinPath(folder, parameters_.filePrefix + "DATE_TIME" + parameters_.fileFormat),
-                    recordFormatOf(parameters_.fileFormat).description));
+    add(Told::tr("files: {}, {}",
+                 joinPath(folder, parameters_.filePrefix + "DATE_TIME" + parameters_.fileFormat),
+                 recordFormatOf(parameters_.fileFormat).description));
     if (!there && !parameters_.fileFolder.empty())
-      add("odd: the folder " + parameters_.fileFolder + " is missing: the files go into the current one");
-    if (!files_.folderWritable(folder)) add("odd: no file can be made in the folder " + folder);
+      add(Told::tr("odd: the folder {} is missing: the files go into the current one",
+                   parameters_.fileFolder));
+    if (!files_.folderWritable(folder)) add(Told::tr("odd: no file can be made in the folder {}", folder));
     if (!parameters_.fileFormat.starts_with('.'))
-      add("odd: format=\"" + parameters_.fileFormat +
-          "\": expected .xml, .txt or another extension with its dot");
+      add(Told::tr("odd: format=\"{}\": expected .xml, .txt or another extension with its dot",
+                   parameters_.fileFormat));
   }
 
   void describeData() {
-    add(fmt::format("{} data load:", parameters_.Count()));
+    add(Told::tr("{} data load:", parameters_.Count()));
     for (const oTarnScope& scope : parameters_)
       add(fmt::format("  {}/{}/{}{}", scope.EcuName, scope.RequestName, scope.DataName,
                       scope.Unit.empty() ? "" : " (" + scope.Unit + ")"));

@@ -10,6 +10,7 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
+#include "platform/text/Told.h"
 #include "platform/xml/XmlDocument.h"
 
 namespace tarnlog::record {
@@ -86,18 +87,18 @@ bool isNumber(std::string_view text, bool fraction) {
 
 /// What was expected and what is taken instead; empty when the value is as it should be.
 std::string valueOddity(std::string_view value, Kind kind) {
-  if (kind == Kind::Flag && value != "0" && value != "1") return "expected 0 or 1; 0 is taken";
+  if (kind == Kind::Flag && value != "0" && value != "1") return Told::tr("expected 0 or 1; 0 is taken");
   if (kind == Kind::Edge && value != "1" && value != "-1")
-    return "expected 1 (rising) or -1 (falling); otherwise the trigger never fires";
+    return Told::tr("expected 1 (rising) or -1 (falling); otherwise the trigger never fires");
   if (kind == Kind::Whole && (!isNumber(value, false) || !wholeInteger(value))) {
     const auto taken = wholeInteger(value);
-    return "expected a whole number of 32 bits; " +
-           (taken ? std::to_string(*taken) + " is taken" : "it is ignored");
+    return taken ? Told::tr("expected a whole number of 32 bits; {} is taken", *taken)
+                 : Told::tr("expected a whole number of 32 bits; it is ignored");
   }
   if (kind == Kind::Count && !isNumber(value, false))
-    return fmt::format("expected a whole number; {} is taken", leadingInteger(value));
+    return Told::tr("expected a whole number; {} is taken", leadingInteger(value));
   if (kind == Kind::Number && !isNumber(value, true))
-    return "expected a number with \".\"; " + exactNumberText(leadingNumber(value)) + " is taken";
+    return Told::tr("expected a number with \".\"; {} is taken", exactNumberText(leadingNumber(value)));
   return {};
 }
 
@@ -111,8 +112,7 @@ class Search {
     for (const XmlElement data : root.selectNodes("Datas/Data")) {
       const std::int32_t index = leadingInteger(data.attributeOrEmpty("index"));
       if (!seen.insert(index).second)
-        found.push_back(
-            fmt::format("Datas: two data have the index {}; what names it means the first", index));
+        found.push_back(Told::tr("Datas: two data have the index {}; what names it means the first", index));
     }
   }
 
@@ -126,9 +126,9 @@ class Search {
       const std::string path = place.empty() ? name : fmt::format("{}/{}", place, name);
       const int number = ++numbers[name];
       if (std::find(known->elements.begin(), known->elements.end(), name) == known->elements.end())
-        found.push_back(path + ": unknown element");
+        found.push_back(Told::tr("{}: unknown element", path));
       else if (number == 2 && !mayRepeat(name))
-        found.push_back(path + ": is there twice; only the first one is read");
+        found.push_back(Told::tr("{}: is there twice; only the first one is read", path));
       else if (name != "row")
         look(child,
              number == 1 && name != "Data" && name != "Request" ? path : fmt::format("{}[{}]", path, number));
@@ -146,7 +146,7 @@ class Search {
       const std::string_view value = element.attributeOrEmpty(std::string(name).c_str());
       const auto kind = known.attributes.find(name);
       const std::string what =
-          kind == known.attributes.end() ? "unknown attribute" : valueOddity(value, kind->second);
+          kind == known.attributes.end() ? Told::tr("unknown attribute") : valueOddity(value, kind->second);
       if (!what.empty()) found.push_back(fmt::format("{}: {}=\"{}\": {}", place, name, value, what));
     }
   }
@@ -161,10 +161,10 @@ class Search {
     const auto& types = knownOf(element)->elements;
     if (type == none) return;
     if (std::find(types.begin(), types.end(), type) == types.end())
-      found.push_back(fmt::format("{}: type=\"{}\": expected one of {}, {}; {} is taken", place, type, none,
-                                  fmt::join(types, ", "), none));
+      found.push_back(Told::tr("{}: type=\"{}\": expected one of {}, {}; {} is taken", place, type, none,
+                               fmt::join(types, ", "), none));
     else if (!element.firstChild(type.c_str()))
-      found.push_back(fmt::format("{}: no element {}, which has the settings", place, type));
+      found.push_back(Told::tr("{}: no element {}, which has the settings", place, type));
   }
 };
 

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+#include "platform/text/Told.h"
+
 namespace tarnlog::record {
 
 namespace {
@@ -15,17 +17,17 @@ double seconds(std::int64_t microseconds) { return static_cast<double>(microseco
 std::string stateText(AcquisitionState state) {
   switch (state) {
     case AcquisitionState::kIdle:
-      return "idle";
+      return Told::tr("idle");
     case AcquisitionState::kInitialise:
-      return "initialising the ECUs";
+      return Told::tr("initialising the ECUs");
     case AcquisitionState::kStartSessions:
-      return "starting the diagnostic sessions";
+      return Told::tr("starting the diagnostic sessions");
     case AcquisitionState::kCommunicate:
-      return "polling";
+      return Told::tr("polling");
     case AcquisitionState::kWaitAfterInit:
-      return "waiting after the initialisation";
+      return Told::tr("waiting after the initialisation");
     case AcquisitionState::kWaitBeforePolling:
-      return "waiting before polling";
+      return Told::tr("waiting before polling");
   }
   return {};
 }
@@ -48,34 +50,34 @@ void DetailSink::tellRequests(const SampleBeginning& beginning) {
   for (const SampleRequest& each : beginning.requests) {
     const ferrox3::Ecu& ecu = each.request->ecu();
     requests_.push_back(ecu.name() + "/" + each.request->name());
-    print_(fmt::format("asks {} (address 0x{:X}, {}): {}, frame {}, for {} data", ecu.name(),
-                       static_cast<std::uint32_t>(ecu.address()), ecu.protocolName(), each.request->name(),
-                       each.request->frameText(true), each.items.size()));
+    print_(Told::tr("asks {} (address 0x{:X}, {}): {}, frame {}, for {} data", ecu.name(),
+                    static_cast<std::uint32_t>(ecu.address()), ecu.protocolName(), each.request->name(),
+                    each.request->frameText(true), each.items.size()));
   }
 }
 
 void DetailSink::context(const SampleContext& context) { tellFacts(context.facts); }
 
 void DetailSink::failure(const SampleFailure& failure) {
-  print_(fmt::format("{} failed after {:.3f} s: {}", requests_.at(failure.request),
-                     seconds(failure.at - failure.sent), failure.reason));
+  print_(Told::tr("{} failed after {:.3f} s: {}", requests_.at(failure.request),
+                  seconds(failure.at - failure.sent), failure.reason));
 }
 
 void DetailSink::state(AcquisitionState state, std::int64_t /*at*/) {
-  print_(fmt::format("state: {}", stateText(state)));
+  print_(Told::tr("state: {}", stateText(state)));
 }
 
 void DetailSink::recordingBegan(const SampleRecording& recording) {
-  print_(fmt::format("records into {}, from {:.3f} s on", recording.path,
-                     seconds(recording.from - recording.zero)));
+  print_(Told::tr("records into {}, from {:.3f} s on", recording.path,
+                  seconds(recording.from - recording.zero)));
 }
 
 void DetailSink::gap(std::int64_t from, std::int64_t till) {
-  print_(fmt::format("no answer came for {:.3f} s", seconds(till - from)));
+  print_(Told::tr("no answer came for {:.3f} s", seconds(till - from)));
 }
 
 void DetailSink::clockStep(std::int64_t /*at*/, std::int64_t nanoseconds) {
-  print_(fmt::format("somebody set the clock by {:.3f} s", static_cast<double>(nanoseconds) / 1e9));
+  print_(Told::tr("somebody set the clock by {:.3f} s", static_cast<double>(nanoseconds) / 1e9));
 }
 
 }  // namespace tarnlog::record

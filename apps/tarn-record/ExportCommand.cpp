@@ -8,6 +8,7 @@
 #include "apps/tarn-record/RecordFile.h"
 #include "exports/ExportFile.h"
 #include "exports/Mf4Writing.h"
+#include "platform/text/Told.h"
 #include "platform/time/SystemClock.h"
 #include "records/CsvExport.h"
 #include "records/JsonExport.h"
@@ -21,13 +22,14 @@ std::vector<RecordHead> withUtc(std::vector<RecordHead> recordings, const Export
   for (RecordHead& head : recordings) {
     if (!head.utcNanoseconds && head.local) head.utcNanoseconds = utcOfLocal(*head.local);
     if (!head.utcNanoseconds)
-      throw BadInput(options.input + ": does not tell when it began, so --utc is not possible");
+      throw BadInput(Told::tr("{}: does not tell when it began, so --utc is not possible", options.input));
   }
   return recordings;
 }
 
 void exportMf4(const RecordFile& record, const ExportOptions& options, ExportFile& output) {
-  if (!output.replaces()) throw BadInput("--to mf4: needs a file to write, name one with --output FILE");
+  if (!output.replaces())
+    throw BadInput(Told::tr("--to mf4: needs a file to write, name one with --output FILE"));
   writeMf4(
       record.recordings(), [&](RecordConsumer& consumer) { record.read(consumer); }, options.choice, output);
 }

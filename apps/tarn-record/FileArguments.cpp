@@ -7,6 +7,7 @@
 
 #include "acquisition/RecordFormats.h"
 #include "apps/common/ArgumentChecks.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -28,24 +29,24 @@ void FileOptions::apply(oTarnParameters& parameters) const {
 }
 
 void addFileOptions(CLI::App& command, FileOptions& options) {
-  command.add_option("--folder", options.folder, "Folder of the record files")
+  command.add_option("--folder", options.folder, Told::tr("Folder of the record files"))
       ->check(isA(ValueKind::Folder))
-      ->type_name("DIR");
-  command.add_option("--format", options.format, "File format")
+      ->type_name(Told::tr("DIR"));
+  command.add_option("--format", options.format, Told::tr("File format"))
       ->check(oneOf(recordExtensions()))
       ->type_name(fmt::format("{}", fmt::join(recordExtensions(), "|")));
-  command.add_option("--period", options.period, "Seconds between rows, 0 = every polling cycle")
+  command.add_option("--period", options.period, Told::tr("Seconds between rows, 0 = every polling cycle"))
       ->check(wholeNumber(0, kLongestSeconds))
-      ->type_name("S");
-  command.add_option("--prefix", options.prefix, "Beginning of the file names")->type_name("TEXT");
+      ->type_name(Told::tr("S"));
+  command.add_option("--prefix", options.prefix, Told::tr("Beginning of the file names"))
+      ->type_name(Told::tr("TEXT"));
 }
 
 void addOutput(CLI::App& command, std::string& output, const std::string& what) {
-  command
-      .add_option("--output", output, fmt::format("{} (replaced when it exists; - is standard output)", what))
+  command.add_option("--output", output, what)
       ->required()
       ->check(isA(ValueKind::File))
-      ->type_name("FILE");
+      ->type_name(Told::tr("FILE"));
 }
 
 }  // namespace tarnlog::record

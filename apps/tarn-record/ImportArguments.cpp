@@ -9,19 +9,22 @@
 #include "apps/tarn-record/OutputFile.h"
 #include "apps/tarn-record/StandardOutput.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
 Action addImport(CLI::App& app) {
   const auto options = std::make_shared<ImportOptions>();
-  CLI::App& command = *app.add_subcommand("import", "Make a vehicle description of an ODX container");
-  command.add_option("--odx", options->odx, "ODX 2.2 container (.pdx), or one of its documents")
+  CLI::App& command =
+      *app.add_subcommand("import", Told::tr("Make a vehicle description of an ODX container"));
+  command.add_option("--odx", options->odx, Told::tr("ODX 2.2 container (.pdx), or one of its documents"))
       ->check(isA(ValueKind::File))
       ->required()
-      ->type_name("FILE");
-  addOutput(command, options->output, "Vehicle description to write");
-  command.add_option("--name", options->name, "Name of the vehicle (default: the container's)")
-      ->type_name("TEXT");
+      ->type_name(Told::tr("FILE"));
+  addOutput(command, options->output,
+            Told::tr("Vehicle description to write (replaced when it exists; - is standard output)"));
+  command.add_option("--name", options->name, Told::tr("Name of the vehicle (default: the container's)"))
+      ->type_name(Told::tr("TEXT"));
   command.footer(helpFooter({}, "  tarn-record import --odx car.pdx --output car.vehicle.json"));
   return [options] {
     SystemFileSystem files;

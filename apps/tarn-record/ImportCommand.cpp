@@ -5,6 +5,7 @@
 #include "apps/tarn-record/OutputFile.h"
 #include "host/odx/OdxImport.h"
 #include "host/vehicle/description/DescriptionWriter.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 namespace {
@@ -15,7 +16,7 @@ std::string baseName(const std::string& path) {
   return name.substr(0, name.rfind('.'));
 }
 
-void addLines(std::string& report, const char* heading, const std::vector<std::string>& lines) {
+void addLines(std::string& report, const std::string& heading, const std::vector<std::string>& lines) {
   if (lines.empty()) return;
   report += fmt::format("{} ({}):\n", heading, lines.size());
   for (const std::string& line : lines) report += "  " + line + "\n";
@@ -38,10 +39,11 @@ std::string importOdxFile(FileSystem& files, const ImportOptions& options) {
     requests += ecu.requests.size();
     for (const host::RequestDescription& request : ecu.requests) data += request.data.size();
   }
-  std::string report = fmt::format("{}: {} ECUs, {} requests, {} data\n", options.output,
-                                   import.vehicle.ecus.size(), requests, data);
-  addLines(report, "Please look at", import.notes);
-  addLines(report, "Left out", import.leftOut);
+  std::string report = Told::tr("{}: {} ECUs, {} requests, {} data", options.output,
+                                import.vehicle.ecus.size(), requests, data) +
+                       "\n";
+  addLines(report, Told::tr("Please look at"), import.notes);
+  addLines(report, Told::tr("Left out"), import.leftOut);
   return report;
 }
 

@@ -8,6 +8,7 @@
 #include "apps/tarn-record/OfflineVehicle.h"
 #include "apps/tarn-record/StandardOutput.h"
 #include "apps/tarn-record/VehicleArguments.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -23,11 +24,13 @@ struct ListOptions {
 
 Action addList(CLI::App& app) {
   const auto options = std::make_shared<ListOptions>();
-  CLI::App& command = *app.add_subcommand("list", "Show the data that a vehicle offers");
+  CLI::App& command = *app.add_subcommand("list", Told::tr("Show the data that a vehicle offers"));
   addVehicle(command, options->vehicle);
-  command.add_option("--filter", options->filter, "Only where name, request, ECU or unit contains this")
-      ->type_name("TEXT");
-  command.add_flag("--json", options->json, "As JSON");
+  command
+      .add_option("--filter", options->filter,
+                  Told::tr("Only where name, request, ECU or unit contains this"))
+      ->type_name(Told::tr("TEXT"));
+  command.add_flag("--json", options->json, Told::tr("As JSON"));
   command.footer(helpFooter({}, "  tarn-record list --vehicle examples/road-car.vehicle.json --filter temp"));
   return [options] {
     OfflineVehicle vehicle(options->vehicle);

@@ -9,6 +9,7 @@
 #include "apps/tarn-record/TextTable.h"
 #include "platform/base/TarnError.h"
 #include "platform/text/Numbers.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -17,14 +18,21 @@ namespace {
 bool isNumber(const CatalogueRow& row) { return row.type != "text" && row.type != "bytes"; }
 
 std::vector<std::string> cellsOf(const CatalogueRow& row) {
-  const std::string device = row.device.empty() || !row.failure ? row.device : row.device + " (failure)";
-  return {row.ecu,  row.request, row.data, row.unit, isNumber(row) ? row.minimum + " to " + row.maximum : "",
-          row.type, device};
+  const std::string device =
+      row.device.empty() || !row.failure ? row.device : Told::tr("{} (failure)", row.device);
+  return {row.ecu,
+          row.request,
+          row.data,
+          row.unit,
+          isNumber(row) ? Told::tr("{} to {}", row.minimum, row.maximum) : "",
+          row.type,
+          device};
 }
 
 std::string table(const std::vector<CatalogueRow>& rows) {
   TextTable table(std::vector(7, TextTable::Align::Left));
-  table.add({"ECU", "REQUEST", "DATA", "UNIT", "RANGE", "TYPE", "DEVICE"});
+  table.add({Told::tr("ECU"), Told::tr("REQUEST"), Told::tr("DATA"), Told::tr("UNIT"), Told::tr("RANGE"),
+             Told::tr("TYPE"), Told::tr("DEVICE")});
   for (const CatalogueRow& row : rows) table.add(cellsOf(row));
   return table.text();
 }

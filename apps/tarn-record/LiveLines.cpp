@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/base/TarnError.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -38,7 +39,7 @@ void LiveLines::end(std::int64_t /*at*/) { handOver(); }
 
 void LiveLines::handOver() {
   if (lines_.empty()) return;
-  const std::string told = lost_ == 0 ? lines_ : fmt::format("... {} lines not shown\n{}", lost_, lines_);
+  const std::string told = lost_ == 0 ? lines_ : Told::tr("... {} lines not shown", lost_) + "\n" + lines_;
   bool taken = false;
   skipOnFailure([&] { taken = target_.take(told); });
   lost_ = taken ? 0 : lost_ + static_cast<std::uint64_t>(std::ranges::count(lines_, '\n'));

@@ -1,11 +1,10 @@
 #include "apps/tarn-record/LiveTable.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "apps/common/WrappedText.h"
 #include "apps/tarn-record/ProgressLine.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -74,7 +73,7 @@ std::vector<std::string> LiveTable::draw(std::size_t width, std::size_t height) 
     const std::size_t from = (i / lines) * (each.all() + kBetween);
     line += blanks(from, line) + cell(rows[i], each);
   }
-  if (!all) out.push_back(fmt::format("... and {} more", rows.size() - shown));
+  if (!all) out.push_back(Told::tr("... and {} more", rows.size() - shown));
   for (std::string& line : out) line = firstCharacters(line, width);
   return out;
 }

@@ -15,6 +15,7 @@
 #include "config/CatalogueMatch.h"
 #include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -42,8 +43,8 @@ class DataAdding {
       any = true;
     }
     if (!any)
-      throw BadInput(fmt::format("--match {}: no data of this vehicle are called so{}", pattern,
-                                 nearNamesText(near(wanted.core()))));
+      throw BadInput(Told::tr("--match {}: no data of this vehicle are called so{}", pattern,
+                              nearNamesText(near(wanted.core()))));
   }
 
   void addAll() {
@@ -54,8 +55,8 @@ class DataAdding {
     const auto row = std::find_if(rows_.begin(), rows_.end(),
                                   [&](const CatalogueRow& each) { return each.path() == path; });
     if (row != rows_.end()) return *row;
-    throw BadInput(fmt::format("{} {}: expected ECU/REQUEST/DATA of this vehicle{}", option, path,
-                               nearNamesText(near(path))));
+    throw BadInput(Told::tr("{} {}: expected ECU/REQUEST/DATA of this vehicle{}", option, path,
+                            nearNamesText(near(path))));
   }
 
   /// The item of this row, which is added unless it is there.
@@ -100,7 +101,7 @@ void setTrigger(oTarnTrigger& trigger, const char* option, const std::string& te
   if (wanted.type != oTarnTrigger::kChannel) return;
   const CatalogueRow& row = data.named(wanted.path, option);
   if (row.type == "text" || row.type == "bytes")
-    throw BadInput(fmt::format("{} {}: expected a number, and {} has none", option, text, row.path()));
+    throw BadInput(Told::tr("{} {}: expected a number, and {} has none", option, text, row.path()));
   const std::int32_t before = parameters.Count();
   const oTarnScope& watched = data.add(row);
   if (parameters.Count() > before) added.push_back(row.path());
@@ -114,7 +115,7 @@ void setTrigger(oTarnTrigger& trigger, const char* option, const std::string& te
 
 void addChosenData(oTarnParameters& parameters, const SessionDocument& session, const DataChoice& choice) {
   if (choice.data.empty() && choice.match.empty() && !choice.all)
-    throw BadInput("expected --data, --match or --all, which say what to record");
+    throw BadInput(Told::tr("expected --data, --match or --all, which say what to record"));
   DataAdding data(parameters, session);
   for (const std::string& path : choice.data) data.addNamed(path);
   for (const std::string& pattern : choice.match) data.addMatching(pattern);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "apps/common/TerminalText.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -19,10 +20,10 @@ void sayVehicle(const host::OpenedVehicle& vehicle, const host::LinkOptions& lin
   const host::VehicleDescription& description = vehicle.description();
   const std::string& url = description.link;
   if (link.url.empty())
-    say(url.empty() ? std::string("link: the simulation of the description") : fmt::format("link: {}", url));
+    say(url.empty() ? Told::tr("link: the simulation of the description") : Told::tr("link: {}", url));
   std::size_t requests = 0;
   for (const host::EcuDescription& ecu : description.ecus) requests += ecu.requests.size();
-  say(fmt::format("vehicle {}: {} ECUs, {} requests", description.name, description.ecus.size(), requests));
+  say(Told::tr("vehicle {}: {} ECUs, {} requests", description.name, description.ecus.size(), requests));
 }
 
 }  // namespace
@@ -32,13 +33,13 @@ std::unique_ptr<host::OpenedVehicle> openVehicle(const std::string& path, FileSy
                                                  const host::LinkOptions& link, Loudness loudness) {
   host::LinkOptions options = link;
   if (path == host::kObdCar && !link.url.empty() && loudness != Loudness::Quiet)
-    say(fmt::format("asking the car behind {} what it offers", link.url));
-  if (loudness == Loudness::Verbose && !link.url.empty()) say(fmt::format("link: {}", link.url));
+    say(Told::tr("asking the car behind {} what it offers", link.url));
+  if (loudness == Loudness::Verbose && !link.url.empty()) say(Told::tr("link: {}", link.url));
   if (loudness == Loudness::Verbose)
     options.phase = [](host::OpeningPhase phase) { say(std::string(host::openingPhaseText(phase))); };
   auto vehicle = host::openVehicle(path, files, systemLocale(), clock, std::move(idleHook), options);
   if (loudness == Loudness::Quiet) return vehicle;
-  for (const std::string& note : vehicle->description().notes) say(fmt::format("not offered: {}", note));
+  for (const std::string& note : vehicle->description().notes) say(Told::tr("not offered: {}", note));
   if (loudness == Loudness::Verbose) sayVehicle(*vehicle, link);
   return vehicle;
 }

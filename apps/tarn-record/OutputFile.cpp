@@ -5,6 +5,7 @@
 
 #include "apps/common/BadInput.h"
 #include "exports/ExportFile.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -17,7 +18,7 @@ bool isStandardOutput(const std::string& path) { return path == ExportFile::kSta
 void refuseInput(const std::string& output, const std::string& input) {
   std::error_code none;
   if (std::filesystem::equivalent(output, input, none))
-    throw BadInput("--output " + output + ": this is the input " + input + ", expected another file");
+    throw BadInput(Told::tr("--output {}: this is the input {}, expected another file", output, input));
 }
 
 }  // namespace tarnlog::record

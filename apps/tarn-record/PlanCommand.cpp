@@ -19,6 +19,7 @@
 #include "config/oTarnTrigger.h"
 #include "host/link/SystemLinkClock.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/text/Told.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
 
@@ -37,7 +38,8 @@ std::string joined(const std::vector<std::string>& words) {
 std::string costsTable(const PollReport& report) {
   using enum TextTable::Align;
   TextTable table({Left, Left, Right, Right, Left});
-  table.add({"ECU", "request", "ms", "of the cycle", "data"});
+  table.add(
+      {Told::tr("ECU"), Told::tr("request"), Told::tr("ms"), Told::tr("of the cycle"), Told::tr("data")});
   for (const PollCost& cost : report.costs)
     table.add({cost.ecu, cost.request, fmt::format("{:.1f}", cost.seconds * 1000),
                fmt::format("{:.0f} %", cost.share * 100), joined(cost.data)});
@@ -52,23 +54,24 @@ std::string togetherText(const PollReport& report) {
     std::vector<std::string> names;
     names.reserve(together.size());
     for (const std::size_t each : together) names.push_back(report.costs[each].request);
-    text += fmt::format("in one request: {}: {}\n", report.costs[i].ecu, joined(names));
+    text += Told::tr("in one request: {}: {}", report.costs[i].ecu, joined(names)) + "\n";
   }
   return text;
 }
 
 std::string periodText(const PollReport& report, std::int32_t period) {
-  if (period == 0) return "a row for every cycle, as the configuration says\n";
-  return report.cycleSeconds() <= period
-             ? fmt::format("the period of {} s can be held\n", period)
-             : fmt::format("the period of {} s cannot be held: a cycle takes {:.2f} s\n", period,
-                           report.cycleSeconds());
+  if (period == 0) return Told::tr("a row for every cycle, as the configuration says") + "\n";
+  return (report.cycleSeconds() <= period
+              ? Told::tr("the period of {} s can be held", period)
+              : Told::tr("the period of {} s cannot be held: a cycle takes {:.2f} s", period,
+                         report.cycleSeconds())) +
+         "\n";
 }
 
 /// Seldom enough to cost nothing, often enough for what changes slowly.
 std::string intervalText(const PollReport& report) {
   if (report.costs.size() <= report.dearest.size() || report.dearest.empty()) return {};
-  std::string text = fmt::format("without these, {:.1f} cycles/s:\n", report.without);
+  std::string text = Told::tr("without these, {:.1f} cycles/s:", report.without) + "\n";
   for (const std::size_t each : report.dearest)
     text += fmt::format("  --interval \"{}/{}=10000\"\n", report.costs[each].ecu, report.costs[each].request);
   return text;
@@ -92,7 +95,7 @@ class Polling {
     acq.setSession(&vehicle_->session());
     acq.setAcqStoppedHandler([this] { loop_.quit(); });
     acq.StartReadingData(configuration.parameters);
-    if (acq.AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");
+    if (acq.AcqState() == TarnAcq::kIdle) throw BadInput(Told::tr("{}: no data to acquire", options_.config));
     loop_.setWakeDescriptor(Signals::wakeDescriptor());
     auto end = Time::now() + kPatience;
     bool polled = false;
@@ -108,7 +111,8 @@ class Polling {
     loop_.run();
     loop_.setWakeHandler(nullptr);
     const PollReport report = costs_.report();
-    if (report.cyclesPerSecond <= 0) throw BadInput(options_.config + ": no data came in the given time");
+    if (report.cyclesPerSecond <= 0)
+      throw BadInput(Told::tr("{}: no data came in the given time", options_.config));
     return planText(report, configuration.parameters->recordingPeriod);
   }
 
@@ -130,12 +134,16 @@ class Polling {
 }  // namespace
 
 std::string planText(const PollReport& report, std::int32_t period) {
-  return fmt::format("{} data in {} requests: {:.1f} cycles/s, {:.2f} s each\n", report.data,
-                     report.costs.size(), report.cyclesPerSecond, report.cycleSeconds()) +
-         fmt::format("the slowest ECU is {}: {:.2f} s of each cycle{}\n", report.slowestEcu,
-                     report.slowestSeconds, report.sideBySide ? "; the others are asked beside it" : "") +
-         periodText(report, period) + "\n" + costsTable(report) + "\n" + togetherText(report) +
-         intervalText(report);
+  const std::string slowest =
+      report.sideBySide
+          ? Told::tr("the slowest ECU is {}: {:.2f} s of each cycle; the others are asked beside it",
+                     report.slowestEcu, report.slowestSeconds)
+          : Told::tr("the slowest ECU is {}: {:.2f} s of each cycle", report.slowestEcu,
+                     report.slowestSeconds);
+  return Told::tr("{} data in {} requests: {:.1f} cycles/s, {:.2f} s each", report.data, report.costs.size(),
+                  report.cyclesPerSecond, report.cycleSeconds()) +
+         "\n" + slowest + "\n" + periodText(report, period) + "\n" + costsTable(report) + "\n" +
+         togetherText(report) + intervalText(report);
 }
 
 std::string plan(const PlanOptions& options) {

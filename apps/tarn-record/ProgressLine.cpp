@@ -1,6 +1,5 @@
 #include "apps/tarn-record/ProgressLine.h"
 
-#include <fmt/format.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -8,6 +7,7 @@
 
 #include "acquisition/AcqWords.h"
 #include "apps/common/TerminalText.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -31,10 +31,10 @@ bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 std::string progressText(const TarnAcq& acq, const ConsoleScreen& screen, double cyclesPerSecond,
                          char decimalSeparator) {
   const std::string recording =
-      acq.Recording() ? "recording " + words::elapsedText(screen.elapsed(), decimalSeparator) + " s"
-                      : "not recording";
-  return fmt::format("{:5} {}  rows {}  {:.1f} cycles/s  {}", words::of(screen.state()).caption, recording,
-                     acq.rowsWritten(), cyclesPerSecond, acq.RecordPath());
+      acq.Recording() ? Told::tr("recording {} s", words::elapsedText(screen.elapsed(), decimalSeparator))
+                      : Told::tr("not recording");
+  return Told::tr("{:5} {}  rows {}  {:.1f} cycles/s  {}", words::of(screen.state()).caption, recording,
+                  acq.rowsWritten(), cyclesPerSecond, acq.RecordPath());
 }
 
 std::string firstCharacters(const std::string& text, std::size_t count) {

@@ -10,6 +10,7 @@
 #include "apps/common/BadInput.h"
 #include "apps/common/Signals.h"
 #include "apps/common/TerminalText.h"
+#include "platform/text/Told.h"
 #include "publish/MeasurementAnswers.h"
 #include "publish/Publisher.h"
 
@@ -32,11 +33,11 @@ void sayAll(Publisher& publisher, Loudness loudness) {
 
 /// What is published, and how.
 void sayTerms(const PublishSetup& setup, const std::vector<std::string>& files) {
-  say(fmt::format("{} files go to {}", files.size(), setup.terms.to.text()));
+  say(Told::tr("{} files go to {}", files.size(), setup.terms.to.text()));
   for (const PublishedDatum& datum : setup.terms.selection.data)
-    say(fmt::format("only {}, every {} ms", datum.name,
-                    datum.every.value_or(setup.terms.selection.every).count()));
-  if (setup.asNoted) say("all that earlier runs were told to publish");
+    say(Told::tr("only {}, every {} ms", datum.name,
+                 datum.every.value_or(setup.terms.selection.every).count()));
+  if (setup.asNoted) say(Told::tr("all that earlier runs were told to publish"));
 }
 
 }  // namespace

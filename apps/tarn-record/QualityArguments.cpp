@@ -9,17 +9,20 @@
 #include "apps/tarn-record/QualityCommand.h"
 #include "apps/tarn-record/StandardOutput.h"
 #include "apps/tarn-record/VehicleArguments.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
 Action addQuality(CLI::App& app) {
   const auto options = std::make_shared<std::string>();
-  CLI::App& command =
-      *app.add_subcommand("quality", "Tell how well a recording went: answers, cycles a second, gaps, rows");
+  CLI::App& command = *app.add_subcommand(
+      "quality", Told::tr("Tell how well a recording went: answers, cycles a second, gaps, rows"));
   addRecordFile(command, *options);
   command.footer(helpFooter(
-      "A measurement file that was closed tells what was counted while it was recorded; of all others that "
-      "is told which can be counted in them. What is missing in the file is told on standard error.",
+      Told::tr(
+          "A measurement file that was closed tells what was counted while it was recorded; of all others "
+          "that "
+          "is told which can be counted in them. What is missing in the file is told on standard error."),
       "  tarn-record quality recordings/16-11-26_19h05mn07.mf4"));
   return [options] {
     const QualityReportOfFile report = qualityOfFile(*options);

@@ -7,6 +7,7 @@
 
 #include "acquisition/GapWatch.h"
 #include "apps/tarn-record/RecordFile.h"
+#include "platform/text/Told.h"
 #include "records/Record.h"
 #include "samples/QualityCounter.h"
 
@@ -116,7 +117,7 @@ QualityReportOfFile qualityOfFile(const std::string& path) {
   QualityReportOfFile report{.lines = {}, .missing = missing};
   for (std::size_t i = 0; i < lines.size(); ++i)
     report.lines +=
-        path + (lines.size() == 1 ? "" : ", recording " + std::to_string(i + 1)) + ": " + lines[i] + "\n";
+        (lines.size() == 1 ? path : Told::tr("{}, recording {}", path, i + 1)) + ": " + lines[i] + "\n";
   return report;
 }
 

@@ -28,6 +28,7 @@
 #include "host/link/SystemLinkClock.h"
 #include "host/vehicle/Vehicle.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/text/Told.h"
 #include "platform/time/RunLoop.h"
 #include "platform/time/SystemClock.h"
 #include "publish/PublishSink.h"
@@ -94,7 +95,8 @@ class Run {
         [this](const host::Notice& notice) { console_.note("tarn-record: " + notice.text); });
     acq_->StartReadingData(configuration.parameters);
     // Idle now, nothing would ever end the run.
-    if (acq_->AcqState() == TarnAcq::kIdle) throw BadInput(options_.config + ": no data to acquire");
+    if (acq_->AcqState() == TarnAcq::kIdle)
+      throw BadInput(Told::tr("{}: no data to acquire", options_.config));
     RunDirector director(*acq_, clock_, limitsOf(options_, *configuration.parameters));
     loop_.setWakeHandler([&] {
       Signals::clearWake();
@@ -114,13 +116,13 @@ class Run {
     if (acq_)
       goOnPrinting();
     else if (Signals::stopRequested())
-      throw BadInput("stopped while the car was asked what it offers");
+      throw BadInput(Told::tr("stopped while the car was asked what it offers"));
   }
 
   void useFolderOfVehicle() {
     const auto rule = [this](const std::string& folder) {
       return folderOfVehicle(folder, vehicle_->description(), [this](const std::string& why) {
-        console_.failure(fmt::format("tarn-record: folder of the vehicle: {}", why));
+        console_.failure("tarn-record: " + Told::tr("folder of the vehicle: {}", why));
       });
     };
     acq_->setFolderRule(rule);
@@ -144,8 +146,8 @@ class Run {
     json_.emplace(*samples_);
     json_->setLossHandler([this, path](bool losing, std::uint64_t lines) {
       console_.failure(
-          losing ? fmt::format("tarn-record: samples: {}: lines are left out, they are not taken", path)
-                 : fmt::format("tarn-record: samples: {}: {} lines were left out", path, lines));
+          losing ? "tarn-record: " + Told::tr("samples: {}: lines are left out, they are not taken", path)
+                 : "tarn-record: " + Told::tr("samples: {}: {} lines were left out", path, lines));
     });
   }
 
@@ -170,7 +172,7 @@ class Run {
   }
 
   void printPublishing(const std::string& text, bool trouble = false) {
-    const std::string line = fmt::format("tarn-record: publish: {}", text);
+    const std::string line = "tarn-record: " + Told::tr("publish: {}", text);
     if (trouble)
       console_.failure(line);
     else
@@ -215,7 +217,7 @@ class Run {
     if (options_.loudness != Loudness::Verbose) return;
     for (const Lack& lack : configuration.lacks)
       for (const std::string& near : namesNear(lack, vehicle_->session()))
-        console_.detail(fmt::format("tarn-record: {}: near is {}", lack.path, near));
+        console_.detail("tarn-record: " + Told::tr("{}: near is {}", lack.path, near));
   }
 
   void goOnPrinting() {
@@ -229,7 +231,7 @@ class Run {
   void finishPrinting() {
     if (liveOutput_) liveOutput_->finish();
     const std::string lost = samples_ ? samples_->finish() : std::string();
-    if (!lost.empty()) console_.failure(fmt::format("tarn-record: samples: {}", lost));
+    if (!lost.empty()) console_.failure("tarn-record: " + Told::tr("samples: {}", lost));
     console_.finish();
   }
 
@@ -247,12 +249,13 @@ class Run {
   }
 
   int conclude(const RunDirector& director) {
-    if (acq_->finishedRecordings() > 1) printQuality("all recordings", quality_.acquisition());
+    if (acq_->finishedRecordings() > 1) printQuality(Told::tr("all recordings"), quality_.acquisition());
     files_.finishSyncing();
     finishPublishing();
-    if (director.nothingArrived()) console_.failure("tarn-record: no data arrived in the given time");
+    if (director.nothingArrived())
+      console_.failure("tarn-record: " + Told::tr("no data arrived in the given time"));
     if (acq_->finishedRecordings() == 0 && !screen_.openFailed() && !director.nothingArrived())
-      console_.note("tarn-record: nothing was recorded, the start trigger did not fire");
+      console_.note("tarn-record: " + Told::tr("nothing was recorded, the start trigger did not fire"));
     return troubled_ || screen_.openFailed() || director.nothingArrived() ? kFailed : kDone;
   }
 

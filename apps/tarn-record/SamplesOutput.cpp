@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "apps/tarn-record/OutputFile.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -64,7 +65,7 @@ std::string SamplesOutput::finish() {
   else
     stream_->wait(kPipePatience);
   if (const std::size_t lines = stream_->linesKept(); lines > 0)
-    return "the last " + std::to_string(lines) + " lines were not taken";
+    return Told::tr("the last {} lines were not taken", lines);
   return {};
 }
 

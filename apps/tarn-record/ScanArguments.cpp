@@ -11,19 +11,21 @@
 #include "apps/tarn-record/StandardOutput.h"
 #include "apps/tarn-record/VehicleArguments.h"
 #include "platform/files/SystemFileSystem.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
 Action addScan(CLI::App& app) {
   const auto options = std::make_shared<ScanOptions>();
-  CLI::App& command =
-      *app.add_subcommand("scan", "Ask a car what it offers (OBD) and write it as a vehicle description");
-  command.add_option("--link", options->link.url, "How the car is reached")
+  CLI::App& command = *app.add_subcommand(
+      "scan", Told::tr("Ask a car what it offers (OBD) and write it as a vehicle description"));
+  command.add_option("--link", options->link.url, Told::tr("How the car is reached"))
       ->required()
       ->check(isA(ValueKind::Link))
-      ->type_name("URL");
+      ->type_name(Told::tr("URL"));
   addTrace(command, options->link);
-  addOutput(command, options->output, "Vehicle description to write");
+  addOutput(command, options->output,
+            Told::tr("Vehicle description to write (replaced when it exists; - is standard output)"));
   addLoudness(command, options->loudness);
   command.footer(helpFooter({}, "  tarn-record scan --link elm327:///dev/ttyUSB0 --output car.vehicle.json"));
   return [options] {

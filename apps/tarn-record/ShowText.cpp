@@ -13,6 +13,7 @@
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/TextTable.h"
 #include "platform/text/Numbers.h"
+#include "platform/text/Told.h"
 #include "records/RecordMarks.h"
 
 namespace tarnlog::record {
@@ -41,7 +42,9 @@ std::string timeText(double seconds) {
   return std::abs(seconds) < kWholeBelow ? withDecimals(seconds, 3) : measureText(seconds, kAsRecorded);
 }
 
-std::string timesText(std::int64_t count) { return count == 1 ? "once" : fmt::format("{} times", count); }
+std::string timesText(std::int64_t count) {
+  return count == 1 ? Told::tr("once") : Told::tr("{} times", count);
+}
 
 /// As the record tells it; UTC as local time, too.
 std::string beginText(const RecordHead& head) {
@@ -51,7 +54,7 @@ std::string beginText(const RecordHead& head) {
     return fmt::format("{:%Y-%m-%d %H:%M:%S} ({:%Y-%m-%d %H:%M:%S} UTC)", fmt::localtime(utc),
                        fmt::gmtime(utc));
   }
-  if (!head.local) return "not told";
+  if (!head.local) return Told::tr("not told");
   const LocalDateTime& at = *head.local;
   return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", at.year, at.month, at.day, at.hour, at.minute,
                      at.second);
@@ -59,12 +62,12 @@ std::string beginText(const RecordHead& head) {
 
 std::string formatText(const ShownRecord& shown) {
   const double size = static_cast<double>(shown.table->bytes);
-  const std::string bytes = size < 1e4   ? fmt::format("{} bytes", shown.table->bytes)
+  const std::string bytes = size < 1e4   ? Told::tr("{} bytes", shown.table->bytes)
                             : size < 1e7 ? fmt::format("{:.0f} kB", size / 1e3)
                                          : fmt::format("{:.0f} MB", size / 1e6);
-  const std::string_view kind = shown.format == "mf4"   ? "measurement file (MDF 4)"
-                                : shown.format == "xml" ? "XML record"
-                                                        : "text record";
+  const std::string kind = shown.format == "mf4"   ? Told::tr("measurement file (MDF 4)")
+                           : shown.format == "xml" ? Told::tr("XML record")
+                                                   : Told::tr("text record");
   return fmt::format("{}, {}", kind, bytes);
 }
 
@@ -81,30 +84,32 @@ void addFact(TextTable& table, std::string name, std::string_view text) {
 TextTable factTable() { return TextTable({Align::Left, Align::Left}); }
 
 void addFacts(TextTable& table, const ShownRecord& shown) {
-  addFact(table, "File", shown.table->path);
-  addFact(table, "Kind", formatText(shown));
-  if (shown.recordings.size() != 1) addFact(table, "Recordings", std::to_string(shown.recordings.size()));
-  for (const std::string& each : shown.table->missing) addFact(table, "Missing", each);
+  addFact(table, Told::tr("File"), shown.table->path);
+  addFact(table, Told::tr("Kind"), formatText(shown));
+  if (shown.recordings.size() != 1)
+    addFact(table, Told::tr("Recordings"), std::to_string(shown.recordings.size()));
+  for (const std::string& each : shown.table->missing) addFact(table, Told::tr("Missing"), each);
 }
 
 void addFacts(TextTable& table, const ShownRecording& shown) {
   const TableRecording& recording = *shown.recording;
   const double begin = recording.begin();
   const double end = recording.end();
-  addFact(table, "Began", beginText(recording.head));
-  addFact(table, "Lasts",
-          fmt::format("{}, from {} s to {} s", durationText(end - begin), timeText(begin), timeText(end)));
-  addFact(table, shown.tellsAnswers() ? "Answers" : "Rows", std::to_string(recording.rows()));
+  addFact(table, Told::tr("Began"), beginText(recording.head));
+  addFact(table, Told::tr("Lasts"),
+          Told::tr("{}, from {} s to {} s", durationText(end - begin), timeText(begin), timeText(end)));
+  addFact(table, shown.tellsAnswers() ? Told::tr("Answers") : Told::tr("Rows"),
+          std::to_string(recording.rows()));
   for (const auto& [name, text] : recording.head.facts)
     if (name != kQualityFact && name != kConfigurationFact) addFact(table, name, text);
-  addFact(table, "Quality", shown.quality);
+  addFact(table, Told::tr("Quality"), shown.quality);
 }
 
 std::string markLine(const TableMark& mark) {
   using Kind = RecordNote::Kind;
   std::string text = markText({mark.kind, mark.time, mark.till, mark.number, {}});
-  if (mark.kind == Kind::Gap) text += fmt::format(" of {} s", timeText(mark.till - mark.time));
-  if (mark.kind == Kind::ClockStep) text += fmt::format(" of {} s", timeText(mark.till));
+  if (mark.kind == Kind::Gap) text = Told::tr("{} of {} s", text, timeText(mark.till - mark.time));
+  if (mark.kind == Kind::ClockStep) text = Told::tr("{} of {} s", text, timeText(mark.till));
   return mark.text.empty() ? text : text + ": " + mark.text;
 }
 
@@ -115,8 +120,9 @@ std::string marks(const ShownRecording& shown) {
     if (shown.shows(mark) && ++count <= kMostMarks) table.add({timeText(mark.time) + " s", markLine(mark)});
   if (count == 0) return {};
   const std::string more =
-      count > kMostMarks ? fmt::format("  and {} more: --json has them all\n", count - kMostMarks) : "";
-  return "\nMarks\n" + table.text() + more;
+      count > kMostMarks ? "  " + Told::tr("and {} more: --json has them all", count - kMostMarks) + "\n"
+                         : "";
+  return "\n" + Told::tr("Marks") + "\n" + table.text() + more;
 }
 
 std::string titleOf(const ShownDatum& datum) {
@@ -126,8 +132,9 @@ std::string titleOf(const ShownDatum& datum) {
 
 /// `above`: the heading of the last column, which is left out without one.
 TextTable wideTable(const std::vector<const ShownDatum*>& data, const std::string& above) {
-  std::vector<std::string> headings{"Data",    "Unit", "Values", "Minimum",  "at s",
-                                    "Maximum", "at s", "Mean",   "Deviation"};
+  std::vector<std::string> headings{Told::tr("Data"),    Told::tr("Unit"), Told::tr("Values"),
+                                    Told::tr("Minimum"), Told::tr("at s"), Told::tr("Maximum"),
+                                    Told::tr("at s"),    Told::tr("Mean"), Told::tr("Deviation")};
   if (!above.empty()) headings.push_back(above);
   std::vector<Align> columns(headings.size(), Align::Right);
   columns[0] = columns[1] = Align::Left;
@@ -156,15 +163,15 @@ std::string narrowTable(const std::vector<const ShownDatum*>& data, const std::s
     const RecordFigures& figures = datum->figures;
     out += "  " + printableLine(titleOf(*datum)) + "\n";
     TextTable table({Align::Left, Align::Right, Align::Left}, 4);
-    table.add({"values", std::to_string(figures.count)});
+    table.add({Told::tr("values"), std::to_string(figures.count)});
     if (figures.count != 0) {
-      table.add(
-          {"minimum", measureText(figures.lowest, kAsRecorded), "at " + timeText(figures.lowestAt) + " s"});
-      table.add(
-          {"maximum", measureText(figures.highest, kAsRecorded), "at " + timeText(figures.highestAt) + " s"});
-      table.add({"mean", measureText(figures.mean, kComputed)});
+      table.add({Told::tr("minimum"), measureText(figures.lowest, kAsRecorded),
+                 Told::tr("at {} s", timeText(figures.lowestAt))});
+      table.add({Told::tr("maximum"), measureText(figures.highest, kAsRecorded),
+                 Told::tr("at {} s", timeText(figures.highestAt))});
+      table.add({Told::tr("mean"), measureText(figures.mean, kComputed)});
     }
-    if (figures.count > 1) table.add({"deviation", measureText(figures.deviation, kComputed)});
+    if (figures.count > 1) table.add({Told::tr("deviation"), measureText(figures.deviation, kComputed)});
     if (datum->secondsAbove) table.add({above, durationText(*datum->secondsAbove)});
     out += table.text();
   }
@@ -172,14 +179,15 @@ std::string narrowTable(const std::vector<const ShownDatum*>& data, const std::s
 }
 
 std::string figures(const ShownRecording& shown, const std::string& above, std::optional<std::size_t> width) {
-  if (shown.span.length() < 0) return "\nNothing between these times\n";
+  if (shown.span.length() < 0) return "\n" + Told::tr("Nothing between these times") + "\n";
   std::vector<const ShownDatum*> measures;
   for (const ShownDatum& datum : shown.data)
     if (datum.measure) measures.push_back(&datum);
   if (measures.empty()) return {};
   const TextTable wide = wideTable(measures, above);
   const std::string heading =
-      fmt::format("\nFigures from {} s to {} s\n", timeText(shown.span.from), timeText(shown.span.till));
+      "\n" + Told::tr("Figures from {} s to {} s", timeText(shown.span.from), timeText(shown.span.till)) +
+      "\n";
   return heading + (width && wide.width() > *width ? narrowTable(measures, above) : wide.text());
 }
 
@@ -189,11 +197,11 @@ std::string labelsOf(const ShownDatum& datum) {
   TextTable table({Align::Left, Align::Right, Align::Right, Align::Left}, 4);
   for (std::size_t i = 0; i < std::min(labels.size(), kMostLabels); ++i)
     table.add({labels[i].label, durationText(labels[i].seconds), timesText(labels[i].times),
-               "first at " + timeText(labels[i].first) + " s"});
+               Told::tr("first at {} s", timeText(labels[i].first))});
   std::string out = "  " + printableLine(titleOf(datum)) + "\n" + table.text();
-  if (labels.empty()) out += "    no value\n";
+  if (labels.empty()) out += "    " + Told::tr("no value") + "\n";
   if (labels.size() > kMostLabels)
-    out += fmt::format("    and {} more: --json has them all\n", labels.size() - kMostLabels);
+    out += "    " + Told::tr("and {} more: --json has them all", labels.size() - kMostLabels) + "\n";
   return out;
 }
 
@@ -201,7 +209,7 @@ std::string labels(const ShownRecording& shown) {
   std::string out;
   for (const ShownDatum& datum : shown.data)
     if (!datum.measure || !datum.labels.empty()) out += labelsOf(datum);
-  return out.empty() ? out : "\nHow long values stood\n" + out;
+  return out.empty() ? out : "\n" + Told::tr("How long values stood") + "\n" + out;
 }
 
 }  // namespace
@@ -228,14 +236,16 @@ std::string measureText(double value, int digits) {
 
 std::string showText(const ShownRecord& shown, std::optional<std::size_t> width) {
   const bool several = shown.recordings.size() != 1;
-  const std::string above = shown.above ? "above " + exactNumberText(*shown.above) : std::string();
+  const std::string above = shown.above ? Told::tr("above {}", exactNumberText(*shown.above)) : std::string();
   TextTable table = factTable();
   addFacts(table, shown);
   std::string out = several ? table.text() : "";
   for (const ShownRecording& each : shown.recordings) {
     if (several) {
-      out += fmt::format("\n--- Recording {} of {} ---\n\n", &each - shown.recordings.data() + 1,
-                         shown.recordings.size());
+      out += "\n" +
+             Told::tr("--- Recording {} of {} ---", &each - shown.recordings.data() + 1,
+                      shown.recordings.size()) +
+             "\n\n";
       table = factTable();
     }
     addFacts(table, each);

@@ -9,6 +9,7 @@
 #include "apps/common/RecordChoice.h"
 #include "apps/common/RecordErrors.h"
 #include "apps/tarn-record/QualityCommand.h"
+#include "platform/text/Told.h"
 #include "records/Mf4Layout.h"
 #include "records/RecordLoading.h"
 #include "records/RecordNames.h"
@@ -90,7 +91,7 @@ bool ShownRecording::tellsAnswers() const {
 
 ShownRecord shownRecord(const ShowOptions& options) {
   refuseBadTimes(options.from, options.till);
-  if (options.above && !std::isfinite(*options.above)) throw BadInput("--above: expected a number");
+  if (options.above && !std::isfinite(*options.above)) throw BadInput(Told::tr("--above: expected a number"));
   ShownRecord shown{
       .format = formatOf(options.input),
       .table = inFile(options.input,

@@ -10,12 +10,13 @@
 
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/OutputFile.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
 void print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) < text.size() || std::fflush(stdout) != 0)
-    throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
+    throw std::runtime_error(Told::tr("standard output: {}", std::strerror(errno)));
 }
 
 void report(const std::string& output, const std::string& text) {

@@ -8,6 +8,7 @@
 
 #include "apps/common/BadInput.h"
 #include "apps/tarn-record/FileOptions.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::record {
 
@@ -39,11 +40,11 @@ std::optional<std::int32_t> secondsOf(std::string_view text) {
 [[noreturn]] void refuse(const char* option, const std::string& text, bool timePossible) {
   if (timePossible)
     throw BadInput(
-        fmt::format("{} {}: expected ECU/REQUEST/DATA>LEVEL, ECU/REQUEST/DATA<LEVEL, seconds like 30s, or "
-                    "manual",
-                    option, text));
+        Told::tr("{} {}: expected ECU/REQUEST/DATA>LEVEL, ECU/REQUEST/DATA<LEVEL, seconds like 30s, or "
+                 "manual",
+                 option, text));
   throw BadInput(
-      fmt::format("{} {}: expected ECU/REQUEST/DATA>LEVEL, ECU/REQUEST/DATA<LEVEL, or manual", option, text));
+      Told::tr("{} {}: expected ECU/REQUEST/DATA>LEVEL, ECU/REQUEST/DATA<LEVEL, or manual", option, text));
 }
 
 }  // namespace
@@ -58,8 +59,8 @@ TriggerText parseTrigger(const char* option, const std::string& text, bool timeP
   if (level.starts_with('=')) level.remove_prefix(1);
   const auto number = whole<double>(trimmed(level));
   if (!number || !std::isfinite(*number))
-    throw BadInput(fmt::format("{} {}: expected a number behind {}, with \".\" and without a unit", option,
-                               text, text[at]));
+    throw BadInput(Told::tr("{} {}: expected a number behind {}, with \".\" and without a unit", option, text,
+                            text[at]));
   return {.type = oTarnTrigger::kChannel,
           .path = std::string(trimmed(std::string_view(text).substr(0, at))),
           .edge = text[at] == '>' ? 1 : -1,

@@ -10,17 +10,19 @@
 #include "apps/common/StandardStreams.h"
 #include "apps/common/TerminalText.h"
 #include "apps/tarn-record/Commands.h"
+#include "platform/text/Told.h"
 
 namespace {
 
 using namespace tarnlog;
 
 int program(int argc, char** argv) {
-  CLI::App app("Records the diagnostic data of a vehicle's control units", "tarn-record");
+  CLI::App app(Told::tr("Records the diagnostic data of a vehicle's control units"), "tarn-record");
   useHelpFormatter(app);
-  app.set_version_flag("--version", TARNLOG_VERSION);
-  app.footer(
-      "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input. `man tarn-record` tells more.");
+  app.set_version_flag("--version", TARNLOG_VERSION,
+                       Told::tr("Display program version information and exit"));
+  app.footer(Told::tr(
+      "Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input. `man tarn-record` tells more."));
   const record::Commands commands(app);
   if (printCompletions(app, "complete", argc, argv)) return kDone;
   try {

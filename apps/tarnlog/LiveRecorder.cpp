@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "acquisition/AcqWords.h"
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
 #include "apps/common/RecordFolder.h"
@@ -24,7 +23,9 @@
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
 #include "config/oTarnParameters.h"
+#include "platform/text/Told.h"
 #include "samples/Measurement.h"
+#include "ui/acquisition/UserWords.h"
 #include "ui/common/Convert.h"
 #include "ui/common/DesktopLocale.h"
 #include "ui/main/TarnMain.h"
@@ -127,16 +128,16 @@ int LiveRecorder::run() {
   });
   Measurement& measurement = window.recorder().measurement();
   measurement.quality().setRecordingEnded([&](const std::string& path, const Quality& quality) {
-    say(path + ": " + qualityText(quality));
+    say(path + ": " + toldQuality(quality));
     window.recordings().recorded(path, quality, acq.Parameters()->Count());
   });
   publishing_.follow(measurement.files());
   publishing_.setTell([&](const std::string& text, bool trouble) {
-    say("publish: " + text);
+    say(Told::tr("publish: {}", text));
     window.recordings().publishing(text, trouble);
   });
   acq.setOpenFailedHandler([&](OpenFailure failure, const std::string& reason) {
-    const std::string text = words::openFailureText(failure, reason);
+    const std::string text = fromQString(openFailureInUsersWords(failure, reason));
     noteFailure(text);
     window.recordings().openFailed(text);
   });
@@ -169,7 +170,7 @@ int LiveRecorder::run() {
     if (!options_.records.empty()) window.lookAtRecords(options_.records);
   });
   const int code = QApplication::exec();
-  publishing_.setTell([this](const std::string& text, bool) { say("publish: " + text); });
+  publishing_.setTell([this](const std::string& text, bool) { say(Told::tr("publish: {}", text)); });
   publishing_.finish();
   files_.finishSyncing();
   files_.setWriteTroubleHandler({});

@@ -10,6 +10,7 @@
 
 #include "apps/common/RecordChoice.h"
 #include "apps/common/RecordErrors.h"
+#include "platform/text/Told.h"
 #include "records/RecordLoading.h"
 #include "records/RecordNames.h"
 #include "ui/common/Convert.h"
@@ -39,19 +40,19 @@ QSize sizeOf(const std::string& text) {
   const auto width = pixels(std::string_view(text).substr(0, by));
   const auto height = by == text.size() ? std::nullopt : pixels(std::string_view(text).substr(by + 1));
   if (!width || !height)
-    throw BadInput("--size " + text + ": expected WIDTHxHEIGHT in pixels, each from " +
-                   std::to_string(kLeast) + " to " + std::to_string(kMost));
+    throw BadInput(
+        Told::tr("--size {}: expected WIDTHxHEIGHT in pixels, each from {} to {}", text, kLeast, kMost));
   return {*width, *height};
 }
 
 void refuseOutput(const PictureOptions& options) {
   const std::string& output = options.output;
   if (!output.ends_with(".svg") && !output.ends_with(".png"))
-    throw BadInput("--picture " + output + ": expected a name that ends with .svg or .png");
+    throw BadInput(Told::tr("--picture {}: expected a name that ends with .svg or .png", output));
   std::error_code none;
   for (const std::string& record : options.records)
     if (std::filesystem::equivalent(output, record, none))
-      throw BadInput("--picture " + output + ": this is one of the records, expected another file");
+      throw BadInput(Told::tr("--picture {}: this is one of the records, expected another file", output));
 }
 
 void addRecord(ReviewScene& scene, const std::string& path) {
@@ -89,7 +90,7 @@ void refuseUnknownData(const ReviewScene& scene, const PictureOptions& options) 
   std::vector<RecordHead> heads;
   for (const LookedAtRecord& record : scene.records()) heads.push_back(record.recordingTable().head);
   refuseUnknownData(heads, options.data,
-                    options.records.size() == 1 ? options.records.front() : "any of the records");
+                    options.records.size() == 1 ? options.records.front() : Told::tr("any of the records"));
 }
 
 std::string missingIn(const ReviewScene& scene) {
@@ -102,9 +103,10 @@ std::string missingIn(const ReviewScene& scene) {
 }  // namespace
 
 std::string makePicture(const PictureOptions& options) {
-  if (options.records.empty()) throw BadInput("--picture: expected a record to make it of, before --data");
+  if (options.records.empty())
+    throw BadInput(Told::tr("--picture: expected a record to make it of, before --data"));
   if (options.records.size() > ReviewScene::kMostRecords)
-    throw BadInput("--picture: expected at most " + std::to_string(ReviewScene::kMostRecords) + " records");
+    throw BadInput(Told::tr("--picture: expected at most {} records", ReviewScene::kMostRecords));
   refuseOutput(options);
   refuseBadTimes(options.from, options.till);
   const QSize size = sizeOf(options.size);

@@ -31,7 +31,7 @@ void RecordViewer::open(const std::vector<std::string>& paths) { shown().review(
 void RecordViewer::askOpen() { shown().review().askOpen(); }
 
 void RecordViewer::addActions(QMenu& menu) {
-  menu.addAction(tr("Open rec&ord..."), [this] { askOpen(); })->setObjectName("openRecord");
+  menu.addAction(tr("Ope&n record..."), [this] { askOpen(); })->setObjectName("openRecord");
   addRecentMenu(menu, tr("Recent recor&ds"), recent_,
                 [this](const QString& path) { open({fromQString(path)}); });
 }

@@ -44,6 +44,7 @@ namespace {
 constexpr const char* kGeometry = "WindowGeometry";
 constexpr const char* kFolderPerVehicle = "FolderPerVehicle";
 constexpr const char* kProgram = "Tarnlog2001";
+constexpr const char* kOpenFileError = "Open file error : ";  ///< how TarnMain begins
 
 /// Nobody is left to answer them: menus, messages, and dialogs that wait in a loop of their own.
 void cancelQuestions() {
@@ -357,9 +358,10 @@ void RecorderWindow::acquireWaiting() {
     if (folder) recorder_->ctlTarnAcq().Parameters()->fileFolder = *folder;
   } catch (const TarnError& error) {
     const QString failure = toQString(error.description());
-    const bool ofFile = failure.startsWith("Open file error");
-    environment_.recorder.dialogs.error(this, ofFile ? tr("Load error") : tr("Acquisition error"),
-                                        ofFile ? failure + "\n\n" + LoadAdvice::on(failure) : failure);
+    if (!failure.startsWith(kOpenFileError))
+      return environment_.recorder.dialogs.error(this, tr("Acquisition error"), failure);
+    const QString text = tr("Open file error : %1").arg(failure.mid(int(qstrlen(kOpenFileError))));
+    environment_.recorder.dialogs.error(this, tr("Load error"), text + "\n\n" + LoadAdvice::on(failure));
   }
 }
 

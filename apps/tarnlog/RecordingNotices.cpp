@@ -63,7 +63,7 @@ void RecordingNotices::recorded(const std::string& path, const Quality& quality,
   const QString length = toQString(durationText(std::max(seconds, 0.0) * 1000, '.'));
   QString text = data == 1 ? tr("Recorded %1, 1 datum: %2").arg(length, name)
                            : tr("Recorded %1, %2 data: %3").arg(length, QString::number(data), name);
-  if (quality.counts.expected() != 0) text += "\n" + toQString(qualityText(quality));
+  if (quality.counts.expected() != 0) text += "\n" + toQString(toldQuality(quality));
   const NoticeBar::Action look{tr("Look at it"), [this, path] { lookAt_(path); }};
   if (quality.counts.lost == 0 && quality.counts.gaps == 0)
     bar_.showNews("quality", text, look);

@@ -51,7 +51,7 @@ void ReviewWindow::createMenus(const Guide& guide, const std::function<void()>& 
   addRecentMenu(file, tr("&Recent records"), recent_,
                 [this](const QString& path) { review_->open(fromQString(path)); });
   file.addSeparator();
-  file.addAction(tr("&Recorder"), this, showRecorder);
+  file.addAction(tr("R&ecorder"), this, showRecorder);
   file.addSeparator();
   file.addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
   QMenu& help = *menuBar()->addMenu(tr("&Help"));

@@ -62,7 +62,6 @@ StartPage::StartPage(QWidget* parent)
   hint->setWordWrap(true);
 
   auto* const page = new QWidget;
-  page->setMaximumWidth(kWidth);
   auto* const column = new QVBoxLayout(page);
   column->setSpacing(12);
   column->addStretch(1);
@@ -76,6 +75,7 @@ StartPage::StartPage(QWidget* parent)
   buttons->addStretch();
   column->addLayout(buttons);
   column->addStretch(1);
+  page->setMaximumWidth(std::max(kWidth, column->minimumSize().width()));  // some languages need more
   auto* const row = new QHBoxLayout(this);
   row->addStretch(1);
   row->addWidget(page, 100);

@@ -1,7 +1,6 @@
 #include "publish/PublishWorker.h"
 
 #include <fcntl.h>
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -10,6 +9,7 @@
 
 #include "platform/base/TarnError.h"
 #include "platform/files/Descriptor.h"
+#include "platform/text/Told.h"
 #include "publish/PublishTexts.h"
 
 namespace tarnlog {
@@ -67,7 +67,7 @@ void PublishWorker::run() {
     }
     leave();
   } catch (const std::exception& error) {
-    tell(std::string(error.what()) + "; nothing more is published", true);
+    tell(Told::tr("{}; nothing more is published", error.what()), true);
     client_.disconnect();
     mailbox_->setOver(false);
   }
@@ -157,7 +157,7 @@ void PublishWorker::closeLive() {
     others_.push_front(std::move(live_));
   } catch (const std::exception& error) {
     lost_ = true;
-    tell(livePath_ + ": " + error.what() + "; the rest of it is not published", true);
+    tell(Told::tr("{}: {}; the rest of it is not published", livePath_, error.what()), true);
   }
   live_.reset();
 }
@@ -290,7 +290,7 @@ void PublishWorker::settle(Time now) {
   }
   if (client_.state() == MqttClient::State::Open && wasOpen_ && !sent_.empty() &&
       now - progress_ > setup_.patience)
-    client_.close("the broker acknowledges nothing");
+    client_.close(Told::tr("the broker acknowledges nothing"));
 }
 
 void PublishWorker::acknowledge(const MqttClient::Acknowledgement& acknowledgement) {
@@ -301,7 +301,7 @@ void PublishWorker::acknowledge(const MqttClient::Acknowledgement& acknowledgeme
   if (sent->outgoing.sequence == 0) return;
   failures_ = 0;
   backOff_.succeeded();
-  if (!std::exchange(trouble_, {}).empty()) tell("goes on", false);
+  if (!std::exchange(trouble_, {}).empty()) tell(Told::tr("goes on"), false);
 }
 
 /// What is recorded now is tried again, in case that somebody mends it; older files do not hold it up.
@@ -310,7 +310,7 @@ void PublishWorker::refused(Sent& sent) {
   if (!sent.of) {
     sent.acknowledged = true;
   } else if (sent.of != live_) {
-    tell(why + "; " + sent.of->path() + " is left", true);
+    tell(Told::tr("{}; {} is left", why, sent.of->path()), true);
     drop(sent.of.get());
   } else if (client_.state() == MqttClient::State::Open) {
     client_.close(why);
@@ -335,7 +335,7 @@ void PublishWorker::watchConnection(Time now) {
   due_ = now + backOff_.failed();
   ++failures_;
   if (std::exchange(trouble_, client_.why()) != client_.why())
-    tell(client_.why() + "; it is tried again, and the answers wait in their file", true);
+    tell(Told::tr("{}; it is tried again, and the answers wait in their file", client_.why()), true);
 }
 
 void PublishWorker::retire() {
@@ -344,10 +344,10 @@ void PublishWorker::retire() {
     save(*publication);
     if (publication->isDamaged()) {
       lost_ = true;
-      tell(publication->path() + ": is damaged: what stands behind is not published", true);
+      tell(Told::tr("{}: is damaged: what stands behind is not published", publication->path()), true);
     }
     if (!setup_.live)
-      tell(fmt::format("{}: answers published: {}", publication->path(), publication->published()), false);
+      tell(Told::tr("{}: answers published: {}", publication->path(), publication->published()), false);
     return true;
   };
   std::erase_if(others_, done);
@@ -363,7 +363,7 @@ void PublishWorker::save(Publication& publication) {
   try {
     publication.save();
   } catch (const std::exception& error) {
-    tellOnce(std::string(error.what()) + "; the file will be published again");
+    tellOnce(Told::tr("{}; the file will be published again", error.what()));
   }
 }
 
@@ -395,7 +395,7 @@ void PublishWorker::leave() {
 }
 
 void PublishWorker::tellRest(const std::string& path) {
-  tell(path + ": is not published whole; \"tarn-record publish\" sends the rest", true);
+  tell(Told::tr("{}: is not published whole; \"tarn-record publish\" sends the rest", path), true);
 }
 
 /// What may be so again and again.

@@ -1,11 +1,11 @@
 #include "samples/PollCosts.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <functional>
 #include <numeric>
 #include <tuple>
+
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 namespace {
@@ -20,12 +20,11 @@ bool contains(const std::vector<std::size_t>& positions, std::size_t position) {
 
 std::string pollSummary(const PollReport& report) {
   if (report.cyclesPerSecond <= 0) return {};
-  std::string text = fmt::format("{} data: {:.1f} cycles/s", report.data, report.cyclesPerSecond);
-  if (report.costs.size() < 2 || report.dearest.empty()) return text;
+  if (report.costs.size() < 2 || report.dearest.empty())
+    return Told::tr("{} data: {:.1f} cycles/s", report.data, report.cyclesPerSecond);
   const PollCost& dearest = report.costs[report.dearest.front()];
-  return text + fmt::format("; {} costs {:.0f} %",
-                            dearest.data.empty() ? dearest.request : dearest.data.front(),
-                            dearest.share * 100);
+  return Told::tr("{} data: {:.1f} cycles/s; {} costs {:.0f} %", report.data, report.cyclesPerSecond,
+                  dearest.data.empty() ? dearest.request : dearest.data.front(), dearest.share * 100);
 }
 
 void PollCosts::begin(const SampleBeginning& beginning) {

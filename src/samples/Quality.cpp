@@ -1,6 +1,9 @@
 #include "samples/Quality.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "platform/text/Told.h"
 
 namespace tarnlog {
 
@@ -17,52 +20,57 @@ std::string plain(double value, int decimals) {
   return text == "-0" ? "0" : text;
 }
 
-std::string counted(std::uint64_t count, const char* one) {
-  return fmt::format("{} {}{}", count, one, count == 1 ? "" : "s");
-}
-
 std::string answersText(const SampleCounts& counts) {
-  std::string what;
-  const auto add = [&](std::uint64_t count, const char* word) {
-    if (count > 0) what += fmt::format("{}{} {}", what.empty() ? "" : ", ", count, word);
-  };
-  add(counts.late, "late");
-  add(counts.refused, "refused");
-  add(counts.lost, "lost");
-  return fmt::format("{} of {}{}", counts.received, counted(counts.expected(), "answer"),
-                     what.empty() ? what : " (" + what + ")");
+  std::vector<std::string> what;
+  if (counts.late > 0) what.push_back(Told::tr("{} late", counts.late));
+  if (counts.refused > 0) what.push_back(Told::tr("{} refused", counts.refused));
+  if (counts.lost > 0) what.push_back(Told::tr("{} lost", counts.lost));
+  const std::string all = counts.expected() == 1
+                              ? Told::tr("{} of 1 answer", counts.received)
+                              : Told::tr("{} of {} answers", counts.received, counts.expected());
+  return what.empty() ? all : fmt::format("{} ({})", all, fmt::join(what, ", "));
 }
 
-std::string ratesText(const CycleRates::Rates& rates, const char* what) {
-  return fmt::format("{} {}/s ({} to {})", plain(rates.median, 1), what, plain(rates.least, 1),
-                     plain(rates.most, 1));
+std::string cyclesText(const CycleRates::Rates& rates) {
+  return Told::tr("{} cycles/s ({} to {})", plain(rates.median, 1), plain(rates.least, 1),
+                  plain(rates.most, 1));
+}
+
+std::string rowRatesText(const CycleRates::Rates& rates) {
+  return Told::tr("{} rows/s ({} to {})", plain(rates.median, 1), plain(rates.least, 1),
+                  plain(rates.most, 1));
 }
 
 std::string gapText(const SampleCounts& counts, std::int64_t zero) {
-  if (counts.gaps == 0) return "no gap";
-  const std::string longest = fmt::format("{} s at {} s", plain(seconds(counts.longestGap), 2),
-                                          plain(seconds(counts.longestGapFrom - zero), 2));
-  return counts.gaps == 1 ? "a gap of " + longest
-                          : fmt::format("{} gaps, the longest {}", counts.gaps, longest);
+  if (counts.gaps == 0) return Told::tr("no gap");
+  const std::string length = plain(seconds(counts.longestGap), 2);
+  const std::string at = plain(seconds(counts.longestGapFrom - zero), 2);
+  return counts.gaps == 1 ? Told::tr("a gap of {} s at {} s", length, at)
+                          : Told::tr("{} gaps, the longest {} s at {} s", counts.gaps, length, at);
 }
 
 std::string stepsText(const SampleCounts& counts) {
-  if (counts.clockSteps == 0) return "no clock step";
-  return fmt::format("{} by {} s", counted(counts.clockSteps, "clock step"),
-                     plain(static_cast<double>(counts.clockStepped) / 1e9, 3));
+  if (counts.clockSteps == 0) return Told::tr("no clock step");
+  const std::string by = plain(static_cast<double>(counts.clockStepped) / 1e9, 3);
+  return counts.clockSteps == 1 ? Told::tr("1 clock step by {} s", by)
+                                : Told::tr("{} clock steps by {} s", counts.clockSteps, by);
 }
+
+std::string rowsText(std::uint64_t rows) { return rows == 1 ? Told::tr("1 row") : Told::tr("{} rows", rows); }
 
 std::string rowsText(const Quality& quality) {
   if (!quality.rows) return {};
-  const std::string rows = "; " + counted(*quality.rows, "row");
-  return quality.rowsSynced ? fmt::format("{}, {} synced", rows, *quality.rowsSynced) : rows;
+  const std::string rows = "; " + rowsText(*quality.rows);
+  return quality.rowsSynced ? rows + ", " + Told::tr("{} synced", *quality.rowsSynced) : rows;
 }
 
 std::string sentText(const std::vector<ferrox3::ServiceCount>& services) {
-  std::string text;
+  std::vector<std::string> sent;
+  sent.reserve(services.size());
   for (const ferrox3::ServiceCount& service : services)
-    text += fmt::format("{}{} {}", text.empty() ? "; sent so far: " : ", ", service.name, service.sent);
-  return text;
+    sent.push_back(fmt::format("{} {}", service.name, service.sent));
+  return sent.empty() ? std::string()
+                      : "; " + Told::tr("sent so far: {}", fmt::to_string(fmt::join(sent, ", ")));
 }
 
 }  // namespace
@@ -81,15 +89,20 @@ void SampleCounts::add(const SampleCounts& more) {
   clockStepped += more.clockStepped;
 }
 
+std::string toldQuality(const Quality& quality) {
+  return fmt::format("{}; {}; {}; {}{}{}", answersText(quality.counts), cyclesText(quality.cyclesPerSecond),
+                     gapText(quality.counts, quality.zero), stepsText(quality.counts), rowsText(quality),
+                     sentText(quality.servicesSent));
+}
+
 std::string qualityText(const Quality& quality) {
-  return fmt::format("{}; {}; {}; {}{}{}", answersText(quality.counts),
-                     ratesText(quality.cyclesPerSecond, "cycles"), gapText(quality.counts, quality.zero),
-                     stepsText(quality.counts), rowsText(quality), sentText(quality.servicesSent));
+  const Told::English english;
+  return toldQuality(quality);
 }
 
 std::string rowQualityText(const Quality& quality) {
-  return fmt::format("{}; {}; {}", counted(quality.rows.value_or(0), "row"),
-                     ratesText(quality.cyclesPerSecond, "rows"), gapText(quality.counts, quality.zero));
+  return fmt::format("{}; {}; {}", rowsText(quality.rows.value_or(0)), rowRatesText(quality.cyclesPerSecond),
+                     gapText(quality.counts, quality.zero));
 }
 
 std::vector<QualityFigure> qualityFigures(const Quality& quality) {

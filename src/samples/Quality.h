@@ -45,7 +45,10 @@ struct Quality {
 /// (28 to 31); longest gap 1.2 s at 34.5 s; no clock step; 1205 rows, 1205 synced; sent so far: ..."
 std::string qualityText(const Quality& quality);
 
-/// The same of a record that tells rows, but not which answers were in them.
+/// The same in the user's language.
+std::string toldQuality(const Quality& quality);
+
+/// The same, in the user's language, of a record that tells rows, but not which answers were in them.
 std::string rowQualityText(const Quality& quality);
 
 /// The same for programs; times and durations in seconds. "answers expected", ..., "sent TesterPresent".

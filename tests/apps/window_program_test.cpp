@@ -20,9 +20,10 @@ struct Ended {
 };
 
 /// The program where there is no display.
-Ended runWithoutDisplay(const std::string& arguments) {
+Ended runWithoutDisplay(const std::string& arguments, const std::string& locale = "C") {
   const std::string examples = std::string("cd " TARNLOG_SOURCE_DIR "/examples && ");
-  const std::string nothing = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ";
+  const std::string nothing =
+      "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u LANGUAGE LC_ALL=" + locale + " ";
   FILE* const pipe = popen((examples + nothing + TARNLOG_PROGRAM " " + arguments + " 2>&1").c_str(), "r");
   std::string said;
   std::array<char, 256> part{};
@@ -38,6 +39,17 @@ TEST(WindowProgram, TellsWhatKeepsTheWindowFromOpening) {
   const Ended badUsage = runWithoutDisplay("--vehicle road-car.vehicle.json --folder");
   EXPECT_EQ(badUsage.code, 2);
   EXPECT_NE(badUsage.said.find("--folder"), std::string::npos) << badUsage.said;
+}
+
+TEST(WindowProgram, SpeaksTheLanguageOfTheEnvironment) {
+  for (const auto& [locale, usage] : {std::pair("C", "Usage:"),
+                                      {"de_DE.UTF-8", "Aufruf:"},
+                                      {"fr_FR.UTF-8", "Utilisation:"},
+                                      {"nl_NL.UTF-8", "Usage:"}}) {
+    const Ended help = runWithoutDisplay("--help", locale);
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.said.find(usage), std::string::npos) << locale << ": " << help.said;
+  }
 }
 
 TEST(WindowProgram, MakesAPictureWithoutADisplay) {

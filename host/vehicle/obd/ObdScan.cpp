@@ -17,6 +17,7 @@
 #include "host/vehicle/obd/Vin.h"
 #include "host/vehicle/session/Conversation.h"
 #include "platform/base/TarnError.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::host {
 namespace {
@@ -228,9 +229,13 @@ RequestDescription describePid(std::uint8_t number) {
 }
 
 std::string nothingGiven(const FoundEcu& ecu) {
-  return fmt::format("the ECU at address 0x{:X} gives none of the data that it lists ({} PID{}){}{}",
-                     static_cast<std::uint32_t>(ecu.target.address), ecu.listed, ecu.listed == 1 ? "" : "s",
-                     ecu.silence.empty() ? "" : ": ", ecu.silence);
+  const auto address = static_cast<std::uint32_t>(ecu.target.address);
+  const std::string text =
+      ecu.listed == 1
+          ? Told::tr("the ECU at address 0x{:X} gives none of the data that it lists (1 PID)", address)
+          : Told::tr("the ECU at address 0x{:X} gives none of the data that it lists ({} PIDs)", address,
+                     ecu.listed);
+  return ecu.silence.empty() ? text : text + ": " + ecu.silence;
 }
 
 /// Why there is nothing to offer.

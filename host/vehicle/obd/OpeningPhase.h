@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <functional>
-#include <string_view>
+#include <string>
+
+#include "platform/text/Told.h"
 
 namespace tarnlog::host {
 
@@ -18,17 +20,17 @@ enum class OpeningPhase : std::uint8_t {
 /// Told when a phase begins. It may do anything but use the vehicle that is being opened.
 using PhaseHook = std::function<void(OpeningPhase)>;
 
-/// "looking for the car's bus"
-constexpr std::string_view openingPhaseText(OpeningPhase phase) {
+/// "looking for the car's bus", in the user's language.
+inline std::string openingPhaseText(OpeningPhase phase) {
   switch (phase) {
     case OpeningPhase::adapter:
-      return "waiting for the adapter";
+      return Told::tr("waiting for the adapter");
     case OpeningPhase::bus:
-      return "looking for the car's bus";
+      return Told::tr("looking for the car's bus");
     case OpeningPhase::ecus:
-      return "asking the ECUs what they offer";
+      return Told::tr("asking the ECUs what they offer");
     case OpeningPhase::data:
-      return "trying the data";
+      return Told::tr("trying the data");
   }
   return {};
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/service/ResponseCheck.h"
+#include "platform/text/Told.h"
 
 namespace tarnlog::host {
 namespace {
@@ -44,9 +45,10 @@ void PolledRequest::send() {
   else if (request_.description().refusalIsError)
     throw request_.failure(outcome);
   else if (outcome == Outcome::refused && !isBusy(request_.received()))
-    leaveOut("is refused (" + refusalText(request_.received()) + ")");
+    leaveOut(Told::tr("{} is refused ({}): left out, and asked again every 5 s", subject(),
+                      refusalText(request_.received())));
   else if ((outcome == Outcome::silent || outcome == Outcome::onlyPending) && isLeftOutBySilence())
-    leaveOut("is not answered");
+    leaveOut(Told::tr("{} is not answered: left out, and asked again every 5 s", subject()));
   else
     throw request_.failure(outcome);
 }
@@ -75,22 +77,22 @@ void PolledRequest::takeBack() {
   silences_ = 0;
   if (!std::exchange(leftOut_, false)) return;
   due_ = {};
-  tell("is answered again", true);
+  tell(Told::tr("{} is answered again", subject()), true);
 }
 
-void PolledRequest::leaveOut(const std::string& why) {
+void PolledRequest::leaveOut(const std::string& notice) {
   due_ = polling_.clock.now() + kAskAgain;
   request_.setNotAvailable();
   if (leftOut_) return;
   leftOut_ = true;
   trials_ = 0;
-  tell(why + ": left out, and asked again every 5 s", false);
+  tell(notice, false);
 }
 
-void PolledRequest::tell(const std::string& what, bool over) const {
-  if (!polling_.notify) return;
-  const std::string subject = request_.ecu().name() + ": " + request_.name();
-  polling_.notify({subject, subject + " " + what, over});
+std::string PolledRequest::subject() const { return request_.ecu().name() + ": " + request_.name(); }
+
+void PolledRequest::tell(const std::string& text, bool over) const {
+  if (polling_.notify) polling_.notify({subject(), text, over});
 }
 
 }  // namespace tarnlog::host

@@ -62,8 +62,9 @@ class PolledRequest : public ferrox3::Request {
   VehicleRequest::Asking asking() const;
   bool isLeftOutBySilence();
   void takeBack();
-  void leaveOut(const std::string& why);
-  void tell(const std::string& what, bool over) const;
+  void leaveOut(const std::string& notice);
+  std::string subject() const;
+  void tell(const std::string& text, bool over) const;
 
   VehicleRequest& request_;
   const Polling& polling_;

@@ -11,12 +11,17 @@ Told::Translator& current() {
   return translator;
 }
 
+thread_local int english = 0;
+
 }  // namespace
+
+Told::English::English() { ++english; }
+Told::English::~English() { --english; }
 
 void Told::setTranslator(Translator translator) { current() = std::move(translator); }
 
 std::string Told::tr(const char* source) {
-  std::string text = current() ? current()(source) : std::string();
+  std::string text = english == 0 && current() ? current()(source) : std::string();
   return text.empty() ? source : text;
 }
 

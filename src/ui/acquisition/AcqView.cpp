@@ -385,9 +385,7 @@ void AcqView::setEventProgress(EventProgress progress) {
 }
 
 void AcqView::setOpenFailure(OpenFailure failure, std::string_view reason) {
-  recordPanel_->setNotice(failure == OpenFailure::NoStream
-                              ? inUsersWords(words::kNotCreated)
-                              : inUsersWords(words::kOpenError) + toQString(reason));
+  recordPanel_->setNotice(openFailureInUsersWords(failure, reason));
 }
 
 void AcqView::setWriteFailing(bool failing) { header_->setWriteFailing(failing); }

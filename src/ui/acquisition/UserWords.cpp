@@ -4,6 +4,9 @@
 #include <array>
 #include <string>
 
+#include "acquisition/AcqWords.h"
+#include "ui/common/Convert.h"
+
 namespace tarnlog {
 
 namespace {
@@ -31,6 +34,11 @@ struct Words {
 
 QString inUsersWords(std::string_view text) {
   return text.empty() ? QString() : QCoreApplication::translate("UserWords", std::string(text).c_str());
+}
+
+QString openFailureInUsersWords(OpenFailure failure, std::string_view reason) {
+  return failure == OpenFailure::NoStream ? inUsersWords(words::kNotCreated)
+                                          : inUsersWords(words::kOpenError) + toQString(reason);
 }
 
 IndicatorMeaning recordingMeaning(RecordingFact fact, bool writeFailing) {

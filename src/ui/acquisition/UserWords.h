@@ -12,6 +12,9 @@ namespace tarnlog {
 /// Of the words in AcqWords.
 QString inUsersWords(std::string_view text);
 
+/// Why there is no record file.
+QString openFailureInUsersWords(OpenFailure failure, std::string_view reason);
+
 /// What one of the two lamps says, as a sign and in words.
 struct IndicatorMeaning {
   Indicator::Sign sign;

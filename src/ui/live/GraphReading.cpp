@@ -15,7 +15,9 @@ namespace {
 
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
-QString words(const char* text) { return QCoreApplication::translate("GraphReading", text); }
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(GraphReading)
+};
 
 /// How much later `later` came, in milliseconds; none where that is not known.
 std::optional<double> passed(const GraphBlock& block, std::int64_t point, std::int64_t later) {
@@ -39,8 +41,10 @@ QString whenOf(const GraphBlock& block, std::int64_t point) {
   const std::int64_t back = newest - point;
   const auto past = passed(block, point, newest);
   if (!past)
-    return back == 1 ? words("1 point before the newest") : words("%1 points before the newest").arg(back);
-  const QString when = words("%1 s before the newest").arg(graph.locale().toString(*past / 1000.0, 'f', 2));
+    return back == 1 ? Words::tr("1 point before the newest")
+                     : Words::tr("%1 points before the newest").arg(back);
+  const QString when =
+      Words::tr("%1 s before the newest").arg(graph.locale().toString(*past / 1000.0, 'f', 2));
   return block.knowsTimeOfDay() ? when + QStringLiteral(" (%1)").arg(timeOfDay(block, *past)) : when;
 }
 
@@ -57,7 +61,7 @@ QString cell(const std::string& text) { return toQString(cleanCell(text)); }
 
 QString firstHeader(const GraphBlock& block) {
   if (block.shown().isXY()) return cell(block.xDescription().name);
-  return block.knowsMoments() ? words("Time (s)") : words("Point");
+  return block.knowsMoments() ? Words::tr("Time (s)") : Words::tr("Point");
 }
 
 QString firstCell(const GraphBlock& block, std::int64_t point) {
@@ -141,15 +145,15 @@ GraphReading readCursors(const std::vector<GraphBlock*>& blocks, std::int64_t a,
     }
     return reading;
   }
-  reading.columns = {QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("B - A"),
-                     words("Minimum"),    words("Maximum"),    words("Mean")};
+  reading.columns = {QStringLiteral("A"),  QStringLiteral("B"),  QStringLiteral("B - A"),
+                     Words::tr("Minimum"), Words::tr("Maximum"), Words::tr("Mean")};
   for (const GraphBlock* const block : blocks) {
     const CWGraph& graph = block->shown();
     if (graph.isXY()) continue;
     if (reading.when.isEmpty()) {
       const auto time = passed(*block, std::min(a, b), std::max(a, b));
-      reading.when = time ? words("A to B: %1 s").arg(graph.locale().toString(*time / 1000.0, 'f', 2))
-                          : words("A to B: %1 points").arg(std::abs(b - a));
+      reading.when = time ? Words::tr("A to B: %1 s").arg(graph.locale().toString(*time / 1000.0, 'f', 2))
+                          : Words::tr("A to B: %1 points").arg(std::abs(b - a));
     }
     for (int plot = 1; plot <= graph.plotCount(); ++plot) reading.rows.push_back(between(*block, plot, a, b));
   }

@@ -46,8 +46,7 @@ QString LackText::summary(const std::vector<Lack>& lacks, const QString& fileNam
   if (lacks.size() == 1) return fileName + ": " + lineOf(lacks.front());
   const QString names = firstNames(lacks);
   const QString more = lacks.size() > kNamed ? names + ", ..." : names;
-  return tr("%1: %n parts do not fit this vehicle: %2", nullptr, static_cast<int>(lacks.size()))
-      .arg(fileName, more);
+  return tr("%1: %2 parts do not fit this vehicle: %3").arg(fileName, QString::number(lacks.size()), more);
 }
 
 QStringList LackText::lines(const std::vector<Lack>& lacks) {

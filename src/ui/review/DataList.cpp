@@ -4,6 +4,7 @@
 #include <QItemSelectionModel>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <vector>
 
 #include "ui/common/FilterBox.h"
@@ -57,9 +58,13 @@ void DataList::createList() {
   list_->setDragDropMode(QAbstractItemView::DragOnly);
   list_->header()->setSectionsMovable(false);
   const int character = fontMetrics().averageCharWidth();
-  list_->setColumnWidth(DataListModel::kData, character * kNameCharacters);
-  list_->setColumnWidth(DataListModel::kUnit, character * kUnitCharacters);
-  list_->setColumnWidth(DataListModel::kKind, character * kKindCharacters);
+  const auto give = [&](int section, int characters) {
+    list_->setColumnWidth(section,
+                          std::max(character * characters, list_->header()->sectionSizeHint(section)));
+  };
+  give(DataListModel::kData, kNameCharacters);
+  give(DataListModel::kUnit, kUnitCharacters);
+  give(DataListModel::kKind, kKindCharacters);
   connect(list_, &QTreeView::doubleClicked, this, [this] { eachSelected(&DataRows::add); });
 }
 

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/common/Convert.h"
 #include "ui/common/HintedTreeView.h"
@@ -38,8 +39,12 @@ MarkList::MarkList(ReviewScene& scene, const UserLocale& locale, QWidget* parent
   list_->header()->setSectionsMovable(false);
   list_->setHint(tr("No marks in this record."));
   const int character = fontMetrics().averageCharWidth();
-  list_->setColumnWidth(MarkListModel::kTime, character * kTimeCharacters);
-  list_->setColumnWidth(MarkListModel::kMark, character * kMarkCharacters);
+  const auto give = [&](int section, int characters) {
+    list_->setColumnWidth(section,
+                          std::max(character * characters, list_->header()->sectionSizeHint(section)));
+  };
+  give(MarkListModel::kTime, kTimeCharacters);
+  give(MarkListModel::kMark, kMarkCharacters);
   connect(list_, &QTreeView::clicked, this, &MarkList::jump);
   connect(list_, &QTreeView::activated, this, &MarkList::jump);
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, &MarkList::showButton);

@@ -18,7 +18,9 @@ const QColor kStop(0xD0, 0x00, 0x00);
 const QColor kEvent(0x00, 0x60, 0xC0);
 const QColor kTrouble(0xB0, 0x60, 0x00);
 
-QString words(const char* text) { return QCoreApplication::translate("ReviewFlags", text); }
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(ReviewFlags)
+};
 
 class FlagPainter {
  public:
@@ -109,17 +111,17 @@ std::vector<SeenMark> seenMarks(const ReviewScene& scene, const TimeSpan& span, 
 ReviewFlag flagOf(const TableMark& mark) {
   switch (mark.kind) {
     case RecordNote::Kind::Start:
-      return {words("Start"), kStart};
+      return {Words::tr("Start"), kStart};
     case RecordNote::Kind::Stop:
-      return {words("Stop"), kStop};
+      return {Words::tr("Stop"), kStop};
     case RecordNote::Kind::Event:
-      return {mark.number > 0 ? words("Event %1").arg(mark.number) : words("Event"), kEvent};
+      return {mark.number > 0 ? Words::tr("Event %1").arg(mark.number) : Words::tr("Event"), kEvent};
     case RecordNote::Kind::Gap:
-      return {words("Gap"), kTrouble};
+      return {Words::tr("Gap"), kTrouble};
     case RecordNote::Kind::Failure:
-      return {words("Failure"), kTrouble};
+      return {Words::tr("Failure"), kTrouble};
     case RecordNote::Kind::ClockStep:
-      return {words("Clock step"), kTrouble};
+      return {Words::tr("Clock step"), kTrouble};
   }
   return {};
 }

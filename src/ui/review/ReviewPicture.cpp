@@ -28,11 +28,13 @@ constexpr int kLines = 7;  ///< of text, that curves are high at least
 constexpr QSize kLeast(200, 120);
 constexpr int kMostHeight = 20'000;
 
-QString words(const char* text) { return QCoreApplication::translate("ReviewPicture", text); }
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(ReviewPicture)
+};
 
 [[noreturn]] void fail(const QString& path, const QString& why) {
   const QString text =
-      words("The picture %1 could not be written: %2").arg(QDir::toNativeSeparators(path), why);
+      Words::tr("The picture %1 could not be written: %2").arg(QDir::toNativeSeparators(path), why);
   throw TarnError(1, "writePicture", fromQString(text));
 }
 
@@ -172,7 +174,7 @@ void writePicture(const ReviewScene& scene, const QString& path, QSize size) {
   size = size.expandedTo(kLeast);
   const bool svg = path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
   if (!svg && !path.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
-    fail(path, words("its name must end with .svg or .png"));
+    fail(path, Words::tr("its name must end with .svg or .png"));
   size.setHeight(
       std::clamp(heightNeeded(scene, size.width()), size.height(), std::max(size.height(), kMostHeight)));
   const QByteArray bytes = svg ? svgOf(scene, size) : pngOf(scene, size);

@@ -75,7 +75,8 @@ ScopePanel::ScopePanel(ScopeEditor& editor, QWidget* parent) : QFrame(parent), e
        std::initializer_list<QWidget*>{scopeType_, cbGraphIndex_, axeYmini_, axeYmaxi_, axeXNbPoints_})
     changeByWheelOnlyWithFocus(*input);
   alignLabels();
-  setFixedWidth(fontMetrics().horizontalAdvance('0') * kWidthInDigits);
+  const int usual = fontMetrics().horizontalAdvance('0') * kWidthInDigits;
+  setFixedWidth(std::max(usual, column->minimumSize().width()));  // some languages need more
   connectEditors();
   load();
 }

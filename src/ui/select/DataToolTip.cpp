@@ -53,7 +53,7 @@ QString DataToolTip::ofEcu(XmlElement uce) {
 QString DataToolTip::ofRequest(XmlElement request) {
   int count = 0;
   for (XmlElement data = request.firstChild("data"); data; data = data.nextSibling("data")) ++count;
-  return heading(request) + "<br>" + tr("%n data", "", count);
+  return heading(request) + "<br>" + (count == 1 ? tr("1 data") : tr("%1 data").arg(count));
 }
 
 }  // namespace tarnlog

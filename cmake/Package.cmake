@@ -29,6 +29,7 @@ endfunction()
 
 tarnlog_package_part(Core tarnlog_exports)
 tarnlog_package_headers(src/ mdf catalogue config records display acquisition samples exports)
+install(FILES ${PROJECT_SOURCE_DIR}/src/Tarnlog2001.h DESTINATION ${header_folder} COMPONENT library)
 tarnlog_package_headers(src/ platform/base platform/ferrox3 platform/files platform/screen platform/settings
                         platform/text platform/time platform/xml)
 tarnlog_package_part(Publish tarnlog_publish)

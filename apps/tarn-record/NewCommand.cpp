@@ -12,7 +12,7 @@
 #include "apps/tarn-record/CatalogueTable.h"
 #include "apps/tarn-record/NamePattern.h"
 #include "apps/tarn-record/TriggerText.h"
-#include "config/CatalogueMatch.h"
+#include "config/DataChoice.h"
 #include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Told.h"
@@ -61,15 +61,10 @@ class DataAdding {
 
   /// The item of this row, which is added unless it is there.
   const oTarnScope& add(const CatalogueRow& row) {
-    auto scope = std::make_unique<oTarnScope>();
-    scope->EcuName = row.ecu;
-    scope->RequestName = row.request;
-    scope->DataName = row.data;
-    takeFromCatalogue(*scope, session_);
-    if (const oTarnScope* const there = parameters_.Item(scope->DataKey)) return *there;
-    scope->FunctionName = row.function;
-    if (parameters_.Count() < kMostDisplayed) giveDisplay(*scope, row);
-    return parameters_.AddScope(std::move(scope));
+    const std::int32_t before = parameters_.Count();
+    oTarnScope& scope = addDatum(parameters_, session_, row.ecu, row.request, row.data);
+    if (parameters_.Count() > before && before < kMostDisplayed) giveDisplay(scope, row, before);
+    return scope;
   }
 
  private:
@@ -80,8 +75,8 @@ class DataAdding {
     return nearNames(paths, given);
   }
 
-  void giveDisplay(oTarnScope& scope, const CatalogueRow& row) const {
-    const auto colour = kColours[static_cast<std::size_t>(parameters_.Count()) % kColours.size()];
+  static void giveDisplay(oTarnScope& scope, const CatalogueRow& row, std::int32_t number) {
+    const auto colour = kColours[static_cast<std::size_t>(number) % kColours.size()];
     scope.SetGraph("", true, leadingNumber(row.minimum), leadingNumber(row.maximum),
                    oTarnGraph::kDefaultPoints, colour);
     if (scope.ScopeType() == oTarnScope::kNone) scope.SetNumeric("");

@@ -64,6 +64,13 @@ Action addRun(CLI::App& app) {
   addFileOptions(command, options->files);
   command.add_flag("--folder-per-vehicle", options->folderPerVehicle,
                    Told::tr("Write the files into a folder there that is named after the vehicle"));
+  command
+      .add_option(
+          "--boot-number", options->bootNumber,
+          Told::tr("Begin file names with the number of this computer's boot, which is counted in this "
+                   "file: for a clock without a battery"))
+      ->check(isA(ValueKind::File))
+      ->type_name(Told::tr("FILE"));
   addIntervals(command, options->link);
   addLimits(command, *options);
   addMeasurement(command, *options);

@@ -11,6 +11,7 @@
 
 #include "acquisition/TarnAcq.h"
 #include "apps/common/BadInput.h"
+#include "apps/common/BootNumber.h"
 #include "apps/common/LoadedConfiguration.h"
 #include "apps/common/RecordFolder.h"
 #include "apps/common/Signals.h"
@@ -199,13 +200,23 @@ class Run {
   }
 
   void printQuality(const std::string& what, const Quality& quality) {
-    console_.note(fmt::format("tarn-record: {}: {}", what, qualityText(quality)));
+    console_.note(fmt::format("tarn-record: {}: {}", what, toldQuality(quality)));
+  }
+
+  /// Records without a number are better than none.
+  void numberBoot(std::string& prefix) {
+    try {
+      prefix = bootPrefix(countBoot(files_, *options_.bootNumber)) + prefix;
+    } catch (const TarnError& error) {
+      noteFailure(Told::tr("boots are not counted: {}", error.description()));
+    }
   }
 
   LoadedConfiguration load() {
     LoadedConfiguration configuration = loadToRecord(files_, options_.config, vehicle_->session());
     tellLacks(configuration);
     applyOptions(*configuration.parameters, options_.files);
+    if (options_.bootNumber) numberBoot(configuration.parameters->filePrefix);
     if (publisher_) checkPublished(publishedSelection_, *configuration.parameters);
     return configuration;
   }

@@ -17,6 +17,7 @@ struct RunOptions {
   std::string config;
   FileOptions files;
   bool folderPerVehicle = false;
+  std::optional<std::string> bootNumber;  ///< the file that boots are counted in
   std::optional<std::int32_t> duration;
   std::optional<std::int32_t> recordings;
   std::string mf4;  ///< "record": a measurement file for each recording; "all": one for the acquisition

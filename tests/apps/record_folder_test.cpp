@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "apps/common/BootNumber.h"
+#include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TempFolder.h"
 
 namespace tarnlog {
@@ -28,6 +30,25 @@ TEST(RecordFolder, IsNamedAfterTheVehicleAndNeverLosesARecording) {
   std::ofstream(folder / "taken").put('x');
   EXPECT_EQ(folderOfVehicle(folder.path(), car, tell), folder.path());
   EXPECT_EQ(told.find(folder / "taken"), 0U) << told;
+}
+
+/// A file of another kind must not be replaced by a count.
+TEST(BootNumber, GoesUpWithEachBootAndNotBetween) {
+  test::MemoryFileSystem files;
+  const auto boot = [&](const std::string& id) {
+    files.files["/id"] = id + "\n";
+    return bootPrefix(countBoot(files, "/boots", "/id"));
+  };
+  EXPECT_EQ(boot("aa"), "boot0001_");
+  EXPECT_EQ(boot("aa"), "boot0001_");
+  EXPECT_EQ(boot("bb"), "boot0002_");
+  files.files["/boots"] = "9999 bb\n";
+  EXPECT_EQ(boot("cc"), "boot10000_");
+  for (const std::string other : {"", "12\n", "0 aa\n", "x aa\n", "a letter to somebody\n"}) {
+    files.files["/boots"] = other;
+    EXPECT_THROW(boot("dd"), TarnError) << other;
+    EXPECT_EQ(files.files["/boots"], other);
+  }
 }
 
 }  // namespace

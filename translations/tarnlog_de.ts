@@ -925,28 +925,8 @@
         <translation>Größe des Bildes in Pixeln (Vorgabe: 1200x800); viele Diagramme machen es höher</translation>
     </message>
     <message>
-        <source>Usage</source>
-        <translation>Aufruf</translation>
-    </message>
-    <message>
-        <source>OPTIONS</source>
-        <translation>OPTIONEN</translation>
-    </message>
-    <message>
-        <source>Positionals</source>
-        <translation>Argumente</translation>
-    </message>
-    <message>
-        <source>Options</source>
-        <translation>Optionen</translation>
-    </message>
-    <message>
         <source>Shows the data of a vehicle&apos;s control units live, records them, and shows records</source>
         <translation>Zeigt die Daten der Steuergeräte eines Fahrzeugs live, zeichnet sie auf und zeigt Aufzeichnungen</translation>
-    </message>
-    <message>
-        <source>Print this help message and exit</source>
-        <translation>Diese Hilfe ausgeben und beenden</translation>
     </message>
     <message>
         <source>Display program version information and exit</source>
@@ -989,28 +969,6 @@
         <translation>Was dieser Broker verlangt: eine JSON-Datei</translation>
     </message>
     <message>
-        <source>Records to look at: text, XML, MDF 4; the second and third are laid over the first</source>
-        <translation>Aufzeichnungen zum Ansehen: Text, XML, MDF 4; die zweite und dritte werden der ersten überlagert</translation>
-    </message>
-    <message>
-        <source>F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at once;
-USR1 is the event button.
-Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there is
-tarn-record.</source>
-        <translation>F1 im Fenster nennt seine Tasten. Signale: INT, TERM und HUP schließen das Fenster, ein zweites beendet
-sofort; USR1 ist die Ereignistaste.
-Exit-Codes: 0 erledigt, 1 im Lauf gescheitert, 2 falscher Aufruf oder falsche Eingabe, 3 keine Anzeige;
-ohne eine gibt es tarn-record.</translation>
-    </message>
-    <message>
-        <source>Example:</source>
-        <translation>Beispiel:</translation>
-    </message>
-    <message>
-        <source>Run with --help for more information.</source>
-        <translation>Mehr dazu mit --help.</translation>
-    </message>
-    <message>
         <source>there is no display to show a window on; tarn-record records without one</source>
         <translation>es gibt keine Anzeige für ein Fenster; tarn-record zeichnet ohne eines auf</translation>
     </message>
@@ -1041,6 +999,16 @@ ohne eine gibt es tarn-record.</translation>
     <message>
         <source>--picture: expected at most {} records</source>
         <translation>--picture: erwartet werden höchstens {} Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Records to look at (text, XML, MDF 4), the second and third laid over the first; a vehicle or a configuration to open</source>
+        <translation>Aufzeichnungen ansehen (Text, XML, MDF 4), die zweite und dritte über die erste gelegt; ein Fahrzeug oder eine Konfiguration öffnen</translation>
+    </message>
+    <message>
+        <source>F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at once; USR1 is the event button.
+Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there is tarn-record.</source>
+        <translation>F1 im Fenster nennt seine Tasten. Signale: INT, TERM und HUP schließen das Fenster, ein zweites beendet sofort; USR1 ist die Ereignis-Taste.
+Ende-Codes: 0 erledigt, 1 während der Arbeit gescheitert, 2 falscher Aufruf oder falsche Eingabe, 3 kein Bildschirm; ohne einen gibt es tarn-record.</translation>
     </message>
 </context>
 <context>

@@ -925,28 +925,8 @@
         <translation>Taille de l’image en pixels (par défaut&#xa0;: 1200x800)&#xa0;; de nombreux graphes l’agrandissent en hauteur</translation>
     </message>
     <message>
-        <source>Usage</source>
-        <translation>Utilisation</translation>
-    </message>
-    <message>
-        <source>OPTIONS</source>
-        <translation>OPTIONS</translation>
-    </message>
-    <message>
-        <source>Positionals</source>
-        <translation>Arguments</translation>
-    </message>
-    <message>
-        <source>Options</source>
-        <translation>Options</translation>
-    </message>
-    <message>
         <source>Shows the data of a vehicle&apos;s control units live, records them, and shows records</source>
         <translation>Affiche en direct les données des calculateurs d’un véhicule, les enregistre et affiche des enregistrements</translation>
-    </message>
-    <message>
-        <source>Print this help message and exit</source>
-        <translation>Afficher cette aide et quitter</translation>
     </message>
     <message>
         <source>Display program version information and exit</source>
@@ -989,28 +969,6 @@
         <translation>Ce que ce broker demande&#xa0;: un fichier JSON</translation>
     </message>
     <message>
-        <source>Records to look at: text, XML, MDF 4; the second and third are laid over the first</source>
-        <translation>Enregistrements à consulter&#xa0;: texte, XML, MDF 4&#xa0;; le deuxième et le troisième sont superposés au premier</translation>
-    </message>
-    <message>
-        <source>F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at once;
-USR1 is the event button.
-Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there is
-tarn-record.</source>
-        <translation>F1 dans la fenêtre indique ses touches. Signaux&#xa0;: INT, TERM et HUP ferment la fenêtre, un second quitte
-aussitôt&#xa0;; USR1 est le bouton d’événement.
-Codes de sortie&#xa0;: 0 terminé, 1 échec en cours d’exécution, 2 mauvais appel ou mauvaise entrée, 3 pas
-d’écran&#xa0;; sans écran, il y a tarn-record.</translation>
-    </message>
-    <message>
-        <source>Example:</source>
-        <translation>Exemple&#xa0;:</translation>
-    </message>
-    <message>
-        <source>Run with --help for more information.</source>
-        <translation>Pour en savoir plus&#xa0;: --help.</translation>
-    </message>
-    <message>
         <source>there is no display to show a window on; tarn-record records without one</source>
         <translation>il n’y a pas d’écran où afficher une fenêtre&#xa0;; tarn-record enregistre sans fenêtre</translation>
     </message>
@@ -1041,6 +999,16 @@ d’écran&#xa0;; sans écran, il y a tarn-record.</translation>
     <message>
         <source>--picture: expected at most {} records</source>
         <translation>--picture&#xa0;: {} enregistrements au plus sont attendus</translation>
+    </message>
+    <message>
+        <source>Records to look at (text, XML, MDF 4), the second and third laid over the first; a vehicle or a configuration to open</source>
+        <translation>Enregistrements à consulter (texte, XML, MDF 4), le deuxième et le troisième superposés au premier ; un véhicule ou une configuration à ouvrir</translation>
+    </message>
+    <message>
+        <source>F1 in the window tells its keys. Signals: INT, TERM and HUP close the window, a second one leaves at once; USR1 is the event button.
+Exit codes: 0 done, 1 failed while running, 2 bad usage or bad input, 3 no display; without one there is tarn-record.</source>
+        <translation>F1 dans la fenêtre indique ses touches. Signaux : INT, TERM et HUP ferment la fenêtre, un second quitte aussitôt ; USR1 est le bouton d’événement.
+Codes de sortie : 0 terminé, 1 échec en cours de route, 2 appel ou données incorrects, 3 pas d’écran ; sans écran, il y a tarn-record.</translation>
     </message>
 </context>
 <context>

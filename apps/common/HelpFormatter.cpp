@@ -57,6 +57,13 @@ std::string HelpFormatter::make_option_name(const CLI::Option* option, bool posi
   return name.substr(0, name.find('{'));
 }
 
+/// FILE, [FILE] or [FILE...].
+std::string HelpFormatter::make_option_usage(const CLI::Option* option) const {
+  std::string text = make_option_name(option, true);
+  if (option->get_items_expected_max() > 1) text += "...";
+  return option->get_required() ? text : "[" + text + "]";
+}
+
 std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) const {
   return wrappedText(CLI::Formatter::make_usage(app, std::move(name)), kWidth, 4) + "\n";
 }

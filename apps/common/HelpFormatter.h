@@ -15,6 +15,7 @@ class HelpFormatter : public CLI::Formatter {
   std::string make_option(const CLI::Option* option, bool positional) const override;
   std::string make_option_opts(const CLI::Option* option) const override;
   std::string make_option_name(const CLI::Option* option, bool positional) const override;
+  std::string make_option_usage(const CLI::Option* option) const override;
   std::string make_usage(const CLI::App* app, std::string name) const override;
   std::string make_subcommands(const CLI::App* app, CLI::AppFormatMode mode) const override;
   std::string make_subcommand(const CLI::App* command) const override;

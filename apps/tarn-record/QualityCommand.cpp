@@ -36,7 +36,7 @@ class FileQuality : public RecordConsumer {
     counter_.setRecordingEnded([this](const std::string&, Quality quality) {
       if (!tellsAnswers(recordings_[recording_])) return lines_.push_back(rowQualityText(quality));
       quality.rows.reset();
-      lines_.push_back(qualityText(quality));
+      lines_.push_back(toldQuality(quality));
     });
   }
 

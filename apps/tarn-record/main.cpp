@@ -9,6 +9,7 @@
 #include "apps/common/HelpFormatter.h"
 #include "apps/common/StandardStreams.h"
 #include "apps/common/TerminalText.h"
+#include "apps/common/ToldTexts.h"
 #include "apps/tarn-record/Commands.h"
 #include "platform/text/Told.h"
 
@@ -40,6 +41,7 @@ int program(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     openClosedStandardStreams();
+    tellInUsersLanguage("tarn-record");
     return program(argc, argv);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "tarn-record: %s\n", printableText(error.what()).c_str());

@@ -60,7 +60,7 @@ TEST_F(LanguagesTest, TakeTheFirstThatThereAreTextsIn) {
 }
 
 TEST_F(LanguagesTest, OfTheWindowAreOnItsScreensAndOnItsCommandLine) {
-  const char* const sourceTold = "Run with --help for more information.";
+  const char* const sourceTold = "Print this help message and exit";
   {
     WindowTexts texts({"de_AT", "de"}, TARNLOG_QM);
     EXPECT_EQ(texts.language(), "de");

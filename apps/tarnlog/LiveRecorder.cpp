@@ -37,9 +37,16 @@ namespace {
 /// Clicks and keys included: the recorder takes them as wishes for the end of its tick.
 void letEventsRun() { QCoreApplication::processEvents(); }
 
+/// Where files of the program may be: installed with it, or in the sources that it was built from.
+QStringList foldersOf(const char* installed, const char* inSources) {
+  QStringList folders{QApplication::applicationDirPath() + "/" + installed};
+  const QString sources = QStringLiteral(TARNLOG_SOURCE_FOLDER);
+  if (!sources.isEmpty()) folders += sources + "/" + inSources;
+  return folders;
+}
+
 std::vector<std::string> exampleVehicles() {
-  for (const QString& folder :
-       {QApplication::applicationDirPath() + "/" TARNLOG_EXAMPLES, QStringLiteral(TARNLOG_SOURCE_EXAMPLES)}) {
+  for (const QString& folder : foldersOf(TARNLOG_EXAMPLES, "examples")) {
     std::vector<std::string> paths;
     for (const QFileInfo& file : QDir(folder).entryInfoList({"*.vehicle.json"}, QDir::Files, QDir::Name))
       paths.push_back(fromQString(file.canonicalFilePath()));
@@ -52,8 +59,7 @@ std::vector<std::string> exampleVehicles() {
 void showOutside(const std::string& path) { QDesktopServices::openUrl(QUrl::fromLocalFile(toQString(path))); }
 
 Guide guideOfProgram(const FileSystem& files) {
-  for (const QString& folder :
-       {QApplication::applicationDirPath() + "/" TARNLOG_GUIDE, QStringLiteral(TARNLOG_SOURCE_GUIDE)}) {
+  for (const QString& folder : foldersOf(TARNLOG_GUIDE, "docs")) {
     Guide guide = guideIn(fromQString(QDir::cleanPath(folder)), files, showOutside);
     if (guide.open) return guide;
   }

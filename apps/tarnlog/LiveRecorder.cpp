@@ -19,6 +19,7 @@
 #include "apps/common/TerminalText.h"
 #include "apps/common/UnfinishedRecords.h"
 #include "apps/common/WriteTroubleText.h"
+#include "apps/tarnlog/FileKinds.h"
 #include "apps/tarnlog/GuideFiles.h"
 #include "apps/tarnlog/RecorderWindow.h"
 #include "apps/tarnlog/SignalWatch.h"
@@ -166,14 +167,15 @@ int LiveRecorder::run() {
   printing.start(1000);
   const SignalWatch signalWatch([&] { window.endAndClose(); }, [&] { acq.RecordUserEvent(); });
   // Who comes for a record is not asked for a vehicle.
-  const bool recorderWanted =
-      options_.records.empty() || !options_.vehicle.empty() || !options_.config.empty();
+  const bool onlyRecords =
+      !options_.files.empty() && sortedByKind(options_.files, files_).records == options_.files;
+  const bool recorderWanted = !onlyRecords || !options_.vehicle.empty() || !options_.config.empty();
   if (recorderWanted) window.show();
   // From within the loop, which a box about them must not keep from ending.
   QTimer::singleShot(0, &window, [&] {
     if (!options_.config.empty()) window.acquire(toQString(options_.config), options_.folder);
     if (!options_.vehicle.empty()) window.openVehicle(toQString(options_.vehicle));
-    if (!options_.records.empty()) window.lookAtRecords(options_.records);
+    if (!options_.files.empty()) window.openFiles(options_.files);
   });
   const int code = QApplication::exec();
   publishing_.setTell([this](const std::string& text, bool) { say(Told::tr("publish: {}", text)); });

@@ -29,8 +29,9 @@ struct LiveOptions {
   std::optional<std::string> folder;  ///< of the files of `config` and of new configurations
   bool folderPerVehicle = false;      ///< for this time; else as the user's settings have it
   host::LinkOptions link;
-  PublishOptions publish = {};            ///< else as the user's settings have it
-  std::vector<std::string> records = {};  ///< to be looked at
+  PublishOptions publish = {};  ///< else as the user's settings have it
+  std::vector<std::string> files =
+      {};  ///< records to be looked at, a vehicle or a configuration to be opened
 };
 
 /// The recorder in a window, on this system, as the command line wants it.

@@ -19,11 +19,11 @@
 
 #include "acquisition/TarnAcq.h"
 #include "apps/tarnlog/ConnectDialog.h"
+#include "apps/tarnlog/FileKinds.h"
 #include "apps/tarnlog/LinkAdvice.h"
 #include "apps/tarnlog/PublishDialog.h"
 #include "apps/tarnlog/RecentMenu.h"
 #include "apps/tarnlog/StartPage.h"
-#include "config/RecordMark.h"
 #include "config/oTarnParameters.h"
 #include "platform/base/TarnError.h"
 #include "samples/Measurement.h"
@@ -87,7 +87,7 @@ void RecorderWindow::createContent() {
       RecordViewer::Recorder{[this] { bringUp(); },
                              [this](std::function<void()> action) { whenIdle_->run(std::move(action)); },
                              [this](const std::string& path) { return isBeingRecorded(path); }});
-  environment_.recorder.lookAtRecord = [this](const std::string& path) { lookAtRecords({path}); };
+  environment_.recorder.lookAtRecord = [this](const std::string& path) { viewer_->open({path}); };
   recorder_ = new TarnMain(environment_.recorder);
   slot_ = std::make_unique<VehicleSlot>(environment_.openVehicle, environment_.usualLink, *recorder_, *this);
   recordings_.emplace(
@@ -112,7 +112,12 @@ void RecorderWindow::createContent() {
   connect(start_, &StartPage::recordWanted, this, [this] { viewer_->askOpen(); });
   // Once the drag is over: opening lets events run.
   connect(
-      start_, &StartPage::filesDropped, this, [this](const QStringList& paths) { openDropped(paths); },
+      start_, &StartPage::filesDropped, this,
+      [this](const QStringList& paths) {
+        std::vector<std::string> files;
+        for (const QString& path : paths) files.push_back(fromQString(path));
+        openFiles(files);
+      },
       Qt::QueuedConnection);
   connect(recorder_, &TarnMain::configurationStateChanged, this, &RecorderWindow::noteConfiguration);
   connect(recorder_, &TarnMain::acquisitionStopped, this, [this] {
@@ -228,25 +233,11 @@ void RecorderWindow::chooseVehicle() {
 }
 
 /// A configuration that comes along is for the vehicle; records are looked at together.
-void RecorderWindow::openDropped(const QStringList& paths) {
-  std::vector<std::string> records;
-  QStringList configurations;
-  for (const QString& path : paths) {
-    if (isRecord(path))
-      records.push_back(fromQString(path));
-    else if (path.endsWith(".xml", Qt::CaseInsensitive))
-      configurations += path;
-    else
-      openDropped(path);
-  }
-  for (const QString& path : configurations) openConfiguration(path);
-  if (!records.empty()) lookAtRecords(records);
-}
-
-bool RecorderWindow::isRecord(const QString& path) const {
-  const QString kind = QFileInfo(path).suffix().toLower();
-  return kind == "txt" || kind == "csv" || kind == "mf4" ||
-         (kind == "xml" && isRecordFile(environment_.recorder.files, fromQString(path)));
+void RecorderWindow::openFiles(const std::vector<std::string>& paths) {
+  const FileKinds kinds = sortedByKind(paths, environment_.recorder.files);
+  for (const std::string& path : kinds.others) openOther(toQString(path));
+  for (const std::string& path : kinds.configurations) openConfiguration(toQString(path));
+  if (!kinds.records.empty()) viewer_->open(kinds.records);
 }
 
 bool RecorderWindow::isBeingRecorded(const std::string& path) const {
@@ -258,7 +249,7 @@ bool RecorderWindow::isBeingRecorded(const std::string& path) const {
   });
 }
 
-void RecorderWindow::openDropped(const QString& path) {
+void RecorderWindow::openOther(const QString& path) {
   const QString kind = QFileInfo(path).suffix().toLower();
   if (kind == "json") return openVehicle(path);
   if (kind == "trace") return openConnection({std::string(host::kObdCar), "replay:" + fromQString(path)});

@@ -69,8 +69,9 @@ class RecorderWindow : public QMainWindow {
 
   /// Ends an acquisition in order, then closes without a question; open ones are cancelled.
   void endAndClose();
-  /// In a window of its own; the second and third are laid over the first.
-  void lookAtRecords(const std::vector<std::string>& paths) { viewer_->open(paths); }
+  /// Vehicles, configurations and records: those in a window of their own, the second and third laid over the
+  /// first.
+  void openFiles(const std::vector<std::string>& paths);
   /// In front of other windows.
   void bringUp();
 
@@ -93,9 +94,7 @@ class RecorderWindow : public QMainWindow {
   void restorePlace();
   void storePlace();
   void toggleHelp();
-  void openDropped(const QStringList& paths);
-  void openDropped(const QString& path);
-  bool isRecord(const QString& path) const;
+  void openOther(const QString& path);
   bool isBeingRecorded(const std::string& path) const;
   void chooseVehicle();
   void connectToCar();

@@ -88,9 +88,10 @@ std::optional<int> parse(int argc, char** argv, LiveOptions& options, PictureOpt
       ->check(isA(ValueKind::File))
       ->type_name("FILE");
   CLI::Option* const files =
-      app.add_option("FILES", options.files,
-                     Told::tr("Records to look at (text, XML, MDF 4), the second and third laid over the first; "
-                              "a vehicle or a configuration to open"))
+      app.add_option(
+             "FILE", options.files,
+             Told::tr("Records to look at (text, XML, MDF 4), the second and third laid over the first; "
+                      "a vehicle or a configuration to open"))
           ->check(isA(ValueKind::File))
           ->expected(0, 3);
   addPicture(app, *files, picture);

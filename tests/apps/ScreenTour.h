@@ -206,13 +206,13 @@ class ScreenTour : public WindowRig {
 
   void review() {
     const std::string path = writeRecord("1-2-26_10h00mn00.txt");
-    window->lookAtRecords({});
+    find<QAction>("openRecord")->trigger();  // and nothing is chosen
     QWidget* reviewer = nullptr;
     for (QWidget* const each : QApplication::topLevelWidgets())
       if (each->objectName() == "reviewWindow") reviewer = each;
     reviewer->resize(size_);
     look("no record");
-    window->lookAtRecords({path, writeRecord("2-2-26_10h00mn00.txt")});
+    window->openFiles({path, writeRecord("2-2-26_10h00mn00.txt")});
     auto& figures = *reviewer->findChild<QAbstractItemView*>("reviewFigures");
     EXPECT_TRUE(QTest::qWaitFor([&] { return figures.model()->rowCount() >= 2; }, 10'000));
     auto& graph = *reviewer->findChild<ReviewGraphWidget*>();

@@ -60,7 +60,13 @@ TEST(OwnSession, NamesThatCannotBeAreRefused) {
   Bench bench;
   EXPECT_EQ(&bench.add("Torque"), &bench.add("Torque"));
   EXPECT_THAT(test::failureOf([&] { bench.add("Speed"); }), HasSubstr("does not offer"));
-  EXPECT_THAT(test::failureOf([&] { bench.session->add("Bench", "Sensors", {}, {}); }), HasSubstr("already"));
+  const auto addRequest = [&](const std::string& name, const std::vector<ferrox3::OwnDatum>& data) {
+    return test::failureOf(
+        [&] { bench.session->add("Bench", name, data, [] { return std::vector<double>(); }); });
+  };
+  EXPECT_THAT(addRequest("Sensors", {}), HasSubstr("Bench/Sensors: there is such a request already"));
+  EXPECT_THAT(addRequest("More", {{"Speed"}, {"Speed"}}), HasSubstr("got \"Speed\""));
+  EXPECT_THAT(addRequest("", {{"Speed"}}), HasSubstr("expected names"));
 }
 
 }  // namespace

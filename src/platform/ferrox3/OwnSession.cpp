@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "platform/base/TarnError.h"
@@ -78,14 +79,16 @@ class OwnRequest : public Request {
   std::optional<Exchange> lastExchange() const override { return exchange_; }
 
   void send() override {
-    exchange_.sent = now();
+    exchange_.reset();
+    const std::int64_t sent = now();
     const std::vector<double> values = read_();
-    exchange_.received = now();
+    const std::int64_t received = now();
     if (values.size() != items_.size())
       throw TarnError(1, "OwnSession",
                       ecu_.name() + "/" + name_ + ": expected " + std::to_string(items_.size()) +
                           " values, got " + std::to_string(values.size()));
     for (std::size_t i = 0; i < values.size(); ++i) items_[i]->set(values[i], decimalSeparator_);
+    exchange_ = Exchange{.sent = sent, .received = received};
   }
 
  private:
@@ -94,7 +97,7 @@ class OwnRequest : public Request {
   std::vector<std::unique_ptr<OwnItem>> items_;
   OwnSession::Read read_;
   char decimalSeparator_;
-  Exchange exchange_;
+  std::optional<Exchange> exchange_;
 };
 
 template <class T>
@@ -181,9 +184,18 @@ OwnSession::~OwnSession() = default;
 
 void OwnSession::add(const std::string& ecu, const std::string& request, const std::vector<OwnDatum>& data,
                      Read read) {
+  const auto refuse = [&](const std::string& why) {
+    throw TarnError(1, "OwnSession", ecu + "/" + request + ": " + why);
+  };
   const auto found = std::ranges::find_if(ecus_, [&](const auto& each) { return each->name() == ecu; });
   if (found != ecus_.end() && (*found)->findRequest(request) != nullptr)
-    throw TarnError(1, "OwnSession", ecu + "/" + request + ": there is such a request already");
+    refuse("there is such a request already");
+  if (ecu.empty() || request.empty()) refuse("expected names of ECU and request");
+  if (!read) refuse("expected a function that reads");
+  std::set<std::string> names;
+  for (const OwnDatum& datum : data)
+    if (datum.name.empty() || !names.insert(datum.name).second)
+      refuse("expected data with names of their own, got \"" + datum.name + "\"");
   const auto address = static_cast<std::int32_t>(ecus_.size() + 1);
   OwnEcu& owner =
       *(found != ecus_.end() ? *found : ecus_.emplace_back(std::make_unique<OwnEcu>(ecu, address)));

@@ -31,7 +31,7 @@ class OwnSession : public Session {
   ~OwnSession() override;
 
   /// All of them before the session is given away. Raises a TarnError when the ECU has a request of that
-  /// name.
+  /// name, the request two data of one name, a name is empty, or nothing reads.
   void add(const std::string& ecu, const std::string& request, const std::vector<OwnDatum>& data, Read read);
 
   std::size_t ecuCount() const override;

@@ -7,7 +7,7 @@
 #include "acquisition/SilentAcqScreen.h"          // IWYU pragma: export
 #include "acquisition/TarnAcq.h"                  // IWYU pragma: export
 #include "catalogue/SessionDocument.h"            // IWYU pragma: export
-#include "config/DataChoice.h"                    // IWYU pragma: export
+#include "config/AddDatum.h"                      // IWYU pragma: export
 #include "config/SessionLoad.h"                   // IWYU pragma: export
 #include "config/oTarnParameters.h"               // IWYU pragma: export
 #include "platform/base/TarnError.h"              // IWYU pragma: export

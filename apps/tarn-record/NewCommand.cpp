@@ -12,7 +12,7 @@
 #include "apps/tarn-record/CatalogueTable.h"
 #include "apps/tarn-record/NamePattern.h"
 #include "apps/tarn-record/TriggerText.h"
-#include "config/DataChoice.h"
+#include "config/AddDatum.h"
 #include "platform/ferrox3/Value.h"
 #include "platform/text/Numbers.h"
 #include "platform/text/Told.h"

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "config/DataChoice.h"
+#include "config/AddDatum.h"
 #include "platform/ferrox3/OwnSession.h"
 #include "tests/support/FailureOf.h"
 #include "tests/support/RecorderParts.h"

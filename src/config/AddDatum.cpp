@@ -1,4 +1,4 @@
-#include "config/DataChoice.h"
+#include "config/AddDatum.h"
 
 #include <memory>
 #include <utility>
